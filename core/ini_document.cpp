@@ -1,0 +1,117 @@
+#include "core/ini_document.h"
+
+#include "core/text.h"
+
+namespace vk {
+
+namespace {
+
+constexpr std::string_view Utf8Mark = "\xEF\xBB\xBF";
+
+// "[name]" with blanks around; text after the bracket is ignored, as the profile calls do.
+std::optional<std::string> SectionName(std::string_view line) {
+    const std::string trimmed = Trim(line);
+    const auto close = trimmed.find(']');
+    if (trimmed.empty() || trimmed[0] != '[' || close == std::string::npos) return std::nullopt;
+    return Trim(std::string_view(trimmed).substr(1, close - 1));
+}
+
+std::optional<std::string> KeyName(std::string_view line) {
+    const auto equals = line.find('=');
+    if (equals == std::string_view::npos || Trim(line).starts_with(';')) return std::nullopt;
+    return Trim(line.substr(0, equals));
+}
+
+// A line end inside a name or value would make lines of its own.
+std::string OneLine(std::string_view text) {
+    return ReplaceAll(ReplaceAll(std::string(text), "\r", " "), "\n", " ");
+}
+
+std::string WithoutQuotes(std::string value) {
+    const bool quoted = value.size() >= 2 && (value.front() == '"' || value.front() == '\'') &&
+                        value.front() == value.back();
+    return quoted ? value.substr(1, value.size() - 2) : value;
+}
+
+} // namespace
+
+IniDocument::IniDocument(std::string_view contents) {
+    if (contents.starts_with(Utf8Mark)) contents.remove_prefix(Utf8Mark.size());
+    while (!contents.empty()) {
+        const auto at = contents.find_first_of("\r\n");
+        lines_.emplace_back(contents.substr(0, at));
+        if (at == std::string_view::npos) return;
+        const bool pair = contents.substr(at, 2) == "\r\n";
+        contents.remove_prefix(at + (pair ? 2 : 1));
+    }
+}
+
+std::optional<IniDocument::Range> IniDocument::FindSection(std::string_view section) const {
+    std::optional<Range> range;
+    for (std::size_t i = 0; i < lines_.size(); ++i) {
+        const auto name = SectionName(lines_[i]);
+        if (!name) continue;
+        if (range) return Range{range->begin, i};
+        if (EqualNoCase(*name, section)) range = Range{i + 1, lines_.size()};
+    }
+    return range;
+}
+
+std::optional<std::size_t> IniDocument::FindKey(const Range& range, std::string_view key) const {
+    for (std::size_t i = range.begin; i < range.end; ++i) {
+        const auto name = KeyName(lines_[i]);
+        if (name && EqualNoCase(*name, key)) return i;
+    }
+    return std::nullopt;
+}
+
+std::optional<std::string> IniDocument::Value(std::string_view section,
+                                              std::string_view key) const {
+    const auto range = FindSection(section);
+    const auto line = range ? FindKey(*range, key) : std::nullopt;
+    if (!line) return std::nullopt;
+    const std::string& text = lines_[*line];
+    return WithoutQuotes(Trim(std::string_view(text).substr(text.find('=') + 1)));
+}
+
+void IniDocument::SetValue(std::string_view section, std::string_view key,
+                           std::string_view value) {
+    const std::string line = OneLine(key) + "=" + OneLine(value);
+    auto range = FindSection(section);
+    if (!range) {
+        lines_.push_back("[" + OneLine(section) + "]");
+        range = Range{lines_.size(), lines_.size()};
+    }
+    if (const auto at = FindKey(*range, key)) {
+        lines_[*at] = line;
+        return;
+    }
+    std::size_t end = range->end;
+    while (end > range->begin && Trim(lines_[end - 1]).empty())
+        --end;
+    lines_.insert(lines_.begin() + static_cast<std::ptrdiff_t>(end), line);
+}
+
+bool IniDocument::RemoveKey(std::string_view section, std::string_view key) {
+    const auto range = FindSection(section);
+    const auto line = range ? FindKey(*range, key) : std::nullopt;
+    if (line) lines_.erase(lines_.begin() + static_cast<std::ptrdiff_t>(*line));
+    return line.has_value();
+}
+
+bool IniDocument::RemoveSection(std::string_view section) {
+    const auto range = FindSection(section);
+    if (!range) return false;
+    lines_.erase(lines_.begin() + static_cast<std::ptrdiff_t>(range->begin) - 1,
+                 lines_.begin() + static_cast<std::ptrdiff_t>(range->end));
+    return true;
+}
+
+std::string IniDocument::Contents() const {
+    std::string result;
+    for (const std::string& line : lines_)
+        result += line + "\r\n";
+    return result;
+}
+
+} // namespace vk

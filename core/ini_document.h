@@ -1,0 +1,39 @@
+// The lines of one INI file, found and edited without touching the lines around.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vk {
+
+/// Names are compared without regard to case; the first of equal sections and keys counts.
+class IniDocument {
+  public:
+    /// Takes any bytes: what is no section or key line is kept and ignored. Line ends may be CR LF,
+    /// LF or CR; a byte order mark is skipped.
+    explicit IniDocument(std::string_view contents);
+
+    /// The trimmed value, nothing when section or key is missing.
+    std::optional<std::string> Value(std::string_view section, std::string_view key) const;
+    void SetValue(std::string_view section, std::string_view key, std::string_view value);
+    /// True when something was removed.
+    bool RemoveKey(std::string_view section, std::string_view key);
+    bool RemoveSection(std::string_view section);
+    /// The whole file, every line ended by CR LF.
+    std::string Contents() const;
+
+  private:
+    struct Range {
+        std::size_t begin; ///< first line after the section's own
+        std::size_t end;   ///< one past the section's last line
+    };
+    std::optional<Range> FindSection(std::string_view section) const;
+    std::optional<std::size_t> FindKey(const Range& range, std::string_view key) const;
+
+    std::vector<std::string> lines_;
+};
+
+} // namespace vk

@@ -1,0 +1,172 @@
+#include "core/ini_file.h"
+
+#include "core/ini_document.h"
+#include "core/text.h"
+#include "platform/files.h"
+
+#include <cmath>
+#include <limits>
+
+namespace vk {
+
+namespace {
+
+IniDocument Load(const std::string& file) {
+    return IniDocument(ReadWholeFile(file).value_or(std::string()));
+}
+
+// The 16 MiB that a read stops at: beyond it a rewrite would cut the file.
+constexpr std::uint64_t EditLimit = 16u << 20;
+
+std::string CutToBuffer(std::string value) {
+    if (value.size() <= IniValueLimit) return value;
+    std::size_t end = IniValueLimit;
+    while (end > 0 && (static_cast<unsigned char>(value[end]) & 0xC0) == 0x80)
+        --end;
+    return value.substr(0, end);
+}
+
+template<class Int> std::optional<Int> ToInteger(const std::string& text, std::string_view symbol) {
+    const auto number = ParseDecimal(text, symbol);
+    // Halves go to the even neighbour, as the integer conversions of these files always did.
+    const double rounded = number ? std::nearbyint(*number) : 0;
+    if (!number || rounded < std::numeric_limits<Int>::min() ||
+        rounded > std::numeric_limits<Int>::max())
+        return std::nullopt;
+    return static_cast<Int>(rounded);
+}
+
+IniValue OrZero(const auto& converted) {
+    if (converted) return IniValue(IniValue::Storage(*converted));
+    return IniValue(std::string("0"));
+}
+
+// The words, or a number: anything but zero is true.
+bool ToBoolean(const std::string& text, std::string_view symbol) {
+    return EqualNoCase(Trim(text), "true") || ParseDecimal(text, symbol).value_or(0) != 0;
+}
+
+// Currency keeps four decimals.
+std::optional<double> ToCurrency(const std::string& text, std::string_view symbol) {
+    const auto number = ParseDecimal(text, symbol);
+    return number ? std::optional(std::nearbyint(*number * 10000) / 10000) : std::nullopt;
+}
+
+std::optional<double> ToSingle(const std::string& text, std::string_view symbol) {
+    const auto number = ParseDecimal(text, symbol);
+    return number ? std::optional<double>(static_cast<float>(*number)) : std::nullopt;
+}
+
+} // namespace
+
+std::string GetPrivateProfileString(std::string_view section, std::string_view key,
+                                    std::string_view fallback, const std::string& file) {
+    return CutToBuffer(Load(file).Value(section, key).value_or(std::string(fallback)));
+}
+
+bool WritePrivateProfileString(std::string_view section, std::string_view key,
+                               std::string_view value, const std::string& file) {
+    if (FileLength(file) > EditLimit) return false;
+    IniDocument document = Load(file);
+    if (document.Value(section, key) == std::string(value)) return true;
+    document.SetValue(section, key, value);
+    return ReplaceFile(file, document.Contents());
+}
+
+std::string IniValue::Text() const {
+    if (const auto* text = std::get_if<std::string>(&value_)) return *text;
+    if (const auto* flag = std::get_if<bool>(&value_)) return *flag ? "True" : "False";
+    if (const auto* number = std::get_if<double>(&value_)) return std::to_string(*number);
+    return std::to_string(Long());
+}
+
+double IniValue::Number() const {
+    return std::visit(
+        [](const auto& value) -> double {
+            if constexpr (std::is_same_v<std::decay_t<decltype(value)>, std::string>)
+                return ParseDecimal(value).value_or(0);
+            else
+                return static_cast<double>(value);
+        },
+        value_);
+}
+
+bool IniValue::Bool() const {
+    const auto* flag = std::get_if<bool>(&value_);
+    return flag ? *flag : Number() != 0;
+}
+
+std::int32_t IniValue::Long() const {
+    const double value = std::nearbyint(Number());
+    constexpr double low = std::numeric_limits<std::int32_t>::min();
+    constexpr double high = std::numeric_limits<std::int32_t>::max();
+    return value < low || value > high ? 0 : static_cast<std::int32_t>(value);
+}
+
+std::int16_t IniValue::Integer() const {
+    const std::int32_t value = Long();
+    return value < -32768 || value > 32767 ? std::int16_t{0} : static_cast<std::int16_t>(value);
+}
+
+double IniValue::Double() const { return Number(); }
+
+IniValue ConvertIniText(std::string text, IniType type, std::string_view decimalSymbol) {
+    if (type != IniType::String) text = ReplaceAll(std::move(text), ".", decimalSymbol);
+    switch (type) {
+    case IniType::Boolean:
+        return IniValue(ToBoolean(text, decimalSymbol));
+    case IniType::Long:
+        return OrZero(ToInteger<std::int32_t>(text, decimalSymbol));
+    case IniType::Integer:
+        return OrZero(ToInteger<std::int16_t>(text, decimalSymbol));
+    case IniType::Currency:
+        return OrZero(ToCurrency(text, decimalSymbol));
+    case IniType::Single:
+        return OrZero(ToSingle(text, decimalSymbol));
+    case IniType::Decimal:
+    case IniType::Double:
+        return OrZero(ParseDecimal(text, decimalSymbol));
+    case IniType::String:
+        break;
+    }
+    return IniValue(std::move(text));
+}
+
+IniValue Ini::ReadINI(const std::string& file, std::string_view section, std::string_view key,
+                      IniType type) {
+    return Trap<IniValue>(report_, "An error occured in modIni.ReadINI ", IniValue(std::string()),
+                          [&] {
+                              return ConvertIniText(GetPrivateProfileString(section, key, "", file),
+                                                    type, decimalSymbol_);
+                          });
+}
+
+std::string Ini::ReadText(const std::string& file, std::string_view section,
+                          std::string_view key) {
+    return ReadINI(file, section, key).Text();
+}
+
+std::int16_t Ini::WriteINI(const std::string& file, std::string_view section, std::string_view key,
+                           std::string_view value) {
+    return Trap<std::int16_t>(report_, "An error occured in modIni.WriteINI ", 0, [&] {
+        const bool written = WritePrivateProfileString(section, key, value, file);
+        if (!written) report_.Log("Could not write " + std::string(key) + " to " + file);
+        return static_cast<std::int16_t>(written ? 1 : 0);
+    });
+}
+
+bool Ini::DeleteSection(const std::string& file, std::string_view section) {
+    return Trap<bool>(report_, "An error occured in modIni.DeleteSection ", false, [&] {
+        IniDocument document = Load(file);
+        return document.RemoveSection(section) && ReplaceFile(file, document.Contents());
+    });
+}
+
+bool Ini::DeleteKey(const std::string& file, std::string_view section, std::string_view key) {
+    return Trap<bool>(report_, "An error occured in modIni.DeleteKey ", false, [&] {
+        IniDocument document = Load(file);
+        return document.RemoveKey(section, key) && ReplaceFile(file, document.Contents());
+    });
+}
+
+} // namespace vk

@@ -1,0 +1,84 @@
+// INI files with the manners of the Windows profile calls: [section] and key=value lines, names matched
+// without regard to case, blanks around "=" trimmed, one pair of quotes around a value dropped. Nothing
+// is cached: each call reads or replaces the file.
+#pragma once
+
+#include "core/error_report.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <variant>
+
+namespace vk {
+
+/// The longest value that a read returns, in bytes: the buffer of 255 less its closing NUL.
+inline constexpr std::size_t IniValueLimit = 254;
+
+/// The value of a key; `fallback` when the file, section or key is missing. Values are cut to
+/// `IniValueLimit` bytes, never inside a character.
+std::string GetPrivateProfileString(std::string_view section, std::string_view key,
+                                    std::string_view fallback, const std::string& file);
+
+/// Sets one key, making file and section as needed; all other lines stay as they are. The file is
+/// replaced in one step, and only when the value differs from what is there. False when the file
+/// could not be written.
+bool WritePrivateProfileString(std::string_view section, std::string_view key,
+                               std::string_view value, const std::string& file);
+
+/// What a read is converted to; the numbers are the type codes of the callers.
+enum class IniType {
+    String = 0,
+    Boolean = 1,
+    Long = 2,
+    Integer = 3,
+    Currency = 4,
+    Single = 5,
+    Decimal = 6,
+    Double = 7
+};
+
+/// A converted value. What is empty or cannot be converted is false for a boolean and the text "0"
+/// for every numeric type; the accessors turn that into a number at the caller.
+class IniValue {
+  public:
+    using Storage = std::variant<std::string, bool, std::int32_t, std::int16_t, double>;
+    explicit IniValue(Storage value) : value_(std::move(value)) {}
+    const Storage& Value() const { return value_; }
+    /// The value as text: booleans as "True" or "False".
+    std::string Text() const;
+    bool Bool() const;
+    std::int32_t Long() const;
+    std::int16_t Integer() const;
+    double Double() const;
+
+  private:
+    double Number() const;
+    Storage value_;
+};
+
+/// Typed access to the INI files under the user's decimal symbol.
+class Ini {
+  public:
+    /// `decimalSymbol` is read at each call; it must outlive this object.
+    Ini(const std::string& decimalSymbol, ErrorReport& report)
+        : decimalSymbol_(decimalSymbol), report_(report) {}
+
+    IniValue ReadINI(const std::string& file, std::string_view section, std::string_view key,
+                     IniType type = IniType::String);
+    std::string ReadText(const std::string& file, std::string_view section, std::string_view key);
+    /// The result of the write call: 1 when the key is on the disk, 0 when not.
+    std::int16_t WriteINI(const std::string& file, std::string_view section, std::string_view key,
+                          std::string_view value);
+    bool DeleteSection(const std::string& file, std::string_view section);
+    bool DeleteKey(const std::string& file, std::string_view section, std::string_view key);
+
+  private:
+    const std::string& decimalSymbol_;
+    ErrorReport& report_;
+};
+
+/// Converts one text as `ReadINI` does.
+IniValue ConvertIniText(std::string text, IniType type, std::string_view decimalSymbol);
+
+} // namespace vk

@@ -1,0 +1,21 @@
+#include "core/screens.h"
+
+namespace vk {
+
+const ScreenOperations* Screens::Find(const std::string& name) const {
+    const auto found = screens_.find(name);
+    return found == screens_.end() ? nullptr : &found->second;
+}
+
+bool Screens::Show(const std::string& name) const {
+    const ScreenOperations* screen = Find(name);
+    if (screen) screen->ReShow();
+    return screen != nullptr;
+}
+
+void Screens::HideOthers(const std::string& name) const {
+    for (const auto& [other, screen] : screens_)
+        if (other != name) screen.Hide();
+}
+
+} // namespace vk

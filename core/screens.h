@@ -1,0 +1,69 @@
+// The screens, met by name: what a key, a remote code, a wheel tick or a switch of screen needs of them.
+#pragma once
+
+#include <concepts>
+#include <functional>
+#include <map>
+#include <string>
+
+namespace vk {
+
+/// What every screen offers.
+template<class T>
+concept Screen = requires(T screen, const std::string& keyCode) {
+    screen.runok();
+    screen.MoveUp();
+    screen.MoveDown();
+    screen.MoveBack();
+    screen.MoveAhead();
+    screen.VolUp();
+    screen.VolDown();
+    screen.doquit();
+    screen.ReShow();
+    screen.DoLayout();
+    screen.switchingform();
+    screen.Hide();
+    { screen.Form_KeyDown(keyCode) } -> std::convertible_to<bool>;
+};
+
+/// The operations of one screen. `Form_KeyDown` takes the decimal text of a Windows virtual-key code,
+/// with "%" in front while Alt is held, and tells whether the key was used.
+struct ScreenOperations {
+    std::function<void()> runok, MoveUp, MoveDown, MoveBack, MoveAhead, VolUp, VolDown, doquit,
+        ReShow, DoLayout, switchingform, Hide;
+    std::function<bool(const std::string&)> Form_KeyDown;
+};
+
+/// The loaded screens and `CurrentForm`, the name of the one in front: the one truth for routing input.
+class Screens {
+  public:
+    std::string CurrentForm;
+
+    /// Registers a loaded screen; it must outlive this object or be removed.
+    template<Screen T> void Add(const std::string& name, T& screen) {
+        screens_[name] = {[&screen] { screen.runok(); },     [&screen] { screen.MoveUp(); },
+                          [&screen] { screen.MoveDown(); },  [&screen] { screen.MoveBack(); },
+                          [&screen] { screen.MoveAhead(); }, [&screen] { screen.VolUp(); },
+                          [&screen] { screen.VolDown(); },   [&screen] { screen.doquit(); },
+                          [&screen] { screen.ReShow(); },    [&screen] { screen.DoLayout(); },
+                          [&screen] { screen.switchingform(); },
+                          [&screen] { screen.Hide(); },
+                          [&screen](const std::string& code) { return screen.Form_KeyDown(code); }};
+    }
+    void Remove(const std::string& name) { screens_.erase(name); }
+
+    /// The named screen's operations, null when it is not loaded.
+    const ScreenOperations* Find(const std::string& name) const;
+    /// The screen in front, null when `CurrentForm` names none that is loaded.
+    const ScreenOperations* Current() const { return Find(CurrentForm); }
+    /// Shows a screen by its `ReShow`; false when it is not loaded.
+    bool Show(const std::string& name) const;
+    /// Hides every screen but this one.
+    void HideOthers(const std::string& name) const;
+    std::size_t Count() const { return screens_.size(); }
+
+  private:
+    std::map<std::string, ScreenOperations> screens_;
+};
+
+} // namespace vk

@@ -1,0 +1,33 @@
+// Messages, questions and choosers. They are modal: each call returns when the user has answered,
+// and events run meanwhile.
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace vk {
+
+/// How a message box is drawn.
+enum class MessageKind { Plain, Warning, Critical };
+
+/// All dialogs of the system: worked by arrows, Enter and Escape or by touch; tests answer them by
+/// script. An empty title stands for the application's own.
+class Dialogs {
+  public:
+    virtual ~Dialogs() = default;
+    /// Shows a text and waits for OK.
+    virtual void ShowMessage(const std::string& text, const std::string& title = {},
+                             MessageKind kind = MessageKind::Plain) = 0;
+    /// Yes or No; Escape means No.
+    virtual bool AskYesNo(const std::string& text, const std::string& title = {}) = 0;
+    /// OK or Cancel; Escape means Cancel.
+    virtual bool AskOkCancel(const std::string& text, const std::string& title = {}) = 0;
+    /// One line of text; nothing when cancelled.
+    virtual std::optional<std::string> InputBox(const std::string& text, const std::string& title,
+                                                const std::string& value) = 0;
+    /// The folder that the user picked, starting at `start` (empty: the home folder); empty on
+    /// cancel. `caption` stands above the folders.
+    virtual std::string ChooseFolder(const std::string& caption, const std::string& start) = 0;
+};
+
+} // namespace vk

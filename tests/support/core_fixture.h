@@ -1,0 +1,37 @@
+// The lower layer wired on fakes: what most tests start from.
+#pragma once
+
+#include "core/app_state.h"
+#include "core/debug_log.h"
+#include "core/error_report.h"
+#include "core/ini_file.h"
+#include "core/screens.h"
+#include "core/settings.h"
+#include "tests/support/fake_clock.h"
+#include "tests/support/fakes.h"
+#include "tests/support/temp_folder.h"
+
+namespace vk::test {
+
+/// An application directory of its own with clock, dialogs, log, report, INI access and settings.
+struct CoreFixture {
+    TempFolder app;
+    FakeClock clock;
+    FakeDialogs dialogs;
+    FakeLocale locale;
+    FakeVolumes volumes;
+    FakeWindowLayer window;
+    FakeFonts fonts;
+    DebugLog log{app.Path(), clock};
+    ErrorReport report{log, dialogs};
+    AppState state;
+    Ini ini{state.DecimalSymbol, report};
+    SettingsStore settings{app.Path(), ini};
+    Screens screens;
+
+    bool Logged(const std::string& text) const {
+        return app.Read("debug.log").find(text) != std::string::npos;
+    }
+};
+
+} // namespace vk::test

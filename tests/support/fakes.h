@@ -1,0 +1,122 @@
+// Fakes of the small ports, scripted and asked by tests.
+#pragma once
+
+#include "platform/dialogs.h"
+#include "platform/fonts.h"
+#include "platform/locale_info.h"
+#include "platform/volumes.h"
+#include "platform/window_layer.h"
+
+#include <deque>
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace vk::test {
+
+/// Records every text and answers from queues; an empty queue means OK, Yes, or cancelled input.
+class FakeDialogs : public Dialogs {
+  public:
+    void ShowMessage(const std::string& text, const std::string& title, MessageKind) override {
+        shown.push_back(text);
+        titles.push_back(title);
+    }
+    bool AskYesNo(const std::string& text, const std::string& title) override {
+        return Asked(text, title);
+    }
+    bool AskOkCancel(const std::string& text, const std::string& title) override {
+        return Asked(text, title);
+    }
+    std::optional<std::string> InputBox(const std::string& text, const std::string& title,
+                                        const std::string&) override {
+        ShowMessage(text, title, MessageKind::Plain);
+        if (inputs.empty()) return std::nullopt;
+        const std::string answer = inputs.front();
+        inputs.pop_front();
+        return answer;
+    }
+    std::string ChooseFolder(const std::string& caption, const std::string&) override {
+        captions.push_back(caption);
+        if (folders.empty()) return {};
+        const std::string answer = folders.front();
+        folders.pop_front();
+        return answer;
+    }
+
+    std::vector<std::string> shown, titles, captions;
+    std::deque<bool> answers;
+    std::deque<std::string> inputs, folders;
+
+  private:
+    bool Asked(const std::string& text, const std::string& title) {
+        ShowMessage(text, title, MessageKind::Plain);
+        if (answers.empty()) return true;
+        const bool answer = answers.front();
+        answers.pop_front();
+        return answer;
+    }
+};
+
+/// An English locale whose decimal symbol can be set.
+class FakeLocale : public LocaleInfo {
+  public:
+    std::string DecimalSymbol() const override { return symbol; }
+    std::string LongDate(const DateTime&) const override { return "Saturday, November 21, 2026"; }
+    std::string MediumDate(const DateTime&) const override { return "Saturday, Nov 21, 2026"; }
+    std::string ShortTime(const DateTime& when) const override {
+        return std::to_string(when.hour) + ":" + std::to_string(when.minute);
+    }
+    std::string symbol = ".";
+};
+
+/// Drives as a test lists them; the drive of a path is the longest root that begins it, else "/".
+class FakeVolumes : public Volumes {
+  public:
+    std::vector<Drive> Drives() const override { return drives; }
+    bool IsReady(const std::string& root) const override { return ready.contains(root); }
+    std::string Label(const std::string& root) const override {
+        const auto found = labels.find(root);
+        return found == labels.end() ? std::string() : found->second;
+    }
+    std::int32_t Serial(const std::string& path) const override {
+        const auto found = serials.find(DriveOf(path));
+        return found == serials.end() ? 0 : found->second;
+    }
+    std::string DriveOf(const std::string& path) const override {
+        std::string best = "/";
+        for (const Drive& drive : drives)
+            if (path.starts_with(drive.root) && drive.root.size() > best.size()) best = drive.root;
+        return best;
+    }
+    bool Eject(const std::string& root) override {
+        ejected.push_back(root);
+        return true;
+    }
+
+    std::vector<Drive> drives;
+    std::set<std::string> ready;
+    std::map<std::string, std::string> labels;
+    std::map<std::string, std::int32_t> serials;
+    std::vector<std::string> ejected;
+};
+
+/// Every font is installed but those named.
+class FakeFonts : public Fonts {
+  public:
+    bool FontExists(const std::string& name) const override { return !missing.contains(name); }
+    std::set<std::string> missing;
+};
+
+/// Counts the calls to the foreground.
+class FakeWindowLayer : public WindowLayer {
+  public:
+    void ForceForegroundWindow() override { ++foreground; }
+    void SetTopmost(bool on) override { topmost = on; }
+    void ShowCursor(bool shown) override { cursor = shown; }
+    int foreground = 0;
+    bool topmost = false;
+    bool cursor = true;
+};
+
+} // namespace vk::test
