@@ -14,6 +14,7 @@ from concurrent.futures import ThreadPoolExecutor
 from pathlib import Path
 
 HERE = Path(__file__).resolve().parent
+OWN_SOURCES = ("render_skins.py", "pictures.txt", "torque.skn.in")
 PLACEHOLDER = re.compile(r"@([A-Z_]+)@")
 # A GIF pixel is there or not: cut at half, without dithering the flat colours.
 GIF_OPTIONS = ["-channel", "A", "-threshold", "50%", "+channel", "+dither"]
@@ -79,7 +80,7 @@ def skin_text(palette):
 
 
 def newest_source(palette_path):
-    sources = [palette_path, *(p for p in HERE.iterdir() if p.is_file())]
+    sources = [palette_path, *(HERE / name for name in OWN_SOURCES)]
     sources += [*(HERE / "svg").glob("*.svg"), *(HERE / "frames").glob("*.svg")]
     return max(p.stat().st_mtime for p in sources)
 
