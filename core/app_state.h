@@ -1,5 +1,5 @@
-// The state of the process that more than one screen reads: plain data, one object made by main (or a
-// test) and handed down.
+// The state of the process that more than one screen reads: plain data, one object made by main (or
+// a test) and handed down.
 #pragma once
 
 #include <cstdint>

@@ -24,9 +24,13 @@ std::string GeneralDate(const DateTime& when) {
                   when.second, when.hour < 12 ? "AM" : "PM");
 }
 
-std::string DebugLog::FileName() const { return JoinPath(folder_, "debug.log"); }
+std::string DebugLog::FileName() const {
+    return JoinPath(folder_, "debug.log");
+}
 
-void DebugLog::WriteDebugLog(const std::string& text) const { Append(FileName(), text); }
+void DebugLog::WriteDebugLog(const std::string& text) const {
+    Append(FileName(), text);
+}
 
 void DebugLog::WriteSyncLog(const std::string& text) const {
     const DateTime now = clock_.Now();

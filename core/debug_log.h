@@ -12,8 +12,8 @@ class DebugLog {
     /// Writes into `folder`, the application directory.
     DebugLog(std::string folder, const Clock& clock) : folder_(std::move(folder)), clock_(clock) {}
 
-    /// Appends one line to debug.log, which is opened and closed for it and made when it is missing.
-    /// Line ends in `text` become blanks; failures are swallowed.
+    /// Appends one line to debug.log, which is opened and closed for it and made when it is
+    /// missing. Line ends in `text` become blanks; failures are swallowed.
     void WriteDebugLog(const std::string& text) const;
     /// The same into the synchronisation's log of today, vk_sync_ and the date as MMDDYYYY.
     void WriteSyncLog(const std::string& text) const;

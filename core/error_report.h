@@ -59,7 +59,8 @@ Result Trap(ErrorReport& report, const std::string& where, Result fallback, Oper
 }
 
 /// The same for operations without a result.
-template<class Operation> void Trap(ErrorReport& report, const std::string& where, Operation operation) {
+template<class Operation>
+void Trap(ErrorReport& report, const std::string& where, Operation operation) {
     try {
         operation();
     } catch (const std::exception& error) {

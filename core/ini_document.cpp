@@ -74,8 +74,7 @@ std::optional<std::string> IniDocument::Value(std::string_view section,
     return WithoutQuotes(Trim(std::string_view(text).substr(text.find('=') + 1)));
 }
 
-void IniDocument::SetValue(std::string_view section, std::string_view key,
-                           std::string_view value) {
+void IniDocument::SetValue(std::string_view section, std::string_view key, std::string_view value) {
     const std::string line = OneLine(key) + "=" + OneLine(value);
     auto range = FindSection(section);
     if (!range) {

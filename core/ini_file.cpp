@@ -108,7 +108,9 @@ std::int16_t IniValue::Integer() const {
     return value < -32768 || value > 32767 ? std::int16_t{0} : static_cast<std::int16_t>(value);
 }
 
-double IniValue::Double() const { return Number(); }
+double IniValue::Double() const {
+    return Number();
+}
 
 IniValue ConvertIniText(std::string text, IniType type, std::string_view decimalSymbol) {
     if (type != IniType::String) text = ReplaceAll(std::move(text), ".", decimalSymbol);
@@ -141,8 +143,7 @@ IniValue Ini::ReadINI(const std::string& file, std::string_view section, std::st
                           });
 }
 
-std::string Ini::ReadText(const std::string& file, std::string_view section,
-                          std::string_view key) {
+std::string Ini::ReadText(const std::string& file, std::string_view section, std::string_view key) {
     return ReadINI(file, section, key).Text();
 }
 

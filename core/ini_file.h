@@ -1,6 +1,6 @@
-// INI files with the manners of the Windows profile calls: [section] and key=value lines, names matched
-// without regard to case, blanks around "=" trimmed, one pair of quotes around a value dropped. Nothing
-// is cached: each call reads or replaces the file.
+// INI files with the manners of the Windows profile calls: [section] and key=value lines, names
+// matched without regard to case, blanks around "=" trimmed, one pair of quotes around a value
+// dropped. Nothing is cached: each call reads or replaces the file.
 #pragma once
 
 #include "core/error_report.h"

@@ -1,4 +1,5 @@
-// The screens, met by name: what a key, a remote code, a wheel tick or a switch of screen needs of them.
+// The screens, met by name: what a key, a remote code, a wheel tick or a switch of screen needs of
+// them.
 #pragma once
 
 #include <concepts>
@@ -26,26 +27,32 @@ concept Screen = requires(T screen, const std::string& keyCode) {
     { screen.Form_KeyDown(keyCode) } -> std::convertible_to<bool>;
 };
 
-/// The operations of one screen. `Form_KeyDown` takes the decimal text of a Windows virtual-key code,
-/// with "%" in front while Alt is held, and tells whether the key was used.
+/// The operations of one screen. `Form_KeyDown` takes the decimal text of a Windows virtual-key
+/// code, with "%" in front while Alt is held, and tells whether the key was used.
 struct ScreenOperations {
     std::function<void()> runok, MoveUp, MoveDown, MoveBack, MoveAhead, VolUp, VolDown, doquit,
         ReShow, DoLayout, switchingform, Hide;
     std::function<bool(const std::string&)> Form_KeyDown;
 };
 
-/// The loaded screens and `CurrentForm`, the name of the one in front: the one truth for routing input.
+/// The loaded screens and `CurrentForm`, the name of the one in front: the one truth for routing
+/// input.
 class Screens {
   public:
     std::string CurrentForm;
 
     /// Registers a loaded screen; it must outlive this object or be removed.
     template<Screen T> void Add(const std::string& name, T& screen) {
-        screens_[name] = {[&screen] { screen.runok(); },     [&screen] { screen.MoveUp(); },
-                          [&screen] { screen.MoveDown(); },  [&screen] { screen.MoveBack(); },
-                          [&screen] { screen.MoveAhead(); }, [&screen] { screen.VolUp(); },
-                          [&screen] { screen.VolDown(); },   [&screen] { screen.doquit(); },
-                          [&screen] { screen.ReShow(); },    [&screen] { screen.DoLayout(); },
+        screens_[name] = {[&screen] { screen.runok(); },
+                          [&screen] { screen.MoveUp(); },
+                          [&screen] { screen.MoveDown(); },
+                          [&screen] { screen.MoveBack(); },
+                          [&screen] { screen.MoveAhead(); },
+                          [&screen] { screen.VolUp(); },
+                          [&screen] { screen.VolDown(); },
+                          [&screen] { screen.doquit(); },
+                          [&screen] { screen.ReShow(); },
+                          [&screen] { screen.DoLayout(); },
                           [&screen] { screen.switchingform(); },
                           [&screen] { screen.Hide(); },
                           [&screen](const std::string& code) { return screen.Form_KeyDown(code); }};

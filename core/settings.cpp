@@ -45,8 +45,12 @@ void SettingsStore::LoadSettings() {
 }
 
 void SettingsStore::LoadDisplay() {
-    const auto flag = [&](std::string_view key) { return Read("main", key, IniType::Boolean).Bool(); };
-    const auto number = [&](std::string_view key) { return Read("main", key, IniType::Long).Long(); };
+    const auto flag = [&](std::string_view key) {
+        return Read("main", key, IniType::Boolean).Bool();
+    };
+    const auto number = [&](std::string_view key) {
+        return Read("main", key, IniType::Long).Long();
+    };
     Settings& s = values;
     s.UseScaling = flag("UseScaling");
     s.EXTGPSexeName = Read("GPS", "EXTGPSexeName");
@@ -97,7 +101,8 @@ void SettingsStore::LoadSkins() {
     s.safevol_value = Read("main", "safevol_value", IniType::Integer).Integer();
     if (s.safevol_value == 0) s.safevol_value = 36;
     s.AutoDimScreen = Read("main", "AutoDimScreen", IniType::Boolean).Bool();
-    // The day skin's key is CurrentSkin; CurrentDTSkin is written and checked but never read for it.
+    // The day skin's key is CurrentSkin; CurrentDTSkin is written and checked but never read for
+    // it.
     s.CurrentSkin = SkinOrDefault(Read("main", "CurrentSkin"));
     s.CurrentNTSkin = SkinOrDefault(Read("main", "CurrentNTSkin"));
     s.Time1 = Read("main", "Time1");
@@ -109,8 +114,12 @@ void SettingsStore::LoadSkins() {
 
 void SettingsStore::LoadTuners() {
     Settings& s = values;
-    const auto fm = [&](std::string_view key, IniType type) { return Read("dlink_tuner", key, type); };
-    const auto xm = [&](std::string_view key, IniType type) { return Read("xmpcr_tuner", key, type); };
+    const auto fm = [&](std::string_view key, IniType type) {
+        return Read("dlink_tuner", key, type);
+    };
+    const auto xm = [&](std::string_view key, IniType type) {
+        return Read("xmpcr_tuner", key, type);
+    };
     s.minfreq = fm("minfreq", IniType::Double).Double();
     if (s.minfreq < 87.7) s.minfreq = 87.7;
     s.frequencyincr = fm("frequencyincr", IniType::Double).Double();

@@ -1,4 +1,5 @@
-// settings.ini: what is held in memory under its key names, how it is loaded, how the files are made.
+// settings.ini: what is held in memory under its key names, how it is loaded, how the files are
+// made.
 #pragma once
 
 #include "core/ini_file.h"
@@ -8,8 +9,8 @@
 
 namespace vk {
 
-/// The settings that `LoadSettings` keeps in memory. Members bear the names of their keys; the section
-/// is in front where two sections share a name. Texts are as they stand in the file.
+/// The settings that `LoadSettings` keeps in memory. Members bear the names of their keys; the
+/// section is in front where two sections share a name. Texts are as they stand in the file.
 struct Settings {
     bool UseScaling = false;
     std::string EXTGPSexeName;
@@ -87,8 +88,8 @@ class SettingsStore {
   public:
     SettingsStore(std::string appDir, Ini& ini) : appDir_(std::move(appDir)), ini_(ini) {}
 
-    /// Reads every loaded key in its order, with the corrections that follow single keys; a bad value
-    /// never stops the load.
+    /// Reads every loaded key in its order, with the corrections that follow single keys; a bad
+    /// value never stops the load.
     void LoadSettings();
 
     /// settings.ini, key by key, for what is read where it is used.

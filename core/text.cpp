@@ -14,10 +14,18 @@ constexpr std::array<char32_t, 32> Cp1252 = {
     0x2039, 0x0152, 0x8D,   0x017D, 0x8F,   0x90,   0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x9D,   0x017E, 0x0178};
 
-char Upper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
-char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
-bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
-bool IsContinuation(char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; }
+char Upper(char c) {
+    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
+char Lower(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+bool IsBlank(char c) {
+    return c == ' ' || c == '\t' || c == '\r' || c == '\n';
+}
+bool IsContinuation(char c) {
+    return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
+}
 
 // Length of the well-formed sequence at the start of `text`, 0 when it is malformed
 // (Unicode 15, table 3-7).
@@ -74,13 +82,16 @@ std::string ToUtf8(std::string_view bytes) {
     return result;
 }
 
-std::string ToUpper(std::string_view text) { return Mapped(text, Upper); }
-std::string ToLower(std::string_view text) { return Mapped(text, Lower); }
+std::string ToUpper(std::string_view text) {
+    return Mapped(text, Upper);
+}
+std::string ToLower(std::string_view text) {
+    return Mapped(text, Lower);
+}
 
 bool EqualNoCase(std::string_view a, std::string_view b) {
-    return a.size() == b.size() &&
-           std::equal(a.begin(), a.end(), b.begin(),
-                      [](char x, char y) { return Lower(x) == Lower(y); });
+    return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(),
+                                              [](char x, char y) { return Lower(x) == Lower(y); });
 }
 
 bool StartsWithNoCase(std::string_view text, std::string_view prefix) {
@@ -160,6 +171,8 @@ std::optional<double> ParseDecimal(std::string_view text, std::string_view decim
     return value;
 }
 
-bool IsNumeric(std::string_view text) { return ParseDecimal(text).has_value(); }
+bool IsNumeric(std::string_view text) {
+    return ParseDecimal(text).has_value();
+}
 
 } // namespace vk

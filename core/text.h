@@ -1,5 +1,5 @@
-// Small operations on text. Text is UTF-8; comparisons "without regard to case" fold ASCII letters, as
-// keys, extensions and names of files in settings are ASCII.
+// Small operations on text. Text is UTF-8; comparisons "without regard to case" fold ASCII letters,
+// as keys, extensions and names of files in settings are ASCII.
 #pragma once
 
 #include <cstdint>

@@ -1,5 +1,5 @@
-// Whole-file reading and replacing, and the file tests that every subsystem needs. Paths are UTF-8 on
-// Windows and bytes as the file system has them elsewhere.
+// Whole-file reading and replacing, and the file tests that every subsystem needs. Paths are UTF-8
+// on Windows and bytes as the file system has them elsewhere.
 #pragma once
 
 #include <cstddef>

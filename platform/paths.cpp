@@ -9,7 +9,9 @@ namespace {
 // Windows takes both separators; elsewhere a backslash is a letter like any other.
 constexpr std::string_view Separators = PathSeparator == '\\' ? "\\/" : "/";
 
-std::size_t LastSeparator(const std::string& path) { return path.find_last_of(Separators); }
+std::size_t LastSeparator(const std::string& path) {
+    return path.find_last_of(Separators);
+}
 
 } // namespace
 

@@ -1,5 +1,5 @@
-// The window of the audio player process, as its remote control sees it: found by class, spoken to in
-// messages with one answer each.
+// The window of the audio player process, as its remote control sees it: found by class, spoken to
+// in messages with one answer each.
 #pragma once
 
 #include <cstdint>

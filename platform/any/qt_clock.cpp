@@ -35,7 +35,7 @@ DateTime QtClock::Now() const {
     const QDateTime now = QDateTime::currentDateTime();
     const QDate date = now.date();
     const QTime time = now.time();
-    return {date.year(), date.month(),  date.day(), time.hour(),
+    return {date.year(),   date.month(),  date.day(),  time.hour(),
             time.minute(), time.second(), time.msec(), date.dayOfWeek() % 7};
 }
 

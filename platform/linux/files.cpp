@@ -119,7 +119,9 @@ bool CopyFileTo(const std::string& from, const std::string& to) {
     return contents && ReplaceFile(to, *contents);
 }
 
-bool DeleteFileAt(const std::string& path) { return ::unlink(path.c_str()) == 0; }
+bool DeleteFileAt(const std::string& path) {
+    return ::unlink(path.c_str()) == 0;
+}
 
 bool FileExists(const std::string& path) {
     struct stat info {};
@@ -144,12 +146,11 @@ std::vector<FolderEntry> ListFolder(const std::string& path, const std::function
     while (const dirent* item = ::readdir(folder)) {
         const std::string name = item->d_name;
         struct stat info {};
-        if (name == "." || name == ".." ||
-            ::fstatat(::dirfd(folder), item->d_name, &info, 0) != 0)
+        if (name == "." || name == ".." || ::fstatat(::dirfd(folder), item->d_name, &info, 0) != 0)
             continue;
         const bool isFolder = S_ISDIR(info.st_mode);
-        entries.push_back({name, isFolder,
-                           S_ISREG(info.st_mode) ? static_cast<std::uint64_t>(info.st_size) : 0});
+        entries.push_back(
+            {name, isFolder, S_ISREG(info.st_mode) ? static_cast<std::uint64_t>(info.st_size) : 0});
         if (pulse && entries.size() % 256 == 0 && !pulse()) break;
     }
     ::closedir(folder);
