@@ -1,0 +1,52 @@
+// Feeds any bytes to every reader of tags: as a tag of each version, as an Ogg file and as a file
+// name.
+#include "library/file_name_tag.h"
+#include "library/id3v1.h"
+#include "library/id3v2.h"
+#include "library/tag_text.h"
+#include "library/vorbis_comment.h"
+
+#include <cstdlib>
+#include <exception>
+#include <sstream>
+
+namespace {
+
+using Reader = void (*)(vk::MediaFile&, const vk::GenreTable&, vk::TagRecord&);
+
+void Check(const vk::TagRecord& tag) {
+    for (const std::string* text : {&tag.Title, &tag.Artist, &tag.Album, &tag.Genre})
+        if (text->find('\0') != std::string::npos || text->size() > 4 * vk::TagTextLength)
+            std::abort();
+}
+
+void Run(Reader reader, const std::string& bytes, const vk::GenreTable& genres) {
+    std::istringstream stream(bytes);
+    vk::MediaFile file(stream);
+    vk::TagRecord tag;
+    try {
+        reader(file, genres, tag);
+    } catch (const std::exception&) {
+        // A damaged tag: what was read before the damage stays.
+    }
+    genres.Complete(tag);
+    vk::CutTexts(tag);
+    Check(tag);
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    static const vk::GenreTable genres = [] {
+        vk::GenreTable table;
+        table.FillBuiltIn();
+        return table;
+    }();
+    const std::string bytes(reinterpret_cast<const char*>(data), size);
+    for (const Reader reader :
+         {vk::ReadID3v22, vk::ReadID3v23, vk::ReadID3v24, vk::ReadVorbisComment})
+        Run(reader, bytes, genres);
+    if (size >= vk::ID3v1Length) Run(vk::ReadID3v1, bytes, genres);
+    Check(vk::GetFileNameTag(bytes, vk::AudioMediaType));
+    return 0;
+}

@@ -1,0 +1,52 @@
+#include "library/file_name_tag.h"
+#include "library/id3v1.h"
+
+#include <gtest/gtest.h>
+
+namespace vk::test {
+namespace {
+
+TEST(FileNameTag, FindsArtistAndTitle) {
+    const struct {
+        const char *path, *artist, *title;
+    } cases[] = {{"/m/05_The Ferry_-_Tides.mp3", "The Ferry", "Tides"},
+                 {"/m/05The Ferry-12Tides.mp3", "The Ferry", "Tides"},
+                 {"05-Ferry - 07-Rope-Walk.ogg", "Ferry", "Rope-Walk"},
+                 {"/m.x/Ferry - Tides & Co.live.mp3", "Ferry", "Tides & Co.live"},
+                 {"/m/5 Gulls.wav", "(Unknown Artist)", "5 Gulls"},
+                 {"/m/12 Gulls.wav", "(Unknown Artist)", "Gulls"},
+                 {"/m/99.mp3", "(Unknown Artist)", "99"},
+                 {"/m/a-.mp3", "(Unknown Artist)", "a-"},
+                 {"/m/.mp3", "(Unknown Artist)", ".mp3"},
+                 {"", "(Unknown Artist)", ""},
+                 {"/m/F\xE4hre - Gr\xFC\xDF"
+                  "e.mp3",
+                  "Fähre", "Grüße"}};
+    for (const auto& c : cases) {
+        const TagRecord tag = GetFileNameTag(c.path, 1);
+        EXPECT_EQ(tag.Artist, c.artist) << c.path;
+        EXPECT_EQ(tag.Title, c.title) << c.path;
+        EXPECT_EQ(tag.Genre, "") << c.path;
+    }
+}
+
+TEST(FileNameTag, OtherMediaKeepTheWholeName) {
+    const TagRecord tag = GetFileNameTag("/m/05_The Ferry - Tides.avi", 2);
+    EXPECT_EQ(tag.Title, "05 The Ferry - Tides");
+    EXPECT_EQ(tag.Artist, "");
+    EXPECT_EQ(GetFileNameTag(std::string(80, 'x') + ".m3u", 3).Title, std::string(50, 'x'));
+}
+
+TEST(FixedTexts, ArePaddedWithBlanksAndEndAtNul) {
+    ID3v1Texts texts;
+    texts.Title = "Tides";
+    SpaceOut(texts);
+    EXPECT_EQ(texts.Title, "Tides" + std::string(25, ' '));
+    EXPECT_EQ(texts.Year, "    ");
+    EXPECT_EQ(texts.Comment.size(), 30u);
+    EXPECT_EQ(ZString(std::string_view("ab\0cd", 5)), "ab");
+    EXPECT_EQ(ZString("ab"), "ab");
+}
+
+} // namespace
+} // namespace vk::test

@@ -1,0 +1,58 @@
+// Tags as bytes, made by tests.
+#pragma once
+
+#include <initializer_list>
+#include <string>
+
+namespace vk::test {
+
+inline std::string Number(std::size_t value, int bytes, int bitsPerByte = 8) {
+    std::string text;
+    for (int i = bytes - 1; i >= 0; --i)
+        text.push_back(static_cast<char>((value >> (i * bitsPerByte)) & ((1u << bitsPerByte) - 1)));
+    return text;
+}
+
+inline std::string Little(std::size_t value) {
+    const std::string big = Number(value, 4);
+    return {big.rbegin(), big.rend()};
+}
+
+/// A frame of ID3v2 version 2, 3 or 4; `body` starts with the encoding byte.
+inline std::string Frame(int version, const std::string& id, const std::string& body,
+                         char flag = 0) {
+    if (version == 2) return id + Number(body.size(), 3) + body;
+    return id + Number(body.size(), 4, version == 4 ? 7 : 8) + '\0' + flag + body;
+}
+
+inline std::string TextFrame(int version, const std::string& id, const std::string& text) {
+    return Frame(version, id, '\0' + text);
+}
+
+inline std::string ID3v2(int version, const std::string& frames, int revision = 0, int flags = 0) {
+    return "ID3" + Number(static_cast<std::size_t>(version), 1) +
+           Number(static_cast<std::size_t>(revision), 1) +
+           Number(static_cast<std::size_t>(flags), 1) + Number(frames.size(), 4, 7) + frames;
+}
+
+inline std::string ID3v1(const std::string& title, const std::string& artist, int genre = 255,
+                         int track = 0) {
+    const auto field = [](std::string text, std::size_t width) {
+        text.resize(width, '\0');
+        return text;
+    };
+    return "TAG" + field(title, 30) + field(artist, 30) + field("Low Tide", 30) + "1998" +
+           field("taped  ", 29) + Number(static_cast<std::size_t>(track), 1) +
+           Number(static_cast<std::size_t>(genre), 1);
+}
+
+inline std::string Vorbis(std::initializer_list<std::string> comments) {
+    const std::string vendor = "maker";
+    std::string text = "OggS" + std::string(300, '\x01') + "\x03vorbis" + Little(vendor.size()) +
+                       vendor + Little(comments.size());
+    for (const std::string& comment : comments)
+        text += Little(comment.size()) + comment;
+    return text + "\x01" + "\x05vorbis";
+}
+
+} // namespace vk::test

@@ -1,0 +1,252 @@
+#include "library/tag_reader.h"
+#include "tests/library/tag_bytes.h"
+#include "tests/support/core_fixture.h"
+
+#include <gmock/gmock.h>
+#include <sys/stat.h>
+
+#include <sstream>
+
+namespace vk::test {
+namespace {
+
+using namespace std::string_literals;
+using testing::ElementsAre;
+
+const std::string Sound(400, '\x55');
+
+class TagReader : public testing::Test, public CoreFixture {
+  protected:
+    TagRecord Read(const std::string& bytes, const std::string& name = "a.mp3") {
+        return id3.ReadTag(app.Write(name, bytes));
+    }
+    float Version(const std::string& bytes) {
+        std::istringstream stream(bytes);
+        MediaFile file(stream);
+        return id3.TagVersion(file);
+    }
+
+    ID3 id3{{log, dialogs}, state.DecimalSymbol};
+};
+
+TEST_F(TagReader, ReadsEveryVersion2) {
+    const struct {
+        int version, revision;
+        const char *title, *artist, *album, *genre, *track;
+    } cases[] = {{2, 0, "TT2", "TP1", "TAL", "TCO", "TRK"},
+                 {2, 1, "TT2", "TP1", "TAL", "TCO", "TRK"},
+                 {3, 0, "TIT2", "TPE1", "TALB", "TCON", "TRCK"},
+                 {4, 0, "TIT2", "TPE1", "TALB", "TCON", "TRCK"}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.version * 10 + c.revision);
+        const std::string longName = "X" + std::string(200, 'y'); // a size of more than seven bits
+        const std::string frames = TextFrame(c.version, "XXXX"s.substr(c.version == 2), longName) +
+                                   TextFrame(c.version, c.title,
+                                             "Gr\xFC\xDF"
+                                             "e\0\0"s) +
+                                   TextFrame(c.version, c.artist, "B\xC3\xA4rbel") +
+                                   TextFrame(c.version, c.album, longName) +
+                                   TextFrame(c.version, c.genre, "(13)") +
+                                   TextFrame(c.version, c.track, "7/12") + std::string(20, '\0');
+        const TagRecord tag = Read(ID3v2(c.version, frames, c.revision) + Sound);
+        EXPECT_EQ(tag.Title, "Grüße");
+        EXPECT_EQ(tag.Artist, "Bärbel");
+        EXPECT_EQ(tag.Album, longName.substr(0, 50));
+        EXPECT_EQ(tag.Genre, "Pop");
+        EXPECT_EQ(tag.GenreNum, 13);
+        EXPECT_EQ(tag.Track, 7);
+    }
+    EXPECT_FALSE(Logged("Error"));
+}
+
+TEST_F(TagReader, ReadsVersion1) {
+    const TagRecord tag = Read(Sound + ID3v1("  Seven Gulls ", "O'Hanlon", 84, 9));
+    EXPECT_EQ(tag.Title, "Seven Gulls");
+    EXPECT_EQ(tag.Artist, "O'Hanlon");
+    EXPECT_EQ(tag.Album, "Low Tide");
+    EXPECT_EQ(tag.Year, "1998");
+    EXPECT_EQ(tag.Comment, "taped");
+    EXPECT_EQ(tag.Genre, "Bebob");
+    EXPECT_EQ(tag.GenreNum, 84);
+    EXPECT_EQ(tag.Track, 9);
+    EXPECT_EQ(Read(ID3v1(std::string(30, 't'), "")).Title, std::string(30, 't'));
+    for (const int none : {0, 115, 255}) {
+        const TagRecord unknown = Read(Sound + ID3v1("T", "A", none));
+        EXPECT_EQ(unknown.Genre, "(Unknown Genre)");
+        EXPECT_EQ(unknown.GenreNum, 255);
+        EXPECT_EQ(unknown.Track, 0);
+    }
+}
+
+TEST_F(TagReader, TellsTheVersion) {
+    const std::string frames = TextFrame(3, "TIT2", "new");
+    EXPECT_EQ(Version(ID3v2(2, frames)), 2.2f);
+    EXPECT_EQ(Version(ID3v2(2, frames, 1)), 2.21f);
+    EXPECT_EQ(Version(ID3v2(3, frames)), 2.3f);
+    EXPECT_EQ(Version(ID3v2(4, frames, 0, 0x3F)), 2.4f);
+    EXPECT_EQ(Version(Sound), 0);
+    EXPECT_EQ(Version(""), 0);
+    EXPECT_FALSE(Logged("TagVersion"));
+    EXPECT_EQ(Version("ID3"), 0);
+    EXPECT_TRUE(Logged("An error occured in ID3.TagVersion  at line number "));
+    state.DecimalSymbol = ",";
+    EXPECT_EQ(Version(ID3v2(3, frames)), 2.3f);
+}
+
+TEST_F(TagReader, RefusesUnsynchronisedTagsAndExtendedHeaders) {
+    const std::string frames = TextFrame(3, "TIT2", "new");
+    for (const int flags : {0x40, 0x80, 0xC0}) {
+        const std::string bytes = ID3v2(3, frames, 0, flags) + Sound;
+        EXPECT_EQ(Read(bytes + ID3v1("old", "A")).Title, "old");
+        EXPECT_EQ(Read(bytes).Title, "");
+    }
+}
+
+TEST_F(TagReader, EndsAtAnEmptyOrFlaggedFrameAndKeepsWhatWasRead) {
+    const std::string first = TextFrame(4, "TIT2", "kept"), next = TextFrame(4, "TALB", "lost");
+    for (const std::string& end :
+         {Frame(4, "TPE1", ""), Frame(4, "TPE1", "\0x"s, '\x80'), std::string(10, '\0')}) {
+        const TagRecord tag = Read(ID3v2(4, first + end + next) + Sound);
+        EXPECT_EQ(tag.Title, "kept");
+        EXPECT_EQ(tag.Artist + tag.Album, "");
+    }
+    EXPECT_FALSE(Logged("Error"));
+}
+
+TEST_F(TagReader, DamageEndsTheReadingAndIsLogged) {
+    const std::string first = TextFrame(3, "TIT2", "kept");
+    for (const char* id : {"APIC", "TALB", "ABCD"}) {
+        const std::string nonsense = id + "\xFF\xFF\xFF\xFF\0\0"s;
+        EXPECT_EQ(Read(ID3v2(3, first + nonsense) + Sound).Title, "kept");
+        EXPECT_TRUE(Logged("Error reading Tag Version 2.3 from filename " + app.File("a.mp3") +
+                           " - Input past end of file"));
+        DeleteFileAt(log.FileName());
+    }
+    const std::string whole = ID3v2(3, first + TextFrame(3, "TPE1", "band"));
+    for (std::size_t size = 0; size < whole.size(); ++size)
+        EXPECT_EQ(Read(whole.substr(0, size)).Artist, "");
+    std::string many = first;
+    for (int i = 0; i < 20000; ++i)
+        many += TextFrame(3, "JUNK", "");
+    EXPECT_EQ(Read(ID3v2(3, many + TextFrame(3, "TIT2", "late"))).Title, "kept");
+}
+
+TEST_F(TagReader, TakesThePictureOutOfItsFrame) {
+    const std::string picture = "\xFF\xD8\0pixels\0"s;
+    const auto read = [&](const std::string& body) {
+        return Read(ID3v2(3, Frame(3, "APIC", body) + TextFrame(3, "TIT2", "t"))).PictureData;
+    };
+    EXPECT_EQ(read("\0image/jpeg\0\3Front\0"s + picture), picture);
+    EXPECT_EQ(read("\0image/png\0\0\0"s + picture), picture);
+    EXPECT_EQ(read("\0image/jpeg"s), "");
+    EXPECT_EQ(read("\0image/jpeg\0\3Front"s), "");
+    EXPECT_EQ(read("\0"s), "");
+}
+
+TEST_F(TagReader, UndecodedTextHasNoNul) {
+    const std::string utf16 = "\1\xFF\xFEH\0i\0"s;
+    EXPECT_EQ(Read(ID3v2(3, Frame(3, "TIT2", utf16))).Title, "ÿþHi");
+    EXPECT_EQ(Read(Vorbis({"title=a\0b\0"s}), "a.ogg").Title, "ab");
+}
+
+TEST_F(TagReader, CutsTextsToFiftyWholeCharacters) {
+    std::string umlauts;
+    for (int i = 0; i < 60; ++i)
+        umlauts += "ü";
+    EXPECT_EQ(Read(ID3v2(4, TextFrame(4, "TIT2", umlauts))).Title, umlauts.substr(0, 100));
+}
+
+TEST_F(TagReader, ReadsGenreTexts) {
+    const struct {
+        const char *text, *genre;
+        int number;
+    } cases[] = {{"(13)", "Pop", 13},
+                 {"(17)Garage", "Garage", 17},
+                 {"Garage (17)", "Garage", 17},
+                 {" rock ", "rock", 17},
+                 {"Polka (Live)", "Polka (Live)", 255},
+                 {"(13", "(13", 255},
+                 {"()", "()", 255},
+                 {"(115)", "(Unknown Genre)", 255},
+                 {"(99999999999999999999)", "(Unknown Genre)", 255},
+                 {"", "(Unknown Genre)", 255}};
+    for (const auto& c : cases) {
+        const TagRecord tag = Read(ID3v2(3, TextFrame(3, "TCON", c.text)));
+        EXPECT_EQ(tag.Genre, c.genre) << c.text;
+        EXPECT_EQ(tag.GenreNum, c.number) << c.text;
+    }
+}
+
+TEST_F(TagReader, ReadsVorbisComments) {
+    const TagRecord tag =
+        Read(Vorbis({"TITLE=Tide=Table", "artist=Sören", "Album=" + std::string(5000, 'x'),
+                     "novalue", "TrackNo=3", "genreid=8", "", "TiTlE=wrong"}),
+             "b.OgG");
+    EXPECT_EQ(tag.Title, "Tide=Table");
+    EXPECT_EQ(tag.Artist, "Sören");
+    EXPECT_EQ(tag.Album, std::string(50, 'x'));
+    EXPECT_EQ(tag.Track, 3);
+    EXPECT_EQ(tag.Genre, "Jazz");
+    EXPECT_EQ(tag.GenreNum, 8);
+    EXPECT_EQ(Read(Vorbis({"TiTlE=x"}), "a.ogg").Title, "");
+    EXPECT_EQ(Read(Vorbis({"GENRE=Polka", "GenreNum=200"}), "a.ogg").GenreNum, 75);
+    EXPECT_FALSE(Logged("Error"));
+}
+
+TEST_F(TagReader, BadVorbisHeadersKeepWhatWasRead) {
+    const std::string comments = Vorbis({"title=kept", "artist=A"});
+    const auto artist = comments.find("artist");
+    EXPECT_EQ(Read(comments.substr(0, artist), "a.ogg").Title, "kept");
+    EXPECT_TRUE(Logged("Error reading Tag Version 0 from filename "));
+    const std::string marker = "\x03vorbis";
+    const auto at = comments.find(marker);
+    for (std::size_t before = 0; before < 256; before += 5) // the marker across every chunk's end
+        EXPECT_EQ(Read(std::string(before, 'x') + comments.substr(at), "a.ogg").Title, "kept");
+    EXPECT_EQ(Read(marker + "\xFF\xFF\xFF\xFF", "a.ogg").Genre, "(Unknown Genre)");
+    EXPECT_EQ(Read("\x05vorbis" + std::string(600, 'x') + comments, "a.ogg").Title, "");
+    EXPECT_EQ(Read(std::string(2 << 20, 'x') + comments, "a.ogg").Title, "");
+    EXPECT_EQ(Read(comments, "a.mp3").Title, "");
+}
+
+TEST_F(TagReader, WhatIsNoReadableFileGivesAnEmptyRecord) {
+    ::mkfifo(app.File("pipe.mp3").c_str(), 0600);
+    app.MakeFolder("folder.mp3");
+    for (const char* name : {"pipe.mp3", "folder.mp3", "missing.ogg"}) {
+        const TagRecord tag = id3.ReadTag(app.File(name));
+        EXPECT_EQ(tag.Title + tag.Artist + tag.Album, "");
+        EXPECT_EQ(tag.Genre, "(Unknown Genre)");
+    }
+    EXPECT_FALSE(Logged("Error"));
+}
+
+TEST_F(TagReader, ReadsTheGenreFile) {
+    id3.InitGenre(app.Write("genres.txt", "Schlager\r\nPolka\nSchlager"));
+    EXPECT_EQ(id3.Genres().UpperIndex(), 2);
+    EXPECT_EQ(id3.GenreStringToNum("SCHLAGER"), 0);
+    EXPECT_EQ(id3.GenreStringToNum("Pop"), 255);
+    EXPECT_TRUE(Logged("Using Genres from file..."));
+    EXPECT_EQ(Read(ID3v1("T", "A", 1)).Genre, "Polka");
+    id3.InitGenre(app.Write("long.txt", std::string(1000, '\n')));
+    EXPECT_EQ(id3.Genres().UpperIndex(), 254);
+}
+
+TEST_F(TagReader, FallsBackToTheBuiltInGenres) {
+    ::mkfifo(app.File("pipe").c_str(), 0600);
+    for (const std::string& file :
+         {""s, app.File("missing"), app.File("pipe"), app.Write("no", "")}) {
+        id3.InitGenre(file);
+        EXPECT_EQ(id3.GenreStringToNum("folk/rock"), 81);
+        EXPECT_EQ(id3.GenreStringToNum("Fast Fusion"), 255);
+        EXPECT_EQ(id3.GenreStringToNum("Folklore"), id3.Genres().UpperIndex());
+        EXPECT_EQ(id3.Genres().UpperIndex(), 114);
+        EXPECT_EQ(id3.Genres().Description(85), "Latin");
+    }
+    EXPECT_THAT(
+        dialogs.shown,
+        ElementsAre("Couldn't open the genre file!\nDefaults will be used.",
+                    "The specified file contains no genre information!\nDefaults will be used."));
+    EXPECT_THAT(dialogs.titles, ElementsAre("Error!", "Error!"));
+}
+
+} // namespace
+} // namespace vk::test
