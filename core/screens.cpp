@@ -13,6 +13,13 @@ bool Screens::Show(const std::string& name) const {
     return screen != nullptr;
 }
 
+bool Screens::ReDisplay(const std::string& name) const {
+    const ScreenOperations* screen = Find(name);
+    if (!screen || !screen->ReDisplay) return Show(name);
+    screen->ReDisplay();
+    return true;
+}
+
 void Screens::HideOthers(const std::string& name) const {
     for (const auto& [other, screen] : screens_)
         if (other != name) screen.Hide();

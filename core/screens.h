@@ -6,6 +6,7 @@
 #include <functional>
 #include <map>
 #include <string>
+#include <utility>
 
 namespace vk {
 
@@ -33,6 +34,9 @@ struct ScreenOperations {
     std::function<void()> runok, MoveUp, MoveDown, MoveBack, MoveAhead, VolUp, VolDown, doquit,
         ReShow, DoLayout, switchingform, Hide;
     std::function<bool(const std::string&)> Form_KeyDown;
+    /// Offered by players alone, empty on other screens: enters with what the browser has set or
+    /// left as it was; pauses or goes on.
+    std::function<void()> ReDisplay, DoPause;
 };
 
 /// The loaded screens and `CurrentForm`, the name of the one in front: the one truth for routing
@@ -43,19 +47,27 @@ class Screens {
 
     /// Registers a loaded screen; it must outlive this object or be removed.
     template<Screen T> void Add(const std::string& name, T& screen) {
-        screens_[name] = {[&screen] { screen.runok(); },
-                          [&screen] { screen.MoveUp(); },
-                          [&screen] { screen.MoveDown(); },
-                          [&screen] { screen.MoveBack(); },
-                          [&screen] { screen.MoveAhead(); },
-                          [&screen] { screen.VolUp(); },
-                          [&screen] { screen.VolDown(); },
-                          [&screen] { screen.doquit(); },
-                          [&screen] { screen.ReShow(); },
-                          [&screen] { screen.DoLayout(); },
-                          [&screen] { screen.switchingform(); },
-                          [&screen] { screen.Hide(); },
-                          [&screen](const std::string& code) { return screen.Form_KeyDown(code); }};
+        ScreenOperations operations = {
+            [&screen] { screen.runok(); },
+            [&screen] { screen.MoveUp(); },
+            [&screen] { screen.MoveDown(); },
+            [&screen] { screen.MoveBack(); },
+            [&screen] { screen.MoveAhead(); },
+            [&screen] { screen.VolUp(); },
+            [&screen] { screen.VolDown(); },
+            [&screen] { screen.doquit(); },
+            [&screen] { screen.ReShow(); },
+            [&screen] { screen.DoLayout(); },
+            [&screen] { screen.switchingform(); },
+            [&screen] { screen.Hide(); },
+            [&screen](const std::string& code) { return screen.Form_KeyDown(code); },
+            {},
+            {}};
+        if constexpr (requires { screen.ReDisplay(); })
+            operations.ReDisplay = [&screen] { screen.ReDisplay(); };
+        if constexpr (requires { screen.DoPause(); })
+            operations.DoPause = [&screen] { screen.DoPause(); };
+        screens_[name] = std::move(operations);
     }
     void Remove(const std::string& name) { screens_.erase(name); }
 
@@ -65,6 +77,8 @@ class Screens {
     const ScreenOperations* Current() const { return Find(CurrentForm); }
     /// Shows a screen by its `ReShow`; false when it is not loaded.
     bool Show(const std::string& name) const;
+    /// The same by its `ReDisplay`; a screen without one is shown by `ReShow`.
+    bool ReDisplay(const std::string& name) const;
     /// Hides every screen but this one.
     void HideOthers(const std::string& name) const;
     std::size_t Count() const { return screens_.size(); }

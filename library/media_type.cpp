@@ -1,0 +1,30 @@
+#include "library/media_type.h"
+
+#include "core/text.h"
+#include "platform/paths.h"
+
+#include <algorithm>
+
+namespace vk {
+
+namespace {
+
+bool Contains(const std::vector<std::string>& extensions, const std::string& extension) {
+    return std::ranges::any_of(extensions, [&](const std::string& entry) {
+        return !entry.empty() && EqualNoCase(entry, extension);
+    });
+}
+
+} // namespace
+
+int GetMediaType(const AppState& app, const std::string& path) {
+    if (path.size() < 4) return MediaUnknown;
+    const std::string extension = ExtensionOf(path);
+    if (Contains(app.AudioExtensionList, extension)) return MediaAudio;
+    if (Contains(app.VideoExtensionList, extension)) return MediaVideo;
+    if (EqualNoCase(extension, "m3u")) return MediaPlaylist;
+    if (EqualNoCase(extension, "lst")) return MediaPresetList;
+    return MediaUnknown;
+}
+
+} // namespace vk

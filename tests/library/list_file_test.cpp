@@ -1,0 +1,97 @@
+#include "library/list_file.h"
+#include "library/sort.h"
+#include "tests/support/temp_folder.h"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <random>
+
+namespace vk {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+TEST(ListFile, LinesEndInAnyWayAndMarksAndBlanksAreDropped) {
+    EXPECT_THAT(ListLines("\xEF\xBB\xBFone\r\ntwo\rthree\n\n\r\n  four \nfive"),
+                ElementsAre("one", "two", "three", "four", "five"));
+    EXPECT_THAT(ListLines(""), IsEmpty());
+    EXPECT_THAT(ListLines("\xEF\xBB\xBF"), IsEmpty());
+    EXPECT_THAT(ListLines("\r\r\n\n"), IsEmpty());
+}
+
+TEST(ListFile, EntriesAreAbsoluteRelativeOrWrittenElsewhere) {
+    test::TempFolder folder;
+    const std::string song = folder.Write("sub/song.mp3", "x");
+    const std::string accent = folder.Write("caf\xC3\xA9.mp3", "x");
+    const std::string raw = folder.Write("raw\xE9.mp3", "x");
+    const std::string& here = folder.Path();
+    EXPECT_EQ(ResolveListEntry(song, "/nowhere"), song);
+    EXPECT_EQ(ResolveListEntry("sub/song.mp3", here), song);
+    EXPECT_EQ(ResolveListEntry("sub\\song.mp3", here), song);
+    EXPECT_EQ(ResolveListEntry("caf\xE9.mp3", here), accent);
+    EXPECT_EQ(ResolveListEntry("raw\xE9.mp3", here), raw);
+}
+
+TEST(ListFile, WhatNamesNoFileIsNothing) {
+    test::TempFolder folder;
+    folder.Write("song.mp3", "x");
+    const std::string withNul("song.mp3\0tail", 13);
+    for (const std::string& line :
+         {std::string("missing.mp3"), std::string("#EXTM3U"), std::string("http://a/song.mp3"),
+          std::string("."), withNul, std::string(100000, 'a')})
+        EXPECT_EQ(ResolveListEntry(line, folder.Path()), "") << line.substr(0, 40);
+}
+
+TEST(ListFile, ReadsTheExistingFilesInOrder) {
+    test::TempFolder folder;
+    const std::string first = folder.Write("b.mp3", "x");
+    const std::string second = folder.Write("a.mp3", "x");
+    const std::string list =
+        folder.Write("l.m3u", "#EXTM3U\r\n#EXTINF:1,b\r\nb.mp3\r\ngone.mp3\r\na.mp3\r\nb.mp3");
+    EXPECT_THAT(ReadListFile(list), ElementsAre(first, second, first));
+    EXPECT_THAT(ReadListFile(folder.File("none.m3u")), IsEmpty());
+    EXPECT_THAT(ReadListFile(folder.Path()), IsEmpty());
+}
+
+TEST(ListFile, SurvivesAnyBytes) {
+    test::TempFolder folder;
+    std::mt19937 random(7);
+    std::string noise(20000, '\0');
+    std::ranges::generate(noise, [&] { return static_cast<char>(random() & 0xFF); });
+    EXPECT_THAT(ReadListFile(folder.Write("noise.m3u", noise)), IsEmpty());
+}
+
+TEST(ListFile, WhatIsWrittenReadsBackWithItsCommentOnTop) {
+    test::TempFolder folder;
+    const std::string song = folder.Write("a song.mp3", "x");
+    ASSERT_TRUE(WriteListFile(folder.File("l.m3u"), "Rock", {song, song}));
+    EXPECT_EQ(folder.Read("l.m3u"), "# Rock\r\n" + song + "\r\n" + song + "\r\n");
+    EXPECT_THAT(ReadListFile(folder.File("l.m3u")), ElementsAre(song, song));
+    ASSERT_TRUE(WriteListFile(folder.File("l.m3u"), "", {}));
+    EXPECT_EQ(folder.Read("l.m3u"), "");
+    EXPECT_FALSE(WriteListFile(folder.File("no/folder.m3u"), "", {song}));
+}
+
+TEST(Sort, OrdersByPlainComparison) {
+    std::vector<std::string> names = {"b", "a", "B", "10", "9", "", "a b", "\xC3\xA9", "a"};
+    ShellSortVariantArray(names);
+    EXPECT_THAT(names, ElementsAre("", "10", "9", "B", "a", "a", "a b", "b", "\xC3\xA9"));
+}
+
+TEST(Sort, OrdersArraysOfEveryLength) {
+    std::mt19937 random(1);
+    for (std::size_t count = 0; count < 70; ++count) {
+        std::vector<std::string> names;
+        for (std::size_t i = 0; i < count; ++i)
+            names.push_back(std::to_string(random() % 50));
+        std::vector<std::string> expected = names;
+        std::ranges::sort(expected);
+        ShellSortVariantArray(names);
+        EXPECT_EQ(names, expected) << count;
+    }
+}
+
+} // namespace
+} // namespace vk
