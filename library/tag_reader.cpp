@@ -11,7 +11,6 @@
 #include <exception>
 #include <filesystem>
 #include <fstream>
-#include <source_location>
 
 namespace vk {
 
@@ -20,15 +19,15 @@ namespace {
 constexpr std::size_t MaxGenreFileBytes = 64 * 1024;
 constexpr int RefusedFlags = 0x40; // extended header; 0x80 is unsynchronisation
 
-/// Runs an operation; a failure is logged and gives the fallback.
+/// Runs an operation; a failure is logged with the line that began it and gives the fallback.
 template<class Result, class Operation>
-Result Trapped(const DebugLog& log, const std::string& procedure, Result fallback,
-               Operation operation, std::source_location where = std::source_location::current()) {
+Result Trapped(const DebugLog& log, const std::string& procedure, int line, Result fallback,
+               Operation operation) {
     try {
         return operation();
     } catch (const std::exception&) {
         log.WriteDebugLog("An error occured in ID3." + procedure + "  at line number " +
-                          std::to_string(where.line()));
+                          std::to_string(line));
         return fallback;
     }
 }
@@ -91,7 +90,7 @@ void ID3::ReadVersion(float version, MediaFile& file, TagRecord& tag) const {
 }
 
 float ID3::TagVersion(MediaFile& file) const {
-    return Trapped(ports_.log, "TagVersion", 0.0f, [&] {
+    return Trapped(ports_.log, "TagVersion", __LINE__, 0.0f, [&] {
         file.Seek(0);
         const std::string header = file.ReadUpTo(10);
         const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(header[i]); };
@@ -105,7 +104,7 @@ float ID3::TagVersion(MediaFile& file) const {
 }
 
 void ID3::InitGenre(const std::string& genreFile) {
-    const bool filled = Trapped(ports_.log, "InitGenre", false, [&] {
+    const bool filled = Trapped(ports_.log, "InitGenre", __LINE__, false, [&] {
         return !genreFile.empty() && FileExists(genreFile) && ReadGenreFile(genreFile);
     });
     if (!filled) genres_.FillBuiltIn();
@@ -128,7 +127,7 @@ void ID3::ShowGenreFailure(const std::string& text) const {
 }
 
 std::uint8_t ID3::GenreStringToNum(const std::string& text) const {
-    return Trapped(ports_.log, "GenreStringToNum", UnknownGenreNum,
+    return Trapped(ports_.log, "GenreStringToNum", __LINE__, UnknownGenreNum,
                    [&] { return genres_.Number(text); });
 }
 
