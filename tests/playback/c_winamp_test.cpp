@@ -1,0 +1,216 @@
+#include "playback/c_winamp.h"
+#include "tests/sim/recording_player.h"
+#include "tests/support/core_fixture.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace vk::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+struct WinampTest : testing::Test {
+    CoreFixture core;
+    RecordingPlayer player;
+    cWinamp winamp{{player, core.clock, core.report, core.app.Path()}};
+
+    static auto Cmd(std::int32_t id) { return RecordingPlayer::Command(id); }
+    static auto Ask(std::int32_t function, std::int32_t argument = 0) {
+        return RecordingPlayer::Query(function, argument);
+    }
+    void Answer(std::int32_t value) {
+        player.answer = [value](const auto&) { return value; };
+    }
+};
+
+TEST_F(WinampTest, FindsTheWindowByClassAndSpeaksToItFromThenOn) {
+    winamp.WinAMP_SCM(WinampPlay);
+    EXPECT_TRUE(winamp.WinAMP_FindWindow());
+    winamp.WinAMP_SCM(WinampPlay);
+    EXPECT_THAT(player.classes, ElementsAre("Winamp v1.x"));
+    EXPECT_THAT(player.windows, ElementsAre(0u, 77u, 77u));
+    EXPECT_THAT(player.sent, ElementsAre(Cmd(40045), Ask(0), Cmd(40045)));
+}
+
+TEST_F(WinampTest, ForgetsAWindowThatIsGone) {
+    EXPECT_EQ(winamp.WinAMP_GetHwnd(), 77u);
+    player.running = false;
+    EXPECT_FALSE(winamp.WinAMP_FindWindow());
+    EXPECT_EQ(winamp.WinAMP_GetHwnd(), 0u);
+    EXPECT_EQ(winamp.WinAMP_GetStatus(), "0");
+    EXPECT_EQ(player.windows.back(), 0u);
+}
+
+TEST_F(WinampTest, OneMessageAnOperation) {
+    winamp.WinAMP_FF();
+    winamp.WinAMP_RW();
+    winamp.WinAMP_ClearPlaylist();
+    winamp.WinAMP_loadtracknum(4);
+    winamp.WinAMP_SetVolume(255);
+    winamp.WinAMP_setvol(300);
+    winamp.WinAMP_SetBalance(127);
+    winamp.WinAMP_SetBalance(-1);
+    winamp.WinAMP_SetBalance(-127);
+    EXPECT_THAT(player.sent,
+                ElementsAre(Cmd(40148), Cmd(40144), Ask(101), Ask(121, 4), Ask(122, 255),
+                            Ask(122, 300), Ask(123, 127), Ask(123, 254), Ask(123, 128)));
+}
+
+TEST_F(WinampTest, ValuesOutOfRangeSendNothing) {
+    winamp.WinAMP_SetVolume(-1);
+    winamp.WinAMP_SetVolume(256);
+    winamp.WinAMP_SetBalance(128);
+    winamp.WinAMP_SetBalance(-128);
+    winamp.WinAMP_SetEQValue(10, 5);
+    winamp.WinAMP_SetEQValue(-1, 5);
+    winamp.WinAMP_SetEQValue(0, 64);
+    winamp.WinAMP_SetPreAmpValue(-1);
+    EXPECT_EQ(winamp.WinAMP_GetEQValue(10), -1);
+    EXPECT_THAT(player.sent, IsEmpty());
+}
+
+TEST_F(WinampTest, EqualiserSelectsTheBandBeforeItSetsIt) {
+    winamp.WinAMP_SetEQValue(9, 63);
+    winamp.WinAMP_SetPreAmpValue(0);
+    EXPECT_THAT(player.sent, ElementsAre(Ask(127, 9), Ask(128, 63), Ask(127, 10), Ask(128, 0)));
+    Answer(31);
+    EXPECT_EQ(winamp.WinAMP_GetEQValue(3), 31);
+    EXPECT_EQ(winamp.WinAMP_GetPreAmpValue(), 31);
+    EXPECT_EQ(player.sent.back(), Ask(127, 10));
+}
+
+TEST_F(WinampTest, StatusCodesAreTranslated) {
+    const std::pair<int, const char*> cases[] = {{1, "1"}, {3, "2"}, {2, "0"}, {0, "0"}, {-1, "0"}};
+    for (const auto& [wire, text] : cases) {
+        Answer(wire);
+        EXPECT_EQ(winamp.WinAMP_GetStatus(), text) << wire;
+    }
+    EXPECT_EQ(player.sent.front(), Ask(104));
+}
+
+TEST_F(WinampTest, PositionIsInWholeSeconds) {
+    const std::pair<int, int> cases[] = {{999, 0}, {1999, 1}, {-1, -1}, {-999, 0}, {0, 0}};
+    for (const auto& [wire, seconds] : cases) {
+        Answer(wire);
+        EXPECT_EQ(winamp.WinAMP_GetTrackPosition(), seconds) << wire;
+    }
+    EXPECT_EQ(player.sent.front(), Ask(105, 0));
+}
+
+TEST_F(WinampTest, VersionSkipsItsThirdDigit) {
+    const std::pair<int, const char*> cases[] = {
+        {0x2081, "2.01"}, {0x5666, "5.66"}, {0x290, "UNKNOWN"}, {0, "UNKNOWN"}, {0x12ABC, "1.2BC"}};
+    for (const auto& [wire, text] : cases) {
+        Answer(wire);
+        EXPECT_EQ(winamp.WinAMP_GetVersion(), text);
+    }
+}
+
+TEST_F(WinampTest, LengthIsAskedUntilItIsKnownWhileEventsRun) {
+    int asked = 0;
+    player.answer = [&](const auto&) { return ++asked < 5 ? -1 : 240; };
+    EXPECT_EQ(winamp.WinAMP_GetTrackLength(), 240);
+    EXPECT_EQ(core.clock.eventRuns, 5);
+    EXPECT_EQ(player.sent.back(), Ask(105, 1));
+}
+
+TEST_F(WinampTest, LengthGivesUpAfter101Messages) {
+    Answer(-1);
+    EXPECT_EQ(winamp.WinAMP_GetTrackLength(), -1);
+    EXPECT_EQ(player.sent.size(), 101u);
+}
+
+TEST_F(WinampTest, SeekReachesTheEndOfTheTrackAndNotBeyond) {
+    Answer(200);
+    winamp.WinAMP_SeekToPosition(200);
+    EXPECT_EQ(player.sent.back(), Ask(106, 200000));
+    player.sent.clear();
+    winamp.WinAMP_SeekToPosition(201);
+    winamp.WinAMP_SeekToPosition(-1);
+    EXPECT_THAT(player.sent, ElementsAre(Ask(105, 1), Ask(105, 1)));
+}
+
+TEST_F(WinampTest, SeekThatOverflowsIsReported) {
+    Answer(3000000);
+    winamp.WinAMP_SeekToPosition(2147484);
+    EXPECT_EQ(player.sent.back(), Ask(105, 1));
+    EXPECT_TRUE(core.Logged("An error occured in modWinamp_Control.WinAMP_SeekToPosition   : "
+                            "Overflow :  Error number 6"));
+}
+
+TEST_F(WinampTest, StartsNothingWhileAPlayerRuns) {
+    EXPECT_TRUE(winamp.WinAMP_Start());
+    EXPECT_THAT(player.started, IsEmpty());
+}
+
+TEST_F(WinampTest, StartsTheProgramOfTheApplicationDirectoryInIt) {
+    player.running = false;
+    EXPECT_TRUE(winamp.WinAMP_Start());
+    EXPECT_THAT(player.started, ElementsAre(std::pair{core.app.File("winamp"), core.app.Path()}));
+    winamp.WinAMP_SCM(WinampPlay);
+    EXPECT_EQ(player.windows.back(), 0u) << "the window is only known once it was looked for";
+    player.running = player.canStart = false;
+    EXPECT_FALSE(winamp.WinAMP_Start());
+}
+
+TEST_F(WinampTest, StartSwallowsErrors) {
+    player.running = false;
+    player.broken = true;
+    EXPECT_FALSE(winamp.WinAMP_Start());
+    EXPECT_THAT(core.dialogs.shown, IsEmpty());
+}
+
+TEST_F(WinampTest, OpenFileQuotesThePathAndNotTheProgram) {
+    const std::string list = core.app.Write("my lists/a b.m3u", "x");
+    EXPECT_TRUE(winamp.WinAMP_OpenFile(list));
+    EXPECT_THAT(player.ran, ElementsAre(core.app.File("winamp") + " /ADD \"" + list + "\""));
+    EXPECT_THAT(player.runFolders, ElementsAre(core.app.Path()));
+    player.canStart = false;
+    EXPECT_FALSE(winamp.WinAMP_OpenFile(list));
+}
+
+TEST_F(WinampTest, OpenFileRunsNothingForAMissingFile) {
+    EXPECT_FALSE(winamp.WinAMP_OpenFile(core.app.File("gone.m3u")));
+    EXPECT_FALSE(winamp.WinAMP_OpenFile(""));
+    EXPECT_FALSE(winamp.WinAMP_OpenFile(core.app.Path()));
+    EXPECT_THAT(player.ran, IsEmpty());
+}
+
+TEST_F(WinampTest, ErrorsAreReportedUnderTheOperationsName) {
+    player.broken = true;
+    EXPECT_EQ(winamp.WinAMP_GetTrackLength(), 0);
+    EXPECT_EQ(winamp.WinAMP_GetStatus(), "");
+    EXPECT_EQ(winamp.WinAMP_gettracknum(), 0);
+    ASSERT_EQ(core.dialogs.shown.size(), 3u);
+    EXPECT_THAT(core.dialogs.shown[0],
+                testing::StartsWith("An error occured in modWinamp_Control.WinAMP_GetTrackLength "
+                                    "  : wire cut :  Error number 5"));
+}
+
+TEST_F(WinampTest, UntrappedOperationsPassErrorsOnAndAWindowWithoutVersionCounts) {
+    player.broken = true;
+    EXPECT_THROW(winamp.WinAMP_SCM(WinampPlay), std::runtime_error);
+    EXPECT_THROW(winamp.WinAmp_GetBitRate(), std::runtime_error);
+    EXPECT_FALSE(winamp.WinAMP_FindWindow()) << "the version's own error trap answered";
+    player.broken = false;
+    EXPECT_TRUE(winamp.WinAMP_FindWindow());
+    Answer(192);
+    EXPECT_EQ(winamp.WinAmp_GetBitRate(), "192");
+    EXPECT_EQ(player.sent.back(), Ask(126, 1));
+}
+
+TEST(WinampEnd, EmptiesStopsAndClosesThePlayer) {
+    CoreFixture core;
+    RecordingPlayer player;
+    { cWinamp winamp({player, core.clock, core.report, core.app.Path()}); }
+    EXPECT_THAT(player.sent,
+                ElementsAre(RecordingPlayer::Query(101), RecordingPlayer::Command(40047),
+                            RecordingPlayer::Command(40001)));
+    player.broken = true;
+    EXPECT_NO_THROW(cWinamp({player, core.clock, core.report, core.app.Path()}));
+}
+
+} // namespace
+} // namespace vk::test
