@@ -3,6 +3,7 @@
 #include "library/file_name_tag.h"
 #include "library/id3v1.h"
 #include "library/id3v2.h"
+#include "library/media_type.h"
 #include "library/tag_text.h"
 #include "library/vorbis_comment.h"
 
@@ -47,6 +48,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
          {vk::ReadID3v22, vk::ReadID3v23, vk::ReadID3v24, vk::ReadVorbisComment})
         Run(reader, bytes, genres);
     if (size >= vk::ID3v1Length) Run(vk::ReadID3v1, bytes, genres);
-    Check(vk::GetFileNameTag(bytes, vk::AudioMediaType));
+    Check(vk::GetFileNameTag(bytes, vk::MediaAudio));
     return 0;
 }

@@ -1,6 +1,7 @@
 #include "library/file_name_tag.h"
 
 #include "core/text.h"
+#include "library/media_type.h"
 #include "library/tag_text.h"
 #include "platform/paths.h"
 
@@ -28,7 +29,7 @@ std::string WithoutTrackNumber(std::string_view text) {
 TagRecord GetFileNameTag(const std::string& path, int mediaType) {
     TagRecord tag;
     tag.Title = NameWithoutExtension(path);
-    if (mediaType == AudioMediaType) {
+    if (mediaType == MediaAudio) {
         const std::string name = WithoutTrackNumber(tag.Title);
         const auto hyphen = name.find('-');
         const bool split = hyphen != std::string::npos && name.size() >= 3;

@@ -7,10 +7,8 @@
 
 namespace vk {
 
-inline constexpr int AudioMediaType = 1;
-
 /// Artist and title from a name such as "07_Artist_-_Title.mp3"; "(Unknown Artist)" when there is
-/// no hyphen. For a media type other than 1 (audio) the whole name is the title.
+/// no hyphen. `mediaType` is a `MediaTypeValue`: for any but audio the whole name is the title.
 TagRecord GetFileNameTag(const std::string& path, int mediaType);
 
 } // namespace vk

@@ -1,3 +1,4 @@
+#include "library/id3v1.h"
 #include "library/tag_reader.h"
 #include "tests/library/tag_bytes.h"
 #include "tests/support/core_fixture.h"
@@ -5,6 +6,7 @@
 #include <gmock/gmock.h>
 #include <sys/stat.h>
 
+#include <fstream>
 #include <sstream>
 
 namespace vk::test {
@@ -217,6 +219,16 @@ TEST_F(TagReader, WhatIsNoReadableFileGivesAnEmptyRecord) {
         EXPECT_EQ(tag.Genre, "(Unknown Genre)");
     }
     EXPECT_FALSE(Logged("Error"));
+}
+
+TEST_F(TagReader, AFileThatShrinksMeanwhileIsDamaged) {
+    const std::string path = app.Write("a.mp3", Sound + ID3v1("T", "A"));
+    std::ifstream stream(path, std::ios::binary);
+    MediaFile file(stream);
+    std::filesystem::resize_file(path, Sound.size() + 10);
+    TagRecord tag;
+    EXPECT_THROW(ReadID3v1(file, id3.Genres(), tag), Error);
+    EXPECT_EQ(tag.Title, "");
 }
 
 TEST_F(TagReader, ReadsTheGenreFile) {
