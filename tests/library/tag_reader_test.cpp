@@ -72,6 +72,11 @@ TEST_F(TagReader, ReadsVersion1) {
     EXPECT_EQ(tag.GenreNum, 84);
     EXPECT_EQ(tag.Track, 9);
     EXPECT_EQ(Read(ID3v1(std::string(30, 't'), "")).Title, std::string(30, 't'));
+    std::string longComment = ID3v1("T", "A", 13, 9);
+    longComment.replace(97, 28, std::string(28, 'c'));
+    EXPECT_EQ(Read(Sound + longComment).Track, 9);
+    longComment[97 + 28] = 'c'; // a comment that needs the place of the track
+    EXPECT_EQ(Read(Sound + longComment).Track, 0);
     for (const int none : {0, 115, 255}) {
         const TagRecord unknown = Read(Sound + ID3v1("T", "A", none));
         EXPECT_EQ(unknown.Genre, "(Unknown Genre)");
