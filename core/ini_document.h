@@ -16,6 +16,7 @@ class IniDocument {
     /// LF or CR; a byte order mark is skipped.
     explicit IniDocument(std::string_view contents);
 
+    bool HasSection(std::string_view section) const { return FindSection(section).has_value(); }
     /// The trimmed value, nothing when section or key is missing.
     std::optional<std::string> Value(std::string_view section, std::string_view key) const;
     void SetValue(std::string_view section, std::string_view key, std::string_view value);

@@ -1,0 +1,50 @@
+#include "platform/linux/processes.h"
+
+#include "platform/files.h"
+#include "platform/paths.h"
+
+#include <strings.h>
+#include <unistd.h>
+
+#include <cctype>
+#include <cstdlib>
+#include <string>
+
+namespace vk {
+
+namespace {
+
+constexpr char ReplacedMark[] = " (deleted)";
+
+// The file name of a process's program; "" when it has gone or belongs to somebody else.
+std::string ProgramOf(const std::string& id) {
+    std::string path(4096, '\0');
+    const std::string link = "/proc/" + id + "/exe";
+    const ssize_t length = ::readlink(link.c_str(), path.data(), path.size());
+    path.resize(length > 0 ? static_cast<std::size_t>(length) : 0);
+    if (path.ends_with(ReplacedMark)) path.resize(path.size() - sizeof ReplacedMark + 1);
+    return FileNameOf(path);
+}
+
+std::string WithoutExe(const std::string& name) {
+    const bool has = name.size() > 4 && ::strcasecmp(name.c_str() + name.size() - 4, ".exe") == 0;
+    return has ? name.substr(0, name.size() - 4) : name;
+}
+
+} // namespace
+
+long LinuxProcesses::OwnId() const {
+    return ::getpid();
+}
+
+bool LinuxProcesses::ProcessRunning(const std::string& name, long ownId) const {
+    const std::string wanted = WithoutExe(name);
+    for (const FolderEntry& entry : ListFolder("/proc")) {
+        if (!entry.isFolder || !std::isdigit(static_cast<unsigned char>(entry.name[0]))) continue;
+        if (std::atol(entry.name.c_str()) == ownId) continue;
+        if (::strcasestr(ProgramOf(entry.name).c_str(), wanted.c_str())) return true;
+    }
+    return false;
+}
+
+} // namespace vk

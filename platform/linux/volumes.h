@@ -1,0 +1,43 @@
+// Drives on Linux: the mount points of real devices, and the optical drives of the machine.
+#pragma once
+
+#include "platform/volumes.h"
+
+#include <string>
+
+namespace vk {
+
+/// Reads the kernel's tables anew at each call. The three paths are those of the running kernel;
+/// tests name their own.
+class LinuxVolumes : public Volumes {
+  public:
+    explicit LinuxVolumes(std::string mountinfo = "/proc/self/mountinfo",
+                          std::string cdromInfo = "/proc/sys/dev/cdrom/info",
+                          std::string sysBlock = "/sys/dev/block")
+        : mountinfo_(std::move(mountinfo)), cdromInfo_(std::move(cdromInfo)),
+          sysBlock_(std::move(sysBlock)) {}
+
+    std::vector<Drive> Drives() const override;
+    bool IsReady(const std::string& root) const override;
+    std::string Label(const std::string& root) const override;
+    std::int32_t Serial(const std::string& path) const override;
+    std::string DriveOf(const std::string& path) const override;
+    bool Eject(const std::string& root) override;
+
+  private:
+    struct Mount {
+        std::string device;     ///< major:minor
+        std::string mountPoint; ///< unescaped
+        std::string fsType;
+        std::string source; ///< /dev/sdb1
+    };
+    std::vector<Mount> Mounts() const;
+    std::vector<std::string> OpticalDevices() const;
+    bool IsRemovable(const Mount& mount) const;
+
+    std::string mountinfo_;
+    std::string cdromInfo_;
+    std::string sysBlock_;
+};
+
+} // namespace vk
