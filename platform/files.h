@@ -29,7 +29,8 @@ bool DeleteFileAt(const std::string& path);
 
 /// True when `path` is an existing file (of any kind but a folder).
 bool FileExists(const std::string& path);
-/// True when `path` is an existing folder, with or without a trailing separator.
+/// True when `path` is an existing folder, with or without a trailing separator. An empty path is
+/// the root, which is always there.
 bool FolderExists(const std::string& path);
 /// Length in bytes; 0 for what is missing or no regular file.
 std::uint64_t FileLength(const std::string& path);

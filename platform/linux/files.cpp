@@ -130,7 +130,7 @@ bool FileExists(const std::string& path) {
 
 bool FolderExists(const std::string& path) {
     struct stat info {};
-    return !path.empty() && ::stat(path.c_str(), &info) == 0 && S_ISDIR(info.st_mode);
+    return path.empty() || (::stat(path.c_str(), &info) == 0 && S_ISDIR(info.st_mode));
 }
 
 std::uint64_t FileLength(const std::string& path) {
