@@ -1,0 +1,55 @@
+#include "app/host_window.h"
+
+#include "platform/any/virtual_keys.h"
+
+#include <QCloseEvent>
+#include <QGuiApplication>
+#include <QPainter>
+#include <QScreen>
+#include <QWheelEvent>
+
+namespace vk {
+
+namespace {
+
+constexpr int WheelStep = 120; // eighths of a degree, one notch
+
+} // namespace
+
+HostWindow::HostWindow() {
+    setWindowTitle(QStringLiteral("Velkorandum"));
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setFocusPolicy(Qt::StrongFocus);
+}
+
+void HostWindow::ShowOnScreen() {
+    // Without a window manager nothing makes the window large.
+    setGeometry(QGuiApplication::primaryScreen()->geometry());
+    showFullScreen();
+    raise();
+    activateWindow();
+    setFocus();
+}
+
+void HostWindow::keyPressEvent(QKeyEvent* event) {
+    const std::string code = VirtualKeyText(*event);
+    const bool used = !code.empty() && onKey && onKey(code);
+    event->setAccepted(used);
+}
+
+void HostWindow::wheelEvent(QWheelEvent* event) {
+    wheelRest_ += event->angleDelta().y();
+    const int steps = wheelRest_ / WheelStep;
+    wheelRest_ %= WheelStep;
+    if (steps != 0 && onWheel) onWheel(steps);
+    event->accept();
+}
+
+void HostWindow::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    if (onClose) onClose();
+}
+
+void HostWindow::paintEvent(QPaintEvent*) { QPainter(this).fillRect(rect(), Qt::black); }
+
+} // namespace vk

@@ -1,0 +1,36 @@
+// The one top-level window. Screens are its children, stacked; it turns keys and the wheel into calls.
+#pragma once
+
+#include <QWidget>
+
+#include <functional>
+#include <string>
+
+namespace vk {
+
+class HostWindow : public QWidget {
+    Q_OBJECT
+  public:
+    HostWindow();
+
+    /// Covers the whole screen, with or without a window manager.
+    void ShowOnScreen();
+
+    /// Takes the key's code as decimal text; tells whether it was used.
+    std::function<bool(const std::string&)> onKey;
+    /// Wheel steps, positive away from the user.
+    std::function<void(int)> onWheel;
+    /// The user or the session wants the window closed.
+    std::function<void()> onClose;
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    int wheelRest_ = 0; ///< eighths of a degree not yet worth a step
+};
+
+} // namespace vk

@@ -1,0 +1,272 @@
+#include "core/menu/main_menu.h"
+
+#include "core/text.h"
+#include "core/time_of_day.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace vk {
+
+namespace {
+
+constexpr int ClockIntervalMs = 1000;
+constexpr int ClockTicks = 59; // the text is rewritten when the counter stands here
+constexpr int StopCommand = 40047;
+
+} // namespace
+
+MainMenu::MainMenu(Needs needs, MenuView& view) : n_(std::move(needs)), view_(view) {
+    timer1_ = n_.clock.MakeTimer([this] { Timer1_Timer(); });
+    tmrSettingsReload_ = n_.clock.MakeTimer([this] { tmrSettingsReload_Timer(); });
+}
+
+const MenuIconData* MainMenu::Selected() const {
+    const auto index = static_cast<std::size_t>(CurrentSelection - 1);
+    return CurrentSelection >= 1 && index < icons_.size() ? &icons_[index] : nullptr;
+}
+
+void MainMenu::ReShow() {
+    Trap(n_.report, "An error occured in velkorandum.ReShow ", [&] {
+        n_.screens.CurrentForm = "velkorandum";
+        view_.ShowFrame(true);
+        n_.window.ForceForegroundWindow();
+        n_.state.DecimalSymbol = n_.locale.DecimalSymbol();
+        LoadSelections();
+        Update(CurrentSelection, false);
+        timer1_->Start(ClockIntervalMs);
+        ApplySafeVolume();
+        SilencePlayer();
+        Message(ClockText());
+        n_.screens.HideOthers("velkorandum");
+        view_.ShowBanner("");
+        view_.ShowFrame(true);
+        if (n_.screens.Find("settings")) {
+            settingsTicks_ = 0;
+            tmrSettingsReload_->Start(ClockIntervalMs);
+        }
+        if (!std::exchange(activated_, true)) FirstActivation();
+    });
+}
+
+void MainMenu::LoadSelections() {
+    icons_ = n_.skin.ReadMenuIcons();
+    CurrentSelection = n_.settings.Read("main", "CurrentSelectID", IniType::Integer).Integer();
+    if (CurrentSelection == 0) CurrentSelection = n_.skin.data().itemindex;
+    view_.ShowIcons();
+    view_.ShowFrame(true);
+}
+
+void MainMenu::Update(int previous, bool animate) {
+    Trap(n_.report, "An error occured in velkorandum.update ", [&] {
+        if (previous != CurrentSelection) view_.DrawIcon(previous, false);
+        view_.DrawIcon(CurrentSelection, true);
+        for (int i = 0; animate && i < 4; ++i) {
+            view_.DrawIcon(CurrentSelection, i % 2 != 0);
+            n_.clock.DoEvents();
+        }
+    });
+}
+
+void MainMenu::Move(int MenuIconData::*neighbour) {
+    const MenuIconData* icon = Selected();
+    if (!icon || icon->*neighbour <= 0) return;
+    const int old = std::exchange(CurrentSelection, icon->*neighbour);
+    Update(old, false);
+}
+
+void MainMenu::MoveUp() {
+    Trap(n_.report, "An error occured in velkorandum.moveup ",
+         [&] { Move(&MenuIconData::of_above); });
+}
+
+void MainMenu::MoveDown() {
+    Trap(n_.report, "An error occured in velkorandum.movedown ",
+         [&] { Move(&MenuIconData::of_below); });
+}
+
+void MainMenu::MoveLeft() {
+    Trap(n_.report, "An error occured in velkorandum.MoveLeft ",
+         [&] { Move(&MenuIconData::of_left); });
+}
+
+void MainMenu::MoveRight() {
+    Trap(n_.report, "An error occured in velkorandum.MoveRight ",
+         [&] { Move(&MenuIconData::of_right); });
+}
+
+void MainMenu::switchingform() {
+    Trap(n_.report, "An error occured in velkorandum.switchingform ", [&] {
+        n_.settings.Write("main", "CurrentSelectID", std::to_string(CurrentSelection));
+        timer1_->Stop();
+    });
+}
+
+void MainMenu::menuicon_Click(int index) {
+    Trap(n_.report, "An error occured in velkorandum.menuicon_Click ", [&] {
+        const int old = std::exchange(CurrentSelection, index);
+        Update(old, false);
+        runok();
+    });
+}
+
+void MainMenu::Image2_Click() {
+    if (n_.setDimmer) n_.setDimmer(false);
+}
+
+void MainMenu::ClockBar_Click() {
+    Trap(n_.report, "An error occured in velkorandum.Image3_Click ", [&] {
+        if (n_.state.Dimmed) Image2_Click();
+        switchingform();
+        view_.ShowFrame(false);
+        n_.openSettings();
+    });
+}
+
+void MainMenu::PressedAt(int x, int y) {
+    if (!n_.settings.values.CleanMenu) return;
+    const int width = n_.state.ScreenWidth;
+    const int height = n_.state.ScreenHeight;
+    const bool bottom = y >= height - height / 20;
+    if (x >= width - width / 20 && y < height / 20) return Image1_Click();
+    if (bottom && x < width / 20) return ClockBar_Click();
+    if (bottom && x >= width - width / 7) Image2_Click();
+}
+
+void MainMenu::Image1_Click() {
+    Trap(n_.report, "An error occured in velkorandum.Image1_Click ", [&] {
+        if (n_.state.Dimmed) Image2_Click();
+        if (n_.state.DBState == DBStateValue::Rebuilding && n_.state.quitAttempts < 2) {
+            ++n_.state.quitAttempts;
+            return Message("Please wait for the database to finish. :" +
+                           std::to_string(n_.state.quitAttempts));
+        }
+        n_.settings.Write("main", "CurrentSelectID", "0");
+        n_.window.ShowCursor(true);
+        n_.exitApplication();
+    });
+}
+
+bool MainMenu::Form_KeyDown(const std::string& code) {
+    const KeyMap& keys = n_.keys;
+    const auto is = [&](const std::string& mapped, std::string_view fixed = {}) {
+        return IsKey(code, mapped, fixed);
+    };
+    const auto run = [&](auto operation) {
+        Trap(n_.report, "An error occured in velkorandum.Form_KeyDown ", operation);
+        return true;
+    };
+    if (code == "%115") return run([&] { Image1_Click(); });
+    if (is(keys.gps)) return run([&] { n_.loadGPS(); });
+    if (is(keys.ok, "13")) return run([&] { runok(); });
+    if (is(keys.up, "38"))
+        return run([&] {
+            if (LastStartSelection == 1) LastStartSelection = 6;
+            MoveUp();
+        });
+    if (is(keys.down, "40"))
+        return run([&] {
+            if (LastStartSelection == 5) LastStartSelection = 0;
+            MoveDown();
+        });
+    if (is(keys.kbSWMP)) return run([&] { ClockBar_Click(); });
+    if (is(keys.back, "37")) return run([&] { MoveLeft(); });
+    if (is(keys.forward, "39")) return run([&] { MoveRight(); });
+    if (is(keys.quit, "27"))
+        return run([&] {
+            n_.window.ShowCursor(true);
+            n_.settings.values.hidemouse = false;
+            n_.settings.Write("main", "hidemouse", "false");
+        });
+    if (is(keys.power)) return run([&] { Exit(); });
+    return false;
+}
+
+std::string MainMenu::ClockText() const {
+    const DateTime now = n_.clock.Now();
+    return n_.locale.LongDate(now) + " " + n_.locale.ShortTime(now);
+}
+
+void MainMenu::ApplySafeVolume() {
+    const Settings& s = n_.settings.values;
+    if (!s.safevolume || !n_.mixer) return;
+    const std::int32_t low = n_.mixer->Min(MixerLine::Master);
+    const std::int32_t span = n_.mixer->Max(MixerLine::Master) - low;
+    const std::int32_t safe = low + span * s.safevol_value / 100;
+    if (n_.mixer->Level(MixerLine::Master) > safe) n_.mixer->SetLevel(MixerLine::Master, safe);
+}
+
+// The menu is the one screen on which nothing plays.
+void MainMenu::SilencePlayer() {
+    if (n_.winamp.WinAMP_GetStatus() == "1") n_.winamp.WinAMP_SCM(StopCommand);
+}
+
+void MainMenu::FirstActivation() {
+    // Already running: this menu was only made anew after the settings screen.
+    if (n_.state.WinampWatched) return;
+    const DBStateValue state = n_.state.DBState;
+    const bool waits = n_.state.Setup && !n_.state.WinampWatched &&
+                       state != DBStateValue::Disabled && state != DBStateValue::OnLine;
+    if (waits)
+        WaitForCatalogue();
+    else
+        view_.ShowBanner("Loading");
+    n_.state.WinampWatched = true;
+    view_.ShowBanner("");
+    if (!n_.settings.values.LoadtoMP3) return;
+    LastStartSelection = 1;
+    runok(LastStartSelection);
+}
+
+void MainMenu::WaitForCatalogue() {
+    constexpr std::size_t Dots = 16;
+    for (std::size_t blank = 0;
+         n_.state.DBState != DBStateValue::OnLine && n_.state.DBState != DBStateValue::Disabled &&
+         n_.screens.CurrentForm == "velkorandum";
+         blank = (blank + 1) % Dots) {
+        std::string dots(Dots, '.');
+        dots[blank] = ' ';
+        view_.ShowBanner(dots + "\nRefreshing Database");
+        n_.clock.DoEvents();
+        n_.clock.Sleep(20); // one step of the moving blank; events run between
+    }
+}
+
+void MainMenu::Timer1_Timer() {
+    FollowDaylight();
+    if (++clockTicks_ >= ClockTicks) {
+        clockTicks_ = 0;
+        view_.RefreshClockColours();
+        Message(ClockText());
+    }
+    if (n_.settings.values.alwaysontop && n_.screens.CurrentForm == "velkorandum")
+        n_.window.ForceForegroundWindow();
+}
+
+// The settings screen's own close routine has to return before the screen goes.
+void MainMenu::tmrSettingsReload_Timer() {
+    if (++settingsTicks_ < 2) return;
+    tmrSettingsReload_->Stop();
+    ResetSettingsForm();
+}
+
+void MainMenu::ResetSettingsForm() {
+    if (n_.screens.CurrentForm != "settings") n_.unloadSettings();
+}
+
+void MainMenu::FollowDaylight() {
+    const Settings& s = n_.settings.values;
+    const auto time1 = ParseTimeOfDay(s.Time1);
+    const auto time2 = ParseTimeOfDay(s.Time2);
+    if (!time1 || !time2) return;
+    const bool day = IsDay(n_.clock.Now().MinuteOfDay(), *time1, *time2);
+    const std::string& skin = day ? s.CurrentSkin : s.CurrentNTSkin;
+    if (skin != n_.state.CurrentSkinFile) {
+        n_.state.CurrentSkinFile = skin;
+        n_.reloadSkin();
+    }
+    if (s.AutoDimScreen && n_.setDimmer && n_.state.Dimmed == day) n_.setDimmer(!day);
+}
+
+} // namespace vk

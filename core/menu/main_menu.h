@@ -1,0 +1,126 @@
+// The home screen's logic: the graph of icons, what they start, and the way back from every screen.
+#pragma once
+
+#include "core/app_state.h"
+#include "core/debug_log.h"
+#include "core/error_report.h"
+#include "core/menu/menu_view.h"
+#include "core/screens.h"
+#include "core/settings.h"
+#include "input/key_map.h"
+#include "library/browser_state.h"
+#include "platform/clock.h"
+#include "platform/locale_info.h"
+#include "platform/mixer.h"
+#include "platform/volumes.h"
+#include "platform/window_layer.h"
+#include "playback/audio_state.h"
+#include "playback/c_winamp.h"
+#include "skin/skin.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace vk {
+
+class MainMenu {
+  public:
+    struct Needs {
+        AppState& state;
+        SettingsStore& settings;
+        const DebugLog& log;
+        ErrorReport& report;
+        Clock& clock;
+        const LocaleInfo& locale;
+        const Volumes& volumes;
+        WindowLayer& window;
+        Screens& screens;
+        SkinStore& skin;
+        const KeyMap& keys;
+        AudioState& audio;
+        BrowserState& browser;
+        cWinamp& winamp;
+        Mixer* mixer;                       ///< null without a sound card's mixer
+        std::function<void()> openSettings; ///< makes and shows the settings screen
+        std::function<void()> unloadSettings;
+        std::function<void()> reloadSkin;
+        std::function<void()> loadGPS;
+        std::function<void()> exitApplication; ///< unloads every screen
+        /// Parts that may be missing.
+        std::function<void()> powerAction;
+        std::function<void(bool)> setDimmer;
+    };
+
+    MainMenu(Needs needs, MenuView& view);
+
+    /// Acts on the selected icon; `item` 0 takes the icon's own function, anything else the
+    /// function chosen before.
+    void runok(int item = 0);
+    /// Draws the selection; `previous` is the icon that lost it. `animate` blinks twice.
+    void Update(int previous, bool animate);
+    void ReShow();
+    void LoadSelections();
+    void MoveUp();
+    void MoveDown();
+    void MoveLeft();
+    void MoveRight();
+    void switchingform();
+    bool Form_KeyDown(const std::string& code);
+    /// A touched icon: selects and starts it.
+    void menuicon_Click(int index);
+    /// The quit button.
+    void Image1_Click();
+    /// The dim button.
+    void Image2_Click();
+    void ClockBar_Click();
+    /// A press at a point of the screen in pixels: the hidden zones of the clean menu.
+    void PressedAt(int x, int y);
+    /// Stops the clock for good; called when the screen goes.
+    void Stop() { timer1_->Stop(); }
+    /// Removes the settings screen unless it is in front.
+    void ResetSettingsForm();
+
+    const std::vector<MenuIconData>& Icons() const { return icons_; }
+
+    int CurrentSelection = 0;   ///< selected icon, 1 to the icon count
+    int LastStartSelection = 0; ///< function number that runok dispatches on
+
+  private:
+    struct Function;
+    static const Function Functions[];
+
+    const MenuIconData* Selected() const;
+    void Move(int MenuIconData::*neighbour);
+    void StartAudio();
+    void StartBrowser();
+    void StartVideo();
+    void StartApplications();
+    void StartRadio();
+    void StartGPS();
+    void Exit();
+    void OpenBrowser(std::int16_t mode);
+    bool DiscMatches(std::int32_t serial) const;
+    bool Leave(const char* screen);
+    void Message(const std::string& text) { view_.SetClockBar(text); }
+    std::string ClockText() const;
+    void ApplySafeVolume();
+    void SilencePlayer();
+    void FirstActivation();
+    void WaitForCatalogue();
+    void Timer1_Timer();
+    void tmrSettingsReload_Timer();
+    void FollowDaylight();
+
+    Needs n_;
+    MenuView& view_;
+    std::unique_ptr<Timer> timer1_;
+    std::unique_ptr<Timer> tmrSettingsReload_;
+    std::vector<MenuIconData> icons_;
+    int clockTicks_ = 0;
+    int settingsTicks_ = 0;
+    bool activated_ = false;
+};
+
+} // namespace vk

@@ -1,0 +1,77 @@
+// The settings screen's logic: the first run, the two folders, the way out.
+#pragma once
+
+#include "core/app_state.h"
+#include "core/error_report.h"
+#include "core/screens.h"
+#include "core/settings.h"
+#include "core/startup/astart.h"
+#include "core/startup/loading_screen.h"
+#include "input/key_map.h"
+#include "platform/clock.h"
+#include "platform/dialogs.h"
+#include "platform/window_layer.h"
+#include "settings/media_folders.h"
+#include "skin/skin.h"
+
+#include <functional>
+#include <string>
+
+namespace vk {
+
+/// The screen's picture, as its logic asks for it.
+class SettingsView {
+  public:
+    virtual ~SettingsView() = default;
+    /// Brings the screen up with its texts as they are now.
+    virtual void ShowShell() = 0;
+    /// Whether the two buttons that leave the screen can be used.
+    virtual void EnableLeaving(bool exitApp, bool done) = 0;
+    /// Draws the texts anew.
+    virtual void ShowTexts() = 0;
+    /// The line at the top.
+    virtual void SetTopInfo(const std::string& text) = 0;
+};
+
+class SettingsShell {
+  public:
+    struct Needs {
+        AppState& state;
+        SettingsStore& settings;
+        ErrorReport& report;
+        Dialogs& dialogs;
+        Clock& clock;
+        Screens& screens;
+        WindowLayer& window;
+        LoadingScreen& loading;
+        SkinStore& skin;
+        KeyMap& keys;
+        astart& start;
+        std::function<void()> exitApplication; ///< ends the process, nothing more is asked
+    };
+
+    SettingsShell(Needs needs, SettingsView& view)
+        : n_(std::move(needs)), view_(view), folders_(n_.settings, n_.dialogs) {}
+
+    void ReShow();
+    void btnmediadir_Click();
+    void btnPlaylistDir_Click();
+    void DoneButton_Click();
+    void bExitApp_Click();
+
+    /// The state of the catalogue as the screen shows it.
+    std::string DBStatusText() const;
+    const Settings& Values() const { return n_.settings.values; }
+
+    bool FirstRunDue = false; ///< the user has not been through the first run yet
+
+  private:
+    void FirstRun();
+    void ChooseSkin();
+
+    Needs n_;
+    SettingsView& view_;
+    MediaFolders folders_;
+};
+
+} // namespace vk
