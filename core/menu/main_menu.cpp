@@ -13,7 +13,6 @@ namespace {
 
 constexpr int ClockIntervalMs = 1000;
 constexpr int ClockTicks = 59; // the text is rewritten when the counter stands here
-constexpr int StopCommand = 40047;
 
 } // namespace
 
@@ -199,7 +198,7 @@ void MainMenu::ApplySafeVolume() {
 
 // The menu is the one screen on which nothing plays.
 void MainMenu::SilencePlayer() {
-    if (n_.winamp.WinAMP_GetStatus() == "1") n_.winamp.WinAMP_SCM(StopCommand);
+    if (n_.winamp.WinAMP_GetStatus() == "1") n_.winamp.WinAMP_SCM(WinampStop);
 }
 
 void MainMenu::FirstActivation() {

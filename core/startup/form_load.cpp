@@ -14,9 +14,6 @@ namespace vk {
 
 namespace {
 
-constexpr char WinampClass[] = "Winamp v1.x";
-constexpr int WinampClose = 40001;
-
 // Written at every start, whatever the user changed: the player stays out of sight and moves
 // through the list by itself.
 constexpr std::pair<const char*, const char*> ForcedWinampKeys[] = {
@@ -43,7 +40,7 @@ StartOutcome astart::Form_Load() {
         n_.report, "Velkorandum could not perform initialization routines in astart.Form_Load.",
         false, [&] { return ProveEnvironment(); });
     if (!proven) return End();
-    if (const WindowHandle old = n_.player.FindWindow(WinampClass))
+    if (const WindowHandle old = n_.player.FindWindow(WinampWindowClass))
         n_.player.SendMessage(old, WM_COMMAND, WinampClose, 0);
     if (!CheckVersion()) return End();
     MakeMissingFiles();
@@ -138,10 +135,8 @@ void astart::ForceWinampKeys() {
 
 bool astart::CreateWinamp() {
     try {
-        winamp_ = std::make_unique<cWinamp>(cWinamp::Needs{.player = n_.player,
-                                                           .clock = n_.clock,
-                                                           .report = n_.report,
-                                                           .appDir = n_.settings.AppDir()});
+        winamp_ = std::make_unique<cWinamp>(
+            WinampNeeds{n_.player, n_.clock, n_.report, n_.settings.AppDir()});
     } catch (const std::exception&) {
         n_.dialogs.ShowMessage("Error Referencing Winamp Class");
         return false;

@@ -1,0 +1,25 @@
+#!/usr/bin/env bash
+# make_demo.sh APP DEMO: an application directory of its own in DEMO, with the programs of APP, set up on a
+# generated media library in DEMO/media. What is there already is kept.
+set -euo pipefail
+app="$1"
+demo="$2"
+here="$(dirname "$(readlink -f "$0")")"
+vkini="$here/../build/release/tools/vkini"
+
+mkdir -p "$demo/skins"
+cp -u "$app/velkorandum" "$app/winamp" "$app/DB_UPDATE" "$demo/"
+cp -ru "$app/skins/." "$demo/skins/"
+python3 "$here/make_demo_library.py" "$demo/media"
+
+[ -f "$demo/settings.ini" ] && exit 0
+new="$demo/settings.ini.new"
+"$vkini" make "$new"
+set_key() { "$vkini" set "$new" "$@"; }
+set_key main MediaDir "$demo/media"
+set_key main PlayListDir "$demo/media/Playlists"
+set_key main CurrentSkin Torque.skn
+set_key main CurrentDTSkin Torque.skn
+set_key main CurrentNTSkin TorqueNight.skn
+set_key main Setup true
+mv "$new" "$demo/settings.ini"

@@ -1,0 +1,41 @@
+# The Debian packages that the system needs, and how they are installed. Sourced by run, test and tools.
+
+BUILD_PACKAGES="g++ cmake ninja-build ccache pkg-config python3 qt6-base-dev libvlc-dev \
+librsvg2-bin imagemagick fonts-dejavu-core"
+RUN_PACKAGES="libqt6gui6 libqt6widgets6 vlc-plugin-base libvlc-bin libasound2-plugins \
+fonts-dejavu-core xvfb x11-apps imagemagick"
+DEMO_PACKAGES="ffmpeg"
+TEST_PACKAGES="libgtest-dev libgmock-dev xvfb xauth xdotool openbox x11-utils dbus"
+
+say() { printf '%s\n' "velkorandum: $*"; }
+
+fail() {
+    printf '%s\n' "velkorandum: $*" >&2
+    exit 1
+}
+
+as_root() {
+    if [ "$(id -u)" = 0 ]; then
+        "$@"
+    elif command -v sudo >/dev/null; then
+        sudo "$@"
+    else
+        fail "not root and no sudo: please install by hand: $MISSING"
+    fi
+}
+
+# install_packages NAME…: installs what is missing, in one go; asks nothing.
+install_packages() {
+    MISSING=""
+    for package in "$@"; do
+        dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null | grep -qx installed ||
+            MISSING="$MISSING $package"
+    done
+    [ -n "$MISSING" ] || return 0
+    command -v apt-get >/dev/null || fail "no apt-get here; needed:$MISSING"
+    say "installing Debian packages:$MISSING"
+    # shellcheck disable=SC2086
+    as_root env DEBIAN_FRONTEND=noninteractive sh -c "apt-get update -qq &&
+        apt-get install -y -qq --no-install-recommends $MISSING" >"$LOG_DIR/apt.log" 2>&1 ||
+        fail "could not install:$MISSING (see $LOG_DIR/apt.log)"
+}
