@@ -3,6 +3,7 @@
 #include "platform/files.h"
 #include "platform/paths.h"
 
+#include <string.h>
 #include <strings.h>
 #include <unistd.h>
 
@@ -27,7 +28,7 @@ std::string ProgramOf(const std::string& id) {
 }
 
 std::string WithoutExe(const std::string& name) {
-    const bool has = name.size() > 4 && ::strcasecmp(name.c_str() + name.size() - 4, ".exe") == 0;
+    const bool has = name.size() > 4 && strcasecmp(name.c_str() + name.size() - 4, ".exe") == 0;
     return has ? name.substr(0, name.size() - 4) : name;
 }
 
@@ -42,7 +43,7 @@ bool LinuxProcesses::ProcessRunning(const std::string& name, long ownId) const {
     for (const FolderEntry& entry : ListFolder("/proc")) {
         if (!entry.isFolder || !std::isdigit(static_cast<unsigned char>(entry.name[0]))) continue;
         if (std::atol(entry.name.c_str()) == ownId) continue;
-        if (::strcasestr(ProgramOf(entry.name).c_str(), wanted.c_str())) return true;
+        if (strcasestr(ProgramOf(entry.name).c_str(), wanted.c_str())) return true;
     }
     return false;
 }

@@ -1,0 +1,81 @@
+#include "core/text.h"
+
+#include "core/time_of_day.h"
+#include "platform/paths.h"
+
+#include <gtest/gtest.h>
+
+namespace vk {
+namespace {
+
+TEST(TextTest, KeepsUtf8AndConvertsWindows1252) {
+    EXPECT_EQ(ToUtf8("Gl\xC3\xBChen \xE2\x82\xAC \xF0\x9F\x9A\x97"), "Gl\xC3\xBChen \xE2\x82\xAC \xF0\x9F\x9A\x97");
+    EXPECT_EQ(ToUtf8("Gl\xFChen \x80 \x93"), "Gl\xC3\xBChen \xE2\x82\xAC \xE2\x80\x9C");
+    // overlong, surrogate, beyond the last plane, torn
+    for (const char* bad : {"\xC0\xAF", "\xED\xA0\x80", "\xF4\x90\x80\x80", "abc\xE2\x82"})
+        EXPECT_NE(ToUtf8(bad), bad);
+}
+
+TEST(TextTest, CutsByCharacters) {
+    EXPECT_EQ(Left("\xC3\xA4\xC3\xB6\xC3\xBC", 2), "\xC3\xA4\xC3\xB6");
+    EXPECT_EQ(Left("ab", 9), "ab");
+    EXPECT_EQ(LastBytes("x.mp3", 4), ".mp3");
+    EXPECT_EQ(LastBytes("3", 4), "3");
+}
+
+TEST(TextTest, ParsesNumbersStrictly) {
+    EXPECT_EQ(ParseInteger(" +12 "), 12);
+    for (const char* bad : {"", "1 2", "12x", "99999999999999999999", "-"})
+        EXPECT_FALSE(ParseInteger(bad)) << bad;
+    EXPECT_EQ(ParseDecimal("0,25", ","), 0.25);
+    for (const char* bad : {"", "inf", "nan", "1e3", "1.2.3"})
+        EXPECT_FALSE(ParseDecimal(bad)) << bad;
+}
+
+TEST(TextTest, SplitsAndJoins) {
+    EXPECT_EQ(Split("a::b", ':'), (std::vector<std::string>{"a", "", "b"}));
+    EXPECT_EQ(Join(Split("MP3:OGG", ':'), "|"), "MP3|OGG");
+    EXPECT_EQ(ReplaceAll("a_b_c", "_", " "), "a b c");
+}
+
+TEST(TimeOfDayTest, ParsesTheFormsInUse) {
+    EXPECT_EQ(ParseTimeOfDay("8:00:00 AM"), 480);
+    EXPECT_EQ(ParseTimeOfDay("12:05:00 am"), 5);
+    EXPECT_EQ(ParseTimeOfDay("12:05 PM"), 725);
+    EXPECT_EQ(ParseTimeOfDay("21:30"), 1290);
+    for (const char* bad : {"", "8", "25:00", "13:00 PM", "8:61 AM", "eight"})
+        EXPECT_FALSE(ParseTimeOfDay(bad)) << bad;
+}
+
+TEST(TimeOfDayTest, DayAndNightByBothRules) {
+    const int eight = 480, nine = 1260;
+    EXPECT_TRUE(IsDay(eight, eight, nine));
+    EXPECT_FALSE(IsDayAtStart(eight, eight, nine)); // equal to the minute is still night
+    EXPECT_TRUE(IsDayAtStart(eight + 1, eight, nine));
+    EXPECT_TRUE(IsDay(nine - 1, eight, nine));
+    EXPECT_FALSE(IsDay(nine, eight, nine));
+    EXPECT_FALSE(IsDayAtStart(nine, eight, nine));
+    for (int minute = 0; minute < 1440; minute += 7)
+        EXPECT_FALSE(IsDay(minute, nine, eight)) << "night all day when the times are swapped";
+}
+
+TEST(TimeOfDayTest, WritesSeconds) {
+    EXPECT_EQ(SetTimeFormat(0), "0:00");
+    EXPECT_EQ(SetTimeFormat(69), "1:09");
+    EXPECT_EQ(SetTimeFormat(3600), "60:00");
+    EXPECT_EQ(SetTimeFormat(-5), "0:00");
+}
+
+TEST(PathsTest, TakesPathsApart) {
+    EXPECT_EQ(JoinPath("/a/", "/b"), "/a/b");
+    EXPECT_EQ(JoinPath("/a", "b"), "/a/b");
+    EXPECT_EQ(FolderOf("/a/b.mp3"), "/a");
+    EXPECT_EQ(FolderOf("/a"), "/");
+    EXPECT_EQ(ExtensionOf("/a.b/c"), "");
+    EXPECT_EQ(ExtensionOf("/a/c.Mp3"), "Mp3");
+    EXPECT_EQ(WithoutTrailingSeparator("/a//"), "/a");
+    EXPECT_EQ(WithoutTrailingSeparator("/"), "/");
+}
+
+} // namespace
+} // namespace vk
