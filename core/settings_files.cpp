@@ -7,6 +7,8 @@
 
 namespace vk {
 
+namespace {
+
 // A known-good configuration of the player, kept value by value; only the keys that the system
 // forces at each start and those of the sound itself have a meaning here.
 constexpr std::array WinampLines = std::to_array<std::string_view>({
