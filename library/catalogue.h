@@ -10,7 +10,7 @@ namespace vk {
 
 /// One file as the catalogue knows it.
 struct CatalogueFile {
-    std::string path; ///< full
+    std::string path; ///< relative to the media folder, with a separator in front
     std::string artist;
     std::string title;
 };

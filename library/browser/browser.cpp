@@ -1,0 +1,187 @@
+#include "library/browser/browser.h"
+
+#include "library/browser/browse_history.h"
+
+namespace vk {
+
+namespace {
+
+constexpr int NoticeSeconds = 5;
+constexpr int SecondMs = 1000;
+
+} // namespace
+
+Browser::Browser(BrowserNeeds needs, ListModel& list, BrowserView& view)
+    : needs_(std::move(needs)), list_(list), view_(view), builder_(needs_, list, view),
+      Timer2(needs_.clock.MakeTimer([this] { ShowClock(); })),
+      Timer4(needs_.clock.MakeTimer([this] { TickNotice(); })) {}
+
+// One operation at a time: events run inside it. An Escape that came meanwhile is served after it.
+void Browser::Run(const std::string& name, const std::function<void()>& operation) {
+    if (running_) return;
+    running_ = true;
+    noticeSeconds_ = 0;
+    TrapAndLog(needs_.report, "An error occured in playlists." + name + " ", operation);
+    running_ = false;
+    needs_.app.ListBusy = false;
+    CloseLoading();
+    const bool aborted = builder_.TakeAborted();
+    const std::function<void()> next = std::exchange(enterNext_, {});
+    if (aborted && needs_.screens.CurrentForm == BrowserName) return Leave();
+    if (next) TrapAndLog(needs_.report, "An error occured in playlists." + name + " ", next);
+}
+
+void Browser::ReShow() {
+    Run("ReShow", [&] {
+        needs_.screens.CurrentForm = BrowserName;
+        view_.ShowAtFront();
+        HistoryDirty = RecurseArmed = XMView = false;
+        builder_.SqlView = false;
+        BrowseHistory.clear();
+        view_.SetButton(BrowserButton::Recurse, "recurse.gif");
+        view_.SetButton(BrowserButton::PlayPause,
+                        needs_.audio.PlayMode != PlayNone && !needs_.audio.bPaused ? "pause.gif"
+                                                                                   : "play.gif");
+        Timer2->Start(SecondMs);
+        Timer4->Start(SecondMs);
+        ShowClock();
+        SetPlayerButton();
+        Populate();
+        needs_.screens.HideOthers(BrowserName);
+    });
+}
+
+void Browser::switchingform() {
+    view_.HideLoading();
+    Timer4->Stop();
+    Timer2->Stop();
+    // A line end inside a file name would end the line of the settings file.
+    const bool fits = BrowseHistory.find_first_of("\r\n") == std::string::npos;
+    if (HistoryDirty && fits)
+        needs_.settings.Write(HistorySection(XMView), "BrowseHistory", BrowseHistory);
+    HistoryDirty = false;
+}
+
+void Browser::Populate() {
+    const bool applications = needs_.state.ListMode == ListApplications;
+    view_.SetButton(BrowserButton::Applications, applications ? "lists.gif" : "gps.gif");
+    builder_.Populate();
+    if (needs_.CatalogueOnLine() && needs_.settings.values.UseBrowseHistory &&
+        needs_.state.RestoreHistory)
+        RestoreBrowseHistory();
+}
+
+// Where every failure ends: the top of the media folder.
+void Browser::FallBack() {
+    needs_.state.ListMode = ListFromMenu;
+    needs_.state.CurrentPath = needs_.settings.values.MediaDir;
+    builder_.SqlView = false;
+    Populate();
+}
+
+void Browser::MoveUp() {
+    if (needs_.app.ListBusy) return;
+    list_.MoveUp();
+    view_.ReDrawList();
+}
+
+void Browser::MoveDown() {
+    if (needs_.app.ListBusy) return;
+    list_.MoveDown();
+    view_.ReDrawList();
+}
+
+void Browser::PgUp() {
+    if (needs_.app.ListBusy) return;
+    list_.PageUp();
+    view_.ReDrawList();
+}
+
+void Browser::PgDn() {
+    if (needs_.app.ListBusy) return;
+    list_.PageDown();
+    view_.ReDrawList();
+}
+
+void Browser::MoveBack() {
+    if (needs_.app.ListBusy) return;
+    Run("MoveBack", [&] {
+        if (builder_.Rows().HasBack()) {
+            list_.SelectItem(0);
+            Choose();
+        } else if (builder_.PlaylistView) { // the favourites have no row that leads back
+            const std::string comeFrom = PopHistory(BrowseHistory);
+            Populate();
+            SelectMatch(comeFrom);
+        }
+    });
+}
+
+void Browser::MoveAhead() {
+    if (needs_.app.ListBusy) return;
+    Run("MoveAhead", [&] {
+        const std::string descriptor = list_.GetSelectedFileName();
+        const Descriptor row = SplitDescriptor(descriptor);
+        if (needs_.state.ListMode == ListApplications || row.kind != "PATH") return;
+        PushHistory(BrowseHistory, descriptor);
+        builder_.RecurseFolder(row.Rest());
+    });
+}
+
+void Browser::VolUp() {
+    if (const auto* player = needs_.screens.Find("playmp3")) player->VolUp();
+}
+
+void Browser::VolDown() {
+    if (const auto* player = needs_.screens.Find("playmp3")) player->VolDown();
+}
+
+void Browser::doquit() {
+    CloseToolFrame();
+    if (needs_.screens.CurrentForm != BrowserName) return;
+    if (running_)
+        builder_.Abort();
+    else
+        Leave();
+}
+
+void Browser::Leave() {
+    switchingform();
+    builder_.SetTitle("");
+    const bool toPlayer = std::exchange(needs_.state.FromPlayer, false);
+    needs_.audio.bStartPlaying = false; // what plays goes on as it is
+    if (!toPlayer || !needs_.screens.ReDisplay("playmp3")) needs_.screens.Show("velkorandum");
+}
+
+void Browser::Swap() {
+    if (needs_.app.ListBusy || needs_.audio.PlayMode == PlayNone) return;
+    needs_.state.FromPlayer = true;
+    doquit();
+}
+
+void Browser::MouseWheel(int delta) {
+    if (delta == 0) return;
+    if (needs_.settings.values.MouseFunction == 0) return delta > 0 ? MoveUp() : MoveDown();
+    for (std::int32_t step = 0; step < needs_.settings.values.MouseIncrement; ++step)
+        delta > 0 ? VolUp() : VolDown();
+}
+
+void Browser::ShowNotice(const std::string& text) {
+    view_.ShowLoading(text);
+    noticeSeconds_ = NoticeSeconds;
+}
+
+void Browser::CloseLoading() {
+    if (noticeSeconds_ == 0) view_.HideLoading();
+}
+
+void Browser::TickNotice() {
+    if (noticeSeconds_ > 0 && --noticeSeconds_ == 0) CloseLoading();
+}
+
+void Browser::ShowClock() {
+    const DateTime now = needs_.clock.Now();
+    view_.SetClock(needs_.locale.LongDate(now) + "    " + needs_.locale.ShortTime(now));
+}
+
+} // namespace vk

@@ -1,0 +1,128 @@
+// The media browser `playlists`: what its operations, keys and buttons do, without its window.
+#pragma once
+
+#include "library/browser/browser_needs.h"
+#include "library/browser/browser_view.h"
+#include "library/browser/list_builder.h"
+#include "library/descriptor.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace vk {
+
+inline constexpr const char* BrowserName = "playlists";
+
+/// The operations. All but `doquit` and the entries are ignored while a list is being built; a
+/// failure in one is logged and the screen goes on. `list` and `view` outlive it.
+class Browser {
+  public:
+    Browser(BrowserNeeds needs, ListModel& list, BrowserView& view);
+
+    /// Enters the screen with the list of `CurrentPath` in the mode that the caller has set.
+    void ReShow();
+    /// Leaves it: stops the timers and keeps the history when something was played from it.
+    void switchingform();
+    /// Acts on the selected row.
+    void runok();
+    void MoveUp();
+    void MoveDown();
+    void PgUp();
+    void PgDn();
+    /// A level up.
+    void MoveBack();
+    /// Lists the selected folder with all that is below it.
+    void MoveAhead();
+    void VolUp();
+    void VolDown();
+    /// Back to where the browser was entered from. While a list is built, ends the build first.
+    void doquit();
+    /// Over to the player that is playing, if any.
+    void Swap();
+    /// One tick of the wheel, positive for up.
+    void MouseWheel(int delta);
+
+    /// Play or pause of the player (`Image6`).
+    void PlayPause();
+    /// Opens or closes the frame with the rarer buttons (`Image7`).
+    void ToggleToolFrame();
+    void CloseToolFrame();
+    /// Lets the next chosen folder be listed whole, or not (`Image12`).
+    void ToggleRecurse();
+    /// Changes between the applications and the media (`Image14`).
+    void ToggleApplications();
+    /// Switches to the tuner (`Image15`).
+    void ShowRadio();
+    /// Opens the disc drive (`Image16`).
+    void Eject();
+    /// Opens the GPS screen (`Image17`).
+    void ShowGPS();
+    /// Goes on with the list that was last played (`Image19`).
+    void Resume();
+    /// To the main menu (`imgHome`).
+    void GoHome();
+    /// Shows which tuner the radio button leads to.
+    void SetPlayerButton();
+
+    bool HasRadio() const;
+    const BrowserNeeds& Needs() const { return needs_; }
+
+  private:
+    using Handler = void (Browser::*)(const Descriptor&);
+
+    // browser.cpp
+    void Run(const std::string& name, const std::function<void()>& operation);
+    void Populate();
+    void FallBack();
+    void Leave();
+    void ShowNotice(const std::string& text);
+    void ShowClock();
+    void TickNotice();
+    void CloseLoading();
+    // run_ok.cpp
+    void Choose();
+    void ChooseRow();
+    void ChooseApplication(const std::string& line);
+    std::string TrackHistory(const std::string& descriptor, const std::string& kind);
+    void OpenFile(const Descriptor& row);
+    void OpenPath(const Descriptor& row);
+    void OpenPlaylist(const Descriptor& row);
+    void SelectMatch(const std::string& descriptor);
+    // hand_over.cpp
+    void PlayDisc();
+    void PlayAudioFiles(const Descriptor& row);
+    void PlayVideoFiles(const Descriptor& row);
+    std::int32_t WritePlayList(int mediaType, const std::string& file);
+    bool DiscIsGone() { return builder_.BrowsingCD && !builder_.CheckDisc(); }
+    void EnterPlayer();
+    void EnterMoviePlayer();
+    // resume.cpp
+    void ResumeSaved();
+    bool DiscMatches(std::int32_t serial);
+    // restore.cpp
+    void RestoreBrowseHistory();
+    bool RestoreElement(const std::string& element, const std::string& kind, bool last);
+
+    std::string HistorySection(bool xm) const { return xm ? "xmpcr_tuner" : "main"; }
+    std::string AudioList() const { return needs_.settings.File("vk_audio.m3u"); }
+
+    BrowserNeeds needs_;
+    ListModel& list_;
+    BrowserView& view_;
+    ListBuilder builder_;
+    std::unique_ptr<Timer> Timer2; ///< the clock label
+    std::unique_ptr<Timer> Timer4; ///< takes notices away
+    bool running_ = false;
+    /// The switch to another screen that ends the present operation: made after it, as that screen
+    /// may come back here before its entry returns.
+    std::function<void()> enterNext_;
+    bool toolFrameOpen_ = false;
+    int noticeSeconds_ = 0; ///< left for the notice over the list; 0: none
+    bool RecurseArmed = false;
+    bool XMView = false; ///< the list came from a satellite radio descriptor
+    bool HistoryDirty = false;
+    std::string BrowseHistory;
+};
+
+} // namespace vk

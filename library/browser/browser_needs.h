@@ -1,0 +1,40 @@
+// What the browser works with.
+#pragma once
+
+#include "core/app_state.h"
+#include "core/error_report.h"
+#include "core/screens.h"
+#include "core/settings.h"
+#include "library/browser_state.h"
+#include "library/catalogue.h"
+#include "library/media_tags.h"
+#include "platform/clock.h"
+#include "platform/locale_info.h"
+#include "platform/volumes.h"
+#include "playback/audio_state.h"
+#include "playback/video_state.h"
+
+#include <functional>
+
+namespace vk {
+
+/// All of it outlives the browser.
+struct BrowserNeeds {
+    SettingsStore& settings;
+    AppState& app;
+    BrowserState& state;
+    AudioState& audio;
+    VideoState& video;
+    Screens& screens;
+    Clock& clock;
+    Volumes& volumes;
+    const LocaleInfo& locale;
+    ErrorReport& report;
+    const MediaTags& tags;
+    Catalogue* catalogue = nullptr;       ///< null: none
+    std::function<void()> StopAudio = {}; ///< silences the audio player process before a film
+
+    bool CatalogueOnLine() const { return catalogue && catalogue->State() == DBStateValue::OnLine; }
+};
+
+} // namespace vk

@@ -1,0 +1,98 @@
+// The browser's touch buttons.
+#include "library/browser/browser.h"
+
+namespace vk {
+
+void Browser::PlayPause() {
+    if (needs_.app.ListBusy) return;
+    const auto* player = needs_.screens.Find("playmp3");
+    const bool audio = needs_.audio.PlayMode != PlayNone && player && player->DoPause;
+    if (audio) player->DoPause();
+    const bool running = audio && !needs_.audio.bPaused;
+    view_.SetButton(BrowserButton::PlayPause, running ? "pause.gif" : "play.gif");
+}
+
+void Browser::ToggleToolFrame() {
+    toolFrameOpen_ = !toolFrameOpen_;
+    view_.SetButton(BrowserButton::ToolFrame, toolFrameOpen_ ? "menusel.gif" : "menu.gif");
+    view_.ShowToolFrame(toolFrameOpen_);
+}
+
+void Browser::CloseToolFrame() {
+    if (toolFrameOpen_) ToggleToolFrame();
+}
+
+void Browser::ToggleRecurse() {
+    if (needs_.app.ListBusy) return;
+    RecurseArmed = !RecurseArmed;
+    view_.SetButton(BrowserButton::Recurse, RecurseArmed ? "recursesel.gif" : "recurse.gif");
+}
+
+void Browser::ToggleApplications() {
+    if (needs_.app.ListBusy) return;
+    CloseToolFrame();
+    Run("Image14_Click", [&] {
+        const bool applications = needs_.state.ListMode == ListApplications;
+        needs_.state.ListMode = applications ? ListFromMenu : ListApplications;
+        Populate();
+    });
+}
+
+void Browser::Eject() {
+    if (needs_.app.ListBusy) return;
+    CloseToolFrame();
+    Run("Image16_Click", [&] {
+        const std::string& drive = builder_.Drives().DiscDrive();
+        const bool opened = !needs_.app.CDReady || needs_.volumes.Eject(drive);
+        needs_.state.CurrentPath = needs_.settings.values.MediaDir;
+        Populate();
+        if (!opened) ShowNotice("The drive could not be opened.");
+    });
+}
+
+void Browser::ShowGPS() {
+    if (needs_.app.ListBusy || !needs_.screens.Find("frmGPS")) return;
+    CloseToolFrame();
+    switchingform();
+    needs_.screens.Show("frmGPS");
+}
+
+void Browser::GoHome() {
+    if (needs_.app.ListBusy) return;
+    CloseToolFrame();
+    needs_.state.FromPlayer = false;
+    switchingform();
+    needs_.screens.Show("velkorandum");
+}
+
+bool Browser::HasRadio() const {
+    const Settings& settings = needs_.settings.values;
+    return settings.dlink_enabled || settings.xmpcr_enabled;
+}
+
+// The satellite tuner when it is the only one, or the first of two.
+static bool RadioIsXM(const BrowserNeeds& needs) {
+    const Settings& settings = needs.settings.values;
+    if (settings.dlink_enabled && settings.xmpcr_enabled) return needs.app.FirstRadioType == 1;
+    return settings.xmpcr_enabled;
+}
+
+void Browser::SetPlayerButton() {
+    if (HasRadio()) view_.SetButton(BrowserButton::Radio, RadioIsXM(needs_) ? "xm.gif" : "fm.gif");
+}
+
+void Browser::ShowRadio() {
+    if (needs_.app.ListBusy || !HasRadio()) return;
+    const bool xm = RadioIsXM(needs_);
+    needs_.audio.PlayMode = xm ? PlayXM : PlayFM;
+    needs_.audio.ListTitle = xm ? "XM Satellite Radio" : "D-Link FM Radio";
+    needs_.audio.ListFile = needs_.settings.File("presets.lst");
+    needs_.audio.VolumeSerial = -1;
+    needs_.audio.bStartPlaying = true;
+    CloseToolFrame();
+    switchingform();
+    needs_.state.FromPlayer = false;
+    needs_.screens.Show("playmp3");
+}
+
+} // namespace vk

@@ -1,0 +1,50 @@
+#include "library/browser/drives.h"
+
+#include "core/text.h"
+#include "platform/paths.h"
+
+#include <algorithm>
+
+namespace vk {
+
+namespace {
+
+bool LiesBelow(const std::string& path, const std::string& root) {
+    return path == root || path.starts_with(JoinPath(root, std::string(1, PathSeparator)));
+}
+
+} // namespace
+
+bool DriveRules::HasDiscDrive() const {
+    return !DiscDrive().empty() && !EqualNoCase(DiscDrive(), "NONE");
+}
+
+std::string DriveRules::DriveOf(const std::string& path) const {
+    // Without a disc in it an optical drive may not be mounted, and its root is a plain folder.
+    if (HasDiscDrive() && LiesBelow(path, DiscDrive())) return DiscDrive();
+    return volumes_.DriveOf(path);
+}
+
+Place DriveRules::PlaceOf(const std::string& path) const {
+    const std::string drive = DriveOf(path);
+    if (EqualNoCase(drive, DriveOf(settings_.values.MediaDir))) return Place::Media;
+    return HasDiscDrive() && EqualNoCase(drive, DiscDrive()) ? Place::Disc : Place::Removable;
+}
+
+bool DriveRules::IsDriveRoot(const std::string& path) const {
+    return EqualNoCase(path, DriveOf(path));
+}
+
+std::vector<std::string> DriveRules::RemovableDrives() const {
+    const std::vector<std::string> taken = {DriveOf(settings_.values.MediaDir), DiscDrive(),
+                                            DriveOf(settings_.AppDir())};
+    std::vector<std::string> offered;
+    for (const Drive& drive : volumes_.Drives()) {
+        const bool kind = drive.type == DriveType::Removable || drive.type == DriveType::Fixed;
+        const auto same = [&](const std::string& root) { return EqualNoCase(root, drive.root); };
+        if (kind && std::ranges::none_of(taken, same)) offered.push_back(drive.root);
+    }
+    return offered;
+}
+
+} // namespace vk

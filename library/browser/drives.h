@@ -1,0 +1,38 @@
+// Which drive a folder is on, and which drives the browser offers.
+#pragma once
+
+#include "core/settings.h"
+#include "platform/volumes.h"
+
+#include <string>
+#include <vector>
+
+namespace vk {
+
+/// Where a folder lies, seen from the media folder.
+enum class Place { Media, Disc, Removable };
+
+/// The drive rules. What it is given outlives it.
+class DriveRules {
+  public:
+    DriveRules(const SettingsStore& settings, const Volumes& volumes)
+        : settings_(settings), volumes_(volumes) {}
+
+    /// True when an optical drive is configured.
+    bool HasDiscDrive() const;
+    const std::string& DiscDrive() const { return settings_.values.CDDriveLetter; }
+    /// The root of the drive that holds `path`; an optical drive counts even without a disc.
+    std::string DriveOf(const std::string& path) const;
+    /// A folder on the media folder's own drive is `Media`, wherever it lies there.
+    Place PlaceOf(const std::string& path) const;
+    /// True for the root of a drive: the way back from there leads to the media folder.
+    bool IsDriveRoot(const std::string& path) const;
+    /// Removable and fixed drives but those of the media folder, the discs and the system.
+    std::vector<std::string> RemovableDrives() const;
+
+  private:
+    const SettingsStore& settings_;
+    const Volumes& volumes_;
+};
+
+} // namespace vk

@@ -1,0 +1,96 @@
+// What is handed to the players.
+#include "core/text.h"
+#include "library/browser/browser.h"
+#include "library/list_file.h"
+#include "library/media_type.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace vk {
+
+// Writes every row of that type; returns the one-based place of the selected one among them, 0 when
+// the list could not be written.
+std::int32_t Browser::WritePlayList(int mediaType, const std::string& file) {
+    std::vector<std::string> entries;
+    std::int32_t position = 1;
+    for (int row = 0; row < list_.ItemCount(); ++row) {
+        const Descriptor entry = SplitDescriptor(list_.GetFileNameListusercontrol(row));
+        const std::string path = entry.Rest();
+        // A line end in a name would make two entries of it.
+        if (entry.kind != "FILE" || GetMediaType(needs_.app, path) != mediaType ||
+            path.find_first_of("\r\n") != std::string::npos)
+            continue;
+        entries.push_back(path);
+        if (row == list_.GetSelectedSongNum()) position = static_cast<std::int32_t>(entries.size());
+    }
+    const std::string comment = mediaType == MediaAudio ? builder_.ParentName : std::string();
+    if (WriteListFile(file, comment, entries)) return position;
+    needs_.report.Log("could not write " + ToUtf8(file));
+    ShowNotice("The play list could not be written.");
+    return 0;
+}
+
+void Browser::PlayAudioFiles(const Descriptor&) {
+    const std::int32_t position = WritePlayList(MediaAudio, AudioList());
+    if (position == 0) return;
+    if (DiscIsGone()) return FallBack();
+    const std::string& drive = builder_.Drives().DiscDrive();
+    AudioState& audio = needs_.audio;
+    audio.PlayMode = PlayAudio;
+    audio.ListFile = AudioList();
+    audio.ListTitle =
+        builder_.BrowsingCD ? ToUtf8(needs_.volumes.Label(drive)) : Trim(builder_.Title());
+    audio.VolumeSerial = builder_.BrowsingCD ? needs_.volumes.Serial(drive) : 0;
+    audio.TrackToSelect = static_cast<std::int16_t>(
+        std::min<std::int32_t>(position, std::numeric_limits<std::int16_t>::max()));
+    audio.bResuming = false;
+    audio.ResumePosition = 0;
+    audio.bStartPlaying = true;
+    HistoryDirty = true;
+    EnterPlayer();
+}
+
+void Browser::EnterPlayer() {
+    enterNext_ = [this] {
+        CloseToolFrame();
+        if (!needs_.screens.Find("playmp3")) return ShowNotice("The player is not available.");
+        switchingform();
+        if (std::exchange(needs_.state.FromPlayer, false))
+            needs_.screens.ReDisplay("playmp3");
+        else
+            needs_.screens.Show("playmp3");
+    };
+}
+
+void Browser::PlayDisc() {
+    builder_.SqlView = false;
+    if (!builder_.CheckDisc()) return FallBack();
+    const std::string& drive = builder_.Drives().DiscDrive();
+    needs_.video = {.PlayDVD = true, .ListFile = {}, .VolumeSerial = needs_.volumes.Serial(drive)};
+    EnterMoviePlayer();
+}
+
+void Browser::PlayVideoFiles(const Descriptor&) {
+    const std::string file = needs_.settings.File("vk_video.m3u");
+    const std::int32_t position = WritePlayList(MediaVideo, file);
+    if (position == 0) return;
+    if (DiscIsGone()) return FallBack();
+    const std::string& drive = builder_.Drives().DiscDrive();
+    needs_.video = {.ListFile = file,
+                    .MovieToSelect = position,
+                    .VolumeSerial = builder_.BrowsingCD ? needs_.volumes.Serial(drive) : 0};
+    EnterMoviePlayer();
+}
+
+void Browser::EnterMoviePlayer() {
+    if (!needs_.screens.Find("playmovie")) return ShowNotice("The movie player is not available.");
+    if (needs_.StopAudio && needs_.audio.PlayMode == PlayAudio) needs_.StopAudio();
+    enterNext_ = [this] {
+        CloseToolFrame();
+        switchingform();
+        needs_.screens.Show("playmovie");
+    };
+}
+
+} // namespace vk

@@ -1,0 +1,37 @@
+// Walking back to where the user last was.
+#include "core/text.h"
+#include "library/browser/browse_history.h"
+#include "library/browser/browser.h"
+
+namespace vk {
+
+// The way to what was played last is walked again; the played row itself is not chosen.
+void Browser::RestoreBrowseHistory() {
+    needs_.state.RestoreHistory = false;
+    const std::string section = HistorySection(needs_.audio.PlayMode == PlayXM);
+    auto elements = SplitHistory(needs_.settings.Read(section, "BrowseHistory"));
+    if (elements.empty()) return;
+    const std::string kind = SplitDescriptor(elements.back()).kind;
+    if (kind == "FILE" || elements.back().find("XM:Channel|") != std::string::npos)
+        elements.pop_back();
+    for (std::size_t i = 0; i < elements.size(); ++i)
+        if (!RestoreElement(elements[i], kind, i + 1 == elements.size())) return;
+}
+
+// False ends the walk. A row that is not found is skipped.
+bool Browser::RestoreElement(const std::string& element, const std::string& kind, bool last) {
+    const bool byDescriptor = kind == "XM" || kind == "FILE";
+    for (int row = 0; row < list_.ItemCount(); ++row) {
+        if (!builder_.Pulse()) return false;
+        const std::string text =
+            byDescriptor ? list_.GetFileNameListusercontrol(row) : list_.GetIndexFirstArray(row);
+        if (StartsWithNoCase(text, "SQL:SEARCH")) return false;
+        if (Trim(text) != element) continue;
+        list_.SelectItem(row);
+        if (!(last && kind == "PATH")) Choose();
+        return true;
+    }
+    return true;
+}
+
+} // namespace vk

@@ -1,0 +1,37 @@
+// The rows that stand above the folders of the media folder.
+#include "core/text.h"
+#include "library/browser/list_builder.h"
+#include "platform/files.h"
+
+#include <array>
+
+namespace vk {
+
+void ListBuilder::AddTopRows() {
+    static constexpr std::array<TopRow, 3> table = {{
+        {&ListBuilder::OffersDisc, &ListBuilder::AddDiscDrive},
+        {&ListBuilder::Always, &ListBuilder::AddRemovableDrives},
+        {&ListBuilder::OffersFavorites, &ListBuilder::AddFavorites},
+    }};
+    for (const TopRow& row : table)
+        if ((this->*row.condition)()) (this->*row.add)();
+}
+
+bool ListBuilder::OffersFavorites() const {
+    return FileExists(needs_.settings.File("favorites.m3u"));
+}
+
+void ListBuilder::AddDiscDrive() {
+    rows_.Add("Browse CD/DVD drive", "PATH:" + drives_.DiscDrive(), cdromPic);
+}
+
+void ListBuilder::AddRemovableDrives() {
+    for (const std::string& root : drives_.RemovableDrives())
+        rows_.Add("Browse Removable Drive " + ToUtf8(root), "PATH:" + root, hddpic);
+}
+
+void ListBuilder::AddFavorites() {
+    rows_.Add("Favorites", "FILE:" + needs_.settings.File("favorites.m3u"), playlistpic);
+}
+
+} // namespace vk

@@ -1,0 +1,17 @@
+#include "library/media_tags.h"
+
+#include "library/file_name_tag.h"
+#include "library/media_type.h"
+
+namespace vk {
+
+TagRecord MediaTags::GetDBTag(const std::string& path) const {
+    const int type = GetMediaType(app_, path);
+    if (type == MediaAudio) {
+        TagRecord tag = reader_.ReadTag(path);
+        if (!tag.Title.empty() || !tag.Artist.empty()) return tag;
+    }
+    return GetFileNameTag(path, type);
+}
+
+} // namespace vk
