@@ -1,5 +1,4 @@
-// The one top-level window. Screens are its children, stacked; it turns keys and the wheel into
-// calls.
+// The one top-level window. Screens are its children, stacked; it turns keys and the wheel into calls.
 #pragma once
 
 #include <QWidget>

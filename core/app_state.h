@@ -39,6 +39,8 @@ struct AppState {
     DBStateValue DBState = DBStateValue::Disabled;
     bool ListBusy = false; ///< a list is being rebuilt: input handlers ignore presses
     bool Dimmed = false;
+    bool InSuspend = false;      ///< from the suspend broadcast until the machine is back
+    bool SafeVolumeDone = false; ///< the loud level of the last run has been cut once
     std::string CurrentSkinFile; ///< the skin in use, "Torque.skn"
     int quitAttempts = 0;
 };

@@ -12,9 +12,10 @@ enum PlayModeValue : std::int32_t { PlayNone = 0, PlayFM = 1, PlayXM = 2, PlayAu
 /// One object a process, handed by reference to the menu, the browser and the player.
 struct AudioState {
     std::int32_t PlayMode = PlayNone;
-    std::string ListFile;            ///< full path of the list being played
-    std::int16_t CurrentTrack = 0;   ///< zero-based, the player process's own numbering
-    std::int16_t TrackToSelect = 1;  ///< one-based index wanted by whoever asked for the list
+    std::string ListFile; ///< full path of the list being played
+    /// Zero-based, the player process's own numbering. Lists can be longer than 16 bits count.
+    std::int32_t CurrentTrack = 0;
+    std::int32_t TrackToSelect = 1;  ///< one-based index wanted by whoever asked for the list
     std::int32_t PlayingIndex = -1;  ///< entry that the player process was last told to play
     bool bStartPlaying = false;      ///< the next LoadPlaylist also starts the sound
     bool bResuming = false;          ///< the next start seeks to ResumePosition

@@ -1,0 +1,307 @@
+#include "playback/audio/audio_player.h"
+
+#include "platform/files.h"
+#include "playback/audio/busy_guard.h"
+
+namespace vk {
+
+namespace {
+
+constexpr const char* FormName = "playmp3";
+constexpr int TickMs = 100;
+
+std::string ErrorIn(const char* operation) {
+    return std::string("Error occured in Playmp3.") + operation + " ";
+}
+
+} // namespace
+
+AudioPlayer::AudioPlayer(Needs needs)
+    : n_(std::move(needs)),
+      rows_({n_.list, n_.settings, n_.tagOf, [this] { n_.clock.DoEvents(); }}),
+      files_(
+          {n_.audio, n_.app, n_.winamp, n_.settings, n_.clock, n_.log, n_.view, rows_, n_.query}),
+      volume_({n_.mixer, n_.settings, n_.app, n_.clock, n_.view}),
+      Timer2(n_.clock.MakeTimer([this] { Timer2_Timer(); })) {}
+
+PlayerSource* AudioPlayer::Source(std::int32_t mode) {
+    if (mode == PlayAudio) return &files_;
+    return mode == PlayFM ? n_.fm : mode == PlayXM ? n_.xm : nullptr;
+}
+
+void AudioPlayer::WithSource(const char* where,
+                             const std::function<void(PlayerSource&)>& operation) {
+    TrapAndLog(n_.report, ErrorIn(where), [&] {
+        if (PlayerSource* source = Source()) operation(*source);
+    });
+}
+
+// Entering and leaving ---------------------------------------------------------------------------
+
+void AudioPlayer::Enter() {
+    bInPlayer = false;
+    n_.screens.CurrentForm = FormName;
+    RefreshClock();
+    n_.view.ShowListTitle(n_.audio.ListTitle);
+    n_.view.ShowFrame(true);
+    n_.view.ShowAtFront();
+    n_.screens.HideOthers(FormName);
+}
+
+void AudioPlayer::Ready() {
+    held_.Press(HeldNone);
+    TickCount = 0;
+    bForceUpdate = true;
+    Timer2->Start(TickMs);
+    n_.view.ShowFrame(true);
+    bInPlayer = true;
+}
+
+void AudioPlayer::ReShow() {
+    TrapAndLog(n_.report, "There has been an error in playmp3.ReShow ", [&] {
+        const BusyGuard busy(n_.app.ListBusy);
+        Enter();
+        volume_.Enter();
+        if (n_.audio.bStartPlaying || n_.audio.ListFile != shownList_) LoadPlaylist();
+        SetMediaTypeIcon();
+        if (n_.audio.PlayMode == PlayAudio && FileLength(n_.audio.ListFile) > 0) ShowShuffle();
+        Ready();
+    });
+}
+
+void AudioPlayer::ReDisplay() {
+    TrapAndLog(n_.report, "Error in Playmp3.Redisplay ", [&] {
+        const BusyGuard busy(n_.app.ListBusy);
+        Enter();
+        ShowShuffle();
+        if (n_.audio.bStartPlaying) {
+            if (PlayerSource* source = Source()) source->LeaveScreen();
+            SilenceOtherSources();
+            n_.audio.bPaused = false;
+            n_.view.SetButton(PlayerButton::Pause, "pause.gif");
+            LoadPlaylist();
+        }
+        SetMediaTypeIcon();
+        Ready();
+    });
+}
+
+void AudioPlayer::SilenceOtherSources() {
+    if (n_.winamp.WinAMP_FindWindow()) n_.winamp.WinAMP_SCM(WinampStop);
+    for (const std::int32_t tuner : {PlayFM, PlayXM})
+        if (PlayerSource* source = Source(tuner); source && tuner != n_.audio.PlayMode)
+            source->Stop();
+}
+
+void AudioPlayer::LoadPlaylist() {
+    WithSource("LoadPlaylist", [&](PlayerSource& source) {
+        shownList_ = n_.audio.ListFile;
+        source.LoadPlaylist();
+    });
+}
+
+void AudioPlayer::SaveAudioData(std::int32_t mode) {
+    TrapAndLog(n_.report, ErrorIn("SaveAudioData"), [&] {
+        n_.settings.Write("audio_player", "Volume", std::to_string(volume_.Level()));
+        if (PlayerSource* source = Source(mode == PlayNone ? n_.audio.PlayMode : mode))
+            source->Save();
+    });
+}
+
+void AudioPlayer::switchingform() {
+    TrapAndLog(n_.report, ErrorIn("switchingform"), [&] {
+        const BusyGuard busy(n_.app.ListBusy);
+        Timer2->Stop();
+        held_.Press(HeldNone);
+        n_.view.ShowFrame(false);
+        n_.settings.Write("main", "LastPlayMode", std::to_string(n_.audio.PlayMode));
+        if (PlayerSource* source = Source()) source->LeaveScreen();
+    });
+}
+
+void AudioPlayer::doquit() {
+    TrapAndLog(n_.report, ErrorIn("doquit"), [&] {
+        n_.view.ShowLoading("");
+        if (!bInPlayer) return;
+        bInPlayer = false;
+        n_.view.ShowFrame(true);
+        n_.audio.bStartPlaying = false;
+        SaveAudioData();
+        if (PlayerSource* source = Source()) source->Stop();
+        switchingform();
+        n_.audio.PlayMode = PlayNone;
+        n_.audio.bPaused = false;
+        if (n_.screens.CurrentForm == FormName) n_.screens.Show("velkorandum");
+    });
+}
+
+void AudioPlayer::Swap() {
+    TrapAndLog(n_.report, ErrorIn("swap"), [&] {
+        if (!n_.screens.Find("playlists")) return;
+        const bool remembers = n_.audio.PlayMode == PlayAudio || n_.audio.PlayMode == PlayXM;
+        if (remembers) SaveAudioData();
+        n_.browser.ListMode = ListFromAudio;
+        n_.browser.CurrentPath = n_.settings.values.MediaDir;
+        n_.browser.RestoreHistory = remembers;
+        n_.browser.FromPlayer = true;
+        switchingform();
+        n_.screens.Show("playlists");
+    });
+}
+
+void AudioPlayer::Form_Unload(bool osShutdown) {
+    TrapAndLog(n_.report, ErrorIn("Form_Unload"), [&] {
+        if (osShutdown)
+            n_.log.WriteDebugLog("form unloaded by administrative request - os shutdown");
+        const BusyGuard busy(n_.app.ListBusy);
+        SaveAudioData();
+        Timer2->Stop();
+    });
+}
+
+void AudioPlayer::RefreshClock() {
+    const DateTime now = n_.clock.Now();
+    const std::string text = n_.locale.LongDate(now) + "    " + n_.locale.ShortTime(now);
+    if (text != clockText_) n_.view.ShowClock(text);
+    clockText_ = text;
+}
+
+// The sources' operations ------------------------------------------------------------------------
+
+void AudioPlayer::runok() {
+    WithSource("runok", [](PlayerSource& source) { source.runok(); });
+}
+
+void AudioPlayer::MoveAhead() {
+    WithSource("MoveAhead", [](PlayerSource& source) { source.MoveAhead(); });
+}
+
+void AudioPlayer::MoveBack() {
+    WithSource("MoveBack", [](PlayerSource& source) { source.MoveBack(); });
+}
+
+void AudioPlayer::Step(void (PlayerSource::*step)(), const char* where) {
+    WithSource(where, [&](PlayerSource& source) { (source.*step)(); });
+    n_.view.ShowLoading("");
+}
+
+void AudioPlayer::DoFF() {
+    bForceUpdate = true;
+    Step(&PlayerSource::DoFF, "DoFF");
+}
+
+void AudioPlayer::DoRW() {
+    bForceUpdate = true;
+    Step(&PlayerSource::DoRW, "DoRW");
+}
+
+void AudioPlayer::DoPlay() {
+    Step(&PlayerSource::DoPlay, "DoPlay");
+}
+
+void AudioPlayer::DoPause() {
+    Step(&PlayerSource::DoPause, "DoPause");
+}
+
+void AudioPlayer::UpdateScreen() {
+    WithSource("UpdateScreen", [](PlayerSource& source) { source.UpdateScreen(); });
+}
+
+void AudioPlayer::SetMediaTypeIcon() {
+    WithSource("SetMediaTypeIcon",
+               [&](PlayerSource& source) { n_.view.ShowMediaType(source.MediaTypeIcon()); });
+}
+
+// List, volume, shuffle --------------------------------------------------------------------------
+
+void AudioPlayer::MoveList(void (ListModel::*move)(), const char* where) {
+    TrapAndLog(n_.report, ErrorIn(where), [&] {
+        (n_.list.*move)();
+        ListMoved();
+    });
+}
+
+void AudioPlayer::ListMoved() {
+    rows_.ReadTagsOnPage();
+    n_.view.ReDrawList();
+}
+
+void AudioPlayer::MoveUp() {
+    MoveList(&ListModel::MoveUp, "MoveUp");
+}
+
+void AudioPlayer::MoveDown() {
+    MoveList(&ListModel::MoveDown, "MoveDown");
+}
+
+void AudioPlayer::PgUp() {
+    MoveList(&ListModel::PageUp, "PgUp");
+}
+
+void AudioPlayer::PgDn() {
+    MoveList(&ListModel::PageDown, "PgDn");
+}
+
+void AudioPlayer::VolUp() {
+    TrapAndLog(n_.report, ErrorIn("volup"), [&] { volume_.VolUp(); });
+}
+
+void AudioPlayer::VolDown() {
+    TrapAndLog(n_.report, ErrorIn("voldown"), [&] { volume_.VolDown(); });
+}
+
+void AudioPlayer::domute() {
+    TrapAndLog(n_.report, ErrorIn("domute"), [&] { volume_.domute(); });
+}
+
+// Any number but 0 is "on": other programs write -1.
+static bool ReadShuffle(SettingsStore& settings, std::string& text) {
+    text = settings.ini().ReadText(settings.File("winamp.ini"), "winamp", "shuffle");
+    return ConvertIniText(text, IniType::Long, ".").Long() != 0;
+}
+
+void AudioPlayer::ShowShuffle() {
+    std::string text;
+    n_.audio.bShuffle = ReadShuffle(n_.settings, text);
+    n_.log.WriteDebugLog("winamp.ini shuffle=" + text);
+    n_.view.ShowShuffle(n_.audio.bShuffle);
+    n_.view.SetButton(PlayerButton::Shuffle, n_.audio.bShuffle ? "shufflesel.gif" : "shuffle.gif");
+}
+
+void AudioPlayer::setshuffle() {
+    TrapAndLog(n_.report, ErrorIn("setshuffle"), [&] {
+        std::string text;
+        const bool on = !ReadShuffle(n_.settings, text);
+        n_.winamp.WinAMP_SCM(WinampToggleShuffle);
+        n_.audio.bShuffle = on;
+        n_.view.ShowShuffle(on);
+        n_.view.SetButton(PlayerButton::Shuffle, on ? "shufflesel.gif" : "shuffle.gif");
+        n_.settings.ini().WriteINI(n_.settings.File("winamp.ini"), "winamp", "shuffle",
+                                   on ? "1" : "0");
+    });
+}
+
+void AudioPlayer::TrackTimeLabel_Click() {
+    TrapAndLog(n_.report, ErrorIn("TrackTimeLabel_Click"), [&] {
+        bool& elapsed = n_.settings.values.ShowElapsedTime;
+        elapsed = !elapsed;
+        n_.settings.WriteBool("audio_player", "ShowElapsedTime", elapsed);
+        if (n_.audio.PlayMode == PlayAudio) files_.ShowTrackTime();
+    });
+}
+
+void AudioPlayer::Wheel(int delta) {
+    if (delta == 0) return;
+    const bool up = delta > 0;
+    if (n_.settings.values.MouseFunction == 1) {
+        for (std::int32_t i = 0; i < n_.settings.values.MouseIncrement; ++i)
+            up ? VolUp() : VolDown();
+    } else if (n_.audio.PlayMode == PlayFM) {
+        WithSource(up ? "FineTuneUp" : "FineTuneDown",
+                   [&](PlayerSource& source) { up ? source.DoFF() : source.DoRW(); });
+    } else {
+        up ? MoveUp() : MoveDown();
+    }
+}
+
+} // namespace vk

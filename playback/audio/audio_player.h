@@ -1,0 +1,146 @@
+// The audio player screen's logic: entering and leaving it, its 100 ms timer, and its operations,
+// which go to the source in use.
+#pragma once
+
+#include "core/app_state.h"
+#include "core/debug_log.h"
+#include "core/error_report.h"
+#include "core/screens.h"
+#include "core/settings.h"
+#include "input/key_map.h"
+#include "library/browser_state.h"
+#include "platform/clock.h"
+#include "platform/locale_info.h"
+#include "platform/mixer.h"
+#include "platform/volumes.h"
+#include "platform/window_layer.h"
+#include "playback/audio/file_source.h"
+#include "playback/audio/held_buttons.h"
+#include "playback/audio/player_view.h"
+#include "playback/audio/player_volume.h"
+#include "playback/audio/track_rows.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace vk {
+
+/// Every operation logs what fails in it and leaves the screen as it is.
+class AudioPlayer {
+  public:
+    struct Needs {
+        AudioState& audio;
+        BrowserState& browser;
+        AppState& app;
+        cWinamp& winamp;
+        SettingsStore& settings;
+        const KeyMap& keys;
+        Clock& clock;
+        const LocaleInfo& locale;
+        const Volumes& volumes;
+        WindowLayer& window;
+        Screens& screens;
+        const DebugLog& log;
+        ErrorReport& report;
+        ListModel& list;
+        PlayerView& view;
+        TagOfFile tagOf;
+        CatalogueQuery query = {};  ///< empty without a catalogue
+        Mixer* mixer = nullptr;     ///< null without a sound card's mixer
+        PlayerSource* fm = nullptr; ///< null without an FM tuner
+        PlayerSource* xm = nullptr; ///< null without a satellite receiver
+        /// Parts that may be missing.
+        std::function<void()> checkDaylight = {}; ///< every tick: day or night skin
+        std::function<void()> loadGPS = {};
+        std::function<void()> powerAction = {};
+    };
+    explicit AudioPlayer(Needs needs);
+
+    /// Entry with `PlayMode` already set by the caller.
+    void ReShow();
+    /// Entry from the media browser, which has set the list unless nothing was chosen.
+    void ReDisplay();
+    void LoadPlaylist();
+    /// Saves the state of `mode`, of the present `PlayMode` when it is 0.
+    void SaveAudioData(std::int32_t mode = PlayNone);
+    void switchingform();
+    /// Stops the source and goes back to the main menu.
+    void doquit();
+    /// Leaves for the media browser; the sound goes on.
+    void Swap();
+    /// The screen goes; `osShutdown` when the operating system closes it.
+    void Form_Unload(bool osShutdown);
+
+    void runok();
+    void MoveAhead();
+    void MoveBack();
+    void MoveUp();
+    void MoveDown();
+    void PgUp();
+    void PgDn();
+    void VolUp();
+    void VolDown();
+    void domute();
+    void DoFF();
+    void DoRW();
+    void DoPlay();
+    void DoPause();
+    void setshuffle();
+    void UpdateScreen();
+    void SetMediaTypeIcon();
+    /// Acts on a key, a decimal virtual-key code; true when it was used.
+    bool Form_KeyDown(const std::string& code);
+    /// The wheel: positive is up.
+    void Wheel(int delta);
+    /// A touch of the time label: the time gone or the time left.
+    void TrackTimeLabel_Click();
+
+    /// A button or list strip is pressed, and let go again.
+    void Press(HeldAction action);
+    void Release();
+    /// Brings the window to the front once a second for that many seconds.
+    void BringToFront(int seconds) { pendingForeground_ += seconds; }
+    /// Tags of rows that a touch has moved onto the page, then the drawing.
+    void ListMoved();
+
+    /// The 100 ms tick.
+    void Timer2_Timer();
+
+  private:
+    struct Key;
+    static const Key Keys[];
+
+    PlayerSource* Source(std::int32_t mode);
+    PlayerSource* Source() { return Source(n_.audio.PlayMode); }
+    void WithSource(const char* where, const std::function<void(PlayerSource&)>& operation);
+    void MoveList(void (ListModel::*move)(), const char* where);
+    void Step(void (PlayerSource::*step)(), const char* where);
+    void Enter();
+    void Ready();
+    void ShowShuffle();
+    void SilenceOtherSources();
+    void RefreshClock();
+    void Tick();
+    void FirstTick();
+    void ServeHeldButton();
+    void DoHeld(HeldAction action);
+    bool DiscIsGone() const;
+    void KeepInFront();
+
+    Needs n_;
+    TrackRows rows_;
+    FileSource files_;
+    PlayerVolume volume_;
+    HeldButtons held_;
+    std::unique_ptr<Timer> Timer2;
+    std::string clockText_;
+    std::string shownList_; ///< the list file that the rows come from
+    int TickCount = 0;      ///< ticks since the last full second, 0 to 10
+    int pendingForeground_ = 0;
+    bool bForceUpdate = false;
+    bool bInPlayer = false;
+    bool ticking_ = false;
+};
+
+} // namespace vk

@@ -1,0 +1,234 @@
+#include "playback/audio/file_source.h"
+
+#include "core/text.h"
+#include "platform/files.h"
+#include "playback/audio/busy_guard.h"
+
+#include <algorithm>
+
+namespace vk {
+
+namespace {
+
+constexpr int PlayPolls = 100;
+constexpr int PollMs = 50;
+
+} // namespace
+
+FileSource::FileSource(Needs needs)
+    : n_(std::move(needs)), position_(n_.winamp, n_.clock, n_.app.InSuspend),
+      saved_({n_.audio, n_.winamp, n_.settings, n_.clock, position_}) {}
+
+void FileSource::LoadPlaylist() {
+    const BusyGuard busy(n_.app.ListBusy);
+    n_.audio.CurrentTrack = n_.audio.TrackToSelect - 1;
+    if (!FileExists(n_.audio.ListFile)) return UpdateScreen();
+    ReadList();
+    if (n_.audio.bStartPlaying) return StartPlaying();
+    Select(n_.audio.CurrentTrack);
+    UpdateScreen();
+}
+
+void FileSource::Select(std::int32_t index) {
+    n_.rows.Select(index);
+    n_.view.ReDrawList();
+}
+
+void FileSource::ReadList() {
+    n_.view.ShowLoading("Loading");
+    TrackListNeeds needs;
+    needs.query = n_.query;
+    needs.log = [this](const std::string& text) { n_.log.WriteDebugLog(text); };
+    needs.progress = [this](int percent) {
+        n_.view.ShowLoading("Loading " + std::to_string(percent) + "%");
+        n_.clock.DoEvents();
+    };
+    TrackList list = ReadTrackList(n_.audio.ListFile, n_.audio.TrackToSelect, needs);
+    if (list.wantedMissing) n_.audio.bResuming = false;
+    if (n_.audio.ListTitle.empty()) n_.audio.ListTitle = list.title;
+    const auto last = static_cast<std::int32_t>(list.tracks.size()) - 1;
+    n_.audio.CurrentTrack = std::clamp(n_.audio.CurrentTrack, 0, std::max(0, last));
+    n_.rows.Load(std::move(list.tracks), n_.audio.CurrentTrack);
+    n_.view.ShowListTitle(n_.audio.ListTitle);
+    n_.view.ShowLoading("");
+}
+
+// The order of the messages is what the player process relies on: it must have stopped and emptied
+// its list before the new one comes in, and the entry is chosen in the new list.
+void FileSource::StartPlaying() {
+    Select(n_.audio.CurrentTrack);
+    n_.audio.PlayingIndex = n_.audio.CurrentTrack;
+    n_.audio.bStartPlaying = false;
+    Unpause();
+    Command(WinampStop);
+    n_.winamp.WinAMP_ClearPlaylist();
+    n_.winamp.WinAMP_OpenFile(n_.audio.ListFile);
+    n_.winamp.WinAMP_loadtracknum(n_.audio.CurrentTrack);
+    Command(WinampPlay);
+    if (!WaitForPlay()) return;
+    Resume();
+    UpdateScreen();
+}
+
+// Events run in here: the user may have left the player before it answers.
+bool FileSource::WaitForPlay() {
+    const std::string list = n_.audio.ListFile;
+    for (int count = 1;; ++count) {
+        n_.clock.DoEvents();
+        n_.clock.Sleep(PollMs);
+        if (n_.audio.PlayMode != PlayAudio || n_.audio.ListFile != list) return false;
+        if (n_.winamp.WinAMP_GetStatus() == "1") return true;
+        if (count < PlayPolls) continue;
+        n_.log.WriteDebugLog("Winamp did not respond to play request in playmp3 form load");
+        return false;
+    }
+}
+
+void FileSource::Resume() {
+    const bool seeks = n_.audio.bResuming && n_.audio.ResumePosition != 0;
+    n_.audio.bResuming = false;
+    if (seeks) {
+        const std::string seconds = std::to_string(n_.audio.ResumePosition);
+        n_.winamp.WinAMP_SeekToPosition(n_.audio.ResumePosition);
+        n_.log.WriteDebugLog("resume to position " + seconds + " of current track");
+    }
+    saved_.Started(seeks ? n_.audio.ResumePosition : 0);
+}
+
+void FileSource::UpdateScreen() {
+    const Track* track = n_.rows.Find(n_.audio.CurrentTrack);
+    bitRateKnown_ = true;
+    if (track && !track->IsDiscTrack()) {
+        position_.NewTrack();
+        bitRateKnown_ = false;
+    }
+    n_.view.ShowArtist(track ? track->artist : "");
+    n_.view.ShowTitle(track ? track->title : "");
+    n_.view.ShowBitRate("");
+    if (!bitRateKnown_) ShowBitRate();
+}
+
+// A track that has just been started may not have told its rate yet.
+void FileSource::ShowBitRate() {
+    const std::string rate = n_.winamp.WinAmp_GetBitRate();
+    bitRateKnown_ = ParseInteger(rate).value_or(0) > 0;
+    if (bitRateKnown_) n_.view.ShowBitRate(rate + " KB/s");
+}
+
+void FileSource::runok() {
+    const std::int32_t selected = n_.rows.Selected();
+    if (!n_.rows.Find(selected)) return;
+    n_.audio.CurrentTrack = selected;
+    if (n_.audio.bPaused) {
+        Unpause();
+        Command(WinampPlay);
+    }
+    if (selected == n_.audio.PlayingIndex) {
+        Command(WinampPlay);
+        return position_.Forget();
+    }
+    n_.audio.TrackToSelect = selected + 1;
+    n_.winamp.WinAMP_loadtracknum(selected);
+    Command(WinampPlay);
+    Select(selected);
+    UpdateScreen();
+    n_.audio.PlayingIndex = selected;
+    position_.Forget();
+    saved_.TrackChanged();
+}
+
+void FileSource::SkipTo(std::int32_t command) {
+    Command(command);
+    n_.audio.CurrentTrack = n_.winamp.WinAMP_gettracknum();
+    n_.audio.TrackToSelect = n_.audio.PlayingIndex = n_.audio.CurrentTrack;
+    // A skip out of the pause may have ended it.
+    if (n_.audio.bPaused && n_.winamp.WinAMP_GetStatus() == "1") Unpause();
+    Select(n_.audio.CurrentTrack);
+    UpdateScreen();
+    saved_.TrackChanged();
+}
+
+void FileSource::MoveAhead() {
+    SkipTo(WinampNext);
+}
+
+void FileSource::MoveBack() {
+    SkipTo(WinampPrevious);
+}
+
+void FileSource::ShortPress(bool ahead) {
+    ahead ? MoveAhead() : MoveBack();
+}
+
+void FileSource::DoFF() {
+    position_.Stepped();
+    n_.winamp.WinAMP_FF();
+}
+
+void FileSource::DoRW() {
+    position_.Stepped();
+    n_.winamp.WinAMP_RW();
+}
+
+void FileSource::DoPlay() {
+    if (!n_.audio.bPaused) return runok();
+    Unpause();
+    Command(WinampPlay);
+}
+
+void FileSource::DoPause() {
+    if (n_.audio.bPaused) {
+        Command(WinampPlay);
+        return Unpause();
+    }
+    Command(WinampPause);
+    n_.view.SetButton(PlayerButton::Pause, "play.gif");
+    n_.audio.bPaused = true;
+    saved_.SaveProgress();
+}
+
+void FileSource::Unpause() {
+    n_.audio.bPaused = false;
+    n_.view.SetButton(PlayerButton::Pause, "pause.gif");
+}
+
+void FileSource::EverySecond() {
+    if (n_.app.ListBusy) return; // a list is on its way to the player process
+    position_.Refresh(n_.audio.bPaused);
+    ShowTrackTime();
+    if (!bitRateKnown_) ShowBitRate();
+    FollowTrack();
+}
+
+// There is no end-of-track event: the player process goes on by itself.
+void FileSource::FollowTrack() {
+    const std::int32_t track = n_.winamp.WinAMP_gettracknum();
+    if (track == n_.audio.CurrentTrack) return;
+    n_.audio.CurrentTrack = n_.audio.PlayingIndex = n_.audio.TrackToSelect = track;
+    Select(track);
+    UpdateScreen();
+    saved_.TrackChanged();
+}
+
+void FileSource::ShowTrackTime() {
+    n_.view.ShowTrackTime(position_.TrackTime(n_.settings.values.ShowElapsedTime));
+}
+
+void FileSource::Save() {
+    saved_.SaveAll();
+    n_.log.WriteDebugLog("saved audio data");
+}
+
+void FileSource::Stop() {
+    saved_.Stop();
+    n_.winamp.WinAMP_ClearPlaylist();
+    Command(WinampStop);
+}
+
+std::string FileSource::MediaTypeIcon() const {
+    if (!n_.audio.OnDisc()) return "mp3icon.gif";
+    const Track* track = n_.rows.Find(n_.audio.CurrentTrack);
+    return track && track->IsDiscTrack() ? "cdicon.gif" : "mp3icon.gif";
+}
+
+} // namespace vk

@@ -1,0 +1,70 @@
+// Audio files as a source of the player: the list and the transport of the player process.
+#pragma once
+
+#include "core/app_state.h"
+#include "playback/audio/player_source.h"
+#include "playback/audio/player_view.h"
+#include "playback/audio/position_clock.h"
+#include "playback/audio/saved_state.h"
+#include "playback/audio/track_rows.h"
+#include "playback/audio_state.h"
+#include "playback/c_winamp.h"
+
+#include <cstdint>
+
+namespace vk {
+
+class FileSource : public PlayerSource {
+  public:
+    struct Needs {
+        AudioState& audio;
+        AppState& app;
+        cWinamp& winamp;
+        SettingsStore& settings;
+        Clock& clock;
+        const DebugLog& log;
+        PlayerView& view;
+        TrackRows& rows;
+        CatalogueQuery query; ///< empty without a catalogue
+    };
+    explicit FileSource(Needs needs);
+
+    void LoadPlaylist() override;
+    void UpdateScreen() override;
+    void runok() override;
+    void MoveAhead() override;
+    void MoveBack() override;
+    void ShortPress(bool ahead) override;
+    void DoFF() override;
+    void DoRW() override;
+    void DoPlay() override;
+    void DoPause() override;
+    void Tick() override {}
+    void EverySecond() override;
+    void LeaveScreen() override { position_.Forget(); }
+    void Save() override;
+    void Stop() override;
+    std::string MediaTypeIcon() const override;
+
+    /// The time label anew.
+    void ShowTrackTime();
+
+  private:
+    void ReadList();
+    void Select(std::int32_t index);
+    void StartPlaying();
+    bool WaitForPlay();
+    void Resume();
+    void Command(std::int32_t id) { n_.winamp.WinAMP_SCM(id); }
+    void SkipTo(std::int32_t command);
+    void Unpause();
+    void FollowTrack();
+    void ShowBitRate();
+
+    Needs n_;
+    PositionClock position_;
+    SavedState saved_;
+    bool bitRateKnown_ = true;
+};
+
+} // namespace vk

@@ -1,0 +1,29 @@
+#include "playback/audio/held_buttons.h"
+
+namespace vk {
+
+void HeldButtons::Press(HeldAction action) {
+    RepeatAction = action;
+    RepeatCount = 0;
+}
+
+HeldAction HeldButtons::Tick(std::int32_t repeatAfter) {
+    if (RepeatAction == HeldVolUp || RepeatAction == HeldVolDown) {
+        ++RepeatCount;
+        return RepeatAction;
+    }
+    if (RepeatAction == HeldNone || RepeatCount >= repeatAfter) return RepeatAction;
+    const bool scrolls = RepeatAction == HeldScrollUp || RepeatAction == HeldScrollDown;
+    const bool first = RepeatCount++ == 0;
+    return scrolls && first ? RepeatAction : HeldNone;
+}
+
+bool HeldButtons::Release(std::int32_t repeatAfter) {
+    const bool volume = RepeatAction == HeldVolUp || RepeatAction == HeldVolDown;
+    const bool click = volume ? RepeatCount == 0 : RepeatCount < repeatAfter;
+    RepeatAction = HeldNone;
+    RepeatCount = 0;
+    return click;
+}
+
+} // namespace vk

@@ -1,0 +1,127 @@
+#include "playback/audio/player_volume.h"
+
+#include <algorithm>
+#include <cmath>
+#include <string>
+
+namespace vk {
+
+namespace {
+
+constexpr std::int32_t ScaleSteps = 50;
+constexpr int ShownSeconds = 4;
+constexpr const char* Caption = "      Volume : ";
+
+} // namespace
+
+std::int32_t PlayerVolume::Level() const {
+    return n_.mixer ? n_.mixer->Level(MixerLine::Master) : 0;
+}
+
+std::int32_t PlayerVolume::Max() const {
+    return n_.mixer->Max(MixerLine::Master);
+}
+
+void PlayerVolume::SetLevel(std::int32_t level) {
+    n_.mixer->SetLevel(MixerLine::Master, level);
+}
+
+void PlayerVolume::FollowWave() {
+    if (!n_.settings.values.AdjMainVol) n_.mixer->SetLevel(MixerLine::Wave, Level());
+}
+
+std::int32_t PlayerVolume::SafeLevel(std::int32_t wanted) const {
+    const Settings& s = n_.settings.values;
+    if (!s.safevolume || n_.app.SafeVolumeDone) return wanted;
+    return std::min(wanted, static_cast<std::int32_t>(std::int64_t{Max()} * s.safevol_value / 100));
+}
+
+void PlayerVolume::Enter() {
+    if (!n_.mixer) return;
+    VolumeStep = std::max(1, Max() / ScaleSteps);
+    if (n_.settings.values.UseSplitVolume) {
+        const auto wanted = n_.settings.Read("audio_player", "Volume", IniType::Long).Long();
+        FollowWave();
+        SetLevel(SafeLevel(wanted));
+    } else if (const auto safe = SafeLevel(Level()); safe != Level()) {
+        SetLevel(safe);
+    }
+    n_.app.SafeVolumeDone = true;
+}
+
+bool PlayerVolume::Locked() const {
+    return !n_.mixer || bMuteInProgress || n_.mixer->Mute(MixerLine::Master);
+}
+
+void PlayerVolume::VolUp() {
+    if (Locked() || Level() >= Max() * 0.99) return;
+    showvol();
+    SetLevel(std::min(Level() + VolumeStep, Max()));
+    FollowWave();
+    ShowPercent();
+}
+
+void PlayerVolume::VolDown() {
+    if (Locked()) return;
+    showvol();
+    SetLevel(Level() > VolumeStep ? Level() - VolumeStep : 0);
+    FollowWave();
+    ShowPercent();
+}
+
+void PlayerVolume::showvol() {
+    VolumeShownAt = static_cast<std::int32_t>(n_.clock.Now().SecondsOfDay());
+    shown_ = true;
+}
+
+void PlayerVolume::ShowPercent() {
+    const double percent = Max() > 0 ? 100.0 * Level() / Max() : 0;
+    n_.view.ShowVolume(Caption + std::to_string(std::lround(percent)) + "%");
+}
+
+void PlayerVolume::HideWhenOld(bool held) {
+    if (!shown_ || held || bMuteInProgress) return;
+    const int age = static_cast<int>(n_.clock.Now().SecondsOfDay()) - VolumeShownAt;
+    // Negative after midnight.
+    if (age >= 0 && age <= ShownSeconds) return;
+    shown_ = false;
+    n_.view.ShowVolume("");
+}
+
+void PlayerVolume::Ramp(std::int32_t target) {
+    while (Level() != target) {
+        const std::int32_t before = Level();
+        SetLevel(before < target ? std::min(before + VolumeStep, target)
+                                 : std::max(before - VolumeStep, target));
+        n_.clock.Sleep(std::max(1, n_.settings.values.mutespeed));
+        ShowPercent();
+        // A card with coarse steps may not reach the level to the unit.
+        if (Level() == before) return;
+    }
+}
+
+void PlayerVolume::FadeOut() {
+    storedLevel_ = Level();
+    Ramp(0);
+    n_.mixer->SetMute(MixerLine::Master, true);
+    n_.view.ShowVolume(std::string(Caption) + "Muted");
+    bMuted = true;
+}
+
+void PlayerVolume::FadeIn() {
+    n_.mixer->SetMute(MixerLine::Master, false);
+    Ramp(storedLevel_);
+    ShowPercent();
+    FollowWave();
+    bMuted = false;
+}
+
+void PlayerVolume::domute() {
+    if (!n_.mixer || bMuteInProgress || (!bMuted && Level() == 0)) return;
+    bMuteInProgress = true;
+    showvol();
+    bMuted ? FadeIn() : FadeOut();
+    bMuteInProgress = false;
+}
+
+} // namespace vk

@@ -1,0 +1,61 @@
+// Loudness, as the audio player's keys and buttons change it: through the sound card's lines, never
+// through the player process.
+#pragma once
+
+#include "core/app_state.h"
+#include "core/settings.h"
+#include "platform/clock.h"
+#include "platform/mixer.h"
+#include "playback/audio/player_view.h"
+
+#include <cstdint>
+
+namespace vk {
+
+/// Without a mixer every operation does nothing and the display is left alone.
+class PlayerVolume {
+  public:
+    struct Needs {
+        Mixer* mixer; ///< null when there is none
+        SettingsStore& settings;
+        AppState& app;
+        Clock& clock;
+        PlayerView& view;
+    };
+    explicit PlayerVolume(Needs needs) : n_(needs) {}
+
+    /// The player is entered: the step is a fiftieth of the scale, and a loud level is cut to the
+    /// safe one, once a run.
+    void Enter();
+    void VolUp();
+    void VolDown();
+    /// Fades out and mutes, or fades in again, a step each `mutespeed` milliseconds. The screen
+    /// stands still meanwhile.
+    void domute();
+    /// Once a second: hides the text after 4 seconds unless a volume button is held.
+    void HideWhenOld(bool held);
+    /// `VolumeLevel` in the card's units, 0 without a mixer.
+    std::int32_t Level() const;
+
+  private:
+    std::int32_t Max() const;
+    void SetLevel(std::int32_t level);
+    void FollowWave();
+    std::int32_t SafeLevel(std::int32_t wanted) const;
+    bool Locked() const;
+    void showvol();
+    void ShowPercent();
+    void Ramp(std::int32_t target);
+    void FadeOut();
+    void FadeIn();
+
+    Needs n_;
+    std::int32_t VolumeStep = 1;
+    std::int32_t storedLevel_ = 0;
+    std::int32_t VolumeShownAt = 0; ///< whole seconds of the timer value
+    bool shown_ = false;
+    bool bMuted = false;
+    bool bMuteInProgress = false;
+};
+
+} // namespace vk

@@ -1,0 +1,40 @@
+#include "playback/audio/position_clock.h"
+
+#include "core/time_of_day.h"
+
+#include <cmath>
+
+namespace vk {
+
+void PositionClock::SetPosition(double seconds) {
+    if (!suspended_) dPosition = seconds;
+}
+
+void PositionClock::NewTrack() {
+    Forget();
+    dLength = 0;
+}
+
+void PositionClock::Refresh(bool paused) {
+    if (paused) return Forget();
+    if (!Known() || dLength <= dPosition || bResync) return Synchronise();
+    // At midnight the timer value falls to 0 and the position turns negative: the next second asks
+    // the player process again.
+    const auto now = static_cast<float>(clock_.Now().SecondsOfDay());
+    SetPosition(std::nearbyint(now - static_cast<float>(dStartTime)));
+}
+
+void PositionClock::Synchronise() {
+    dStartTime = clock_.Now().SecondsOfDay();
+    SetPosition(winamp_.WinAMP_GetTrackPosition());
+    dStartTime -= dPosition;
+    dLength = winamp_.WinAMP_GetTrackLength() - 1;
+}
+
+std::string PositionClock::TrackTime(bool elapsed) const {
+    const double left = dLength - dPosition;
+    if (left <= 0 && dLength <= 0) return "TrackTime: -:--";
+    return "TrackTime: " + SetTimeFormat(std::lround(elapsed ? dPosition : left));
+}
+
+} // namespace vk

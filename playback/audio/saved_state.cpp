@@ -1,0 +1,70 @@
+#include "playback/audio/saved_state.h"
+
+#include <string>
+
+namespace vk {
+
+namespace {
+
+constexpr int SaveEveryMs = 15000;
+
+} // namespace
+
+SavedState::SavedState(Needs needs)
+    : n_(needs), timer_(needs.clock.MakeTimer([this] { SaveProgress(); })) {}
+
+void SavedState::Started(std::int32_t position) {
+    WriteList();
+    WriteProgress({n_.audio.CurrentTrack, position});
+    timer_->Start(SaveEveryMs);
+}
+
+void SavedState::TrackChanged() {
+    WriteProgress({n_.audio.CurrentTrack, 0});
+}
+
+void SavedState::SaveProgress() {
+    if (const auto progress = Asked()) WriteProgress(*progress);
+}
+
+std::optional<SavedState::Progress> SavedState::Asked() {
+    if (n_.winamp.WinAMP_GetStatus() == "0") return std::nullopt;
+    const std::int32_t position = n_.winamp.WinAMP_GetTrackPosition();
+    if (position < 0) return std::nullopt;
+    return Progress{n_.winamp.WinAMP_gettracknum(), position};
+}
+
+// The stopwatch where it runs. Where it does not (paused, another screen in front) the player
+// process is asked; when that has gone too, what was written last is still the best that is known.
+SavedState::Progress SavedState::Now() {
+    if (n_.position.Known())
+        return {n_.audio.CurrentTrack, static_cast<std::int32_t>(n_.position.Position())};
+    if (const auto progress = Asked()) return *progress;
+    if (written_ && written_->track == n_.audio.CurrentTrack) return *written_;
+    return {n_.audio.CurrentTrack, 0};
+}
+
+// The position goes first: when the power fails between the two writes, the old track starts a
+// little off instead of the new one in its middle.
+void SavedState::WriteProgress(const Progress& progress) {
+    if (written_ == progress) return;
+    n_.settings.Write("audio_player", "CurrentPosition", std::to_string(progress.position));
+    n_.settings.Write("audio_player", "CurrentTrack", std::to_string(progress.track));
+    written_ = progress;
+}
+
+void SavedState::WriteList() {
+    n_.settings.Write("audio_player", "CurrentPlaylist", n_.audio.ListFile);
+    n_.settings.Write("audio_player", "VolumeSerial", std::to_string(n_.audio.VolumeSerial));
+}
+
+void SavedState::SaveAll() {
+    const Progress progress = Now();
+    written_.reset();
+    WriteProgress(progress);
+    WriteList();
+    n_.settings.ini().WriteINI(n_.settings.File("winamp.ini"), "winamp", "Shuffle",
+                               n_.audio.bShuffle ? "1" : "0");
+}
+
+} // namespace vk

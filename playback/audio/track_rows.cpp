@@ -1,0 +1,99 @@
+#include "playback/audio/track_rows.h"
+
+#include "core/text.h"
+#include "library/file_name_tag.h"
+#include "library/media_type.h"
+#include "platform/paths.h"
+
+#include <algorithm>
+
+namespace vk {
+
+namespace {
+
+constexpr std::int32_t TagsAPulse = 20;
+
+const char* RowPicture(const std::string& path) {
+    const std::string extension = ToLower(ExtensionOf(path));
+    if (extension == "wma") return "wmafile.gif";
+    if (extension == "cda") return "audiocd.gif";
+    return "mp3.gif";
+}
+
+} // namespace
+
+void TrackRows::Load(std::vector<Track> tracks, std::int32_t selected) {
+    tracks_ = std::move(tracks);
+    ListModel& list = n_.list;
+    list.ClearAllArrays();
+    list.numberedList = n_.settings.values.numberedList;
+    list.HideDupes = n_.settings.values.hideDupeArtist;
+    if (list.HideDupes) ReadTagsForDuplicates();
+    for (std::int32_t i = 0; i < Count(); ++i)
+        AddRow(i);
+    list.iSelected = selected;
+    list.iHighlight = -1;
+    list.LoadList();
+    ReadTagsOnPage();
+}
+
+// The rule for the artist that all rows share needs every row's artist, but only as long as no two
+// differ: in most lists the second tag settles it.
+void TrackRows::ReadTagsForDuplicates() {
+    for (std::int32_t i = 0; i < Count(); ++i) {
+        if (WithTag(i).artist != tracks_.front().artist) return;
+        if (i % TagsAPulse == TagsAPulse - 1 && n_.pulse) n_.pulse();
+    }
+}
+
+std::string TrackRows::FirstText(std::int32_t index) const {
+    const Track& track = tracks_[static_cast<std::size_t>(index)];
+    std::string text;
+    if (n_.settings.values.numberedList) text = std::to_string(index + 1) + " - ";
+    if (track.artist.empty()) return text + track.title;
+    return text + track.artist + (track.title.empty() ? "" : " - ");
+}
+
+void TrackRows::AddRow(std::int32_t index) {
+    const Track& track = tracks_[static_cast<std::size_t>(index)];
+    n_.list.AddItem(FirstText(index), track.artist.empty() ? "" : track.title, track.path,
+                    RowPicture(track.path));
+}
+
+Track& TrackRows::WithTag(std::int32_t index) {
+    Track& track = tracks_[static_cast<std::size_t>(index)];
+    if (track.tagged) return track;
+    TagRecord tag = n_.tagOf ? n_.tagOf(track.path) : TagRecord{};
+    if (tag.Artist.empty() && tag.Title.empty()) tag = GetFileNameTag(track.path, MediaAudio);
+    track.artist = tag.Artist;
+    track.title = tag.Title;
+    track.tagged = true;
+    return track;
+}
+
+const Track* TrackRows::Find(std::int32_t index) {
+    return index >= 0 && index < Count() ? &WithTag(index) : nullptr;
+}
+
+void TrackRows::ReadTagsOnPage() {
+    ListModel& list = n_.list;
+    const std::int32_t end = std::min(Count(), list.GetLastItemNumber() + 1);
+    for (std::int32_t i = std::max(0, list.GetFirstItemNumber()); i < end; ++i) {
+        const Track& track = WithTag(i);
+        list.RplartistListItem(i, FirstText(i));
+        list.RplTitleListItem(i, track.artist.empty() ? "" : track.title);
+    }
+}
+
+void TrackRows::Select(std::int32_t index) {
+    if (index < 0 || index >= Count()) return;
+    ListModel& list = n_.list;
+    list.iHighlight = index;
+    list.SelectItem(index);
+    // A jump from outside the page stops one row short of the selection.
+    if (list.iMaxVis > 0 && index >= list.GetLastItemNumber())
+        list.iFirstVisible = index - list.iMaxVis + 1;
+    ReadTagsOnPage();
+}
+
+} // namespace vk

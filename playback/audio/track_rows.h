@@ -1,0 +1,54 @@
+// The player's tracks as rows of its list control.
+#pragma once
+
+#include "core/settings.h"
+#include "library/tag_record.h"
+#include "playback/audio/track_list.h"
+#include "skin/list_model.h"
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace vk {
+
+/// The tag of an existing file; never fails.
+using TagOfFile = std::function<TagRecord(const std::string& path)>;
+
+/// Fills the list and keeps the tracks behind its rows. Reading the tags of a long list takes
+/// minutes, so a tag is read when its row comes onto the page on show, before it is drawn there:
+/// what is seen is the same as with all tags read first.
+class TrackRows {
+  public:
+    struct Needs {
+        ListModel& list;
+        SettingsStore& settings;
+        TagOfFile tagOf;
+        std::function<void()> pulse; ///< called now and then where many tags must be read at once
+    };
+    explicit TrackRows(Needs needs) : n_(std::move(needs)) {}
+
+    /// Replaces all rows; `selected` is an entry of them.
+    void Load(std::vector<Track> tracks, std::int32_t selected);
+    /// Selects an entry and marks it as the one that plays; an index without entry changes nothing.
+    void Select(std::int32_t index);
+    /// Reads the tags of the page on show; to be called when the page has moved.
+    void ReadTagsOnPage();
+
+    /// The track at `index` with its tag; null when there is none.
+    const Track* Find(std::int32_t index);
+    std::int32_t Count() const { return static_cast<std::int32_t>(tracks_.size()); }
+    std::int32_t Selected() const { return n_.list.GetSelectedSongNum(); }
+
+  private:
+    Track& WithTag(std::int32_t index);
+    void ReadTagsForDuplicates();
+    void AddRow(std::int32_t index);
+    std::string FirstText(std::int32_t index) const;
+
+    Needs n_;
+    std::vector<Track> tracks_;
+};
+
+} // namespace vk

@@ -1,0 +1,39 @@
+#include "playback/resume.h"
+
+#include "platform/files.h"
+
+#include <algorithm>
+
+namespace vk {
+
+namespace {
+
+bool DiscIsIn(std::int32_t serial, const std::string& drive, const Volumes& volumes) {
+    if (serial == 0 || serial == -1 || drive == "NONE") return true;
+    return volumes.IsReady(drive) && volumes.Serial(drive) == serial;
+}
+
+} // namespace
+
+ResumeResult PrepareResume(SettingsStore& settings, const Volumes& volumes, AudioState& audio) {
+    const std::string list = settings.File(AudioListName);
+    if (!FileExists(list)) return ResumeResult::NoList;
+    const auto number = [&](std::string_view key) {
+        return settings.Read("audio_player", key, IniType::Long).Long();
+    };
+    const std::int32_t serial = number("volumeserial");
+    if (!DiscIsIn(serial, settings.values.CDDriveLetter, volumes)) return ResumeResult::DiscMissing;
+    audio.PlayMode = PlayAudio;
+    audio.bResuming = settings.values.DoResume;
+    audio.bStartPlaying = true;
+    // The position may carry a fraction; only its whole seconds count.
+    const double position =
+        settings.Read("audio_player", "CurrentPosition", IniType::Double).Double();
+    audio.ResumePosition = static_cast<std::int32_t>(std::clamp(position, -1.0, 1e9));
+    audio.TrackToSelect = number("currenttrack") + 1;
+    audio.VolumeSerial = serial;
+    audio.ListFile = list;
+    return ResumeResult::Ready;
+}
+
+} // namespace vk
