@@ -50,6 +50,8 @@ void HostWindow::closeEvent(QCloseEvent* event) {
     if (onClose) onClose();
 }
 
-void HostWindow::paintEvent(QPaintEvent*) { QPainter(this).fillRect(rect(), Qt::black); }
+void HostWindow::paintEvent(QPaintEvent*) {
+    QPainter(this).fillRect(rect(), Qt::black);
+}
 
 } // namespace vk

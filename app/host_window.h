@@ -1,4 +1,5 @@
-// The one top-level window. Screens are its children, stacked; it turns keys and the wheel into calls.
+// The one top-level window. Screens are its children, stacked; it turns keys and the wheel into
+// calls.
 #pragma once
 
 #include <QWidget>

@@ -12,17 +12,17 @@ struct ListRow {
     std::string first;
     std::string second;
     std::string descriptor;
-    std::string picture;    ///< file name in the skin's folder, "" for none
-    std::int32_t icon = 0;  ///< handle of an icon, 0 for none
+    std::string picture;   ///< file name in the skin's folder, "" for none
+    std::int32_t icon = 0; ///< handle of an icon, 0 for none
 };
 
-/// The list without its drawing. `changed` style notifications do not exist: whoever changes it draws.
-/// Indices that name no row are harmless: they read as empty and select nothing visible.
+/// The list without its drawing. `changed` style notifications do not exist: whoever changes it
+/// draws. Indices that name no row are harmless: they read as empty and select nothing visible.
 class ListModel {
   public:
-    /// Row geometry in pixels: rows of `textHeight` text, spaced by the divisor `listSpacing` (text as it
-    /// stands in the settings; what is no number above 0 counts as 3), in a control `height` high. Must
-    /// be called before rows are added.
+    /// Row geometry in pixels: rows of `textHeight` text, spaced by the divisor `listSpacing` (text
+    /// as it stands in the settings; what is no number above 0 counts as 3), in a control `height`
+    /// high. Must be called before rows are added.
     void SetGeometry(int textHeight, const std::string& listSpacing, int height);
 
     /// Appends one row, or nothing before the geometry is set. NUL characters are removed.
@@ -36,8 +36,8 @@ class ListModel {
     /// Computes the paging for the present selection; the rows can be read from then on.
     void LoadList();
 
-    /// The descriptor of the selection, or of `index` when that is not 0 or `useIndex` is set; "" until
-    /// the list is loaded.
+    /// The descriptor of the selection, or of `index` when that is not 0 or `useIndex` is set; ""
+    /// until the list is loaded.
     std::string GetSelectedFileName(int index = 0, bool useIndex = false) const;
     std::string GetSelectedItemArtist() const;
     std::string GetSelectedItemText() const { return GetSelectedItemArtist(); }
@@ -58,8 +58,8 @@ class ListModel {
     void PageDown();
     /// True when the last page is on show.
     bool IsBottom() const;
-    /// Selects a row. `jump`: the caller has found it by itself; `keep`: brought into view as if it were
-    /// outside the page.
+    /// Selects a row. `jump`: the caller has found it by itself; `keep`: brought into view as if it
+    /// were outside the page.
     void SelectItem(int index, bool jump = false, bool keep = false);
     /// A touched row: selected where it is.
     void SelectVisible(int index);
@@ -69,6 +69,9 @@ class ListModel {
     void RplartistListItem(int index, const std::string& text);
     void RplFilenameListItem(int index, const std::string& text);
 
+    /// The row that is drawn at the top: `iFirstVisible`, moved where needed so that the page holds
+    /// the cursor. Drawing and touch go by it.
+    int TopRow() const;
     /// The row at `index`; an empty one where there is none.
     const ListRow& Row(int index) const;
     /// The first text as it is drawn: without the text that all rows share.
@@ -87,17 +90,16 @@ class ListModel {
     int UsableHeight = 0; ///< control height in whole rows
     int ThirdRows = 0;
     int HalfRows = 0;
-    bool HideDupes = false; ///< apply the duplicate rule at LoadList
+    bool HideDupes = false;    ///< apply the duplicate rule at LoadList
     bool numberedList = false; ///< first texts begin with a number and " - "
     std::string DupeText;
 
   private:
     bool Valid(int index) const { return index >= 0 && index < ItemCount(); }
-    void Place(int first);
     int FirstForSelection() const;
     void FindDuplicateText();
     std::string Compared(int index) const;
-    void SelectInPage(int index);
+    void SlidePage(int index);
     int FirstForOutside(int index) const;
     std::string* Field(int index, std::string ListRow::*field);
 

@@ -1,4 +1,5 @@
-// The skin in use: colours, fonts and picture names of one .skn file, with the rules for what is missing.
+// The skin in use: colours, fonts and picture names of one .skn file, with the rules for what is
+// missing.
 #pragma once
 
 #include "core/app_state.h"
@@ -49,9 +50,9 @@ struct SkinData {
 struct MenuIconData {
     std::string name;
     double icontop = 0, iconleft = 0, iconheight = 0, iconwidth = 0; ///< fractions of the screen
-    std::string iconpictureunsel, iconpicturesel;                   ///< files in the skin's folder
-    std::string function;                                           ///< number as text, "" for none
-    int of_above = 0, of_below = 0, of_right = 0, of_left = 0;      ///< neighbours from 1; 0 for none
+    std::string iconpictureunsel, iconpicturesel;                    ///< files in the skin's folder
+    std::string function;                                      ///< number as text, "" for none
+    int of_above = 0, of_below = 0, of_right = 0, of_left = 0; ///< neighbours from 1; 0 for none
 };
 
 class SkinStore {
@@ -66,10 +67,11 @@ class SkinStore {
     };
     explicit SkinStore(Needs needs) : n_(std::move(needs)) {}
 
-    /// Reads `CurrentSkinFile`. A file that cannot be read, or is no skin, is answered with a message
-    /// and Torque.skn; when that is broken as well, built-in colours are used.
+    /// Reads `CurrentSkinFile`. A file that cannot be read, or is no skin, is answered with a
+    /// message and Torque.skn; when that is broken as well, built-in colours are used.
     void LoadSkin();
-    /// The icons of the skin in use, in the order of their names; a skin that names only one has none.
+    /// The icons of the skin in use, in the order of their names; a skin that names only one has
+    /// none.
     std::vector<MenuIconData> ReadMenuIcons();
     /// Full path of a picture of the skin in use; the file need not exist.
     std::string PicturePath(const std::string& name) const;

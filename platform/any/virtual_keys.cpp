@@ -29,10 +29,8 @@ constexpr KeyCode Codes[] = {
     {Qt::Key_MediaStop, 178},   {Qt::Key_MediaPlay, 179},  {Qt::Key_MediaTogglePlayPause, 179},
 };
 
-constexpr KeyCode PadCodes[] = {{Qt::Key_Asterisk, 106},
-                                {Qt::Key_Plus, 107},
-                                {Qt::Key_Minus, 109},
-                                {Qt::Key_Slash, 111}};
+constexpr KeyCode PadCodes[] = {
+    {Qt::Key_Asterisk, 106}, {Qt::Key_Plus, 107}, {Qt::Key_Minus, 109}, {Qt::Key_Slash, 111}};
 
 template<std::size_t N> int Find(const KeyCode (&codes)[N], int qtKey) {
     const auto* found = std::find_if(std::begin(codes), std::end(codes),
@@ -43,8 +41,8 @@ template<std::size_t N> int Find(const KeyCode (&codes)[N], int qtKey) {
 } // namespace
 
 int VirtualKey(int qtKey, Qt::KeyboardModifiers modifiers) {
-    const bool letterOrDigit = (qtKey >= Qt::Key_A && qtKey <= Qt::Key_Z) ||
-                               (qtKey >= Qt::Key_0 && qtKey <= Qt::Key_9);
+    const bool letterOrDigit =
+        (qtKey >= Qt::Key_A && qtKey <= Qt::Key_Z) || (qtKey >= Qt::Key_0 && qtKey <= Qt::Key_9);
     if (letterOrDigit) return qtKey;
     if (qtKey >= Qt::Key_F1 && qtKey <= Qt::Key_F24) return 112 + qtKey - Qt::Key_F1;
     const int onPad = modifiers.testFlag(Qt::KeypadModifier) ? Find(PadCodes, qtKey) : 0;
