@@ -1,0 +1,143 @@
+// The browser's logic on a real media folder, with everything around it faked.
+#pragma once
+
+#include "library/browser/browser.h"
+#include "library/tag_reader.h"
+#include "tests/support/core_fixture.h"
+#include "tests/support/recording_screen.h"
+
+#include <gmock/gmock.h>
+
+#include <map>
+
+namespace vk::test {
+
+/// Keeps what the logic shows; `onTitle` runs with each new heading.
+class FakeBrowserView : public BrowserView {
+  public:
+    void SetTitle(const std::string& text) override {
+        title = text;
+        if (onTitle) onTitle();
+    }
+    void ShowLoading(const std::string& text) override {
+        loading = text;
+        said.push_back(text);
+    }
+    void HideLoading() override { loading.clear(); }
+    void SetClock(const std::string& text) override { clock = text; }
+    void SetButton(BrowserButton button, const std::string& picture) override {
+        pictures[button] = picture;
+    }
+    void ShowToolFrame(bool open) override { toolFrame = open; }
+    void ReDrawList() override { ++drawn; }
+    void ShowAtFront() override { ++shown; }
+
+    std::string title, loading, clock;
+    std::vector<std::string> said;
+    std::map<BrowserButton, std::string> pictures;
+    bool toolFrame = false;
+    int drawn = 0, shown = 0;
+    std::function<void()> onTitle;
+};
+
+/// Folder rows as a test lists them.
+class FakeCatalogue : public Catalogue {
+  public:
+    DBStateValue State() const override { return state; }
+    std::vector<CatalogueFile> FolderFiles(const std::string& folder, bool playableOnly,
+                                           bool sortByFilename) override {
+        asked = folder + (playableOnly ? " playable" : "") + (sortByFilename ? " by name" : "");
+        return files;
+    }
+    std::vector<CatalogueFile> FilesBelow(const std::string& folder) override {
+        asked = folder + " below";
+        return files;
+    }
+    DBStateValue state = DBStateValue::OnLine;
+    std::vector<CatalogueFile> files;
+    std::string asked;
+};
+
+/// The drives are /'s own media folder, "cd" (an optical drive) and "stick" below one temporary
+/// folder. The browser has not been entered yet.
+class BrowserTest : public testing::Test {
+  protected:
+    BrowserTest() {
+        core.state.AudioExtensionList = {"MP3", "WMA", "CDA"};
+        core.state.VideoExtensionList = {"AVI", "MPG"};
+        core.settings.values.MediaDir = media;
+        core.settings.values.CDDriveLetter = cd;
+        core.settings.values.UseBrowseHistory = true;
+        core.volumes.drives = {{cd, DriveType::CdRom}, {stick, DriveType::Removable}};
+        core.volumes.labels[cd] = "DISC_1";
+        core.volumes.serials[cd] = 4711;
+        core.screens.Add("playmp3", player);
+        core.screens.Add("velkorandum", menu);
+        core.screens.Add("playlists", self);
+        list.SetGeometry(20, "3", 400);
+        state.CurrentPath = media;
+    }
+    std::string Media(const std::string& name, const std::string& contents = "x") {
+        return disk.Write("media/" + name, contents);
+    }
+    void InsertDisc() { core.volumes.ready.insert(cd); }
+    /// Makes the browser now, so that a test can change the settings before.
+    Browser& browser() {
+        if (!made_)
+            made_ = std::make_unique<Browser>(
+                BrowserNeeds{core.settings, core.state, state, audio, video, core.screens,
+                             core.clock, core.volumes, core.locale, core.report, tags, catalogue,
+                             [this] { ++audioStopped; }},
+                list, view);
+        return *made_;
+    }
+    std::vector<std::string> Texts() const {
+        std::vector<std::string> texts;
+        for (int row = 0; row < list.ItemCount(); ++row)
+            texts.push_back(list.Row(row).first + list.Row(row).second);
+        return texts;
+    }
+    std::vector<std::string> Descriptors() const {
+        std::vector<std::string> texts;
+        for (int row = 0; row < list.ItemCount(); ++row)
+            texts.push_back(list.Row(row).descriptor);
+        return texts;
+    }
+    std::vector<std::string> Pictures() const {
+        std::vector<std::string> texts;
+        for (int row = 0; row < list.ItemCount(); ++row)
+            texts.push_back(list.Row(row).picture);
+        return texts;
+    }
+    /// Chooses the row that shows this text.
+    void Choose(const std::string& text) {
+        const auto texts = Texts();
+        const auto found = std::ranges::find(texts, text);
+        ASSERT_NE(found, texts.end()) << text << " in " << testing::PrintToString(texts);
+        list.SelectItem(static_cast<int>(found - texts.begin()));
+        browser().runok();
+    }
+    std::string Selected() const { return Texts().at(static_cast<std::size_t>(list.iSelected)); }
+
+    CoreFixture core;
+    TempFolder disk;
+    const std::string media = disk.MakeFolder("media");
+    const std::string cd = disk.MakeFolder("cd");
+    const std::string stick = disk.MakeFolder("stick");
+    BrowserState state;
+    AudioState audio;
+    VideoState video;
+    RecordingPlayer player;
+    RecordingScreen menu, self;
+    ID3 reader{{core.log, core.dialogs}, core.state.DecimalSymbol};
+    MediaTags tags{core.state, reader};
+    FakeBrowserView view;
+    ListModel list;
+    Catalogue* catalogue = nullptr;
+    int audioStopped = 0;
+
+  private:
+    std::unique_ptr<Browser> made_;
+};
+
+} // namespace vk::test
