@@ -5,7 +5,6 @@ namespace vk {
 namespace {
 
 using testing::ElementsAre;
-using testing::HasSubstr;
 using testing::IsEmpty;
 
 class Populate : public test::BrowserTest {};

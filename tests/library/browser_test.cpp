@@ -1,0 +1,255 @@
+// Entering, leaving, keys while busy, and the buttons.
+#include "tests/library/browser_fixture.h"
+
+namespace vk {
+namespace {
+
+using testing::ElementsAre;
+
+class BrowserKeys : public test::BrowserTest {};
+
+TEST_F(BrowserKeys, EnteringShowsClockListAndHidesTheOthers) {
+    Media("a.mp3");
+    core.state.ListBusy = true; // as the screen before may have left it
+    browser().ReShow();
+    EXPECT_EQ(core.screens.CurrentForm, "playlists");
+    EXPECT_EQ(view.shown, 1);
+    EXPECT_EQ(view.clock, "Saturday, November 21, 2026    12:0");
+    EXPECT_EQ(player.Count("Hide"), 1);
+    EXPECT_EQ(self.Count("Hide"), 0);
+    EXPECT_FALSE(core.state.ListBusy);
+    core.clock.Advance(60000);
+    EXPECT_EQ(view.clock, "Saturday, November 21, 2026    12:1");
+    browser().switchingform();
+    core.clock.Advance(60000);
+    EXPECT_EQ(view.clock, "Saturday, November 21, 2026    12:1") << "the timers stop";
+}
+
+TEST_F(BrowserKeys, EscapeLeadsBackToWhereOneCameFrom) {
+    browser().ReShow();
+    browser().doquit();
+    EXPECT_EQ(menu.Count("ReShow"), 1);
+    EXPECT_EQ(view.title, "");
+    state.FromPlayer = audio.bStartPlaying = true;
+    browser().ReShow();
+    browser().doquit();
+    EXPECT_EQ(player.Count("ReDisplay"), 1);
+    EXPECT_FALSE(audio.bStartPlaying) << "what plays is not started anew";
+    EXPECT_FALSE(state.FromPlayer);
+    core.screens.CurrentForm = "playmp3";
+    browser().doquit();
+    EXPECT_EQ(menu.Count("ReShow"), 1) << "only the screen in front quits";
+}
+
+TEST_F(BrowserKeys, EscapeDuringABuildEndsItAndLeaves) {
+    for (int i = 0; i < 20; ++i)
+        Media("song" + std::to_string(i) + ".mp3");
+    int runs = 0;
+    core.clock.onEvents = [&] {
+        if (++runs == 5) browser().doquit();
+    };
+    browser().ReShow();
+    EXPECT_EQ(menu.Count("ReShow"), 1);
+    EXPECT_LT(list.ItemCount(), 10);
+    core.clock.onEvents = {};
+    browser().ReShow();
+    EXPECT_EQ(list.ItemCount(), 21) << "the next build is whole again";
+}
+
+TEST_F(BrowserKeys, PressesDuringABuildAreIgnored) {
+    Media("a/x.mp3");
+    Media("song.mp3");
+    browser().ReShow();
+    int presses = 0;
+    core.clock.onEvents = [&] {
+        ++presses;
+        EXPECT_TRUE(core.state.ListBusy);
+        browser().runok();
+        browser().MoveDown();
+        browser().MoveBack();
+        browser().MoveAhead();
+        browser().PgDn();
+        browser().ToggleApplications();
+        browser().Eject();
+        browser().GoHome();
+        browser().ReShow();
+    };
+    Choose("a");
+    EXPECT_GT(presses, 0);
+    EXPECT_EQ(state.CurrentPath, media + "/a");
+    EXPECT_EQ(state.ListMode, ListFromMenu);
+    EXPECT_EQ(list.iSelected, 0);
+    EXPECT_EQ(menu.Count("ReShow"), 0);
+    EXPECT_FALSE(core.state.ListBusy);
+}
+
+TEST_F(BrowserKeys, TheSelectionMovesByRowsAndPages) {
+    for (int i = 100; i < 150; ++i)
+        Media("song" + std::to_string(i) + ".mp3");
+    core.volumes.drives.clear();
+    browser().ReShow();
+    browser().MoveDown();
+    browser().MoveDown();
+    browser().MoveUp();
+    EXPECT_EQ(list.iSelected, 1);
+    browser().MoveUp();
+    browser().MoveUp();
+    EXPECT_EQ(list.iSelected, 49) << "past the top comes the last row";
+    browser().PgUp();
+    EXPECT_LT(list.iSelected, 49);
+    const int before = list.iSelected;
+    browser().PgDn();
+    EXPECT_NE(list.iSelected, before);
+}
+
+TEST_F(BrowserKeys, TheWheelScrollsOrChangesTheVolume) {
+    Media("a.mp3");
+    Media("b.mp3");
+    browser().ReShow();
+    browser().MouseWheel(-120);
+    EXPECT_EQ(list.iSelected, 1);
+    browser().MouseWheel(120);
+    browser().MouseWheel(0);
+    EXPECT_EQ(list.iSelected, 0);
+    core.settings.values.MouseFunction = 1;
+    core.settings.values.MouseIncrement = 3;
+    browser().MouseWheel(120);
+    browser().MouseWheel(-120);
+    EXPECT_EQ(player.Count("VolUp"), 3);
+    EXPECT_EQ(player.Count("VolDown"), 3);
+    core.settings.values.MouseIncrement = 0;
+    browser().MouseWheel(120);
+    EXPECT_EQ(player.Count("VolUp"), 3);
+}
+
+TEST_F(BrowserKeys, SwapGoesToThePlayerWhileItPlays) {
+    browser().ReShow();
+    browser().Swap();
+    EXPECT_EQ(player.Count("ReDisplay"), 0);
+    audio.PlayMode = PlayAudio;
+    browser().Swap();
+    EXPECT_EQ(player.Count("ReDisplay"), 1);
+}
+
+TEST_F(BrowserKeys, PauseFollowsThePlayer) {
+    browser().ReShow();
+    browser().PlayPause();
+    EXPECT_EQ(player.Count("DoPause"), 0);
+    EXPECT_EQ(view.pictures[BrowserButton::PlayPause], "play.gif");
+    audio.PlayMode = PlayAudio;
+    browser().PlayPause();
+    EXPECT_EQ(player.Count("DoPause"), 1);
+    EXPECT_EQ(view.pictures[BrowserButton::PlayPause], "pause.gif");
+    audio.bPaused = true;
+    browser().PlayPause();
+    EXPECT_EQ(view.pictures[BrowserButton::PlayPause], "play.gif");
+}
+
+TEST_F(BrowserKeys, TheApplicationsAreAnotherListOfTheSameScreen) {
+    browser().ReShow();
+    EXPECT_EQ(view.pictures[BrowserButton::Applications], "gps.gif");
+    browser().ToggleToolFrame();
+    EXPECT_TRUE(view.toolFrame);
+    EXPECT_EQ(view.pictures[BrowserButton::ToolFrame], "menusel.gif");
+    browser().ToggleApplications();
+    EXPECT_FALSE(view.toolFrame);
+    EXPECT_EQ(state.ListMode, ListApplications);
+    EXPECT_EQ(view.pictures[BrowserButton::Applications], "lists.gif");
+    browser().ToggleApplications();
+    EXPECT_EQ(state.ListMode, ListFromMenu);
+}
+
+TEST_F(BrowserKeys, TheRadioButtonIsForThoseWhoHaveOne) {
+    struct Case {
+        bool fm, xm;
+        int first;
+        std::string picture, title;
+        int mode;
+    };
+    const std::vector<Case> cases = {{false, false, 0, "", "", PlayNone},
+                                     {true, false, 1, "fm.gif", "D-Link FM Radio", PlayFM},
+                                     {false, true, 0, "xm.gif", "XM Satellite Radio", PlayXM},
+                                     {true, true, 0, "fm.gif", "D-Link FM Radio", PlayFM},
+                                     {true, true, 1, "xm.gif", "XM Satellite Radio", PlayXM}};
+    for (const Case& each : cases) {
+        core.settings.values.dlink_enabled = each.fm;
+        core.settings.values.xmpcr_enabled = each.xm;
+        core.state.FirstRadioType = each.first;
+        view.pictures.clear();
+        browser().ReShow();
+        EXPECT_EQ(view.pictures[BrowserButton::Radio], each.picture);
+        browser().ShowRadio();
+        EXPECT_EQ(audio.PlayMode, each.mode);
+        EXPECT_EQ(audio.ListTitle, each.title);
+    }
+    EXPECT_EQ(audio.ListFile, core.app.File("presets.lst"));
+    EXPECT_EQ(player.Count("ReShow"), 4);
+}
+
+TEST_F(BrowserKeys, EjectOpensTheDriveAndReturnsToTheMediaFolder) {
+    state.CurrentPath = cd;
+    InsertDisc();
+    browser().ReShow();
+    browser().Eject();
+    EXPECT_THAT(core.volumes.ejected, ElementsAre(cd));
+    EXPECT_EQ(state.CurrentPath, media);
+    core.volumes.ready.clear();
+    browser().ReShow();
+    browser().Eject();
+    EXPECT_EQ(core.volumes.ejected.size(), 1u) << "an empty drive is left alone";
+}
+
+TEST_F(BrowserKeys, HomeForgetsThePlayerItCameFrom) {
+    state.FromPlayer = true;
+    browser().ReShow();
+    browser().GoHome();
+    EXPECT_EQ(menu.Count("ReShow"), 1);
+    EXPECT_FALSE(state.FromPlayer);
+}
+
+TEST_F(BrowserKeys, ResumeNeedsAListAndShowsWhatPlays) {
+    browser().ReShow();
+    browser().Resume();
+    EXPECT_EQ(view.loading, "You must first play an audio file before resuming.");
+    core.app.Write("vk_audio.m3u", "# x\r\n/m/a.mp3\r\n");
+    audio.PlayMode = PlayFM;
+    audio.bStartPlaying = true;
+    browser().Resume();
+    EXPECT_EQ(player.Count("ReDisplay"), 1);
+    EXPECT_FALSE(audio.bStartPlaying);
+}
+
+TEST_F(BrowserKeys, ResumeGoesOnWhereTheLastRunStopped) {
+    core.app.Write("vk_audio.m3u", "# x\r\n/m/a.mp3\r\n");
+    core.settings.Write("audio_player", "currenttrack", "6");
+    core.settings.Write("audio_player", "volumeserial", "-1");
+    core.settings.Write("audio_player", "CurrentPosition", "83.7");
+    browser().ReShow();
+    browser().Resume();
+    EXPECT_EQ(player.Count("ReShow"), 1);
+    EXPECT_EQ(audio.PlayMode, PlayAudio);
+    EXPECT_EQ(audio.ListFile, core.app.File("vk_audio.m3u"));
+    EXPECT_EQ(audio.TrackToSelect, 7);
+    EXPECT_EQ(audio.ResumePosition, 83);
+    EXPECT_TRUE(audio.bResuming && audio.bStartPlaying);
+}
+
+TEST_F(BrowserKeys, ResumeOfADiscAsksForTheSameDisc) {
+    core.app.Write("vk_audio.m3u", cd + "/a.mp3\r\n");
+    core.settings.Write("audio_player", "volumeserial", "4711");
+    browser().ReShow();
+    browser().Resume();
+    EXPECT_EQ(view.loading, "ROM Mismatch detected. Insert correct CD.");
+    InsertDisc();
+    core.volumes.serials[cd] = 1;
+    browser().Resume();
+    EXPECT_EQ(view.loading, "ROM Mismatch detected. Insert correct CD.");
+    EXPECT_EQ(player.Count("ReShow"), 0);
+    core.volumes.serials[cd] = 4711;
+    browser().Resume();
+    EXPECT_EQ(player.Count("ReShow"), 1);
+    EXPECT_EQ(audio.VolumeSerial, 4711);
+}
+
+} // namespace
+} // namespace vk
