@@ -61,7 +61,9 @@ bool SkinStore::ReadSkin() {
     const auto contents = ReadWholeFile(File());
     if (!contents) return false;
     const IniDocument document(*contents);
-    if (!document.HasSection("Colors") && !document.HasSection("BGimages")) return false;
+    const bool known = document.HasSection("Colors") || document.HasSection("BGimages") ||
+                       document.HasSection("IconNames");
+    if (!known) return false;
     data_.X = Value("NativeRes", "X", IniType::Long).Long();
     data_.Y = Value("NativeRes", "Y", IniType::Long).Long();
     ReadScale();

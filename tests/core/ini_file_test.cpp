@@ -1,5 +1,4 @@
 #include "core/ini_file.h"
-
 #include "tests/support/core_fixture.h"
 
 #include <gtest/gtest.h>
@@ -69,16 +68,26 @@ TEST_F(IniFileTest, ConvertsByType) {
     };
     const std::string zero = "0";
     const Case cases[] = {
-        {"TrUe", IniType::Boolean, ".", true},        {"False", IniType::Boolean, ".", false},
-        {"1", IniType::Boolean, ".", true},           {"", IniType::Boolean, ".", false},
-        {"tr.ue", IniType::Boolean, ",", false},      {"12", IniType::Long, ".", 12},
-        {"", IniType::Long, ".", zero},               {"abc", IniType::Long, ".", zero},
-        {"9999999999", IniType::Long, ".", zero},     {"2.5", IniType::Long, ".", 2},
-        {"-7", IniType::Integer, ".", std::int16_t{-7}}, {"40000", IniType::Integer, ".", zero},
-        {"0.2", IniType::Double, ",", 0.2},           {"0,2", IniType::Double, ",", 0.2},
-        {"1e5", IniType::Double, ".", zero},          {"nan", IniType::Double, ".", zero},
-        {"1.00004", IniType::Currency, ".", 1.0},     {" 87.70 ", IniType::Decimal, ".", 87.7},
-        {"0.5", IniType::Single, ".", 0.5},           {"1.5", IniType::String, ",", std::string("1.5")},
+        {"TrUe", IniType::Boolean, ".", true},
+        {"False", IniType::Boolean, ".", false},
+        {"1", IniType::Boolean, ".", true},
+        {"", IniType::Boolean, ".", false},
+        {"tr.ue", IniType::Boolean, ",", false},
+        {"12", IniType::Long, ".", 12},
+        {"", IniType::Long, ".", zero},
+        {"abc", IniType::Long, ".", zero},
+        {"9999999999", IniType::Long, ".", zero},
+        {"2.5", IniType::Long, ".", 2},
+        {"-7", IniType::Integer, ".", std::int16_t{-7}},
+        {"40000", IniType::Integer, ".", zero},
+        {"0.2", IniType::Double, ",", 0.2},
+        {"0,2", IniType::Double, ",", 0.2},
+        {"1e5", IniType::Double, ".", zero},
+        {"nan", IniType::Double, ".", zero},
+        {"1.00004", IniType::Currency, ".", 1.0},
+        {" 87.70 ", IniType::Decimal, ".", 87.7},
+        {"0.5", IniType::Single, ".", 0.5},
+        {"1.5", IniType::String, ",", std::string("1.5")},
     };
     for (const Case& c : cases)
         EXPECT_EQ(ConvertIniText(c.text, c.type, c.symbol).Value(), c.expected) << c.text;

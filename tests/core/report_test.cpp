@@ -17,8 +17,9 @@ TEST_F(ReportTest, LogsShowsAndEnds) {
               "Click ok to terminate the application");
     EXPECT_EQ(dialogs.titles.at(0), "Velkorandum Error");
     EXPECT_EQ(ended, 1);
-    EXPECT_EQ(app.Read("debug.log"), "11/21/2026 12:00:00 PM - An error occured in modIni.ReadINI   : "
-                                     "it broke :  Error number 53\r\n");
+    EXPECT_EQ(app.Read("debug.log"),
+              "11/21/2026 12:00:00 PM - An error occured in modIni.ReadINI   : "
+              "it broke :  Error number 53\r\n");
 }
 
 TEST_F(ReportTest, ASkinErrorIsOnlyLogged) {

@@ -1,5 +1,4 @@
 #include "core/settings.h"
-
 #include "core/settings_files.h"
 #include "core/text.h"
 #include "tests/support/core_fixture.h"
@@ -30,7 +29,8 @@ TEST_F(SettingsTest, ANewFileHasItsDefaultsAndLeadsToTheFirstRun) {
     EXPECT_DOUBLE_EQ(s.maxfreq, 107.9);
     EXPECT_EQ(s.CurrentSkin, "Torque.skn");
     const std::string text = app.Read("settings.ini");
-    EXPECT_TRUE(text.starts_with("[main]\r\nVersion=1.2.3\r\nCurrentForm=velkorandum\r\nMediaDir=\r\n"));
+    EXPECT_TRUE(
+        text.starts_with("[main]\r\nVersion=1.2.3\r\nCurrentForm=velkorandum\r\nMediaDir=\r\n"));
     EXPECT_TRUE(text.ends_with("[PowerOptions]\r\nShutDownMode=0\r\n\r\n"));
     EXPECT_NE(text.find("TopNewCount=30\r\n\r\n[audio_player]\r\n"), std::string::npos);
 }
@@ -42,7 +42,8 @@ TEST_F(SettingsTest, TheOtherGeneratedFilesReadBack) {
     EXPECT_EQ(ini.ReadText(app.File("winamp.ini"), "Winamp", "volume"), "200");
     EXPECT_EQ(ini.ReadText(app.File("winamp.ini"), "winamp", "titlefmt"),
               "[%artist% - ]$if2(%title%,$filepart(%filename%))");
-    EXPECT_EQ(ini.ReadText(app.File("winamp.ini"), "out_ds", "cfg_total_time"), "19060000000000001F");
+    EXPECT_EQ(ini.ReadText(app.File("winamp.ini"), "out_ds", "cfg_total_time"),
+              "19060000000000001F");
 }
 
 TEST_F(SettingsTest, CorrectsSingleValues) {

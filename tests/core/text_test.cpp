@@ -1,5 +1,4 @@
 #include "core/text.h"
-
 #include "core/time_of_day.h"
 #include "platform/paths.h"
 
@@ -9,7 +8,8 @@ namespace vk {
 namespace {
 
 TEST(TextTest, KeepsUtf8AndConvertsWindows1252) {
-    EXPECT_EQ(ToUtf8("Gl\xC3\xBChen \xE2\x82\xAC \xF0\x9F\x9A\x97"), "Gl\xC3\xBChen \xE2\x82\xAC \xF0\x9F\x9A\x97");
+    EXPECT_EQ(ToUtf8("Gl\xC3\xBChen \xE2\x82\xAC \xF0\x9F\x9A\x97"),
+              "Gl\xC3\xBChen \xE2\x82\xAC \xF0\x9F\x9A\x97");
     EXPECT_EQ(ToUtf8("Gl\xFChen \x80 \x93"), "Gl\xC3\xBChen \xE2\x82\xAC \xE2\x80\x9C");
     // overlong, surrogate, beyond the last plane, torn
     for (const char* bad : {"\xC0\xAF", "\xED\xA0\x80", "\xF4\x90\x80\x80", "abc\xE2\x82"})

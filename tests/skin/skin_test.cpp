@@ -1,0 +1,104 @@
+#include "skin/skin.h"
+#include "tests/support/core_fixture.h"
+
+#include <gtest/gtest.h>
+
+namespace vk {
+namespace {
+
+struct SkinTest : testing::Test, test::CoreFixture {
+    SkinTest() {
+        state.CurrentSkinFile = "My.skn";
+        state.ScreenWidth = 800;
+        state.ScreenHeight = 480;
+    }
+    void Load(const std::string& contents) {
+        app.Write("skins/My.skn", contents);
+        skin.LoadSkin();
+    }
+    int realWidth = 800;
+    SkinStore skin{{state, settings, fonts, dialogs, report, [this] { return realWidth; }}};
+};
+
+TEST_F(SkinTest, ReadsColoursFontsAndBackgrounds) {
+    fonts.missing = {"Nowhere"};
+    Load(
+        "[BGimages]\nmainmenu=m.png\n[COLORS]\nClockForegroundClr=0\nClockBackgroundClr=0\n"
+        "OutlineBoxClr=66051\n[fonts]\nclockfontname=Nowhere\nclockfontsize=9\nTitlefontname=Good\n"
+        "Titlefontbold=true\nTitlefontsize=30\n[DMFS]\nitemindex=2\n");
+    const SkinData& d = skin.data();
+    EXPECT_EQ(d.mainmenu, "m.png");
+    EXPECT_EQ(d.ClockForegroundClr.value, 0xFFFFFF) << "black is white here";
+    EXPECT_EQ(d.ClockBackgroundClr.value, 0);
+    EXPECT_EQ(d.OutlineBoxClr.Red(), 3);
+    EXPECT_EQ(d.OutlineBoxClr.Green(), 2);
+    EXPECT_EQ(d.OutlineBoxClr.Blue(), 1);
+    EXPECT_EQ(d.clockfont.name, "Verdana");
+    EXPECT_EQ(d.clockfont.size, 12);
+    EXPECT_EQ(d.Titlefont.name, "Good");
+    EXPECT_TRUE(d.Titlefont.bold);
+    EXPECT_EQ(d.Titlefont.size, 30);
+    EXPECT_EQ(d.itemindex, 2);
+    EXPECT_EQ(skin.PicturePath("a.gif"), app.Path() + "/skins/My/a.gif");
+}
+
+TEST_F(SkinTest, SmallSizesFollowTheRealScreen) {
+    struct Case {
+        int width, clock, list;
+    };
+    for (const Case& c : {Case{640, 10, 18}, Case{800, 12, 20}, Case{1024, 14, 22},
+                          Case{1152, 16, 24}, Case{1280, 9, 9}}) {
+        realWidth = c.width;
+        Load("[Colors]\n[FONTS]\nclockfontsize=9\nListtextfontsize=9\n");
+        EXPECT_EQ(skin.data().clockfont.size, c.clock) << c.width;
+        EXPECT_EQ(skin.data().Listtextfont.size, c.list) << c.width;
+    }
+}
+
+TEST_F(SkinTest, ScalingComparesBothSizesWithTheWidth) {
+    Load("[Colors]\n[NativeRes]\nX=640\nY=480\n");
+    EXPECT_FLOAT_EQ(skin.data().FontScaleX, 1);
+    settings.values.UseScaling = true;
+    Load("[Colors]\n[NativeRes]\nX=400\nY=240\n");
+    EXPECT_NEAR(skin.data().FontScaleX, 1.3195, 0.001);
+    EXPECT_NEAR(skin.data().FontScaleY, 1.0281, 0.001);
+    Load("[Colors]\n[NativeRes]\nX=800\nY=800\n");
+    EXPECT_NEAR(skin.data().FontScaleX, 1.3195, 0.001) << "kept";
+    EXPECT_NEAR(skin.data().FontScaleY, 1.0281, 0.001) << "kept";
+}
+
+TEST_F(SkinTest, ABrokenSkinLeadsToTheSafeOne) {
+    app.Write("skins/Torque.skn", "[Colors]\nLineClr=5\n");
+    Load("no skin at all");
+    EXPECT_EQ(dialogs.shown, std::vector<std::string>{"Skin Error.  Using Safe Mode Skin"});
+    EXPECT_EQ(state.CurrentSkinFile, "Torque.skn");
+    EXPECT_EQ(skin.data().LineClr.value, 5);
+    EXPECT_TRUE(Logged("Skin Error"));
+}
+
+TEST_F(SkinTest, EvenTheSafeSkinMayBeBroken) {
+    state.CurrentSkinFile = "Torque.skn";
+    skin.LoadSkin();
+    EXPECT_EQ(dialogs.shown.size(), 1u);
+    EXPECT_TRUE(Logged("using built-in colours"));
+    EXPECT_GE(skin.data().Listtextfont.size, 10);
+    EXPECT_NE(skin.data().ListForegroundClr.value, 0);
+}
+
+TEST_F(SkinTest, ReadsMenuIcons) {
+    Load("[IconNames]\nNames=one two\n[one]\nicontop=0.25\niconleft=.5\nfunction=2\nof_right=2\n"
+         "iconpicturesel=s.png\n[two]\nof_left=1\n");
+    const auto icons = skin.ReadMenuIcons();
+    ASSERT_EQ(icons.size(), 2u);
+    EXPECT_DOUBLE_EQ(icons[0].icontop, 0.25);
+    EXPECT_DOUBLE_EQ(icons[0].iconleft, 0.5);
+    EXPECT_EQ(icons[0].function, "2");
+    EXPECT_EQ(icons[0].of_right, 2);
+    EXPECT_EQ(icons[0].iconpicturesel, "s.png");
+    EXPECT_EQ(icons[1].function, "");
+    Load("[IconNames]\nNames=one\n[Colors]\n[one]\nfunction=1\n");
+    EXPECT_TRUE(skin.ReadMenuIcons().empty()) << "a single name loads nothing";
+}
+
+} // namespace
+} // namespace vk
