@@ -1,0 +1,149 @@
+// Start-up wired on fakes, with screens that only tell that they were called.
+#pragma once
+
+#include "core/file_registry.h"
+#include "core/startup/astart.h"
+#include "core/version.h"
+#include "tests/sim/recording_player.h"
+#include "tests/support/core_fixture.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace vk::test {
+
+/// A screen that writes down which of its operations ran.
+struct ToldScreen {
+    ToldScreen(std::string screenName, Screens& allScreens, std::vector<std::string>& calls)
+        : name(std::move(screenName)), screens(allScreens), told(calls) {}
+    void Tell(const std::string& what) { told.push_back(name + "." + what); }
+    void runok() { Tell("runok"); }
+    void MoveUp() {}
+    void MoveDown() {}
+    void MoveBack() {}
+    void MoveAhead() {}
+    void VolUp() {}
+    void VolDown() {}
+    void doquit() {
+        Tell("doquit");
+        if (!leadsTo.empty()) screens.CurrentForm = leadsTo;
+    }
+    void ReShow() {
+        Tell("ReShow");
+        screens.CurrentForm = name;
+    }
+    void DoLayout() {}
+    void switchingform() {}
+    void Hide() {}
+    bool Form_KeyDown(const std::string&) { return false; }
+
+    std::string name;
+    std::string leadsTo; ///< screen in front after doquit, "" to stay
+    Screens& screens;
+    std::vector<std::string>& told;
+};
+
+class ToldLoading : public LoadingScreen {
+  public:
+    explicit ToldLoading(std::vector<std::string>& calls) : told(calls) {}
+    void Load() override { told.push_back("loading.Load"); }
+    void InitProgress(int from, int to) override {
+        told.push_back("loading.Init " + std::to_string(from) + " " + std::to_string(to));
+    }
+    void SetProgress(int value) override { progress = value; }
+    void SetProgressToMax() override { told.push_back("loading.Max"); }
+    void ClearScreen() override { told.push_back("loading.Clear"); }
+    void ReBlit() override {}
+    std::vector<std::string>& told;
+    int progress = 0;
+};
+
+class FakeProcesses : public Processes {
+  public:
+    long OwnId() const override { return 1; }
+    bool ProcessRunning(const std::string& name, long ownId) const override {
+        return running && name == "velkorandum.exe" && ownId == 1;
+    }
+    bool running = false;
+};
+
+struct StartFixture : CoreFixture {
+    StartFixture() {
+        app.MakeFolder("skins");
+        app.Write("skins/Torque.skn", "[Colors]\n");
+        app.Write("DB_UPDATE", "");
+        registry.SetStringValue(Hive::ClassesRoot, "DB_UPDATE.clsDB", "", app.File("DB_UPDATE"));
+        const auto maker = [this](const char* name) {
+            return [this, name] {
+                auto screen = std::make_unique<ToldScreen>(name, screens, told);
+                screens.Add(name, *screen);
+                made.push_back(std::move(screen));
+                told.push_back(std::string("load ") + name);
+            };
+        };
+        loader.velkorandum = maker("velkorandum");
+        loader.playlists = maker("playlists");
+        loader.playmp3 = maker("playmp3");
+        loader.settings = maker("settings");
+        loader.unloadSettings = [this] { screens.Remove("settings"); };
+        loader.unloadScreens = [this] { told.push_back("unload screens"); };
+        report.unloadAll = [this] { ++ended; };
+    }
+
+    std::unique_ptr<astart> Make() {
+        return std::make_unique<astart>(
+            astart::Needs{.state = state,
+                          .settings = settings,
+                          .log = log,
+                          .report = report,
+                          .dialogs = dialogs,
+                          .clock = clock,
+                          .locale = locale,
+                          .volumes = volumes,
+                          .processes = processes,
+                          .registry = registry,
+                          .window = window,
+                          .player = player,
+                          .screens = screens,
+                          .loading = loading,
+                          .skin = skin,
+                          .keys = keys,
+                          .loader = loader,
+                          .metrics = [this] { return metrics; },
+                          .environment = [](const std::string&) { return std::string(); },
+                          .unloadAll = [this] { ++ended; },
+                          .initRemote = {},
+                          .destinatorInstalled = {}});
+    }
+    /// An application directory that has been through its first run.
+    void SetUpApp() {
+        const std::string media = app.MakeFolder("media");
+        app.Write("settings.ini", "[main]\nVersion=" + std::string(Version) +
+                                      "\nSetup=true\nMediaDir=" + media +
+                                      "\nPlaylistDir=" + app.MakeFolder("media/lists") +
+                                      "\nTime1=8:00:00 AM\nTime2=9:00:00 PM\n");
+    }
+    ToldScreen& ScreenNamed(const std::string& name) {
+        for (const auto& screen : made)
+            if (screen->name == name) return *screen;
+        throw std::runtime_error("no screen " + name);
+    }
+    bool Told(const std::string& what) const {
+        return std::find(told.begin(), told.end(), what) != told.end();
+    }
+
+    std::vector<std::string> told;
+    std::vector<std::unique_ptr<ToldScreen>> made;
+    ToldLoading loading{told};
+    FakeProcesses processes;
+    FileRegistry registry{app.File("registry.ini")};
+    RecordingPlayer player;
+    ScreenMetrics metrics{800, 480, 96, 96};
+    SkinStore skin{{state, settings, fonts, dialogs, report, [this] { return metrics.width; }}};
+    KeyMap keys;
+    ScreenLoader loader;
+    int ended = 0;
+};
+
+} // namespace vk::test
