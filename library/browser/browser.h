@@ -5,6 +5,7 @@
 #include "library/browser/browser_view.h"
 #include "library/browser/list_builder.h"
 #include "library/descriptor.h"
+#include "playback/resume.h"
 
 #include <functional>
 #include <memory>
@@ -43,6 +44,10 @@ class Browser {
     /// One tick of the wheel, positive for up.
     void MouseWheel(int delta);
 
+    /// Acts on a key, a decimal virtual-key code; true when it was used. Keys of the player go to
+    /// it.
+    bool Form_KeyDown(const std::string& code);
+
     /// Play or pause of the player (`Image6`).
     void PlayPause();
     /// Opens or closes the frame with the rarer buttons (`Image7`).
@@ -70,6 +75,9 @@ class Browser {
 
   private:
     using Handler = void (Browser::*)(const Descriptor&);
+
+    struct Key;
+    static const Key Keys[];
 
     // browser.cpp
     void Run(const std::string& name, const std::function<void()>& operation);
@@ -99,13 +107,12 @@ class Browser {
     void EnterMoviePlayer();
     // resume.cpp
     void ResumeSaved();
-    bool DiscMatches(std::int32_t serial);
     // restore.cpp
     void RestoreBrowseHistory();
     bool RestoreElement(const std::string& element, const std::string& kind, bool last);
 
     std::string HistorySection(bool xm) const { return xm ? "xmpcr_tuner" : "main"; }
-    std::string AudioList() const { return needs_.settings.File("vk_audio.m3u"); }
+    std::string AudioList() const { return needs_.settings.File(AudioListName); }
 
     BrowserNeeds needs_;
     ListModel& list_;

@@ -5,6 +5,7 @@
 #include "core/error_report.h"
 #include "core/screens.h"
 #include "core/settings.h"
+#include "input/key_map.h"
 #include "library/browser_state.h"
 #include "library/catalogue.h"
 #include "library/media_tags.h"
@@ -31,6 +32,7 @@ struct BrowserNeeds {
     const LocaleInfo& locale;
     ErrorReport& report;
     const MediaTags& tags;
+    const KeyMap& keys;
     Catalogue* catalogue = nullptr;       ///< null: none
     std::function<void()> StopAudio = {}; ///< silences the audio player process before a film
 

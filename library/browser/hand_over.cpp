@@ -4,9 +4,6 @@
 #include "library/list_file.h"
 #include "library/media_type.h"
 
-#include <algorithm>
-#include <limits>
-
 namespace vk {
 
 // Writes every row of that type; returns the one-based place of the selected one among them, 0 when
@@ -42,8 +39,7 @@ void Browser::PlayAudioFiles(const Descriptor&) {
     audio.ListTitle =
         builder_.BrowsingCD ? ToUtf8(needs_.volumes.Label(drive)) : Trim(builder_.Title());
     audio.VolumeSerial = builder_.BrowsingCD ? needs_.volumes.Serial(drive) : 0;
-    audio.TrackToSelect = static_cast<std::int16_t>(
-        std::min<std::int32_t>(position, std::numeric_limits<std::int16_t>::max()));
+    audio.TrackToSelect = position;
     audio.bResuming = false;
     audio.ResumePosition = 0;
     audio.bStartPlaying = true;

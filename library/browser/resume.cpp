@@ -1,6 +1,5 @@
 // Going on with the list that was last played.
 #include "library/browser/browser.h"
-#include "library/list_file.h"
 #include "platform/files.h"
 
 namespace vk {
@@ -8,8 +7,7 @@ namespace vk {
 void Browser::Resume() {
     if (needs_.app.ListBusy) return;
     Run("Image19_Click", [&] {
-        if (!FileExists(AudioList()))
-            return ShowNotice("You must first play an audio file before resuming.");
+        if (!FileExists(AudioList())) return ShowNotice(NothingToResume);
         if (needs_.audio.PlayMode == PlayNone) return ResumeSaved();
         needs_.audio.bStartPlaying = false; // it plays already: only shown
         needs_.state.FromPlayer = true;
@@ -18,32 +16,10 @@ void Browser::Resume() {
 }
 
 void Browser::ResumeSaved() {
-    const auto saved = [&](const char* key, IniType type) {
-        return needs_.settings.Read("audio_player", key, type);
-    };
-    const std::int32_t serial = saved("volumeserial", IniType::Long).Long();
-    if (!DiscMatches(serial)) return ShowNotice("ROM Mismatch detected. Insert correct CD.");
-    AudioState& audio = needs_.audio;
-    audio.PlayMode = PlayAudio;
-    audio.VolumeSerial = serial;
-    audio.ListFile = AudioList();
-    audio.TrackToSelect =
-        static_cast<std::int16_t>(saved("currenttrack", IniType::Integer).Integer() + 1);
-    audio.ResumePosition =
-        static_cast<std::int32_t>(saved("CurrentPosition", IniType::Double).Double());
-    audio.bResuming = audio.bStartPlaying = true;
+    if (PrepareResume(needs_.settings, needs_.volumes, needs_.audio) != ResumeResult::Ready)
+        return ShowNotice("ROM Mismatch detected. Insert correct CD.");
+    needs_.audio.bResuming = true; // the button means it, whatever the start of the system does
     EnterPlayer();
-}
-
-// A list on the disc drive needs the disc that it was made from; any other list needs none.
-bool Browser::DiscMatches(std::int32_t serial) {
-    const DriveRules& drives = builder_.Drives();
-    for (const std::string& line : ListLines(ReadWholeFile(AudioList()).value_or(""))) {
-        if (line.starts_with('#')) continue;
-        if (!drives.HasDiscDrive() || drives.PlaceOf(line) != Place::Disc) return true;
-        return builder_.CheckDisc() && needs_.volumes.Serial(drives.DiscDrive()) == serial;
-    }
-    return true;
 }
 
 } // namespace vk

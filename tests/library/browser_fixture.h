@@ -86,8 +86,8 @@ class BrowserTest : public testing::Test {
         if (!made_)
             made_ = std::make_unique<Browser>(
                 BrowserNeeds{core.settings, core.state, state, audio, video, core.screens,
-                             core.clock, core.volumes, core.locale, core.report, tags, catalogue,
-                             [this] { ++audioStopped; }},
+                             core.clock, core.volumes, core.locale, core.report, tags, keys,
+                             catalogue, [this] { ++audioStopped; }},
                 list, view);
         return *made_;
     }
@@ -131,6 +131,7 @@ class BrowserTest : public testing::Test {
     RecordingScreen menu, self;
     ID3 reader{{core.log, core.dialogs}, core.state.DecimalSymbol};
     MediaTags tags{core.state, reader};
+    KeyMap keys;
     FakeBrowserView view;
     ListModel list;
     Catalogue* catalogue = nullptr;

@@ -122,6 +122,32 @@ TEST_F(BrowserKeys, TheWheelScrollsOrChangesTheVolume) {
     EXPECT_EQ(player.Count("VolUp"), 3);
 }
 
+TEST_F(BrowserKeys, KeysReachTheirOperations) {
+    keys.ok = "79";
+    keys.down = "13"; // a map may give a fixed code another meaning
+    keys.mute = "77";
+    keys.kbSWMP = "80";
+    Media("a/x.mp3");
+    Media("b/x.mp3");
+    core.volumes.drives.clear();
+    audio.PlayMode = PlayAudio;
+    browser().ReShow();
+    for (const char* code : {"13", "38", "40", "79"})
+        EXPECT_TRUE(browser().Form_KeyDown(code)) << code;
+    EXPECT_EQ(view.title, " b");
+    EXPECT_TRUE(browser().Form_KeyDown("37"));
+    EXPECT_EQ(Selected(), "b");
+    EXPECT_TRUE(browser().Form_KeyDown("39"));
+    EXPECT_EQ(view.title, "Recurse Folder: b");
+    EXPECT_TRUE(browser().Form_KeyDown("77"));
+    EXPECT_EQ(player.Count("key 77"), 1);
+    EXPECT_FALSE(browser().Form_KeyDown("999"));
+    EXPECT_FALSE(browser().Form_KeyDown(""));
+    EXPECT_TRUE(browser().Form_KeyDown("80"));
+    EXPECT_EQ(player.Count("ReDisplay"), 1);
+    EXPECT_TRUE(browser().Form_KeyDown("27"));
+}
+
 TEST_F(BrowserKeys, SwapGoesToThePlayerWhileItPlays) {
     browser().ReShow();
     browser().Swap();

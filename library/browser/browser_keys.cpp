@@ -1,0 +1,50 @@
+// The keys of the browser.
+#include "library/browser/browser.h"
+
+#include <array>
+
+namespace vk {
+
+struct Browser::Key {
+    std::string KeyMap::*mapped;
+    const char* fixed; ///< the code that works even with a bad map, "" for none
+    void (Browser::*operation)();
+};
+
+const Browser::Key Browser::Keys[] = {
+    {&KeyMap::ok, "13", &Browser::runok},
+    {&KeyMap::quit, "27", &Browser::doquit},
+    {&KeyMap::vup, "", &Browser::VolUp},
+    {&KeyMap::Vdown, "", &Browser::VolDown},
+    {&KeyMap::forward, "39", &Browser::MoveAhead},
+    {&KeyMap::back, "37", &Browser::MoveBack},
+    {&KeyMap::up, "38", &Browser::MoveUp},
+    {&KeyMap::down, "40", &Browser::MoveDown},
+    {&KeyMap::kbSWMP, "", &Browser::Swap},
+    {&KeyMap::kbpageup, "", &Browser::PgUp},
+    {&KeyMap::kbpagedown, "", &Browser::PgDn},
+    {&KeyMap::gps, "", &Browser::ShowGPS},
+    {&KeyMap::MP3toRadio, "", &Browser::ShowRadio},
+};
+
+// What the player does with a key it does out of sight, too.
+static constexpr std::array PlayerKeys = {&KeyMap::mute,  &KeyMap::shuffle, &KeyMap::play,
+                                          &KeyMap::pause, &KeyMap::FF,      &KeyMap::REW,
+                                          &KeyMap::addfav};
+
+bool Browser::Form_KeyDown(const std::string& code) {
+    if (code.empty()) return false;
+    // A fixed code counts only after all mapped ones, so that a map may give it another meaning.
+    for (const bool fixed : {false, true})
+        for (const Key& key : Keys)
+            if (fixed ? code == key.fixed : IsKey(code, needs_.keys.*key.mapped)) {
+                (this->*key.operation)();
+                return true;
+            }
+    const auto* player = needs_.screens.Find("playmp3");
+    for (const auto key : PlayerKeys)
+        if (player && IsKey(code, needs_.keys.*key)) return player->Form_KeyDown(code);
+    return false;
+}
+
+} // namespace vk
