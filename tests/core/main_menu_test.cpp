@@ -1,0 +1,262 @@
+#include "core/menu/main_menu.h"
+#include "tests/core/start_fixture.h"
+
+#include <gtest/gtest.h>
+
+namespace vk {
+namespace {
+
+struct ToldView : MenuView {
+    void ShowIcons() override {}
+    void DrawIcon(int index, bool selected) override { drawn.emplace_back(index, selected); }
+    void ShowFrame(bool shown) override { frame = shown; }
+    void SetClockBar(const std::string& text) override { clockBar = text; }
+    void ShowBanner(const std::string& text) override { banner = text; }
+    void RefreshClockColours() override {}
+    void DoLayout() override {}
+    std::vector<std::pair<int, bool>> drawn;
+    std::string clockBar, banner;
+    bool frame = false;
+};
+
+struct MainMenuTest : testing::Test, test::StartFixture {
+    MainMenuTest() {
+        SetUpApp();
+        settings.LoadSettings();
+        state.ScreenWidth = 800;
+        state.ScreenHeight = 480;
+        state.CurrentSkinFile = "Torque.skn";
+        app.Write(
+            "skins/Torque.skn",
+            "[Colors]\n[DMFS]\nitemindex=2\n[IconNames]\nNames=a b c\n[a]\nfunction=1\nof_right=2\n"
+            "[b]\nfunction=2\nof_left=1\nof_below=3\n[c]\nof_above=2\n");
+        skin.LoadSkin();
+        loader.playlists();
+        loader.playmp3();
+        told.clear();
+    }
+    // What the selected icon starts when it has this function.
+    void Start(int function) {
+        menu.LastStartSelection = function;
+        menu.runok(function);
+    }
+    AudioState audio;
+    BrowserState browser;
+    cWinamp winamp{{player, clock, report, app.Path()}};
+    ToldView view;
+    int exits = 0, settingsOpened = 0, reloads = 0;
+    MainMenu menu{{.state = state,
+                   .settings = settings,
+                   .log = log,
+                   .report = report,
+                   .clock = clock,
+                   .locale = locale,
+                   .volumes = volumes,
+                   .window = window,
+                   .screens = screens,
+                   .skin = skin,
+                   .keys = keys,
+                   .audio = audio,
+                   .browser = browser,
+                   .winamp = winamp,
+                   .mixer = nullptr,
+                   .openSettings = [this] { ++settingsOpened; },
+                   .unloadSettings = [this] { screens.Remove("settings"); },
+                   .reloadSkin = [this] { ++reloads; },
+                   .loadGPS = [] {},
+                   .exitApplication = [this] { ++exits; },
+                   .powerAction = {},
+                   .setDimmer = {}},
+                  view};
+};
+
+TEST_F(MainMenuTest, TheGraphOfTheSkinLeadsTheCursor) {
+    menu.ReShow();
+    EXPECT_EQ(menu.CurrentSelection, 2) << "the skin's own when none is stored";
+    menu.MoveLeft();
+    EXPECT_EQ(menu.CurrentSelection, 1);
+    EXPECT_EQ(view.drawn.back(), std::make_pair(1, true));
+    menu.MoveLeft();
+    EXPECT_EQ(menu.CurrentSelection, 1) << "no neighbour, no move";
+    EXPECT_TRUE(menu.Form_KeyDown("39"));
+    EXPECT_TRUE(menu.Form_KeyDown("40"));
+    EXPECT_EQ(menu.CurrentSelection, 3);
+    menu.runok();
+    EXPECT_EQ(view.clockBar,
+              "Someone didn't set the function for this button when they created this skin!");
+    menu.switchingform();
+    EXPECT_EQ(settings.Read("main", "CurrentSelectID"), "3");
+    EXPECT_FALSE(menu.Form_KeyDown("999"));
+}
+
+TEST_F(MainMenuTest, AStoredSelectionBeyondTheIconsSelectsNothing) {
+    settings.Write("main", "CurrentSelectID", "9");
+    menu.ReShow();
+    menu.MoveUp();
+    menu.runok();
+    EXPECT_EQ(menu.CurrentSelection, 9);
+    EXPECT_TRUE(told.empty());
+}
+
+TEST_F(MainMenuTest, FunctionsOfWhatIsNotConfigured) {
+    struct Case {
+        int function;
+        const char* message;
+    };
+    for (const Case& c : {Case{4, "You must first configure external app support."},
+                          Case{5, "You must first configure your radio."},
+                          Case{6, "You have no GPS module configured"}}) {
+        Start(c.function);
+        EXPECT_EQ(view.clockBar, c.message);
+    }
+    EXPECT_TRUE(told.empty());
+    Start(42);
+    EXPECT_TRUE(told.empty());
+}
+
+TEST_F(MainMenuTest, TheBrowserOpensAtTheMediaFolder) {
+    Start(2);
+    EXPECT_TRUE(Told("playlists.ReShow"));
+    EXPECT_EQ(browser.CurrentPath, settings.values.MediaDir);
+    EXPECT_EQ(browser.ListMode, ListFromMenu);
+    settings.values.PlaylistDir = "none";
+    told.clear();
+    Start(2);
+    EXPECT_TRUE(told.empty());
+}
+
+TEST_F(MainMenuTest, AudioResumesWhatWasSaved) {
+    app.Write("vk_audio.m3u", "/m/a.mp3\n");
+    settings.Write("audio_player", "currenttrack", "4");
+    settings.Write("audio_player", "CurrentPosition", "61");
+    settings.Write("audio_player", "volumeserial", "-1");
+    settings.values.DoResume = true;
+    Start(1);
+    EXPECT_TRUE(Told("playmp3.ReShow"));
+    EXPECT_EQ(audio.PlayMode, PlayAudio);
+    EXPECT_EQ(audio.TrackToSelect, 5);
+    EXPECT_EQ(audio.ResumePosition, 61);
+    EXPECT_TRUE(audio.bStartPlaying && audio.bResuming);
+    EXPECT_EQ(audio.ListFile, app.File("vk_audio.m3u"));
+}
+
+TEST_F(MainMenuTest, AudioThatCannotBeResumedOpensTheBrowser) {
+    const auto opens = [&](const char* why) {
+        told.clear();
+        Start(1);
+        EXPECT_TRUE(Told("playlists.ReShow")) << why;
+    };
+    settings.Write("audio_player", "currenttrack", "4");
+    opens("no list");
+    app.Write("vk_audio.m3u", "");
+    opens("an empty list");
+    app.Write("vk_audio.m3u", "/cd/a.mp3\n");
+    settings.Write("audio_player", "currenttrack", "0");
+    opens("track 0");
+    settings.Write("audio_player", "currenttrack", "4");
+    settings.Write("audio_player", "volumeserial", "77");
+    opens("no drive");
+    settings.values.CDDriveLetter = "/cd";
+    volumes.drives = {{"/cd", DriveType::CdRom}};
+    volumes.ready = {"/cd"};
+    volumes.serials["/cd"] = 78;
+    opens("another disc");
+    volumes.serials["/cd"] = 77;
+    told.clear();
+    Start(1);
+    EXPECT_TRUE(Told("playmp3.ReShow"));
+}
+
+TEST_F(MainMenuTest, ComingBackSilencesThePlayerAndHidesTheRest) {
+    player.answer = [](const auto& message) { return message.lParam == 104 ? 1 : 0; };
+    menu.ReShow();
+    EXPECT_EQ(player.sent.back(), test::RecordingPlayer::Command(WinampStop));
+    EXPECT_EQ(screens.CurrentForm, "velkorandum");
+    EXPECT_TRUE(state.WinampWatched);
+    EXPECT_EQ(view.clockBar, "Saturday, November 21, 2026 12:0");
+    EXPECT_TRUE(view.frame);
+}
+
+TEST_F(MainMenuTest, QuittingWaitsForABusyCatalogueTwice) {
+    state.DBState = DBStateValue::Rebuilding;
+    menu.Image1_Click();
+    EXPECT_EQ(view.clockBar, "Please wait for the database to finish. :1");
+    menu.Image1_Click();
+    EXPECT_EQ(exits, 0);
+    EXPECT_TRUE(menu.Form_KeyDown("%115"));
+    EXPECT_EQ(exits, 1);
+    EXPECT_EQ(settings.Read("main", "CurrentSelectID"), "0");
+}
+
+TEST_F(MainMenuTest, ExitDependsOnTheMode) {
+    settings.values.ShutDownMode = 3;
+    Start(7);
+    EXPECT_EQ(exits, 0);
+    settings.values.ShutDownMode = 0;
+    Start(7);
+    EXPECT_EQ(exits, 1);
+}
+
+TEST_F(MainMenuTest, TheClockFollowsTheDay) {
+    settings.values.CurrentNTSkin = "Night.skn";
+    settings.values.Time1 = "8:00:00 AM";
+    settings.values.Time2 = "12:01:00 PM";
+    menu.ReShow();
+    view.clockBar = "a message";
+    clock.Advance(58000);
+    EXPECT_EQ(view.clockBar, "a message");
+    EXPECT_EQ(reloads, 0);
+    clock.Advance(3000);
+    EXPECT_EQ(view.clockBar, "Saturday, November 21, 2026 12:0");
+    EXPECT_EQ(reloads, 1);
+    EXPECT_EQ(state.CurrentSkinFile, "Night.skn");
+}
+
+TEST_F(MainMenuTest, TheFirstAppearanceWaitsForTheCatalogue) {
+    state.Setup = true;
+    state.DBState = DBStateValue::Rebuilding;
+    int turns = 0;
+    clock.onEvents = [&] {
+        EXPECT_NE(view.banner.find("Refreshing Database"), std::string::npos);
+        if (++turns == 20) state.DBState = DBStateValue::OnLine;
+    };
+    menu.ReShow();
+    EXPECT_EQ(turns, 20);
+    EXPECT_EQ(view.banner, "");
+    EXPECT_TRUE(state.WinampWatched);
+}
+
+TEST_F(MainMenuTest, KeysOfTheMap) {
+    keys.kbSWMP = "80";
+    EXPECT_TRUE(menu.Form_KeyDown("80"));
+    EXPECT_EQ(settingsOpened, 1);
+    settings.values.hidemouse = true;
+    EXPECT_TRUE(menu.Form_KeyDown("27"));
+    EXPECT_FALSE(settings.values.hidemouse);
+    EXPECT_EQ(settings.Read("main", "hidemouse"), "false");
+    EXPECT_FALSE(menu.Form_KeyDown(""));
+}
+
+TEST_F(MainMenuTest, HiddenZonesOfTheCleanMenu) {
+    menu.PressedAt(799, 0);
+    EXPECT_EQ(exits, 0);
+    settings.values.CleanMenu = true;
+    menu.PressedAt(400, 240);
+    EXPECT_EQ(exits + settingsOpened, 0);
+    menu.PressedAt(799, 0);
+    menu.PressedAt(0, 479);
+    EXPECT_EQ(exits, 1);
+    EXPECT_EQ(settingsOpened, 1);
+}
+
+TEST_F(MainMenuTest, TheSettingsScreenGoesAtTheSecondTick) {
+    loader.settings();
+    menu.ReShow();
+    clock.Advance(1500);
+    EXPECT_NE(screens.Find("settings"), nullptr);
+    clock.Advance(1000);
+    EXPECT_EQ(screens.Find("settings"), nullptr);
+}
+
+} // namespace
+} // namespace vk
