@@ -1,0 +1,135 @@
+#include "core/file_registry.h"
+#include "library/catalogue_server.h"
+#include "platform/any/virtual_keys.h"
+#include "platform/files.h"
+#include "platform/linux/processes.h"
+#include "platform/linux/volumes.h"
+#include "tests/support/temp_folder.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+
+namespace vk {
+namespace {
+
+struct FilesTest : testing::Test {
+    test::TempFolder folder;
+};
+
+TEST_F(FilesTest, AReplaceIsWholeAndKeepsModeAndLinks) {
+    const std::string file = folder.Write("a.ini", "old");
+    ::chmod(file.c_str(), 0600);
+    ::symlink(file.c_str(), folder.File("link.ini").c_str());
+    EXPECT_TRUE(ReplaceFile(folder.File("link.ini"), "new"));
+    EXPECT_EQ(folder.Read("a.ini"), "new");
+    struct stat info {};
+    ::lstat(folder.File("link.ini").c_str(), &info);
+    EXPECT_TRUE(S_ISLNK(info.st_mode));
+    ::stat(file.c_str(), &info);
+    EXPECT_EQ(info.st_mode & 0777, 0600u);
+}
+
+TEST_F(FilesTest, AFailedReplaceSaysWhyAndLeavesTheOldFile) {
+    std::string reason;
+    EXPECT_FALSE(ReplaceFile(folder.File("none/a"), "x", &reason));
+    EXPECT_FALSE(reason.empty());
+    folder.Write("a", "old");
+    folder.MakeFolder("a.new"); // the temporary name is taken by a folder
+    EXPECT_FALSE(ReplaceFile(folder.File("a"), "x"));
+    EXPECT_EQ(folder.Read("a"), "old");
+}
+
+TEST_F(FilesTest, OnlyRegularFilesAreRead) {
+    ::mkfifo(folder.File("pipe").c_str(), 0600);
+    EXPECT_FALSE(ReadWholeFile(folder.File("pipe")));
+    EXPECT_FALSE(ReadWholeFile(folder.Path()));
+    EXPECT_FALSE(ReadWholeFile(folder.File("none")));
+    folder.Write("long", std::string(100, 'x'));
+    EXPECT_EQ(ReadWholeFile(folder.File("long"), 10)->size(), 10u);
+    EXPECT_EQ(FileLength(folder.File("pipe")), 0u);
+    EXPECT_EQ(FileLength(folder.File("long")), 100u);
+    EXPECT_TRUE(FolderExists(folder.Path() + "/"));
+    EXPECT_TRUE(FolderExists(""));
+    EXPECT_FALSE(FileExists(folder.Path()));
+}
+
+TEST_F(FilesTest, ListsAFolder) {
+    folder.Write("b/x", "");
+    folder.Write("a", "12");
+    ::symlink("/no/such", folder.File("broken").c_str());
+    auto entries = ListFolder(folder.Path());
+    std::sort(entries.begin(), entries.end(),
+              [](const auto& l, const auto& r) { return l.name < r.name; });
+    ASSERT_EQ(entries.size(), 2u);
+    EXPECT_EQ(entries[0].length, 2u);
+    EXPECT_TRUE(entries[1].isFolder);
+    EXPECT_TRUE(ListFolder(folder.File("none")).empty());
+}
+
+TEST_F(FilesTest, DrivesComeFromTheKernelsTables) {
+    folder.Write("mounts", "22 1 8:1 / / rw - ext4 /dev/sda1 rw\n"
+                           "23 22 0:5 / /proc rw - proc proc rw\n"
+                           "24 22 8:17 / /media/my\\040stick rw shared:1 - vfat /dev/sdb1 rw\n"
+                           "25 22 8:33 / /data rw - ext4 /dev/sdc1 rw\n"
+                           "26 22 11:0 / /media/cd ro - iso9660 /dev/sr0 ro\n"
+                           "27 22 8:1 /x /boot/efi rw - vfat /dev/sda2 rw\nnonsense\n");
+    folder.Write("cdrom", "CD-ROM information\n\ndrive name:\t\tsr1\tsr0\ndrive speed:\t24\n");
+    folder.Write("block/8:17/removable", "1\n");
+    folder.Write("block/8:33/removable", "0\n");
+    LinuxVolumes volumes(folder.File("mounts"), folder.File("cdrom"), folder.File("block"));
+    const auto drives = volumes.Drives();
+    ASSERT_EQ(drives.size(), 4u);
+    EXPECT_EQ(drives[0].root, "/dev/sr1");
+    EXPECT_EQ(drives[1].root, "/media/cd");
+    EXPECT_EQ(drives[1].type, DriveType::CdRom);
+    EXPECT_EQ(drives[2].root, "/media/my stick");
+    EXPECT_EQ(drives[2].type, DriveType::Removable);
+    EXPECT_EQ(drives[3].type, DriveType::Fixed);
+    EXPECT_EQ(volumes.DriveOf("/media/my stick/a/b.mp3"), "/media/my stick");
+    EXPECT_EQ(volumes.DriveOf("/data2/x"), "/");
+    EXPECT_FALSE(volumes.IsReady("/dev/no-such-drive"));
+    EXPECT_FALSE(volumes.Eject("/dev/no-such-drive"));
+    EXPECT_TRUE(LinuxVolumes("/none", "/none", "/none").Drives().empty());
+}
+
+TEST_F(FilesTest, ProcessesAreFoundByTheirFileNameAlone) {
+    const LinuxProcesses processes;
+    const std::string own = FileNameOf(std::filesystem::read_symlink("/proc/self/exe").string());
+    EXPECT_TRUE(processes.ProcessRunning(own + ".exe", 0));
+    EXPECT_FALSE(processes.ProcessRunning(own, processes.OwnId()));
+    EXPECT_FALSE(processes.ProcessRunning("no-such-program", 0));
+}
+
+TEST_F(FilesTest, TheRegistryFileKeepsKeysAndValues) {
+    FileRegistry registry(folder.File("registry.ini"));
+    EXPECT_FALSE(CatalogueServerRegistered(registry));
+    EXPECT_TRUE(RegisterCatalogueServer(registry, folder.File("server")));
+    EXPECT_TRUE(CatalogueServerRegistered(registry));
+    EXPECT_FALSE(registry.KeyExists("DB_UPDATE.clsDB", Hive::CurrentUser));
+    EXPECT_EQ(CatalogueServerProgram(registry, folder.Path()), "") << "registered, but gone";
+    folder.Write("server", "");
+    EXPECT_EQ(CatalogueServerProgram(registry, folder.Path()), folder.File("server"));
+    folder.Write("DB_UPDATE", "");
+    EXPECT_EQ(CatalogueServerProgram(registry, folder.Path()), folder.File("DB_UPDATE"));
+}
+
+TEST(VirtualKeysTest, QtKeysHaveTheirWindowsCodes) {
+    struct Case {
+        int key;
+        Qt::KeyboardModifiers modifiers;
+        const char* text;
+    };
+    const Case cases[] = {
+        {Qt::Key_Up, Qt::NoModifier, "38"},        {Qt::Key_Return, Qt::NoModifier, "13"},
+        {Qt::Key_Enter, Qt::KeypadModifier, "13"}, {Qt::Key_P, Qt::ShiftModifier, "80"},
+        {Qt::Key_F4, Qt::AltModifier, "%115"},     {Qt::Key_Plus, Qt::KeypadModifier, "107"},
+        {Qt::Key_7, Qt::NoModifier, "55"},         {Qt::Key_Hyper_L, Qt::NoModifier, ""}};
+    for (const Case& c : cases)
+        EXPECT_EQ(VirtualKeyText(QKeyEvent(QEvent::KeyPress, c.key, c.modifiers)), c.text);
+}
+
+} // namespace
+} // namespace vk
