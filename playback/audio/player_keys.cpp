@@ -35,7 +35,7 @@ bool AudioPlayer::Form_KeyDown(const std::string& code) {
     // A fixed code counts only after all mapped ones, so that a map may give it another meaning.
     for (const bool fixed : {false, true})
         for (const Key& key : Keys)
-            if (fixed ? code == key.fixed : IsKey(code, n_.keys.*key.mapped)) {
+            if (fixed ? IsKey(code, {}, key.fixed) : IsKey(code, n_.keys.*key.mapped)) {
                 (this->*key.operation)();
                 return true;
             }

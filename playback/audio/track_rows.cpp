@@ -77,8 +77,8 @@ const Track* TrackRows::Find(std::int32_t index) {
 
 void TrackRows::ReadTagsOnPage() {
     ListModel& list = n_.list;
-    const std::int32_t end = std::min(Count(), list.GetLastItemNumber() + 1);
-    for (std::int32_t i = std::max(0, list.GetFirstItemNumber()); i < end; ++i) {
+    const std::int32_t end = std::min(Count(), list.TopRow() + list.iMaxVis + 1);
+    for (std::int32_t i = list.TopRow(); i < end; ++i) {
         const Track& track = WithTag(i);
         list.RplartistListItem(i, FirstText(i));
         list.RplTitleListItem(i, track.artist.empty() ? "" : track.title);
@@ -87,12 +87,8 @@ void TrackRows::ReadTagsOnPage() {
 
 void TrackRows::Select(std::int32_t index) {
     if (index < 0 || index >= Count()) return;
-    ListModel& list = n_.list;
-    list.iHighlight = index;
-    list.SelectItem(index);
-    // A jump from outside the page stops one row short of the selection.
-    if (list.iMaxVis > 0 && index >= list.GetLastItemNumber())
-        list.iFirstVisible = index - list.iMaxVis + 1;
+    n_.list.iHighlight = index;
+    n_.list.SelectItem(index);
     ReadTagsOnPage();
 }
 

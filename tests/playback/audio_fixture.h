@@ -1,0 +1,185 @@
+// The audio player's logic over a simulated player process.
+#pragma once
+
+#include "input/key_map.h"
+#include "playback/audio/audio_player.h"
+#include "tests/sim/recording_player.h"
+#include "tests/support/core_fixture.h"
+
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace vk::test {
+
+/// Keeps what was last shown of each kind.
+class RecordingView : public PlayerView {
+  public:
+    void ShowTitle(const std::string& text) override { title = text; }
+    void ShowArtist(const std::string& text) override { artist = text; }
+    void ShowBitRate(const std::string& text) override { bitRate = text; }
+    void ShowTrackTime(const std::string& text) override { time = text; }
+    void ShowListTitle(const std::string& text) override { listTitle = text; }
+    void ShowVolume(const std::string& text) override { volumes.push_back(text); }
+    void ShowClock(const std::string& text) override { clocks.push_back(text); }
+    void ShowLoading(const std::string& text) override { loading = text; }
+    void ShowMediaType(const std::string& picture) override { mediaType = picture; }
+    void ShowShuffle(bool on) override { shuffle = on; }
+    void SetButton(PlayerButton button, const std::string& picture) override {
+        buttons[button] = picture;
+    }
+    void ReDrawList() override { ++redraws; }
+    void ShowFrame(bool shown) override { frame = shown; }
+    void ShowAtFront() override { ++shows; }
+
+    std::string title, artist, bitRate, time, listTitle, loading, mediaType;
+    std::vector<std::string> volumes, clocks;
+    std::map<PlayerButton, std::string> buttons;
+    bool shuffle = false, frame = false;
+    int redraws = 0, shows = 0;
+};
+
+/// A screen that counts how often it was shown.
+struct CountingScreen {
+    int shows = 0;
+    void runok() {}
+    void MoveUp() {}
+    void MoveDown() {}
+    void MoveBack() {}
+    void MoveAhead() {}
+    void VolUp() {}
+    void VolDown() {}
+    void doquit() {}
+    void ReShow() { ++shows; }
+    void DoLayout() {}
+    void switchingform() {}
+    void Hide() {}
+    bool Form_KeyDown(const std::string&) { return false; }
+};
+
+/// A player process of a hundred tracks of three minutes that obeys the commands.
+struct SimulatedProcess {
+    RecordingPlayer wire;
+    std::int32_t status = 0, track = 0, positionMs = 0, length = 180, bitRate = 128;
+    bool obeys = true; ///< a play command starts it
+
+    SimulatedProcess() {
+        wire.answer = [this](const RecordingPlayer::Message& m) {
+            return m.message == WM_COMMAND ? Obey(m.wParam) : Answer(m.lParam, m.wParam);
+        };
+    }
+    std::int32_t Obey(std::int32_t command) {
+        if (command == WinampPlay && obeys) status = 1;
+        if (command == WinampPause) status = 3;
+        if (command == WinampStop) status = 0;
+        if (command == WinampNext) ++track;
+        if (command == WinampPrevious) --track;
+        return 0;
+    }
+    std::int32_t Answer(std::int32_t function, std::int32_t argument) {
+        switch (function) {
+        case 104:
+            return status;
+        case 105:
+            return argument == 0 ? positionMs : length;
+        case 106:
+            positionMs = argument;
+            return 0;
+        case 121:
+            track = argument;
+            positionMs = 0;
+            return 0;
+        case 125:
+            return track;
+        case 126:
+            return bitRate;
+        default:
+            return 0;
+        }
+    }
+    /// The ids of all commands and the functions of all queries, in the order they were sent.
+    std::vector<std::int32_t> Sent() const {
+        std::vector<std::int32_t> ids;
+        for (const auto& m : wire.sent)
+            ids.push_back(m.message == WM_COMMAND ? m.wParam : m.lParam);
+        return ids;
+    }
+    std::int64_t Count(std::int32_t id) const {
+        const auto sent = Sent();
+        return std::count(sent.begin(), sent.end(), id);
+    }
+};
+
+struct AudioFixture : CoreFixture {
+    SimulatedProcess process;
+    cWinamp winamp{{process.wire, clock, report, app.Path()}};
+    AudioState audio;
+    BrowserState browser;
+    KeyMap keys;
+    ListModel list;
+    RecordingView view;
+    CountingScreen menu, playlists;
+    std::map<std::string, TagRecord> tags; ///< by file name
+    int tagsRead = 0;
+    CatalogueQuery query;
+    Mixer* mixer = nullptr;
+    std::unique_ptr<AudioPlayer> made;
+
+    AudioFixture() {
+        list.SetGeometry(20, "4", 250); // ten rows
+        settings.values.TSRepeatVal = 4;
+        settings.values.DoResume = true;
+        settings.values.CDDriveLetter = "/media/disc";
+        settings.values.MediaDir = app.File("media");
+        screens.Add("velkorandum", menu);
+        screens.Add("playlists", playlists);
+    }
+    AudioPlayer& player() {
+        if (!made)
+            made = std::make_unique<AudioPlayer>(
+                AudioPlayer::Needs{.audio = audio,
+                                   .browser = browser,
+                                   .app = state,
+                                   .winamp = winamp,
+                                   .settings = settings,
+                                   .keys = keys,
+                                   .clock = clock,
+                                   .locale = locale,
+                                   .volumes = volumes,
+                                   .window = window,
+                                   .screens = screens,
+                                   .log = log,
+                                   .report = report,
+                                   .list = list,
+                                   .view = view,
+                                   .tagOf =
+                                       [this](const std::string& path) {
+                                           ++tagsRead;
+                                           return tags[FileNameOf(path)];
+                                       },
+                                   .query = query,
+                                   .mixer = mixer});
+        return *made;
+    }
+    /// A list of existing files named "Artist<n> - Song<n>.mp3"; returns the list's path.
+    std::string MakeList(int count, const std::string& front = {}) {
+        std::string lines = front;
+        for (int i = 1; i <= count; ++i) {
+            const std::string n = std::to_string(i);
+            lines += app.Write("media/Artist" + n + " - Song" + n + ".mp3", "x") + "\r\n";
+        }
+        return app.Write("vk_audio.m3u", lines);
+    }
+    /// Asks for the list from entry `track` (from 1) and enters the player.
+    void Play(int count, std::int32_t track = 1) {
+        audio.PlayMode = PlayAudio;
+        audio.ListFile = MakeList(count);
+        audio.TrackToSelect = track;
+        audio.bStartPlaying = true;
+        player().ReShow();
+    }
+    std::string Saved(const char* key) { return settings.Read("audio_player", key); }
+};
+
+} // namespace vk::test

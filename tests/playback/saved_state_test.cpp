@@ -1,0 +1,153 @@
+#include "playback/resume.h"
+#include "tests/playback/audio_fixture.h"
+
+#include <gtest/gtest.h>
+
+namespace vk::test {
+
+struct SavedStateTest : testing::Test, AudioFixture {
+    /// The process dies without a word and the system starts anew on the same folder.
+    void KillAndResume() {
+        made.reset();
+        audio = {};
+        process.status = process.track = process.positionMs = 0;
+        settings.LoadSettings();
+        settings.values.DoResume = true;
+        settings.values.CDDriveLetter = "/media/disc";
+        ASSERT_EQ(PrepareResume(settings, volumes, audio), ResumeResult::Ready);
+        player().ReShow();
+    }
+    void PlayTo(std::int32_t seconds) {
+        process.positionMs = seconds * 1000;
+        clock.Advance(15000);
+    }
+};
+
+TEST_F(SavedStateTest, AKillResumesTrackAndPosition) {
+    Play(9, 4);
+    PlayTo(33);
+    KillAndResume();
+    EXPECT_EQ(process.track, 3);
+    EXPECT_EQ(process.positionMs, 33000);
+    EXPECT_EQ(view.title, "Song4");
+}
+
+TEST_F(SavedStateTest, AKillInTheFirstSecondsResumesTheNewList) {
+    Play(9, 4);
+    PlayTo(33);
+    Play(9, 7);
+    KillAndResume();
+    EXPECT_EQ(process.track, 6);
+    EXPECT_EQ(process.positionMs, 0);
+}
+
+TEST_F(SavedStateTest, KeepsSavingBehindAnotherScreen) {
+    Play(9);
+    player().Swap();
+    process.track = 5;
+    PlayTo(12);
+    KillAndResume();
+    EXPECT_EQ(process.track, 5);
+    EXPECT_EQ(process.positionMs, 12000);
+}
+
+TEST_F(SavedStateTest, ATrackChangeIsSavedAtOnce) {
+    Play(9);
+    PlayTo(50);
+    process.positionMs = 0;
+    player().MoveAhead();
+    KillAndResume();
+    EXPECT_EQ(process.track, 1);
+    EXPECT_EQ(process.positionMs, 0);
+}
+
+TEST_F(SavedStateTest, APauseIsNotLostByQuitting) {
+    Play(9, 2);
+    process.positionMs = 44000;
+    player().DoPause();
+    clock.Advance(3000);
+    player().doquit();
+    EXPECT_EQ(Saved("CurrentPosition"), "44");
+    EXPECT_EQ(Saved("currenttrack"), "1");
+}
+
+TEST_F(SavedStateTest, AProcessThatHasGoneKeepsWhatWasSaved) {
+    Play(9, 2);
+    PlayTo(44);
+    player().Swap();
+    const std::string saved = Saved("CurrentPosition");
+    EXPECT_NE(saved, "0");
+    process.status = process.positionMs = process.track = 0;
+    player().SaveAudioData();
+    EXPECT_EQ(Saved("CurrentPosition"), saved);
+    EXPECT_EQ(Saved("currenttrack"), "1");
+}
+
+TEST_F(SavedStateTest, WritesOnlyWhatHasChanged) {
+    Play(9);
+    player().DoPause();
+    PlayTo(20);
+    app.Write("settings.ini", "");
+    clock.Advance(60000);
+    EXPECT_EQ(app.Read("settings.ini"), "");
+}
+
+TEST_F(SavedStateTest, SavesAllOfItOnLeaving) {
+    audio.VolumeSerial = 77;
+    volumes.ready.insert("/media/disc");
+    app.Write("winamp.ini", "[winamp]\r\nShuffle = 1\r\nVolume = 200\r\n");
+    Play(3, 2);
+    clock.Advance(2000);
+    player().SaveAudioData();
+    EXPECT_EQ(Saved("Volume"), "0");
+    EXPECT_EQ(Saved("CurrentPlaylist"), audio.ListFile);
+    EXPECT_EQ(Saved("volumeserial"), "77");
+    EXPECT_EQ(Saved("CurrentTrack"), "1");
+    EXPECT_EQ(ini.ReadText(app.File("winamp.ini"), "winamp", "shuffle"), "1");
+    EXPECT_TRUE(Logged("saved audio data"));
+    player().Form_Unload(true);
+    EXPECT_TRUE(Logged("form unloaded by administrative request - os shutdown"));
+}
+
+struct ResumeTest : testing::Test, CoreFixture {
+    AudioState audio;
+    ResumeTest() {
+        settings.values.CDDriveLetter = "/media/disc";
+        settings.values.DoResume = true;
+    }
+    ResumeResult Prepare(const std::string& keys) {
+        app.Write("settings.ini", "[audio_player]\r\n" + keys);
+        return PrepareResume(settings, volumes, audio);
+    }
+};
+
+TEST_F(ResumeTest, NeedsAListAndItsDisc) {
+    EXPECT_EQ(Prepare(""), ResumeResult::NoList);
+    EXPECT_EQ(audio.PlayMode, PlayNone);
+    app.Write("vk_audio.m3u", "x");
+    EXPECT_EQ(Prepare("volumeserial=77\r\n"), ResumeResult::DiscMissing);
+    volumes.drives = {{"/media/disc", DriveType::CdRom}};
+    volumes.ready.insert("/media/disc");
+    volumes.serials["/media/disc"] = 76;
+    EXPECT_EQ(Prepare("volumeserial=77\r\n"), ResumeResult::DiscMissing);
+    EXPECT_EQ(audio.PlayMode, PlayNone);
+    volumes.serials["/media/disc"] = 77;
+    EXPECT_EQ(Prepare("volumeserial=77\r\n"), ResumeResult::Ready);
+    settings.values.CDDriveLetter = "NONE";
+    EXPECT_EQ(Prepare("volumeserial=78\r\n"), ResumeResult::Ready);
+}
+
+TEST_F(ResumeTest, TakesWholeSecondsAndSurvivesNonsense) {
+    app.Write("vk_audio.m3u", "x");
+    EXPECT_EQ(Prepare("currenttrack=4\r\nCurrentPosition=83.9\r\nvolumeserial=-1\r\n"),
+              ResumeResult::Ready);
+    EXPECT_EQ(audio.TrackToSelect, 5);
+    EXPECT_EQ(audio.ResumePosition, 83);
+    EXPECT_TRUE(audio.bResuming);
+    settings.values.DoResume = false;
+    EXPECT_EQ(Prepare("currenttrack=x\r\nCurrentPosition=1e300\r\n"), ResumeResult::Ready);
+    EXPECT_EQ(audio.TrackToSelect, 1);
+    EXPECT_FALSE(audio.bResuming);
+}
+
+} // namespace vk::test

@@ -1,0 +1,92 @@
+#include "playback/audio/track_list.h"
+#include "tests/support/temp_folder.h"
+
+#include <gtest/gtest.h>
+
+namespace vk::test {
+
+struct TrackListTest : testing::Test {
+    TempFolder folder;
+    std::string song = folder.Write("a song.mp3", "x");
+    std::string other = folder.Write("other.wma", "x");
+    TrackListNeeds needs;
+    TrackList Read(const std::string& lines, std::int32_t wanted = 1) {
+        return ReadTrackList(folder.Write("list.m3u", lines), wanted, needs);
+    }
+};
+
+TEST_F(TrackListTest, TakesFilesAndDiscTracksAndLeavesOutTheRest) {
+    const auto list = Read("# Road music\r\n#EXTM3U\n#EXTINF:1,x\n" + song +
+                           "\n\n/no/such.mp3\n/media/disc/Track02.cda\r\nTRACK.CDA\n" + other);
+    ASSERT_EQ(list.tracks.size(), 4u);
+    EXPECT_EQ(list.title, "Road music");
+    EXPECT_EQ(list.tracks[0].path, song);
+    EXPECT_FALSE(list.tracks[0].tagged);
+    EXPECT_EQ(list.tracks[1].title, "CD Audio Track #2");
+    EXPECT_EQ(list.tracks[2].title, "CD Audio Track #3");
+    EXPECT_TRUE(list.tracks[2].IsDiscTrack());
+    EXPECT_EQ(list.tracks[3].path, other);
+}
+
+TEST_F(TrackListTest, TellsWhetherTheWantedEntryIsMissing) {
+    EXPECT_TRUE(Read(song + "\n/gone.mp3\n" + other, 2).wantedMissing);
+    EXPECT_TRUE(Read("/gone.mp3\n" + song, 1).wantedMissing);
+    EXPECT_FALSE(Read("/gone.mp3\n" + song + "\n" + other, 2).wantedMissing);
+    EXPECT_FALSE(Read("# a comment\n" + song, 1).wantedMissing);
+}
+
+TEST_F(TrackListTest, SurvivesHostileLists) {
+    EXPECT_TRUE(Read("").tracks.empty());
+    EXPECT_TRUE(Read(std::string("\0\xFF\xFE\r\n\0\0", 8)).tracks.empty());
+    EXPECT_TRUE(Read(std::string(1u << 20, 'a')).tracks.empty());
+    EXPECT_TRUE(Read(folder.Path() + "\n.\n..\n/dev/null/x").tracks.empty());
+    EXPECT_TRUE(ReadTrackList(folder.File("missing.m3u"), 1, needs).tracks.empty());
+    EXPECT_EQ(Read(song).tracks.size(), 1u); // no line end at all
+}
+
+TEST_F(TrackListTest, ReportsProgressOfALongList) {
+    std::string lines;
+    for (int i = 0; i < 100000; ++i)
+        lines += song + "\n";
+    std::vector<int> percents;
+    needs.progress = [&](int percent) { percents.push_back(percent); };
+    EXPECT_EQ(Read(lines).tracks.size(), 100000u);
+    EXPECT_GE(percents.size(), 100u);
+    EXPECT_GE(percents.back(), 99);
+}
+
+TEST_F(TrackListTest, AsksTheCatalogueForAStoredQuery) {
+    std::string asked;
+    needs.query = [&](const std::string& sql) {
+        asked = sql;
+        return std::vector<CatalogueRow>{{"/gone.mp3", "G", "Gone"},
+                                         {song, "Singer", "Song"},
+                                         {"/gone2.mp3", "H", "Gone too"},
+                                         {"/disc/Track01.cda", "", "First"}};
+    };
+    const auto list = Read("# SELECT Path, Artist, Title FROM Media\n", 2);
+    EXPECT_EQ(asked, "SELECT Path, Artist, Title, MediaType FROM Media");
+    ASSERT_EQ(list.tracks.size(), 2u);
+    EXPECT_EQ(list.tracks[0].artist, "Singer");
+    EXPECT_EQ(list.tracks[1].path, "/disc/Track01.cda");
+    EXPECT_TRUE(list.wantedMissing); // the second missing one stood where entry 2 was wanted
+    EXPECT_FALSE(Read("# SELECT Path FROM Media\n", 1).wantedMissing);
+}
+
+TEST_F(TrackListTest, LogsAQueryThatNoCatalogueCanAnswer) {
+    std::vector<std::string> lines;
+    needs.log = [&](const std::string& text) { lines.push_back(text); };
+    EXPECT_EQ(Read("# SELECT Path FROM Media\n" + song).tracks.size(), 1u);
+    EXPECT_EQ(lines.size(), 1u);
+}
+
+TEST(WithMediaType, AddsTheColumnOnlyWhereItIsMissing) {
+    EXPECT_EQ(WithMediaType("SELECT Path FROM Media"), "SELECT Path, MediaType FROM Media");
+    EXPECT_EQ(WithMediaType("SELECT Path, MediaType FROM Media"),
+              "SELECT Path, MediaType FROM Media");
+    EXPECT_EQ(WithMediaType("SELECT Path FROM Media WHERE MediaType=1"),
+              "SELECT Path, MediaType FROM Media WHERE MediaType=1");
+    EXPECT_EQ(WithMediaType("SELECT 1"), "SELECT 1");
+}
+
+} // namespace vk::test
