@@ -6,15 +6,8 @@
 #include <QGuiApplication>
 #include <QPainter>
 #include <QScreen>
-#include <QWheelEvent>
 
 namespace vk {
-
-namespace {
-
-constexpr int WheelStep = 120; // eighths of a degree, one notch
-
-} // namespace
 
 HostWindow::HostWindow() {
     setWindowTitle(QStringLiteral("Velkorandum"));
@@ -35,14 +28,6 @@ void HostWindow::keyPressEvent(QKeyEvent* event) {
     const std::string code = VirtualKeyText(*event);
     const bool used = !code.empty() && onKey && onKey(code);
     event->setAccepted(used);
-}
-
-void HostWindow::wheelEvent(QWheelEvent* event) {
-    wheelRest_ += event->angleDelta().y();
-    const int steps = wheelRest_ / WheelStep;
-    wheelRest_ %= WheelStep;
-    if (steps != 0 && onWheel) onWheel(steps);
-    event->accept();
 }
 
 void HostWindow::closeEvent(QCloseEvent* event) {

@@ -19,19 +19,13 @@ class HostWindow : public QWidget {
 
     /// Takes the key's code as decimal text; tells whether it was used.
     std::function<bool(const std::string&)> onKey;
-    /// Wheel steps, positive away from the user.
-    std::function<void(int)> onWheel;
     /// The user or the session wants the window closed.
     std::function<void()> onClose;
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
-    void wheelEvent(QWheelEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
-
-  private:
-    int wheelRest_ = 0; ///< eighths of a degree not yet worth a step
 };
 
 } // namespace vk

@@ -1,7 +1,6 @@
 #include "core/menu/main_menu.h"
 
 #include "core/text.h"
-#include "core/time_of_day.h"
 
 #include <algorithm>
 #include <array>
@@ -233,7 +232,7 @@ void MainMenu::WaitForCatalogue() {
 }
 
 void MainMenu::Timer1_Timer() {
-    FollowDaylight();
+    n_.daylight.Check();
     if (++clockTicks_ >= ClockTicks) {
         clockTicks_ = 0;
         view_.RefreshClockColours();
@@ -252,20 +251,6 @@ void MainMenu::tmrSettingsReload_Timer() {
 
 void MainMenu::ResetSettingsForm() {
     if (n_.screens.CurrentForm != "settings") n_.unloadSettings();
-}
-
-void MainMenu::FollowDaylight() {
-    const Settings& s = n_.settings.values;
-    const auto time1 = ParseTimeOfDay(s.Time1);
-    const auto time2 = ParseTimeOfDay(s.Time2);
-    if (!time1 || !time2) return;
-    const bool day = IsDay(n_.clock.Now().MinuteOfDay(), *time1, *time2);
-    const std::string& skin = day ? s.CurrentSkin : s.CurrentNTSkin;
-    if (skin != n_.state.CurrentSkinFile) {
-        n_.state.CurrentSkinFile = skin;
-        n_.reloadSkin();
-    }
-    if (s.AutoDimScreen && n_.setDimmer && n_.state.Dimmed == day) n_.setDimmer(!day);
 }
 
 } // namespace vk

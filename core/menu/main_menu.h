@@ -4,6 +4,7 @@
 #include "core/app_state.h"
 #include "core/debug_log.h"
 #include "core/error_report.h"
+#include "core/menu/daylight.h"
 #include "core/menu/menu_view.h"
 #include "core/screens.h"
 #include "core/settings.h"
@@ -38,6 +39,7 @@ class MainMenu {
         WindowLayer& window;
         Screens& screens;
         SkinStore& skin;
+        Daylight& daylight;
         const KeyMap& keys;
         AudioState& audio;
         BrowserState& browser;
@@ -45,7 +47,6 @@ class MainMenu {
         Mixer* mixer;                       ///< null without a sound card's mixer
         std::function<void()> openSettings; ///< makes and shows the settings screen
         std::function<void()> unloadSettings;
-        std::function<void()> reloadSkin;
         std::function<void()> loadGPS;
         std::function<void()> exitApplication; ///< unloads every screen
         /// Parts that may be missing.
@@ -111,7 +112,6 @@ class MainMenu {
     void WaitForCatalogue();
     void Timer1_Timer();
     void tmrSettingsReload_Timer();
-    void FollowDaylight();
 
     Needs n_;
     MenuView& view_;

@@ -44,7 +44,8 @@ struct MainMenuTest : testing::Test, test::StartFixture {
     BrowserState browser;
     cWinamp winamp{{player, clock, report, app.Path()}};
     ToldView view;
-    int exits = 0, settingsOpened = 0, reloads = 0;
+    int exits = 0, settingsOpened = 0;
+    Daylight daylight{{state, settings, clock, screens, skin, {}}};
     MainMenu menu{{.state = state,
                    .settings = settings,
                    .log = log,
@@ -55,6 +56,7 @@ struct MainMenuTest : testing::Test, test::StartFixture {
                    .window = window,
                    .screens = screens,
                    .skin = skin,
+                   .daylight = daylight,
                    .keys = keys,
                    .audio = audio,
                    .browser = browser,
@@ -62,7 +64,7 @@ struct MainMenuTest : testing::Test, test::StartFixture {
                    .mixer = nullptr,
                    .openSettings = [this] { ++settingsOpened; },
                    .unloadSettings = [this] { screens.Remove("settings"); },
-                   .reloadSkin = [this] { ++reloads; },
+
                    .loadGPS = [] {},
                    .exitApplication = [this] { ++exits; },
                    .powerAction = {},
@@ -198,6 +200,7 @@ TEST_F(MainMenuTest, ExitDependsOnTheMode) {
 }
 
 TEST_F(MainMenuTest, TheClockFollowsTheDay) {
+    app.Write("skins/Night.skn", "[Colors]\nLineClr=9\n");
     settings.values.CurrentNTSkin = "Night.skn";
     settings.values.Time1 = "8:00:00 AM";
     settings.values.Time2 = "12:01:00 PM";
@@ -205,11 +208,11 @@ TEST_F(MainMenuTest, TheClockFollowsTheDay) {
     view.clockBar = "a message";
     clock.Advance(58000);
     EXPECT_EQ(view.clockBar, "a message");
-    EXPECT_EQ(reloads, 0);
     clock.Advance(3000);
     EXPECT_EQ(view.clockBar, "Saturday, November 21, 2026 12:0");
-    EXPECT_EQ(reloads, 1);
     EXPECT_EQ(state.CurrentSkinFile, "Night.skn");
+    EXPECT_EQ(skin.data().LineClr.value, 9);
+    EXPECT_TRUE(Told("playmp3.DoLayout"));
 }
 
 TEST_F(MainMenuTest, TheFirstAppearanceWaitsForTheCatalogue) {

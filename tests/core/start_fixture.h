@@ -33,7 +33,7 @@ struct ToldScreen {
         Tell("ReShow");
         screens.CurrentForm = name;
     }
-    void DoLayout() {}
+    void DoLayout() { Tell("DoLayout"); }
     void switchingform() {}
     void Hide() {}
     bool Form_KeyDown(const std::string&) { return false; }
