@@ -1,0 +1,37 @@
+#include "platform/any/qt_locale.h"
+
+#include <QDate>
+#include <QLocale>
+#include <QTime>
+
+namespace vk {
+
+namespace {
+
+QDate DateOf(const DateTime& when) {
+    return {when.year, when.month, when.day};
+}
+
+} // namespace
+
+std::string QtLocaleInfo::DecimalSymbol() const {
+    return QLocale::system().decimalPoint() == QLatin1String(",") ? "," : ".";
+}
+
+std::string QtLocaleInfo::LongDate(const DateTime& when) const {
+    return QLocale::system().toString(DateOf(when), QLocale::LongFormat).toStdString();
+}
+
+std::string QtLocaleInfo::MediumDate(const DateTime& when) const {
+    return QLocale::system()
+        .toString(DateOf(when), QStringLiteral("dddd, MMM d, yyyy"))
+        .toStdString();
+}
+
+std::string QtLocaleInfo::ShortTime(const DateTime& when) const {
+    return QLocale::system()
+        .toString(QTime(when.hour, when.minute, when.second), QLocale::ShortFormat)
+        .toStdString();
+}
+
+} // namespace vk

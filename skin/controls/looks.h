@@ -1,0 +1,31 @@
+// Colours and fonts of the skin as Qt has them.
+#pragma once
+
+#include "skin/skin.h"
+
+#include <QColor>
+#include <QFont>
+#include <QString>
+
+#include <string>
+
+namespace vk {
+
+QColor ToQColor(SkinColour colour);
+
+/// The font in pixels, size * 96/72 * scale, so that the display's density does not matter. A scale
+/// of 0 counts as 1; nothing gets smaller than 6 pixels.
+QFont ToQFont(const SkinFont& font, double scaleY = 1);
+/// The same with the skin's own `FontScaleY`.
+QFont ToQFont(const SkinFont& font, const SkinData& skin);
+
+/// A text of the lower layers: UTF-8, bytes that are none are taken as Windows-1252.
+QString ToQString(const std::string& text);
+
+/// A colour for the drop shadow of a text: dark and soft under light text, pale under dark text.
+QColor ShadowFor(const QColor& text);
+
+/// Black or white, whichever is read better on `ground`.
+QColor ReadableOn(const QColor& ground);
+
+} // namespace vk

@@ -1,0 +1,58 @@
+// A text on a screen.
+#pragma once
+
+#include "skin/skin.h"
+
+#include <QWidget>
+
+#include <functional>
+#include <optional>
+#include <string>
+
+namespace vk {
+
+/// Long texts are cut with an ellipsis, or wrapped. Without a ground the parent shows through.
+class ShadedLabel : public QWidget {
+  public:
+    explicit ShadedLabel(QWidget* parent);
+
+    /// `skin` gives the font's scale.
+    void SetLook(const SkinFont& font, SkinColour colour, const SkinData& skin);
+    void SetText(const std::string& text);
+    const std::string& Text() const { return text_; }
+    void SetColour(const QColor& colour);
+    /// A shadow of the text; an invalid colour takes it away.
+    void SetShadow(const QColor& colour);
+    /// Fills the label; `radius` in pixels rounds its corners to a plate. An invalid colour clears
+    /// it.
+    void SetGround(const QColor& colour, int radius = 0);
+    void SetAlignment(Qt::Alignment alignment);
+    void SetWrap(bool wrap);
+    /// Makes the font as small as the label's width and height need, to `smallest` of its size.
+    void SetShrink(double smallest);
+    QSize sizeHint() const override;
+
+    std::function<void()> onClick; ///< without it touches go to the parent
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
+  private:
+    QFont FittingFont() const;
+    int Flags() const;
+    QString ShownText(const QFont& font) const;
+
+    std::string text_;
+    QFont font_;
+    QColor colour_ = Qt::white;
+    QColor shadow_, ground_;
+    Qt::Alignment alignment_ = Qt::AlignCenter;
+    double smallest_ = 1;
+    int radius_ = 0;
+    bool wrap_ = false;
+    bool pressed_ = false;
+};
+
+} // namespace vk

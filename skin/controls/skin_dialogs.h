@@ -1,0 +1,56 @@
+// The dialogs of the system, drawn inside its window.
+#pragma once
+
+#include "platform/clock.h"
+#include "platform/dialogs.h"
+#include "platform/volumes.h"
+#include "skin/skin.h"
+
+#include <QPointer>
+#include <QWidget>
+
+#include <vector>
+
+namespace vk {
+
+class DialogOverlay;
+
+/// Each dialog is a child of the host window that covers it, so no window manager is needed. While
+/// one is open it has the keyboard, and the host gets no key and no touch. Calls nest.
+class SkinDialogs : public Dialogs {
+  public:
+    /// `host` and the ports outlive this object.
+    SkinDialogs(QWidget* host, const Volumes& volumes, Clock& clock);
+    ~SkinDialogs() override;
+
+    /// From now on the dialogs wear the skin's colours (once it has been loaded).
+    void SetSkin(const SkinStore* skin) { skin_ = skin; }
+
+    void ShowMessage(const std::string& text, const std::string& title = {},
+                     MessageKind kind = MessageKind::Plain) override;
+    bool AskYesNo(const std::string& text, const std::string& title = {}) override;
+    bool AskOkCancel(const std::string& text, const std::string& title = {}) override;
+    std::optional<std::string> InputBox(const std::string& text, const std::string& title,
+                                        const std::string& value) override;
+    std::string ChooseFolder(const std::string& caption, const std::string& start) override;
+
+    /// True while a dialog is open.
+    bool Active() const { return !open_.empty(); }
+    /// Ends every open dialog with its cancelling answer; for the end of the program.
+    void CloseAll();
+
+  private:
+    /// Runs the overlay until it is answered; true for any answer but the cancelling one.
+    bool Run(DialogOverlay& overlay);
+    bool Ask(const std::string& text, const std::string& title, const std::string& yes,
+             const std::string& no);
+
+    QWidget* host_;
+    const Volumes& volumes_;
+    Clock& clock_;
+    const SkinStore* skin_ = nullptr;
+    std::vector<QPointer<DialogOverlay>> open_; ///< the last is in front
+    bool closing_ = false;
+};
+
+} // namespace vk

@@ -1,0 +1,45 @@
+// A button for the finger.
+#pragma once
+
+#include "skin/controls/control_context.h"
+
+#include <QWidget>
+
+#include <functional>
+#include <string>
+
+namespace vk {
+
+/// A picture of the skin in the middle of its touch rectangle, aspect kept; without the picture the
+/// caption stands on a plate. It never takes the keyboard.
+class TouchButton : public QWidget {
+  public:
+    TouchButton(const ControlContext& context, QWidget* parent);
+
+    /// The picture shown, by its name in the skin's folder. A missing file leaves the old picture.
+    void SetPicture(const std::string& name);
+    /// The picture while it is held; "" darkens the normal one.
+    void SetPressedPicture(const std::string& name);
+    /// Shown while there is no picture.
+    void SetCaption(const std::string& caption);
+    const std::string& Picture() const { return picture_; }
+
+    std::function<void()> onPress;
+    std::function<void()> onRelease; ///< wherever the finger is, and when the button is hidden
+    std::function<void()> onClick;   ///< released inside
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+
+  private:
+    void Release();
+
+    ControlContext context_;
+    std::string picture_, pressedPicture_, caption_;
+    bool pressed_ = false;
+};
+
+} // namespace vk

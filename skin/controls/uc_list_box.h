@@ -1,0 +1,108 @@
+// The drawn list of every list screen.
+#pragma once
+
+#include "skin/controls/control_context.h"
+#include "skin/list_model.h"
+
+#include <QPixmap>
+#include <QWidget>
+
+#include <functional>
+#include <memory>
+#include <string>
+
+class QPainter;
+
+namespace vk {
+
+/// Draws the visible page of a `ListModel` over the skin's background, and turns touches into rows
+/// and strip presses. It never takes the keyboard.
+class UCListBox : public QWidget {
+  public:
+    /// Codes of `onScrollStart`.
+    static constexpr int ScrollUpCode = 5;
+    static constexpr int ScrollDownCode = 6;
+
+    /// `model` outlives the control.
+    UCListBox(const ControlContext& context, ListModel& model, QWidget* parent);
+    ~UCListBox() override;
+
+    /// Computes the geometry from the skin's list font, the setting ListSpacing and the control's
+    /// height, and takes the pictures by their names in the skin's folder. To be called after
+    /// setGeometry and again after a change of size or skin.
+    void SetiMaxVis(const std::string& background, const std::string& arrowUp = "arrowup.gif",
+                    const std::string& arrowDown = "arrowdown.gif");
+
+    /// The model's operations, drawn at the next paint.
+    void AddItem(const std::string& first, const std::string& second, const std::string& descriptor,
+                 const std::string& picture = {}, std::int32_t icon = 0);
+    void RemoveItem(int index, bool redraw = true);
+    void ClearArraysXM();
+    void ClearAllArrays();
+    /// Shows the rows; clears `ListBusy`.
+    void LoadList();
+    void MoveUp();
+    void MoveDown(); ///< holds `ListBusy` meanwhile, as do the next two
+    void PageUp();
+    void PageDown();
+    void SelectItem(int index, bool jump = false, bool keep = false);
+    void RplTitleListItem(int index, const std::string& text);
+    void RplartistListItem(int index, const std::string& text);
+    void RplFilenameListItem(int index, const std::string& text);
+    /// Draws the page anew, whoever changed the model.
+    void ReDrawList();
+
+    ListModel& model() { return model_; }
+    const ListModel& model() const { return model_; }
+
+    bool ShowFocusBar = true;  ///< the list has the focus: the selected row is ruled
+    bool ShowHighlight = true; ///< the row `iHighlight` is drawn in the playing row's colour
+
+    /// Turns an icon handle of a row into a picture; without it icons are not drawn.
+    std::function<QPixmap(std::int32_t handle, QSize box)> iconPicture;
+    std::function<void(int index)> onItemClick;
+    /// A strip is pressed: `ScrollUpCode` or `ScrollDownCode`. The list itself pages while it is
+    /// held.
+    std::function<void(int code)> onScrollStart;
+    /// After every release.
+    std::function<void()> onScrollStop;
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+
+  private:
+    struct RowLook {
+        QColor first, second, shadow;
+        bool bright = false; ///< selected or highlighted: with a shadow
+    };
+    bool IsSelectedRow(int row) const;
+    RowLook LookOf(int row) const;
+    QRect RowRect(int row) const;
+    int StripAt(QPoint point) const;
+    void PressStrip(int code);
+    void TouchRow(int row);
+    void Timer1_Timer();
+    void ReleaseStrips();
+    void DrawGround(QPainter& painter) const;
+    void DrawRow(QPainter& painter, int row);
+    void DrawSelection(QPainter& painter, int row) const;
+    void DrawText(QPainter& painter, int row) const;
+    void DrawRowPicture(QPainter& painter, int row);
+    void DrawArrows(QPainter& painter);
+    void DrawArrow(QPainter& painter, const std::string& picture, bool up);
+
+    ControlContext context_;
+    ListModel& model_;
+    std::unique_ptr<Timer> timer1_;
+    QPixmap ground_;
+    std::string arrowUp_, arrowDown_;
+    QFont font_;
+    bool scrollUpHeld_ = false;
+    bool scrollDownHeld_ = false;
+    bool inTouch_ = false;
+};
+
+} // namespace vk
