@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 namespace vk {
 
@@ -95,15 +96,17 @@ std::string ListModel::Compared(int index) const {
     return dash == std::string::npos ? text : text.substr(std::min(dash + 3, text.size()));
 }
 
+// Rows of "<...>" have no artist and do not count, wherever they stand.
 void ListModel::FindDuplicateText() {
-    std::string common;
-    for (int i = 0; i + 1 < ItemCount(); ++i) {
-        const std::string next = Compared(i + 1);
-        if (Row(i + 1).first == "<...>") continue;
-        if (Row(i).first != "<...>" && Compared(i) != next) return;
-        common = next;
+    if (ItemCount() < 2) return;
+    std::optional<std::string> common;
+    for (int i = 0; i < ItemCount(); ++i) {
+        if (Row(i).first == "<...>") continue;
+        const std::string text = Compared(i);
+        if (common && *common != text) return;
+        common = text;
     }
-    DupeText = common;
+    DupeText = common.value_or("");
 }
 
 std::string ListModel::ShownFirst(int index) const {

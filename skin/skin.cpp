@@ -5,7 +5,9 @@
 #include "platform/files.h"
 #include "platform/paths.h"
 
+#include <algorithm>
 #include <cmath>
+#include <iterator>
 
 namespace vk {
 
@@ -25,6 +27,13 @@ constexpr SizeRow Sizes[] = {{640, 10, 13, 18, 20, 16},
                              {800, 12, 15, 20, 22, 18},
                              {1024, 14, 17, 22, 24, 20},
                              {1152, 16, 19, 24, 28, 24}};
+
+// Any one section of a skin makes it one: what is missing has its defaults.
+bool IsSkin(const IniDocument& document) {
+    const char* const sections[] = {"NativeRes", "BGimages", "Colors", "FONTS", "IconNames"};
+    return std::any_of(std::begin(sections), std::end(sections),
+                       [&](const char* section) { return document.HasSection(section); });
+}
 
 } // namespace
 
@@ -60,10 +69,7 @@ void SkinStore::LoadSkin() {
 bool SkinStore::ReadSkin() {
     const auto contents = ReadWholeFile(File());
     if (!contents) return false;
-    const IniDocument document(*contents);
-    const bool known = document.HasSection("Colors") || document.HasSection("BGimages") ||
-                       document.HasSection("IconNames");
-    if (!known) return false;
+    if (!IsSkin(IniDocument(*contents))) return false;
     data_.X = Value("NativeRes", "X", IniType::Long).Long();
     data_.Y = Value("NativeRes", "Y", IniType::Long).Long();
     ReadScale();

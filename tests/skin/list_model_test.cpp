@@ -191,6 +191,10 @@ TEST_F(ListModelTest, OneCommonArtistIsLeftOut) {
     EXPECT_EQ(list.ShownFirst(0), "<...>");
     load({"<...>", "Someone - ", "Other - "});
     EXPECT_EQ(list.ShownFirst(1), "Someone - ");
+    load({"Someone - ", "<...>", "Other - "});
+    EXPECT_EQ(list.ShownFirst(2), "Other - ");
+    load({"Someone - "});
+    EXPECT_EQ(list.ShownFirst(0), "Someone - ");
     list.numberedList = true;
     load({"1 - Someone - ", "2 - Someone - "});
     EXPECT_EQ(list.ShownFirst(1), "2 - ");

@@ -76,6 +76,14 @@ TEST_F(SkinTest, ABrokenSkinLeadsToTheSafeOne) {
     EXPECT_TRUE(Logged("Skin Error"));
 }
 
+TEST_F(SkinTest, OneSectionMakesASkin) {
+    for (const char* section : {"[NativeRes]", "[bgimages]", "[FONTS]", "[IconNames]"})
+        Load(std::string(section) + "\nx=1\n");
+    EXPECT_TRUE(dialogs.shown.empty());
+    Load("[DMFS]\nitemindex=1\n");
+    EXPECT_EQ(dialogs.shown.size(), 1u);
+}
+
 TEST_F(SkinTest, EvenTheSafeSkinMayBeBroken) {
     state.CurrentSkinFile = "Torque.skn";
     skin.LoadSkin();
