@@ -57,7 +57,6 @@ class BlackBackground : public QWidget, public LoadingScreen {
 
     Screens& screens_;
     const SkinStore& skin_;
-    int low_ = 0;
     int value_ = 0;
     int range_ = 1;
     bool faceShown_ = false; ///< `lblface`, the filled part

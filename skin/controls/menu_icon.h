@@ -14,7 +14,7 @@ namespace vk {
 /// is a plate with the icon's name, so that a skin without pictures stays usable.
 class MenuIcon : public QWidget {
   public:
-    MenuIcon(const ControlContext& context, const MenuIconData& data, QWidget* parent);
+    MenuIcon(const ControlContext& context, const MenuIconData& icon, QWidget* parent);
 
     /// Takes its place by the skin's fractions of a screen of this size (pixels).
     void Place(QSize screen);

@@ -14,12 +14,9 @@ enum class PictureFit {
     Keep     ///< as large as the box allows with the aspect kept
 };
 
-/// Decodes a picture and scales it into `box` (pixels) smoothly. A null image when the file is
-/// missing, no picture, broken, or larger than 100 million pixels. What is decoded at once stays
-/// below 64 MB: formats that can are read scaled, others are refused.
+/// Decodes a picture and scales it into `box` (pixels) smoothly, turned as its camera says. A null
+/// image when the file is missing, no regular file, over 32 MB, broken, or when decoding it would
+/// take too much memory: over 16 million pixels, of a JPEG over 40 million.
 QImage LoadPicture(const std::string& path, QSize box, PictureFit fit);
-
-/// The picture's own size without decoding it; an empty size when it is none.
-QSize PictureSize(const std::string& path);
 
 } // namespace vk

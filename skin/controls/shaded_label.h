@@ -6,7 +6,6 @@
 #include <QWidget>
 
 #include <functional>
-#include <optional>
 #include <string>
 
 namespace vk {
@@ -40,9 +39,8 @@ class ShadedLabel : public QWidget {
     void mouseReleaseEvent(QMouseEvent* event) override;
 
   private:
-    QFont FittingFont() const;
     int Flags() const;
-    QString ShownText(const QFont& font) const;
+    QString ShownText(const QFont& font, const QRect& box) const;
 
     std::string text_;
     QFont font_;

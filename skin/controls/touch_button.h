@@ -36,6 +36,7 @@ class TouchButton : public QWidget {
 
   private:
     void Release();
+    void DrawPlate(QPainter& painter) const;
 
     ControlContext context_;
     std::string picture_, pressedPicture_, caption_;

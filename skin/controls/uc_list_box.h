@@ -82,6 +82,8 @@ class UCListBox : public QWidget {
     RowLook LookOf(int row) const;
     QRect RowRect(int row) const;
     int StripAt(QPoint point) const;
+    /// Makes a change of cursor or page and draws what it touched.
+    void Move(const std::function<void()>& change);
     void PressStrip(int code);
     void TouchRow(int row);
     void Timer1_Timer();
@@ -102,6 +104,7 @@ class UCListBox : public QWidget {
     QFont font_;
     bool scrollUpHeld_ = false;
     bool scrollDownHeld_ = false;
+    bool paged_ = true; ///< the held strip has paged already
     bool inTouch_ = false;
 };
 

@@ -48,6 +48,7 @@ class UCScrollText : public QWidget {
     void Timer1_Timer();
     void StartOrStop();
     bool Runs() const;
+    int Period() const;
 
     ControlContext context_;
     std::unique_ptr<Timer> timer1_;

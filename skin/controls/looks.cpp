@@ -1,0 +1,56 @@
+#include "skin/controls/looks.h"
+
+#include "core/text.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace vk {
+
+namespace {
+
+constexpr int SmallestFont = 6; // pixels
+
+// Relative luminance, https://www.w3.org/TR/WCAG21/#dfn-relative-luminance
+double Luminance(const QColor& colour) {
+    const auto linear = [](double part) {
+        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
+           0.0722 * linear(colour.blueF());
+}
+
+} // namespace
+
+QColor ToQColor(SkinColour colour) {
+    return {colour.Red(), colour.Green(), colour.Blue()};
+}
+
+QFont ToQFont(const SkinFont& font, double scaleY) {
+    QFont result(ToQString(font.name));
+    result.setBold(font.bold);
+    result.setItalic(font.italic);
+    const double scale = scaleY > 0 ? scaleY : 1;
+    result.setPixelSize(
+        std::max(SmallestFont, static_cast<int>(std::lround(font.size * 96.0 / 72.0 * scale))));
+    return result;
+}
+
+QFont ToQFont(const SkinFont& font, const SkinData& skin) {
+    return ToQFont(font, static_cast<double>(skin.FontScaleY));
+}
+
+QString ToQString(const std::string& text) {
+    return QString::fromStdString(ToUtf8(text));
+}
+
+QColor ShadowFor(const QColor& text) {
+    return Luminance(text) > 0.18 ? QColor(0, 0, 0, 190) : QColor(255, 255, 255, 150);
+}
+
+QColor ReadableOn(const QColor& ground) {
+    // Equal contrast to both lies at a luminance of 0.179.
+    return Luminance(ground) > 0.179 ? QColor(Qt::black) : QColor(Qt::white);
+}
+
+} // namespace vk

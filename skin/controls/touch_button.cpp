@@ -1,0 +1,86 @@
+#include "skin/controls/touch_button.h"
+
+#include "skin/controls/looks.h"
+#include "skin/controls/plate.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPointer>
+
+namespace vk {
+
+namespace {
+
+constexpr double HeldOpacity = 0.55;
+
+} // namespace
+
+TouchButton::TouchButton(const ControlContext& context, QWidget* parent)
+    : QWidget(parent), context_(context) {
+    setFocusPolicy(Qt::NoFocus);
+}
+
+void TouchButton::SetPicture(const std::string& name) {
+    if (picture_ == name || !context_.pictures.Has(name)) return;
+    picture_ = name;
+    update();
+}
+
+void TouchButton::SetPressedPicture(const std::string& name) {
+    pressedPicture_ = name;
+    update();
+}
+
+void TouchButton::SetCaption(const std::string& caption) {
+    caption_ = caption;
+    update();
+}
+
+void TouchButton::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    const QPixmap held = pressed_ ? context_.pictures.Picture(pressedPicture_, size()) : QPixmap();
+    const QPixmap picture = held.isNull() ? context_.pictures.Picture(picture_, size()) : held;
+    if (picture.isNull()) return DrawPlate(painter);
+    QRect place = picture.rect();
+    place.moveCenter(rect().center());
+    if (pressed_ && held.isNull()) painter.setOpacity(HeldOpacity);
+    painter.drawPixmap(place, picture);
+}
+
+void TouchButton::DrawPlate(QPainter& painter) const {
+    if (caption_.empty()) return;
+    const SkinData& skin = context_.skin.data();
+    PlateLook look;
+    look.ground =
+        ToQColor(pressed_ ? skin.ListSelectedBackgroundClr : skin.HeadingBarBackgroundClr);
+    look.edge = ToQColor(skin.OutlineBoxClr);
+    look.text = ReadableOn(look.ground);
+    DrawCaptionPlate(painter, rect(), ToQString(caption_), ToQFont(skin.clockfont, skin), look);
+}
+
+void TouchButton::mousePressEvent(QMouseEvent*) {
+    pressed_ = true;
+    update();
+    if (onPress) onPress();
+}
+
+void TouchButton::mouseReleaseEvent(QMouseEvent* event) {
+    const bool inside = rect().contains(event->position().toPoint());
+    const bool clicked = pressed_ && inside;
+    const QPointer<TouchButton> alive(this);
+    Release();
+    if (alive && clicked && onClick) onClick();
+}
+
+void TouchButton::hideEvent(QHideEvent*) {
+    Release();
+}
+
+void TouchButton::Release() {
+    if (!pressed_) return;
+    pressed_ = false;
+    update();
+    if (onRelease) onRelease();
+}
+
+} // namespace vk

@@ -1,0 +1,186 @@
+#include "skin/controls/uc_list_box.h"
+
+#include "skin/controls/looks.h"
+
+#include <QFontMetrics>
+#include <QMouseEvent>
+#include <QPointer>
+
+namespace vk {
+
+namespace {
+
+constexpr int Timer1Ms = 100;
+constexpr int TouchMs = 200; // the touched row stands so long before it is run
+
+// Holds `ListBusy` while the list moves.
+class BusyHold {
+  public:
+    explicit BusyHold(AppState& state) : state_(state) { state_.ListBusy = true; }
+    ~BusyHold() { state_.ListBusy = false; }
+    BusyHold(const BusyHold&) = delete;
+    BusyHold& operator=(const BusyHold&) = delete;
+
+  private:
+    AppState& state_;
+};
+
+} // namespace
+
+UCListBox::UCListBox(const ControlContext& context, ListModel& model, QWidget* parent)
+    : QWidget(parent), context_(context), model_(model),
+      timer1_(context.clock.MakeTimer([this] { Timer1_Timer(); })) {
+    setFocusPolicy(Qt::NoFocus);
+}
+
+UCListBox::~UCListBox() = default;
+
+void UCListBox::SetiMaxVis(const std::string& background, const std::string& arrowUp,
+                           const std::string& arrowDown) {
+    const SkinData& skin = context_.skin.data();
+    font_ = ToQFont(skin.Listtextfont, skin);
+    model_.SetGeometry(QFontMetrics(font_).height(), context_.settings.ListSpacing, height());
+    arrowUp_ = arrowUp;
+    arrowDown_ = arrowDown;
+    ground_ = context_.pictures.BackgroundBehind(
+        background, *this, {context_.state.ScreenWidth, context_.state.ScreenHeight});
+    setAttribute(Qt::WA_OpaquePaintEvent, !ground_.isNull());
+    update();
+}
+
+void UCListBox::AddItem(const std::string& first, const std::string& second,
+                        const std::string& descriptor, const std::string& picture,
+                        std::int32_t icon) {
+    model_.AddItem(first, second, descriptor, picture, icon);
+}
+
+void UCListBox::RemoveItem(int index, bool redraw) {
+    model_.RemoveItem(index);
+    if (redraw) ReDrawList();
+}
+
+void UCListBox::ClearArraysXM() {
+    model_.ClearArraysXM();
+    update();
+}
+
+void UCListBox::ClearAllArrays() {
+    model_.ClearAllArrays();
+    update();
+}
+
+void UCListBox::LoadList() {
+    model_.LoadList();
+    context_.state.ListBusy = false;
+    update();
+}
+
+void UCListBox::Move(const std::function<void()>& change) {
+    const int top = model_.TopRow();
+    const int selected = model_.iSelected;
+    change();
+    if (model_.TopRow() != top) return update();
+    update(RowRect(selected));
+    update(RowRect(model_.iSelected));
+}
+
+void UCListBox::MoveUp() {
+    Move([this] { model_.MoveUp(); });
+}
+
+void UCListBox::MoveDown() {
+    const BusyHold busy(context_.state);
+    Move([this] { model_.MoveDown(); });
+}
+
+void UCListBox::PageUp() {
+    const BusyHold busy(context_.state);
+    Move([this] { model_.PageUp(); });
+}
+
+void UCListBox::PageDown() {
+    const BusyHold busy(context_.state);
+    Move([this] { model_.PageDown(); });
+}
+
+void UCListBox::SelectItem(int index, bool jump, bool keep) {
+    Move([&] { model_.SelectItem(index, jump, keep); });
+}
+
+void UCListBox::RplTitleListItem(int index, const std::string& text) {
+    model_.RplTitleListItem(index, text);
+    update(RowRect(index));
+}
+
+void UCListBox::RplartistListItem(int index, const std::string& text) {
+    model_.RplartistListItem(index, text);
+    update(RowRect(index));
+}
+
+void UCListBox::RplFilenameListItem(int index, const std::string& text) {
+    model_.RplFilenameListItem(index, text);
+    update(RowRect(index));
+}
+
+void UCListBox::ReDrawList() {
+    update();
+}
+
+int UCListBox::StripAt(QPoint point) const {
+    if (point.x() <= width() - width() / 5) return 0;
+    if (point.y() < height() / 15) return ScrollUpCode;
+    return point.y() > height() - height() / 15 ? ScrollDownCode : 0;
+}
+
+void UCListBox::mousePressEvent(QMouseEvent* event) {
+    const QPoint point = event->position().toPoint();
+    const int strip = StripAt(point);
+    if (strip != 0) return PressStrip(strip);
+    if (model_.CanDraw()) TouchRow(model_.TopRow() + point.y() / model_.RowHeight);
+}
+
+void UCListBox::PressStrip(int code) {
+    scrollUpHeld_ = code == ScrollUpCode;
+    scrollDownHeld_ = code == ScrollDownCode;
+    paged_ = false;
+    timer1_->Start(Timer1Ms);
+    if (onScrollStart) onScrollStart(code);
+}
+
+void UCListBox::TouchRow(int row) {
+    const bool onPage = row < model_.TopRow() + model_.iMaxVis && row < model_.ItemCount();
+    if (!onPage || inTouch_ || context_.state.ListBusy) return;
+    const QPointer<UCListBox> alive(this);
+    inTouch_ = true;
+    Move([&] { model_.SelectVisible(row); });
+    context_.clock.DoEvents();
+    if (!alive) return;
+    context_.clock.Sleep(TouchMs);
+    inTouch_ = false;
+    if (onItemClick && row < model_.ItemCount()) onItemClick(row);
+}
+
+// A tap that is shorter than the timer's interval pages once as well.
+void UCListBox::mouseReleaseEvent(QMouseEvent*) {
+    if (!paged_) Timer1_Timer();
+    ReleaseStrips();
+    if (onScrollStop) onScrollStop();
+}
+
+void UCListBox::hideEvent(QHideEvent*) {
+    ReleaseStrips();
+}
+
+void UCListBox::ReleaseStrips() {
+    scrollUpHeld_ = scrollDownHeld_ = false;
+    timer1_->Stop();
+}
+
+void UCListBox::Timer1_Timer() {
+    if (context_.state.ListBusy) return;
+    paged_ = true;
+    if (scrollUpHeld_) PageUp();
+    if (scrollDownHeld_) PageDown();
+}
+
+} // namespace vk

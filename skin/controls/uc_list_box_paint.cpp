@@ -1,0 +1,140 @@
+// How the list is drawn: ground, rows, rules, arrows.
+#include "skin/controls/looks.h"
+#include "skin/controls/uc_list_box.h"
+
+#include <QPaintEvent>
+#include <QPainter>
+
+#include <algorithm>
+
+namespace vk {
+
+namespace {
+
+constexpr int PlateAlpha = 44;           // of 255: the text on the plate must stay readable
+constexpr double LargestFirstPart = 0.6; // of the width, when both texts are too long
+
+} // namespace
+
+bool UCListBox::IsSelectedRow(int row) const {
+    return row == model_.iSelected;
+}
+
+// The rules of a selected row reach into its neighbours.
+QRect UCListBox::RowRect(int row) const {
+    const int y = (row - model_.TopRow()) * model_.RowHeight;
+    const int margin = model_.TextHeight / 4 + 2;
+    return QRect(0, y, width(), model_.RowHeight).adjusted(0, -margin, 0, margin);
+}
+
+UCListBox::RowLook UCListBox::LookOf(int row) const {
+    const SkinData& skin = context_.skin.data();
+    const bool selected = IsSelectedRow(row);
+    const bool playing = ShowHighlight && row == model_.iHighlight;
+    const bool folder = model_.Row(row).descriptor.starts_with("PATH:");
+    RowLook look;
+    look.first = ToQColor(playing    ? skin.currentsongclr
+                          : selected ? skin.ListTextSelectedClr
+                          : folder   ? skin.PlayListFolderClr
+                                     : skin.ListForegroundClr);
+    look.second = ToQColor(selected  ? skin.ListTitleSelectedClr
+                           : playing ? skin.currentsongclr
+                                     : skin.ListTitleClr);
+    look.shadow = ShadowFor(look.first);
+    look.bright = selected || playing;
+    return look;
+}
+
+void UCListBox::paintEvent(QPaintEvent* event) {
+    QPainter painter(this);
+    DrawGround(painter);
+    if (!model_.CanDraw()) return;
+    painter.setFont(font_);
+    const int top = model_.TopRow();
+    const int end = std::min(model_.ItemCount(), top + model_.iMaxVis);
+    for (int row = top; row < end; ++row)
+        if (RowRect(row).intersects(event->rect())) DrawRow(painter, row);
+    if (context_.settings.bTSModeEnabled) DrawArrows(painter);
+}
+
+void UCListBox::DrawGround(QPainter& painter) const {
+    if (!ground_.isNull()) painter.drawPixmap(rect(), ground_);
+}
+
+void UCListBox::DrawRow(QPainter& painter, int row) {
+    if (IsSelectedRow(row) && ShowFocusBar && context_.settings.ShowSelBar)
+        DrawSelection(painter, row);
+    DrawText(painter, row);
+    DrawRowPicture(painter, row);
+}
+
+// The top row has no room for a rule above it; the one below is doubled.
+void UCListBox::DrawSelection(QPainter& painter, int row) const {
+    const int h = model_.TextHeight;
+    const int y = (row - model_.TopRow()) * model_.RowHeight;
+    const int upper = y - h / 10;
+    const int lower = y + model_.RowHeight - h / 6;
+    const int thick = std::max(2, h / 14);
+    const QColor colour = ToQColor(context_.skin.data().ListSelectedBackgroundClr);
+    QColor plate = colour;
+    plate.setAlpha(PlateAlpha);
+    painter.fillRect(0, upper, width(), lower - upper, plate);
+    const bool topRow = row == model_.TopRow();
+    if (!topRow) painter.fillRect(0, upper, width(), thick, colour);
+    painter.fillRect(0, lower, width(), topRow ? 2 * thick : thick, colour);
+}
+
+void UCListBox::DrawText(QPainter& painter, int row) const {
+    const int h = model_.TextHeight;
+    const QFontMetrics metrics = painter.fontMetrics();
+    const int x = 2 * h;
+    const int room = width() - x - h / 4;
+    QString first = ToQString(model_.ShownFirst(row));
+    const QString whole = ToQString(model_.Row(row).second);
+    const bool crowded = !whole.isEmpty() &&
+                         metrics.horizontalAdvance(first) > room * LargestFirstPart &&
+                         metrics.horizontalAdvance(first) + metrics.horizontalAdvance(whole) > room;
+    first = metrics.elidedText(first, Qt::ElideRight,
+                               crowded ? static_cast<int>(room * LargestFirstPart) : room);
+    const int after = metrics.horizontalAdvance(first);
+    const QString second = metrics.elidedText(whole, Qt::ElideRight, room - after);
+    const int baseline = (row - model_.TopRow()) * model_.RowHeight + metrics.ascent();
+    const RowLook look = LookOf(row);
+    const auto print = [&](QPoint at, const QColor& firstColour, const QColor& secondColour) {
+        painter.setPen(firstColour);
+        painter.drawText(at, first);
+        painter.setPen(secondColour);
+        painter.drawText(at + QPoint(after, 0), second);
+    };
+    if (look.bright) print({x + h / 10, baseline + h / 15}, look.shadow, look.shadow);
+    print({x, baseline}, look.first, look.second);
+}
+
+void UCListBox::DrawRowPicture(QPainter& painter, int row) {
+    const int h = model_.TextHeight;
+    const int rowHeight = model_.RowHeight;
+    const int side = rowHeight - rowHeight / 8;
+    const int y = (row - model_.TopRow()) * rowHeight;
+    const ListRow& shown = model_.Row(row);
+    const QPixmap picture = context_.pictures.Picture(shown.picture, {side, side});
+    if (!picture.isNull()) painter.drawPixmap(h / 5, y - rowHeight / 25, picture);
+    if (shown.icon == 0 || !iconPicture) return;
+    painter.drawPixmap(h / 5, y - h / 15 + rowHeight / 15, iconPicture(shown.icon, {side, side}));
+}
+
+void UCListBox::DrawArrows(QPainter& painter) {
+    const int top = model_.TopRow();
+    if (top > 0) DrawArrow(painter, arrowUp_, true);
+    if (top + model_.iMaxVis < model_.ItemCount()) DrawArrow(painter, arrowDown_, false);
+}
+
+// The box begins at a quarter of the width; the picture stands at its right end, where the strip
+// answers to touches.
+void UCListBox::DrawArrow(QPainter& painter, const std::string& picture, bool up) {
+    const QSize box(width() - width() / 4, height() / 15);
+    const QPixmap arrow = context_.pictures.Picture(picture, box);
+    const int y = up ? 0 : height() - arrow.height();
+    painter.drawPixmap(width() - arrow.width(), y, arrow);
+}
+
+} // namespace vk
