@@ -1,0 +1,109 @@
+#include "platform/linux/player_socket.h"
+
+#include "platform/paths.h"
+
+#include <poll.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
+
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+
+namespace vk {
+
+namespace {
+
+constexpr int Backlog = 16;
+
+bool IsOwnFolder(const std::string& path) {
+    struct stat info {};
+    return ::lstat(path.c_str(), &info) == 0 && S_ISDIR(info.st_mode) &&
+           info.st_uid == ::getuid() && (info.st_mode & 022) == 0;
+}
+
+bool FillAddress(const std::string& path, sockaddr_un& address) {
+    address = {};
+    address.sun_family = AF_UNIX;
+    if (path.empty() || path.size() >= sizeof address.sun_path) return false;
+    std::memcpy(address.sun_path, path.data(), path.size());
+    return true;
+}
+
+Descriptor NewSocket() {
+    return Descriptor(::socket(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
+}
+
+bool WaitReadable(int fd, int timeoutMs) {
+    pollfd item{fd, POLLIN, 0};
+    int result = 0;
+    do
+        result = ::poll(&item, 1, timeoutMs);
+    while (result < 0 && errno == EINTR);
+    return result > 0;
+}
+
+bool SendPacket(int fd, const PlayerRequest& request, std::string_view payload) {
+    iovec parts[2] = {{const_cast<PlayerRequest*>(&request), sizeof request},
+                      {const_cast<char*>(payload.data()), payload.size()}};
+    msghdr message{};
+    message.msg_iov = parts;
+    message.msg_iovlen = payload.empty() ? 1 : 2;
+    return ::sendmsg(fd, &message, MSG_NOSIGNAL) ==
+           static_cast<ssize_t>(sizeof request + payload.size());
+}
+
+} // namespace
+
+std::string PlayerSocketPath(const std::string& windowClass) {
+    const char* runtime = std::getenv("XDG_RUNTIME_DIR");
+    sockaddr_un address{};
+    if (runtime && IsOwnFolder(runtime)) {
+        std::string path = JoinPath(runtime, windowClass);
+        if (FillAddress(path, address)) return path;
+    }
+    const std::string folder = "/tmp/velkorandum-" + std::to_string(::getuid());
+    if (::mkdir(folder.c_str(), 0700) != 0 && errno != EEXIST) return {};
+    return IsOwnFolder(folder) ? JoinPath(folder, windowClass) : std::string();
+}
+
+Descriptor ListenAt(const std::string& path) {
+    sockaddr_un address{};
+    Descriptor listener = NewSocket();
+    if (!listener || !FillAddress(path, address)) return Descriptor();
+    ::unlink(path.c_str());
+    if (::bind(listener.get(), reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0 ||
+        ::chmod(path.c_str(), 0600) != 0 || ::listen(listener.get(), Backlog) != 0)
+        return Descriptor();
+    return listener;
+}
+
+Descriptor ConnectTo(const std::string& path) {
+    sockaddr_un address{};
+    Descriptor connection = NewSocket();
+    if (!connection || !FillAddress(path, address) ||
+        ::connect(connection.get(), reinterpret_cast<const sockaddr*>(&address), sizeof address) !=
+            0)
+        return Descriptor();
+    return connection;
+}
+
+std::optional<std::int32_t> AskPlayer(const Descriptor& connection, const PlayerRequest& request,
+                                      std::string_view payload, int timeoutMs) {
+    PlayerReply reply;
+    if (!connection || !SendPacket(connection.get(), request, payload) ||
+        !WaitReadable(connection.get(), timeoutMs) ||
+        ::recv(connection.get(), &reply, sizeof reply, MSG_DONTWAIT) != sizeof reply)
+        return std::nullopt;
+    return reply.result;
+}
+
+bool ConnectionAlive(const Descriptor& connection) {
+    char byte = 0;
+    if (!connection) return false;
+    const ssize_t got = ::recv(connection.get(), &byte, 1, MSG_PEEK | MSG_DONTWAIT);
+    return got < 0 && (errno == EAGAIN || errno == EWOULDBLOCK || errno == EINTR);
+}
+
+} // namespace vk

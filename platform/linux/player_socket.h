@@ -1,0 +1,61 @@
+// The wire between the player's remote control and the player: a local socket (SOCK_SEQPACKET)
+// that bears the name of the window class, one packet a request, one packet a reply. A request is
+// a PlayerRequest and, for WM_COPYDATA alone, a payload behind it; all in the machine's byte order,
+// as both ends run on one machine.
+#pragma once
+
+#include "platform/linux/descriptor.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace vk {
+
+/// The window class of the player, and the name of its socket.
+inline constexpr const char* PlayerWindowClass = "Winamp v1.x";
+
+struct PlayerRequest {
+    std::uint32_t message = 0;
+    std::int32_t wParam = 0;
+    std::int32_t lParam = 0;
+};
+
+struct PlayerReply {
+    std::int32_t result = 0;
+};
+
+/// The message that hands a list over, step by step; wParam is a PlayerListStep. Every step is
+/// answered by 1, or by 0 when the player does not want the list.
+inline constexpr std::uint32_t WM_COPYDATA = 74;
+
+enum PlayerListStep : std::int32_t {
+    ListBegin = 0,   ///< payload: std::int64_t, steady-clock nanoseconds when the hand-over began
+    ListPaths = 1,   ///< payload: full paths, each ended by a NUL
+    ListEnd = 2      ///< no payload: the list is complete
+};
+
+/// The longest payload of one packet, in bytes.
+inline constexpr std::size_t PlayerPayloadLimit = 60000;
+
+/// Full path of the socket of that class, in a folder that is this user's alone: XDG_RUNTIME_DIR,
+/// else one under /tmp, made when it is missing. "" when no such folder can be had.
+std::string PlayerSocketPath(const std::string& windowClass);
+
+/// A listening socket at `path` in the place of whatever was there; closed when it failed.
+Descriptor ListenAt(const std::string& path);
+
+/// A connection to the socket at `path`; closed when nobody listens. Never waits.
+Descriptor ConnectTo(const std::string& path);
+
+/// Sends one request and waits for its reply, at most `timeoutMs` milliseconds. Nothing when the
+/// other end is gone, hangs or answers out of turn: the connection is of no more use then.
+std::optional<std::int32_t> AskPlayer(const Descriptor& connection, const PlayerRequest& request,
+                                      std::string_view payload, int timeoutMs);
+
+/// True while the other end has the connection open and owes no reply.
+bool ConnectionAlive(const Descriptor& connection);
+
+} // namespace vk

@@ -1,0 +1,28 @@
+// Events from other threads, brought to the thread that polls.
+#pragma once
+
+#include "platform/linux/descriptor.h"
+#include "player/engine/output.h"
+
+#include <mutex>
+#include <vector>
+
+namespace vk {
+
+class EventQueue {
+  public:
+    EventQueue();
+    /// From any thread; never waits.
+    void Post(const OutputEvent& event);
+    /// Everything posted since the last call, in order.
+    std::vector<OutputEvent> Take();
+    /// Readable while something is posted.
+    const Descriptor& Readable() const { return signal_; }
+
+  private:
+    std::mutex mutex_;
+    std::vector<OutputEvent> events_;
+    Descriptor signal_;
+};
+
+} // namespace vk

@@ -1,0 +1,29 @@
+#include "player/engine/instance.h"
+
+#include "platform/linux/player_socket.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+namespace vk {
+
+bool Instance::Claim() {
+    if (path_.empty()) return false;
+    // The lock file stays for good: were it removed, two processes could lock two files.
+    Descriptor lock(::open((path_ + ".lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600));
+    if (!lock || ::flock(lock.get(), LOCK_EX | LOCK_NB) != 0) return false;
+    listener_ = ListenAt(path_);
+    if (!listener_) return false;
+    lock_ = std::move(lock);
+    return true;
+}
+
+void Instance::Release() {
+    if (!lock_) return;
+    ::unlink(path_.c_str());
+    listener_.Close();
+    lock_.Close();
+}
+
+} // namespace vk

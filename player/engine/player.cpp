@@ -1,0 +1,105 @@
+#include "player/engine/player.h"
+
+#include "platform/paths.h"
+#include "player/engine/engine.h"
+#include "player/engine/event_queue.h"
+#include "player/engine/hand_over.h"
+#include "player/engine/sound_device.h"
+#include "player/engine/vlc_output.h"
+#include "player/engine/wire_server.h"
+
+#include <signal.h>
+#include <sys/signalfd.h>
+
+#include <random>
+
+namespace vk {
+
+namespace {
+
+// How long libVLC may take to let the device go at the end, in seconds.
+constexpr unsigned EndLimit = 3;
+
+sigset_t EndSignals() {
+    sigset_t signals;
+    sigemptyset(&signals);
+    for (const int number : {SIGTERM, SIGINT, SIGHUP})
+        sigaddset(&signals, number);
+    return signals;
+}
+
+std::string Packed(const std::vector<std::string>& entries) {
+    std::string paths;
+    for (const std::string& entry : entries)
+        paths.append(entry).push_back('\0');
+    return paths;
+}
+
+class PollLoop {
+  public:
+    PollLoop(Instance& instance, const std::string& folder)
+        : instance_(instance), output_([this](const OutputEvent& event) { events_.Post(event); },
+                                       SoundDeviceFound(SoundPlaces::OfEnvironment())),
+          engine_(output_, ReadPlayerSettings(JoinPath(folder, "winamp.ini")), SteadyNanoseconds,
+                  std::random_device()()),
+          server_(instance.Listener(),
+                  {[this](const PlayerRequest& request) { return Answer(request); },
+                   [this](const std::string& paths, std::int64_t startedNs) {
+                       engine_.AddList(paths, startedNs);
+                   }}) {
+        const sigset_t signals = EndSignals();
+        signals_ = Descriptor(::signalfd(-1, &signals, SFD_CLOEXEC | SFD_NONBLOCK));
+    }
+
+    void Run(const std::vector<std::string>& entries) {
+        if (!entries.empty()) engine_.AddList(Packed(entries), SteadyNanoseconds());
+        std::vector<pollfd> items;
+        while (!closed_) {
+            items.assign({{signals_.get(), POLLIN, 0}, {events_.Readable().get(), POLLIN, 0}});
+            server_.Collect(items);
+            if (::poll(items.data(), items.size(), -1) < 0) continue;
+            if (items[0].revents != 0) Close();
+            for (const OutputEvent& event : events_.Take())
+                engine_.OnEvent(event);
+            server_.Serve(items);
+        }
+        server_.CloseAll();
+    }
+
+  private:
+    // The name is given up before the connection closes: whoever sees that may start a new player.
+    void Close() {
+        closed_ = true;
+        instance_.Release();
+    }
+    std::optional<std::int32_t> Answer(const PlayerRequest& request) {
+        const auto answer = engine_.Message(request);
+        if (!answer) Close();
+        return answer;
+    }
+
+    Instance& instance_;
+    EventQueue events_;
+    VlcOutput output_;
+    Engine engine_;
+    WireServer server_;
+    Descriptor signals_;
+    bool closed_ = false;
+};
+
+} // namespace
+
+void HoldEndSignals() {
+    const sigset_t signals = EndSignals();
+    ::sigprocmask(SIG_BLOCK, &signals, nullptr);
+}
+
+void RunPlayer(Instance& instance, const std::string& folder,
+               const std::vector<std::string>& entries) {
+    PollLoop loop(instance, folder);
+    loop.Run(entries);
+    // A device that hangs must not keep the process: the alarm ends it.
+    ::alarm(EndLimit);
+}
+
+} // namespace vk

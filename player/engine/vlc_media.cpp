@@ -1,0 +1,50 @@
+#include "player/engine/vlc_media.h"
+
+#include "platform/files.h"
+
+#include <algorithm>
+
+namespace vk {
+
+namespace {
+
+bool IsAddress(const std::string& path) {
+    return path.find("://") != std::string::npos;
+}
+
+// Kilobits per second of the first audio track that tells one.
+int TrackBitRate(libvlc_media_t* media) {
+    libvlc_media_track_t** tracks = nullptr;
+    const unsigned count = libvlc_media_tracks_get(media, &tracks);
+    unsigned rate = 0;
+    for (unsigned index = 0; index < count && rate == 0; ++index)
+        if (tracks[index]->i_type == libvlc_track_audio) rate = tracks[index]->i_bitrate;
+    libvlc_media_tracks_release(tracks, count);
+    return static_cast<int>((rate + 500) / 1000);
+}
+
+} // namespace
+
+VlcMedia MakeVlcMedia(const VlcInstance& library, const std::string& path) {
+    return VlcMedia(IsAddress(path) ? libvlc_media_new_location(library.get(), path.c_str())
+                                    : libvlc_media_new_path(library.get(), path.c_str()));
+}
+
+bool VlcMediaExists(const std::string& path) {
+    return IsAddress(path) || FileExists(path);
+}
+
+TrackFacts VlcMediaFacts(libvlc_media_t* media, const std::string& path,
+                         std::int64_t playingLengthMs) {
+    TrackFacts facts;
+    facts.lengthMs = playingLengthMs > 0
+                         ? playingLengthMs
+                         : std::max<std::int64_t>(0, libvlc_media_get_duration(media));
+    facts.bitRate = TrackBitRate(media);
+    if (facts.bitRate == 0 && facts.lengthMs > 0 && !IsAddress(path))
+        facts.bitRate =
+            static_cast<int>(FileLength(path) * 8 / static_cast<std::uint64_t>(facts.lengthMs));
+    return facts;
+}
+
+} // namespace vk
