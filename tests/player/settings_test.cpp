@@ -1,0 +1,64 @@
+#include "player/engine/player_settings.h"
+#include "player/engine/sound_device.h"
+#include "tests/support/temp_folder.h"
+
+#include <gtest/gtest.h>
+
+namespace vk::test {
+namespace {
+
+TEST(PlayerSettings, TakesItsKeysInAnySpelling) {
+    TempFolder folder;
+    const PlayerSettings settings = ReadPlayerSettings(
+        folder.Write("winamp.ini", "[Winamp]\r\nShuffle = 1\r\nrepeat=1\r\npladv = 0\r\n"
+                                   "Volume = 200\r\nuse_eq = 1\r\npreamp = 20\r\n"
+                                   "eq_data=4,31,x,99,63\r\n"));
+    EXPECT_TRUE(settings.shuffle);
+    EXPECT_TRUE(settings.repeat);
+    EXPECT_FALSE(settings.advance);
+    EXPECT_EQ(settings.volume, 200);
+    EXPECT_TRUE(settings.equaliser.on);
+    EXPECT_EQ(settings.equaliser.preamp, 20);
+    EXPECT_EQ(settings.equaliser.bands,
+              (std::array<int, 10>{4, 31, 31, 31, 63, 31, 31, 31, 31, 31}));
+}
+
+TEST(PlayerSettings, NonsenseGivesTheDefaults) {
+    TempFolder folder;
+    const std::string file =
+        folder.Write("winamp.ini", "[winamp]\nshuffle=7\nVolume=-3\npladv=yes\npreamp=64\n");
+    for (const std::string& path : {file, folder.File("none.ini")}) {
+        const PlayerSettings settings = ReadPlayerSettings(path);
+        EXPECT_FALSE(settings.shuffle);
+        EXPECT_TRUE(settings.advance);
+        EXPECT_EQ(settings.volume, 255);
+        EXPECT_EQ(settings.equaliser.preamp, 31);
+    }
+}
+
+TEST(EqualiserGain, IsFlatInTheMiddleAndTwentyDecibelsAtTheEnds) {
+    EXPECT_FLOAT_EQ(EqualiserGain(0), 20);
+    EXPECT_FLOAT_EQ(EqualiserGain(31), 0);
+    EXPECT_FLOAT_EQ(EqualiserGain(32), 0);
+    EXPECT_FLOAT_EQ(EqualiserGain(63), -20);
+    EXPECT_GT(EqualiserGain(10), EqualiserGain(11));
+}
+
+TEST(SoundDevice, IsACardOrAServerOrAConfiguredOne) {
+    TempFolder folder;
+    SoundPlaces places{folder.File("cards"), folder.Path(), "", ""};
+    EXPECT_FALSE(SoundDeviceFound(places));
+    folder.Write("cards", "--- no soundcards ---\n");
+    EXPECT_FALSE(SoundDeviceFound(places));
+    folder.Write("cards", " 0 [PCH            ]: HDA-Intel - HDA Intel PCH\n");
+    EXPECT_TRUE(SoundDeviceFound(places));
+    places.cards.clear();
+    EXPECT_FALSE(SoundDeviceFound(places));
+    folder.Write("pulse/native", "");
+    EXPECT_TRUE(SoundDeviceFound(places));
+    EXPECT_TRUE(SoundDeviceFound({"", "", "tcp:host", ""}));
+    EXPECT_TRUE(SoundDeviceFound({"", "", "", "/etc/my.conf"}));
+}
+
+} // namespace
+} // namespace vk::test

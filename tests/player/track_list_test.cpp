@@ -1,0 +1,144 @@
+#include "player/engine/list_file.h"
+#include "player/engine/track_list.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+
+namespace vk::test {
+namespace {
+
+std::string Paths(int count, char name = 'a') {
+    std::string paths;
+    for (int index = 0; index < count; ++index)
+        paths.append(1, static_cast<char>(name + index)).push_back('\0');
+    return paths;
+}
+
+TEST(TrackList, GoesInOrderAndStopsAtItsEnds) {
+    TrackList list(1);
+    EXPECT_FALSE(list.Next());
+    list.Append(Paths(2));
+    EXPECT_FALSE(list.Previous());
+    EXPECT_EQ(list.PeekNext(), 1u);
+    EXPECT_TRUE(list.Next());
+    EXPECT_STREQ(list.Path(static_cast<std::size_t>(list.Index())), "b");
+    EXPECT_FALSE(list.Next());
+    EXPECT_EQ(list.Index(), 1);
+    EXPECT_EQ(list.PeekNext(), std::nullopt);
+}
+
+TEST(TrackList, WrapsWithRepeat) {
+    TrackList list(1);
+    list.SetRepeat(true);
+    list.Append(Paths(3));
+    EXPECT_TRUE(list.Previous());
+    EXPECT_EQ(list.Index(), 2);
+    EXPECT_EQ(list.PeekNext(), 0u);
+    EXPECT_TRUE(list.Next());
+    EXPECT_EQ(list.Index(), 0);
+}
+
+TEST(TrackList, TheIndexMayComeBeforeItsList) {
+    TrackList list(1);
+    list.SetIndex(2);
+    EXPECT_FALSE(list.InRange());
+    list.Append(Paths(3));
+    EXPECT_TRUE(list.InRange());
+    list.SetIndex(-4);
+    EXPECT_EQ(list.Index(), 0);
+    list.SetIndex(9);
+    list.SetRepeat(true);
+    EXPECT_TRUE(list.Previous());
+    EXPECT_EQ(list.Index(), 2);
+}
+
+TEST(TrackList, AppendLeavesOutWhatGoesBeyondTheLimits) {
+    TrackList list(1);
+    list.Append(std::string_view("x\0\0unended", 10));
+    EXPECT_EQ(list.Size(), 1u);
+    std::string many;
+    for (std::size_t count = 0; count < ListEntryLimit + 9; ++count)
+        many.append("y").push_back('\0');
+    list.Append(many);
+    EXPECT_EQ(list.Size(), ListEntryLimit);
+}
+
+struct ShuffledTest : testing::TestWithParam<std::uint32_t> {
+    static constexpr int Count = 9;
+    TrackList list{GetParam()};
+    void SetUp() override {
+        list.SetShuffle(true);
+        list.SetRepeat(true);
+    }
+    std::set<std::int32_t> Round(int steps) {
+        std::set<std::int32_t> seen{list.Index()};
+        list.Begin();
+        for (int step = 1; step < steps && list.Next(); ++step)
+            seen.insert(list.Index());
+        return seen;
+    }
+};
+
+TEST_P(ShuffledTest, EveryEntryComesOnceARoundFromTheChosenOneOn) {
+    list.SetIndex(4);
+    list.Append(Paths(Count));
+    EXPECT_EQ(list.Index(), 4);
+    EXPECT_EQ(Round(Count).size(), 9u);
+    const std::int32_t last = list.Index();
+    ASSERT_TRUE(list.Next());
+    EXPECT_NE(list.Index(), last);
+    EXPECT_EQ(Round(Count).size(), 9u);
+}
+
+TEST_P(ShuffledTest, PreviousGoesBackInTheOrder) {
+    list.Append(Paths(Count));
+    list.Begin();
+    std::vector<std::int32_t> order{list.Index()};
+    for (int step = 0; step < 4; ++step) {
+        ASSERT_EQ(list.PeekNext(), [&] {
+            TrackList copy = list;
+            copy.Next();
+            return static_cast<std::size_t>(copy.Index());
+        }());
+        list.Next();
+        order.push_back(list.Index());
+    }
+    for (std::size_t place = order.size() - 1; place-- > 0;) {
+        ASSERT_TRUE(list.Previous());
+        EXPECT_EQ(list.Index(), order[place]);
+    }
+}
+
+TEST_P(ShuffledTest, AnEntryChosenByHandHasHadItsTurn) {
+    list.Append(Paths(Count));
+    std::set<std::int32_t> seen = Round(3);
+    list.SetIndex(7);
+    seen.insert(7);
+    const auto left = static_cast<std::size_t>(Count) - seen.size();
+    for (std::size_t step = 0; step < left; ++step) {
+        ASSERT_TRUE(list.Next());
+        EXPECT_TRUE(seen.insert(list.Index()).second);
+    }
+    EXPECT_EQ(seen.size(), 9u);
+}
+
+TEST_P(ShuffledTest, EntriesAddedLaterComeInTheSameRound) {
+    list.Append(Paths(4));
+    Round(2);
+    list.Append(Paths(5, 'p'));
+    EXPECT_EQ(Round(8).size(), 8u);
+}
+
+TEST_P(ShuffledTest, SwitchingOffGoesOnInListOrder) {
+    list.SetIndex(5);
+    list.Append(Paths(Count));
+    list.SetShuffle(false);
+    EXPECT_TRUE(list.Next());
+    EXPECT_EQ(list.Index(), 6);
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, ShuffledTest, testing::Values(1u, 2u, 77u));
+
+} // namespace
+} // namespace vk::test

@@ -1,0 +1,131 @@
+// The server, the instance's claim and the hand-over, over real sockets.
+#include "player/engine/event_queue.h"
+#include "player/engine/hand_over.h"
+#include "player/engine/instance.h"
+#include "player/engine/wire_server.h"
+#include "tests/support/temp_folder.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/socket.h>
+
+#include <thread>
+
+namespace vk::test {
+namespace {
+
+struct WireServerTest : testing::Test {
+    WireServerTest() {
+        EXPECT_TRUE(instance.Claim());
+        thread = std::thread([this] { Serve(); });
+    }
+    ~WireServerTest() override {
+        end.Post({});
+        thread.join();
+    }
+    void Serve() {
+        std::vector<pollfd> items;
+        do {
+            items.assign({{end.Readable().get(), POLLIN, 0}});
+            server.Collect(items);
+            ::poll(items.data(), items.size(), -1);
+            server.Serve(items);
+        } while (end.Take().empty());
+    }
+    Descriptor Connect() const { return ConnectTo(path); }
+
+    TempFolder folder;
+    std::string path = folder.File("socket");
+    Instance instance{path};
+    EventQueue end;
+    std::mutex mutex;
+    std::vector<std::pair<std::string, std::int64_t>> lists;
+    WireServer server{instance.Listener(),
+                      {[](const PlayerRequest& request) -> std::optional<std::int32_t> {
+                           if (request.message == 1) return std::nullopt;
+                           return request.wParam + request.lParam;
+                       },
+                       [this](std::string paths, std::int64_t started) {
+                           const std::lock_guard lock(mutex);
+                           lists.emplace_back(std::move(paths), started);
+                       }}};
+    std::thread thread;
+};
+
+TEST_F(WireServerTest, AnswersEachClientInTurn) {
+    const Descriptor first = Connect();
+    const Descriptor second = Connect();
+    EXPECT_EQ(AskPlayer(first, {2, 40, 2}, {}, 1000), 42);
+    EXPECT_EQ(AskPlayer(second, {2, -1, 0}, {}, 1000), -1);
+    EXPECT_EQ(AskPlayer(first, {2, 1, 0}, {}, 1000), 1);
+    EXPECT_TRUE(ConnectionAlive(first));
+}
+
+TEST_F(WireServerTest, ClosesAConnectionUnanswered) {
+    const Descriptor client = Connect();
+    EXPECT_EQ(AskPlayer(client, {1, 0, 0}, {}, 1000), std::nullopt);
+    EXPECT_FALSE(ConnectionAlive(client));
+}
+
+TEST_F(WireServerTest, ClosesWhoBreaksTheProtocolAndServesTheOthers) {
+    const Descriptor good = Connect();
+    const std::string tooLong(PlayerPayloadLimit + 1, 'x');
+    for (const std::string& packet : {std::string("short"), std::string(12, '\0') + tooLong}) {
+        const Descriptor bad = Connect();
+        ::send(bad.get(), packet.data(), packet.size(), MSG_NOSIGNAL);
+        EXPECT_EQ(AskPlayer(bad, {2, 0, 0}, {}, 1000), std::nullopt);
+    }
+    const Descriptor outOfTurn = Connect();
+    EXPECT_EQ(AskPlayer(outOfTurn, {WM_COPYDATA, ListPaths, 0}, "x", 1000), std::nullopt);
+    EXPECT_EQ(AskPlayer(good, {2, 0, 7}, {}, 1000), 7);
+}
+
+TEST_F(WireServerTest, TakesALongListInOnePiece) {
+    std::vector<std::string> entries;
+    std::string expected;
+    for (int index = 0; index < 30000; ++index) {
+        entries.push_back("/music/track " + std::to_string(index));
+        expected += entries.back() + '\0';
+    }
+    EXPECT_TRUE(HandOver(Connect(), entries, 123));
+    const std::lock_guard lock(mutex);
+    ASSERT_EQ(lists.size(), 1u);
+    EXPECT_EQ(lists[0].second, 123);
+    EXPECT_EQ(lists[0].first, expected);
+}
+
+TEST_F(WireServerTest, AListThatBreaksOffLeavesNothing) {
+    {
+        const Descriptor client = Connect();
+        const std::string began(8, '\0');
+        EXPECT_EQ(AskPlayer(client, {WM_COPYDATA, ListBegin, 0}, began, 1000), 1);
+        EXPECT_EQ(AskPlayer(client, {WM_COPYDATA, ListPaths, 0}, "/a", 1000), 1);
+    }
+    EXPECT_TRUE(HandOver(Connect(), {"/b"}, 9));
+    const std::lock_guard lock(mutex);
+    ASSERT_EQ(lists.size(), 1u);
+    EXPECT_EQ(lists[0].first, std::string("/b\0", 3));
+}
+
+TEST_F(WireServerTest, OnlyOneInstanceHasThePlace) {
+    Instance other(path);
+    EXPECT_FALSE(other.Claim());
+    EXPECT_EQ(AskPlayer(Connect(), {2, 3, 0}, {}, 1000), 3) << "the loser left the socket alone";
+}
+
+TEST(Instance, GivesThePlaceUpAndTakesItFromTheDead) {
+    TempFolder folder;
+    const std::string path = folder.Write("socket", "a leftover");
+    Instance first(path);
+    ASSERT_TRUE(first.Claim());
+    EXPECT_TRUE(ConnectTo(path));
+    first.Release();
+    EXPECT_FALSE(ConnectTo(path));
+    EXPECT_FALSE(FileExists(path));
+    EXPECT_TRUE(Instance(path).Claim());
+    EXPECT_FALSE(Instance(folder.File("no folder/socket")).Claim());
+    EXPECT_FALSE(Instance("").Claim());
+}
+
+} // namespace
+} // namespace vk::test
