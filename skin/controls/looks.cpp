@@ -48,6 +48,12 @@ QColor ShadowFor(const QColor& text) {
     return Luminance(text) > 0.18 ? QColor(0, 0, 0, 190) : QColor(255, 255, 255, 150);
 }
 
+double Contrast(const QColor& a, const QColor& b) {
+    const double one = Luminance(a) + 0.05;
+    const double other = Luminance(b) + 0.05;
+    return std::max(one, other) / std::min(one, other);
+}
+
 QColor ReadableOn(const QColor& ground) {
     // Equal contrast to both lies at a luminance of 0.179.
     return Luminance(ground) > 0.179 ? QColor(Qt::black) : QColor(Qt::white);

@@ -25,6 +25,9 @@ QString ToQString(const std::string& text);
 /// A colour for the drop shadow of a text: dark and soft under light text, pale under dark text.
 QColor ShadowFor(const QColor& text);
 
+/// The contrast of two colours, 1 to 21, https://www.w3.org/TR/WCAG21/#dfn-contrast-ratio
+double Contrast(const QColor& a, const QColor& b);
+
 /// Black or white, whichever is read better on `ground`.
 QColor ReadableOn(const QColor& ground);
 

@@ -14,6 +14,7 @@
 namespace vk {
 
 class DialogOverlay;
+struct DialogLook;
 
 /// Each dialog is a child of the host window that covers it, so no window manager is needed. While
 /// one is open it has the keyboard, and the host gets no key and no touch. Calls nest.
@@ -40,17 +41,18 @@ class SkinDialogs : public Dialogs {
     void CloseAll();
 
   private:
-    /// Runs the overlay until it is answered; true for any answer but the cancelling one.
-    bool Run(DialogOverlay& overlay);
-    bool Ask(const std::string& text, const std::string& title, const std::string& yes,
-             const std::string& no);
+    DialogLook Look() const;
+    /// Runs the overlay until it is answered; true for any answer but the cancelling one. The
+    /// overlay may be gone afterwards, when its host was taken away under it.
+    bool Run(const QPointer<DialogOverlay>& overlay);
+    bool Ask(const std::string& text, const std::string& title, const char* yes, const char* no);
 
     QWidget* host_;
     const Volumes& volumes_;
     Clock& clock_;
     const SkinStore* skin_ = nullptr;
     std::vector<QPointer<DialogOverlay>> open_; ///< the last is in front
-    bool closing_ = false;
+    bool closing_ = false; ///< dialogs that are asked for meanwhile are cancelled at once
 };
 
 } // namespace vk
