@@ -70,8 +70,9 @@ class Browser {
     /// Shows which tuner the radio button leads to.
     void SetPlayerButton();
 
-    bool HasRadio() const;
-    const BrowserNeeds& Needs() const { return needs_; }
+    bool HasRadio() const; ///< a tuner is enabled
+    bool HasDiscDrive() const { return builder_.Drives().HasDiscDrive(); }
+    bool HasGPS() const { return needs_.screens.Find("frmGPS") != nullptr; }
 
   private:
     using Handler = void (Browser::*)(const Descriptor&);

@@ -9,8 +9,6 @@ namespace vk {
 enum class BrowserButton {
     PlayPause,    ///< `Image6`
     ToolFrame,    ///< `Image7`
-    VolumeDown,   ///< `Image9`
-    VolumeUp,     ///< `Image10`
     Recurse,      ///< `Image12`
     Applications, ///< `Image14`
     Radio         ///< `Image15`

@@ -51,7 +51,7 @@ void Browser::Eject() {
 }
 
 void Browser::ShowGPS() {
-    if (needs_.app.ListBusy || !needs_.screens.Find("frmGPS")) return;
+    if (needs_.app.ListBusy || !HasGPS()) return;
     CloseToolFrame();
     switchingform();
     needs_.screens.Show("frmGPS");

@@ -16,8 +16,8 @@ PlaylistsLayout::PlaylistsLayout(int width, int height)
     clock = {home.left() - gap_ - clockWidth, 0, clockWidth, top};
     title = {margin, 0, clock.left() - gap_ - margin, top};
     list = {margin, top + gap_, width - 2 * margin, height - top - bottom - 2 * gap_};
-    loading = list.adjusted(list.width() / 10, list.height() / 3, -list.width() / 10,
-                            -list.height() / 3);
+    loading =
+        list.adjusted(list.width() / 10, list.height() / 3, -list.width() / 10, -list.height() / 3);
 }
 
 std::vector<QRect> PlaylistsLayout::BottomButtons(int count) const {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QRect>
+
 #include <vector>
 
 namespace vk {
@@ -13,7 +14,7 @@ struct PlaylistsLayout {
     QRect topBar, bottomBar;
     QRect title, clock, home; ///< in the top bar
     QRect list;
-    QRect loading; ///< the largest place of the label over the list
+    QRect loading;  ///< the largest place of the label over the list
     int button = 0; ///< side of the square touch buttons
 
     /// `count` buttons spread evenly over the bottom bar.

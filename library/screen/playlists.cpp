@@ -1,0 +1,205 @@
+#include "library/screen/playlists.h"
+
+#include "library/screen/playlists_layout.h"
+#include "skin/controls/looks.h"
+
+#include <QPainter>
+
+namespace vk {
+
+namespace {
+
+constexpr int VolumeRepeatMs = 100;
+constexpr int SlideSteps = 6;
+constexpr int SlideStepMs = 10;
+
+// A bar or frame over the background, in the colour of the skin's bars.
+void SetBarColour(QWidget& bar, const SkinData& skin) {
+    QPalette palette = bar.palette();
+    palette.setColor(QPalette::Window, ToQColor(skin.HeadingBarBackgroundClr));
+    bar.setPalette(palette);
+    bar.setAutoFillBackground(true);
+}
+
+} // namespace
+
+const std::vector<playlists::ButtonRow> playlists::BottomRows = {
+    {"Image11", "moveback.gif", "Back", &Browser::MoveBack, &playlists::Always},
+    {"Image3", "pgup.gif", "Page up", &Browser::PgUp, &playlists::Always},
+    {"Image4", "pgdn.gif", "Page down", &Browser::PgDn, &playlists::Always},
+    {"Image6", "play.gif", "Play", &Browser::PlayPause, &playlists::Always},
+    {"Image12", "recurse.gif", "All below", &Browser::ToggleRecurse, &playlists::Always},
+    {"Image19", "resume.gif", "Resume", &Browser::Resume, &playlists::Always},
+    {"Image15", "fm.gif", "Radio", &Browser::ShowRadio, &playlists::HasRadio},
+    {"Image7", "menu.gif", "More", &Browser::ToggleToolFrame, &playlists::Always},
+};
+
+const std::vector<playlists::ButtonRow> playlists::ToolRows = {
+    {"Image20", "moveahead.gif", "Ahead", &Browser::MoveAhead, &playlists::Always},
+    {"Image9", "vdown.gif", "Quieter", nullptr, &playlists::Always},
+    {"Image10", "vup.gif", "Louder", nullptr, &playlists::Always},
+    {"Image16", "eject.gif", "Eject", &Browser::Eject, &playlists::HasDiscDrive},
+    {"Image14", "gps.gif", "Programs", &Browser::ToggleApplications, &playlists::Always},
+    {"Image17", "gpsactual.gif", "GPS", &Browser::ShowGPS, &playlists::HasGPS},
+};
+
+playlists::playlists(const Needs& needs, QWidget* parent)
+    : QWidget(parent), context_(needs.context), UCListBox_(context_, list_, this), toolFrame_(this),
+      bottomBar_(this), lblCurrentFolderStatus(this), ClockBar(this), lbLoading(this),
+      browser_(needs.browser, list_, *this),
+      volumeTimer_(context_.clock.MakeTimer([this] { (browser_.*heldVolume_)(); })) {
+    hide();
+    UCListBox_.onItemClick = [this](int) { browser_.runok(); };
+    MakeButtons(BottomRows, &bottomBar_);
+    MakeButtons(ToolRows, &toolFrame_);
+    MakeButton({"imgHome", "home.gif", "Home", &Browser::GoHome, &playlists::Always}, this);
+    WireVolume("Image9", "vdownsel.gif", &Browser::VolDown);
+    WireVolume("Image10", "vupsel.gif", &Browser::VolUp);
+    toolFrame_.hide();
+    lbLoading.hide();
+    DoLayout();
+}
+
+TouchButton& playlists::MakeButton(const ButtonRow& row, QWidget* parent) {
+    auto button = std::make_unique<TouchButton>(context_, parent);
+    button->setObjectName(QString::fromLatin1(row.name));
+    button->SetCaption(row.caption);
+    button->SetPicture(row.picture);
+    if (const auto click = row.click) button->onClick = [this, click] { (browser_.*click)(); };
+    return *(buttons_[row.name] = std::move(button));
+}
+
+void playlists::MakeButtons(const std::vector<ButtonRow>& rows, QWidget* parent) {
+    for (const ButtonRow& row : rows)
+        MakeButton(row, parent);
+}
+
+void playlists::WireVolume(const char* name, const char* pressed, void (Browser::*change)()) {
+    TouchButton& button = *buttons_.at(name);
+    button.SetPressedPicture(pressed);
+    button.onPress = [this, change] {
+        heldVolume_ = change;
+        (browser_.*change)();
+        volumeTimer_->Start(VolumeRepeatMs);
+    };
+    button.onRelease = [this] { volumeTimer_->Stop(); };
+}
+
+void playlists::ReShow() {
+    LayoutButtons(); // tuners and screens may have come since
+    browser_.ReShow();
+}
+
+void playlists::DoLayout() {
+    const AppState& app = context_.state;
+    const PlaylistsLayout layout(app.ScreenWidth, app.ScreenHeight);
+    setGeometry(0, 0, app.ScreenWidth, app.ScreenHeight);
+    UCListBox_.setGeometry(layout.list);
+    UCListBox_.SetiMaxVis(context_.skin.data().playlist);
+    if (list_.Loaded() && !app.ListBusy) UCListBox_.LoadList();
+    LayoutLabels();
+    LayoutButtons();
+    update();
+}
+
+void playlists::LayoutLabels() {
+    const SkinData& skin = context_.skin.data();
+    const PlaylistsLayout layout(width(), height());
+    lblCurrentFolderStatus.setGeometry(layout.title);
+    lblCurrentFolderStatus.SetLook(skin.headingbarfont, skin.HeadingBarForegroundClr, skin);
+    lblCurrentFolderStatus.SetAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    lblCurrentFolderStatus.SetWrap(true);
+    lblCurrentFolderStatus.SetShrink(0.6);
+    ClockBar.setGeometry(layout.clock);
+    ClockBar.SetLook(skin.clockfont, skin.ClockForegroundClr, skin);
+    ClockBar.SetAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    ClockBar.SetWrap(true);
+    ClockBar.SetShrink(0.5);
+    ClockBar.setVisible(context_.settings.ShowClock);
+    lbLoading.setGeometry(layout.loading);
+    lbLoading.SetLook(skin.headingbarfont, skin.HeadingBarForegroundClr, skin);
+    lbLoading.SetGround(ToQColor(skin.HeadingBarBackgroundClr), layout.button / 6);
+    lbLoading.SetWrap(true);
+    lbLoading.SetShrink(0.6);
+}
+
+std::vector<TouchButton*> playlists::Offered(const std::vector<ButtonRow>& rows) {
+    std::vector<TouchButton*> offered;
+    for (const ButtonRow& row : rows) {
+        TouchButton* button = buttons_.at(row.name).get();
+        const bool shown = (this->*row.offered)();
+        button->setVisible(shown);
+        if (shown) offered.push_back(button);
+    }
+    return offered;
+}
+
+void playlists::LayoutButtons() {
+    const PlaylistsLayout layout(width(), height());
+    buttons_.at("imgHome")->setGeometry(layout.home);
+    bottomBar_.setGeometry(layout.bottomBar);
+    SetBarColour(bottomBar_, context_.skin.data());
+    const auto bottom = Offered(BottomRows);
+    const auto places = layout.BottomButtons(static_cast<int>(bottom.size()));
+    for (std::size_t i = 0; i < bottom.size(); ++i)
+        bottom[i]->setGeometry(places[i].translated(0, -layout.bottomBar.top()));
+    const auto tools = Offered(ToolRows);
+    toolFrame_.setGeometry(layout.ToolFrame(static_cast<int>(tools.size())));
+    SetBarColour(toolFrame_, context_.skin.data());
+    for (std::size_t i = 0; i < tools.size(); ++i)
+        tools[i]->setGeometry(layout.ToolButton(static_cast<int>(i)));
+}
+
+void playlists::SetTitle(const std::string& text) {
+    lblCurrentFolderStatus.SetText(text);
+}
+
+void playlists::ShowLoading(const std::string& text) {
+    lbLoading.SetText(text);
+    lbLoading.show();
+    lbLoading.repaint(); // the list may take long from here
+}
+
+void playlists::SetButton(BrowserButton button, const std::string& picture) {
+    static const std::map<BrowserButton, const char*> names = {
+        {BrowserButton::PlayPause, "Image6"},
+        {BrowserButton::ToolFrame, "Image7"},
+        {BrowserButton::Recurse, "Image12"},
+        {BrowserButton::Applications, "Image14"},
+        {BrowserButton::Radio, "Image15"}};
+    buttons_.at(names.at(button))->SetPicture(picture);
+}
+
+// The frame comes out from behind the bottom bar and goes back there.
+void playlists::ShowToolFrame(bool open) {
+    const int shut = bottomBar_.y();
+    const int travel = toolFrame_.height();
+    toolFrame_.show();
+    for (int step = 1; step <= SlideSteps; ++step) {
+        const int out = open ? step : SlideSteps - step;
+        toolFrame_.move(toolFrame_.x(), shut - travel * out / SlideSteps);
+        repaint();
+        context_.clock.Sleep(SlideStepMs);
+    }
+    toolFrame_.setVisible(open);
+}
+
+void playlists::ShowAtFront() {
+    show();
+    raise();
+}
+
+void playlists::paintEvent(QPaintEvent*) {
+    const SkinData& skin = context_.skin.data();
+    QPainter painter(this);
+    const QPixmap background =
+        context_.pictures.Picture(skin.playlist, size(), PictureFit::Stretch);
+    if (background.isNull())
+        painter.fillRect(rect(), Qt::black);
+    else
+        painter.drawPixmap(0, 0, background);
+    painter.fillRect(PlaylistsLayout(width(), height()).topBar,
+                     ToQColor(skin.HeadingBarBackgroundClr));
+}
+
+} // namespace vk

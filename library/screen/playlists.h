@@ -1,0 +1,93 @@
+// The media browser's screen: layout and wiring; what it does is the `Browser`'s.
+#pragma once
+
+#include "library/browser/browser.h"
+#include "skin/controls/control_context.h"
+#include "skin/controls/shaded_label.h"
+#include "skin/controls/touch_button.h"
+#include "skin/controls/uc_list_box.h"
+
+#include <QWidget>
+
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace vk {
+
+/// One instance, made once and kept. It is registered under `BrowserName`.
+class playlists : public QWidget, private BrowserView {
+  public:
+    struct Needs {
+        ControlContext context;
+        BrowserNeeds browser;
+    };
+    playlists(const Needs& needs, QWidget* parent);
+
+    void runok() { browser_.runok(); }
+    void MoveUp() { browser_.MoveUp(); }
+    void MoveDown() { browser_.MoveDown(); }
+    void MoveBack() { browser_.MoveBack(); }
+    void MoveAhead() { browser_.MoveAhead(); }
+    void VolUp() { browser_.VolUp(); }
+    void VolDown() { browser_.VolDown(); }
+    void doquit() { browser_.doquit(); }
+    void ReShow();
+    /// Places and fills every part anew for the screen's size and the skin.
+    void DoLayout();
+    void switchingform() { browser_.switchingform(); }
+    void Hide() { hide(); }
+    bool Form_KeyDown(const std::string& code) { return browser_.Form_KeyDown(code); }
+    /// A tick of the wheel, positive for up.
+    void Wheel(int delta) { browser_.MouseWheel(delta); }
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    /// One touch button: its name, its picture, and what stands there without a picture.
+    struct ButtonRow {
+        const char* name;
+        const char* picture;
+        const char* caption;
+        void (Browser::*click)();
+        bool (playlists::*offered)() const;
+    };
+    static const std::vector<ButtonRow> BottomRows, ToolRows;
+
+    void SetTitle(const std::string& text) override;
+    void ShowLoading(const std::string& text) override;
+    void HideLoading() override { lbLoading.hide(); }
+    void SetClock(const std::string& text) override { ClockBar.SetText(text); }
+    void SetButton(BrowserButton button, const std::string& picture) override;
+    void ShowToolFrame(bool open) override;
+    void ReDrawList() override { UCListBox_.ReDrawList(); }
+    void ShowAtFront() override;
+
+    TouchButton& MakeButton(const ButtonRow& row, QWidget* parent);
+    void MakeButtons(const std::vector<ButtonRow>& rows, QWidget* parent);
+    void WireVolume(const char* name, const char* pressed, void (Browser::*change)());
+    std::vector<TouchButton*> Offered(const std::vector<ButtonRow>& rows);
+    void LayoutLabels();
+    void LayoutButtons();
+    bool Always() const { return true; }
+    bool HasRadio() const { return browser_.HasRadio(); }
+    bool HasDiscDrive() const { return browser_.HasDiscDrive(); }
+    bool HasGPS() const { return browser_.HasGPS(); }
+
+    ControlContext context_;
+    ListModel list_;
+    UCListBox UCListBox_;
+    QWidget toolFrame_;
+    QWidget bottomBar_;
+    ShadedLabel lblCurrentFolderStatus;
+    ShadedLabel ClockBar;
+    ShadedLabel lbLoading;
+    std::map<std::string, std::unique_ptr<TouchButton>> buttons_; ///< by the names of their rows
+    Browser browser_;
+    std::unique_ptr<Timer> volumeTimer_; ///< repeats a held volume button
+    void (Browser::*heldVolume_)() = nullptr;
+};
+
+} // namespace vk
