@@ -49,6 +49,10 @@ playlists::playlists(const Needs& needs, QWidget* parent)
       browser_(needs.browser, list_, *this),
       volumeTimer_(context_.clock.MakeTimer([this] { (browser_.*heldVolume_)(); })) {
     hide();
+    UCListBox_.setObjectName(QStringLiteral("UCListBox"));
+    lblCurrentFolderStatus.setObjectName(QStringLiteral("lblCurrentFolderStatus"));
+    ClockBar.setObjectName(QStringLiteral("ClockBar"));
+    lbLoading.setObjectName(QStringLiteral("lbLoading"));
     UCListBox_.onItemClick = [this](int) { browser_.runok(); };
     MakeButtons(BottomRows, &bottomBar_);
     MakeButtons(ToolRows, &toolFrame_);

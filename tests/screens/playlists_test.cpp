@@ -1,0 +1,219 @@
+// The browser's screen: that touches and keys reach the operations, and that all of it fits.
+#include "library/screen/playlists.h"
+#include "skin/controls/looks.h"
+#include "tests/support/core_fixture.h"
+#include "tests/support/recording_screen.h"
+
+#include <QApplication>
+#include <QFontMetrics>
+#include <QMouseEvent>
+
+#include <gmock/gmock.h>
+
+namespace vk {
+namespace {
+
+constexpr const char* SkinText =
+    "[BGimages]\nplaylist=none.jpg\n[Colors]\nListForegroundClr=1\n[FONTS]\n"
+    "clockfontname=DejaVu Sans\nclockfontsize=14\nheadingbarfontname=DejaVu Sans\n"
+    "headingbarfontbold=true\nheadingbarfontsize=18\nListtextfontname=DejaVu Sans\n"
+    "Listtextfontsize=22\n";
+
+class PlaylistsScreen : public testing::Test {
+  protected:
+    PlaylistsScreen() {
+        core.state.AudioExtensionList = {"MP3"};
+        core.state.VideoExtensionList = {"AVI"};
+        core.settings.values.MediaDir = state.CurrentPath = media.Path();
+        core.settings.values.CDDriveLetter = "/cd";
+        core.settings.values.dlink_enabled = true;
+        core.settings.values.ShowClock = true;
+        core.settings.values.ListSpacing = "3";
+        core.state.CurrentSkinFile = "My.skn";
+        core.app.Write("skins/My.skn", SkinText);
+        skin.LoadSkin();
+        core.screens.Add("playmp3", player);
+        core.screens.Add("velkorandum", menu);
+        core.screens.Add("frmGPS", gps);
+        for (const char* name : {"a/x.mp3", "b/y.mp3", "c.mp3", "d.avi"})
+            media.Write(name, "x");
+        Resize(800, 480);
+    }
+    ~PlaylistsScreen() override { core.screens.Remove(BrowserName); }
+    /// Makes the screen for that size and enters it.
+    void Resize(int width, int height) {
+        core.state.ScreenWidth = width;
+        core.state.ScreenHeight = height;
+        host.resize(width, height);
+        screen = std::make_unique<playlists>(
+            playlists::Needs{{core.state, core.settings.values, skin, pictures, core.clock},
+                             {core.settings, core.state, state, audio, video, core.screens,
+                              core.clock, core.volumes, core.locale, core.report, tags, keys}},
+            &host);
+        core.screens.Add(BrowserName, *screen);
+        host.show();
+        screen->ReShow();
+    }
+    QWidget& Part(const char* name) {
+        auto* part = screen->findChild<QWidget*>(QString::fromLatin1(name));
+        EXPECT_NE(part, nullptr) << name;
+        return *part;
+    }
+    static void Tap(QWidget& target, QPointF point) {
+        for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+            QMouseEvent event(type, point, target.mapToGlobal(point), Qt::LeftButton,
+                              Qt::LeftButton, Qt::NoModifier);
+            QApplication::sendEvent(&target, &event);
+        }
+    }
+    void Tap(const char* name) {
+        QWidget& part = Part(name);
+        EXPECT_TRUE(part.isVisible()) << name;
+        Tap(part, part.rect().center());
+    }
+    std::string Title() { return static_cast<ShadedLabel&>(Part("lblCurrentFolderStatus")).Text(); }
+    std::string Loading() {
+        auto& label = static_cast<ShadedLabel&>(Part("lbLoading"));
+        return label.isVisible() ? label.Text() : "";
+    }
+    ListModel& List() { return static_cast<UCListBox&>(Part("UCListBox")).model(); }
+
+    test::CoreFixture core;
+    test::TempFolder media;
+    BrowserState state;
+    AudioState audio;
+    VideoState video;
+    KeyMap keys;
+    test::RecordingPlayer player;
+    test::RecordingScreen menu, gps;
+    ID3 reader{{core.log, core.dialogs}, core.state.DecimalSymbol};
+    MediaTags tags{core.state, reader};
+    SkinStore skin{
+        {core.state, core.settings, core.fonts, core.dialogs, core.report, [] { return 800; }}};
+    PictureCache pictures{skin};
+    QWidget host;
+    std::unique_ptr<playlists> screen;
+};
+
+TEST_F(PlaylistsScreen, ATouchedRowIsChosen) {
+    QWidget& list = Part("UCListBox");
+    Tap(list, {100, List().RowHeight * 1.5});
+    EXPECT_EQ(Title(), " b");
+    Tap("Image11");
+    EXPECT_EQ(Title(), "Browse By Directory ");
+    EXPECT_EQ(List().iSelected, 1);
+}
+
+TEST_F(PlaylistsScreen, ArrowsEnterAndEscapeWorkIt) {
+    EXPECT_TRUE(screen->Form_KeyDown("40"));
+    EXPECT_TRUE(screen->Form_KeyDown("13"));
+    EXPECT_EQ(Title(), " b");
+    EXPECT_TRUE(screen->Form_KeyDown("37"));
+    EXPECT_TRUE(screen->Form_KeyDown("39"));
+    EXPECT_EQ(Title(), "Recurse Folder: b");
+    EXPECT_TRUE(screen->Form_KeyDown("27"));
+    EXPECT_EQ(menu.Count("ReShow"), 1);
+}
+
+TEST_F(PlaylistsScreen, TheButtonsReachTheirOperations) {
+    audio.PlayMode = PlayAudio;
+    Tap("Image6");
+    EXPECT_EQ(player.Count("DoPause"), 1);
+    Tap("Image12");
+    EXPECT_EQ(static_cast<TouchButton&>(Part("Image12")).isVisible(), true);
+    Tap("Image19");
+    EXPECT_EQ(Loading(), "You must first play an audio file before resuming.");
+    Tap("Image15");
+    EXPECT_EQ(audio.PlayMode, PlayFM);
+    screen->ReShow();
+    Tap("imgHome");
+    EXPECT_EQ(menu.Count("ReShow"), 1);
+}
+
+TEST_F(PlaylistsScreen, TheRarerButtonsComeOutOfTheBottomBar) {
+    EXPECT_FALSE(Part("Image14").isVisible());
+    Tap("Image7");
+    EXPECT_EQ(core.clock.slept, 60);
+    Tap("Image9");
+    Tap("Image10");
+    EXPECT_EQ(player.Count("VolDown"), 1);
+    EXPECT_EQ(player.Count("VolUp"), 1);
+    core.clock.Advance(1000);
+    EXPECT_EQ(player.Count("VolUp"), 1) << "a button that was let go does not go on";
+    Tap("Image14");
+    EXPECT_EQ(Title(), "External Applications");
+    EXPECT_FALSE(Part("Image14").isVisible());
+    Tap("Image7");
+    Tap("Image17");
+    EXPECT_EQ(gps.Count("ReShow"), 1);
+}
+
+TEST_F(PlaylistsScreen, WhatIsNotThereHasNoButton) {
+    core.settings.values.dlink_enabled = false;
+    core.settings.values.CDDriveLetter = "NONE";
+    core.screens.Remove("frmGPS");
+    screen->ReShow();
+    Tap("Image7");
+    for (const char* name : {"Image15", "Image16", "Image17"})
+        EXPECT_FALSE(Part(name).isVisible()) << name;
+}
+
+TEST_F(PlaylistsScreen, WhileBusyPressesDoNothing) {
+    core.state.ListBusy = true;
+    for (const char* code : {"40", "13", "39"})
+        screen->Form_KeyDown(code);
+    for (const char* name : {"Image4", "Image6", "Image12", "Image19", "imgHome"})
+        Tap(name);
+    EXPECT_EQ(Title(), "Browse By Directory ");
+    EXPECT_EQ(List().iSelected, 0);
+    EXPECT_EQ(menu.Count("ReShow"), 0);
+    EXPECT_EQ(Loading(), "");
+}
+
+TEST_F(PlaylistsScreen, TheWheelAndAReloadKeepTheList) {
+    screen->Wheel(-1);
+    screen->DoLayout();
+    EXPECT_EQ(List().iSelected, 1);
+    EXPECT_EQ(List().ItemCount(), 4);
+}
+
+// True when the text, wrapped, stands whole in the label at the smallest size it may shrink to.
+bool Fits(const std::string& text, const QWidget& label, const SkinFont& font, double shrink) {
+    QFont smallest = ToQFont(font);
+    smallest.setPixelSize(static_cast<int>(smallest.pixelSize() * shrink));
+    const QRect needed = QFontMetrics(smallest).boundingRect(label.rect(), Qt::TextWordWrap,
+                                                             QString::fromStdString(text));
+    return needed.width() <= label.width() && needed.height() <= label.height();
+}
+
+TEST_F(PlaylistsScreen, EverythingFitsAtEverySize) {
+    const std::vector<QSize> sizes = {
+        {640, 480}, {800, 480}, {1024, 600}, {1024, 768}, {1280, 720}};
+    for (const QSize size : sizes) {
+        Resize(size.width(), size.height());
+        Tap("Image7");
+        const QRect window(QPoint(), size);
+        for (QWidget* part : screen->findChildren<QWidget*>()) {
+            if (!part->isVisible()) continue;
+            const QRect place(part->mapTo(screen.get(), QPoint()), part->size());
+            EXPECT_TRUE(window.contains(place)) << part->objectName().toStdString();
+            if (auto* button = dynamic_cast<TouchButton*>(part); button && part != &Part("imgHome"))
+                EXPECT_GE(std::min(place.width(), place.height()), size.height() * 15 / 100);
+        }
+        for (const char* title :
+             {"Browsing removable drive: /media/stick", "External Applications"})
+            EXPECT_TRUE(
+                Fits(title, Part("lblCurrentFolderStatus"), skin.data().headingbarfont, 0.6))
+                << title << " at " << size.width();
+        EXPECT_TRUE(Fits("Wednesday, September 30, 2026    12:00 PM", Part("ClockBar"),
+                         skin.data().clockfont, 0.5))
+            << size.width();
+        EXPECT_TRUE(Fits("You must first play an audio file before resuming.", Part("lbLoading"),
+                         skin.data().headingbarfont, 0.6))
+            << size.width();
+        EXPECT_GE(List().iMaxVis, 5) << size.width();
+    }
+}
+
+} // namespace
+} // namespace vk
