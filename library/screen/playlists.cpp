@@ -4,6 +4,9 @@
 #include "skin/controls/looks.h"
 
 #include <QPainter>
+#include <QWheelEvent>
+
+#include <cstdlib>
 
 namespace vk {
 
@@ -12,6 +15,7 @@ namespace {
 constexpr int VolumeRepeatMs = 100;
 constexpr int SlideSteps = 6;
 constexpr int SlideStepMs = 10;
+constexpr int WheelTick = 120; // eighths of a degree
 
 // A bar or frame over the background, in the colour of the skin's bars.
 void SetBarColour(QWidget& bar, const SkinData& skin) {
@@ -191,6 +195,15 @@ void playlists::ShowToolFrame(bool open) {
 void playlists::ShowAtFront() {
     show();
     raise();
+}
+
+void playlists::wheelEvent(QWheelEvent* event) {
+    wheelRest_ += event->angleDelta().y();
+    const int ticks = wheelRest_ / WheelTick;
+    wheelRest_ %= WheelTick;
+    for (int tick = 0; tick < std::abs(ticks); ++tick)
+        browser_.MouseWheel(ticks);
+    event->accept();
 }
 
 void playlists::paintEvent(QPaintEvent*) {

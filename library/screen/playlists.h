@@ -39,11 +39,10 @@ class playlists : public QWidget, private BrowserView {
     void switchingform() { browser_.switchingform(); }
     void Hide() { hide(); }
     bool Form_KeyDown(const std::string& code) { return browser_.Form_KeyDown(code); }
-    /// A tick of the wheel, positive for up.
-    void Wheel(int delta) { browser_.MouseWheel(delta); }
 
   protected:
     void paintEvent(QPaintEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
 
   private:
     /// One touch button: its name, its picture, and what stands there without a picture.
@@ -88,6 +87,7 @@ class playlists : public QWidget, private BrowserView {
     Browser browser_;
     std::unique_ptr<Timer> volumeTimer_; ///< repeats a held volume button
     void (Browser::*heldVolume_)() = nullptr;
+    int wheelRest_ = 0; ///< eighths of a degree not yet worth a tick
 };
 
 } // namespace vk

@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QFontMetrics>
 #include <QMouseEvent>
+#include <QWheelEvent>
 
 #include <gmock/gmock.h>
 
@@ -171,7 +172,12 @@ TEST_F(PlaylistsScreen, WhileBusyPressesDoNothing) {
 }
 
 TEST_F(PlaylistsScreen, TheWheelAndAReloadKeepTheList) {
-    screen->Wheel(-1);
+    const QPointF here(300, 200);
+    QWheelEvent half(here, here, {}, {0, -60}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase,
+                     false);
+    QApplication::sendEvent(screen.get(), &half);
+    EXPECT_EQ(List().iSelected, 0);
+    QApplication::sendEvent(screen.get(), &half);
     screen->DoLayout();
     EXPECT_EQ(List().iSelected, 1);
     EXPECT_EQ(List().ItemCount(), 4);
