@@ -2,8 +2,8 @@
 
 namespace vk {
 
-Descriptor SplitDescriptor(const std::string& text) {
-    Descriptor result;
+RowDescriptor SplitDescriptor(const std::string& text) {
+    RowDescriptor result;
     const auto colon = text.find(':');
     result.kind = text.substr(0, colon);
     if (colon == std::string::npos) return result;

@@ -6,7 +6,7 @@
 namespace vk {
 
 /// `<kind>:<body>` or `<kind>:<body>|<argument>`.
-struct Descriptor {
+struct RowDescriptor {
     std::string kind;     ///< what precedes the first ":"; "" for an inert row
     std::string body;     ///< the rest, up to the first "|"
     std::string argument; ///< what follows the first "|", further ones included
@@ -17,6 +17,6 @@ struct Descriptor {
 };
 
 /// Splits a row's text; without a ":" all of it is the kind.
-Descriptor SplitDescriptor(const std::string& text);
+RowDescriptor SplitDescriptor(const std::string& text);
 
 } // namespace vk

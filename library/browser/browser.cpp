@@ -121,7 +121,7 @@ void Browser::MoveAhead() {
     if (needs_.app.ListBusy) return;
     Run("MoveAhead", [&] {
         const std::string descriptor = list_.GetSelectedFileName();
-        const Descriptor row = SplitDescriptor(descriptor);
+        const RowDescriptor row = SplitDescriptor(descriptor);
         if (needs_.state.ListMode == ListApplications || row.kind != "PATH") return;
         PushHistory(BrowseHistory, descriptor);
         builder_.RecurseFolder(row.Rest());

@@ -75,7 +75,7 @@ class Browser {
     bool HasGPS() const { return needs_.screens.Find("frmGPS") != nullptr; }
 
   private:
-    using Handler = void (Browser::*)(const Descriptor&);
+    using Handler = void (Browser::*)(const RowDescriptor&);
 
     struct Key;
     static const Key Keys[];
@@ -94,14 +94,14 @@ class Browser {
     void ChooseRow();
     void ChooseApplication(const std::string& line);
     std::string TrackHistory(const std::string& descriptor, const std::string& kind);
-    void OpenFile(const Descriptor& row);
-    void OpenPath(const Descriptor& row);
-    void OpenPlaylist(const Descriptor& row);
+    void OpenFile(const RowDescriptor& row);
+    void OpenPath(const RowDescriptor& row);
+    void OpenPlaylist(const RowDescriptor& row);
     void SelectMatch(const std::string& descriptor);
     // hand_over.cpp
     void PlayDisc();
-    void PlayAudioFiles(const Descriptor& row);
-    void PlayVideoFiles(const Descriptor& row);
+    void PlayAudioFiles(const RowDescriptor& row);
+    void PlayVideoFiles(const RowDescriptor& row);
     std::int32_t WritePlayList(int mediaType, const std::string& file);
     bool DiscIsGone() { return builder_.BrowsingCD && !builder_.CheckDisc(); }
     void EnterPlayer();

@@ -12,7 +12,7 @@ std::int32_t Browser::WritePlayList(int mediaType, const std::string& file) {
     std::vector<std::string> entries;
     std::int32_t position = 1;
     for (int row = 0; row < list_.ItemCount(); ++row) {
-        const Descriptor entry = SplitDescriptor(list_.GetFileNameListusercontrol(row));
+        const RowDescriptor entry = SplitDescriptor(list_.GetFileNameListusercontrol(row));
         const std::string path = entry.Rest();
         // A line end in a name would make two entries of it.
         if (entry.kind != "FILE" || GetMediaType(needs_.app, path) != mediaType ||
@@ -28,7 +28,7 @@ std::int32_t Browser::WritePlayList(int mediaType, const std::string& file) {
     return 0;
 }
 
-void Browser::PlayAudioFiles(const Descriptor&) {
+void Browser::PlayAudioFiles(const RowDescriptor&) {
     const std::int32_t position = WritePlayList(MediaAudio, AudioList());
     if (position == 0) return;
     if (DiscIsGone()) return FallBack();
@@ -67,7 +67,7 @@ void Browser::PlayDisc() {
     EnterMoviePlayer();
 }
 
-void Browser::PlayVideoFiles(const Descriptor&) {
+void Browser::PlayVideoFiles(const RowDescriptor&) {
     const std::string file = needs_.settings.File("vk_video.m3u");
     const std::int32_t position = WritePlayList(MediaVideo, file);
     if (position == 0) return;

@@ -34,7 +34,7 @@ void Browser::ChooseRow() {
     const std::string descriptor = list_.GetSelectedFileName();
     if (descriptor.empty()) return;
     if (needs_.state.ListMode == ListApplications) return ChooseApplication(descriptor);
-    const Descriptor row = SplitDescriptor(descriptor);
+    const RowDescriptor row = SplitDescriptor(descriptor);
     const std::string comeFrom = TrackHistory(descriptor, row.kind);
     const auto handler = kinds.find(row.kind);
     if (handler != kinds.end()) (this->*handler->second)(row);
@@ -61,7 +61,7 @@ void Browser::ChooseApplication(const std::string& line) {
     ShowNotice("Applications cannot be started.");
 }
 
-void Browser::OpenPath(const Descriptor& row) {
+void Browser::OpenPath(const RowDescriptor& row) {
     const std::string folder = row.Rest();
     const bool recurse = std::exchange(RecurseArmed, false);
     view_.SetButton(BrowserButton::Recurse, "recurse.gif");
@@ -73,7 +73,7 @@ void Browser::OpenPath(const Descriptor& row) {
     if (needs_.state.CurrentPath != folder) ShowNotice("The folder is not available.");
 }
 
-void Browser::OpenFile(const Descriptor& row) {
+void Browser::OpenFile(const RowDescriptor& row) {
     static const std::map<int, Handler> types = {{MediaAudio, &Browser::PlayAudioFiles},
                                                  {MediaVideo, &Browser::PlayVideoFiles},
                                                  {MediaPlaylist, &Browser::OpenPlaylist}};
@@ -83,7 +83,7 @@ void Browser::OpenFile(const Descriptor& row) {
 }
 
 // The heading is the row's text without its running number.
-void Browser::OpenPlaylist(const Descriptor& row) {
+void Browser::OpenPlaylist(const RowDescriptor& row) {
     const std::string text = list_.GetSelectedItemText();
     const auto dash = text.find(" - ");
     const bool numbered = dash != std::string::npos && IsNumeric(text.substr(0, dash));

@@ -23,7 +23,7 @@ TEST(Descriptor, IsSplitAtTheFirstColonAndTheFirstBar) {
         {"no colon", "no colon", "", "", ""},
     };
     for (const Case& expected : cases) {
-        const Descriptor split = SplitDescriptor(expected.text);
+        const RowDescriptor split = SplitDescriptor(expected.text);
         EXPECT_EQ(split.kind, expected.kind) << expected.text;
         EXPECT_EQ(split.body, expected.body) << expected.text;
         EXPECT_EQ(split.argument, expected.argument) << expected.text;

@@ -29,6 +29,7 @@ class PlaylistsScreen : public testing::Test {
         core.settings.values.CDDriveLetter = "/cd";
         core.settings.values.dlink_enabled = true;
         core.settings.values.ShowClock = true;
+        core.settings.values.UseBrowseHistory = true;
         core.settings.values.ListSpacing = "3";
         core.state.CurrentSkinFile = "My.skn";
         core.app.Write("skins/My.skn", SkinText);
@@ -203,8 +204,9 @@ TEST_F(PlaylistsScreen, EverythingFitsAtEverySize) {
             if (!part->isVisible()) continue;
             const QRect place(part->mapTo(screen.get(), QPoint()), part->size());
             EXPECT_TRUE(window.contains(place)) << part->objectName().toStdString();
-            if (auto* button = dynamic_cast<TouchButton*>(part); button && part != &Part("imgHome"))
+            if (dynamic_cast<TouchButton*>(part) && part != &Part("imgHome")) {
                 EXPECT_GE(std::min(place.width(), place.height()), size.height() * 15 / 100);
+            }
         }
         for (const char* title :
              {"Browsing removable drive: /media/stick", "External Applications"})
