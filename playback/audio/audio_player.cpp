@@ -137,7 +137,7 @@ void AudioPlayer::doquit() {
 
 void AudioPlayer::Swap() {
     TrapAndLog(n_.report, ErrorIn("swap"), [&] {
-        if (!n_.screens.Find("playlists")) return;
+        if (!bInPlayer || !n_.screens.Find("playlists")) return;
         const bool remembers = n_.audio.PlayMode == PlayAudio || n_.audio.PlayMode == PlayXM;
         if (remembers) SaveAudioData();
         n_.browser.ListMode = ListFromAudio;

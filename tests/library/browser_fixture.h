@@ -127,7 +127,7 @@ class BrowserTest : public testing::Test {
     BrowserState state;
     AudioState audio;
     VideoState video;
-    RecordingPlayer player;
+    RecordingPlayerScreen player;
     RecordingScreen menu, self;
     ID3 reader{{core.log, core.dialogs}, core.state.DecimalSymbol};
     MediaTags tags{core.state, reader};

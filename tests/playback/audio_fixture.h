@@ -5,6 +5,7 @@
 #include "playback/audio/audio_player.h"
 #include "tests/sim/recording_player.h"
 #include "tests/support/core_fixture.h"
+#include "tests/support/recording_screen.h"
 
 #include <map>
 #include <memory>
@@ -38,24 +39,6 @@ class RecordingView : public PlayerView {
     std::map<PlayerButton, std::string> buttons;
     bool shuffle = false, frame = false;
     int redraws = 0, shows = 0;
-};
-
-/// A screen that counts how often it was shown.
-struct CountingScreen {
-    int shows = 0;
-    void runok() {}
-    void MoveUp() {}
-    void MoveDown() {}
-    void MoveBack() {}
-    void MoveAhead() {}
-    void VolUp() {}
-    void VolDown() {}
-    void doquit() {}
-    void ReShow() { ++shows; }
-    void DoLayout() {}
-    void switchingform() {}
-    void Hide() {}
-    bool Form_KeyDown(const std::string&) { return false; }
 };
 
 /// A player process of a hundred tracks of three minutes that obeys the commands.
@@ -119,7 +102,7 @@ struct AudioFixture : CoreFixture {
     KeyMap keys;
     ListModel list;
     RecordingView view;
-    CountingScreen menu, playlists;
+    RecordingScreen menu, playlists;
     std::map<std::string, TagRecord> tags; ///< by file name
     int tagsRead = 0;
     CatalogueQuery query;

@@ -69,7 +69,7 @@ TEST_F(AudioPlayerTest, ReDisplayStartsWhatTheBrowserChose) {
 TEST_F(AudioPlayerTest, SwapsToTheBrowser) {
     Play(3);
     player().Swap();
-    EXPECT_EQ(playlists.shows, 1);
+    EXPECT_EQ(playlists.Count("ReShow"), 1);
     EXPECT_EQ(browser.ListMode, ListFromAudio);
     EXPECT_EQ(browser.CurrentPath, settings.values.MediaDir);
     EXPECT_TRUE(browser.RestoreHistory);
@@ -82,18 +82,18 @@ TEST_F(AudioPlayerTest, SwapsToTheBrowser) {
 
 TEST_F(AudioPlayerTest, QuitsToTheMenu) {
     player().doquit(); // not entered yet
-    EXPECT_EQ(menu.shows, 0);
+    EXPECT_EQ(menu.Count("ReShow"), 0);
     Play(3, 3);
     process.wire.sent.clear();
     player().doquit();
     EXPECT_EQ(process.status, 0);
     EXPECT_EQ(process.Count(101), 1);
-    EXPECT_EQ(menu.shows, 1);
+    EXPECT_EQ(menu.Count("ReShow"), 1);
     EXPECT_EQ(audio.PlayMode, PlayNone);
     EXPECT_EQ(settings.Read("main", "LastPlayMode"), "3");
     EXPECT_EQ(Saved("currenttrack"), "2");
     player().doquit();
-    EXPECT_EQ(menu.shows, 1);
+    EXPECT_EQ(menu.Count("ReShow"), 1);
     process.wire.sent.clear();
     clock.Advance(60000);
     EXPECT_TRUE(process.wire.sent.empty());
@@ -104,10 +104,10 @@ TEST_F(AudioPlayerTest, QuitsWhenTheDiscIsTakenOut) {
     volumes.ready.insert("/media/disc");
     Play(3);
     clock.Advance(3000);
-    EXPECT_EQ(menu.shows, 0);
+    EXPECT_EQ(menu.Count("ReShow"), 0);
     volumes.ready.clear();
     clock.Advance(1000);
-    EXPECT_EQ(menu.shows, 1);
+    EXPECT_EQ(menu.Count("ReShow"), 1);
 }
 
 TEST_F(AudioPlayerTest, HoldsAndClicksTheStepButtons) {
@@ -190,7 +190,7 @@ TEST_F(AudioPlayerTest, AnswersMappedAndFixedKeys) {
     EXPECT_FALSE(player().Form_KeyDown(""));
     EXPECT_FALSE(player().Form_KeyDown("9"));
     EXPECT_TRUE(player().Form_KeyDown("27"));
-    EXPECT_EQ(menu.shows, 1);
+    EXPECT_EQ(menu.Count("ReShow"), 1);
 }
 
 TEST_F(AudioPlayerTest, IgnoresKeysWhileAListIsLoaded) {
@@ -203,7 +203,7 @@ TEST_F(AudioPlayerTest, IgnoresKeysWhileAListIsLoaded) {
     };
     Play(2);
     EXPECT_GT(tried, 0);
-    EXPECT_EQ(menu.shows, 0);
+    EXPECT_EQ(menu.Count("ReShow"), 0);
 }
 
 TEST_F(AudioPlayerTest, WithoutTunerOrMixerTheirOperationsDoNothing) {

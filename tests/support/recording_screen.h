@@ -35,7 +35,7 @@ class RecordingScreen {
 };
 
 /// A player: it has an entry for the browser and a pause as well.
-class RecordingPlayer : public RecordingScreen {
+class RecordingPlayerScreen : public RecordingScreen {
   public:
     void ReDisplay() { calls.push_back("ReDisplay"); }
     void DoPause() { calls.push_back("DoPause"); }

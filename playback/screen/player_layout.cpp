@@ -1,0 +1,89 @@
+#include "playback/screen/player_layout.h"
+
+#include <algorithm>
+
+namespace vk {
+
+namespace {
+
+// Shares of the screen's height.
+constexpr double TopBarShare = 0.11;
+constexpr double PanelShare = 0.27;
+constexpr double BottomBarShare = 0.17;
+constexpr double ButtonShare = 0.15; ///< the least width and height of a touch button
+
+int Share(int whole, double share) {
+    return static_cast<int>(whole * share + 0.5);
+}
+
+} // namespace
+
+PlayerLayout::PlayerLayout(int width, int height, bool volume) {
+    PlaceTop(width, height);
+    PlacePanel(width, height);
+    const int listTop = Share(height, TopBarShare + PanelShare);
+    bottomBar = {0, height - Share(height, BottomBarShare), width, Share(height, BottomBarShare)};
+    const int margin = height / 60;
+    list = QRect(margin, listTop, width - 2 * margin, bottomBar.top() - listTop - margin / 2);
+    loading = QRect(width / 4, list.center().y() - height / 14, width / 2, height / 7);
+    PlaceButtons(width, height, volume);
+}
+
+void PlayerLayout::PlaceTop(int width, int height) {
+    const int bar = Share(height, TopBarShare);
+    const int margin = height / 40;
+    const int middle = Share(width, 0.42);
+    listTitle = {margin, 0, middle - margin, bar};
+    clock = {middle + margin, 0, width - middle - 2 * margin, bar};
+}
+
+// The sign of the source on the left, three lines beside it.
+void PlayerLayout::PlacePanel(int width, int height) {
+    const int top = Share(height, TopBarShare);
+    const int panel = Share(height, PanelShare);
+    const int margin = height / 40;
+    const int side = panel - 2 * margin;
+    mediaType = {margin, top + margin, side, side};
+    const int left = mediaType.right() + margin;
+    const int wide = width - left - margin;
+    const int line = panel / 9;
+    title = {left, top, wide, 4 * line};
+    artist = {left, top + 4 * line, wide, 3 * line};
+    const int third = top + 7 * line;
+    trackTime = {left, third, Share(wide, 0.5), panel - 7 * line};
+    bitRate = {trackTime.right() + margin, third, Share(wide, 0.24), trackTime.height()};
+    shuffle = {bitRate.right() + margin, third, left + wide - bitRate.right() - margin,
+               trackTime.height()};
+}
+
+// On a narrow screen the buttons that a touch of the list, or a key, stands in for move into the
+// upper bar.
+void PlayerLayout::PlaceButtons(int width, int height, bool volume) {
+    using enum TouchButtonId;
+    std::vector<TouchButtonId> bottom = {DoQuit, Swap, Rewind, RunOk, Pause, FastForward};
+    if (volume) bottom.insert(bottom.end(), {VolumeDown, VolumeUp});
+    bottom.push_back(Shuffle);
+    const int room = width / std::max(1, Share(height, ButtonShare));
+    if (static_cast<int>(bottom.size()) > room) {
+        std::erase(bottom, RunOk);
+        std::erase(bottom, Shuffle);
+        bottom.push_back(PopUpMenu);
+        const int upper = Share(height, BottomBarShare);
+        const int cell = width / static_cast<int>(bottom.size());
+        upperBar = {width - 2 * cell, bottomBar.top() - upper, 2 * cell, upper};
+        PlaceRow({RunOk, Shuffle}, upperBar, true);
+    }
+    PlaceRow(bottom, bottomBar, false);
+}
+
+void PlayerLayout::PlaceRow(const std::vector<TouchButtonId>& ids, const QRect& bar, bool upper) {
+    const int count = static_cast<int>(ids.size());
+    const int side = std::min(bar.width() / count, bar.height()) * 19 / 20;
+    for (int i = 0; i < count; ++i) {
+        QRect rect(0, 0, side, side);
+        rect.moveCenter({bar.left() + (2 * i + 1) * bar.width() / (2 * count), bar.center().y()});
+        buttons.push_back({ids[static_cast<std::size_t>(i)], rect, upper});
+    }
+}
+
+} // namespace vk

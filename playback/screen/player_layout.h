@@ -1,0 +1,59 @@
+// Where everything stands on the audio player's screen, for any size of it.
+#pragma once
+
+#include <QRect>
+
+#include <cstdint>
+#include <vector>
+
+namespace vk {
+
+/// The touch buttons in the order they stand in the bottom bar.
+enum class TouchButtonId : std::uint8_t {
+    DoQuit,      ///< `TSdoQuitBtn`
+    Swap,        ///< `TSswmpBtn`
+    Rewind,      ///< `TSRewindBtn`
+    RunOk,       ///< `TSRunOkBtn`
+    Pause,       ///< `TSPauseBtn`
+    FastForward, ///< `TSFastForwardBtn`
+    VolumeDown,  ///< `TSVolDownBtn`
+    VolumeUp,    ///< `TSVolUpBtn`
+    Shuffle,     ///< `TSshuffleBtn`
+    PopUpMenu    ///< `TSPopUpMenuBtn`, which opens `frmUpperBar`
+};
+
+/// A button and its place: in the bottom bar, or in the bar above it that opens on request.
+struct ButtonPlace {
+    TouchButtonId id;
+    QRect rect;
+    bool upper = false;
+};
+
+/// All rectangles are in pixels of the screen and lie within it; none but the upper bar lies over
+/// another.
+struct PlayerLayout {
+    /// `volume`: the volume buttons are shown.
+    PlayerLayout(int width, int height, bool volume);
+
+    QRect listTitle; ///< also the place of the volume text
+    QRect clock;
+    QRect mediaType;
+    QRect title;
+    QRect artist;
+    QRect trackTime;
+    QRect bitRate;
+    QRect shuffle;
+    QRect list;
+    QRect loading; ///< in the middle of the list
+    QRect bottomBar;
+    QRect upperBar; ///< empty when all buttons fit into the bottom bar
+    std::vector<ButtonPlace> buttons;
+
+  private:
+    void PlaceTop(int width, int height);
+    void PlacePanel(int width, int height);
+    void PlaceButtons(int width, int height, bool volume);
+    void PlaceRow(const std::vector<TouchButtonId>& ids, const QRect& bar, bool upper);
+};
+
+} // namespace vk
