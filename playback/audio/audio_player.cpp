@@ -16,12 +16,11 @@ std::string ErrorIn(const char* operation) {
 
 } // namespace
 
-AudioPlayer::AudioPlayer(Needs needs)
-    : n_(std::move(needs)),
-      rows_({n_.list, n_.settings, n_.tagOf, [this] { n_.clock.DoEvents(); }}),
-      files_(
-          {n_.audio, n_.app, n_.winamp, n_.settings, n_.clock, n_.log, n_.view, rows_, n_.query}),
-      volume_({n_.mixer, n_.settings, n_.app, n_.clock, n_.view}),
+AudioPlayer::AudioPlayer(Needs needs, ListModel& list, PlayerView& view)
+    : n_(std::move(needs)), list_(list), view_(view),
+      rows_({list_, n_.settings, n_.tagOf, [this] { n_.clock.DoEvents(); }}),
+      files_({n_.audio, n_.app, n_.winamp, n_.settings, n_.clock, n_.log, view_, rows_, n_.query}),
+      volume_({n_.mixer, n_.settings, n_.app, n_.clock, view_}),
       Timer2(n_.clock.MakeTimer([this] { Timer2_Timer(); })) {}
 
 PlayerSource* AudioPlayer::Source(std::int32_t mode) {
@@ -42,9 +41,9 @@ void AudioPlayer::Enter() {
     bInPlayer = false;
     n_.screens.CurrentForm = FormName;
     RefreshClock();
-    n_.view.ShowListTitle(n_.audio.ListTitle);
-    n_.view.ShowFrame(true);
-    n_.view.ShowAtFront();
+    view_.ShowListTitle(n_.audio.ListTitle);
+    view_.ShowFrame(true);
+    view_.ShowAtFront();
     n_.screens.HideOthers(FormName);
 }
 
@@ -53,7 +52,7 @@ void AudioPlayer::Ready() {
     TickCount = 0;
     bForceUpdate = true;
     Timer2->Start(TickMs);
-    n_.view.ShowFrame(true);
+    view_.ShowFrame(true);
     bInPlayer = true;
 }
 
@@ -78,7 +77,7 @@ void AudioPlayer::ReDisplay() {
             if (PlayerSource* source = Source()) source->LeaveScreen();
             SilenceOtherSources();
             n_.audio.bPaused = false;
-            n_.view.SetButton(PlayerButton::Pause, "pause.gif");
+            view_.SetButton(PlayerButton::Pause, "pause.gif");
             LoadPlaylist();
         }
         SetMediaTypeIcon();
@@ -113,7 +112,7 @@ void AudioPlayer::switchingform() {
         const BusyGuard busy(n_.app.ListBusy);
         Timer2->Stop();
         held_.Press(HeldNone);
-        n_.view.ShowFrame(false);
+        view_.ShowFrame(false);
         n_.settings.Write("main", "LastPlayMode", std::to_string(n_.audio.PlayMode));
         if (PlayerSource* source = Source()) source->LeaveScreen();
     });
@@ -121,10 +120,10 @@ void AudioPlayer::switchingform() {
 
 void AudioPlayer::doquit() {
     TrapAndLog(n_.report, ErrorIn("doquit"), [&] {
-        n_.view.ShowLoading("");
+        view_.ShowLoading("");
         if (!bInPlayer) return;
         bInPlayer = false;
-        n_.view.ShowFrame(true);
+        view_.ShowFrame(true);
         n_.audio.bStartPlaying = false;
         SaveAudioData();
         if (PlayerSource* source = Source()) source->Stop();
@@ -162,7 +161,7 @@ void AudioPlayer::Form_Unload(bool osShutdown) {
 void AudioPlayer::RefreshClock() {
     const DateTime now = n_.clock.Now();
     const std::string text = n_.locale.LongDate(now) + "    " + n_.locale.ShortTime(now);
-    if (text != clockText_) n_.view.ShowClock(text);
+    if (text != clockText_) view_.ShowClock(text);
     clockText_ = text;
 }
 
@@ -182,7 +181,7 @@ void AudioPlayer::MoveBack() {
 
 void AudioPlayer::Step(void (PlayerSource::*step)(), const char* where) {
     WithSource(where, [&](PlayerSource& source) { (source.*step)(); });
-    n_.view.ShowLoading("");
+    view_.ShowLoading("");
 }
 
 void AudioPlayer::DoFF() {
@@ -209,21 +208,21 @@ void AudioPlayer::UpdateScreen() {
 
 void AudioPlayer::SetMediaTypeIcon() {
     WithSource("SetMediaTypeIcon",
-               [&](PlayerSource& source) { n_.view.ShowMediaType(source.MediaTypeIcon()); });
+               [&](PlayerSource& source) { view_.ShowMediaType(source.MediaTypeIcon()); });
 }
 
 // List, volume, shuffle --------------------------------------------------------------------------
 
 void AudioPlayer::MoveList(void (ListModel::*move)(), const char* where) {
     TrapAndLog(n_.report, ErrorIn(where), [&] {
-        (n_.list.*move)();
+        (list_.*move)();
         ListMoved();
     });
 }
 
 void AudioPlayer::ListMoved() {
     rows_.ReadTagsOnPage();
-    n_.view.ReDrawList();
+    view_.ReDrawList();
 }
 
 void AudioPlayer::MoveUp() {
@@ -264,8 +263,8 @@ void AudioPlayer::ShowShuffle() {
     std::string text;
     n_.audio.bShuffle = ReadShuffle(n_.settings, text);
     n_.log.WriteDebugLog("winamp.ini shuffle=" + text);
-    n_.view.ShowShuffle(n_.audio.bShuffle);
-    n_.view.SetButton(PlayerButton::Shuffle, n_.audio.bShuffle ? "shufflesel.gif" : "shuffle.gif");
+    view_.ShowShuffle(n_.audio.bShuffle);
+    view_.SetButton(PlayerButton::Shuffle, n_.audio.bShuffle ? "shufflesel.gif" : "shuffle.gif");
 }
 
 void AudioPlayer::setshuffle() {
@@ -274,8 +273,8 @@ void AudioPlayer::setshuffle() {
         const bool on = !ReadShuffle(n_.settings, text);
         n_.winamp.WinAMP_SCM(WinampToggleShuffle);
         n_.audio.bShuffle = on;
-        n_.view.ShowShuffle(on);
-        n_.view.SetButton(PlayerButton::Shuffle, on ? "shufflesel.gif" : "shuffle.gif");
+        view_.ShowShuffle(on);
+        view_.SetButton(PlayerButton::Shuffle, on ? "shufflesel.gif" : "shuffle.gif");
         n_.settings.ini().WriteINI(n_.settings.File("winamp.ini"), "winamp", "shuffle",
                                    on ? "1" : "0");
     });

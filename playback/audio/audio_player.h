@@ -43,8 +43,6 @@ class AudioPlayer {
         Screens& screens;
         const DebugLog& log;
         ErrorReport& report;
-        ListModel& list;
-        PlayerView& view;
         TagOfFile tagOf;
         CatalogueQuery query = {};  ///< empty without a catalogue
         Mixer* mixer = nullptr;     ///< null without a sound card's mixer
@@ -55,7 +53,8 @@ class AudioPlayer {
         std::function<void()> loadGPS = {};
         std::function<void()> powerAction = {};
     };
-    explicit AudioPlayer(Needs needs);
+    /// `list` and `view` are the screen's and outlive this object.
+    AudioPlayer(Needs needs, ListModel& list, PlayerView& view);
 
     /// Entry with `PlayMode` already set by the caller.
     void ReShow();
@@ -129,6 +128,8 @@ class AudioPlayer {
     void KeepInFront();
 
     Needs n_;
+    ListModel& list_;
+    PlayerView& view_;
     TrackRows rows_;
     FileSource files_;
     PlayerVolume volume_;

@@ -46,6 +46,7 @@ void AudioPlayer::Tick() {
     }
     ++TickCount;
     ServeHeldButton();
+    if (rows_.PageHasMoved()) ListMoved();
 }
 
 void AudioPlayer::FirstTick() {
@@ -69,13 +70,13 @@ bool AudioPlayer::DiscIsGone() const {
 
 void AudioPlayer::Press(HeldAction action) {
     held_.Press(action);
-    ShowHeld(n_.view, action, true);
+    ShowHeld(view_, action, true);
 }
 
 void AudioPlayer::Release() {
     const HeldAction action = held_.Action();
     const bool click = held_.Release(n_.settings.values.TSRepeatVal);
-    ShowHeld(n_.view, action, false);
+    ShowHeld(view_, action, false);
     if (!click) return;
     if (action == HeldForward || action == HeldRewind)
         WithSource(action == HeldForward ? "MoveAhead" : "MoveBack",

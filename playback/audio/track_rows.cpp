@@ -20,6 +20,13 @@ const char* RowPicture(const std::string& path) {
     return "mp3.gif";
 }
 
+// What the file's name says: no disk is touched for it.
+void NameTrack(Track& track) {
+    const TagRecord tag = GetFileNameTag(track.path, MediaAudio);
+    track.artist = tag.Artist;
+    track.title = tag.Title;
+}
+
 } // namespace
 
 void TrackRows::Load(std::vector<Track> tracks, std::int32_t selected) {
@@ -55,7 +62,8 @@ std::string TrackRows::FirstText(std::int32_t index) const {
 }
 
 void TrackRows::AddRow(std::int32_t index) {
-    const Track& track = tracks_[static_cast<std::size_t>(index)];
+    Track& track = tracks_[static_cast<std::size_t>(index)];
+    if (!track.tagged) NameTrack(track);
     n_.list.AddItem(FirstText(index), track.artist.empty() ? "" : track.title, track.path,
                     RowPicture(track.path));
 }
@@ -63,11 +71,14 @@ void TrackRows::AddRow(std::int32_t index) {
 Track& TrackRows::WithTag(std::int32_t index) {
     Track& track = tracks_[static_cast<std::size_t>(index)];
     if (track.tagged) return track;
-    TagRecord tag = n_.tagOf ? n_.tagOf(track.path) : TagRecord{};
-    if (tag.Artist.empty() && tag.Title.empty()) tag = GetFileNameTag(track.path, MediaAudio);
-    track.artist = tag.Artist;
-    track.title = tag.Title;
     track.tagged = true;
+    const TagRecord tag = n_.tagOf ? n_.tagOf(track.path) : TagRecord{};
+    if (tag.Artist.empty() && tag.Title.empty()) {
+        NameTrack(track);
+    } else {
+        track.artist = tag.Artist;
+        track.title = tag.Title;
+    }
     return track;
 }
 
@@ -77,8 +88,9 @@ const Track* TrackRows::Find(std::int32_t index) {
 
 void TrackRows::ReadTagsOnPage() {
     ListModel& list = n_.list;
-    const std::int32_t end = std::min(Count(), list.TopRow() + list.iMaxVis + 1);
-    for (std::int32_t i = list.TopRow(); i < end; ++i) {
+    readTop_ = list.TopRow();
+    const std::int32_t end = std::min(Count(), readTop_ + list.iMaxVis + 1);
+    for (std::int32_t i = readTop_; i < end; ++i) {
         const Track& track = WithTag(i);
         list.RplartistListItem(i, FirstText(i));
         list.RplTitleListItem(i, track.artist.empty() ? "" : track.title);

@@ -35,6 +35,8 @@ class TrackRows {
     void Select(std::int32_t index);
     /// Reads the tags of the page on show; to be called when the page has moved.
     void ReadTagsOnPage();
+    /// True when the page has moved since its tags were read: a touch strip pages by itself.
+    bool PageHasMoved() const { return n_.list.TopRow() != readTop_; }
 
     /// The track at `index` with its tag; null when there is none.
     const Track* Find(std::int32_t index);
@@ -49,6 +51,7 @@ class TrackRows {
 
     Needs n_;
     std::vector<Track> tracks_;
+    std::int32_t readTop_ = 0; ///< top row of the page whose tags were read last
 };
 
 } // namespace vk

@@ -118,31 +118,30 @@ struct AudioFixture : CoreFixture {
         screens.Add("velkorandum", menu);
         screens.Add("playlists", playlists);
     }
+    AudioPlayer::Needs Needs() {
+        return {.audio = audio,
+                .browser = browser,
+                .app = state,
+                .winamp = winamp,
+                .settings = settings,
+                .keys = keys,
+                .clock = clock,
+                .locale = locale,
+                .volumes = volumes,
+                .window = window,
+                .screens = screens,
+                .log = log,
+                .report = report,
+                .tagOf =
+                    [this](const std::string& path) {
+                        ++tagsRead;
+                        return tags[FileNameOf(path)];
+                    },
+                .query = query,
+                .mixer = mixer};
+    }
     AudioPlayer& player() {
-        if (!made)
-            made = std::make_unique<AudioPlayer>(
-                AudioPlayer::Needs{.audio = audio,
-                                   .browser = browser,
-                                   .app = state,
-                                   .winamp = winamp,
-                                   .settings = settings,
-                                   .keys = keys,
-                                   .clock = clock,
-                                   .locale = locale,
-                                   .volumes = volumes,
-                                   .window = window,
-                                   .screens = screens,
-                                   .log = log,
-                                   .report = report,
-                                   .list = list,
-                                   .view = view,
-                                   .tagOf =
-                                       [this](const std::string& path) {
-                                           ++tagsRead;
-                                           return tags[FileNameOf(path)];
-                                       },
-                                   .query = query,
-                                   .mixer = mixer});
+        if (!made) made = std::make_unique<AudioPlayer>(Needs(), list, view);
         return *made;
     }
     /// A list of existing files named "Artist<n> - Song<n>.mp3"; returns the list's path.
@@ -154,12 +153,16 @@ struct AudioFixture : CoreFixture {
         }
         return app.Write("vk_audio.m3u", lines);
     }
-    /// Asks for the list from entry `track` (from 1) and enters the player.
-    void Play(int count, std::int32_t track = 1) {
+    /// Asks for the list from entry `track` (from 1) as the browser does.
+    void Choose(int count, std::int32_t track = 1) {
         audio.PlayMode = PlayAudio;
         audio.ListFile = MakeList(count);
         audio.TrackToSelect = track;
         audio.bStartPlaying = true;
+    }
+    /// The same, and enters the player.
+    void Play(int count, std::int32_t track = 1) {
+        Choose(count, track);
         player().ReShow();
     }
     std::string Saved(const char* key) { return settings.Read("audio_player", key); }

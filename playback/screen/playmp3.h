@@ -1,0 +1,94 @@
+// The audio player's screen: what is drawn and what is touched. What it does is the logic's.
+#pragma once
+
+#include "playback/audio/audio_player.h"
+#include "playback/screen/player_layout.h"
+#include "skin/controls/control_context.h"
+#include "skin/controls/shaded_label.h"
+#include "skin/controls/touch_button.h"
+#include "skin/controls/uc_list_box.h"
+#include "skin/controls/uc_scroll_text.h"
+#include "skin/list_model.h"
+
+#include <QPixmap>
+#include <QWidget>
+
+#include <map>
+#include <memory>
+#include <string>
+
+namespace vk {
+
+/// One instance, a child of the host window, loaded for the whole run.
+class playmp3 : public QWidget, private PlayerView {
+  public:
+    playmp3(const ControlContext& context, AudioPlayer::Needs needs, QWidget* parent);
+
+    void runok() { player_.runok(); }
+    void MoveUp() { player_.MoveUp(); }
+    void MoveDown() { player_.MoveDown(); }
+    void MoveBack() { player_.MoveBack(); }
+    void MoveAhead() { player_.MoveAhead(); }
+    void VolUp() { player_.VolUp(); }
+    void VolDown() { player_.VolDown(); }
+    void doquit() { player_.doquit(); }
+    void ReShow() { player_.ReShow(); }
+    void ReDisplay() { player_.ReDisplay(); }
+    void DoPause() { player_.DoPause(); }
+    void switchingform() { player_.switchingform(); }
+    void Hide() { hide(); }
+    bool Form_KeyDown(const std::string& code) { return player_.Form_KeyDown(code); }
+    /// Places every control for the configured size, and takes colours, fonts and pictures from
+    /// the skin in use.
+    void DoLayout();
+
+    /// The operations that not every screen has.
+    AudioPlayer& player() { return player_; }
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+
+  private:
+    void ShowTitle(const std::string& text) override { UCST_.ScrollText(text); }
+    void ShowArtist(const std::string& text) override { artistlabel_.SetText(text); }
+    void ShowBitRate(const std::string& text) override { lblBitRate_.SetText(text); }
+    void ShowTrackTime(const std::string& text) override { TrackTimeLabel_.SetText(text); }
+    void ShowListTitle(const std::string& text) override { lbPlayListTitle_.SetText(text); }
+    void ShowVolume(const std::string& text) override;
+    void ShowClock(const std::string& text) override { Label1_.SetText(text); }
+    void ShowLoading(const std::string& text) override;
+    void ShowMediaType(const std::string& picture) override;
+    void ShowShuffle(bool on) override { lblShuffle_.setVisible(on); }
+    void SetButton(PlayerButton button, const std::string& picture) override;
+    void ReDrawList() override { UCListBox_.ReDrawList(); }
+    void ShowFrame(bool shown) override { Frame1_.setVisible(shown); }
+    void ShowAtFront() override;
+
+    void MakeButtons();
+    TouchButton& Button(TouchButtonId id) { return *buttons_.at(id); }
+    void HoldButton(TouchButtonId id, HeldAction action);
+    void ConnectList();
+    void Place();
+    void Dress();
+    void PlaceButtons();
+    void ShowUpperBar(bool open);
+
+    ControlContext context_;
+    bool volume_; ///< there is a mixer, and so the buttons for it
+    PlayerLayout layout_;
+    ListModel rows_;
+    QWidget Frame1_;
+    ShadedLabel lbPlayListTitle_, Vol_, Label1_, artistlabel_, TrackTimeLabel_, lblBitRate_,
+        lblShuffle_;
+    UCScrollText UCST_;
+    UCListBox UCListBox_;
+    QWidget frmUpperBar_;
+    ShadedLabel lbLoading_;
+    std::map<TouchButtonId, std::unique_ptr<TouchButton>> buttons_;
+    std::string mediaType_;
+    bool upperOpen_ = false;
+    AudioPlayer player_;
+};
+
+} // namespace vk
