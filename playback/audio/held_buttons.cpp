@@ -19,8 +19,9 @@ HeldAction HeldButtons::Tick(std::int32_t repeatAfter) {
 }
 
 bool HeldButtons::Release(std::int32_t repeatAfter) {
-    const bool volume = RepeatAction == HeldVolUp || RepeatAction == HeldVolDown;
-    const bool click = volume ? RepeatCount == 0 : RepeatCount < repeatAfter;
+    const bool waits = RepeatAction == HeldForward || RepeatAction == HeldRewind;
+    const bool click =
+        RepeatAction != HeldNone && (waits ? RepeatCount < repeatAfter : RepeatCount == 0);
     RepeatAction = HeldNone;
     RepeatCount = 0;
     return click;

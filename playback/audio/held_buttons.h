@@ -23,7 +23,7 @@ class HeldButtons {
     /// forward and rewind wait until they were held for `repeatAfter` ticks (`TSRepeatVal`); the
     /// list scrolls at once and then waits likewise.
     HeldAction Tick(std::int32_t repeatAfter);
-    /// Ends the press. True when it was too short for a hold, thus a click.
+    /// Ends the press. True when it was too short for what holding does, thus a click.
     bool Release(std::int32_t repeatAfter);
     HeldAction Action() const { return RepeatAction; }
 

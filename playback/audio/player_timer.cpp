@@ -81,9 +81,8 @@ void AudioPlayer::Release() {
     if (action == HeldForward || action == HeldRewind)
         WithSource(action == HeldForward ? "MoveAhead" : "MoveBack",
                    [&](PlayerSource& source) { source.ShortPress(action == HeldForward); });
-    // A tap that fell between two ticks still counts.
-    else if (action == HeldVolUp || action == HeldVolDown)
-        DoHeld(action);
+    else
+        DoHeld(action); // a tap that fell between two ticks still counts
 }
 
 void AudioPlayer::ServeHeldButton() {

@@ -21,7 +21,7 @@ int Share(int whole, double share) {
 PlayerLayout::PlayerLayout(int width, int height, bool volume) {
     PlaceTop(width, height);
     PlacePanel(width, height);
-    const int listTop = Share(height, TopBarShare + PanelShare);
+    const int listTop = Share(height, TopBarShare) + Share(height, PanelShare);
     bottomBar = {0, height - Share(height, BottomBarShare), width, Share(height, BottomBarShare)};
     const int margin = height / 60;
     list = QRect(margin, listTop, width - 2 * margin, bottomBar.top() - listTop - margin / 2);

@@ -59,8 +59,8 @@ playmp3::playmp3(const ControlContext& context, AudioPlayer::Needs needs, QWidge
       TrackTimeLabel_(&Frame1_), lblBitRate_(&Frame1_), lblShuffle_(&Frame1_),
       UCST_(context, &Frame1_), UCListBox_(context, rows_, &Frame1_), frmUpperBar_(&Frame1_),
       lbLoading_(&Frame1_), player_(std::move(needs), rows_, *this) {
-    setObjectName("playmp3");
     setAttribute(Qt::WA_OpaquePaintEvent);
+    NameControls();
     MakeButtons();
     ConnectList();
     TrackTimeLabel_.onClick = [this] { player_.TrackTimeLabel_Click(); };
@@ -70,6 +70,26 @@ playmp3::playmp3(const ControlContext& context, AudioPlayer::Needs needs, QWidge
     lbLoading_.hide();
     hide();
     DoLayout();
+}
+
+void playmp3::NameControls() {
+    setObjectName("playmp3");
+    const std::pair<QWidget*, const char*> names[] = {
+        {&Frame1_, "Frame1"},
+        {&lbPlayListTitle_, "lbPlayListTitle"},
+        {&Vol_, "Vol"},
+        {&Label1_, "Label1"},
+        {&UCST_, "UCST"},
+        {&artistlabel_, "artistlabel"},
+        {&TrackTimeLabel_, "TrackTimeLabel"},
+        {&lblBitRate_, "lblBitRate"},
+        {&lblShuffle_, "lblShuffle"},
+        {&UCListBox_, "UCListBox"},
+        {&frmUpperBar_, "frmUpperBar"},
+        {&lbLoading_, "lbLoading"},
+    };
+    for (const auto& [control, name] : names)
+        control->setObjectName(name);
 }
 
 // Touches ----------------------------------------------------------------------------------------
@@ -107,7 +127,8 @@ void playmp3::ConnectList() {
         ShowUpperBar(false);
         player_.runok();
     };
-    UCListBox_.onScrollStop = [this] { player_.ListMoved(); };
+    UCListBox_.onScrollStart = [this](int code) { player_.Press(static_cast<HeldAction>(code)); };
+    UCListBox_.onScrollStop = [this] { player_.Release(); };
 }
 
 void playmp3::ShowUpperBar(bool open) {

@@ -65,6 +65,7 @@ class playmp3 : public QWidget, private PlayerView {
     void ShowFrame(bool shown) override { Frame1_.setVisible(shown); }
     void ShowAtFront() override;
 
+    void NameControls();
     void MakeButtons();
     TouchButton& Button(TouchButtonId id) { return *buttons_.at(id); }
     void HoldButton(TouchButtonId id, HeldAction action);

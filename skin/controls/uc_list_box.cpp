@@ -140,11 +140,11 @@ void UCListBox::mousePressEvent(QMouseEvent* event) {
 }
 
 void UCListBox::PressStrip(int code) {
+    if (onScrollStart) return onScrollStart(code);
     scrollUpHeld_ = code == ScrollUpCode;
     scrollDownHeld_ = code == ScrollDownCode;
     paged_ = false;
     timer1_->Start(Timer1Ms);
-    if (onScrollStart) onScrollStart(code);
 }
 
 void UCListBox::TouchRow(int row) {

@@ -61,8 +61,8 @@ class UCListBox : public QWidget {
     /// Turns an icon handle of a row into a picture; without it icons are not drawn.
     std::function<QPixmap(std::int32_t handle, QSize box)> iconPicture;
     std::function<void(int index)> onItemClick;
-    /// A strip is pressed: `ScrollUpCode` or `ScrollDownCode`. The list itself pages while it is
-    /// held.
+    /// A strip is pressed: `ScrollUpCode` or `ScrollDownCode`. Where nobody takes it the list
+    /// itself pages while the strip is held.
     std::function<void(int code)> onScrollStart;
     /// After every release.
     std::function<void()> onScrollStop;
