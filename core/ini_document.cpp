@@ -78,7 +78,7 @@ void IniDocument::SetValue(std::string_view section, std::string_view key, std::
     const std::string line = OneLine(key) + "=" + OneLine(value);
     auto range = FindSection(section);
     if (!range) {
-        lines_.push_back("[" + OneLine(section) + "]");
+        lines_.push_back(OneLine(section).insert(0, 1, '[') + ']');
         range = Range{lines_.size(), lines_.size()};
     }
     if (const auto at = FindKey(*range, key)) {

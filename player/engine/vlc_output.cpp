@@ -5,6 +5,7 @@
 #include <array>
 #include <cmath>
 #include <utility>
+#include <vector>
 
 namespace vk {
 
@@ -100,12 +101,12 @@ void VlcOutput::Work() {
 
 void VlcOutput::OpenLibrary() {
     // avformat knows lengths at once and seeks where VLC's own readers guess.
-    std::vector<const char*> options{"--no-video", "--no-spu", "--no-xlib", "--no-stats",
-                                     "--no-lua",   "--quiet",  "--no-osd",  "--demux=avformat,any"};
-    if (!deviceFound_) {
-        options.push_back("--aout=alsa");
-        options.push_back("--alsa-audio-device=null");
-    }
+    std::vector<const char*> options{"--no-video", "--no-spu", "--no-osd", "--no-xlib",
+                                     "--no-stats", "--no-lua", "--quiet",  "--demux=avformat,any"};
+    // The null device swallows what was read ahead, so a track ends early by that much.
+    if (!deviceFound_)
+        options.insert(options.end(),
+                       {"--aout=alsa", "--alsa-audio-device=null", "--file-caching=50"});
     library_.reset(libvlc_new(static_cast<int>(options.size()), options.data()));
     if (!library_) return;
     player_.reset(libvlc_media_player_new(library_.get()));

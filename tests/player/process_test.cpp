@@ -1,0 +1,146 @@
+// The whole way: remote control, adapter, socket, player, libVLC. Time is real here.
+#include "tests/player/process_fixture.h"
+
+#include <gmock/gmock.h>
+
+namespace vk::test {
+namespace {
+
+using PlayerProcess = ProcessFixture;
+
+TEST_F(PlayerProcess, PlaysAListFromTheChosenEntryAndWrapsAround) {
+    StartPlayer();
+    EXPECT_EQ(winamp->WinAMP_GetVersion(), "2.01");
+    EXPECT_EQ(winamp->WinAMP_GetTrackPosition(), -1);
+    LoadAndPlay(List("l.m3u", {{"a", 1500}, {"b", 1100}}), 1);
+    EXPECT_EQ(winamp->WinAMP_gettracknum(), 1);
+    EXPECT_EQ(winamp->WinAMP_GetTrackLength(), 1) << "known as soon as it plays";
+    EXPECT_EQ(winamp->WinAmp_GetBitRate(), "64");
+    ASSERT_TRUE(Eventually([&] { return winamp->WinAMP_gettracknum() == 0; }));
+    EXPECT_TRUE(Playing());
+    EXPECT_EQ(winamp->WinAMP_GetTrackPosition(), 0);
+    ASSERT_TRUE(Eventually([&] { return winamp->WinAMP_gettracknum() == 1; }));
+    EXPECT_TRUE(core.dialogs.shown.empty());
+}
+
+TEST_F(PlayerProcess, PausesSeeksAndStops) {
+    StartPlayer();
+    LoadAndPlay(List("l.m3u", {{"a", 30000}}), 0);
+    winamp->WinAMP_SeekToPosition(12);
+    EXPECT_EQ(winamp->WinAMP_GetTrackPosition(), 12);
+    winamp->WinAMP_FF();
+    EXPECT_EQ(winamp->WinAMP_GetTrackPosition(), 17);
+    EXPECT_TRUE(Eventually([&] { return winamp->WinAMP_GetTrackPosition() == 18; }));
+    winamp->WinAMP_SCM(WinampPause);
+    EXPECT_EQ(winamp->WinAMP_GetStatus(), "2");
+    winamp->WinAMP_RW();
+    EXPECT_EQ(winamp->WinAMP_GetTrackPosition(), 13);
+    winamp->WinAMP_SCM(WinampPlay);
+    EXPECT_TRUE(Eventually([&] { return winamp->WinAMP_GetTrackPosition() == 14; }));
+    winamp->WinAMP_SCM(WinampStop);
+    EXPECT_EQ(winamp->WinAMP_GetStatus(), "0");
+    EXPECT_EQ(winamp->WinAMP_GetTrackPosition(), -1);
+}
+
+TEST_F(PlayerProcess, SkipsWhatVanishedAndWhatIsNoSound) {
+    StartPlayer();
+    const std::string list =
+        List("l.m3u", {{"a", 9000}, {"gone", 500}, {"junk", 500}, {"b", 9000}});
+    core.app.Write("junk.wav", std::string(4000, '?'));
+    LoadAndPlay(list, 0);
+    DeleteFileAt(core.app.File("gone.wav"));
+    winamp->WinAMP_SCM(WinampNext);
+    EXPECT_TRUE(Eventually([&] { return winamp->WinAMP_gettracknum() == 3; }));
+    EXPECT_TRUE(Playing());
+    winamp->WinAMP_SCM(WinampPrevious);
+    EXPECT_TRUE(Eventually([&] { return winamp->WinAMP_gettracknum() == 0; }));
+}
+
+TEST_F(PlayerProcess, StopsWhenNothingOfTheListCanBePlayed) {
+    StartPlayer();
+    const std::string list = List("l.m3u", {{"x", 300}, {"y", 300}});
+    core.app.Write("x.wav", "?");
+    core.app.Write("y.wav", "?");
+    Load(list, 0);
+    EXPECT_TRUE(Eventually([&] { return winamp->WinAMP_GetTrackPosition() == 0; }));
+    EXPECT_TRUE(Eventually([&] { return winamp->WinAMP_GetTrackPosition() == -1; }));
+    EXPECT_EQ(winamp->WinAMP_GetStatus(), "0");
+    LoadAndPlay(List("m.m3u", {{"x", 9000}}), 0);
+}
+
+TEST_F(PlayerProcess, TakesANewListInTheMiddleOfATrack) {
+    StartPlayer();
+    LoadAndPlay(List("l.m3u", {{"a", 9000}, {"b", 9000}}), 1);
+    winamp->WinAMP_SeekToPosition(6);
+    LoadAndPlay(List("m \"new\".m3u", {{"c", 3000}, {"d", 4000}, {"e", 5000}}), 2);
+    EXPECT_EQ(winamp->WinAMP_gettracknum(), 2);
+    EXPECT_EQ(winamp->WinAMP_GetTrackLength(), 5);
+    EXPECT_EQ(winamp->WinAMP_GetTrackPosition(), 0);
+}
+
+TEST_F(PlayerProcess, PlaysOnWhenItsRemoteControlDies) {
+    StartPlayer();
+    LoadAndPlay(List("l.m3u", {{"a", 30000}}), 0);
+    auto other = MakePlayerWindow();
+    EXPECT_EQ(other->SendMessage(1, WM_USER, 0, 104), 0) << "a handle of the other one";
+    const WindowHandle handle = other->FindWindow(PlayerWindowClass);
+    EXPECT_EQ(other->SendMessage(handle, WM_USER, 0, 104), 1);
+    other.reset();
+    EXPECT_TRUE(Playing());
+    EXPECT_EQ(::getsid(PlayerPid()), PlayerPid()) << "a session of its own";
+}
+
+TEST_F(PlayerProcess, IsGoneAtOnceWhenClosedAndCanBeStartedAgain) {
+    StartPlayer();
+    LoadAndPlay(List("l.m3u", {{"a", 9000}}), 0);
+    const pid_t first = PlayerPid();
+    winamp->WinAMP_SCM(WinampClose);
+    EXPECT_EQ(winamp->WinAMP_GetStatus(), "0");
+    EXPECT_FALSE(winamp->WinAMP_FindWindow());
+    StartPlayer();
+    EXPECT_NE(PlayerPid(), first);
+    EXPECT_TRUE(Eventually([&] {
+        winamp->WinAMP_FindWindow();
+        return ::kill(first, 0) != 0;
+    })) << "neither running nor a zombie";
+}
+
+TEST_F(PlayerProcess, ItsDeathIsNoticedAndTheNextOneTakesItsPlace) {
+    StartPlayer();
+    const pid_t first = PlayerPid();
+    ::kill(first, SIGKILL);
+    EXPECT_TRUE(Eventually([&] { return !winamp->WinAMP_FindWindow(); }));
+    EXPECT_EQ(winamp->WinAMP_GetStatus(), "0");
+    StartPlayer();
+    ::kill(PlayerPid(), SIGTERM);
+    EXPECT_TRUE(Eventually([&] { return !winamp->WinAMP_FindWindow(); }));
+    EXPECT_FALSE(FileExists(runtime.SocketPath())) << "a clean end takes its name away";
+}
+
+TEST_F(PlayerProcess, OfSeveralStartsAtOnceOneStays) {
+    ChildReaper reaper;
+    std::vector<pid_t> children;
+    for (int start = 0; start < 4; ++start) {
+        children.push_back(SpawnDetached(core.app.File("winamp"), {}, core.app.Path()));
+        reaper.Add(children.back());
+    }
+    const auto running = [&] {
+        reaper.Reap();
+        return std::count_if(children.begin(), children.end(),
+                             [&](pid_t child) { return reaper.Running(child); });
+    };
+    EXPECT_TRUE(Eventually([&] { return running() == 1; }));
+    EXPECT_TRUE(winamp->WinAMP_FindWindow());
+    EXPECT_EQ(winamp->WinAMP_GetVersion(), "2.01");
+}
+
+TEST_F(PlayerProcess, AddStartsAPlayerWhereNoneRuns) {
+    List("l.m3u", {{"a", 9000}});
+    EXPECT_TRUE(winamp->WinAMP_OpenFile(core.app.Write("l.pls", "File1=a.wav\n")));
+    ASSERT_TRUE(Eventually([&] { return winamp->WinAMP_FindWindow(); }));
+    winamp->WinAMP_SCM(WinampPlay);
+    EXPECT_TRUE(Eventually([&] { return Playing(); }));
+}
+
+} // namespace
+} // namespace vk::test
