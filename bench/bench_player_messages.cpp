@@ -4,9 +4,10 @@
 #include "platform/player_window.h"
 
 #include <benchmark/benchmark.h>
-#include <unistd.h>
+#include <stdlib.h>
 
 #include <cstdlib>
+#include <filesystem>
 
 namespace {
 
@@ -15,25 +16,48 @@ using namespace vk;
 constexpr const char* WindowClass = "Winamp v1.x";
 constexpr std::int32_t CloseCommand = 40001;
 
+/// A player of its own: the user's, if one runs, is left alone.
+class PrivatePlayer {
+  public:
+    PrivatePlayer() {
+        char pattern[] = "/tmp/velkorandum-bench-XXXXXX";
+        folder_ = ::mkdtemp(pattern);
+        ::setenv("XDG_RUNTIME_DIR", folder_.c_str(), 1);
+        window->StartAndWaitForInputIdle(JoinPath(VK_APP_DIR, "winamp"), VK_APP_DIR);
+        handle = window->FindWindow(WindowClass);
+    }
+    ~PrivatePlayer() {
+        window->SendMessage(handle, WM_COMMAND, CloseCommand, 0);
+        std::error_code ignored;
+        std::filesystem::remove_all(folder_, ignored);
+    }
+    PrivatePlayer(const PrivatePlayer&) = delete;
+    PrivatePlayer& operator=(const PrivatePlayer&) = delete;
+
+    std::unique_ptr<PlayerWindow> window = MakePlayerWindow();
+    WindowHandle handle = 0;
+
+  private:
+    std::string folder_;
+};
+
+PrivatePlayer& Player() {
+    static PrivatePlayer player;
+    return player;
+}
+
 void QueryStatus(benchmark::State& state) {
-    // A player of its own: the user's, if one runs, is left alone.
-    char folder[] = "/tmp/velkorandum-bench-XXXXXX";
-    if (!::mkdtemp(folder)) return state.SkipWithError("no temporary folder");
-    ::setenv("XDG_RUNTIME_DIR", folder, 1);
-    const auto window = MakePlayerWindow();
-    window->StartAndWaitForInputIdle(JoinPath(VK_APP_DIR, "winamp"), VK_APP_DIR);
-    const WindowHandle handle = window->FindWindow(WindowClass);
-    if (handle == 0) return state.SkipWithError("the player did not start");
+    PrivatePlayer& player = Player();
+    if (player.handle == 0) state.SkipWithError("the player did not start");
     for (auto _ : state)
-        benchmark::DoNotOptimize(window->SendMessage(handle, WM_USER, 0, 104));
-    window->SendMessage(handle, WM_COMMAND, CloseCommand, 0);
+        benchmark::DoNotOptimize(player.window->SendMessage(player.handle, WM_USER, 0, 104));
 }
 BENCHMARK(QueryStatus)->UseRealTime();
 
 void FindWindowAgain(benchmark::State& state) {
-    const auto window = MakePlayerWindow();
+    PrivatePlayer& player = Player();
     for (auto _ : state)
-        benchmark::DoNotOptimize(window->FindWindow(WindowClass));
+        benchmark::DoNotOptimize(player.window->FindWindow(WindowClass));
 }
 BENCHMARK(FindWindowAgain)->UseRealTime();
 
