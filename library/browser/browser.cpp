@@ -13,7 +13,7 @@ constexpr int SecondMs = 1000;
 
 Browser::Browser(BrowserNeeds needs, ListModel& list, BrowserView& view)
     : needs_(std::move(needs)), list_(list), view_(view), builder_(needs_, list, view),
-      Timer2(needs_.clock.MakeTimer([this] { ShowClock(); })),
+      Timer2(needs_.clock.MakeTimer([this] { ShowState(); })),
       Timer4(needs_.clock.MakeTimer([this] { TickNotice(); })) {}
 
 // One operation at a time: events run inside it. An Escape that came meanwhile is served after it.
@@ -39,12 +39,9 @@ void Browser::ReShow() {
         builder_.SqlView = false;
         BrowseHistory.clear();
         view_.SetButton(BrowserButton::Recurse, "recurse.gif");
-        view_.SetButton(BrowserButton::PlayPause,
-                        needs_.audio.PlayMode != PlayNone && !needs_.audio.bPaused ? "pause.gif"
-                                                                                   : "play.gif");
         Timer2->Start(SecondMs);
         Timer4->Start(SecondMs);
-        ShowClock();
+        ShowState();
         SetPlayerButton();
         Populate();
         needs_.screens.HideOthers(BrowserName);
@@ -179,7 +176,10 @@ void Browser::TickNotice() {
     if (noticeSeconds_ > 0 && --noticeSeconds_ == 0) CloseLoading();
 }
 
-void Browser::ShowClock() {
+// What can change by itself: the time, and whether the player plays.
+void Browser::ShowState() {
+    const bool playing = needs_.audio.PlayMode != PlayNone && !needs_.audio.bPaused;
+    view_.SetButton(BrowserButton::PlayPause, playing ? "pause.gif" : "play.gif");
     const DateTime now = needs_.clock.Now();
     view_.SetClock(needs_.locale.LongDate(now) + "    " + needs_.locale.ShortTime(now));
 }

@@ -86,7 +86,7 @@ class Browser {
     void FallBack();
     void Leave();
     void ShowNotice(const std::string& text);
-    void ShowClock();
+    void ShowState();
     void TickNotice();
     void CloseLoading();
     // run_ok.cpp
@@ -119,7 +119,7 @@ class Browser {
     ListModel& list_;
     BrowserView& view_;
     ListBuilder builder_;
-    std::unique_ptr<Timer> Timer2; ///< the clock label
+    std::unique_ptr<Timer> Timer2; ///< clock label, state of the player
     std::unique_ptr<Timer> Timer4; ///< takes notices away
     bool running_ = false;
     /// The switch to another screen that ends the present operation: made after it, as that screen

@@ -6,10 +6,8 @@ namespace vk {
 void Browser::PlayPause() {
     if (needs_.app.ListBusy) return;
     const auto* player = needs_.screens.Find("playmp3");
-    const bool audio = needs_.audio.PlayMode != PlayNone && player && player->DoPause;
-    if (audio) player->DoPause();
-    const bool running = audio && !needs_.audio.bPaused;
-    view_.SetButton(BrowserButton::PlayPause, running ? "pause.gif" : "play.gif");
+    if (needs_.audio.PlayMode != PlayNone && player && player->DoPause) player->DoPause();
+    ShowState();
 }
 
 void Browser::ToggleToolFrame() {

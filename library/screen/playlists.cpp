@@ -1,5 +1,6 @@
 #include "library/screen/playlists.h"
 
+#include "core/text.h"
 #include "library/screen/playlists_layout.h"
 #include "skin/controls/looks.h"
 
@@ -121,7 +122,6 @@ void playlists::LayoutLabels() {
     ClockBar.setGeometry(layout.clock);
     ClockBar.SetLook(skin.clockfont, skin.ClockForegroundClr, skin);
     ClockBar.SetAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    ClockBar.SetWrap(true);
     ClockBar.SetShrink(0.5);
     ClockBar.setVisible(context_.settings.ShowClock);
     lbLoading.setGeometry(layout.loading);
@@ -160,6 +160,11 @@ void playlists::LayoutButtons() {
 
 void playlists::SetTitle(const std::string& text) {
     lblCurrentFolderStatus.SetText(text);
+}
+
+// Date and time stand one above the other: the bar is short and the list's name needs its length.
+void playlists::SetClock(const std::string& text) {
+    ClockBar.SetText(ReplaceAll(text, "    ", "\n"));
 }
 
 void playlists::ShowLoading(const std::string& text) {

@@ -12,7 +12,7 @@ PlaylistsLayout::PlaylistsLayout(int width, int height)
     topBar = {0, 0, width, top};
     bottomBar = {0, height - bottom, width, bottom};
     home = {width - margin - button, gap_ / 2, button, top - gap_};
-    const int clockWidth = width * 30 / 100;
+    const int clockWidth = width * 36 / 100;
     clock = {home.left() - gap_ - clockWidth, 0, clockWidth, top};
     title = {margin, 0, clock.left() - gap_ - margin, top};
     list = {margin, top + gap_, width - 2 * margin, height - top - bottom - 2 * gap_};

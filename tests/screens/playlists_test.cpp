@@ -184,7 +184,8 @@ TEST_F(PlaylistsScreen, TheWheelAndAReloadKeepTheList) {
     EXPECT_EQ(List().ItemCount(), 4);
 }
 
-// True when the text, wrapped, stands whole in the label at the smallest size it may shrink to.
+// True when the text, wrapped if need be, stands whole in the label at the smallest size it may
+// shrink to.
 bool Fits(const std::string& text, const QWidget& label, const SkinFont& font, double shrink) {
     QFont smallest = ToQFont(font);
     smallest.setPixelSize(static_cast<int>(smallest.pixelSize() * shrink));
@@ -213,7 +214,7 @@ TEST_F(PlaylistsScreen, EverythingFitsAtEverySize) {
             EXPECT_TRUE(
                 Fits(title, Part("lblCurrentFolderStatus"), skin.data().headingbarfont, 0.6))
                 << title << " at " << size.width();
-        EXPECT_TRUE(Fits("Wednesday, September 30, 2026    12:00 PM", Part("ClockBar"),
+        EXPECT_TRUE(Fits("Wednesday, September 30, 2026\n12:00 PM", Part("ClockBar"),
                          skin.data().clockfont, 0.5))
             << size.width();
         EXPECT_TRUE(Fits("You must first play an audio file before resuming.", Part("lbLoading"),
