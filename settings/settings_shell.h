@@ -10,6 +10,7 @@
 #include "input/key_map.h"
 #include "platform/clock.h"
 #include "platform/dialogs.h"
+#include "platform/locale_info.h"
 #include "platform/window_layer.h"
 #include "settings/media_folders.h"
 #include "skin/skin.h"
@@ -41,6 +42,7 @@ class SettingsShell {
         ErrorReport& report;
         Dialogs& dialogs;
         Clock& clock;
+        const LocaleInfo& locale;
         Screens& screens;
         WindowLayer& window;
         LoadingScreen& loading;

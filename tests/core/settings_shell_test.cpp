@@ -21,7 +21,7 @@ struct SettingsShellTest : testing::Test, test::StartFixture {
         // The start makes the settings screen; here it is the shell under test.
         loader.settings = [this] {
             shell = std::make_unique<SettingsShell>(
-                SettingsShell::Needs{state, settings, report, dialogs, clock, screens, window,
+                SettingsShell::Needs{state, settings, report, dialogs, clock, locale, screens, window,
                                      loading, skin, keys, *start, [this] { ++exits; }},
                 view);
             shell->FirstRunDue = true;

@@ -1,0 +1,148 @@
+#include "settings/screen/settings_screen.h"
+
+#include "skin/controls/looks.h"
+
+#include <QPainter>
+
+#include <algorithm>
+
+namespace vk {
+
+namespace {
+
+enum RowIndex { MediaRow, PlaylistRow, DoneRow, ExitRow };
+constexpr int RefreshMs = 1000;
+constexpr int RowRadius = 12;
+
+// Until a skin is loaded its colours are all black.
+SkinColour OrElse(SkinColour colour, std::int32_t other) {
+    return colour.value == 0 ? SkinColour{other} : colour;
+}
+
+} // namespace
+
+settings::settings(const ControlContext& context, SettingsShell::Needs needs, QWidget* parent)
+    : QWidget(parent), context_(context), shell_(needs, *this), keys_(needs.keys),
+      locale_(needs.locale), lblSettingsTopInfo(this), lblTime(this) {
+    AddRow("Media folder", [this] { shell_.btnmediadir_Click(); });
+    AddRow("Playlist folder", [this] { shell_.btnPlaylistDir_Click(); });
+    AddRow("Done", [this] { shell_.DoneButton_Click(); });
+    AddRow("Exit App", [this] { shell_.bExitApp_Click(); });
+    timer1_ = context_.clock.MakeTimer([this] { ShowTexts(); });
+    hide();
+    DoLayout();
+}
+
+settings::~settings() = default;
+
+void settings::AddRow(const char* caption, std::function<void()> use) {
+    const int index = static_cast<int>(rows_.size());
+    auto label = std::make_unique<ShadedLabel>(this);
+    label->SetWrap(true);
+    label->SetShrink(0.5);
+    label->onClick = [this, index] {
+        MoveTo(index);
+        Use(index);
+    };
+    rows_.push_back({std::move(label), caption, std::move(use)});
+}
+
+void settings::ReShow() { shell_.ReShow(); }
+
+void settings::doquit() { Use(DoneRow); }
+
+void settings::runok() { Use(current_); }
+
+void settings::Use(int row) {
+    if (rows_[static_cast<std::size_t>(row)].enabled) rows_[static_cast<std::size_t>(row)].use();
+}
+
+void settings::MoveTo(int row) {
+    const int count = static_cast<int>(rows_.size());
+    current_ = (row + count) % count;
+    DrawRows();
+}
+
+void settings::ShowShell() {
+    DoLayout();
+    ShowTexts();
+    show();
+    raise();
+    timer1_->Start(RefreshMs);
+}
+
+void settings::Hide() {
+    timer1_->Stop();
+    hide();
+}
+
+void settings::EnableLeaving(bool exitApp, bool done) {
+    rows_[ExitRow].enabled = exitApp;
+    rows_[DoneRow].enabled = done;
+    DrawRows();
+}
+
+void settings::SetTopInfo(const std::string& text) { lblSettingsTopInfo.SetText(text); }
+
+void settings::ShowTexts() {
+    rows_[MediaRow].label->SetText("Media folder\nCurrent   -   " + shell_.Values().MediaDir);
+    rows_[PlaylistRow].label->SetText("Playlist folder\nCurrent  -  " + shell_.Values().PlaylistDir);
+    rows_[DoneRow].label->SetText(rows_[DoneRow].caption);
+    rows_[ExitRow].label->SetText(rows_[ExitRow].caption);
+    lblTime.SetText(locale_.ShortTime(context_.clock.Now()) + "     Database: " +
+                    shell_.DBStatusText());
+}
+
+void settings::DoLayout() {
+    setGeometry(0, 0, context_.state.ScreenWidth, context_.state.ScreenHeight);
+    const int margin = width() / 40;
+    const int inner = width() - 2 * margin;
+    const int unit = height() / 20;
+    lblSettingsTopInfo.setGeometry(margin, unit / 2, inner, 4 * unit);
+    lblSettingsTopInfo.SetWrap(true);
+    lblSettingsTopInfo.SetShrink(0.4);
+    rows_[MediaRow].label->setGeometry(margin, 5 * unit, inner, 4 * unit);
+    rows_[PlaylistRow].label->setGeometry(margin, 9 * unit + unit / 2, inner, 4 * unit);
+    const int half = (inner - margin) / 2;
+    rows_[DoneRow].label->setGeometry(margin, 14 * unit, half, 3 * unit + unit / 2);
+    rows_[ExitRow].label->setGeometry(2 * margin + half, 14 * unit, half, 3 * unit + unit / 2);
+    lblTime.setGeometry(margin, 18 * unit, inner, unit + unit / 2);
+    lblTime.SetShrink(0.5);
+    DrawRows();
+}
+
+void settings::DrawRows() {
+    const SkinData& skin = context_.skin.data();
+    const SkinFont font = skin.Listtextfont.size > 0 ? skin.Listtextfont : SkinFont{"DejaVu Sans", false, false, 18};
+    const QColor ground = ToQColor(OrElse(skin.HeadingBarBackgroundClr, 0x403020));
+    const QColor chosen = ToQColor(OrElse(skin.ListSelectedBackgroundClr, 0x30A0FF));
+    const SkinColour text = OrElse(skin.HeadingBarForegroundClr, 0xE8E8E8);
+    for (std::size_t i = 0; i < rows_.size(); ++i) {
+        const QColor& plate = static_cast<int>(i) == current_ ? chosen : ground;
+        rows_[i].label->SetLook(font, text, skin);
+        rows_[i].label->SetColour(ReadableOn(plate));
+        rows_[i].label->SetGround(rows_[i].enabled ? plate : plate.darker(160), RowRadius);
+        rows_[i].label->update();
+    }
+    SkinFont small = font;
+    small.size = static_cast<std::int16_t>(std::max(10, font.size * 3 / 4));
+    for (ShadedLabel* label : {&lblSettingsTopInfo, &lblTime}) {
+        label->SetLook(small, text, skin);
+        label->SetColour(ReadableOn(ToQColor(skin.ClockBackgroundClr)));
+    }
+    update();
+}
+
+bool settings::Form_KeyDown(const std::string& code) {
+    if (IsKey(code, keys_.ok, "13")) return runok(), true;
+    if (IsKey(code, keys_.quit, "27")) return doquit(), true;
+    if (IsKey(code, keys_.up, "38") || IsKey(code, keys_.back, "37")) return MoveUp(), true;
+    if (IsKey(code, keys_.down, "40") || IsKey(code, keys_.forward, "39")) return MoveDown(), true;
+    return false;
+}
+
+void settings::paintEvent(QPaintEvent*) {
+    QPainter(this).fillRect(rect(), ToQColor(context_.skin.data().ClockBackgroundClr));
+}
+
+} // namespace vk
