@@ -1,0 +1,183 @@
+#include "app/application.h"
+
+#include <QCoreApplication>
+#include <QTimer>
+
+#include <cstdlib>
+
+namespace vk {
+
+Application::Application(const std::string& appDir)
+    : log_(appDir, clock_), settings_(appDir, ini_),
+      skin_({state_, settings_, fonts_, dialogs_, report_, [] { return QtScreenMetrics().width; }}) {
+    report_.unloadAll = [this] { Quit(false); };
+    dialogs_.SetSkin(&skin_);
+    host_.onKey = [this](const std::string& code) { return Key(code); };
+    host_.onClose = [this] { Quit(false); };
+}
+
+Application::~Application() {
+    UnloadScreens();
+    delete settingsScreen_;
+}
+
+bool Application::Start() {
+    host_.ShowOnScreen();
+    return start_.Form_Load() != StartOutcome::Ended && !ending_;
+}
+
+// Runs from the event loop, as the screens that asked for it are still on the stack.
+void Application::Quit(bool osShutdown) {
+    if (ending_) return;
+    ending_ = true;
+    dialogs_.CloseAll();
+    QTimer::singleShot(0, &host_, [this, osShutdown] {
+        start_.Form_QueryUnload(osShutdown);
+        if (playerScreen_) playerScreen_->Form_Unload(osShutdown);
+        start_.Form_Unload();
+        QCoreApplication::quit();
+    });
+}
+
+bool Application::Key(const std::string& code) {
+    const ScreenOperations* screen = ending_ ? nullptr : screens_.Current();
+    return screen && screen->Form_KeyDown(code);
+}
+
+ScreenLoader Application::MakeLoader() {
+    ScreenLoader loader;
+    loader.velkorandum = [this] {
+        menuScreen_ = std::make_unique<velkorandum>(controls_, MenuNeeds(), &host_);
+        screens_.Add("velkorandum", *menuScreen_);
+    };
+    loader.playlists = [this] {
+        browserScreen_ = std::make_unique<playlists>(controls_, BrowserScreenNeeds(), &host_);
+        screens_.Add("playlists", *browserScreen_);
+    };
+    loader.playmp3 = [this] {
+        playerScreen_ = std::make_unique<playmp3>(controls_, PlayerNeeds(), &host_);
+        screens_.Add("playmp3", *playerScreen_);
+    };
+    loader.settings = [this] { LoadSettingsScreen(); };
+    loader.unloadSettings = [this] { UnloadSettingsScreen(); };
+    loader.unloadScreens = [this] { UnloadScreens(); };
+    return loader;
+}
+
+void Application::LoadSettingsScreen() {
+    if (settingsScreen_) return;
+    settingsScreen_ = new settings(controls_, ShellNeeds(), &host_);
+    settingsScreen_->shell().FirstRunDue = !state_.Setup;
+    screens_.Add("settings", *settingsScreen_);
+}
+
+// It may still be on the stack, so it goes from the event loop.
+void Application::UnloadSettingsScreen() {
+    if (!settingsScreen_) return;
+    screens_.Remove("settings");
+    settingsScreen_->Hide();
+    settingsScreen_->deleteLater();
+    settingsScreen_ = nullptr;
+}
+
+void Application::UnloadScreens() {
+    if (playerScreen_ && !ending_) playerScreen_->Form_Unload(false);
+    for (const char* name : {"velkorandum", "playlists", "playmp3"})
+        screens_.Remove(name);
+    menuScreen_.reset();
+    browserScreen_.reset();
+    playerScreen_.reset();
+}
+
+astart::Needs Application::StartNeeds() {
+    return {.state = state_,
+            .settings = settings_,
+            .log = log_,
+            .report = report_,
+            .dialogs = dialogs_,
+            .clock = clock_,
+            .locale = locale_,
+            .volumes = volumes_,
+            .processes = processes_,
+            .registry = registry_,
+            .window = window_,
+            .player = *playerWindow_,
+            .screens = screens_,
+            .loading = background_,
+            .skin = skin_,
+            .keys = keys_,
+            .loader = loader_,
+            .metrics = QtScreenMetrics,
+            .environment =
+                [](const std::string& name) {
+                    const char* value = std::getenv(name.c_str());
+                    return std::string(value ? value : "");
+                },
+            .unloadAll = [this] { Quit(false); },
+            .initRemote = {},
+            .destinatorInstalled = {}};
+}
+
+MainMenu::Needs Application::MenuNeeds() {
+    return {.state = state_,
+            .settings = settings_,
+            .log = log_,
+            .report = report_,
+            .clock = clock_,
+            .locale = locale_,
+            .volumes = volumes_,
+            .window = window_,
+            .screens = screens_,
+            .skin = skin_,
+            .daylight = daylight_,
+            .keys = keys_,
+            .audio = audio_,
+            .browser = browser_,
+            .winamp = *start_.Winamp(),
+            .mixer = nullptr,
+            .openSettings =
+                [this] {
+                    LoadSettingsScreen();
+                    screens_.Show("settings");
+                },
+            .unloadSettings = [this] { UnloadSettingsScreen(); },
+            .loadGPS = [this] { start_.LoadGPS(); },
+            .exitApplication = [this] { Quit(false); },
+            .powerAction = {},
+            .setDimmer = {}};
+}
+
+BrowserNeeds Application::BrowserScreenNeeds() {
+    return {.settings = settings_,
+            .app = state_,
+            .state = browser_,
+            .audio = audio_,
+            .video = video_,
+            .screens = screens_,
+            .clock = clock_,
+            .volumes = volumes_,
+            .locale = locale_,
+            .report = report_,
+            .tags = tags_,
+            .keys = keys_,
+            .catalogue = nullptr,
+            .StopAudio = [this] { start_.Winamp()->WinAMP_SCM(WinampStop); }};
+}
+
+SettingsShell::Needs Application::ShellNeeds() {
+    return {.state = state_,
+            .settings = settings_,
+            .report = report_,
+            .dialogs = dialogs_,
+            .clock = clock_,
+            .locale = locale_,
+            .screens = screens_,
+            .window = window_,
+            .loading = background_,
+            .skin = skin_,
+            .keys = keys_,
+            .start = start_,
+            .exitApplication = [this] { Quit(false); }};
+}
+
+} // namespace vk

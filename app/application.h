@@ -1,0 +1,101 @@
+// The composition root: makes ports, state, logic and screens, and owns them all.
+#pragma once
+
+#include "app/host_window.h"
+#include "core/app_state.h"
+#include "core/file_registry.h"
+#include "core/menu/daylight.h"
+#include "core/screen/velkorandum.h"
+#include "core/screens.h"
+#include "core/settings.h"
+#include "core/startup/astart.h"
+#include "input/key_map.h"
+#include "library/browser_state.h"
+#include "library/media_tags.h"
+#include "library/screen/playlists.h"
+#include "library/tag_reader.h"
+#include "platform/any/qt_clock.h"
+#include "platform/any/qt_fonts.h"
+#include "platform/any/qt_locale.h"
+#include "platform/any/qt_window_layer.h"
+#include "platform/linux/processes.h"
+#include "platform/linux/volumes.h"
+#include "playback/audio_state.h"
+#include "playback/screen/playmp3.h"
+#include "playback/video_state.h"
+#include "settings/screen/settings_screen.h"
+#include "skin/controls/black_background.h"
+#include "skin/controls/picture_cache.h"
+#include "skin/controls/skin_dialogs.h"
+
+#include <memory>
+#include <string>
+
+namespace vk {
+
+/// One a process. Needs a QApplication around it.
+class Application {
+  public:
+    /// `appDir` is where all files of the system lie.
+    explicit Application(const std::string& appDir);
+    ~Application();
+
+    /// The start; false when the process is to end at once.
+    bool Start();
+    /// Ends the event loop in good order; `osShutdown` when the operating system wants it.
+    void Quit(bool osShutdown);
+
+  private:
+    ScreenLoader MakeLoader();
+    astart::Needs StartNeeds();
+    MainMenu::Needs MenuNeeds();
+    BrowserNeeds BrowserScreenNeeds();
+    AudioPlayer::Needs PlayerNeeds();
+    SettingsShell::Needs ShellNeeds();
+    void LoadSettingsScreen();
+    void UnloadSettingsScreen();
+    void UnloadScreens();
+    bool Key(const std::string& code);
+
+    // Ports.
+    QtClock clock_;
+    QtLocaleInfo locale_;
+    QtFonts fonts_;
+    LinuxVolumes volumes_;
+    LinuxProcesses processes_;
+    FileRegistry registry_{UserRegistryFile()};
+    HostWindow host_;
+    QtWindowLayer window_{host_};
+    SkinDialogs dialogs_{&host_, volumes_, clock_};
+    std::unique_ptr<PlayerWindow> playerWindow_ = MakePlayerWindow();
+
+    // State and the lower layer.
+    DebugLog log_;
+    ErrorReport report_{log_, dialogs_};
+    AppState state_;
+    Ini ini_{state_.DecimalSymbol, report_};
+    SettingsStore settings_;
+    Screens screens_;
+    SkinStore skin_;
+    KeyMap keys_;
+    AudioState audio_;
+    BrowserState browser_;
+    VideoState video_;
+    ID3 tagReader_{TagPorts{log_, dialogs_}, state_.DecimalSymbol};
+    MediaTags tags_{state_, tagReader_};
+    Daylight daylight_{{state_, settings_, clock_, screens_, skin_, {}}};
+
+    // Screens.
+    PictureCache pictures_{skin_};
+    ControlContext controls_{state_, settings_.values, skin_, pictures_, clock_};
+    BlackBackground background_{screens_, skin_, &host_};
+    ScreenLoader loader_{MakeLoader()};
+    astart start_{StartNeeds()};
+    std::unique_ptr<velkorandum> menuScreen_;
+    std::unique_ptr<playlists> browserScreen_;
+    std::unique_ptr<playmp3> playerScreen_;
+    QPointer<settings> settingsScreen_;
+    bool ending_ = false;
+};
+
+} // namespace vk

@@ -1,0 +1,43 @@
+#include "app/application.h"
+
+#include "platform/paths.h"
+
+#include <QApplication>
+#include <QSocketNotifier>
+
+#include <csignal>
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace {
+
+int signalPipe[2] = {-1, -1};
+
+// Only what may be called from a signal handler: the event loop reads the pipe.
+void OnSignal(int) {
+    const char byte = 1;
+    [[maybe_unused]] const auto written = ::write(signalPipe[1], &byte, 1);
+}
+
+// The session's end arrives as SIGTERM, a closed terminal as SIGHUP.
+void CatchSignals() {
+    if (::pipe2(signalPipe, O_CLOEXEC | O_NONBLOCK) != 0) return;
+    struct sigaction action {};
+    action.sa_handler = OnSignal;
+    for (const int number : {SIGTERM, SIGINT, SIGHUP})
+        ::sigaction(number, &action, nullptr);
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    QApplication qt(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Velkorandum"));
+    QApplication::setQuitOnLastWindowClosed(false);
+    CatchSignals();
+    vk::Application application(vk::ExecutableFolder());
+    QSocketNotifier signals(signalPipe[0], QSocketNotifier::Read);
+    QObject::connect(&signals, &QSocketNotifier::activated, &qt,
+                     [&application] { application.Quit(true); });
+    return application.Start() ? QApplication::exec() : 0;
+}
