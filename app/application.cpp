@@ -49,6 +49,10 @@ ScreenLoader Application::MakeLoader() {
     loader.velkorandum = [this] {
         menuScreen_ = std::make_unique<velkorandum>(controls_, MenuNeeds(), &host_);
         screens_.Add("velkorandum", *menuScreen_);
+        menuScreen_->onFirstPaint = [this] {
+            log_.WriteDebugLog("Main menu painted " + std::to_string(processes_.AgeMs()) +
+                               " ms after the start of the process");
+        };
     };
     loader.playlists = [this] {
         browserScreen_ = std::make_unique<playlists>(controls_, BrowserScreenNeeds(), &host_);

@@ -4,9 +4,11 @@
 
 #include <QMouseEvent>
 #include <QPainter>
+#include <QTimer>
 #include <QWheelEvent>
 
 #include <algorithm>
+#include <utility>
 
 namespace vk {
 
@@ -149,6 +151,9 @@ void velkorandum::paintEvent(QPaintEvent*) {
         painter.fillRect(rect(), ToQColor(context_.skin.data().ClockBackgroundClr));
     else
         painter.drawPixmap(0, 0, background_);
+    // The icons, children of this screen, are painted in the same pass.
+    if (onFirstPaint && !icons_.empty())
+        QTimer::singleShot(0, this, std::exchange(onFirstPaint, nullptr));
 }
 
 void velkorandum::mousePressEvent(QMouseEvent* event) {

@@ -36,6 +36,9 @@ class velkorandum : public QWidget, public MenuView {
     void Hide();
     bool Form_KeyDown(const std::string& code) { return menu_.Form_KeyDown(code); }
 
+    /// Called once, after the menu has been painted for the first time with its icons.
+    std::function<void()> onFirstPaint;
+
     /// The logic behind the picture, for tests and wiring.
     MainMenu& menu() { return menu_; }
 

@@ -5,10 +5,14 @@
 
 #include <string.h>
 #include <strings.h>
+#include <time.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cctype>
 #include <cstdlib>
+#include <fstream>
+#include <sstream>
 #include <string>
 
 namespace vk {

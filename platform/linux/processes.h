@@ -8,6 +8,7 @@ namespace vk {
 class LinuxProcesses : public Processes {
   public:
     long OwnId() const override;
+    long AgeMs() const override;
     bool ProcessRunning(const std::string& name, long ownId) const override;
 };
 

@@ -62,6 +62,7 @@ class ToldLoading : public LoadingScreen {
 class FakeProcesses : public Processes {
   public:
     long OwnId() const override { return 1; }
+    long AgeMs() const override { return 0; }
     bool ProcessRunning(const std::string& name, long ownId) const override {
         return running && name == "velkorandum.exe" && ownId == 1;
     }

@@ -101,6 +101,8 @@ TEST_F(FilesTest, ProcessesAreFoundByTheirFileNameAlone) {
     EXPECT_TRUE(processes.ProcessRunning(own + ".exe", 0));
     EXPECT_FALSE(processes.ProcessRunning(own, processes.OwnId()));
     EXPECT_FALSE(processes.ProcessRunning("no-such-program", 0));
+    EXPECT_GE(processes.AgeMs(), 0);
+    EXPECT_LT(processes.AgeMs(), 120000) << "this test program has just been started";
 }
 
 TEST_F(FilesTest, TheRegistryFileKeepsKeysAndValues) {
