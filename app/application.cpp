@@ -9,7 +9,8 @@ namespace vk {
 
 Application::Application(const std::string& appDir)
     : log_(appDir, clock_), settings_(appDir, ini_),
-      skin_({state_, settings_, fonts_, dialogs_, report_, [] { return QtScreenMetrics().width; }}) {
+      skin_(
+          {state_, settings_, fonts_, dialogs_, report_, [] { return QtScreenMetrics().width; }}) {
     report_.unloadAll = [this] { Quit(false); };
     dialogs_.SetSkin(&skin_);
     host_.onKey = [this](const std::string& code) { return Key(code); };

@@ -1,13 +1,13 @@
 #include "app/application.h"
-
 #include "platform/paths.h"
 
 #include <QApplication>
 #include <QSocketNotifier>
 
-#include <csignal>
 #include <fcntl.h>
 #include <unistd.h>
+
+#include <csignal>
 
 namespace {
 

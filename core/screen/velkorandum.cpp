@@ -54,14 +54,17 @@ void velkorandum::ReShow() {
     menu_.ReShow();
 }
 
-void velkorandum::Hide() { hide(); }
+void velkorandum::Hide() {
+    hide();
+}
 
 void velkorandum::DoLayout() {
     const QSize size = ScreenSize();
     setGeometry(QRect(QPoint(), size));
     Frame1.setGeometry(rect());
     Frame1.lower();
-    background_ = context_.pictures.Picture(context_.skin.data().mainmenu, size, PictureFit::Stretch);
+    background_ =
+        context_.pictures.Picture(context_.skin.data().mainmenu, size, PictureFit::Stretch);
     loading_ = context_.pictures.Picture("loading.jpg", {size.width() / 2, size.height() / 2});
     LayOutBar();
     LayOutBanner();
@@ -114,8 +117,8 @@ void velkorandum::ShowIcons() {
     }
     iconGeneration_ = context_.skin.Generation();
     icons_.clear();
-    for (const MenuIconData& data : menu_.Icons()) {
-        auto icon = std::make_unique<MenuIcon>(context_, data, &Frame1);
+    for (const MenuIconData& iconData : menu_.Icons()) {
+        auto icon = std::make_unique<MenuIcon>(context_, iconData, &Frame1);
         icon->Place(ScreenSize());
         const int index = static_cast<int>(icons_.size()) + 1;
         icon->onClick = [this, index] { menu_.menuicon_Click(index); };
@@ -131,9 +134,13 @@ void velkorandum::DrawIcon(int index, bool selected) {
     icon.repaint();
 }
 
-void velkorandum::ShowFrame(bool shown) { Frame1.setVisible(shown); }
+void velkorandum::ShowFrame(bool shown) {
+    Frame1.setVisible(shown);
+}
 
-void velkorandum::SetClockBar(const std::string& text) { ClockBar.SetText(text); }
+void velkorandum::SetClockBar(const std::string& text) {
+    ClockBar.SetText(text);
+}
 
 void velkorandum::ShowBanner(const std::string& text) {
     Label6.SetText(text);

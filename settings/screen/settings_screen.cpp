@@ -47,11 +47,17 @@ void settings::AddRow(const char* caption, std::function<void()> use) {
     rows_.push_back({std::move(label), caption, std::move(use)});
 }
 
-void settings::ReShow() { shell_.ReShow(); }
+void settings::ReShow() {
+    shell_.ReShow();
+}
 
-void settings::doquit() { Use(DoneRow); }
+void settings::doquit() {
+    Use(DoneRow);
+}
 
-void settings::runok() { Use(current_); }
+void settings::runok() {
+    Use(current_);
+}
 
 void settings::Use(int row) {
     if (rows_[static_cast<std::size_t>(row)].enabled) rows_[static_cast<std::size_t>(row)].use();
@@ -82,15 +88,18 @@ void settings::EnableLeaving(bool exitApp, bool done) {
     DrawRows();
 }
 
-void settings::SetTopInfo(const std::string& text) { lblSettingsTopInfo.SetText(text); }
+void settings::SetTopInfo(const std::string& text) {
+    lblSettingsTopInfo.SetText(text);
+}
 
 void settings::ShowTexts() {
     rows_[MediaRow].label->SetText("Media folder\nCurrent   -   " + shell_.Values().MediaDir);
-    rows_[PlaylistRow].label->SetText("Playlist folder\nCurrent  -  " + shell_.Values().PlaylistDir);
+    rows_[PlaylistRow].label->SetText("Playlist folder\nCurrent  -  " +
+                                      shell_.Values().PlaylistDir);
     rows_[DoneRow].label->SetText(rows_[DoneRow].caption);
     rows_[ExitRow].label->SetText(rows_[ExitRow].caption);
-    lblTime.SetText(locale_.ShortTime(context_.clock.Now()) + "     Database: " +
-                    shell_.DBStatusText());
+    lblTime.SetText(locale_.ShortTime(context_.clock.Now()) +
+                    "     Database: " + shell_.DBStatusText());
 }
 
 void settings::DoLayout() {
@@ -113,7 +122,8 @@ void settings::DoLayout() {
 
 void settings::DrawRows() {
     const SkinData& skin = context_.skin.data();
-    const SkinFont font = skin.Listtextfont.size > 0 ? skin.Listtextfont : SkinFont{"DejaVu Sans", false, false, 18};
+    const SkinFont font =
+        skin.Listtextfont.size > 0 ? skin.Listtextfont : SkinFont{"DejaVu Sans", false, false, 18};
     const QColor ground = ToQColor(OrElse(skin.HeadingBarBackgroundClr, 0x403020));
     const QColor chosen = ToQColor(OrElse(skin.ListSelectedBackgroundClr, 0x30A0FF));
     const SkinColour text = OrElse(skin.HeadingBarForegroundClr, 0xE8E8E8);

@@ -1,0 +1,67 @@
+#include "settings/screen/settings_screen.h"
+#include "tests/core/start_fixture.h"
+#include "tests/support/widgets.h"
+
+#include <gtest/gtest.h>
+
+namespace vk {
+namespace {
+
+struct SettingsScreenTest : testing::Test, test::StartFixture {
+    SettingsScreenTest() {
+        SetUpApp();
+        start->Form_Load();
+        host.resize(800, 480);
+        screen = std::make_unique<vk::settings>(
+            ControlContext{state, settings.values, skin, pictures, clock},
+            SettingsShell::Needs{state, settings, report, dialogs, clock, locale, screens, window,
+                                 loading, skin, keys, *start, [this] { ++exits; }},
+            &host);
+        screens.Add("settings", *screen);
+        host.show();
+        screen->ReShow();
+    }
+    std::unique_ptr<astart> start = Make();
+    PictureCache pictures{skin};
+    QWidget host;
+    std::unique_ptr<vk::settings> screen;
+    int exits = 0;
+};
+
+TEST_F(SettingsScreenTest, TheFoldersAreChosenByKeysAlone) {
+    const std::string media = app.MakeFolder("other");
+    dialogs.folders = {media, media};
+    EXPECT_TRUE(screen->Form_KeyDown("13"));
+    EXPECT_EQ(settings.values.MediaDir, media);
+    const std::string lists = app.MakeFolder("other/lists");
+    dialogs.folders = {lists};
+    EXPECT_TRUE(screen->Form_KeyDown("40"));
+    EXPECT_TRUE(screen->Form_KeyDown("13"));
+    EXPECT_EQ(settings.values.PlaylistDir, lists);
+    EXPECT_TRUE(screen->Form_KeyDown("27"));
+    EXPECT_EQ(screens.CurrentForm, "velkorandum");
+    EXPECT_FALSE(screen->Form_KeyDown("65"));
+}
+
+TEST_F(SettingsScreenTest, AndByTouchAlone) {
+    const std::string media = app.MakeFolder("other");
+    dialogs.folders = {media, media};
+    test::Tap(host, {400, 160});
+    EXPECT_EQ(settings.values.MediaDir, media);
+    test::Tap(host, {600, 370});
+    EXPECT_EQ(exits, 1);
+    test::Tap(host, {200, 370});
+    EXPECT_EQ(screens.CurrentForm, "velkorandum");
+}
+
+TEST_F(SettingsScreenTest, EverythingLiesOnTheScreenAtEverySize) {
+    for (const QSize size : test::PanelSizes) {
+        state.ScreenWidth = size.width();
+        state.ScreenHeight = size.height();
+        screen->DoLayout();
+        test::ExpectChildrenInside(*screen);
+    }
+}
+
+} // namespace
+} // namespace vk

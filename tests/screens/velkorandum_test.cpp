@@ -1,0 +1,119 @@
+#include "core/screen/velkorandum.h"
+#include "tests/core/start_fixture.h"
+#include "tests/support/widgets.h"
+
+#include <QImage>
+
+#include <gtest/gtest.h>
+
+namespace vk {
+namespace {
+
+// The menu on the skins that ship.
+struct MenuScreenTest : testing::Test, test::StartFixture {
+    MenuScreenTest() {
+        SetUpApp();
+        std::filesystem::remove_all(app.File("skins"));
+        std::filesystem::create_directory_symlink(VK_RENDERED_SKINS, app.File("skins"));
+        settings.LoadSettings();
+        settings.values.ShowClock = true;
+        loader.playlists();
+    }
+    void Show(int width, int height, const char* skinFile = "Torque.skn") {
+        state.ScreenWidth = width;
+        state.ScreenHeight = height;
+        state.CurrentSkinFile = skinFile;
+        skin.LoadSkin();
+        host.resize(width, height);
+        menu = std::make_unique<velkorandum>(
+            ControlContext{state, settings.values, skin, pictures, clock},
+            MainMenu::Needs{.state = state,
+                            .settings = settings,
+                            .log = log,
+                            .report = report,
+                            .clock = clock,
+                            .locale = locale,
+                            .volumes = volumes,
+                            .window = window,
+                            .screens = screens,
+                            .skin = skin,
+                            .daylight = daylight,
+                            .keys = keys,
+                            .audio = audio,
+                            .browser = browser,
+                            .winamp = winamp,
+                            .mixer = nullptr,
+                            .openSettings = [this] { ++settingsOpened; },
+                            .unloadSettings = {},
+                            .loadGPS = {},
+                            .exitApplication = [this] { ++exits; },
+                            .powerAction = {},
+                            .setDimmer = {}},
+            &host);
+        host.show();
+        menu->ReShow();
+        QCoreApplication::processEvents();
+    }
+    AudioState audio;
+    BrowserState browser;
+    cWinamp winamp{{player, clock, report, app.Path()}};
+    Daylight daylight{{state, settings, clock, screens, skin, {}}};
+    PictureCache pictures{skin};
+    QWidget host;
+    std::unique_ptr<velkorandum> menu;
+    int exits = 0, settingsOpened = 0;
+};
+
+TEST_F(MenuScreenTest, EverythingLiesOnTheScreenAtEverySize) {
+    for (const char* skinFile : {"Torque.skn", "TorqueNight.skn"})
+        for (const QSize size : test::PanelSizes) {
+            Show(size.width(), size.height(), skinFile);
+            EXPECT_EQ(menu->size(), size);
+            test::ExpectChildrenInside(*menu);
+            EXPECT_EQ(menu->menu().Icons().size(), 7u);
+        }
+}
+
+TEST_F(MenuScreenTest, TheChosenTileIsUnmistakable) {
+    Show(800, 480);
+    const QImage before = menu->grab().toImage();
+    menu->MoveDown();
+    const QImage after = menu->grab().toImage();
+    EXPECT_GT(test::DifferingPixels(before, after), 800 * 480 / 50);
+    menu->MoveUp();
+    EXPECT_EQ(test::DifferingPixels(before, menu->grab().toImage()), 0);
+}
+
+TEST_F(MenuScreenTest, ATouchedTileStartsAndTheBarLeadsToTheSettings) {
+    Show(800, 480);
+    const auto& icons = menu->menu().Icons();
+    for (const MenuIconData& icon : icons) {
+        if (icon.function != "2") continue;
+        test::Tap(host, {static_cast<int>((icon.iconleft + icon.iconwidth / 2) * 800),
+                         static_cast<int>((icon.icontop + icon.iconheight / 2) * 480)});
+    }
+    EXPECT_TRUE(Told("playlists.ReShow"));
+    menu->ReShow();
+    test::Tap(host, {400, 470});
+    EXPECT_EQ(settingsOpened, 1);
+    menu->ReShow();
+    test::Tap(host, {790, 470});
+    EXPECT_EQ(exits, 1);
+}
+
+TEST_F(MenuScreenTest, ASkinWithoutPicturesStaysUsable) {
+    std::filesystem::remove(app.File("skins"));
+    app.Write("skins/Bare.skn",
+              "[Colors]\nClockForegroundClr=1\n[IconNames]\nNames=one two\n"
+              "[one]\nicontop=0\niconleft=0\niconheight=0.4\niconwidth=0.4\nfunction=2\n"
+              "of_right=2\n[two]\nicontop=0\niconleft=0.5\niconheight=0.4\niconwidth=0.4\n");
+    Show(640, 480, "Bare.skn");
+    const QImage before = menu->grab().toImage();
+    menu->MoveDown();
+    menu->MoveAhead();
+    EXPECT_GT(test::DifferingPixels(before, menu->grab().toImage()), 0);
+    EXPECT_TRUE(dialogs.shown.empty());
+}
+
+} // namespace
+} // namespace vk
