@@ -69,8 +69,10 @@ void MainMenu::Update(int previous, bool animate) {
 
 void MainMenu::Move(int MenuIconData::*neighbour) {
     const MenuIconData* icon = Selected();
-    if (!icon || icon->*neighbour <= 0) return;
-    const int old = std::exchange(CurrentSelection, icon->*neighbour);
+    // A stored selection that this skin has no icon for must not lock the keys out.
+    const int next = icon ? icon->*neighbour : (icons_.empty() ? 0 : 1);
+    if (next <= 0) return;
+    const int old = std::exchange(CurrentSelection, next);
     Update(old, false);
 }
 

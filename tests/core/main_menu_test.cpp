@@ -94,10 +94,11 @@ TEST_F(MainMenuTest, TheGraphOfTheSkinLeadsTheCursor) {
 TEST_F(MainMenuTest, AStoredSelectionBeyondTheIconsSelectsNothing) {
     settings.Write("main", "CurrentSelectID", "9");
     menu.ReShow();
-    menu.MoveUp();
-    menu.runok();
     EXPECT_EQ(menu.CurrentSelection, 9);
+    menu.runok();
     EXPECT_TRUE(told.empty());
+    menu.MoveUp();
+    EXPECT_EQ(menu.CurrentSelection, 1) << "the keys are not locked out";
 }
 
 TEST_F(MainMenuTest, FunctionsOfWhatIsNotConfigured) {
