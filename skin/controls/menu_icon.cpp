@@ -49,9 +49,11 @@ void MenuIcon::paintEvent(QPaintEvent*) {
 void MenuIcon::DrawPlate(QPainter& painter) const {
     const SkinData& skin = context_.skin.data();
     QFont font = ToQFont(skin.Titlefont, skin);
+    const QColor plain = ToQColor(skin.HeadingBarBackgroundClr);
+    const QColor chosen = ToQColor(skin.ListSelectedBackgroundClr);
     PlateLook look;
-    look.ground =
-        ToQColor(selected_ ? skin.ListSelectedBackgroundClr : skin.HeadingBarBackgroundClr);
+    // A skin may leave both colours out; the selection has to show all the same.
+    look.ground = !selected_ ? plain : chosen == plain ? ReadableOn(plain) : chosen;
     look.edge = ToQColor(skin.OutlineBoxClr);
     look.text = ReadableOn(look.ground);
     DrawCaptionPlate(painter, rect(), ToQString(data_.name), font, look);
