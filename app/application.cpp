@@ -34,7 +34,7 @@ void Application::Quit(bool osShutdown) {
     dialogs_.CloseAll();
     QTimer::singleShot(0, &host_, [this, osShutdown] {
         start_.Form_QueryUnload(osShutdown);
-        if (playerScreen_) playerScreen_->Form_Unload(osShutdown);
+        if (playerScreen_) playerScreen_->player().Form_Unload(osShutdown);
         start_.Form_Unload();
         QCoreApplication::quit();
     });
@@ -56,7 +56,8 @@ ScreenLoader Application::MakeLoader() {
         };
     };
     loader.playlists = [this] {
-        browserScreen_ = std::make_unique<playlists>(controls_, BrowserScreenNeeds(), &host_);
+        browserScreen_ = std::make_unique<playlists>(
+            playlists::Needs{controls_, BrowserScreenNeeds()}, &host_);
         screens_.Add("playlists", *browserScreen_);
     };
     loader.playmp3 = [this] {
@@ -86,7 +87,7 @@ void Application::UnloadSettingsScreen() {
 }
 
 void Application::UnloadScreens() {
-    if (playerScreen_ && !ending_) playerScreen_->Form_Unload(false);
+    if (playerScreen_ && !ending_) playerScreen_->player().Form_Unload(false);
     for (const char* name : {"velkorandum", "playlists", "playmp3"})
         screens_.Remove(name);
     menuScreen_.reset();
@@ -167,6 +168,25 @@ BrowserNeeds Application::BrowserScreenNeeds() {
             .keys = keys_,
             .catalogue = nullptr,
             .StopAudio = [this] { start_.Winamp()->WinAMP_SCM(WinampStop); }};
+}
+
+AudioPlayer::Needs Application::PlayerNeeds() {
+    return {.audio = audio_,
+            .browser = browser_,
+            .app = state_,
+            .winamp = *start_.Winamp(),
+            .settings = settings_,
+            .keys = keys_,
+            .clock = clock_,
+            .locale = locale_,
+            .volumes = volumes_,
+            .window = window_,
+            .screens = screens_,
+            .log = log_,
+            .report = report_,
+            .tagOf = [this](const std::string& path) { return tags_.GetDBTag(path); },
+            .checkDaylight = [this] { daylight_.Check(); },
+            .loadGPS = [this] { start_.LoadGPS(); }};
 }
 
 SettingsShell::Needs Application::ShellNeeds() {
