@@ -10,7 +10,6 @@
 namespace vk {
 
 class HostWindow : public QWidget {
-    Q_OBJECT
   public:
     HostWindow();
 

@@ -36,8 +36,8 @@ int main(int argc, char** argv) {
     QApplication::setQuitOnLastWindowClosed(false);
     CatchSignals();
     vk::Application application(vk::ExecutableFolder());
-    QSocketNotifier signals(signalPipe[0], QSocketNotifier::Read);
-    QObject::connect(&signals, &QSocketNotifier::activated, &qt,
+    QSocketNotifier wakeUp(signalPipe[0], QSocketNotifier::Read);
+    QObject::connect(&wakeUp, &QSocketNotifier::activated, &qt,
                      [&application] { application.Quit(true); });
     return application.Start() ? QApplication::exec() : 0;
 }
