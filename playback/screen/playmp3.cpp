@@ -166,7 +166,6 @@ void playmp3::Place() {
     TrackTimeLabel_.setGeometry(layout_.trackTime);
     lblBitRate_.setGeometry(layout_.bitRate);
     lblShuffle_.setGeometry(layout_.shuffle);
-    UCListBox_.setGeometry(layout_.list);
     lbLoading_.setGeometry(layout_.loading);
 }
 
@@ -191,7 +190,18 @@ void playmp3::Dress() {
     UCST_.ScrollText(UCST_.Text(), skin.currentsongclr, ShadowFor(ToQColor(skin.currentsongclr)),
                      skin.Titlefont);
     UCST_.SetBackground(skin.playmp3);
-    UCListBox_.SetiMaxVis(skin.playmp3);
+    PlaceList();
+}
+
+// What the whole rows leave free of the list's place stands mostly above it, to set it off from the
+// panel.
+void playmp3::PlaceList() {
+    const std::string& ground = context_.skin.data().playmp3;
+    UCListBox_.setGeometry(layout_.list);
+    UCListBox_.SetiMaxVis(ground);
+    const int rest = layout_.list.height() - rows_.UsableHeight;
+    UCListBox_.setGeometry(layout_.list.adjusted(0, rest * 2 / 3, 0, 0));
+    UCListBox_.SetiMaxVis(ground);
 }
 
 void playmp3::PlaceButtons() {
@@ -228,6 +238,8 @@ void playmp3::paintEvent(QPaintEvent*) {
     painter.drawPixmap(
         layout_.bottomBar.topLeft(),
         context_.pictures.Picture("bottombar.jpg", layout_.bottomBar.size(), PictureFit::Stretch));
+    const int margin = layout_.list.left();
+    painter.fillRect(margin, layout_.list.top(), width() - 2 * margin, 1, ToQColor(skin.LineClr));
     const QPixmap sign = context_.pictures.Picture(mediaType_, layout_.mediaType.size());
     QRect place = sign.rect();
     place.moveCenter(layout_.mediaType.center());

@@ -72,6 +72,7 @@ class playmp3 : public QWidget, private PlayerView {
     void ConnectList();
     void Place();
     void Dress();
+    void PlaceList();
     void PlaceButtons();
     void ShowUpperBar(bool open);
 
