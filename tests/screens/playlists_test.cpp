@@ -86,7 +86,7 @@ class PlaylistsScreen : public testing::Test {
     AudioState audio;
     VideoState video;
     KeyMap keys;
-    test::RecordingPlayer player;
+    test::RecordingPlayerScreen player;
     test::RecordingScreen menu, gps;
     ID3 reader{{core.log, core.dialogs}, core.state.DecimalSymbol};
     MediaTags tags{core.state, reader};
