@@ -35,8 +35,7 @@ void Browser::ReShow() {
     Run("ReShow", [&] {
         needs_.screens.CurrentForm = BrowserName;
         view_.ShowAtFront();
-        HistoryDirty = RecurseArmed = XMView = false;
-        builder_.SqlView = false;
+        HistoryDirty = RecurseArmed = false;
         BrowseHistory.clear();
         view_.SetButton(BrowserButton::Recurse, "recurse.gif");
         Timer2->Start(SecondMs);
@@ -54,50 +53,53 @@ void Browser::switchingform() {
     Timer2->Stop();
     // A line end inside a file name would end the line of the settings file.
     const bool fits = BrowseHistory.find_first_of("\r\n") == std::string::npos;
-    if (HistoryDirty && fits)
-        needs_.settings.Write(HistorySection(XMView), "BrowseHistory", BrowseHistory);
+    if (HistoryDirty && fits) needs_.settings.Write("main", "BrowseHistory", BrowseHistory);
     HistoryDirty = false;
+}
+
+void Browser::Form_Unload(bool osShutdown) {
+    if (osShutdown) needs_.report.Log("form unloaded by administrative request - os shutdown");
+    if (needs_.screens.CurrentForm != BrowserName) return;
+    switchingform();
+    needs_.screens.CurrentForm.clear();
 }
 
 void Browser::Populate() {
     const bool applications = needs_.state.ListMode == ListApplications;
     view_.SetButton(BrowserButton::Applications, applications ? "lists.gif" : "gps.gif");
+    const bool restore = std::exchange(needs_.state.RestoreHistory, false);
     builder_.Populate();
-    if (needs_.CatalogueOnLine() && needs_.settings.values.UseBrowseHistory &&
-        needs_.state.RestoreHistory)
+    if (restore && needs_.CatalogueOnLine() && needs_.settings.values.UseBrowseHistory)
         RestoreBrowseHistory();
 }
 
 // Where every failure ends: the top of the media folder.
 void Browser::FallBack() {
     needs_.state.ListMode = ListFromMenu;
-    needs_.state.CurrentPath = needs_.settings.values.MediaDir;
-    builder_.SqlView = false;
+    needs_.state.CurrentPath = needs_.MediaDir();
     Populate();
 }
 
-void Browser::MoveUp() {
+void Browser::MoveList(void (ListModel::*move)()) {
     if (needs_.app.ListBusy) return;
-    list_.MoveUp();
+    (list_.*move)();
     view_.ReDrawList();
+}
+
+void Browser::MoveUp() {
+    MoveList(&ListModel::MoveUp);
 }
 
 void Browser::MoveDown() {
-    if (needs_.app.ListBusy) return;
-    list_.MoveDown();
-    view_.ReDrawList();
+    MoveList(&ListModel::MoveDown);
 }
 
 void Browser::PgUp() {
-    if (needs_.app.ListBusy) return;
-    list_.PageUp();
-    view_.ReDrawList();
+    MoveList(&ListModel::PageUp);
 }
 
 void Browser::PgDn() {
-    if (needs_.app.ListBusy) return;
-    list_.PageDown();
-    view_.ReDrawList();
+    MoveList(&ListModel::PageDown);
 }
 
 void Browser::MoveBack() {

@@ -25,6 +25,8 @@ class Browser {
     void ReShow();
     /// Leaves it: stops the timers and keeps the history when something was played from it.
     void switchingform();
+    /// The screen goes; `osShutdown` when the operating system closes it.
+    void Form_Unload(bool osShutdown);
     /// Acts on the selected row.
     void runok();
     void MoveUp();
@@ -84,6 +86,7 @@ class Browser {
     void Run(const std::string& name, const std::function<void()>& operation);
     void Populate();
     void FallBack();
+    void MoveList(void (ListModel::*move)());
     void Leave();
     void ShowNotice(const std::string& text);
     void ShowState();
@@ -112,7 +115,6 @@ class Browser {
     void RestoreBrowseHistory();
     bool RestoreElement(const std::string& element, const std::string& kind, bool last);
 
-    std::string HistorySection(bool xm) const { return xm ? "xmpcr_tuner" : "main"; }
     std::string AudioList() const { return needs_.settings.File(AudioListName); }
 
     BrowserNeeds needs_;
@@ -128,7 +130,6 @@ class Browser {
     bool toolFrameOpen_ = false;
     int noticeSeconds_ = 0; ///< left for the notice over the list; 0: none
     bool RecurseArmed = false;
-    bool XMView = false; ///< the list came from a satellite radio descriptor
     bool HistoryDirty = false;
     std::string BrowseHistory;
 };

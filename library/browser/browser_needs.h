@@ -11,6 +11,7 @@
 #include "library/media_tags.h"
 #include "platform/clock.h"
 #include "platform/locale_info.h"
+#include "platform/paths.h"
 #include "platform/volumes.h"
 #include "playback/audio_state.h"
 #include "playback/video_state.h"
@@ -36,6 +37,7 @@ struct BrowserNeeds {
     Catalogue* catalogue = nullptr;       ///< null: none
     std::function<void()> StopAudio = {}; ///< silences the audio player process before a film
 
+    std::string MediaDir() const { return WithoutTrailingSeparator(settings.values.MediaDir); }
     bool CatalogueOnLine() const { return catalogue && catalogue->State() == DBStateValue::OnLine; }
 };
 

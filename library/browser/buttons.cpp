@@ -42,7 +42,7 @@ void Browser::Eject() {
     Run("Image16_Click", [&] {
         const std::string& drive = builder_.Drives().DiscDrive();
         const bool opened = !needs_.app.CDReady || needs_.volumes.Eject(drive);
-        needs_.state.CurrentPath = needs_.settings.values.MediaDir;
+        needs_.state.CurrentPath = needs_.MediaDir();
         Populate();
         if (!opened) ShowNotice("The drive could not be opened.");
     });

@@ -60,7 +60,6 @@ void Browser::EnterPlayer() {
 }
 
 void Browser::PlayDisc() {
-    builder_.SqlView = false;
     if (!builder_.CheckDisc()) return FallBack();
     const std::string& drive = builder_.Drives().DiscDrive();
     needs_.video = {.PlayDVD = true, .ListFile = {}, .VolumeSerial = needs_.volumes.Serial(drive)};

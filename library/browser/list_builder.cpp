@@ -45,7 +45,7 @@ void ListBuilder::MarkPlace(const std::string& path) {
 }
 
 std::string ListBuilder::ParentOf(const std::string& folder) const {
-    const std::string& top = needs_.settings.values.MediaDir;
+    const std::string top = needs_.MediaDir();
     return folder == top || drives_.IsDriveRoot(folder) ? top : FolderOf(folder);
 }
 
@@ -57,7 +57,7 @@ bool ListBuilder::AddCatalogueFiles(const std::vector<CatalogueFile>& files) {
     std::int32_t number = 0;
     for (const CatalogueFile& file : files) {
         if (!Pulse()) break;
-        if (Showable(JoinPath(needs_.settings.values.MediaDir, file.path)))
+        if (Showable(JoinPath(needs_.MediaDir(), file.path)))
             rows_.AddFileRow(++number, file.artist, file.title, file.path, false);
     }
     return !files.empty();

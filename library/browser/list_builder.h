@@ -47,7 +47,6 @@ class ListBuilder {
 
     bool BrowsingCD = false;        ///< the current folder is on the disc drive
     bool BrowsingRemovable = false; ///< it is on a removable drive
-    bool SqlView = false;           ///< the list was made by a database descriptor
     bool PlaylistView = false;      ///< the rows are a playlist's
     std::string ParentName;         ///< the folder whose rows came from the catalogue, "" otherwise
 
@@ -87,7 +86,7 @@ class ListBuilder {
     bool OtherDrive() const { return BrowsingCD || BrowsingRemovable; }
     void MarkPlace(const std::string& path);
     std::string ParentOf(const std::string& folder) const;
-    bool AtTop() const { return needs_.state.CurrentPath == needs_.settings.values.MediaDir; }
+    bool AtTop() const { return needs_.state.CurrentPath == needs_.MediaDir(); }
     void Start();
     void Finish();
 

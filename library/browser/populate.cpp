@@ -14,9 +14,10 @@ void ListBuilder::Populate() {
     if (drives_.HasDiscDrive()) view_.ShowLoading("Checking CD Rom");
     CheckDisc();
     view_.ShowLoading("Busy");
+    needs_.state.CurrentPath = WithoutTrailingSeparator(needs_.state.CurrentPath);
     if (!AtTop() && !FolderExists(needs_.state.CurrentPath)) {
         needs_.report.Log("the folder " + ToUtf8(needs_.state.CurrentPath) + " is gone");
-        needs_.state.CurrentPath = needs_.settings.values.MediaDir;
+        needs_.state.CurrentPath = needs_.MediaDir();
     }
     PopulateFolder();
 }

@@ -7,8 +7,7 @@ namespace vk {
 
 // The way to what was played last is walked again; the played row itself is not chosen.
 void Browser::RestoreBrowseHistory() {
-    needs_.state.RestoreHistory = false;
-    const std::string section = HistorySection(needs_.audio.PlayMode == PlayXM);
+    const char* section = needs_.audio.PlayMode == PlayXM ? "xmpcr_tuner" : "main";
     auto elements = SplitHistory(needs_.settings.Read(section, "BrowseHistory"));
     if (elements.empty()) return;
     const std::string kind = SplitDescriptor(elements.back()).kind;

@@ -66,8 +66,7 @@ void Browser::OpenPath(const RowDescriptor& row) {
     const bool recurse = std::exchange(RecurseArmed, false);
     view_.SetButton(BrowserButton::Recurse, "recurse.gif");
     if (recurse) return builder_.RecurseFolder(folder);
-    if (folder == needs_.settings.values.MediaDir) BrowseHistory.clear();
-    builder_.SqlView = false;
+    if (folder == needs_.MediaDir()) BrowseHistory.clear();
     needs_.state.CurrentPath = folder;
     Populate();
     if (needs_.state.CurrentPath != folder) ShowNotice("The folder is not available.");

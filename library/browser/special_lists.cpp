@@ -57,8 +57,7 @@ void ListBuilder::RecurseFolder(const std::string& path) {
 void ListBuilder::ReadList(const std::string& path) {
     Start();
     PlaylistView = true;
-    if (!EqualNoCase(FileNameOf(path), "favorites.m3u"))
-        rows_.AddBack(needs_.settings.values.MediaDir);
+    if (!EqualNoCase(FileNameOf(path), "favorites.m3u")) rows_.AddBack(needs_.MediaDir());
     std::int32_t number = 0;
     for (const std::string& file : ReadListFile(path)) {
         if (!Pulse()) break;
@@ -67,7 +66,7 @@ void ListBuilder::ReadList(const std::string& path) {
     }
     if (number == 0) {
         rows_.Clear();
-        rows_.AddBack(BrowsingCD ? needs_.state.CurrentPath : needs_.settings.values.MediaDir);
+        rows_.AddBack(BrowsingCD ? needs_.state.CurrentPath : needs_.MediaDir());
         rows_.AddNotice("<No Valid Filenames in the Playlist>");
     }
     Finish();

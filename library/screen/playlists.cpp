@@ -187,11 +187,12 @@ void playlists::SetButton(BrowserButton button, const std::string& picture) {
 void playlists::ShowToolFrame(bool open) {
     const int shut = bottomBar_.y();
     const int travel = toolFrame_.height();
+    const QRect track(toolFrame_.x(), shut - travel, toolFrame_.width(), travel);
     toolFrame_.show();
     for (int step = 1; step <= SlideSteps; ++step) {
         const int out = open ? step : SlideSteps - step;
         toolFrame_.move(toolFrame_.x(), shut - travel * out / SlideSteps);
-        repaint();
+        repaint(track);
         context_.clock.Sleep(SlideStepMs);
     }
     toolFrame_.setVisible(open);

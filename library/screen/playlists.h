@@ -38,6 +38,8 @@ class playlists : public QWidget, private BrowserView {
     void DoLayout();
     void switchingform() { browser_.switchingform(); }
     void Hide() { hide(); }
+    /// The screen goes; `osShutdown` when the operating system closes it.
+    void Form_Unload(bool osShutdown) { browser_.Form_Unload(osShutdown); }
     bool Form_KeyDown(const std::string& code) { return browser_.Form_KeyDown(code); }
 
   protected:

@@ -233,6 +233,13 @@ TEST_F(BrowserKeys, HomeForgetsThePlayerItCameFrom) {
     EXPECT_FALSE(state.FromPlayer);
 }
 
+TEST_F(BrowserKeys, AnUnloadByTheSystemIsLogged) {
+    browser().ReShow();
+    browser().Form_Unload(true);
+    EXPECT_TRUE(core.Logged("form unloaded by administrative request - os shutdown"));
+    EXPECT_EQ(core.screens.CurrentForm, "");
+}
+
 TEST_F(BrowserKeys, ResumeNeedsAListAndShowsWhatPlays) {
     browser().ReShow();
     browser().Resume();

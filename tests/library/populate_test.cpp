@@ -83,6 +83,16 @@ TEST_F(Populate, ASubfolderLeadsBackAndSaysSoWhenItIsEmpty) {
     EXPECT_THAT(Pictures(), ElementsAre("back.gif", "folder.gif", "alert.gif"));
 }
 
+TEST_F(Populate, ASeparatorAfterTheMediaFolderMakesNoDifference) {
+    Media("a/x.mp3");
+    core.settings.values.MediaDir = state.CurrentPath = media + "/";
+    browser().ReShow();
+    Choose("a");
+    EXPECT_EQ(list.Row(0).descriptor, "PATH:" + media);
+    Choose("<...>");
+    EXPECT_EQ(view.title, "Browse By Directory ");
+}
+
 TEST_F(Populate, ADriveIsEnteredAndLeftForTheMediaFolder) {
     disk.Write("stick/song.mp3", "x");
     disk.MakeFolder("stick/more");

@@ -251,10 +251,13 @@ TEST_F(RunOk, HistoryIsNotWalkedWhenItIsOffOrTheCatalogueIsNotReady) {
     browser().ReShow();
     EXPECT_EQ(state.CurrentPath, media);
     known.state = DBStateValue::OnLine;
+    browser().ReShow();
+    EXPECT_EQ(state.CurrentPath, media) << "the wish lasts for one entry";
+    state.RestoreHistory = true;
     core.settings.values.UseBrowseHistory = false;
     browser().ReShow();
     EXPECT_EQ(state.CurrentPath, media);
-    core.settings.values.UseBrowseHistory = true;
+    state.RestoreHistory = core.settings.values.UseBrowseHistory = true;
     browser().ReShow();
     EXPECT_EQ(state.CurrentPath, media + "/a");
 }
