@@ -1,5 +1,6 @@
 // The lists of folders, discs and drives.
 #include "tests/library/browser_fixture.h"
+#include "tests/library/tag_bytes.h"
 
 namespace vk {
 namespace {
@@ -30,6 +31,15 @@ TEST_F(Populate, FoldersComeBeforeFilesEachInOrder) {
     EXPECT_THAT(Pictures(), ElementsAre("hdd_icon.gif", "folder.gif", "folder.gif", "wmafile.gif",
                                         "mp3.gif", "movie.gif", "playlist.gif"));
     EXPECT_EQ(view.title, "Browse By Directory ");
+}
+
+TEST_F(Populate, AudioFilesShowTheirTagsOthersTheirNames) {
+    Media("x.mp3", std::string(200, 'x') + test::ID3v1("So What", "Miles Davis"));
+    Media("Band - Film.avi", test::ID3v1("not", "asked"));
+    core.volumes.drives.clear();
+    browser().ReShow();
+    EXPECT_THAT(Texts(), ElementsAre("Band - Film", "Miles Davis - So What"));
+    EXPECT_EQ(list.Row(1).second, "So What");
 }
 
 TEST_F(Populate, RowsAreNumberedOnRequest) {

@@ -1,0 +1,25 @@
+// What the browser takes from files and settings: list lines, descriptors and the stored history.
+#include "library/browser/browse_history.h"
+#include "library/descriptor.h"
+#include "library/list_file.h"
+
+#include <cstdint>
+#include <cstdlib>
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const std::string text(reinterpret_cast<const char*>(data), size);
+    for (const std::string& line : vk::ListLines(text)) {
+        if (line.empty() || line.find_first_of("\r\n") != std::string::npos) std::abort();
+        if (vk::ResolveListEntry(line, "/nowhere").starts_with("/nowhere")) std::abort();
+    }
+    const vk::RowDescriptor row = vk::SplitDescriptor(text);
+    if (text.find(':') != std::string::npos && row.kind + ":" + row.Rest() != text) std::abort();
+    std::string rest = text;
+    auto elements = vk::SplitHistory(text);
+    while (!elements.empty()) {
+        if (vk::PopHistory(rest) != elements.back()) std::abort();
+        elements.pop_back();
+    }
+    if (!rest.empty()) std::abort();
+    return 0;
+}
