@@ -137,7 +137,9 @@ bool DialogOverlay::MoveMark(int dx, int dy) {
     int bestDistance = 0;
     for (std::size_t i = 0; i < cells_.size(); ++i) {
         const int distance = Distance(from, cells_[i].box, dx, dy);
-        if (!cells_[i].byKeys || distance < 0 || (best >= 0 && distance >= bestDistance)) continue;
+        if (!cells_[i].byKeys || !cells_[i].usable || distance < 0 ||
+            (best >= 0 && distance >= bestDistance))
+            continue;
         best = static_cast<int>(i);
         bestDistance = distance;
     }
@@ -149,6 +151,7 @@ bool DialogOverlay::MoveMark(int dx, int dy) {
 
 void DialogOverlay::Activate(int cell) {
     if (cell < 0 || cell >= static_cast<int>(cells_.size())) return;
+    if (!cells_[static_cast<std::size_t>(cell)].usable) return;
     const auto act = cells_[static_cast<std::size_t>(cell)].act;
     const QPointer<DialogOverlay> alive(this);
     act();
@@ -168,7 +171,10 @@ void DialogOverlay::mousePressEvent(QMouseEvent* event) {
     const QPoint point = event->position().toPoint();
     pressed_ = CellAt(point);
     pressOnContent_ = pressed_ < 0 && panel_.contains(point);
-    if (pressed_ >= 0 && cells_[static_cast<std::size_t>(pressed_)].byKeys) marked_ = pressed_;
+    if (pressed_ >= 0) {
+        const DialogCell& cell = cells_[static_cast<std::size_t>(pressed_)];
+        if (cell.byKeys && cell.usable) marked_ = pressed_;
+    }
     if (pressOnContent_) PressContent(point);
     update();
 }

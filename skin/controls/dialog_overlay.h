@@ -19,6 +19,7 @@ struct DialogCell {
     QString caption;
     std::function<void()> act;
     bool byKeys = true; ///< the arrows reach it
+    bool usable = true; ///< false: drawn pale, it does nothing
 };
 
 /// One open dialog. Made on the heap as the host's child.

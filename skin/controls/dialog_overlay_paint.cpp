@@ -46,11 +46,11 @@ void DialogOverlay::paintEvent(QPaintEvent*) {
 
 void DialogOverlay::DrawCell(QPainter& painter, int index) const {
     const DialogCell& cell = cells_[static_cast<std::size_t>(index)];
-    const bool chosen = index == marked_ || index == pressed_;
+    const bool chosen = cell.usable && (index == marked_ || index == pressed_);
     PlateLook plate;
     plate.ground = chosen ? look_.mark : look_.plate;
     plate.edge = chosen ? look_.text : look_.edge;
-    plate.text = chosen ? look_.markText : look_.text;
+    plate.text = !cell.usable ? look_.edge : chosen ? look_.markText : look_.text;
     plate.edgeWidth = chosen ? 3 : 1;
     DrawCaptionPlate(painter, cell.box, cell.caption, look_.Font(height()), plate);
 }

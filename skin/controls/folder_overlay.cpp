@@ -14,7 +14,9 @@ namespace vk {
 namespace {
 
 constexpr double ColumnPart = 0.27; // of the panel's width
-constexpr int LargestCaption = 3;   // lines
+constexpr double HintSize = 0.7;    // of the text's
+constexpr int CancelCell = 2;
+constexpr int LargestCaption = 3; // lines
 constexpr const char* Hint =
     "Up/Down: choose   Enter: open   Right: buttons   Left: back   Esc: cancel";
 
@@ -36,7 +38,7 @@ void FolderOverlay::LayOut() {
         QRect(inner.topLeft(),
               QSize(inner.width(), std::min(captionBlock_.Height(), LargestCaption * line)));
     pathBox_ = QRect(inner.left(), captionBox_.bottom() + gap / 2, inner.width(), line + gap / 2);
-    const int hint = QFontMetrics(look_.Font(height(), 0.6)).height();
+    const int hint = QFontMetrics(look_.Font(height(), HintSize)).height();
     hintBox_ = QRect(inner.left(), inner.bottom() + 1 - hint, inner.width(), hint);
     const QRect body(QPoint(inner.left(), pathBox_.bottom() + gap),
                      QPoint(inner.right(), hintBox_.top() - gap / 2));
@@ -55,12 +57,16 @@ void FolderOverlay::AddButtons(const QRect& column) {
     const auto line = [&](int index) {
         return QRect(column.left(), column.top() + index * (high + gap), column.width(), high);
     };
-    AddRow(line(0), {{{}, QStringLiteral("Select this folder"), [this] { Accept(); }}});
-    AddRow(line(1), {{{}, QStringLiteral("New folder"), [this] { NewFolder(); }}});
+    const bool inFolder = !rows_.Path().empty();
+    const auto page = [this](int pages) {
+        return [this, pages] { ScrollTo(first_ + pages * VisibleRows()); };
+    };
+    AddRow(line(0),
+           {{{}, QStringLiteral("Select this folder"), [this] { Finish(true); }, true, inFolder}});
+    AddRow(line(1), {{{}, QStringLiteral("New folder"), [this] { NewFolder(); }, true, inFolder}});
     AddRow(line(2), {{{}, QStringLiteral("Cancel"), [this] { Finish(false); }}});
-    AddRow(line(3),
-           {{{}, QStringLiteral("\u25B2"), [this] { ScrollTo(first_ - VisibleRows()); }, false},
-            {{}, QStringLiteral("\u25BC"), [this] { ScrollTo(first_ + VisibleRows()); }, false}});
+    AddRow(line(3), {{{}, QStringLiteral("\u25B2"), page(-1), false},
+                     {{}, QStringLiteral("\u25BC"), page(1), false}});
 }
 
 int FolderOverlay::VisibleRows() const {
@@ -99,7 +105,7 @@ bool FolderOverlay::ListKey(int key) {
         Select(selected_ + VisibleRows());
         return true;
     case Qt::Key_Right:
-        marked_ = 0;
+        marked_ = cells_.front().usable ? 0 : CancelCell;
         return true;
     case Qt::Key_Return:
     case Qt::Key_Enter:
@@ -119,16 +125,12 @@ void FolderOverlay::EnterRow() {
     const auto found = std::find_if(rows.begin(), rows.end(),
                                     [&](const FolderRow& row) { return row.path == left; });
     const bool up = found != rows.end() && !left.empty() && found->caption != "<...>";
+    LayOut();
     first_ = 0;
     Select(up ? static_cast<int>(found - rows.begin()) : 0);
 }
 
-void FolderOverlay::Accept() {
-    if (!rows_.Path().empty()) Finish(true);
-}
-
 void FolderOverlay::NewFolder() {
-    if (rows_.Path().empty()) return;
     const QPointer<FolderOverlay> alive(this);
     const auto name = dialogs_.InputBox("Name of the new folder:", "New folder", "");
     if (!alive || !name) return;
@@ -184,7 +186,7 @@ void FolderOverlay::DrawHead(QPainter& painter) const {
     const QRect box = pathBox_.adjusted(Gap(), 0, -Gap(), 0);
     painter.drawText(box, Qt::AlignVCenter,
                      QFontMetrics(font).elidedText(path, Qt::ElideMiddle, box.width()));
-    painter.setFont(look_.Font(height(), 0.6));
+    painter.setFont(look_.Font(height(), HintSize));
     painter.drawText(hintBox_, Qt::AlignCenter, QString::fromLatin1(Hint));
 }
 

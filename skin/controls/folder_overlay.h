@@ -36,7 +36,6 @@ class FolderOverlay : public DialogOverlay {
     void Select(int row);
     void ScrollTo(int first);
     void EnterRow();
-    void Accept();
     void NewFolder();
     void DrawHead(QPainter& painter) const;
     void DrawRow(QPainter& painter, int row) const;

@@ -78,7 +78,15 @@ class UCListBox : public QWidget {
         QColor first, second, shadow;
         bool bright = false; ///< selected or highlighted: with a shadow
     };
+    /// Both texts as far as there is room; `firstWidth` in pixels.
+    struct RowTexts {
+        QString first, second;
+        int firstWidth = 0;
+    };
     bool IsSelectedRow(int row) const;
+    int TextRoom(int row) const;
+    RowTexts TextsOf(int row, const QFontMetrics& metrics) const;
+    QSize ArrowBox() const;
     RowLook LookOf(int row) const;
     QRect RowRect(int row) const;
     int StripAt(QPoint point) const;

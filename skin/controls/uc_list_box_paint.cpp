@@ -11,8 +11,8 @@ namespace vk {
 
 namespace {
 
-constexpr int PlateAlpha = 44;           // of 255: the text on the plate must stay readable
-constexpr double LargestFirstPart = 0.6; // of the width, when both texts are too long
+constexpr int PlateAlpha = 44;         // of 255: the text on the plate must stay readable
+constexpr double LeastFirstPart = 0.5; // of the width, when both texts together are too long
 
 } // namespace
 
@@ -84,30 +84,49 @@ void UCListBox::DrawSelection(QPainter& painter, int row) const {
     painter.fillRect(0, lower, width(), topRow ? 2 * thick : thick, colour);
 }
 
+// The strips' arrows stand on the first and the last row of a page.
+int UCListBox::TextRoom(int row) const {
+    const int room = width() - 2 * model_.TextHeight - model_.TextHeight / 4;
+    const int top = model_.TopRow();
+    const int last = top + model_.iMaxVis - 1;
+    const bool up = row == top && top > 0;
+    const bool down = row == last && last + 1 < model_.ItemCount();
+    if (!context_.settings.bTSModeEnabled || !(up || down)) return room;
+    return room - context_.pictures.Picture(up ? arrowUp_ : arrowDown_, ArrowBox()).width();
+}
+
+UCListBox::RowTexts UCListBox::TextsOf(int row, const QFontMetrics& metrics) const {
+    const int room = TextRoom(row);
+    QString first = ToQString(model_.ShownFirst(row));
+    const QString second = ToQString(model_.Row(row).second);
+    const int wish = room - metrics.horizontalAdvance(second);
+    const int part = std::max(wish, static_cast<int>(room * LeastFirstPart));
+    if (!second.isEmpty() && metrics.horizontalAdvance(first) > part) {
+        const QString dash = QStringLiteral(" - ");
+        const QString end = first.endsWith(dash) ? dash : QString();
+        first.chop(end.size());
+        first = metrics.elidedText(first, Qt::ElideRight, part - metrics.horizontalAdvance(end));
+        first += end;
+    }
+    first = metrics.elidedText(first, Qt::ElideRight, room);
+    const int after = metrics.horizontalAdvance(first);
+    return {first, metrics.elidedText(second, Qt::ElideRight, room - after), after};
+}
+
 void UCListBox::DrawText(QPainter& painter, int row) const {
     const int h = model_.TextHeight;
     const QFontMetrics metrics = painter.fontMetrics();
-    const int x = 2 * h;
-    const int room = width() - x - h / 4;
-    QString first = ToQString(model_.ShownFirst(row));
-    const QString whole = ToQString(model_.Row(row).second);
-    const bool crowded = !whole.isEmpty() &&
-                         metrics.horizontalAdvance(first) > room * LargestFirstPart &&
-                         metrics.horizontalAdvance(first) + metrics.horizontalAdvance(whole) > room;
-    first = metrics.elidedText(first, Qt::ElideRight,
-                               crowded ? static_cast<int>(room * LargestFirstPart) : room);
-    const int after = metrics.horizontalAdvance(first);
-    const QString second = metrics.elidedText(whole, Qt::ElideRight, room - after);
-    const int baseline = (row - model_.TopRow()) * model_.RowHeight + metrics.ascent();
+    const RowTexts texts = TextsOf(row, metrics);
     const RowLook look = LookOf(row);
-    const auto print = [&](QPoint at, const QColor& firstColour, const QColor& secondColour) {
-        painter.setPen(firstColour);
-        painter.drawText(at, first);
-        painter.setPen(secondColour);
-        painter.drawText(at + QPoint(after, 0), second);
+    const auto print = [&](QPoint at, const QColor& first, const QColor& second) {
+        painter.setPen(first);
+        painter.drawText(at, texts.first);
+        painter.setPen(second);
+        painter.drawText(at + QPoint(texts.firstWidth, 0), texts.second);
     };
-    if (look.bright) print({x + h / 10, baseline + h / 15}, look.shadow, look.shadow);
-    print({x, baseline}, look.first, look.second);
+    const QPoint origin(2 * h, (row - model_.TopRow()) * model_.RowHeight + metrics.ascent());
+    if (look.bright) print(origin + QPoint(h / 10, h / 15), look.shadow, look.shadow);
+    print(origin, look.first, look.second);
 }
 
 void UCListBox::DrawRowPicture(QPainter& painter, int row) {
@@ -122,17 +141,20 @@ void UCListBox::DrawRowPicture(QPainter& painter, int row) {
     painter.drawPixmap(h / 5, y - h / 15 + rowHeight / 15, iconPicture(shown.icon, {side, side}));
 }
 
+// The box begins at a quarter of the width.
+QSize UCListBox::ArrowBox() const {
+    return {width() - width() / 4, height() / 15};
+}
+
 void UCListBox::DrawArrows(QPainter& painter) {
     const int top = model_.TopRow();
     if (top > 0) DrawArrow(painter, arrowUp_, true);
     if (top + model_.iMaxVis < model_.ItemCount()) DrawArrow(painter, arrowDown_, false);
 }
 
-// The box begins at a quarter of the width; the picture stands at its right end, where the strip
-// answers to touches.
+// The picture stands at the right end of its box, where the strip answers to touches.
 void UCListBox::DrawArrow(QPainter& painter, const std::string& picture, bool up) {
-    const QSize box(width() - width() / 4, height() / 15);
-    const QPixmap arrow = context_.pictures.Picture(picture, box);
+    const QPixmap arrow = context_.pictures.Picture(picture, ArrowBox());
     const int y = up ? 0 : height() - arrow.height();
     painter.drawPixmap(width() - arrow.width(), y, arrow);
 }

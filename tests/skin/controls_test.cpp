@@ -1,0 +1,270 @@
+#include "skin/controls/black_background.h"
+#include "skin/controls/looks.h"
+#include "skin/controls/menu_icon.h"
+#include "skin/controls/shaded_label.h"
+#include "skin/controls/touch_button.h"
+#include "skin/controls/uc_blit_box.h"
+#include "skin/controls/uc_scroll_text.h"
+#include "tests/skin/controls_fixture.h"
+
+#include <gtest/gtest.h>
+
+namespace vk {
+namespace {
+
+struct ControlsTest : testing::Test, test::ControlsFixture {
+    static void Click(QWidget& widget, QPoint release) {
+        test::Press(widget, {5, 5});
+        test::Release(widget, release);
+    }
+};
+
+constexpr SkinColour White{0xFFFFFF};
+
+TEST_F(ControlsTest, FontsAreInPixelsOfTheSkinsScale) {
+    const SkinFont font{"DejaVu Sans", true, true, 18};
+    EXPECT_EQ(ToQFont(font).pixelSize(), 24);
+    EXPECT_EQ(ToQFont(font, 0.5).pixelSize(), 12);
+    EXPECT_EQ(ToQFont(font, 0).pixelSize(), 24) << "no scale was computed";
+    EXPECT_TRUE(ToQFont(font).bold());
+    EXPECT_TRUE(ToQFont(font).italic());
+    EXPECT_EQ(ToQFont({"DejaVu Sans", false, false, -3}).pixelSize(), 6);
+    EXPECT_EQ(ToQColor({0x010203}).rgb(), 0xFF030201u);
+    EXPECT_EQ(ToQString("\xE9t\xE9"), QString::fromUtf8("\xC3\xA9t\xC3\xA9"));
+    EXPECT_NEAR(Contrast(Qt::black, Qt::white), 21, 0.01);
+    EXPECT_EQ(ReadableOn(Qt::yellow), QColor(Qt::black));
+    EXPECT_EQ(ReadableOn(Qt::darkBlue), QColor(Qt::white));
+}
+
+TEST_F(ControlsTest, PicturesAreKeptUntilAnotherSkinIsLoaded) {
+    Picture("a.png", {10, 10}, 0xFF111111);
+    const auto colour = [this] {
+        return pictures.Picture("a.png", {40, 20}).toImage().pixel(0, 0);
+    };
+    EXPECT_EQ(pictures.Picture("a.png", {40, 20}).size(), QSize(20, 20));
+    EXPECT_EQ(pictures.Picture("a.png", {40, 20}, PictureFit::Stretch).size(), QSize(40, 20));
+    Picture("a.png", {10, 10}, 0xFF222222);
+    EXPECT_EQ(colour(), 0xFF111111);
+    skin.LoadSkin();
+    EXPECT_EQ(colour(), 0xFF222222);
+    EXPECT_TRUE(pictures.Picture("none.png", {40, 20}).isNull());
+    EXPECT_TRUE(pictures.Has("a.png"));
+    EXPECT_FALSE(pictures.Has(""));
+}
+
+TEST_F(ControlsTest, BrokenHugeAndStrangePicturesLeaveTheBoxEmpty) {
+    UCBlitBox box(&host);
+    box.resize(100, 100);
+    const std::string good = Picture("good.png", {200, 50}, 0xFF00FE00);
+    EXPECT_TRUE(box.ShowPic(good));
+    EXPECT_EQ(Count(Drawn(box), 0xFF00FE00), 100 * 25);
+    box.resize(200, 100);
+    EXPECT_EQ(Count(Drawn(box), 0xFF00FE00), 200 * 50);
+    const std::string bytes = app.Read("skins/My/good.png");
+    // A whole picture of 20 million black pixels, https://netpbm.sourceforge.net/doc/pbm.html
+    const std::string huge = "P4\n5000 4000\n" + std::string(5000 / 8 * 4000, '\xFF');
+    for (const std::string& path :
+         {app.Write("cut.png", bytes.substr(0, 40)), app.Write("huge.pbm", huge),
+          app.Write("text.jpg", "no picture"), app.Write("empty.gif", ""), app.File("missing.png"),
+          app.Path(), std::string("/dev/zero"), std::string()}) {
+        EXPECT_FALSE(box.ShowPic(path)) << path;
+        EXPECT_EQ(Count(Drawn(box), 0xFF00FE00), 0) << path;
+    }
+}
+
+TEST_F(ControlsTest, LargeJpegsAreReadSmall) {
+    const std::string path = app.File("large.jpg");
+    QImage large(5000, 4000, QImage::Format_RGB32); // more than is decoded whole
+    large.fill(Qt::red);
+    large.save(QString::fromStdString(path));
+    EXPECT_EQ(LoadPicture(path, {100, 100}, PictureFit::Keep).size(), QSize(100, 80));
+}
+
+struct ScrollTextTest : ControlsTest {
+    ScrollTextTest() {
+        line.setGeometry(0, 0, 300, 60);
+        line.show();
+    }
+    void Show(const std::string& text) {
+        line.ScrollText(text, White, Qt::black, {"DejaVu Sans", false, false, 20});
+    }
+    UCScrollText line{context, &host};
+};
+
+TEST_F(ScrollTextTest, AFittingTextStandsInTheMiddle) {
+    line.SetBackground("back.png");
+    Show("Short");
+    const QImage before = Drawn(line);
+    clock.Advance(1000);
+    EXPECT_EQ(line.Position(), 0);
+    EXPECT_EQ(Drawn(line), before);
+    int left = 300;
+    int right = 0;
+    for (int x = 0; x < 300; ++x)
+        if (Count(before.copy(x, 0, 1, 60), 0xFFFFFFFF) > 0) {
+            left = std::min(left, x);
+            right = std::max(right, x);
+        }
+    EXPECT_NEAR(left, 299 - right, 6);
+    EXPECT_NEAR(right - left, line.TestFitGetX("Short", {"DejaVu Sans", false, false, 20}), 8);
+    EXPECT_EQ(before.pixel(0, 0), test::Ground);
+}
+
+TEST_F(ScrollTextTest, ALongTextRunsAPixelEachFifteenMilliseconds) {
+    Show(std::string(60, 'm'));
+    EXPECT_GT(line.GetLabelSizeX(), 300);
+    const QImage before = Drawn(line);
+    clock.Advance(150);
+    EXPECT_EQ(line.Position(), -10);
+    EXPECT_NE(Drawn(line), before);
+    line.hide();
+    clock.Advance(150);
+    EXPECT_EQ(line.Position(), -10);
+    line.show();
+    clock.Advance(15);
+    EXPECT_EQ(line.Position(), -11);
+    Show("Short");
+    EXPECT_EQ(line.Position(), 0);
+}
+
+TEST_F(ScrollTextTest, TheTextComesRoundWithoutAJump) {
+    Show(std::string(30, 'm'));
+    const QImage first = Drawn(line);
+    int steps = 0;
+    do {
+        clock.Advance(15);
+        ++steps;
+    } while (line.Position() < -1 || steps == 1);
+    EXPECT_GT(steps, line.GetLabelSizeX());
+    clock.Advance(15 * (steps - 2));
+    EXPECT_EQ(Drawn(line), first);
+}
+
+TEST_F(ScrollTextTest, WithoutAnimationALongTextIsCut) {
+    settings.values.UseAnimation = false;
+    Show(std::string(100000, 'm'));
+    EXPECT_LE(line.GetLabelSizeX(), 300);
+    clock.Advance(100);
+    EXPECT_EQ(line.Position(), 0);
+    EXPECT_EQ(line.Text().size(), 100000u);
+}
+
+TEST_F(ControlsTest, AMenuIconShowsItsStateAndAnswersToTouch) {
+    Picture("plain.png", {10, 10}, 0xFF000051);
+    Picture("chosen.png", {10, 10}, 0xFF000052);
+    MenuIconData data;
+    data.name = "Audio";
+    data.icontop = 0.5;
+    data.iconleft = 0.25;
+    data.iconheight = 0.2;
+    data.iconwidth = 0.1;
+    data.iconpictureunsel = "plain.png";
+    data.iconpicturesel = "chosen.png";
+    data.function = "1";
+    data.of_right = 3;
+    MenuIcon icon(context, data, &host);
+    icon.Place({800, 480});
+    EXPECT_EQ(icon.geometry(), QRect(200, 240, 80, 96));
+    EXPECT_EQ(icon.LoadedFunction, "1");
+    EXPECT_EQ(icon.of_right, 3);
+    EXPECT_EQ(icon.of_left, 0);
+    EXPECT_EQ(Count(Drawn(icon), 0xFF000051), 80 * 96);
+    icon.SetSelected(true);
+    EXPECT_EQ(Count(Drawn(icon), 0xFF000052), 80 * 96);
+    int clicks = 0;
+    icon.onClick = [&] { ++clicks; };
+    Click(icon, {200, 5});
+    EXPECT_EQ(clicks, 0) << "the finger slid away";
+    Click(icon, {6, 6});
+    EXPECT_EQ(clicks, 1);
+    icon.SelectedPic = "missing.png";
+    EXPECT_GT(Count(Drawn(icon), test::Marking), 80 * 96 / 2) << "a plate stands in";
+}
+
+TEST_F(ControlsTest, ATouchButtonKeepsItsPictureAndTellsPressReleaseAndClick) {
+    Picture("play.png", {50, 50}, 0xFF000061);
+    Picture("playsel.png", {50, 50}, 0xFF000062);
+    TouchButton button(context, &host);
+    button.resize(120, 80);
+    button.show();
+    button.SetPicture("play.png");
+    button.SetPicture("missing.png");
+    EXPECT_EQ(button.Picture(), "play.png");
+    EXPECT_EQ(Count(Drawn(button), 0xFF000061), 80 * 80);
+    button.SetPressedPicture("playsel.png");
+    std::string calls;
+    button.onPress = [&] {
+        calls += 'p';
+        EXPECT_EQ(Count(Drawn(button), 0xFF000062), 80 * 80);
+    };
+    button.onRelease = [&] { calls += 'r'; };
+    button.onClick = [&] { calls += 'c'; };
+    Click(button, {6, 6});
+    Click(button, {600, 6});
+    test::Press(button, {5, 5});
+    button.hide();
+    EXPECT_EQ(calls, "prcprpr");
+    EXPECT_EQ(button.focusPolicy(), Qt::NoFocus);
+    TouchButton bare(context, &host);
+    bare.resize(120, 80);
+    const QImage empty = Drawn(bare);
+    bare.SetCaption("Next");
+    EXPECT_NE(Drawn(bare), empty);
+}
+
+TEST_F(ControlsTest, ALabelCutsWrapsShrinksAndStandsOnItsGround) {
+    ShadedLabel label(&host);
+    label.resize(200, 60);
+    label.SetLook({"DejaVu Sans", false, false, 18}, White, skin.data());
+    label.SetGround(QColor::fromRgb(test::Ground));
+    label.SetText("A text that is far too long for the label");
+    const QImage cut = Drawn(label);
+    EXPECT_GT(Count(cut, test::Ground), 200 * 60 / 2);
+    label.SetWrap(true);
+    const QImage wrapped = Drawn(label);
+    EXPECT_NE(wrapped, cut);
+    label.SetShrink(0.3);
+    EXPECT_NE(Drawn(label), wrapped);
+    label.SetShadow(Qt::red);
+    EXPECT_GT(Count(Drawn(label), 0xFFFF0000), 5);
+    int clicks = 0;
+    Click(label, {6, 6});
+    label.onClick = [&] { ++clicks; };
+    Click(label, {6, 6});
+    EXPECT_EQ(clicks, 1);
+    EXPECT_GT(label.sizeHint().width(), 200);
+}
+
+TEST_F(ControlsTest, TheLoadingBarFollowsTheStart) {
+    BlackBackground black(screens, skin, &host);
+    const auto bar = [&] { return Drawn(black).copy(0, 422, 800, 20); };
+    black.Load();
+    EXPECT_EQ(screens.CurrentForm, "BlackBackground");
+    EXPECT_TRUE(black.isVisible());
+    EXPECT_EQ(black.size(), host.size());
+    const QImage empty = bar();
+    black.InitProgress(0, 13);
+    EXPECT_EQ(black.Range(), 14);
+    EXPECT_DOUBLE_EQ(black.Filled(), 1.0 / 14);
+    black.InitProgress(5, 1);
+    EXPECT_EQ(black.Range(), 4);
+    black.SetProgress(2);
+    EXPECT_DOUBLE_EQ(black.Filled(), 0.5);
+    const QImage half = bar();
+    EXPECT_NE(half, empty);
+    black.SetProgressToMax();
+    EXPECT_DOUBLE_EQ(black.Filled(), 1);
+    EXPECT_NE(bar(), half);
+    black.SetProgress(99);
+    EXPECT_DOUBLE_EQ(black.Filled(), 1);
+    black.ClearScreen();
+    EXPECT_EQ(bar(), empty);
+    EXPECT_EQ(black.Range(), 14);
+    screens.Add("BlackBackground", black);
+    EXPECT_FALSE(screens.Current()->Form_KeyDown("13"));
+    screens.Current()->Hide();
+    EXPECT_TRUE(black.isVisible()) << "it stays behind the others";
+}
+
+} // namespace
+} // namespace vk
