@@ -1,6 +1,7 @@
 #include "skin/controls/folder_overlay.h"
 
 #include "skin/controls/looks.h"
+#include "skin/controls/plate.h"
 
 #include <QKeyEvent>
 #include <QPainter>
@@ -15,10 +16,11 @@ namespace {
 
 constexpr double ColumnPart = 0.27; // of the panel's width
 constexpr double HintSize = 0.7;    // of the text's
+constexpr double SmallestHint = 0.6;
 constexpr int CancelCell = 2;
 constexpr int LargestCaption = 3; // lines
 constexpr const char* Hint =
-    "Up/Down: choose   Enter: open   Right: buttons   Left: back   Esc: cancel";
+    "Up/Down: choose   Enter: open   Right: buttons   Left: list   Esc: cancel";
 
 } // namespace
 
@@ -186,8 +188,10 @@ void FolderOverlay::DrawHead(QPainter& painter) const {
     const QRect box = pathBox_.adjusted(Gap(), 0, -Gap(), 0);
     painter.drawText(box, Qt::AlignVCenter,
                      QFontMetrics(font).elidedText(path, Qt::ElideMiddle, box.width()));
-    painter.setFont(look_.Font(height(), HintSize));
-    painter.drawText(hintBox_, Qt::AlignCenter, QString::fromLatin1(Hint));
+    const QString hint = QString::fromLatin1(Hint);
+    painter.setFont(FittingFont(look_.Font(height(), HintSize), hint, hintBox_.size(),
+                                Qt::AlignCenter, SmallestHint));
+    painter.drawText(hintBox_, Qt::AlignCenter, hint);
 }
 
 void FolderOverlay::DrawRow(QPainter& painter, int row) const {
