@@ -2,6 +2,7 @@
 #include "core/menu/main_menu.h"
 #include "core/text.h"
 #include "platform/files.h"
+#include "playback/resume.h"
 
 namespace vk {
 
@@ -61,24 +62,13 @@ bool MainMenu::DiscMatches(std::int32_t serial) const {
 }
 
 void MainMenu::StartAudio() {
-    const std::string list = n_.settings.File("vk_audio.m3u");
     const auto number = [&](const char* key) {
         return n_.settings.Read("audio_player", key, IniType::Long).Long();
     };
-    const std::int32_t track = number("currenttrack");
-    const std::int32_t serial = number("volumeserial");
-    if (FileLength(list) == 0 || n_.settings.values.MediaDir == "none" || track == 0 ||
-        !DiscMatches(serial))
+    if (FileLength(n_.settings.File(AudioListName)) == 0 || n_.settings.values.MediaDir == "none" ||
+        number("currenttrack") == 0 || !DiscMatches(number("volumeserial")) ||
+        PrepareResume(n_.settings, n_.volumes, n_.audio) != ResumeResult::Ready)
         return OpenBrowser(ListFromMenu);
-    AudioState& audio = n_.audio;
-    audio.PlayMode = PlayAudio;
-    audio.ResumePosition = number("CurrentPosition");
-    audio.ListTitle = n_.settings.Read("audio_player", "currentplaylist");
-    audio.TrackToSelect = static_cast<std::int16_t>(track + 1);
-    audio.ListFile = list;
-    audio.VolumeSerial = serial;
-    audio.bResuming = n_.settings.values.DoResume;
-    audio.bStartPlaying = true;
     if (!Leave("playmp3")) Message("The audio player is not available.");
 }
 

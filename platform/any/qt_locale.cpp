@@ -28,10 +28,13 @@ std::string QtLocaleInfo::MediumDate(const DateTime& when) const {
         .toStdString();
 }
 
+// Some locales have the seconds in their short form; clocks here are not written every second.
 std::string QtLocaleInfo::ShortTime(const DateTime& when) const {
-    return QLocale::system()
-        .toString(QTime(when.hour, when.minute, when.second), QLocale::ShortFormat)
-        .toStdString();
+    const QLocale locale = QLocale::system();
+    QString format = locale.timeFormat(QLocale::ShortFormat);
+    for (const char* seconds : {":ss", ".ss", ":s"})
+        format.remove(QLatin1String(seconds));
+    return locale.toString(QTime(when.hour, when.minute, when.second), format).toStdString();
 }
 
 } // namespace vk

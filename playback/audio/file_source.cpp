@@ -2,6 +2,7 @@
 
 #include "core/text.h"
 #include "platform/files.h"
+#include "platform/paths.h"
 #include "playback/audio/busy_guard.h"
 
 #include <algorithm>
@@ -48,6 +49,11 @@ void FileSource::ReadList() {
     if (n_.audio.ListTitle.empty()) n_.audio.ListTitle = list.title;
     const auto last = static_cast<std::int32_t>(list.tracks.size()) - 1;
     n_.audio.CurrentTrack = std::clamp(n_.audio.CurrentTrack, 0, std::max(0, last));
+    // A resumed list without a name is called after the folder of its track.
+    if (n_.audio.ListTitle.empty() && last >= 0) {
+        const auto& track = list.tracks[static_cast<std::size_t>(n_.audio.CurrentTrack)];
+        n_.audio.ListTitle = ReplaceAll(ToUtf8(FileNameOf(FolderOf(track.path))), "_", " ");
+    }
     n_.rows.Load(std::move(list.tracks), n_.audio.CurrentTrack);
     n_.view.ShowListTitle(n_.audio.ListTitle);
     n_.view.ShowLoading("");

@@ -124,7 +124,10 @@ void settings::DrawRows() {
     const SkinData& skin = context_.skin.data();
     const SkinFont font =
         skin.Listtextfont.size > 0 ? skin.Listtextfont : SkinFont{"DejaVu Sans", false, false, 18};
-    const QColor ground = ToQColor(OrElse(skin.HeadingBarBackgroundClr, 0x403020));
+    const QColor back = ToQColor(skin.ClockBackgroundClr);
+    const QColor ground = back.lightness() > 127  ? back.darker(115)
+                          : back.lightness() < 12 ? QColor(48, 56, 68)
+                                                  : back.lighter(170);
     const QColor chosen = ToQColor(OrElse(skin.ListSelectedBackgroundClr, 0x30A0FF));
     const SkinColour text = OrElse(skin.HeadingBarForegroundClr, 0xE8E8E8);
     for (std::size_t i = 0; i < rows_.size(); ++i) {
