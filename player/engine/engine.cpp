@@ -154,7 +154,7 @@ void Engine::Forget() {
 
 void Engine::PrepareNext() {
     preparedIndex_ = -1;
-    if (!opened_) return;
+    if (!opened_ || !advance_) return;
     const auto next = moved_ && list_.InRange()
                           ? std::optional(static_cast<std::size_t>(list_.Index()))
                           : list_.PeekNext();

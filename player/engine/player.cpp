@@ -39,7 +39,7 @@ class PollLoop {
   public:
     PollLoop(Instance& instance, const std::string& folder)
         : instance_(instance), output_([this](const OutputEvent& event) { events_.Post(event); },
-                                       SoundDeviceFound(SoundPlaces::OfEnvironment())),
+                                       FindSoundDevice(SoundPlaces::OfEnvironment())),
           engine_(output_, ReadPlayerSettings(JoinPath(folder, "winamp.ini")), SteadyNanoseconds,
                   std::random_device()()),
           server_(instance.Listener(),

@@ -40,9 +40,11 @@ SoundPlaces SoundPlaces::OfEnvironment() {
     return places;
 }
 
-bool SoundDeviceFound(const SoundPlaces& places) {
-    return !places.server.empty() || !places.alsaConfig.empty() || HasCard(places.cards) ||
-           FileExists(JoinPath(places.runtimeFolder, "pulse/native"));
+SoundDevice FindSoundDevice(const SoundPlaces& places) {
+    if (!places.server.empty() || FileExists(JoinPath(places.runtimeFolder, "pulse/native")))
+        return SoundDevice::Server;
+    const bool card = !places.alsaConfig.empty() || HasCard(places.cards);
+    return card ? SoundDevice::Card : SoundDevice::None;
 }
 
 } // namespace vk

@@ -15,7 +15,13 @@ struct SoundPlaces {
     static SoundPlaces OfEnvironment();
 };
 
-/// True when a card, a sound server or a configured device is there.
-bool SoundDeviceFound(const SoundPlaces& places);
+/// What there is to play on.
+enum class SoundDevice {
+    None,
+    Card,  ///< a card, or a device that somebody configured; it may take one stream alone
+    Server ///< a sound server, which mixes streams
+};
+
+SoundDevice FindSoundDevice(const SoundPlaces& places);
 
 } // namespace vk

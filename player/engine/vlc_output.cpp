@@ -2,7 +2,6 @@
 
 #include "player/engine/vlc_media.h"
 
-#include <array>
 #include <cmath>
 #include <utility>
 #include <vector>
@@ -11,19 +10,37 @@ namespace vk {
 
 namespace {
 
+using namespace std::chrono_literals;
+
 constexpr int ParseTimeoutMs = 5000;
 // VLC's equaliser takes 12 dB off its input: this preamplifier value is what leaves sound as it is.
 constexpr float FlatPreamp = 12.0f;
+// So long before the end the other deck opens the next file…
+constexpr std::int64_t ArmMs = 3000;
+// …and so long before it is let go: what a paused stream takes to sound again.
+constexpr auto SwitchLead = 40ms;
+constexpr auto SettleTime = 400ms;
 
 // libVLC's scale is cubic in amplitude, 100 being full; ours is linear.
 int VlcVolume(int volume) {
     return static_cast<int>(std::lround(100.0 * std::cbrt(volume / 255.0)));
 }
 
+std::vector<const char*> Options(SoundDevice device) {
+    // avformat knows lengths at once and seeks where VLC's own readers guess.
+    std::vector<const char*> options{"--no-video", "--no-spu", "--no-osd", "--no-xlib",
+                                     "--no-stats", "--no-lua", "--quiet",  "--demux=avformat,any"};
+    // The null device swallows what was read ahead, so a track ends early by that much.
+    if (device == SoundDevice::None)
+        options.insert(options.end(),
+                       {"--aout=alsa", "--alsa-audio-device=null", "--file-caching=50"});
+    return options;
+}
+
 } // namespace
 
-VlcOutput::VlcOutput(std::function<void(const OutputEvent&)> sink, bool deviceFound)
-    : sink_(std::move(sink)), deviceFound_(deviceFound), worker_([this] { Work(); }) {}
+VlcOutput::VlcOutput(std::function<void(const OutputEvent&)> sink, SoundDevice device)
+    : sink_(std::move(sink)), device_(device), worker_([this] { Work(); }) {}
 
 VlcOutput::~VlcOutput() {
     Wish([](Wishes& wishes) { wishes.quit = true; });
@@ -73,94 +90,62 @@ void VlcOutput::SetEqualiser(const Equaliser& equaliser) {
     Wish([&](Wishes& wishes) { wishes.equaliser = equaliser; });
 }
 
+VlcOutput::Wishes VlcOutput::NextWishes() {
+    std::unique_lock lock(mutex_);
+    const auto due = SwitchDue();
+    const auto pending = [this] { return dirty_; };
+    if (due)
+        changed_.wait_until(lock, *due, pending);
+    else
+        changed_.wait(lock, pending);
+    dirty_ = false;
+    const Wishes wishes = wishes_;
+    wishes_.seekMs.reset();
+    wishes_.volume.reset();
+    wishes_.equaliser.reset();
+    wishes_.parsed = false;
+    return wishes;
+}
+
 void VlcOutput::Work() {
     OpenLibrary();
-    for (;;) {
-        std::unique_lock lock(mutex_);
-        changed_.wait(lock, [this] { return dirty_; });
-        dirty_ = false;
-        const Wishes wishes = wishes_;
-        wishes_.seekMs.reset();
-        wishes_.volume.reset();
-        wishes_.equaliser.reset();
-        lock.unlock();
-        if (wishes.quit) break;
+    for (Wishes wishes = NextWishes(); !wishes.quit; wishes = NextWishes()) {
+        if (!library_) {
+            // Nothing can be played: every track fails, so that the list comes to its end.
+            if (wishes.track != std::exchange(track_, wishes.track) && track_ != 0)
+                Emit(OutputEvent::Failed);
+            continue;
+        }
         Carry(wishes);
-        lock.lock();
-        const Notes notes = noted_ == track_ ? notes_ : Notes();
-        notes_.lengthChanged = notes_.parsed = false;
-        lock.unlock();
-        Heed(notes);
+        Heed(Deck().TakeNotes());
+        HeedStandby(Standby().TakeNotes());
+        SwitchWhenDue();
     }
-    if (player_) libvlc_media_player_stop(player_.get());
+    if (!library_) return;
+    for (auto& deck : decks_)
+        deck->Stop();
+    decks_ = {};
     prepared_.reset();
-    media_.reset();
-    player_.reset();
     library_.reset();
 }
 
 void VlcOutput::OpenLibrary() {
-    // avformat knows lengths at once and seeks where VLC's own readers guess.
-    std::vector<const char*> options{"--no-video", "--no-spu", "--no-osd", "--no-xlib",
-                                     "--no-stats", "--no-lua", "--quiet",  "--demux=avformat,any"};
-    // The null device swallows what was read ahead, so a track ends early by that much.
-    if (!deviceFound_)
-        options.insert(options.end(),
-                       {"--aout=alsa", "--alsa-audio-device=null", "--file-caching=50"});
+    const auto options = Options(device_);
     library_.reset(libvlc_new(static_cast<int>(options.size()), options.data()));
     if (!library_) return;
-    player_.reset(libvlc_media_player_new(library_.get()));
-    Attach();
-}
-
-void VlcOutput::Attach() {
-    constexpr std::array<libvlc_event_e, 5> Events{
-        libvlc_MediaPlayerPlaying, libvlc_MediaPlayerLengthChanged, libvlc_MediaPlayerTimeChanged,
-        libvlc_MediaPlayerEndReached, libvlc_MediaPlayerEncounteredError};
-    for (const libvlc_event_e type : Events)
-        libvlc_event_attach(libvlc_media_player_event_manager(player_.get()), type,
-                            &VlcOutput::OnVlcEvent, this);
-}
-
-void VlcOutput::OnVlcEvent(const libvlc_event_t* event, void* self) {
-    static_cast<VlcOutput*>(self)->Note(*event);
-}
-
-void VlcOutput::Note(const libvlc_event_t& event) {
-    std::unique_lock lock(mutex_);
-    switch (event.type) {
-    case libvlc_MediaPlayerPlaying:
-        notes_.playing = true;
-        break;
-    case libvlc_MediaPlayerLengthChanged:
-        notes_.lengthChanged = true;
-        break;
-    case libvlc_MediaPlayerEndReached:
-        notes_.ended = true;
-        break;
-    case libvlc_MediaPlayerEncounteredError:
-        notes_.failed = true;
-        break;
-    case libvlc_MediaParsedChanged:
-        notes_.parsed = true;
-        break;
-    case libvlc_MediaPlayerTimeChanged: {
-        notes_.sounded = true;
-        const std::uint32_t track = noted_;
-        lock.unlock();
-        return sink_(
-            {OutputEvent::Position, track, event.u.media_player_time_changed.new_time, {}});
-    }
-    default:
-        return;
-    }
-    dirty_ = true;
-    changed_.notify_one();
+    for (auto& deck : decks_)
+        deck = std::make_unique<VlcDeck>(
+            library_, [this] { Wish([](Wishes&) {}); },
+            [this](std::uint32_t track, std::int64_t timeMs) {
+                sink_({OutputEvent::Position, track, timeMs, {}});
+            });
 }
 
 void VlcOutput::Carry(const Wishes& wishes) {
-    if (wishes.volume) volume_ = *wishes.volume;
-    if (wishes.volume) ApplyVolume();
+    if (wishes.volume) {
+        volume_ = *wishes.volume;
+        ApplyVolume();
+    }
     if (wishes.equaliser) ApplyEqualiser(*wishes.equaliser);
     if (wishes.track != track_) StartTrack(wishes);
     if (wishes.seekMs) seekMs_ = wishes.seekMs;
@@ -169,85 +154,159 @@ void VlcOutput::Carry(const Wishes& wishes) {
         preparedTrack_ = wishes.preparedTrack;
         PrepareMedia(wishes.preparedPath);
     }
+    if (wishes.parsed && prepared_)
+        sink_({OutputEvent::Prepared, preparedTrack_, 0,
+               VlcMediaFacts(prepared_.get(), preparedPath_)});
     if (!started_ || over_) return;
     CarryPause();
-    if (seekMs_) libvlc_media_player_set_time(player_.get(), *std::exchange(seekMs_, {}));
+    CarrySeek();
 }
 
 void VlcOutput::CarryPause() {
     if (wantPaused_ == paused_) return;
     paused_ = wantPaused_;
-    libvlc_media_player_set_pause(player_.get(), paused_ ? 1 : 0);
+    Deck().SetPaused(paused_);
+    endsAt_.reset();
+    unsettledUntil_ = std::chrono::steady_clock::now() + SettleTime;
+}
+
+void VlcOutput::CarrySeek() {
+    if (!seekMs_) return;
+    Deck().Seek(*std::exchange(seekMs_, {}));
+    endsAt_.reset();
+    unsettledUntil_ = std::chrono::steady_clock::now() + SettleTime;
 }
 
 void VlcOutput::StartTrack(const Wishes& wishes) {
+    const bool wasOver = over_;
     track_ = wishes.track;
     path_ = wishes.path;
     started_ = paused_ = over_ = false;
     seekMs_.reset();
-    const bool playable = track_ != 0 && player_ && VlcMediaExists(path_);
-    if (player_ && (!playable || libvlc_media_player_is_playing(player_.get())))
-        libvlc_media_player_stop(player_.get());
-    {
-        const std::lock_guard lock(mutex_);
-        notes_ = {};
-        noted_ = track_;
-        notes_.failed = track_ != 0 && !playable;
+    endsAt_.reset();
+    if (wasOver && Adopt()) return;
+    Disarm();
+    if (track_ == 0 || !VlcMediaExists(path_)) {
+        Deck().Stop();
+        if (track_ != 0) {
+            over_ = true;
+            Emit(OutputEvent::Failed);
+        }
+        return;
     }
-    if (!playable) return;
-    media_ =
-        prepared_ && preparedPath_ == path_ ? std::move(prepared_) : MakeVlcMedia(library_, path_);
-    libvlc_media_player_set_media(player_.get(), media_.get());
-    libvlc_media_player_play(player_.get());
+    Deck().Open(prepared_ && preparedPath_ == path_ ? std::move(prepared_)
+                                                    : MakeVlcMedia(library_, path_),
+                track_);
+}
+
+// The deck that waits with this track takes over; the other one plays out its last milliseconds.
+bool VlcOutput::Adopt() {
+    if (!armedReady_ || armedPath_ != path_) return false;
+    armedPath_.clear();
+    armedReady_ = false;
+    Deck().SetTrack(0);
+    current_ = 1 - current_;
+    Deck().SetTrack(track_);
+    ApplyVolume();
+    Deck().SetPaused(false);
+    Deck().TakeNotes();
+    started_ = true;
+    unsettledUntil_ = {};
+    Emit(OutputEvent::Started, VlcMediaFacts(Deck().Media(), path_, Deck().LengthMs()));
+    return true;
 }
 
 void VlcOutput::PrepareMedia(const std::string& path) {
     prepared_.reset();
     preparedPath_ = path;
-    if (!library_ || !VlcMediaExists(path)) return;
+    if (armedPath_ != path) Disarm();
+    if (!VlcMediaExists(path)) return;
     prepared_ = MakeVlcMedia(library_, path);
     libvlc_event_attach(libvlc_media_event_manager(prepared_.get()), libvlc_MediaParsedChanged,
-                        &VlcOutput::OnVlcEvent, this);
+                        &VlcOutput::OnParsed, this);
     libvlc_media_parse_with_options(prepared_.get(), libvlc_media_parse_local, ParseTimeoutMs);
 }
 
-void VlcOutput::Heed(const Notes& notes) {
-    if (notes.parsed && prepared_)
-        sink_({OutputEvent::Prepared, preparedTrack_, 0,
-               VlcMediaFacts(prepared_.get(), preparedPath_)});
+void VlcOutput::OnParsed(const libvlc_event_t*, void* self) {
+    static_cast<VlcOutput*>(self)->Wish([](Wishes& wishes) { wishes.parsed = true; });
+}
+
+void VlcOutput::Heed(const VlcNotes& notes) {
     if (track_ == 0 || over_) return;
-    if (notes.ended || notes.failed) {
-        // Junk may "play" without length or time before it ends.
-        over_ = true;
-        const bool heard = notes.sounded || libvlc_media_player_get_length(player_.get()) > 0;
-        return Emit(notes.failed || !heard ? OutputEvent::Failed : OutputEvent::Ended);
-    }
+    if (notes.ended || notes.failed) return HeedEnd(notes);
+    if (started_ && notes.timeChanged) HeedTime(notes);
     if (!notes.playing || (started_ && !notes.lengthChanged)) return;
-    const TrackFacts facts =
-        VlcMediaFacts(media_.get(), path_, libvlc_media_player_get_length(player_.get()));
+    const TrackFacts facts = VlcMediaFacts(Deck().Media(), path_, Deck().LengthMs());
     if (started_) return Emit(OutputEvent::Facts, facts);
     started_ = true;
     ApplyVolume();
     CarryPause();
-    if (seekMs_) libvlc_media_player_set_time(player_.get(), *std::exchange(seekMs_, {}));
+    CarrySeek();
     Emit(OutputEvent::Started, facts);
 }
 
+void VlcOutput::HeedEnd(const VlcNotes& notes) {
+    // Junk may "play" without length or time before it ends.
+    over_ = true;
+    const bool heard = notes.timeMs > 0 || Deck().LengthMs() > 0;
+    Emit(notes.failed || !heard ? OutputEvent::Failed : OutputEvent::Ended);
+}
+
+void VlcOutput::HeedTime(const VlcNotes& notes) {
+    const std::int64_t leftMs = Deck().LengthMs() - notes.timeMs;
+    if (paused_ || leftMs < 0 || notes.timeAt < unsettledUntil_) return;
+    endsAt_ = notes.timeAt + std::chrono::milliseconds(leftMs);
+    if (device_ != SoundDevice::Server || leftMs > ArmMs || !prepared_) return;
+    libvlc_media_add_option(prepared_.get(), ":start-paused");
+    armedPath_ = preparedPath_;
+    armedReady_ = false;
+    Standby().Open(std::move(prepared_), 0);
+}
+
+void VlcOutput::HeedStandby(const VlcNotes& notes) {
+    if (!notes.ended && !notes.failed) {
+        armedReady_ = armedReady_ || (!armedPath_.empty() && notes.playing);
+        return;
+    }
+    // Played out after a change of decks, or nothing playable.
+    armedPath_.clear();
+    armedReady_ = false;
+    Standby().Stop();
+}
+
+void VlcOutput::Disarm() {
+    armedPath_.clear();
+    armedReady_ = false;
+    Standby().Stop();
+}
+
+std::optional<VlcOutput::Moment> VlcOutput::SwitchDue() const {
+    if (!armedReady_ || !endsAt_ || !started_ || paused_ || over_) return std::nullopt;
+    return *endsAt_ - SwitchLead;
+}
+
+// The end is told a moment early; the answer is to play the next track, which waits armed.
+void VlcOutput::SwitchWhenDue() {
+    const auto due = SwitchDue();
+    if (!due || std::chrono::steady_clock::now() < *due) return;
+    over_ = true;
+    Emit(OutputEvent::Ended);
+}
+
 void VlcOutput::ApplyVolume() {
-    if (player_) libvlc_audio_set_volume(player_.get(), VlcVolume(volume_));
+    for (const auto& deck : decks_)
+        libvlc_audio_set_volume(deck->Player(), VlcVolume(volume_));
 }
 
 void VlcOutput::ApplyEqualiser(const Equaliser& equaliser) {
-    if (!player_) return;
-    if (!equaliser.on) {
-        libvlc_media_player_set_equalizer(player_.get(), nullptr);
-        return;
+    const VlcEqualiser gains(equaliser.on ? libvlc_audio_equalizer_new() : nullptr);
+    if (gains) {
+        libvlc_audio_equalizer_set_preamp(gains.get(), FlatPreamp + equaliser.preamp);
+        for (unsigned band = 0; band < equaliser.bands.size(); ++band)
+            libvlc_audio_equalizer_set_amp_at_index(gains.get(), equaliser.bands[band], band);
     }
-    const VlcEqualiser gains(libvlc_audio_equalizer_new());
-    libvlc_audio_equalizer_set_preamp(gains.get(), FlatPreamp + equaliser.preamp);
-    for (unsigned band = 0; band < equaliser.bands.size(); ++band)
-        libvlc_audio_equalizer_set_amp_at_index(gains.get(), equaliser.bands[band], band);
-    libvlc_media_player_set_equalizer(player_.get(), gains.get());
+    for (const auto& deck : decks_)
+        libvlc_media_player_set_equalizer(deck->Player(), gains.get());
 }
 
 void VlcOutput::Emit(OutputEvent::Kind kind, const TrackFacts& facts) {

@@ -4,16 +4,22 @@
 // only take notes. Callers leave wishes and the worker carries out the latest, so that a row of
 // presses of "next" while a device is stuck costs one start and not ten.
 //
-// One media player plays all tracks, which keeps the sound device open from one to the next; the
-// next file is parsed while this one plays, so that it starts from warm caches. Two media players
-// that hand over to each other would need the device twice.
+// From track to track. libVLC 3 drains one media before it opens the next: 70 to 160 ms of silence,
+// with its list player as well. So where a sound server mixes streams there are two media players
+// by turns: near the end of a track the other one opens the next file and waits paused; let go, it
+// sounds within some 20 ms. A bare card may give the device only once: there one media player plays
+// everything and keeps the device open, and the next file is at least parsed while this one plays.
 #pragma once
 
 #include "player/engine/output.h"
-#include "player/engine/vlc_handles.h"
+#include "player/engine/sound_device.h"
+#include "player/engine/vlc_deck.h"
 
+#include <array>
+#include <chrono>
 #include <condition_variable>
 #include <functional>
+#include <memory>
 #include <mutex>
 #include <optional>
 #include <string>
@@ -23,9 +29,8 @@ namespace vk {
 
 class VlcOutput : public Output {
   public:
-    /// `sink` is called from other threads. Without `deviceFound` the sound goes nowhere, in real
-    /// time.
-    VlcOutput(std::function<void(const OutputEvent&)> sink, bool deviceFound);
+    /// `sink` is called from other threads. Without a device the sound goes nowhere, in real time.
+    VlcOutput(std::function<void(const OutputEvent&)> sink, SoundDevice device);
     /// Waits for libVLC to let the device go.
     ~VlcOutput() override;
 
@@ -38,6 +43,8 @@ class VlcOutput : public Output {
     void SetEqualiser(const Equaliser& equaliser) override;
 
   private:
+    using Moment = std::chrono::steady_clock::time_point;
+
     /// What is wanted. Numbers of 0 are nothing.
     struct Wishes {
         std::uint32_t track = 0;
@@ -48,51 +55,51 @@ class VlcOutput : public Output {
         std::string preparedPath;
         std::optional<int> volume;
         std::optional<Equaliser> equaliser;
+        bool parsed = false; ///< the prepared media is
         bool quit = false;
-    };
-    /// What libVLC's threads reported of the track that is open.
-    struct Notes {
-        bool playing = false;
-        bool lengthChanged = false;
-        bool sounded = false;
-        bool ended = false;
-        bool failed = false;
-        bool parsed = false;
     };
 
     template<class Change> void Wish(Change change);
+    Wishes NextWishes();
     void Work();
-    void Carry(const Wishes& wishes);
-    void Heed(const Notes& notes);
     void OpenLibrary();
-    void Attach();
-    static void OnVlcEvent(const libvlc_event_t* event, void* self);
-    void Note(const libvlc_event_t& event);
-    void StartTrack(const Wishes& wishes);
+    void Carry(const Wishes& wishes);
     void CarryPause();
+    void CarrySeek();
+    void StartTrack(const Wishes& wishes);
+    bool Adopt();
     void PrepareMedia(const std::string& path);
+    static void OnParsed(const libvlc_event_t* event, void* self);
+    void Heed(const VlcNotes& notes);
+    void HeedEnd(const VlcNotes& notes);
+    void HeedTime(const VlcNotes& notes);
+    void HeedStandby(const VlcNotes& notes);
+    void Disarm();
+    std::optional<Moment> SwitchDue() const;
+    void SwitchWhenDue();
     void ApplyVolume();
     void ApplyEqualiser(const Equaliser& equaliser);
     void Emit(OutputEvent::Kind kind, const TrackFacts& facts = {});
+    VlcDeck& Deck() { return *decks_[current_]; }
+    VlcDeck& Standby() { return *decks_[1 - current_]; }
 
     const std::function<void(const OutputEvent&)> sink_;
-    const bool deviceFound_;
+    const SoundDevice device_;
 
     std::mutex mutex_;
     std::condition_variable changed_;
-    // Under the mutex:
-    Wishes wishes_;
-    Notes notes_;
-    bool dirty_ = false;
-    std::uint32_t noted_ = 0; ///< the track that notes are about
+    Wishes wishes_;      ///< under the mutex
+    bool dirty_ = false; ///< under the mutex: there is something to do
 
     // The worker's own:
     VlcInstance library_;
-    VlcPlayer player_;
-    VlcMedia media_;
+    std::array<std::unique_ptr<VlcDeck>, 2> decks_; ///< empty when libVLC could not be had
+    std::size_t current_ = 0;
     VlcMedia prepared_;
     std::string preparedPath_;
     std::uint32_t preparedTrack_ = 0;
+    std::string armedPath_; ///< what waits on the other deck; "" for nothing
+    bool armedReady_ = false;
     std::uint32_t track_ = 0;
     std::string path_;
     bool started_ = false;
@@ -100,6 +107,8 @@ class VlcOutput : public Output {
     bool wantPaused_ = false;
     bool over_ = false; ///< its end was told
     std::optional<std::int64_t> seekMs_;
+    std::optional<Moment> endsAt_; ///< by the latest report of the time
+    Moment unsettledUntil_;        ///< reports are of before a seek or a pause
     int volume_ = 255;
 
     std::thread worker_;

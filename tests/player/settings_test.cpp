@@ -47,17 +47,17 @@ TEST(EqualiserGain, IsFlatInTheMiddleAndTwentyDecibelsAtTheEnds) {
 TEST(SoundDevice, IsACardOrAServerOrAConfiguredOne) {
     TempFolder folder;
     SoundPlaces places{folder.File("cards"), folder.Path(), "", ""};
-    EXPECT_FALSE(SoundDeviceFound(places));
+    EXPECT_EQ(FindSoundDevice(places), SoundDevice::None);
     folder.Write("cards", "--- no soundcards ---\n");
-    EXPECT_FALSE(SoundDeviceFound(places));
+    EXPECT_EQ(FindSoundDevice(places), SoundDevice::None);
     folder.Write("cards", " 0 [PCH            ]: HDA-Intel - HDA Intel PCH\n");
-    EXPECT_TRUE(SoundDeviceFound(places));
+    EXPECT_EQ(FindSoundDevice(places), SoundDevice::Card);
     places.cards.clear();
-    EXPECT_FALSE(SoundDeviceFound(places));
+    EXPECT_EQ(FindSoundDevice(places), SoundDevice::None);
     folder.Write("pulse/native", "");
-    EXPECT_TRUE(SoundDeviceFound(places));
-    EXPECT_TRUE(SoundDeviceFound({"", "", "tcp:host", ""}));
-    EXPECT_TRUE(SoundDeviceFound({"", "", "", "/etc/my.conf"}));
+    EXPECT_EQ(FindSoundDevice(places), SoundDevice::Server);
+    EXPECT_EQ(FindSoundDevice({"", "", "tcp:host", ""}), SoundDevice::Server);
+    EXPECT_EQ(FindSoundDevice({"", "", "", "/etc/my.conf"}), SoundDevice::Card);
 }
 
 } // namespace
