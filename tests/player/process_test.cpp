@@ -23,6 +23,22 @@ TEST_F(PlayerProcess, PlaysAListFromTheChosenEntryAndWrapsAround) {
     EXPECT_TRUE(core.dialogs.shown.empty());
 }
 
+TEST_F(PlayerProcess, WithASoundServerTheNextTrackWaitsOnTheOtherDeck) {
+    // The server is not there after all, which changes nothing but that nothing sounds.
+    ::setenv("PULSE_SERVER", ("unix:" + core.app.File("none")).c_str(), 1);
+    StartPlayer();
+    LoadAndPlay(List("l.m3u", {{"a", 2600}, {"b", 2700}}), 0);
+    ASSERT_TRUE(Eventually([&] { return winamp->WinAMP_gettracknum() == 1; }));
+    EXPECT_TRUE(Playing());
+    EXPECT_EQ(winamp->WinAMP_GetTrackLength(), 2);
+    ASSERT_TRUE(Eventually([&] { return winamp->WinAMP_gettracknum() == 0; }));
+    winamp->WinAMP_SCM(WinampPause);
+    winamp->WinAMP_SeekToPosition(1);
+    EXPECT_EQ(winamp->WinAMP_GetTrackPosition(), 1);
+    winamp->WinAMP_SCM(WinampStop);
+    EXPECT_EQ(winamp->WinAMP_GetStatus(), "0");
+}
+
 TEST_F(PlayerProcess, PausesSeeksAndStops) {
     StartPlayer();
     LoadAndPlay(List("l.m3u", {{"a", 30000}}), 0);
