@@ -12,6 +12,7 @@ Application::Application(const std::string& appDir)
       skin_(
           {state_, settings_, fonts_, dialogs_, report_, [] { return QtScreenMetrics().width; }}) {
     report_.unloadAll = [this] { Quit(false); };
+    background_.hide(); // until the start reaches it: messages may come before
     dialogs_.SetSkin(&skin_);
     host_.onKey = [this](const std::string& code) { return Key(code); };
     host_.onClose = [this] { Quit(false); };
@@ -36,7 +37,8 @@ void Application::Quit(bool osShutdown) {
         start_.Form_QueryUnload(osShutdown);
         if (playerScreen_) playerScreen_->player().Form_Unload(osShutdown);
         start_.Form_Unload();
-        QCoreApplication::quit();
+        // Not quit(): that would ask the window, which refuses to be closed by others.
+        QCoreApplication::exit(0);
     });
 }
 
