@@ -46,7 +46,9 @@ void FileSource::ReadList() {
     };
     TrackList list = ReadTrackList(n_.audio.ListFile, n_.audio.TrackToSelect, needs);
     if (list.wantedMissing) n_.audio.bResuming = false;
-    if (n_.audio.ListTitle.empty()) n_.audio.ListTitle = list.title;
+    // A resumed list comes without a title, or with its own path for one.
+    if (n_.audio.ListTitle.empty() || n_.audio.ListTitle == n_.audio.ListFile)
+        n_.audio.ListTitle = list.title;
     const auto last = static_cast<std::int32_t>(list.tracks.size()) - 1;
     n_.audio.CurrentTrack = std::clamp(n_.audio.CurrentTrack, 0, std::max(0, last));
     // A resumed list without a name is called after the folder of its track.

@@ -31,9 +31,10 @@ TEST_F(FileSourceTest, StartsAListInTheFixedOrder) {
 
 TEST_F(FileSourceTest, OnlyShowsAListThatIsNotToBeStarted) {
     audio.PlayMode = PlayAudio;
-    audio.ListFile = MakeList(3);
+    audio.ListTitle = audio.ListFile = MakeList(3, "# Road music\n");
     audio.TrackToSelect = 3;
     player().ReShow();
+    EXPECT_EQ(view.listTitle, "Road music");
     EXPECT_EQ(process.Count(WinampPlay), 0);
     EXPECT_EQ(list.iSelected, 2);
     EXPECT_EQ(view.title, "Song3");
