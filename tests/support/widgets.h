@@ -1,9 +1,9 @@
 // Looking at and touching widgets in tests.
 #pragma once
 
-#include <QCoreApplication>
+#include "tests/support/mouse.h"
+
 #include <QImage>
-#include <QMouseEvent>
 #include <QSize>
 #include <QWidget>
 
@@ -42,13 +42,7 @@ inline int DifferingPixels(const QImage& a, const QImage& b) {
 inline void Tap(QWidget& host, QPoint at) {
     QWidget* target = host.childAt(at);
     if (!target) target = &host;
-    const QPointF local = target->mapFrom(&host, at);
-    for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
-        QMouseEvent event(type, local, target->mapToGlobal(local), Qt::LeftButton,
-                          type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton,
-                          Qt::NoModifier);
-        QCoreApplication::sendEvent(target, &event);
-    }
+    Click(*target, target->mapFrom(&host, at));
 }
 
 } // namespace vk::test
