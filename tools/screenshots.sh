@@ -44,21 +44,25 @@ tap() {
 }
 shot() { take_picture "$out/$1-${width}x$height.png"; }
 
-# The start is short: pictures as fast as they come, and the last one that is not yet the menu is kept.
+# row N: touches the N-th row of the browser's list.
+row() {
+    xdotool mousemove $((width / 3)) $((height * 11 / 100 + 45 * $1 - 18)) click 1
+    sleep 0.8
+}
+
+# The start is short: pictures as fast as they come, and the last dark one is kept, as the menu is light.
 loading_frames() {
-    local n
-    for n in $(seq 10 60); do
+    local n shade
+    for n in $(seq 10 80); do
         xwd -root -silent >"$work/frame$n.xwd" 2>/dev/null || true
-        sleep 0.01
     done
     mogrify -format png "$work"/frame*.xwd
-    local previous="" last
-    last=$(md5sum <"$work/frame60.png")
-    for n in $(seq 10 60); do
-        [ "$(md5sum <"$work/frame$n.png")" = "$last" ] && break
-        previous="$work/frame$n.png"
+    for n in $(seq 80 -1 10); do
+        shade=$(identify -format '%[fx:int(1000*mean)]' "$work/frame$n.png")
+        [ "$shade" -gt 8 ] && [ "$shade" -lt 200 ] || continue
+        cp "$work/frame$n.png" "$out/$1-${width}x$height.png"
+        break
     done
-    [ -z "$previous" ] || cp "$previous" "$out/$1-${width}x$height.png"
     rm -f "$work"/frame*
 }
 
@@ -71,7 +75,7 @@ by_keys() {
     key Down Down Return; sleep 0.5; shot browser-artist
     key Down Return; sleep 0.5; shot browser-album
     key Down Down Return; sleep 4; shot player
-    key Right; sleep 2
+    key Right; sleep 17 # the position is saved every 15 seconds
     kill -KILL "$system"; wait "$system" 2>/dev/null || true
     start
     key Up Return; sleep 3; shot resumed
@@ -87,10 +91,12 @@ by_keys() {
 by_touch() {
     fresh_app
     start
-    tap 50 30; shot touch-browser
-    tap 40 40; shot touch-artist
-    tap 40 40; shot touch-album
-    tap 40 40; sleep 3; shot touch-player
+    tap 37 25; shot touch-browser
+    row 3; shot touch-artist
+    row 2; shot touch-album
+    row 3; sleep 3; shot touch-player
+    tap 50 92; sleep 1; shot touch-playing
+    tap 5 92; sleep 1; shot touch-menu
     stop -TERM
 }
 
