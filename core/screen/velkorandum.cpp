@@ -155,7 +155,7 @@ void velkorandum::RefreshClockColours() {
 void velkorandum::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     if (background_.isNull())
-        painter.fillRect(rect(), ToQColor(context_.skin.data().ClockBackgroundClr));
+        painter.fillRect(rect(), GroundWithoutPicture(context_.skin.data()));
     else
         painter.drawPixmap(0, 0, background_);
     // The icons, children of this screen, are painted in the same pass.

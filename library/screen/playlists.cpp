@@ -218,7 +218,7 @@ void playlists::paintEvent(QPaintEvent*) {
     const QPixmap background =
         context_.pictures.Picture(skin.playlist, size(), PictureFit::Stretch);
     if (background.isNull())
-        painter.fillRect(rect(), Qt::black);
+        painter.fillRect(rect(), GroundWithoutPicture(skin));
     else
         painter.drawPixmap(0, 0, background);
     painter.fillRect(PlaylistsLayout(width(), height()).topBar,

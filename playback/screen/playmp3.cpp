@@ -229,7 +229,7 @@ void playmp3::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const QPixmap ground = context_.pictures.Picture(skin.playmp3, size(), PictureFit::Stretch);
     if (ground.isNull())
-        painter.fillRect(rect(), Qt::black);
+        painter.fillRect(rect(), GroundWithoutPicture(skin));
     else
         painter.drawPixmap(0, 0, ground);
     if (Frame1_.isHidden()) return;

@@ -59,4 +59,11 @@ QColor ReadableOn(const QColor& ground) {
     return Luminance(ground) > 0.179 ? QColor(Qt::black) : QColor(Qt::white);
 }
 
+QColor GroundWithoutPicture(const SkinData& skin) {
+    constexpr double Legible = 4.5;
+    const QColor text = ToQColor(skin.ListForegroundClr);
+    const QColor ground = ToQColor(skin.ClockBackgroundClr);
+    return Contrast(text, ground) >= Legible ? ground : ReadableOn(text);
+}
+
 } // namespace vk
