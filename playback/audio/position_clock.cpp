@@ -28,7 +28,7 @@ void PositionClock::Synchronise() {
     dStartTime = clock_.Now().SecondsOfDay();
     SetPosition(winamp_.WinAMP_GetTrackPosition());
     dStartTime -= dPosition;
-    dLength = winamp_.WinAMP_GetTrackLength() - 1;
+    dLength = static_cast<double>(winamp_.WinAMP_GetTrackLength()) - 1;
 }
 
 std::string PositionClock::TrackTime(bool elapsed) const {

@@ -6,6 +6,8 @@
 #include "platform/linux/volumes.h"
 #include "tests/support/temp_folder.h"
 
+#include <QProcess>
+
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -97,9 +99,16 @@ TEST_F(FilesTest, DrivesComeFromTheKernelsTables) {
 
 TEST_F(FilesTest, ProcessesAreFoundByTheirFileNameAlone) {
     const LinuxProcesses processes;
-    const std::string own = FileNameOf(std::filesystem::read_symlink("/proc/self/exe").string());
-    EXPECT_TRUE(processes.ProcessRunning(own + ".exe", 0));
-    EXPECT_FALSE(processes.ProcessRunning(own, processes.OwnId()));
+    const std::string name = "vk-probe-" + std::to_string(processes.OwnId());
+    std::filesystem::copy_file("/bin/sleep", folder.File(name));
+    QProcess probe;
+    probe.start(QString::fromStdString(folder.File(name)), {QStringLiteral("60")});
+    ASSERT_TRUE(probe.waitForStarted());
+    EXPECT_TRUE(processes.ProcessRunning(name + ".EXE", processes.OwnId()));
+    EXPECT_FALSE(processes.ProcessRunning(name, static_cast<long>(probe.processId())));
+    EXPECT_FALSE(processes.ProcessRunning(FileNameOf(folder.Path()), 0)) << "folders do not count";
+    probe.kill();
+    probe.waitForFinished();
     EXPECT_FALSE(processes.ProcessRunning("no-such-program", 0));
     EXPECT_GE(processes.AgeMs(), 0);
     EXPECT_LT(processes.AgeMs(), 120000) << "this test program has just been started";

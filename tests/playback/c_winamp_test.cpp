@@ -109,8 +109,8 @@ TEST_F(WinampTest, VersionSkipsItsThirdDigit) {
 }
 
 TEST_F(WinampTest, LengthIsAskedUntilItIsKnownWhileEventsRun) {
-    int asked = 0;
-    player.answer = [&](const auto&) { return ++asked < 5 ? -1 : 240; };
+    // By value: the object's end sends messages after this frame has gone.
+    player.answer = [asked = 0](const auto&) mutable { return ++asked < 5 ? -1 : 240; };
     EXPECT_EQ(winamp.WinAMP_GetTrackLength(), 240);
     EXPECT_EQ(core.clock.eventRuns, 5);
     EXPECT_EQ(player.sent.back(), Ask(105, 1));
