@@ -8,12 +8,6 @@ namespace vk {
 
 namespace {
 
-constexpr double Readable = 4.5; // contrast
-
-QColor TextOn(const QColor& ground, const QColor& wanted) {
-    return Contrast(wanted, ground) >= Readable ? wanted : ReadableOn(ground);
-}
-
 QColor Mixed(const QColor& a, const QColor& b, double part) {
     return QColor::fromRgbF(static_cast<float>(a.redF() * (1 - part) + b.redF() * part),
                             static_cast<float>(a.greenF() * (1 - part) + b.greenF() * part),
@@ -33,11 +27,11 @@ DialogLook DialogLookOf(const SkinStore* skin) {
     if (!skin || skin->Generation() == 0) return look;
     const SkinData& data = skin->data();
     look.panel = ToQColor(data.OSKBGClr);
-    look.text = TextOn(look.panel, ToQColor(data.OSKTextClr));
+    look.text = Legible(ToQColor(data.OSKTextClr), look.panel);
     look.edge = Mixed(look.text, look.panel, 0.45);
     look.plate = Mixed(look.panel, look.text, 0.1);
     look.mark = ToQColor(data.OSKSelBoxClr);
-    look.markText = TextOn(look.mark, look.text);
+    look.markText = Legible(look.text, look.mark);
     look.family = ToQString(data.headingbarfont.name);
     return look;
 }

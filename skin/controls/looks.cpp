@@ -54,6 +54,10 @@ double Contrast(const QColor& a, const QColor& b) {
     return std::max(one, other) / std::min(one, other);
 }
 
+QColor Legible(const QColor& wanted, const QColor& ground, double contrast) {
+    return Contrast(wanted, ground) >= contrast ? wanted : ReadableOn(ground);
+}
+
 QColor ReadableOn(const QColor& ground) {
     // Equal contrast to both lies at a luminance of 0.179.
     return Luminance(ground) > 0.179 ? QColor(Qt::black) : QColor(Qt::white);

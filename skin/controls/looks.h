@@ -28,6 +28,10 @@ QColor ShadowFor(const QColor& text);
 /// The contrast of two colours, 1 to 21, https://www.w3.org/TR/WCAG21/#dfn-contrast-ratio
 double Contrast(const QColor& a, const QColor& b);
 
+/// `wanted` where it reaches this contrast on `ground`, else black or white; 4.5 is what text
+/// needs, 3 what lines need.
+QColor Legible(const QColor& wanted, const QColor& ground, double contrast = 4.5);
+
 /// Black or white, whichever is read better on `ground`.
 QColor ReadableOn(const QColor& ground);
 

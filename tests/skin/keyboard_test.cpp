@@ -1,0 +1,260 @@
+#include "skin/controls/uc_osk.h"
+#include "tests/skin/controls_fixture.h"
+#include "tests/support/widgets.h"
+
+#include <gtest/gtest.h>
+
+namespace vk {
+namespace {
+
+using Move = void (KeyboardModel::*)();
+constexpr int A = 20, B = 34, One = 0, Dot = 37;
+
+struct KeyboardTest : testing::Test {
+    KeyboardTest() {
+        model.onOK = [this](const std::string& text) { events.push_back("OK:" + text); };
+        model.onEscape = [this] { events.push_back("Escape"); };
+    }
+    std::string Typed(const std::vector<int>& keys) {
+        for (const int key : keys)
+            model.KeyClick(key);
+        return model.UserText();
+    }
+    std::string Shift() const { return model.KeyCaption(KeyboardModel::ShiftKey); }
+    void GoTo(int key) {
+        for (int i = 0; i < 4; ++i)
+            model.MoveUp();
+        for (int i = 0; i < 9; ++i)
+            model.MoveLeft();
+        for (int i = 0; i < key / 10; ++i)
+            model.MoveDown();
+        for (int i = 0; i < key % 10; ++i)
+            model.MoveRight();
+        ASSERT_EQ(model.Mark(), key);
+    }
+    int After(Move move, int key) {
+        GoTo(key);
+        (model.*move)();
+        return model.Mark();
+    }
+
+    KeyboardModel model;
+    std::vector<std::string> events;
+};
+
+TEST_F(KeyboardTest, EachWordBeginsWithACapital) {
+    constexpr int Shift = KeyboardModel::ShiftKey, Space = KeyboardModel::SpaceKey,
+                  Delete = KeyboardModel::DeleteKey;
+    const struct {
+        std::vector<int> keys;
+        const char *text, *shift;
+    } cases[] = {{{}, "", "SHIFT"},
+                 {{A, Space, B}, "A B", "Shift"},
+                 {{A, B, Dot, One, A}, "Ab.1a", "Shift"},
+                 {{Shift, A, Shift, B}, "aB", "Shift"},
+                 {{A, Shift, Shift, B}, "Ab", "Shift"},
+                 {{Delete}, "", "SHIFT"},
+                 {{A, B, Delete}, "A", "Shift"},
+                 {{A, Space, B, Delete}, "A ", "SHIFT"},
+                 {{A, Delete, B}, "B", "Shift"},
+                 {{Shift, Delete}, "", "SHIFT"},
+                 {{-1, KeyboardModel::KeyCount}, "", "SHIFT"}};
+    for (const auto& c : cases) {
+        model.ClearInput();
+        EXPECT_EQ(Typed(c.keys), c.text);
+        EXPECT_EQ(this->Shift(), c.shift) << c.text;
+    }
+    EXPECT_TRUE(events.empty());
+}
+
+TEST_F(KeyboardTest, AValueIsGoneOnWithInSmallLetters) {
+    model.SetValue("Road songs");
+    EXPECT_EQ(Typed({A}), "Road songsa");
+    model.SetValue("");
+    EXPECT_EQ(Typed({A}), "A");
+    model.ClearInput();
+    EXPECT_EQ(Typed({B}), "B");
+    model.SetValue(std::string(3000, 'x'));
+    EXPECT_EQ(Typed({B}), std::string(3000, 'x') + "b");
+}
+
+TEST_F(KeyboardTest, WholeCharactersAreDeleted) {
+    model.SetValue("a\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80");
+    for (const auto* left : {"a\xC3\xA9\xE2\x82\xAC", "a\xC3\xA9", "a", "", ""})
+        EXPECT_EQ(Typed({KeyboardModel::DeleteKey}), left);
+    model.SetValue("Caf\xE9");
+    EXPECT_EQ(model.UserText(), "Caf\xC3\xA9");
+    model.SetCaption("Gr\xFC\xDF");
+    EXPECT_EQ(model.Caption(), "Gr\xC3\xBC\xC3\x9F");
+    model.SetCaption("");
+    EXPECT_EQ(model.Caption(), "Search For...");
+}
+
+TEST_F(KeyboardTest, OKAndEscapeAreLeftToTheHost) {
+    Typed({KeyboardModel::OKKey, A, KeyboardModel::OKKey, KeyboardModel::EscKey});
+    EXPECT_EQ(events, (std::vector<std::string>{"OK:", "OK:A", "Escape"}));
+    EXPECT_EQ(model.UserText(), "A");
+    model.onOK = [this](const std::string& text) {
+        model.ClearInput();
+        events.push_back(text);
+    };
+    Typed({KeyboardModel::OKKey});
+    EXPECT_EQ(events.back(), "A");
+}
+
+// The last row is entered by the wide key below, and left only where left edges agree.
+TEST_F(KeyboardTest, ArrowsWalkEveryRowAndColumnAndStopAtTheEdges) {
+    const int below[] = {40, 40, 40, 41, 41, 41, 41, 42, 43, 43};
+    const int above[] = {30, 33, 37, 38};
+    for (const int width : {640, 807, 9}) {
+        model.UCResize(width, 480);
+        for (int key = 0; key < KeyboardModel::KeyCount; ++key) {
+            const bool right = key == 43 || (key < 40 && key % 10 == 9);
+            const int up = key < 10 ? key : key < 40 ? key - 10 : above[key - 40];
+            const int down = key < 30 ? key + 10 : key < 40 ? below[key - 30] : key;
+            EXPECT_EQ(After(&KeyboardModel::MoveLeft, key), key % 10 == 0 ? key : key - 1);
+            EXPECT_EQ(After(&KeyboardModel::MoveRight, key), right ? key : key + 1);
+            EXPECT_EQ(After(&KeyboardModel::MoveUp, key), up);
+            EXPECT_EQ(After(&KeyboardModel::MoveDown, key), down);
+        }
+    }
+}
+
+TEST_F(KeyboardTest, ArrowsAndEnterAloneTypeAndFinish) {
+    for (const int key : {A, B, KeyboardModel::SpaceKey, KeyboardModel::OKKey}) {
+        GoTo(key);
+        model.ClickIt();
+    }
+    EXPECT_EQ(events, std::vector<std::string>{"OK:Ab "});
+}
+
+TEST_F(KeyboardTest, KeysOfAPhysicalKeyboardPressTheDrawnOnes) {
+    for (const auto* code : {"65", "66", "32", "65", "49", "190", "189", "109", "16", "90", "8"})
+        EXPECT_TRUE(model.KeyDown(code)) << code;
+    EXPECT_EQ(model.UserText(), "Ab A1.--");
+    for (const auto* code : {"13", "27", "37", "40", "%65", "", "x", "112", "97", "-65", "0"})
+        EXPECT_FALSE(model.KeyDown(code)) << code;
+    EXPECT_EQ(model.UserText(), "Ab A1.--");
+    EXPECT_TRUE(events.empty());
+}
+
+TEST_F(KeyboardTest, RowsAreTenUnitsWideOfSquareKeys) {
+    model.UCResize(800, 480);
+    const KeyBox& text = model.Label2();
+    EXPECT_EQ(text.Top, model.lblCaption().Height);
+    int left = 0, top = text.Top + text.Height + text.Height * 15 / 100;
+    for (int key = 0; key < KeyboardModel::KeyCount; ++key) {
+        const KeyBox& box = model.Label1(key);
+        EXPECT_EQ(box.Height, 80);
+        EXPECT_EQ(box.Width, key == 40 ? 240 : key == 41 ? 320 : key == 43 ? 160 : 80);
+        EXPECT_EQ(box.Left, left) << key;
+        EXPECT_EQ(box.Top, top) << key;
+        left = (left + box.Width) % 800;
+        top += left == 0 ? 80 : 0;
+    }
+}
+
+struct OSKTest : KeyboardTest, test::ControlsFixture {
+    OSKTest() {
+        LoadColours("OSKBGClr=1052688\nOSKTextClr=14737632\nOSKSelBoxClr=49152\n"
+                    "OSKSearchTextClr=65535\nLineClr=8421504\n");
+        osk.setGeometry(0, 50, 800, 430);
+        osk.UseSkin();
+        osk.show();
+    }
+    QRect Place(const KeyBox& box) const {
+        return {osk.ScaleLeft() + box.Left, osk.ScaleTop() + box.Top, box.Width, box.Height};
+    }
+    QPoint Middle(int key) const { return Place(model.Label1(key)).center(); }
+    QRgb GroundOf(int key) { return Drawn(osk).pixel(Middle(key) - QPoint(0, 25)); }
+
+    UCOSK osk{context, model, &host};
+};
+
+TEST_F(OSKTest, EveryKeyIsPressedByTouch) {
+    for (int key = 0; key < KeyboardModel::ShiftKey; ++key)
+        if (key != KeyboardModel::OKKey) test::Click(osk, Middle(key));
+    EXPECT_EQ(model.UserText(), "1234567890qwertyuiopasdfghjklzxcvbnm.-!");
+    for (const int key : {42, 42, 41, 40, A, KeyboardModel::OKKey, KeyboardModel::EscKey})
+        test::Click(osk, Middle(key));
+    const std::string text = "1234567890qwertyuiopasdfghjklzxcvbnm. a";
+    EXPECT_EQ(events, (std::vector<std::string>{"OK:" + text, "Escape"}));
+    EXPECT_EQ(model.Mark(), 0) << "a touch leaves the mark";
+}
+
+TEST_F(OSKTest, AFingerThatSlidesOffOrMissesTypesNothing) {
+    test::Press(osk, Middle(A));
+    test::Release(osk, Middle(B));
+    test::Click(osk, {osk.width() - 1, osk.height() - 1});
+    test::Press(osk, Middle(A));
+    osk.hide();
+    test::Release(osk, Middle(A));
+    osk.show();
+    OSKProperties off = osk.Properties();
+    off.Enabled = false;
+    osk.SetProperties(off);
+    test::Click(osk, Middle(A));
+    EXPECT_EQ(model.UserText(), "");
+}
+
+TEST_F(OSKTest, KeysAreLargeAndInsideOnEveryPanel) {
+    for (const QSize panel : test::PanelSizes) {
+        osk.resize(panel.width() * 96 / 100, panel.height() * 69 / 100);
+        EXPECT_GE(model.Label1(0).Height * 10, panel.height()) << panel.width();
+        EXPECT_TRUE(osk.rect().contains(Place(model.Label1(43)))) << panel.width();
+        EXPECT_LE(osk.ScaleWidth(), osk.width());
+    }
+    osk.resize(3, 2);
+    EXPECT_FALSE(Drawn(osk).isNull());
+}
+
+TEST_F(OSKTest, TheMarkedAndThePressedKeyStandOut) {
+    const QRgb plain = GroundOf(B);
+    EXPECT_EQ(plain, 0xFF101010u);
+    EXPECT_EQ(GroundOf(One), test::Marking);
+    model.MoveRight();
+    EXPECT_EQ(GroundOf(One), plain);
+    EXPECT_EQ(GroundOf(One + 1), test::Marking);
+    test::Press(osk, Middle(B));
+    EXPECT_NE(GroundOf(B), plain);
+    test::Release(osk, Middle(B));
+    EXPECT_NE(GroundOf(B), plain);
+    clock.Advance(249);
+    EXPECT_EQ(GroundOf(B), plain);
+    model.KeyClick(A);
+    osk.hide();
+    EXPECT_EQ(GroundOf(A), plain);
+}
+
+TEST_F(OSKTest, TextAndPromptKeepToTheirLines) {
+    const QImage empty = Drawn(osk);
+    const std::string letters(3000, 'W');
+    model.SetValue(letters + "a");
+    model.SetCaption(letters);
+    const QImage first = Drawn(osk);
+    model.SetValue(letters + "\xC3\xA4");
+    EXPECT_NE(Drawn(osk).copy(Place(model.Label2())), first.copy(Place(model.Label2())))
+        << "the end of a long text is seen";
+    const QRect keys(0, Place(model.Label1(0)).top(), osk.width(), 5 * model.Label1(0).Height);
+    model.SetValue("");
+    EXPECT_EQ(Drawn(osk).copy(keys), empty.copy(keys));
+    EXPECT_NE(Drawn(osk).copy(Place(model.lblCaption())), empty.copy(Place(model.lblCaption())));
+}
+
+TEST_F(OSKTest, ColoursThatCannotBeReadAreReplaced) {
+    LoadColours("OSKBGClr=0\nOSKTextClr=65793\n");
+    osk.UseSkin();
+    model.SetValue("WWW");
+    const QImage drawn = Drawn(osk);
+    for (const KeyBox& box : {model.Label2(), model.Label1(A)})
+        EXPECT_GT(Count(drawn.copy(Place(box).adjusted(9, 9, -9, -9)), 0xFFFFFFFF), 20);
+    OSKProperties look = osk.Properties();
+    look.SelectionBoxClr = {};
+    look.KeyFontSize = 12;
+    osk.SetProperties(look);
+    EXPECT_EQ(GroundOf(One), 0xFFFFFFFFu);
+    EXPECT_NE(Drawn(osk), drawn) << "the keys have the smaller font";
+}
+
+} // namespace
+} // namespace vk
