@@ -13,9 +13,9 @@ namespace vk {
 namespace {
 
 constexpr double LineContrast = 3;
-constexpr double KeyLetter = 0.42;  // font height to key height
+constexpr double KeyLetter = 0.45;  // font height to key height
 constexpr double LineLetter = 0.74; // font height to the height of a line
-constexpr double SmallestCaption = 0.6;
+constexpr double SmallestCaption = 0.8;
 constexpr int ShownCharacters = 200; // of a long text: more than any line holds
 
 QRect ToQRect(const KeyBox& box) {
