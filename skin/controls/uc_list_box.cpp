@@ -135,7 +135,8 @@ int UCListBox::StripAt(QPoint point) const {
 void UCListBox::mousePressEvent(QMouseEvent* event) {
     const QPoint point = event->position().toPoint();
     const int strip = StripAt(point);
-    if (strip != 0) return PressStrip(strip);
+    stripHeld_ = strip != 0;
+    if (stripHeld_) return PressStrip(strip);
     if (model_.CanDraw()) TouchRow(model_.TopRow() + point.y() / model_.RowHeight);
 }
 
@@ -163,17 +164,19 @@ void UCListBox::TouchRow(int row) {
 // A tap that is shorter than the timer's interval pages once as well.
 void UCListBox::mouseReleaseEvent(QMouseEvent*) {
     if (!paged_) Timer1_Timer();
-    ReleaseStrips();
-    if (onScrollStop) onScrollStop();
+    EndTouch();
 }
 
+// The release goes elsewhere once the list is hidden; nothing may scroll on behind another screen.
 void UCListBox::hideEvent(QHideEvent*) {
-    ReleaseStrips();
+    if (stripHeld_) EndTouch();
 }
 
-void UCListBox::ReleaseStrips() {
-    scrollUpHeld_ = scrollDownHeld_ = false;
+void UCListBox::EndTouch() {
+    stripHeld_ = scrollUpHeld_ = scrollDownHeld_ = false;
+    paged_ = true;
     timer1_->Stop();
+    if (onScrollStop) onScrollStop();
 }
 
 void UCListBox::Timer1_Timer() {

@@ -64,7 +64,7 @@ class UCListBox : public QWidget {
     /// A strip is pressed: `ScrollUpCode` or `ScrollDownCode`. Where nobody takes it the list
     /// itself pages while the strip is held.
     std::function<void(int code)> onScrollStart;
-    /// After every release.
+    /// After every release, and when the list is hidden while a strip is held.
     std::function<void()> onScrollStop;
 
   protected:
@@ -87,6 +87,8 @@ class UCListBox : public QWidget {
     int TextRoom(int row) const;
     RowTexts TextsOf(int row, const QFontMetrics& metrics) const;
     QSize ArrowBox() const;
+    QPixmap ArrowPicture(bool up) const;
+    QSize ArrowSize(bool up) const;
     RowLook LookOf(int row) const;
     QRect RowRect(int row) const;
     int StripAt(QPoint point) const;
@@ -95,14 +97,14 @@ class UCListBox : public QWidget {
     void PressStrip(int code);
     void TouchRow(int row);
     void Timer1_Timer();
-    void ReleaseStrips();
+    void EndTouch();
     void DrawGround(QPainter& painter) const;
     void DrawRow(QPainter& painter, int row);
     void DrawSelection(QPainter& painter, int row) const;
     void DrawText(QPainter& painter, int row) const;
     void DrawRowPicture(QPainter& painter, int row);
-    void DrawArrows(QPainter& painter);
-    void DrawArrow(QPainter& painter, const std::string& picture, bool up);
+    void DrawArrows(QPainter& painter) const;
+    void DrawArrow(QPainter& painter, bool up) const;
 
     ControlContext context_;
     ListModel& model_;
@@ -110,6 +112,7 @@ class UCListBox : public QWidget {
     QPixmap ground_;
     std::string arrowUp_, arrowDown_;
     QFont font_;
+    bool stripHeld_ = false; ///< whoever scrolls
     bool scrollUpHeld_ = false;
     bool scrollDownHeld_ = false;
     bool paged_ = true; ///< the held strip has paged already

@@ -1,5 +1,6 @@
 // How the list is drawn: ground, rows, rules, arrows.
 #include "skin/controls/looks.h"
+#include "skin/controls/plate.h"
 #include "skin/controls/uc_list_box.h"
 
 #include <QPaintEvent>
@@ -13,6 +14,19 @@ namespace {
 
 constexpr int PlateAlpha = 44;         // of 255: the text on the plate must stay readable
 constexpr double LeastFirstPart = 0.5; // of the width, when both texts together are too long
+
+// What stands for an arrow that the skin lacks.
+void DrawTrianglePlate(QPainter& painter, const QRect& place, const QColor& ground, bool up) {
+    const QColor ink = ReadableOn(ground);
+    DrawCaptionPlate(painter, place, {}, painter.font(), {ground, ink, ink});
+    const QRectF box = QRectF(place).marginsRemoved(
+        {place.width() / 4.0, place.height() / 4.0, place.width() / 4.0, place.height() / 4.0});
+    const double base = up ? box.bottom() : box.top();
+    const QPointF tip(box.center().x(), up ? box.top() : box.bottom());
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(ink);
+    painter.drawPolygon(QPolygonF({{box.left(), base}, {box.right(), base}, tip}));
+}
 
 } // namespace
 
@@ -92,7 +106,7 @@ int UCListBox::TextRoom(int row) const {
     const bool up = row == top && top > 0;
     const bool down = row == last && last + 1 < model_.ItemCount();
     if (!context_.settings.bTSModeEnabled || !(up || down)) return room;
-    return room - context_.pictures.Picture(up ? arrowUp_ : arrowDown_, ArrowBox()).width();
+    return room - ArrowSize(up).width();
 }
 
 UCListBox::RowTexts UCListBox::TextsOf(int row, const QFontMetrics& metrics) const {
@@ -146,17 +160,32 @@ QSize UCListBox::ArrowBox() const {
     return {width() - width() / 4, height() / 15};
 }
 
-void UCListBox::DrawArrows(QPainter& painter) {
-    const int top = model_.TopRow();
-    if (top > 0) DrawArrow(painter, arrowUp_, true);
-    if (top + model_.iMaxVis < model_.ItemCount()) DrawArrow(painter, arrowDown_, false);
+QPixmap UCListBox::ArrowPicture(bool up) const {
+    return context_.pictures.Picture(up ? arrowUp_ : arrowDown_, ArrowBox());
 }
 
-// The picture stands at the right end of its box, where the strip answers to touches.
-void UCListBox::DrawArrow(QPainter& painter, const std::string& picture, bool up) {
-    const QPixmap arrow = context_.pictures.Picture(picture, ArrowBox());
-    const int y = up ? 0 : height() - arrow.height();
-    painter.drawPixmap(width() - arrow.width(), y, arrow);
+QSize UCListBox::ArrowSize(bool up) const {
+    const int height = ArrowBox().height();
+    const QPixmap arrow = ArrowPicture(up);
+    return arrow.isNull() ? QSize(2 * height, height) : arrow.size();
+}
+
+void UCListBox::DrawArrows(QPainter& painter) const {
+    const int top = model_.TopRow();
+    if (top > 0) DrawArrow(painter, true);
+    if (top + model_.iMaxVis < model_.ItemCount()) DrawArrow(painter, false);
+}
+
+// It stands at the right end of its box, where the strip answers to touches.
+void UCListBox::DrawArrow(QPainter& painter, bool up) const {
+    const QSize size = ArrowSize(up);
+    const QRect place({width() - size.width(), up ? 0 : height() - size.height()}, size);
+    const QPixmap arrow = ArrowPicture(up);
+    if (arrow.isNull())
+        DrawTrianglePlate(painter, place, ToQColor(context_.skin.data().ListSelectedBackgroundClr),
+                          up);
+    else
+        painter.drawPixmap(place.topLeft(), arrow);
 }
 
 } // namespace vk
