@@ -1,5 +1,4 @@
-#include "core/menu/main_menu.h"
-#include "tests/core/start_fixture.h"
+#include "tests/core/menu_fixture.h"
 
 #include <gtest/gtest.h>
 
@@ -8,18 +7,18 @@ namespace {
 
 struct ToldView : MenuView {
     void ShowIcons() override {}
-    void DrawIcon(int index, bool selected) override { drawn.emplace_back(index, selected); }
+    void DrawIcon(int index, bool selected) override { drawn = {index, selected}; }
     void ShowFrame(bool shown) override { frame = shown; }
     void SetClockBar(const std::string& text) override { clockBar = text; }
     void ShowBanner(const std::string& text) override { banner = text; }
     void RefreshClockColours() override {}
     void DoLayout() override {}
-    std::vector<std::pair<int, bool>> drawn;
+    std::pair<int, bool> drawn;
     std::string clockBar, banner;
     bool frame = false;
 };
 
-struct MainMenuTest : testing::Test, test::StartFixture {
+struct MainMenuTest : testing::Test, test::MenuFixture {
     MainMenuTest() {
         SetUpApp();
         settings.LoadSettings();
@@ -35,41 +34,15 @@ struct MainMenuTest : testing::Test, test::StartFixture {
         loader.playmp3();
         told.clear();
     }
-    // What the selected icon starts when it has this function.
-    void Start(int function) {
+    // The screen that the selected icon leads to when it has this function, "" for none.
+    std::string Start(int function) {
+        told.clear();
         menu.LastStartSelection = function;
         menu.runok(function);
+        return told.empty() ? "" : told.back();
     }
-    AudioState audio;
-    BrowserState browser;
-    cWinamp winamp{{player, clock, report, app.Path()}};
     ToldView view;
-    int exits = 0, settingsOpened = 0;
-    Daylight daylight{{state, settings, clock, screens, skin, {}}};
-    MainMenu menu{{.state = state,
-                   .settings = settings,
-                   .log = log,
-                   .report = report,
-                   .clock = clock,
-                   .locale = locale,
-                   .volumes = volumes,
-                   .window = window,
-                   .screens = screens,
-                   .skin = skin,
-                   .daylight = daylight,
-                   .keys = keys,
-                   .audio = audio,
-                   .browser = browser,
-                   .winamp = winamp,
-                   .mixer = nullptr,
-                   .openSettings = [this] { ++settingsOpened; },
-                   .unloadSettings = [this] { screens.Remove("settings"); },
-
-                   .loadGPS = [] {},
-                   .exitApplication = [this] { ++exits; },
-                   .powerAction = {},
-                   .setDimmer = {}},
-                  view};
+    MainMenu menu{MenuNeeds(), view};
 };
 
 TEST_F(MainMenuTest, TheGraphOfTheSkinLeadsTheCursor) {
@@ -77,7 +50,7 @@ TEST_F(MainMenuTest, TheGraphOfTheSkinLeadsTheCursor) {
     EXPECT_EQ(menu.CurrentSelection, 2) << "the skin's own when none is stored";
     menu.MoveLeft();
     EXPECT_EQ(menu.CurrentSelection, 1);
-    EXPECT_EQ(view.drawn.back(), std::make_pair(1, true));
+    EXPECT_EQ(view.drawn, std::make_pair(1, true));
     menu.MoveLeft();
     EXPECT_EQ(menu.CurrentSelection, 1) << "no neighbour, no move";
     EXPECT_TRUE(menu.Form_KeyDown("39"));
@@ -95,6 +68,7 @@ TEST_F(MainMenuTest, AStoredSelectionBeyondTheIconsSelectsNothing) {
     settings.Write("main", "CurrentSelectID", "9");
     menu.ReShow();
     EXPECT_EQ(menu.CurrentSelection, 9);
+    told.clear();
     menu.runok();
     EXPECT_TRUE(told.empty());
     menu.MoveUp();
@@ -102,30 +76,23 @@ TEST_F(MainMenuTest, AStoredSelectionBeyondTheIconsSelectsNothing) {
 }
 
 TEST_F(MainMenuTest, FunctionsOfWhatIsNotConfigured) {
-    struct Case {
-        int function;
-        const char* message;
-    };
-    for (const Case& c : {Case{4, "You must first configure external app support."},
-                          Case{5, "You must first configure your radio."},
-                          Case{6, "You have no GPS module configured"}}) {
-        Start(c.function);
-        EXPECT_EQ(view.clockBar, c.message);
+    const std::pair<int, const char*> cases[] = {
+        {4, "You must first configure external app support."},
+        {5, "You must first configure your radio."},
+        {6, "You have no GPS module configured"},
+        {42, "You have no GPS module configured"}};
+    for (const auto& [function, message] : cases) {
+        EXPECT_EQ(Start(function), "") << function;
+        EXPECT_EQ(view.clockBar, message);
     }
-    EXPECT_TRUE(told.empty());
-    Start(42);
-    EXPECT_TRUE(told.empty());
 }
 
 TEST_F(MainMenuTest, TheBrowserOpensAtTheMediaFolder) {
-    Start(2);
-    EXPECT_TRUE(Told("playlists.ReShow"));
+    EXPECT_EQ(Start(2), "playlists.ReShow");
     EXPECT_EQ(browser.CurrentPath, settings.values.MediaDir);
     EXPECT_EQ(browser.ListMode, ListFromMenu);
     settings.values.PlaylistDir = "none";
-    told.clear();
-    Start(2);
-    EXPECT_TRUE(told.empty());
+    EXPECT_EQ(Start(2), "");
 }
 
 TEST_F(MainMenuTest, AudioResumesWhatWasSaved) {
@@ -134,8 +101,7 @@ TEST_F(MainMenuTest, AudioResumesWhatWasSaved) {
     settings.Write("audio_player", "CurrentPosition", "61");
     settings.Write("audio_player", "volumeserial", "-1");
     settings.values.DoResume = true;
-    Start(1);
-    EXPECT_TRUE(Told("playmp3.ReShow"));
+    EXPECT_EQ(Start(1), "playmp3.ReShow");
     EXPECT_EQ(audio.PlayMode, PlayAudio);
     EXPECT_EQ(audio.TrackToSelect, 5);
     EXPECT_EQ(audio.ResumePosition, 61);
@@ -144,43 +110,44 @@ TEST_F(MainMenuTest, AudioResumesWhatWasSaved) {
 }
 
 TEST_F(MainMenuTest, AudioThatCannotBeResumedOpensTheBrowser) {
-    const auto opens = [&](const char* why) {
-        told.clear();
-        Start(1);
-        EXPECT_TRUE(Told("playlists.ReShow")) << why;
+    const auto set = [this](const char* key, const char* value) {
+        settings.Write("audio_player", key, value);
     };
-    settings.Write("audio_player", "currenttrack", "4");
-    opens("no list");
+    set("currenttrack", "4");
+    EXPECT_EQ(Start(1), "playlists.ReShow") << "no list";
     app.Write("vk_audio.m3u", "");
-    opens("an empty list");
+    EXPECT_EQ(Start(1), "playlists.ReShow") << "an empty list";
     app.Write("vk_audio.m3u", "/cd/a.mp3\n");
-    settings.Write("audio_player", "currenttrack", "0");
-    opens("track 0");
-    settings.Write("audio_player", "currenttrack", "4");
-    settings.Write("audio_player", "volumeserial", "77");
-    opens("no drive");
+    set("currenttrack", "0");
+    EXPECT_EQ(Start(1), "playlists.ReShow") << "track 0";
+    set("currenttrack", "4");
+    set("volumeserial", "77");
+    EXPECT_EQ(Start(1), "playlists.ReShow") << "no drive";
     settings.values.CDDriveLetter = "/cd";
     volumes.drives = {{"/cd", DriveType::CdRom}};
     volumes.ready = {"/cd"};
     volumes.serials["/cd"] = 78;
-    opens("another disc");
+    EXPECT_EQ(Start(1), "playlists.ReShow") << "another disc";
     volumes.serials["/cd"] = 77;
-    told.clear();
-    Start(1);
-    EXPECT_TRUE(Told("playmp3.ReShow"));
+    EXPECT_EQ(Start(1), "playmp3.ReShow");
 }
 
-TEST_F(MainMenuTest, ComingBackSilencesThePlayerAndHidesTheRest) {
+TEST_F(MainMenuTest, ComingBackSilencesThePlayerAndUnloadsTheSettings) {
     player.answer = [](const auto& message) { return message.lParam == 104 ? 1 : 0; };
+    loader.settings();
     menu.ReShow();
     EXPECT_EQ(player.sent.back(), test::RecordingPlayer::Command(WinampStop));
     EXPECT_EQ(screens.CurrentForm, "velkorandum");
     EXPECT_TRUE(state.WinampWatched);
     EXPECT_EQ(view.clockBar, "Saturday, November 21, 2026 12:0");
     EXPECT_TRUE(view.frame);
+    clock.Advance(1500);
+    EXPECT_NE(screens.Find("settings"), nullptr);
+    clock.Advance(1000);
+    EXPECT_EQ(screens.Find("settings"), nullptr) << "it goes at the second tick";
 }
 
-TEST_F(MainMenuTest, QuittingWaitsForABusyCatalogueTwice) {
+TEST_F(MainMenuTest, QuittingWaitsForABusyCatalogueTwiceAndForTheMode) {
     state.DBState = DBStateValue::Rebuilding;
     menu.Image1_Click();
     EXPECT_EQ(view.clockBar, "Please wait for the database to finish. :1");
@@ -189,15 +156,12 @@ TEST_F(MainMenuTest, QuittingWaitsForABusyCatalogueTwice) {
     EXPECT_TRUE(menu.Form_KeyDown("%115"));
     EXPECT_EQ(exits, 1);
     EXPECT_EQ(settings.Read("main", "CurrentSelectID"), "0");
-}
-
-TEST_F(MainMenuTest, ExitDependsOnTheMode) {
     settings.values.ShutDownMode = 3;
     Start(7);
-    EXPECT_EQ(exits, 0);
+    EXPECT_EQ(exits, 1);
     settings.values.ShutDownMode = 0;
     Start(7);
-    EXPECT_EQ(exits, 1);
+    EXPECT_EQ(exits, 2);
 }
 
 TEST_F(MainMenuTest, TheClockFollowsTheDay) {
@@ -230,7 +194,7 @@ TEST_F(MainMenuTest, TheFirstAppearanceWaitsForTheCatalogue) {
     EXPECT_TRUE(state.WinampWatched);
 }
 
-TEST_F(MainMenuTest, KeysOfTheMap) {
+TEST_F(MainMenuTest, KeysOfTheMapAndHiddenZonesOfTheCleanMenu) {
     keys.kbSWMP = "80";
     EXPECT_TRUE(menu.Form_KeyDown("80"));
     EXPECT_EQ(settingsOpened, 1);
@@ -239,27 +203,14 @@ TEST_F(MainMenuTest, KeysOfTheMap) {
     EXPECT_FALSE(settings.values.hidemouse);
     EXPECT_EQ(settings.Read("main", "hidemouse"), "false");
     EXPECT_FALSE(menu.Form_KeyDown(""));
-}
-
-TEST_F(MainMenuTest, HiddenZonesOfTheCleanMenu) {
     menu.PressedAt(799, 0);
-    EXPECT_EQ(exits, 0);
     settings.values.CleanMenu = true;
     menu.PressedAt(400, 240);
-    EXPECT_EQ(exits + settingsOpened, 0);
+    EXPECT_EQ(exits, 0);
     menu.PressedAt(799, 0);
     menu.PressedAt(0, 479);
     EXPECT_EQ(exits, 1);
-    EXPECT_EQ(settingsOpened, 1);
-}
-
-TEST_F(MainMenuTest, TheSettingsScreenGoesAtTheSecondTick) {
-    loader.settings();
-    menu.ReShow();
-    clock.Advance(1500);
-    EXPECT_NE(screens.Find("settings"), nullptr);
-    clock.Advance(1000);
-    EXPECT_EQ(screens.Find("settings"), nullptr);
+    EXPECT_EQ(settingsOpened, 2);
 }
 
 } // namespace

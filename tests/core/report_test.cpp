@@ -12,14 +12,11 @@ TEST_F(ReportTest, LogsShowsAndEnds) {
     int ended = 0;
     report.unloadAll = [&] { ++ended; };
     report.ReportError("An error occured in modIni.ReadINI ", "it broke", 53);
-    EXPECT_EQ(dialogs.shown.at(0),
-              "An error occured in modIni.ReadINI   : it broke :  Error number 53\n"
-              "Click ok to terminate the application");
+    const std::string text = "An error occured in modIni.ReadINI   : it broke :  Error number 53";
+    EXPECT_EQ(dialogs.shown.at(0), text + "\nClick ok to terminate the application");
     EXPECT_EQ(dialogs.titles.at(0), "Velkorandum Error");
     EXPECT_EQ(ended, 1);
-    EXPECT_EQ(app.Read("debug.log"),
-              "11/21/2026 12:00:00 PM - An error occured in modIni.ReadINI   : "
-              "it broke :  Error number 53\r\n");
+    EXPECT_EQ(app.Read("debug.log"), "11/21/2026 12:00:00 PM - " + text + "\r\n");
 }
 
 TEST_F(ReportTest, ASkinErrorIsOnlyLogged) {

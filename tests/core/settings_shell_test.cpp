@@ -7,11 +7,10 @@ namespace vk {
 namespace {
 
 struct ToldSettingsView : SettingsView {
-    void ShowShell() override { ++shown; }
+    void ShowShell() override {}
     void EnableLeaving(bool exitApp, bool done) override { leaving = exitApp && done; }
     void ShowTexts() override {}
     void SetTopInfo(const std::string& text) override { topInfo = text; }
-    int shown = 0;
     bool leaving = true;
     std::string topInfo;
 };
@@ -21,12 +20,11 @@ struct SettingsShellTest : testing::Test, test::StartFixture {
         // The start makes the settings screen; here it is the shell under test.
         loader.settings = [this] {
             shell = std::make_unique<SettingsShell>(
-                SettingsShell::Needs{state, settings, report, dialogs, clock, locale, screens, window,
-                                     loading, skin, keys, *start, [this] { ++exits; }},
+                SettingsShell::Needs{state, settings, report, dialogs, clock, locale, screens,
+                                     window, loading, skin, keys, *start, [this] { ++exits; }},
                 view);
             shell->FirstRunDue = true;
-            screen = std::make_unique<test::ToldScreen>("settings", screens, told);
-            screens.Add("settings", *screen);
+            MakeScreen("settings");
         };
         start = Make();
     }
@@ -34,10 +32,15 @@ struct SettingsShellTest : testing::Test, test::StartFixture {
         start->Form_Load();
         shell->ReShow();
     }
+    void LaterRun() {
+        SetUpApp();
+        start->Form_Load();
+        loader.settings();
+        shell->FirstRunDue = false;
+    }
     ToldSettingsView view;
     std::unique_ptr<astart> start;
     std::unique_ptr<SettingsShell> shell;
-    std::unique_ptr<test::ToldScreen> screen;
     int exits = 0;
 };
 
@@ -63,7 +66,8 @@ TEST_F(SettingsShellTest, TheFirstRunLeadsFromTheWelcomeToTheMenu) {
     EXPECT_EQ(exits, 0);
 }
 
-TEST_F(SettingsShellTest, ABadMediaFolderIsAskedAgainAndCancelEnds) {
+TEST_F(SettingsShellTest, BadFoldersAreAskedAgainAndCancelEnds) {
+    const std::string media = app.MakeFolder("music");
     dialogs.folders = {"/", ""};
     dialogs.answers = {true, false};
     FirstRun();
@@ -73,12 +77,9 @@ TEST_F(SettingsShellTest, ABadMediaFolderIsAskedAgainAndCancelEnds) {
               "Click ok to return, Cancel to exit program");
     EXPECT_EQ(exits, 1);
     EXPECT_EQ(settings.Read("main", "Setup"), "");
-}
-
-TEST_F(SettingsShellTest, ThePlaylistFolderMustLieWithin) {
-    const std::string media = app.MakeFolder("music");
+    dialogs.shown.clear();
     dialogs.folders = {media, "", app.MakeFolder("music2"), media};
-    FirstRun();
+    shell->ReShow();
     EXPECT_EQ(dialogs.shown.at(1),
               "You must select a directory, or Velkorandum will not work.  Click ok to return.");
     EXPECT_EQ(dialogs.shown.at(2),
@@ -87,10 +88,7 @@ TEST_F(SettingsShellTest, ThePlaylistFolderMustLieWithin) {
 }
 
 TEST_F(SettingsShellTest, LeavingLaterLoadsTheScreensAnew) {
-    SetUpApp();
-    start->Form_Load();
-    loader.settings();
-    shell->FirstRunDue = false;
+    LaterRun();
     shell->ReShow();
     EXPECT_EQ(screens.CurrentForm, "settings");
     EXPECT_TRUE(view.leaving);
@@ -104,9 +102,7 @@ TEST_F(SettingsShellTest, LeavingLaterLoadsTheScreensAnew) {
 }
 
 TEST_F(SettingsShellTest, TheExitButtonWaitsForABusyCatalogue) {
-    SetUpApp();
-    start->Form_Load();
-    loader.settings();
+    LaterRun();
     state.DBState = DBStateValue::Rebuilding;
     shell->bExitApp_Click();
     EXPECT_EQ(view.topInfo, "Please wait for the database to finish.");

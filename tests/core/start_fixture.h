@@ -1,4 +1,4 @@
-// Start-up wired on fakes, with screens that only tell that they were called.
+// Start-up wired on fakes, with screens that only tell what was called.
 #pragma once
 
 #include "core/file_registry.h"
@@ -6,43 +6,14 @@
 #include "core/version.h"
 #include "tests/sim/recording_player.h"
 #include "tests/support/core_fixture.h"
+#include "tests/support/recording_screen.h"
 
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
 
 namespace vk::test {
-
-/// A screen that writes down which of its operations ran.
-struct ToldScreen {
-    ToldScreen(std::string screenName, Screens& allScreens, std::vector<std::string>& calls)
-        : name(std::move(screenName)), screens(allScreens), told(calls) {}
-    void Tell(const std::string& what) { told.push_back(name + "." + what); }
-    void runok() { Tell("runok"); }
-    void MoveUp() {}
-    void MoveDown() {}
-    void MoveBack() {}
-    void MoveAhead() {}
-    void VolUp() {}
-    void VolDown() {}
-    void doquit() {
-        Tell("doquit");
-        if (!leadsTo.empty()) screens.CurrentForm = leadsTo;
-    }
-    void ReShow() {
-        Tell("ReShow");
-        screens.CurrentForm = name;
-    }
-    void DoLayout() { Tell("DoLayout"); }
-    void switchingform() {}
-    void Hide() {}
-    bool Form_KeyDown(const std::string&) { return false; }
-
-    std::string name;
-    std::string leadsTo; ///< screen in front after doquit, "" to stay
-    Screens& screens;
-    std::vector<std::string>& told;
-};
 
 class ToldLoading : public LoadingScreen {
   public:
@@ -75,18 +46,10 @@ struct StartFixture : CoreFixture {
         app.Write("skins/Torque.skn", "[Colors]\n");
         app.Write("DB_UPDATE", "");
         registry.SetStringValue(Hive::ClassesRoot, "DB_UPDATE.clsDB", "", app.File("DB_UPDATE"));
-        const auto maker = [this](const char* name) {
-            return [this, name] {
-                auto screen = std::make_unique<ToldScreen>(name, screens, told);
-                screens.Add(name, *screen);
-                made.push_back(std::move(screen));
-                told.push_back(std::string("load ") + name);
-            };
-        };
-        loader.velkorandum = maker("velkorandum");
-        loader.playlists = maker("playlists");
-        loader.playmp3 = maker("playmp3");
-        loader.settings = maker("settings");
+        loader.velkorandum = [this] { MakeScreen("velkorandum"); };
+        loader.playlists = [this] { MakeScreen("playlists"); };
+        loader.playmp3 = [this] { MakeScreen("playmp3"); };
+        loader.settings = [this] { MakeScreen("settings"); };
         loader.unloadSettings = [this] { screens.Remove("settings"); };
         loader.unloadScreens = [this] { told.push_back("unload screens"); };
         report.unloadAll = [this] { ++ended; };
@@ -125,17 +88,23 @@ struct StartFixture : CoreFixture {
                                       "\nPlaylistDir=" + app.MakeFolder("media/lists") +
                                       "\nTime1=8:00:00 AM\nTime2=9:00:00 PM\n");
     }
-    ToldScreen& ScreenNamed(const std::string& name) {
-        for (const auto& screen : made)
-            if (screen->name == name) return *screen;
-        throw std::runtime_error("no screen " + name);
+    /// Makes a screen that tells its calls; its ReShow brings it to the front.
+    void MakeScreen(const std::string& name) {
+        made[name].onCall = [this, name](const std::string& call) {
+            told.push_back(name + "." + call);
+            if (call == "ReShow") screens.CurrentForm = name;
+            if (call == "doquit" && leadsTo.contains(name)) screens.CurrentForm = leadsTo[name];
+        };
+        screens.Add(name, made[name]);
+        told.push_back("load " + name);
     }
     bool Told(const std::string& what) const {
         return std::find(told.begin(), told.end(), what) != told.end();
     }
 
     std::vector<std::string> told;
-    std::vector<std::unique_ptr<ToldScreen>> made;
+    std::map<std::string, RecordingScreen> made;
+    std::map<std::string, std::string> leadsTo; ///< the screen in front after a doquit
     ToldLoading loading{told};
     FakeProcesses processes;
     FileRegistry registry{app.File("registry.ini")};

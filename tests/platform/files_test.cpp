@@ -12,8 +12,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <algorithm>
-
 namespace vk {
 namespace {
 
@@ -63,9 +61,8 @@ TEST_F(FilesTest, ListsAFolder) {
     folder.Write("a", "12");
     ::symlink("/no/such", folder.File("broken").c_str());
     auto entries = ListFolder(folder.Path());
-    std::sort(entries.begin(), entries.end(),
-              [](const auto& l, const auto& r) { return l.name < r.name; });
     ASSERT_EQ(entries.size(), 2u);
+    if (entries[0].name != "a") std::swap(entries[0], entries[1]);
     EXPECT_EQ(entries[0].length, 2u);
     EXPECT_TRUE(entries[1].isFolder);
     EXPECT_TRUE(ListFolder(folder.File("none")).empty());
@@ -83,13 +80,13 @@ TEST_F(FilesTest, DrivesComeFromTheKernelsTables) {
     folder.Write("block/8:33/removable", "0\n");
     LinuxVolumes volumes(folder.File("mounts"), folder.File("cdrom"), folder.File("block"));
     const auto drives = volumes.Drives();
-    ASSERT_EQ(drives.size(), 4u);
-    EXPECT_EQ(drives[0].root, "/dev/sr1");
-    EXPECT_EQ(drives[1].root, "/media/cd");
-    EXPECT_EQ(drives[1].type, DriveType::CdRom);
-    EXPECT_EQ(drives[2].root, "/media/my stick");
-    EXPECT_EQ(drives[2].type, DriveType::Removable);
-    EXPECT_EQ(drives[3].type, DriveType::Fixed);
+    const std::pair<std::string, DriveType> expected[] = {{"/dev/sr1", DriveType::CdRom},
+                                                          {"/media/cd", DriveType::CdRom},
+                                                          {"/media/my stick", DriveType::Removable},
+                                                          {"/data", DriveType::Fixed}};
+    ASSERT_EQ(drives.size(), std::size(expected));
+    for (std::size_t i = 0; i < drives.size(); ++i)
+        EXPECT_TRUE(std::pair(drives[i].root, drives[i].type) == expected[i]) << drives[i].root;
     EXPECT_EQ(volumes.DriveOf("/media/my stick/a/b.mp3"), "/media/my stick");
     EXPECT_EQ(volumes.DriveOf("/data2/x"), "/");
     EXPECT_FALSE(volumes.IsReady("/dev/no-such-drive"));
@@ -128,18 +125,13 @@ TEST_F(FilesTest, TheRegistryFileKeepsKeysAndValues) {
 }
 
 TEST(VirtualKeysTest, QtKeysHaveTheirWindowsCodes) {
-    struct Case {
-        int key;
-        Qt::KeyboardModifiers modifiers;
-        const char* text;
-    };
-    const Case cases[] = {
+    const std::tuple<int, Qt::KeyboardModifiers, const char*> cases[] = {
         {Qt::Key_Up, Qt::NoModifier, "38"},        {Qt::Key_Return, Qt::NoModifier, "13"},
         {Qt::Key_Enter, Qt::KeypadModifier, "13"}, {Qt::Key_P, Qt::ShiftModifier, "80"},
         {Qt::Key_F4, Qt::AltModifier, "%115"},     {Qt::Key_Plus, Qt::KeypadModifier, "107"},
         {Qt::Key_7, Qt::NoModifier, "55"},         {Qt::Key_Hyper_L, Qt::NoModifier, ""}};
-    for (const Case& c : cases)
-        EXPECT_EQ(VirtualKeyText(QKeyEvent(QEvent::KeyPress, c.key, c.modifiers)), c.text);
+    for (const auto& [key, modifiers, text] : cases)
+        EXPECT_EQ(VirtualKeyText(QKeyEvent(QEvent::KeyPress, key, modifiers)), text);
 }
 
 } // namespace

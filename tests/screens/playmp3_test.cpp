@@ -1,8 +1,8 @@
 #include "playback/screen/playmp3.h"
 #include "tests/playback/audio_fixture.h"
+#include "tests/support/widgets.h"
 
 #include <QApplication>
-#include <QMouseEvent>
 #include <QWheelEvent>
 
 #include <gtest/gtest.h>
@@ -16,26 +16,25 @@ struct Playmp3Test : testing::Test, AudioFixture {
     QWidget host;
     std::unique_ptr<playmp3> screen;
 
-    playmp3& Open(int width = 800, int height = 480) {
-        state.ScreenWidth = width;
-        state.ScreenHeight = height;
+    /// Shows the screen with a list of so many tracks, 0 for none.
+    void Open(int tracks, int selected = 1, QSize size = {800, 480}) {
+        state.ScreenWidth = size.width();
+        state.ScreenHeight = size.height();
         state.CurrentSkinFile = "Torque.skn";
         settings.values.bTSModeEnabled = true;
         skin.LoadSkin();
-        host.resize(width, height);
+        host.resize(size);
         host.show();
         screen = std::make_unique<playmp3>(context, Needs(), &host);
-        return *screen;
+        screens.Add("playmp3", *screen);
+        if (tracks > 0) Choose(tracks, selected);
+        screen->ReShow();
     }
     QWidget* Named(const char* name) { return screen->findChild<QWidget*>(name); }
-    void Mouse(QEvent::Type type, QWidget* widget, QPoint at) {
-        QMouseEvent event(type, at, widget->mapToGlobal(at), Qt::LeftButton, Qt::LeftButton, {});
-        QCoreApplication::sendEvent(widget, &event);
-    }
     void Touch(QWidget* widget, QPoint at, int ticks = 0) {
-        Mouse(QEvent::MouseButtonPress, widget, at);
+        Press(*widget, at);
         clock.Advance(ticks * 100);
-        Mouse(QEvent::MouseButtonRelease, widget, at);
+        Release(*widget, at);
     }
     void Touch(const char* name, int ticks = 0) {
         Touch(Named(name), Named(name)->rect().center(), ticks);
@@ -44,9 +43,7 @@ struct Playmp3Test : testing::Test, AudioFixture {
 };
 
 TEST_F(Playmp3Test, TouchesReachTheOperations) {
-    screens.Add("playmp3", Open());
-    Choose(40, 3);
-    screen->ReShow();
+    Open(40, 3);
     EXPECT_EQ(process.track, 2);
     Touch("TSPauseBtn");
     EXPECT_TRUE(audio.bPaused);
@@ -67,31 +64,21 @@ TEST_F(Playmp3Test, TouchesReachTheOperations) {
     EXPECT_EQ(menu.Count("ReShow"), 1);
 }
 
-TEST_F(Playmp3Test, ATouchedRowPlays) {
-    Open();
-    Choose(40);
-    screen->ReShow();
-    const int row = List().model().RowHeight;
-    Touch(&List(), {100, 2 * row + row / 2});
+TEST_F(Playmp3Test, ATouchedRowPlaysAndAHeldStripScrollsByLines) {
+    Open(40);
+    ListModel& rows = List().model();
+    Touch(&List(), {100, 2 * rows.RowHeight + rows.RowHeight / 2});
     EXPECT_EQ(process.track, 2);
-    EXPECT_EQ(List().model().iHighlight, 2);
-}
-
-TEST_F(Playmp3Test, AHeldStripScrollsByLines) {
-    Open();
-    Choose(40);
-    screen->ReShow();
+    EXPECT_EQ(rows.iHighlight, 2);
+    const int before = rows.iSelected;
     Touch(&List(), {List().width() - 10, List().height() - 3}, 6);
-    EXPECT_EQ(List().model().iSelected, 3);
     clock.Advance(1000);
-    EXPECT_EQ(List().model().iSelected, 3);
+    EXPECT_EQ(rows.iSelected, before + 3);
 }
 
 TEST_F(Playmp3Test, KeysAndTheWheelReachTheOperations) {
     keys.pause = "32";
-    screens.Add("playmp3", Open());
-    Choose(9, 5);
-    screens.Show("playmp3");
+    Open(9, 5);
     const auto key = [&](const char* code) { return screens.Current()->Form_KeyDown(code); };
     EXPECT_TRUE(key("40"));
     EXPECT_EQ(List().model().iSelected, 5);
@@ -110,8 +97,7 @@ TEST_F(Playmp3Test, KeysAndTheWheelReachTheOperations) {
 }
 
 TEST_F(Playmp3Test, OffersNothingThatIsNotThere) {
-    Open();
-    screen->ReShow();
+    Open(0);
     for (const char* name : {"TSVolUpBtn", "TSVolDownBtn", "TSPopUpMenuBtn"})
         EXPECT_FALSE(Named(name)->isVisible()) << name;
     EXPECT_TRUE(Named("TSRunOkBtn")->isVisible());
@@ -127,9 +113,7 @@ struct PaintCounter : QObject {
 };
 
 TEST_F(Playmp3Test, RedrawsNothingButTheTimeWhilePlaying) {
-    Open();
-    Choose(9);
-    screen->ReShow();
+    Open(9);
     clock.Advance(2000);
     QCoreApplication::processEvents();
     PaintCounter rows, time;
@@ -143,40 +127,31 @@ TEST_F(Playmp3Test, RedrawsNothingButTheTimeWhilePlaying) {
     EXPECT_EQ(rows.paints, 0);
 }
 
-struct ScreenSize {
-    int width, height;
-};
-
-class PlayerLayoutTest : public testing::TestWithParam<ScreenSize> {};
-
-TEST_P(PlayerLayoutTest, FitsTheScreenWithButtonsForAFinger) {
-    const auto [width, height] = GetParam();
-    for (const bool volume : {false, true}) {
-        const PlayerLayout layout(width, height, volume);
-        std::vector<QRect> all = {layout.listTitle, layout.clock,   layout.mediaType,
-                                  layout.title,     layout.artist,  layout.trackTime,
-                                  layout.bitRate,   layout.shuffle, layout.list};
-        for (const ButtonPlace& button : layout.buttons) {
-            EXPECT_GE(button.rect.width(), height * 3 / 20);
-            EXPECT_GE(button.rect.height(), height * 3 / 20);
-            EXPECT_EQ(button.upper, layout.upperBar.contains(button.rect));
-            if (button.upper) continue; // it opens over the list
-            EXPECT_TRUE(layout.bottomBar.contains(button.rect));
-            all.push_back(button.rect);
+TEST_F(Playmp3Test, FitsEveryPanelWithButtonsForAFinger) {
+    for (const QSize size : PanelSizes)
+        for (const bool volume : {false, true}) {
+            SCOPED_TRACE(size.width());
+            const PlayerLayout layout(size.width(), size.height(), volume);
+            std::vector<QRect> all = {layout.listTitle, layout.clock,   layout.mediaType,
+                                      layout.title,     layout.artist,  layout.trackTime,
+                                      layout.bitRate,   layout.shuffle, layout.list};
+            for (const ButtonPlace& button : layout.buttons) {
+                EXPECT_GE(std::min(button.rect.width(), button.rect.height()),
+                          size.height() * 3 / 20);
+                EXPECT_EQ(button.upper, layout.upperBar.contains(button.rect));
+                if (button.upper) continue; // it opens over the list
+                EXPECT_TRUE(layout.bottomBar.contains(button.rect));
+                all.push_back(button.rect);
+            }
+            for (std::size_t i = 0; i < all.size(); ++i) {
+                EXPECT_TRUE(QRect(QPoint(), size).contains(all[i])) << i;
+                for (std::size_t j = 0; j < i; ++j)
+                    EXPECT_FALSE(all[i].intersects(all[j])) << i << " and " << j;
+            }
+            EXPECT_EQ(layout.buttons.size(),
+                      (volume ? 9u : 7u) + (layout.upperBar.isEmpty() ? 0 : 1));
         }
-        for (std::size_t i = 0; i < all.size(); ++i) {
-            EXPECT_TRUE(QRect(0, 0, width, height).contains(all[i])) << i;
-            for (std::size_t j = 0; j < i; ++j)
-                EXPECT_FALSE(all[i].intersects(all[j])) << i << " and " << j;
-        }
-        EXPECT_EQ(layout.buttons.size(), (volume ? 9u : 7u) + (layout.upperBar.isEmpty() ? 0 : 1));
-    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Sizes, PlayerLayoutTest,
-                         testing::Values(ScreenSize{640, 480}, ScreenSize{800, 480},
-                                         ScreenSize{1024, 600}, ScreenSize{1024, 768},
-                                         ScreenSize{1280, 720}));
 
 TEST_F(Playmp3Test, OpensTheUpperBarOnANarrowScreen) {
     struct Silent : Mixer {
@@ -188,8 +163,7 @@ TEST_F(Playmp3Test, OpensTheUpperBarOnANarrowScreen) {
         void SetMute(MixerLine, bool) override {}
     } sound;
     mixer = &sound;
-    Open(640, 480);
-    screen->ReShow();
+    Open(0, 1, {640, 480});
     EXPECT_FALSE(Named("TSshuffleBtn")->isVisible());
     Touch("TSPopUpMenuBtn");
     EXPECT_TRUE(Named("TSshuffleBtn")->isVisible());

@@ -1,5 +1,5 @@
 #include "core/screen/velkorandum.h"
-#include "tests/core/start_fixture.h"
+#include "tests/core/menu_fixture.h"
 #include "tests/support/widgets.h"
 
 #include <QImage>
@@ -10,7 +10,7 @@ namespace vk {
 namespace {
 
 // The menu on the skins that ship.
-struct MenuScreenTest : testing::Test, test::StartFixture {
+struct MenuScreenTest : testing::Test, test::MenuFixture {
     MenuScreenTest() {
         SetUpApp();
         std::filesystem::remove_all(app.File("skins"));
@@ -26,42 +26,14 @@ struct MenuScreenTest : testing::Test, test::StartFixture {
         skin.LoadSkin();
         host.resize(width, height);
         menu = std::make_unique<velkorandum>(
-            ControlContext{state, settings.values, skin, pictures, clock},
-            MainMenu::Needs{.state = state,
-                            .settings = settings,
-                            .log = log,
-                            .report = report,
-                            .clock = clock,
-                            .locale = locale,
-                            .volumes = volumes,
-                            .window = window,
-                            .screens = screens,
-                            .skin = skin,
-                            .daylight = daylight,
-                            .keys = keys,
-                            .audio = audio,
-                            .browser = browser,
-                            .winamp = winamp,
-                            .mixer = nullptr,
-                            .openSettings = [this] { ++settingsOpened; },
-                            .unloadSettings = {},
-                            .loadGPS = {},
-                            .exitApplication = [this] { ++exits; },
-                            .powerAction = {},
-                            .setDimmer = {}},
-            &host);
+            ControlContext{state, settings.values, skin, pictures, clock}, MenuNeeds(), &host);
         host.show();
         menu->ReShow();
         QCoreApplication::processEvents();
     }
-    AudioState audio;
-    BrowserState browser;
-    cWinamp winamp{{player, clock, report, app.Path()}};
-    Daylight daylight{{state, settings, clock, screens, skin, {}}};
     PictureCache pictures{skin};
     QWidget host;
     std::unique_ptr<velkorandum> menu;
-    int exits = 0, settingsOpened = 0;
 };
 
 TEST_F(MenuScreenTest, EverythingLiesOnTheScreenAtEverySize) {
@@ -86,12 +58,10 @@ TEST_F(MenuScreenTest, TheChosenTileIsUnmistakable) {
 
 TEST_F(MenuScreenTest, ATouchedTileStartsAndTheBarLeadsToTheSettings) {
     Show(800, 480);
-    const auto& icons = menu->menu().Icons();
-    for (const MenuIconData& icon : icons) {
-        if (icon.function != "2") continue;
-        test::Tap(host, {static_cast<int>((icon.iconleft + icon.iconwidth / 2) * 800),
-                         static_cast<int>((icon.icontop + icon.iconheight / 2) * 480)});
-    }
+    for (const MenuIconData& icon : menu->menu().Icons())
+        if (icon.function == "2")
+            test::Tap(host, {static_cast<int>((icon.iconleft + icon.iconwidth / 2) * 800),
+                             static_cast<int>((icon.icontop + icon.iconheight / 2) * 480)});
     EXPECT_TRUE(Told("playlists.ReShow"));
     menu->ReShow();
     test::Tap(host, {400, 470});

@@ -8,6 +8,9 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <map>
+
 namespace vk {
 namespace {
 
@@ -20,6 +23,7 @@ class KeyCounter : public QWidget {
     void keyPressEvent(QKeyEvent*) override { ++keys; }
 };
 
+// Keys are written as characters: < > ^ _ are the arrows, ! is Escape, the others type themselves.
 struct DialogsTest : testing::Test, test::CoreFixture {
     DialogsTest() {
         host.resize(800, 480);
@@ -43,17 +47,20 @@ struct DialogsTest : testing::Test, test::CoreFixture {
             action();
         });
     }
-    void Key(int key, bool repeat = false, const QString& text = {}) {
-        QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, text, repeat);
-        QCoreApplication::sendEvent(&host, &press);
+    void Then(const char* keys) {
+        Then([this, keys] { Keys(keys); });
     }
-    void Keys(const std::vector<int>& keys) {
-        for (int key : keys)
-            Key(key);
-    }
-    void Type(const std::string& text) {
-        for (char c : text)
-            Key(0, false, QString(QLatin1Char(c)));
+    void Keys(const std::string& keys, bool repeat = false) {
+        static const std::map<char, Qt::Key> special = {
+            {'<', Qt::Key_Left},    {'>', Qt::Key_Right},  {'^', Qt::Key_Up},
+            {'_', Qt::Key_Down},    {'!', Qt::Key_Escape}, {'\b', Qt::Key_Backspace},
+            {'\n', Qt::Key_Return}, {'\r', Qt::Key_Enter}};
+        for (char c : keys) {
+            const bool typed = !special.contains(c);
+            QKeyEvent press(QEvent::KeyPress, typed ? 0 : special.at(c), Qt::NoModifier,
+                            typed ? QString(QLatin1Char(c)) : QString(), repeat);
+            QCoreApplication::sendEvent(&host, &press);
+        }
     }
     const DialogCell& Cell(const char* caption) {
         for (const DialogCell& cell : Front()->Cells())
@@ -69,35 +76,29 @@ struct DialogsTest : testing::Test, test::CoreFixture {
     std::string tree;
 };
 
-using Q = Qt::Key;
-
 TEST_F(DialogsTest, AMessageWaitsForItsKeyAndKeepsTheHostFromKeys) {
     Then([this] {
-        EXPECT_TRUE(skinDialogs.Active());
         EXPECT_EQ(Front()->geometry(), host.rect());
         EXPECT_GE(Cell("OK").box.height(), 480 / 7);
-        Keys({Q::Key_A, Q::Key_Left, Q::Key_Return});
+        Keys("a<");
+        EXPECT_TRUE(skinDialogs.Active());
+        Keys("\n");
     });
     skinDialogs.ShowMessage("Text", "Title", MessageKind::Warning);
     EXPECT_FALSE(skinDialogs.Active());
     EXPECT_EQ(host.keys, 0);
-    Key(Q::Key_A);
+    Keys("a");
     EXPECT_EQ(host.keys, 1);
 }
 
 TEST_F(DialogsTest, QuestionsByKeys) {
-    struct Case {
-        std::vector<int> keys;
-        bool answer;
-    };
-    for (const Case& c : {Case{{Q::Key_Return}, true}, Case{{Q::Key_Enter}, true},
-                          Case{{Q::Key_Escape}, false}, Case{{Q::Key_Right, Q::Key_Return}, false},
-                          Case{{Q::Key_Right, Q::Key_Left, Q::Key_Return}, true},
-                          Case{{Q::Key_Right, Q::Key_Right, Q::Key_Return}, false}}) {
-        Then([&] { Keys(c.keys); });
-        EXPECT_EQ(skinDialogs.AskYesNo("Sure?"), c.answer);
-        Then([&] { Keys(c.keys); });
-        EXPECT_EQ(skinDialogs.AskOkCancel("Sure?"), c.answer);
+    const std::pair<const char*, bool> cases[] = {{"\n", true},   {"\r", true},   {"!", false},
+                                                  {">\n", false}, {"><\n", true}, {">>\n", false}};
+    for (const auto& [keys, answer] : cases) {
+        Then(keys);
+        EXPECT_EQ(skinDialogs.AskYesNo("Sure?"), answer);
+        Then(keys);
+        EXPECT_EQ(skinDialogs.AskOkCancel("Sure?"), answer);
     }
 }
 
@@ -116,33 +117,28 @@ TEST_F(DialogsTest, QuestionsByTouch) {
 
 TEST_F(DialogsTest, ADoublePressAnswersOneDialogOnly) {
     Then([this] {
-        Key(Q::Key_Return);
+        Keys("\n");
         QTimer::singleShot(0, &host, [this] {
-            Key(Q::Key_Escape);
+            Keys("!");
             EXPECT_TRUE(skinDialogs.Active()) << "too soon after it opened";
             clock.Advance(1000);
-            Key(Q::Key_Escape, true);
+            Keys("!", true);
             EXPECT_TRUE(skinDialogs.Active()) << "the key was still held";
-            Key(Q::Key_Return);
+            Keys("\n");
         });
     });
     skinDialogs.ShowMessage("One");
     EXPECT_TRUE(skinDialogs.AskYesNo("Two"));
 }
 
-TEST_F(DialogsTest, NestedDialogsGoBackToTheOneBelow) {
-    bool inner = true;
+TEST_F(DialogsTest, NestedDialogsGoBackToTheOneBelowUntilAllAreClosed) {
     Then([&] {
-        Then([this] { Key(Q::Key_Escape); });
-        inner = skinDialogs.AskYesNo("Inner");
+        Then("!");
+        EXPECT_FALSE(skinDialogs.AskYesNo("Inner"));
         EXPECT_TRUE(skinDialogs.Active());
-        Key(Q::Key_Return);
+        Keys("\n");
     });
     EXPECT_TRUE(skinDialogs.AskYesNo("Outer"));
-    EXPECT_FALSE(inner);
-}
-
-TEST_F(DialogsTest, CloseAllCancelsEveryDialogAndThoseThatFollow) {
     Then([&] {
         Then([this] { skinDialogs.CloseAll(); });
         EXPECT_EQ(skinDialogs.InputBox("Inner", "", "x"), std::nullopt);
@@ -151,7 +147,7 @@ TEST_F(DialogsTest, CloseAllCancelsEveryDialogAndThoseThatFollow) {
     EXPECT_FALSE(skinDialogs.AskOkCancel("Outer"));
     EXPECT_FALSE(skinDialogs.Active());
     skinDialogs.CloseAll();
-    Then([this] { Key(Q::Key_Return); });
+    Then("\n");
     EXPECT_TRUE(skinDialogs.AskYesNo("Later"));
 }
 
@@ -164,7 +160,7 @@ TEST_F(DialogsTest, ADialogStaysInFrontAndFollowsTheWindowsSize) {
         host.resize(640, 480);
         EXPECT_EQ(Front()->width(), 640);
         EXPECT_LT(Cell("No").box.right(), 640);
-        Key(Q::Key_Escape);
+        Keys("!");
     });
     EXPECT_FALSE(skinDialogs.AskYesNo("Sure?"));
 }
@@ -183,16 +179,16 @@ TEST_F(DialogsTest, ALongTextScrollsByKeysAndFinger) {
         auto* message = dynamic_cast<MessageOverlay*>(Front());
         ASSERT_TRUE(message);
         EXPECT_LE(Cell("OK").box.bottom(), 480);
-        Key(Q::Key_Up);
+        Keys("^");
         EXPECT_EQ(message->Scrolled(), 0);
-        Key(Q::Key_Down);
+        Keys("_");
         const int scrolled = message->Scrolled();
         EXPECT_GT(scrolled, 50);
         test::Press(*message, {300, 300});
         test::Drag(*message, {300, 280});
         EXPECT_EQ(message->Scrolled(), scrolled + 20);
         test::Release(*message, {300, 280});
-        Key(Q::Key_Return);
+        Keys("\n");
     });
     skinDialogs.ShowMessage(std::string(4000, 'w'));
 }
@@ -202,7 +198,7 @@ TEST_F(DialogsTest, DialogsWearTheSkin) {
         QRgb colour = 0;
         Then([&] {
             colour = host.grab().toImage().pixel(400, Cell("OK").box.top() - 6);
-            Key(Q::Key_Return);
+            Keys("\n");
         });
         skinDialogs.ShowMessage("Text");
         return colour;
@@ -219,53 +215,34 @@ TEST_F(DialogsTest, DialogsWearTheSkin) {
 }
 
 TEST_F(DialogsTest, TypingEditsAndEnterAccepts) {
-    Then([this] {
-        Key(Q::Key_Backspace);
-        Type("nd 7");
-        Key(Q::Key_Return);
-    });
+    Then("\bnd 7\n");
     EXPECT_EQ(skinDialogs.InputBox("Name:", "Save", "Foe"), "Fond 7");
-    Then([this] {
-        Type("x");
-        Key(Q::Key_Escape);
-    });
+    Then("x!");
     EXPECT_EQ(skinDialogs.InputBox("Name:", "Save", "Foe"), std::nullopt);
     EXPECT_EQ(host.keys, 0);
 }
 
 TEST_F(DialogsTest, DrawnKeysWorkByArrowsAndTouch) {
     Then([this] {
-        Touch("q");
-        Touch("ABC");
-        Touch("Q");
-        Touch("#+=");
-        Touch("?");
-        Touch("abc");
-        Touch("Space");
-        Touch("w");
-        Touch("Delete");
-        Touch("w");
-        Keys({Q::Key_Right, Q::Key_Return, Q::Key_Up, Q::Key_Return, Q::Key_Left, Q::Key_Return});
-        Keys({Q::Key_Down, Q::Key_Down, Q::Key_Down, Q::Key_Down, Q::Key_Down});
+        for (const char* key : {"q", "ABC", "Q", "#+=", "?", "abc", "Space", "w", "Delete", "w"})
+            Touch(key);
+        Keys(">\n^\n<\n_____");
         EXPECT_GE(Front()->Marked(), 40) << "the row of the buttons";
         Touch("OK");
     });
     EXPECT_EQ(skinDialogs.InputBox("Name:", "", ""), "qQ? we32");
 }
 
-TEST_F(DialogsTest, AFolderIsFoundByKeys) {
-    Then([this] {
-        Keys({Q::Key_Down, Q::Key_Return});
-        Keys({Q::Key_Right, Q::Key_Left, Q::Key_Right, Q::Key_Return});
-    });
-    EXPECT_EQ(skinDialogs.ChooseFolder("Music\nlies in", tree), tree + "/A");
-    Then([this] { Keys({Q::Key_Right, Q::Key_Down, Q::Key_Down, Q::Key_Return}); });
-    EXPECT_EQ(skinDialogs.ChooseFolder("Music", tree), "") << "the cancel button";
-    Then([this] { Keys({Q::Key_Return, Q::Key_Escape}); });
-    EXPECT_EQ(skinDialogs.ChooseFolder("Music", tree), "");
-}
-
-TEST_F(DialogsTest, AFolderIsFoundByTouch) {
+TEST_F(DialogsTest, AFolderIsFoundByKeysAndTouch) {
+    const std::array<std::string, 3> cases[] = {
+        {tree, "_\n><>\n", tree + "/A"},
+        {tree, ">__\n", ""}, // the cancel button
+        {tree, "\n!", ""},
+        {tree + "/A", "\n\n>\n", tree + "/A"}}; // up, and back to the folder that was left
+    for (const auto& [from, keys, chosen] : cases) {
+        Then(keys.c_str());
+        EXPECT_EQ(skinDialogs.ChooseFolder("Music\nlies in", from), chosen) << keys;
+    }
     Then([this] {
         Touch(QPoint(60, Cell("Select this folder").box.top() + 60 * 2 + 10));
         Touch("Select this folder");
@@ -273,36 +250,19 @@ TEST_F(DialogsTest, AFolderIsFoundByTouch) {
     EXPECT_EQ(skinDialogs.ChooseFolder("Music", tree), tree + "/b");
 }
 
-TEST_F(DialogsTest, GoingUpLeavesTheCursorOnTheFolderThatWasLeft) {
-    Then([this] {
-        Keys({Q::Key_Return, Q::Key_Return});
-        Keys({Q::Key_Right, Q::Key_Return});
-    });
-    EXPECT_EQ(skinDialogs.ChooseFolder("Music", tree + "/A"), tree + "/A");
-}
-
 TEST_F(DialogsTest, ANewFolderIsMadeAndEntered) {
-    const auto make = [this](const std::string& name) {
-        Then([this, name] {
-            Type(name);
-            Key(Q::Key_Return);
-        });
-        Keys({Q::Key_Right, Q::Key_Down, Q::Key_Return});
-    };
     Then([&] {
-        make("Fresh");
-        Key(Q::Key_Return);
+        Then("Fresh\n");
+        Keys(">_\n\n");
     });
     EXPECT_EQ(skinDialogs.ChooseFolder("Music", tree), tree + "/Fresh");
     EXPECT_TRUE(FolderExists(tree + "/Fresh"));
     Then([&] {
-        Then([this] {
-            Type("a/b");
-            Key(Q::Key_Return);
-            Then([this] { Key(Q::Key_Return); });
+        Then([&] {
+            Then("\n"); // to the message
+            Keys("a/b\n");
         });
-        Keys({Q::Key_Right, Q::Key_Down, Q::Key_Return});
-        Key(Q::Key_Escape);
+        Keys(">_\n!");
     });
     EXPECT_EQ(skinDialogs.ChooseFolder("Music", tree), "");
     EXPECT_FALSE(FolderExists(tree + "/a"));
@@ -321,7 +281,6 @@ TEST_F(DialogsTest, TheStartingPlacesAreHomeMediaAndRoot) {
     EXPECT_FALSE(rows.Make("x"));
     rows.Enter(tree + "/");
     ASSERT_EQ(rows.Rows().size(), 3u) << "no files, nothing hidden";
-    EXPECT_EQ(rows.Rows()[0].caption, "<...>");
     EXPECT_EQ(rows.Rows()[0].path, "") << "above a medium are the starting places";
     EXPECT_EQ(rows.Rows()[1].caption, "A");
     EXPECT_EQ(rows.Rows()[2].caption, "b");
@@ -329,16 +288,11 @@ TEST_F(DialogsTest, TheStartingPlacesAreHomeMediaAndRoot) {
         EXPECT_FALSE(rows.Make(bad)) << bad;
     rows.Enter("/no/such/folder");
     EXPECT_EQ(rows.Path(), app.Path());
-}
-
-TEST_F(DialogsTest, WithoutAFolderNothingCanBeSelected) {
-    volumes.drives = {{tree, DriveType::Removable}};
-    volumes.ready = {tree};
     Then([this] {
-        Key(Q::Key_Return);
+        Keys("\n");
         Touch("Select this folder");
-        EXPECT_TRUE(skinDialogs.Active());
-        Keys({Q::Key_Right, Q::Key_Return});
+        EXPECT_TRUE(skinDialogs.Active()) << "without a folder nothing can be selected";
+        Keys(">\n");
     });
     EXPECT_EQ(skinDialogs.ChooseFolder("Music", tree), "");
 }

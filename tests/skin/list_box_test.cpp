@@ -1,10 +1,14 @@
 #include "skin/controls/uc_list_box.h"
 #include "tests/skin/controls_fixture.h"
 
+#include <QPainter>
+
 #include <gtest/gtest.h>
 
 namespace vk {
 namespace {
+
+using test::Press, test::Release;
 
 struct ListBoxTest : testing::Test, test::ControlsFixture {
     ListBoxTest() {
@@ -14,17 +18,20 @@ struct ListBoxTest : testing::Test, test::ControlsFixture {
         list.onScrollStop = [this] { ++stops; };
         list.show();
     }
-    void Fill(int count, const std::string& descriptor = "FILE:/x") {
+    void Fill(int count) {
         for (int i = 0; i < count; ++i)
-            list.AddItem("Row", " text", descriptor);
+            list.AddItem("Row", " text", "FILE:/x");
         list.LoadList();
     }
     QImage RowImage(int row) {
         const int y = (row - model.TopRow()) * model.RowHeight;
         return Drawn(list).copy(0, y, list.width(), model.RowHeight);
     }
-    void Press(QPoint at) { test::Press(list, at); }
-    void Release(QPoint at) { test::Release(list, at); }
+    void Hold(QPoint at, int milliseconds) {
+        Press(list, at);
+        clock.Advance(milliseconds);
+        Release(list, at);
+    }
     QPoint UpStrip() const { return {list.width() - 10, 5}; }
     QPoint DownStrip() const { return {list.width() - 10, list.height() - 5}; }
 
@@ -34,34 +41,20 @@ struct ListBoxTest : testing::Test, test::ControlsFixture {
     int stops = 0;
 };
 
-TEST_F(ListBoxTest, GeometryComesFromTheListFontAndTheSpacing) {
+TEST_F(ListBoxTest, GeometryAndGroundComeFromTheSkinAndTheSpacing) {
     const int text = model.TextHeight;
     EXPECT_GE(text, 27) << "20 points are 27 pixels";
     EXPECT_EQ(model.RowHeight, RoundEven(text * 4.0 / 3));
     EXPECT_EQ(model.iMaxVis, 400 / model.RowHeight);
-    settings.values.ListSpacing = "1";
-    list.SetiMaxVis("back.png");
-    EXPECT_EQ(model.RowHeight, 2 * text);
-}
-
-TEST_F(ListBoxTest, NothingIsAddedBeforeTheGeometryIsKnown) {
-    ListModel fresh;
-    UCListBox other(context, fresh, &host);
-    other.AddItem("a", "b", "FILE:c");
-    EXPECT_EQ(fresh.ItemCount(), 0);
-}
-
-TEST_F(ListBoxTest, TheBackgroundIsThePartBehindTheControl) {
-    QImage halves(800, 480, QImage::Format_ARGB32);
-    halves.fill(0xFF00000A);
-    for (int y = 0; y < 480; ++y)
-        for (int x = 0; x < 400; ++x)
-            halves.setPixel(x, y, 0xFF00000B);
+    QImage halves(800, 480, QImage::Format_RGB32);
+    halves.fill(Qt::red);
+    QPainter(&halves).fillRect(0, 0, 400, 480, Qt::blue);
     halves.save(QString::fromStdString(app.File("skins/My/halves.png")));
+    settings.values.ListSpacing = "1";
     list.SetiMaxVis("halves.png");
-    const QImage drawn = Drawn(list);
-    EXPECT_EQ(drawn.pixel(298, 100), 0xFF00000Bu);
-    EXPECT_EQ(drawn.pixel(301, 100), 0xFF00000Au);
+    EXPECT_EQ(model.RowHeight, 2 * text);
+    EXPECT_EQ(Drawn(list).pixelColor(298, 100), QColor(Qt::blue)) << "the part behind the list";
+    EXPECT_EQ(Drawn(list).pixelColor(301, 100), QColor(Qt::red));
 }
 
 TEST_F(ListBoxTest, OnlyTheSelectedRowOfAFocusedListIsRuled) {
@@ -69,21 +62,14 @@ TEST_F(ListBoxTest, OnlyTheSelectedRowOfAFocusedListIsRuled) {
     list.SelectItem(2);
     EXPECT_GE(Count(RowImage(2), test::Marking), list.width());
     EXPECT_EQ(Count(RowImage(4), test::Marking), 0);
-    EXPECT_NE(RowImage(2), RowImage(4));
+    const int ruled = Count(Drawn(list), test::Marking);
+    list.SelectItem(0);
+    EXPECT_EQ(Count(Drawn(list), test::Marking), ruled) << "the top row has one rule, but double";
     list.ShowFocusBar = false;
     EXPECT_EQ(Count(Drawn(list), test::Marking), 0);
     list.ShowFocusBar = true;
     settings.values.ShowSelBar = false;
     EXPECT_EQ(Count(Drawn(list), test::Marking), 0);
-}
-
-TEST_F(ListBoxTest, TheTopRowHasOneRuleOfDoubleThickness) {
-    Fill(5);
-    list.SelectItem(0);
-    const int top = Count(Drawn(list), test::Marking);
-    list.SelectItem(2);
-    EXPECT_EQ(Count(Drawn(list), test::Marking), top);
-    EXPECT_EQ(Count(RowImage(0), test::Marking), 0);
 }
 
 TEST_F(ListBoxTest, FoldersAndThePlayingRowHaveTheirColours) {
@@ -101,11 +87,12 @@ TEST_F(ListBoxTest, FoldersAndThePlayingRowHaveTheirColours) {
 
 TEST_F(ListBoxTest, LongTextsAreCutAndBothPartsStayVisible) {
     const QImage empty = Drawn(list);
+    settings.values.ShowSelBar = false;
     list.AddItem(std::string(300, 'W') + " - ", std::string(300, 'M'), "FILE:x");
     list.LoadList();
     const QImage drawn = Drawn(list);
-    const QRect margin(list.width() - model.TextHeight / 5, 0, 3, model.TextHeight / 2);
-    EXPECT_EQ(drawn.copy(margin), RowImage(0).copy(margin));
+    const QRect margin(list.width() - 2, 0, 2, model.RowHeight);
+    EXPECT_EQ(drawn.copy(margin), empty.copy(margin));
     list.RplTitleListItem(0, "short");
     EXPECT_NE(Drawn(list), drawn) << "the second text is not pushed out";
     list.ClearAllArrays();
@@ -127,39 +114,26 @@ TEST_F(ListBoxTest, RowPicturesAndIconsStandLeftOfTheText) {
     EXPECT_GT(Count(Drawn(list), 0xFF0000FE), side * side * 3 / 2) << "both of them";
 }
 
-TEST_F(ListBoxTest, ArrowsAreDrawnOnlyInTouchScreenModeAndWhereRowsAreHidden) {
-    Fill(40);
-    EXPECT_EQ(Count(Drawn(list), test::ArrowDown), 0);
-    settings.values.bTSModeEnabled = true;
-    EXPECT_EQ(Count(Drawn(list), test::ArrowUp), 0);
-    EXPECT_GT(Count(Drawn(list), test::ArrowDown), 1000);
-    list.PageDown();
-    EXPECT_GT(Count(Drawn(list), test::ArrowUp), 1000);
-    list.SelectItem(39);
-    EXPECT_EQ(Count(Drawn(list), test::ArrowDown), 0);
-}
-
 TEST_F(ListBoxTest, ATouchedRowIsSelectedShownAndThenReported) {
     Fill(40);
     list.PageDown();
-    const int top = model.TopRow();
+    const int touched = model.TopRow() + 3;
+    const QPoint point(60, 3 * model.RowHeight + 2);
+    state.ListBusy = true;
+    Press(list, point);
+    state.ListBusy = false;
     clock.onSleep = [this] { EXPECT_TRUE(clicked.empty()); };
-    Press({60, 3 * model.RowHeight + 2});
-    EXPECT_EQ(clicked, std::vector<int>{top + 3});
-    EXPECT_EQ(model.iSelected, top + 3);
+    Press(list, point);
+    Release(list, point);
+    EXPECT_EQ(clicked, std::vector<int>{touched}) << "once, for a busy list does nothing";
+    EXPECT_EQ(model.iSelected, touched);
     EXPECT_EQ(clock.slept, 200);
     EXPECT_EQ(clock.eventRuns, 1);
-    Release({60, 3 * model.RowHeight + 2});
     EXPECT_EQ(stops, 1);
-}
-
-TEST_F(ListBoxTest, TouchesBesideTheRowsOrInABusyListDoNothing) {
+    list.ClearAllArrays();
     Fill(2);
-    Press({60, 5 * model.RowHeight});
-    state.ListBusy = true;
-    Press({60, model.RowHeight / 2});
-    EXPECT_TRUE(clicked.empty());
-    EXPECT_EQ(model.iSelected, 0);
+    Press(list, {60, 5 * model.RowHeight});
+    EXPECT_EQ(clicked.size(), 1u) << "no row there";
 }
 
 TEST_F(ListBoxTest, TheListMayGoAwayWhileATouchIsServed) {
@@ -171,76 +145,73 @@ TEST_F(ListBoxTest, TheListMayGoAwayWhileATouchIsServed) {
     doomed->LoadList();
     doomed->onItemClick = [this](int row) { clicked.push_back(row); };
     clock.onEvents = [&] { delete doomed; };
-    test::Press(*doomed, {50, 5});
+    Press(*doomed, {50, 5});
     EXPECT_TRUE(clicked.empty());
+}
+
+TEST_F(ListBoxTest, ArrowsOrTrianglesShowInTouchScreenModeWhereRowsAreHidden) {
+    Fill(40);
+    settings.values.ShowSelBar = false;
+    const auto drawn = [this](QRgb up, QRgb down) {
+        const auto there = [&](int y, QRgb colour) {
+            return Count(Drawn(list).copy(300, y, 300, 40), colour) > 200;
+        };
+        return std::string(there(0, up) ? "up " : "") + (there(360, down) ? "down" : "");
+    };
+    EXPECT_EQ(drawn(test::ArrowUp, test::ArrowDown), "");
+    settings.values.bTSModeEnabled = true;
+    EXPECT_EQ(drawn(test::ArrowUp, test::ArrowDown), "down");
+    list.PageDown();
+    EXPECT_EQ(drawn(test::ArrowUp, test::ArrowDown), "up down");
+    list.SetiMaxVis("back.png", "missing.gif", "missing.gif");
+    EXPECT_EQ(drawn(test::Marking, test::Marking), "up down") << "plates stand in";
+    list.SelectItem(39);
+    EXPECT_EQ(drawn(test::Marking, test::Marking), "up ");
 }
 
 TEST_F(ListBoxTest, AHeldStripPagesEveryTenthOfASecond) {
     Fill(200);
     const int page = model.iMaxVis;
-    Press(DownStrip());
+    Press(list, DownStrip());
     EXPECT_EQ(model.iFirstVisible, 0);
     clock.Advance(300);
-    EXPECT_EQ(model.iFirstVisible, 3 * page);
     state.ListBusy = true;
     clock.Advance(200);
     EXPECT_EQ(model.iFirstVisible, 3 * page);
     state.ListBusy = false;
-    Release(DownStrip());
+    Release(list, DownStrip());
     clock.Advance(500);
     EXPECT_EQ(model.iFirstVisible, 3 * page);
     EXPECT_EQ(stops, 1);
-    Press(UpStrip());
-    clock.Advance(100);
-    Release(UpStrip());
+    Hold(UpStrip(), 100);
     EXPECT_EQ(model.iFirstVisible, 2 * page);
+    Hold(DownStrip(), 40);
+    EXPECT_EQ(model.iFirstVisible, 3 * page) << "a short tap pages once";
+    EXPECT_FALSE(state.ListBusy);
     EXPECT_TRUE(clicked.empty());
 }
 
-TEST_F(ListBoxTest, AScreenMayTakeTheStrips) {
+TEST_F(ListBoxTest, AScreenMayTakeTheStripsAndHidingLetsGoOnce) {
     Fill(200);
     std::vector<int> strips;
+    const auto hide = [this](int stopsThen) {
+        Press(list, DownStrip());
+        list.hide();
+        clock.Advance(500);
+        list.show();
+        list.hide();
+        list.show();
+        EXPECT_EQ(stops, stopsThen);
+        EXPECT_EQ(model.iFirstVisible, 0);
+    };
+    hide(1);
     list.onScrollStart = [&](int code) { strips.push_back(code); };
-    for (const QPoint strip : {UpStrip(), DownStrip()}) {
-        Press(strip);
-        clock.Advance(300);
-        Release(strip);
-    }
+    Hold(UpStrip(), 300);
+    Hold(DownStrip(), 300);
     EXPECT_EQ(strips, (std::vector<int>{UCListBox::ScrollUpCode, UCListBox::ScrollDownCode}));
-    EXPECT_EQ(stops, 2);
     EXPECT_EQ(model.iFirstVisible, 0) << "the list leaves the paging to the screen";
-}
-
-TEST_F(ListBoxTest, AShortTapOfAStripPagesOnceAndHidingLetsGo) {
-    Fill(200);
-    Press(DownStrip());
-    clock.Advance(40);
-    Release(DownStrip());
-    EXPECT_EQ(model.iFirstVisible, model.iMaxVis);
-    Press(DownStrip());
-    list.hide();
-    clock.Advance(500);
-    EXPECT_EQ(model.iFirstVisible, model.iMaxVis);
-}
-
-TEST_F(ListBoxTest, LoadListEndsBeingBusy) {
-    state.ListBusy = true;
-    Fill(3);
-    EXPECT_FALSE(state.ListBusy);
-    for (const auto& move : {&UCListBox::MoveDown, &UCListBox::PageDown, &UCListBox::PageUp}) {
-        (list.*move)();
-        EXPECT_FALSE(state.ListBusy);
-    }
-}
-
-TEST_F(ListBoxTest, CursorMovesWrapAndRemovingShortens) {
-    Fill(10);
-    list.MoveUp();
-    EXPECT_EQ(model.iSelected, 9);
-    list.MoveDown();
-    EXPECT_EQ(model.iSelected, 0);
-    list.RemoveItem(0);
-    EXPECT_EQ(model.ItemCount(), 9);
+    EXPECT_EQ(stops, 3);
+    hide(4);
 }
 
 } // namespace

@@ -5,7 +5,7 @@
 namespace vk {
 namespace {
 
-// Text of 15 pixels with the divisor 3 makes rows of 20; 160 pixels hold 8 of them.
+// Text of 15 pixels with the divisor 3 makes rows of 20; 170 pixels hold 8 of them.
 struct ListModelTest : testing::Test {
     void Fill(int count, int selected = 0) {
         list.SetGeometry(15, "3", 170);
@@ -15,18 +15,21 @@ struct ListModelTest : testing::Test {
         list.iSelected = selected;
         list.LoadList();
     }
+    void ExpectPage(int first, int selected) {
+        EXPECT_EQ(list.iFirstVisible, first);
+        EXPECT_EQ(list.iSelected, selected);
+    }
     ListModel list;
 };
 
 TEST_F(ListModelTest, GeometryFollowsTheSpacingDivisor) {
-    struct Case {
-        const char* spacing;
-        int rowHeight;
-    };
-    for (const Case& c :
-         {Case{"4", 25}, Case{"1", 40}, Case{"3", 27}, Case{"0", 27}, Case{"x", 27}}) {
-        list.SetGeometry(20, c.spacing, 100);
-        EXPECT_EQ(list.RowHeight, c.rowHeight) << c.spacing;
+    list.AddItem("a", "b", "c");
+    EXPECT_EQ(list.ItemCount(), 0) << "nothing is added before the geometry is known";
+    const std::pair<const char*, int> cases[] = {
+        {"4", 25}, {"1", 40}, {"3", 27}, {"0", 27}, {"x", 27}};
+    for (const auto& [spacing, rowHeight] : cases) {
+        list.SetGeometry(20, spacing, 100);
+        EXPECT_EQ(list.RowHeight, rowHeight) << spacing;
     }
     Fill(3);
     EXPECT_EQ(list.iMaxVis, 8);
@@ -35,17 +38,13 @@ TEST_F(ListModelTest, GeometryFollowsTheSpacingDivisor) {
     EXPECT_EQ(list.HalfRows, 3);
 }
 
-TEST_F(ListModelTest, NothingIsAddedBeforeTheGeometryIsKnown) {
-    list.AddItem("a", "b", "c");
-    EXPECT_EQ(list.ItemCount(), 0);
-    EXPECT_EQ(list.GetSelectedFileName(), "");
-}
-
 TEST_F(ListModelTest, RowsReadBackOnceLoaded) {
-    list.SetGeometry(15, "3", 160);
+    Fill(0);
+    list.ClearAllArrays();
     list.AddItem(std::string("a\0b", 3), "t", "PATH:/x", "folder.gif", 7);
     EXPECT_EQ(list.GetSelectedFileName(), "");
     list.LoadList();
+    EXPECT_EQ(list.GetSelectedFileName(), "PATH:/x");
     EXPECT_EQ(list.GetSelectedItemText(), "ab");
     EXPECT_EQ(list.GetSelectedItemTitle(), "t");
     EXPECT_EQ(list.GetSelectedFileName(9, true), "");
@@ -54,21 +53,6 @@ TEST_F(ListModelTest, RowsReadBackOnceLoaded) {
     EXPECT_TRUE(list.Loaded());
     list.ClearAllArrays();
     EXPECT_FALSE(list.Loaded());
-}
-
-TEST_F(ListModelTest, TheCursorWraps) {
-    Fill(10);
-    list.MoveUp();
-    EXPECT_EQ(list.iSelected, 9);
-    EXPECT_EQ(list.iPrevSelected, 0);
-    list.MoveDown();
-    EXPECT_EQ(list.iSelected, 0);
-    Fill(0);
-    list.MoveUp();
-    list.MoveDown();
-    list.PageDown();
-    list.PageUp();
-    EXPECT_EQ(list.ItemCount(), 0);
 }
 
 TEST_F(ListModelTest, FirstRowAtLoading) {
@@ -87,46 +71,35 @@ TEST_F(ListModelTest, TheCursorWalksToAThirdThenThePageSlides) {
     Fill(20);
     for (int i = 0; i < 4; ++i)
         list.MoveDown();
-    EXPECT_EQ(list.iFirstVisible, 0);
+    ExpectPage(0, 4);
     list.MoveDown();
-    EXPECT_EQ(list.iSelected, 5);
-    EXPECT_EQ(list.iFirstVisible, 1);
+    ExpectPage(1, 5);
     for (int i = 0; i < 3; ++i)
         list.MoveUp();
-    EXPECT_EQ(list.iSelected, 2);
-    EXPECT_EQ(list.iFirstVisible, 0);
+    ExpectPage(0, 2);
+    Fill(10);
+    list.MoveUp();
+    EXPECT_EQ(list.iSelected, 9) << "it wraps";
+    EXPECT_EQ(list.iPrevSelected, 0);
+    list.MoveDown();
+    EXPECT_EQ(list.iSelected, 0);
 }
 
 TEST_F(ListModelTest, WhateverMovesThePageTheCursorIsShown) {
-    for (int count : {1, 7, 8, 9, 16, 17, 100}) {
+    const std::function<void(int)> moves[] = {
+        [this](int) { list.PageDown(); },
+        [this](int) { list.PageUp(); },
+        [this](int row) { list.SelectItem(row, true); },
+        [this](int row) { list.SelectItem(row, false, true); },
+        [this](int row) { list.SelectItem(row); },
+        [this](int) { list.LoadList(); },
+        [this](int) { list.MoveUp(); },
+        [this](int) { list.MoveDown(); }};
+    for (int count : {0, 1, 7, 8, 9, 16, 17, 100}) {
         Fill(count);
         for (int step = 0; step < 400; ++step) {
-            switch (step * 7 % 11) {
-            case 0:
-                list.PageDown();
-                break;
-            case 1:
-                list.PageUp();
-                break;
-            case 2:
-                list.SelectItem(step * 13 % count, true);
-                break;
-            case 3:
-                list.SelectItem(step * 17 % count, false, true);
-                break;
-            case 4:
-                list.SelectItem(step * 5 % count);
-                break;
-            case 5:
-                list.LoadList();
-                break;
-            case 6:
-                list.MoveUp();
-                break;
-            default:
-                list.MoveDown();
-                break;
-            }
+            moves[std::min(step * 7 % 11, 7)](count == 0 ? 0 : step * 13 % count);
+            if (count == 0) continue;
             ASSERT_GE(list.iSelected, list.TopRow());
             ASSERT_LT(list.iSelected, list.TopRow() + list.iMaxVis);
             ASSERT_LT(list.iSelected, count);
@@ -134,22 +107,19 @@ TEST_F(ListModelTest, WhateverMovesThePageTheCursorIsShown) {
     }
 }
 
-TEST_F(ListModelTest, Paging) {
+TEST_F(ListModelTest, PagesStopAtBothEnds) {
     Fill(20);
     list.PageDown();
-    EXPECT_EQ(list.iFirstVisible, 8);
-    EXPECT_EQ(list.iSelected, 8);
+    ExpectPage(8, 8);
     EXPECT_FALSE(list.IsBottom());
-    list.PageDown();
-    EXPECT_EQ(list.iFirstVisible, 16);
-    EXPECT_TRUE(list.IsBottom());
-    list.PageDown();
-    EXPECT_EQ(list.iFirstVisible, 16);
-    list.PageUp();
-    list.PageUp();
-    list.PageUp();
-    EXPECT_EQ(list.iFirstVisible, 0);
-    EXPECT_EQ(list.iSelected, 0);
+    for (int i = 0; i < 2; ++i) {
+        list.PageDown();
+        EXPECT_EQ(list.iFirstVisible, 16);
+        EXPECT_TRUE(list.IsBottom());
+    }
+    for (int i = 0; i < 3; ++i)
+        list.PageUp();
+    ExpectPage(0, 0);
 }
 
 TEST_F(ListModelTest, SelectingOutsideThePage) {
@@ -164,43 +134,39 @@ TEST_F(ListModelTest, SelectingOutsideThePage) {
           Case{100, false, false, 92}}) {
         Fill(100);
         list.SelectItem(c.index, c.jump, c.keep);
-        EXPECT_EQ(list.iFirstVisible, c.first) << c.index;
-        EXPECT_EQ(list.iSelected, std::min(c.index, 99));
+        ExpectPage(c.first, std::min(c.index, 99));
     }
     Fill(7);
-    for (int i = 0; i < 7; ++i) {
+    for (int i : {0, 3, 6, -1, 8}) {
         list.SelectItem(i);
         EXPECT_EQ(list.TopRow(), 0);
     }
-    list.SelectItem(-1);
-    list.SelectItem(8);
     EXPECT_EQ(list.iSelected, 6);
 }
 
 TEST_F(ListModelTest, OneCommonArtistIsLeftOut) {
-    const auto load = [&](std::initializer_list<const char*> firsts) {
-        list.SetGeometry(15, "3", 160);
-        list.ClearAllArrays();
-        for (const char* first : firsts)
+    struct Case {
+        bool hide, numbered;
+        std::vector<const char*> firsts;
+        int row;
+        const char* shown;
+    };
+    const Case cases[] = {{true, false, {"<...>", "Someone - ", "Someone - "}, 1, ""},
+                          {true, false, {"<...>", "Someone - ", "Someone - "}, 0, "<...>"},
+                          {true, false, {"<...>", "Someone - ", "Other - "}, 1, "Someone - "},
+                          {true, false, {"Someone - ", "<...>", "Other - "}, 2, "Other - "},
+                          {true, false, {"Someone - "}, 0, "Someone - "},
+                          {true, true, {"1 - Someone - ", "2 - Someone - "}, 1, "2 - "},
+                          {false, true, {"1 - A - ", "2 - A - "}, 1, "2 - A - "}};
+    for (const Case& c : cases) {
+        Fill(0);
+        list.HideDupes = c.hide;
+        list.numberedList = c.numbered;
+        for (const char* first : c.firsts)
             list.AddItem(first, "title", "");
         list.LoadList();
-    };
-    list.HideDupes = true;
-    load({"<...>", "Someone - ", "Someone - "});
-    EXPECT_EQ(list.ShownFirst(1), "");
-    EXPECT_EQ(list.ShownFirst(0), "<...>");
-    load({"<...>", "Someone - ", "Other - "});
-    EXPECT_EQ(list.ShownFirst(1), "Someone - ");
-    load({"Someone - ", "<...>", "Other - "});
-    EXPECT_EQ(list.ShownFirst(2), "Other - ");
-    load({"Someone - "});
-    EXPECT_EQ(list.ShownFirst(0), "Someone - ");
-    list.numberedList = true;
-    load({"1 - Someone - ", "2 - Someone - "});
-    EXPECT_EQ(list.ShownFirst(1), "2 - ");
-    list.HideDupes = false;
-    load({"1 - Someone - ", "2 - Someone - "});
-    EXPECT_EQ(list.ShownFirst(1), "2 - Someone - ");
+        EXPECT_EQ(list.ShownFirst(c.row), c.shown);
+    }
 }
 
 TEST_F(ListModelTest, MatchReplaceRemove) {

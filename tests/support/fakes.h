@@ -31,17 +31,11 @@ class FakeDialogs : public Dialogs {
     std::optional<std::string> InputBox(const std::string& text, const std::string& title,
                                         const std::string&) override {
         ShowMessage(text, title, MessageKind::Plain);
-        if (inputs.empty()) return std::nullopt;
-        const std::string answer = inputs.front();
-        inputs.pop_front();
-        return answer;
+        return inputs.empty() ? std::nullopt : std::optional(Next(inputs));
     }
     std::string ChooseFolder(const std::string& caption, const std::string&) override {
         captions.push_back(caption);
-        if (folders.empty()) return {};
-        const std::string answer = folders.front();
-        folders.pop_front();
-        return answer;
+        return folders.empty() ? std::string() : Next(folders);
     }
 
     std::vector<std::string> shown, titles, captions;
@@ -51,10 +45,12 @@ class FakeDialogs : public Dialogs {
   private:
     bool Asked(const std::string& text, const std::string& title) {
         ShowMessage(text, title, MessageKind::Plain);
-        if (answers.empty()) return true;
-        const bool answer = answers.front();
-        answers.pop_front();
-        return answer;
+        return answers.empty() || Next(answers);
+    }
+    template<typename T> static T Next(std::deque<T>& queue) {
+        const T next = queue.front();
+        queue.pop_front();
+        return next;
     }
 };
 

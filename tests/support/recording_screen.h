@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -10,20 +11,20 @@ namespace vk::test {
 /// Offers what every screen offers.
 class RecordingScreen {
   public:
-    void runok() { calls.push_back("runok"); }
-    void MoveUp() { calls.push_back("MoveUp"); }
-    void MoveDown() { calls.push_back("MoveDown"); }
-    void MoveBack() { calls.push_back("MoveBack"); }
-    void MoveAhead() { calls.push_back("MoveAhead"); }
-    void VolUp() { calls.push_back("VolUp"); }
-    void VolDown() { calls.push_back("VolDown"); }
-    void doquit() { calls.push_back("doquit"); }
-    void ReShow() { calls.push_back("ReShow"); }
-    void DoLayout() { calls.push_back("DoLayout"); }
-    void switchingform() { calls.push_back("switchingform"); }
-    void Hide() { calls.push_back("Hide"); }
+    void runok() { Tell("runok"); }
+    void MoveUp() { Tell("MoveUp"); }
+    void MoveDown() { Tell("MoveDown"); }
+    void MoveBack() { Tell("MoveBack"); }
+    void MoveAhead() { Tell("MoveAhead"); }
+    void VolUp() { Tell("VolUp"); }
+    void VolDown() { Tell("VolDown"); }
+    void doquit() { Tell("doquit"); }
+    void ReShow() { Tell("ReShow"); }
+    void DoLayout() { Tell("DoLayout"); }
+    void switchingform() { Tell("switchingform"); }
+    void Hide() { Tell("Hide"); }
     bool Form_KeyDown(const std::string& code) {
-        calls.push_back("key " + code);
+        Tell("key " + code);
         return true;
     }
     /// How often an operation was called.
@@ -32,13 +33,20 @@ class RecordingScreen {
     }
 
     std::vector<std::string> calls;
+    std::function<void(const std::string& call)> onCall; ///< runs at each call
+
+  protected:
+    void Tell(const std::string& call) {
+        calls.push_back(call);
+        if (onCall) onCall(call);
+    }
 };
 
 /// A player: it has an entry for the browser and a pause as well.
 class RecordingPlayerScreen : public RecordingScreen {
   public:
-    void ReDisplay() { calls.push_back("ReDisplay"); }
-    void DoPause() { calls.push_back("DoPause"); }
+    void ReDisplay() { Tell("ReDisplay"); }
+    void DoPause() { Tell("DoPause"); }
 };
 
 } // namespace vk::test

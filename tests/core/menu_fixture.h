@@ -1,0 +1,41 @@
+// The home screen's logic wired on fakes.
+#pragma once
+
+#include "core/menu/main_menu.h"
+#include "tests/core/start_fixture.h"
+
+namespace vk::test {
+
+struct MenuFixture : StartFixture {
+    MainMenu::Needs MenuNeeds() {
+        return {.state = state,
+                .settings = settings,
+                .log = log,
+                .report = report,
+                .clock = clock,
+                .locale = locale,
+                .volumes = volumes,
+                .window = window,
+                .screens = screens,
+                .skin = skin,
+                .daylight = daylight,
+                .keys = keys,
+                .audio = audio,
+                .browser = browser,
+                .winamp = winamp,
+                .mixer = nullptr,
+                .openSettings = [this] { ++settingsOpened; },
+                .unloadSettings = [this] { screens.Remove("settings"); },
+                .loadGPS = [] {},
+                .exitApplication = [this] { ++exits; },
+                .powerAction = {},
+                .setDimmer = {}};
+    }
+    AudioState audio;
+    BrowserState browser;
+    cWinamp winamp{{player, clock, report, app.Path()}};
+    Daylight daylight{{state, settings, clock, screens, skin, {}}};
+    int exits = 0, settingsOpened = 0;
+};
+
+} // namespace vk::test
