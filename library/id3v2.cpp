@@ -31,6 +31,12 @@ constexpr Layout V22 = {3, 3, 0, 8, "TT2", "TP1", "TAL", "TCO", "TRK", ""};
 constexpr Layout V23 = {4, 4, 2, 8, "TIT2", "TPE1", "TALB", "TCON", "TRCK", "APIC"};
 constexpr Layout V24 = {4, 4, 2, 7, "TIT2", "TPE1", "TALB", "TCON", "TRCK", "APIC"};
 
+/// The layout, its picture frame one like any other when it is to be skipped.
+Layout Without(Picture picture, Layout layout) {
+    if (picture == Picture::Skip) layout.picture = "";
+    return layout;
+}
+
 struct Frame {
     std::string id;
     std::uint64_t size = 0;
@@ -92,11 +98,11 @@ void ReadFrames(MediaFile& file, const Layout& layout, const GenreTable& genres,
 void ReadID3v22(MediaFile& file, const GenreTable& genres, TagRecord& tag) {
     ReadFrames(file, V22, genres, tag);
 }
-void ReadID3v23(MediaFile& file, const GenreTable& genres, TagRecord& tag) {
-    ReadFrames(file, V23, genres, tag);
+void ReadID3v23(MediaFile& file, const GenreTable& genres, TagRecord& tag, Picture picture) {
+    ReadFrames(file, Without(picture, V23), genres, tag);
 }
-void ReadID3v24(MediaFile& file, const GenreTable& genres, TagRecord& tag) {
-    ReadFrames(file, V24, genres, tag);
+void ReadID3v24(MediaFile& file, const GenreTable& genres, TagRecord& tag, Picture picture) {
+    ReadFrames(file, Without(picture, V24), genres, tag);
 }
 
 void TakeGenreText(std::string_view text, const GenreTable& genres, TagRecord& tag) {

@@ -13,8 +13,10 @@ namespace vk {
 /// Each reads a tag of its version into `tag`, frame by frame. Damage throws; what was read before
 /// stays in `tag`.
 void ReadID3v22(MediaFile& file, const GenreTable& genres, TagRecord& tag);
-void ReadID3v23(MediaFile& file, const GenreTable& genres, TagRecord& tag);
-void ReadID3v24(MediaFile& file, const GenreTable& genres, TagRecord& tag);
+void ReadID3v23(MediaFile& file, const GenreTable& genres, TagRecord& tag,
+                Picture picture = Picture::Read);
+void ReadID3v24(MediaFile& file, const GenreTable& genres, TagRecord& tag,
+                Picture picture = Picture::Read);
 
 /// The description and number in a genre text: "Pop", "(13)", "(13)Power Pop".
 void TakeGenreText(std::string_view text, const GenreTable& genres, TagRecord& tag);

@@ -2,17 +2,21 @@
 // file can claim anything.
 #pragma once
 
+#include "platform/random_file.h"
+
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <istream>
 #include <string>
 #include <string_view>
 
 namespace vk {
 
-/// Reads from a seekable stream that outlives it. Positions count bytes from 0.
+/// Reads from a file or a seekable stream that outlives it. Positions count bytes from 0.
 class MediaFile {
   public:
+    explicit MediaFile(const RandomFile& file);
     explicit MediaFile(std::istream& stream);
 
     /// Bytes in the file when it was opened.
@@ -27,12 +31,17 @@ class MediaFile {
     std::string ReadUpTo(std::uint64_t count);
 
   private:
-    std::uint64_t Left() const { return position_ < length_ ? length_ - position_ : 0; }
+    /// Reads at a position into memory; returns how many bytes there were.
+    using ReadAt = std::function<std::size_t(std::uint64_t, char*, std::size_t)>;
 
-    std::istream& stream_;
+    std::uint64_t Left() const { return position_ < length_ ? length_ - position_ : 0; }
+    std::string_view Buffered() const;
+
+    ReadAt readAt_;
     std::uint64_t length_ = 0;
     std::uint64_t position_ = 0;
-    std::uint64_t streamPosition_ = 0;
+    std::string buffer_; ///< a stretch of the file: tags are read in small pieces
+    std::uint64_t bufferStart_ = 0;
 };
 
 /// The number in a field of up to 8 bytes, least significant byte first.

@@ -6,11 +6,10 @@
 #include "library/tag_text.h"
 #include "library/vorbis_comment.h"
 #include "platform/files.h"
+#include "platform/random_file.h"
 
 #include <charconv>
 #include <exception>
-#include <filesystem>
-#include <fstream>
 
 namespace vk {
 
@@ -38,13 +37,6 @@ std::string VersionText(float version) {
     return {text, end};
 }
 
-/// A regular file; opening a pipe would wait for its other end.
-std::ifstream OpenMedia(const std::string& path) {
-    std::error_code ignored;
-    if (!std::filesystem::is_regular_file(path, ignored)) return {};
-    return std::ifstream(path, std::ios::binary);
-}
-
 bool HasID3v1(MediaFile& file) {
     if (file.Length() == 0) return false;
     file.Seek(file.Length() - ID3v1Length);
@@ -53,20 +45,20 @@ bool HasID3v1(MediaFile& file) {
 
 } // namespace
 
-TagRecord ID3::ReadTag(const std::string& path) {
+TagRecord ID3::ReadTag(const std::string& path, Picture picture) {
     if (!genres_.Initialised()) InitGenre();
     TagRecord tag;
     float version = 0;
     try {
-        std::ifstream stream = OpenMedia(path);
-        if (stream.is_open()) {
-            MediaFile file(stream);
+        const RandomFile opened(path);
+        if (opened.IsOpen()) {
+            MediaFile file(opened);
             const bool ogg = ToUpper(LastBytes(path, 4)) == ".OGG";
             if (ogg) {
                 ReadVorbisComment(file, genres_, tag);
             } else {
                 version = TagVersion(file);
-                ReadVersion(version, file, tag);
+                ReadVersion(version, file, tag, picture);
             }
         }
     } catch (const std::exception& error) {
@@ -78,15 +70,15 @@ TagRecord ID3::ReadTag(const std::string& path) {
     return tag;
 }
 
-void ID3::ReadVersion(float version, MediaFile& file, TagRecord& tag) const {
+void ID3::ReadVersion(float version, MediaFile& file, TagRecord& tag, Picture picture) const {
     if (version == 1.0f)
         ReadID3v1(file, genres_, tag);
     else if (version == 2.2f || version == 2.21f)
         ReadID3v22(file, genres_, tag);
     else if (version == 2.3f)
-        ReadID3v23(file, genres_, tag);
+        ReadID3v23(file, genres_, tag, picture);
     else if (version == 2.4f)
-        ReadID3v24(file, genres_, tag);
+        ReadID3v24(file, genres_, tag, picture);
 }
 
 float ID3::TagVersion(MediaFile& file) const {

@@ -28,7 +28,7 @@ class ID3 {
     /// What the file's tag says; never fails. A file without a usable tag gives empty texts and the
     /// genre "(Unknown Genre)"; of a damaged tag what was read before the damage is kept, and the
     /// log says so.
-    TagRecord ReadTag(const std::string& path);
+    TagRecord ReadTag(const std::string& path, Picture picture = Picture::Read);
 
     /// 1 for ID3v1; 2.2, 2.21, 2.3 or 2.4 for ID3v2 (other numbers for versions unheard of); 0 for
     /// none. A tag that is unsynchronised or has an extended header does not count.
@@ -44,7 +44,7 @@ class ID3 {
     const GenreTable& Genres() const { return genres_; }
 
   private:
-    void ReadVersion(float version, MediaFile& file, TagRecord& tag) const;
+    void ReadVersion(float version, MediaFile& file, TagRecord& tag, Picture picture) const;
     bool ReadGenreFile(const std::string& genreFile);
     void ShowGenreFailure(const std::string& text) const;
 

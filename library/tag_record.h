@@ -13,6 +13,9 @@ inline constexpr const char* UnknownGenre = "(Unknown Genre)";
 /// Characters to which every reader cuts its texts: the width of the catalogue's columns.
 inline constexpr std::size_t TagTextLength = 50;
 
+/// Whether a reader takes an embedded picture along: it can be larger than all the rest.
+enum class Picture { Read, Skip };
+
 /// Texts are UTF-8 and hold no NUL; what is not known is empty.
 struct TagRecord {
     std::string Title;

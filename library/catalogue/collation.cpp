@@ -1,0 +1,225 @@
+#include "library/catalogue/collation.h"
+
+#include "core/error_report.h"
+
+#include <QString>
+
+#include <sqlite3.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <vector>
+
+namespace vk {
+
+namespace {
+
+constexpr char32_t FirstListed = 0x80;
+constexpr char32_t EndListed = 0x2000; // the alphabets that have case and accents
+
+char Lower(char byte) {
+    return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte + ('a' - 'A')) : byte;
+}
+
+bool IsAscii(char byte) {
+    return static_cast<signed char>(byte) >= 0;
+}
+
+bool Continues(char byte) {
+    return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
+}
+
+/// U+0300 to U+036F, the combining marks that decompositions consist of, as UTF-8.
+bool IsMark(std::string_view text, std::size_t at) {
+    if (at + 1 >= text.size()) return false;
+    const auto lead = static_cast<unsigned char>(text[at]);
+    const auto next = static_cast<unsigned char>(text[at + 1]);
+    return lead == 0xCC || (lead == 0xCD && next < 0xB0);
+}
+
+/// Letters that Unicode does not decompose, though people look for them under a base letter.
+QString Expanded(char32_t letter) {
+    static const struct {
+        char32_t letter;
+        const char16_t* base;
+    } letters[] = {{0xDF, u"ss\u0334"},  {0x1E9E, u"ss\u0334"}, {0xE6, u"ae\u0334"},
+                   {0xC6, u"ae\u0334"},  {0x153, u"oe\u0334"},  {0x152, u"oe\u0334"},
+                   {0xF8, u"o\u0338"},   {0xD8, u"o\u0338"},    {0x142, u"l\u0338"},
+                   {0x141, u"l\u0338"},  {0x111, u"d\u0338"},   {0x110, u"d\u0338"},
+                   {0xF0, u"d\u0334"},   {0xD0, u"d\u0334"},    {0xFE, u"th\u0334"},
+                   {0xDE, u"th\u0334"},  {0x131, u"i\u0338"}};
+    for (const auto& entry : letters)
+        if (entry.letter == letter) return QString::fromUtf16(entry.base);
+    return QString::fromUcs4(&letter, 1)
+        .normalized(QString::NormalizationForm_D)
+        .toCaseFolded();
+}
+
+using Entry = std::array<char, 12>; // a decomposition as UTF-8, NUL at its end
+
+std::vector<Entry> MakeEntries() {
+    std::vector<Entry> entries(EndListed - FirstListed);
+    for (char32_t letter = FirstListed; letter < EndListed; ++letter) {
+        const QByteArray bytes = Expanded(letter).toUtf8();
+        Entry& entry = entries[letter - FirstListed];
+        std::copy_n(bytes.begin(), std::min<std::size_t>(bytes.size(), entry.size() - 1),
+                    entry.begin());
+    }
+    return entries;
+}
+
+/// The letter of the two or three bytes at `at`, 0 when they are none that is listed.
+char32_t Listed(std::string_view text, std::size_t at, std::size_t& length) {
+    const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[at + i]); };
+    length = 1;
+    if (byte(0) >= 0xC2 && byte(0) < 0xE0 && at + 1 < text.size() && Continues(text[at + 1])) {
+        length = 2;
+        return (byte(0) & 0x1Fu) << 6 | (byte(1) & 0x3Fu);
+    }
+    if (byte(0) == 0xE1 && at + 2 < text.size() && Continues(text[at + 1]) &&
+        Continues(text[at + 2])) {
+        length = 3;
+        return 0x1000u | (byte(1) & 0x3Fu) << 6 | (byte(2) & 0x3Fu);
+    }
+    return 0;
+}
+
+void AppendKey(std::string_view text, std::string& key) {
+    static const std::vector<Entry> entries = MakeEntries();
+    for (std::size_t at = 0; at < text.size();) {
+        if (IsAscii(text[at])) {
+            key.push_back(Lower(text[at++]));
+            continue;
+        }
+        std::size_t length = 1;
+        const char32_t letter = Listed(text, at, length);
+        if (letter != 0)
+            key.append(entries[letter - FirstListed].data());
+        else
+            key.append(text.substr(at, length));
+        at += length;
+    }
+}
+
+/// Position of the next letter of a key, marks passed over.
+std::size_t SkipMarks(std::string_view key, std::size_t at) {
+    while (IsMark(key, at))
+        at += 2;
+    return at;
+}
+
+int CompareKeys(std::string_view a, std::string_view b) {
+    for (std::size_t i = SkipMarks(a, 0), j = SkipMarks(b, 0);;
+         i = SkipMarks(a, i + 1), j = SkipMarks(b, j + 1)) {
+        if (i == a.size() || j == b.size()) {
+            if (i != a.size() || j != b.size()) return i == a.size() ? -1 : 1;
+            return a.compare(b);
+        }
+        if (a[i] != b[j])
+            return static_cast<unsigned char>(a[i]) < static_cast<unsigned char>(b[j]) ? -1 : 1;
+    }
+}
+
+/// Past one character of a key and its marks.
+std::size_t NextCharacter(std::string_view key, std::size_t at) {
+    do
+        ++at;
+    while (at < key.size() && Continues(key[at]));
+    return SkipMarks(key, at);
+}
+
+/// The matcher on keys: goes back to the last "%" only, which is enough.
+bool LikeKey(std::string_view pattern, std::string_view text) {
+    std::size_t p = 0, t = 0, star = std::string_view::npos, resume = 0;
+    while (t < text.size()) {
+        if (p < pattern.size() && pattern[p] == '%') {
+            star = p++;
+            resume = t;
+        } else if (p < pattern.size() && pattern[p] == '_') {
+            ++p;
+            t = NextCharacter(text, t);
+        } else if (p < pattern.size() && pattern[p] == text[t]) {
+            ++p;
+            ++t;
+        } else if (IsMark(text, t) && t > 0) {
+            t += 2;
+        } else if (star != std::string_view::npos) {
+            p = star + 1;
+            t = ++resume;
+        } else {
+            return false;
+        }
+    }
+    while (p < pattern.size() && pattern[p] == '%')
+        ++p;
+    return p == pattern.size();
+}
+
+template<int (*Compare)(std::string_view, std::string_view)>
+int Collate(void*, int lengthA, const void* a, int lengthB, const void* b) {
+    return Compare({static_cast<const char*>(a), static_cast<std::size_t>(lengthA)},
+                   {static_cast<const char*>(b), static_cast<std::size_t>(lengthB)});
+}
+
+std::string_view Argument(sqlite3_value* value) {
+    const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
+    return text ? std::string_view(text, static_cast<std::size_t>(sqlite3_value_bytes(value)))
+                : std::string_view();
+}
+
+void Like(sqlite3_context* context, int, sqlite3_value** arguments) {
+    static thread_local std::string pattern, key;
+    static thread_local std::string patternText;
+    const std::string_view asked = Argument(arguments[0]);
+    if (asked != patternText || pattern.empty()) {
+        patternText = asked;
+        pattern = ComparisonKey(asked);
+    }
+    key.clear();
+    AppendKey(Argument(arguments[1]), key);
+    sqlite3_result_int(context, LikeKey(pattern, key));
+}
+
+} // namespace
+
+std::string ComparisonKey(std::string_view text) {
+    std::string key;
+    AppendKey(text, key);
+    return key;
+}
+
+int CompareTexts(std::string_view a, std::string_view b) {
+    const std::size_t common = std::min(a.size(), b.size());
+    for (std::size_t i = 0; i < common; ++i) {
+        if (!IsAscii(a[i]) || !IsAscii(b[i]))
+            return CompareKeys(ComparisonKey(a.substr(i)), ComparisonKey(b.substr(i)));
+        const char left = Lower(a[i]), right = Lower(b[i]);
+        if (left != right) return left < right ? -1 : 1;
+    }
+    if (a.size() == b.size()) return 0;
+    return CompareKeys(ComparisonKey(a.substr(common)), ComparisonKey(b.substr(common)));
+}
+
+int ComparePaths(std::string_view a, std::string_view b) {
+    const int result = CompareTexts(a, b);
+    return result != 0 ? result : a.compare(b);
+}
+
+bool LikeText(std::string_view pattern, std::string_view text) {
+    return LikeKey(ComparisonKey(pattern), ComparisonKey(text));
+}
+
+void RegisterCollations(sqlite3* handle) {
+    constexpr int Utf8 = SQLITE_UTF8 | SQLITE_DETERMINISTIC;
+    const bool done =
+        sqlite3_create_collation(handle, "TEXTS", SQLITE_UTF8, nullptr, &Collate<CompareTexts>) ==
+            SQLITE_OK &&
+        sqlite3_create_collation(handle, "PATHS", SQLITE_UTF8, nullptr, &Collate<ComparePaths>) ==
+            SQLITE_OK &&
+        sqlite3_create_function(handle, "like", 2, Utf8, nullptr, &Like, nullptr, nullptr) ==
+            SQLITE_OK;
+    if (!done) throw Error(sqlite3_errmsg(handle));
+}
+
+} // namespace vk

@@ -1,0 +1,67 @@
+#include "library/catalogue/schema.h"
+
+#include "core/error_report.h"
+#include "platform/files.h"
+
+namespace vk {
+
+namespace {
+
+constexpr int Layout = 1;
+constexpr int NotADatabase = 26;
+
+constexpr char Tables[] =
+    "CREATE TABLE Genres(GenreID INTEGER PRIMARY KEY,"
+    " Description TEXT NOT NULL UNIQUE COLLATE TEXTS);"
+    "CREATE TABLE Media(Path TEXT NOT NULL UNIQUE COLLATE PATHS, TStamp TEXT NOT NULL,"
+    " Title TEXT NOT NULL COLLATE TEXTS, Artist TEXT NOT NULL COLLATE TEXTS,"
+    " Album TEXT NOT NULL COLLATE TEXTS, GenreID INTEGER NOT NULL, MediaType INTEGER NOT NULL,"
+    " ParentDir TEXT NOT NULL COLLATE PATHS, Track INTEGER NOT NULL);"
+    "INSERT INTO Genres(Description) VALUES('(Empty)');";
+
+constexpr char Indexes[] = "CREATE INDEX MediaParentDir ON Media(ParentDir);"
+                           "CREATE INDEX MediaArtist ON Media(Artist, Title);"
+                           "CREATE INDEX MediaGenre ON Media(GenreID);"
+                           "CREATE INDEX MediaStamp ON Media(MediaType, TStamp);";
+
+std::int64_t Number(Database& database, std::string_view sql) {
+    Statement statement(database, sql);
+    return statement.Step() ? statement.Integer(0) : 0;
+}
+
+} // namespace
+
+void CreateTables(Database& database) {
+    database.Execute(Tables);
+    database.Execute("PRAGMA user_version = " + std::to_string(Layout));
+}
+
+void CreateIndexes(Database& database) {
+    database.Execute(Indexes);
+}
+
+void MakeEmptyCatalogue(const std::string& file) {
+    const std::string made = file + ".made";
+    DeleteFileAt(made);
+    {
+        Database database(made, Database::Mode::Create);
+        CreateTables(database);
+        CreateIndexes(database);
+    }
+    const bool copied = CopyFileTo(made, file);
+    DeleteFileAt(made);
+    if (!copied) throw Error("cannot write " + file);
+}
+
+void CheckCatalogue(Database& database) {
+    if (Number(database, "PRAGMA user_version") != Layout)
+        throw Error("a catalogue of another layout", NotADatabase);
+    Number(database, "SELECT count(*) FROM (SELECT 1 FROM Media INNER JOIN Genres"
+                     " ON Genres.GenreID = Media.GenreID LIMIT 1)");
+}
+
+std::int64_t CountFiles(Database& database) {
+    return Number(database, "SELECT count(*) FROM Media");
+}
+
+} // namespace vk

@@ -1,0 +1,33 @@
+// The tables of tags.mdb.
+#pragma once
+
+#include "library/catalogue/sqlite.h"
+
+#include <string>
+
+namespace vk {
+
+inline constexpr char CatalogueFileName[] = "tags.mdb";
+/// The template: a catalogue without files.
+inline constexpr char EmptyCatalogueName[] = "tags_empty.mdb";
+/// What the server writes; never read by anybody until the server says that it is complete.
+inline constexpr char WorkingCatalogueName[] = "tags_work.mdb";
+
+/// How the genre of files without one is described.
+inline constexpr char EmptyGenre[] = "(Empty)";
+
+/// Makes a catalogue without files in place of `file`, complete on the disk; throws on failure.
+void MakeEmptyCatalogue(const std::string& file);
+
+/// The tables without the indexes that only queries need: faster to fill.
+void CreateTables(Database& database);
+void CreateIndexes(Database& database);
+
+/// Throws when the file is no catalogue, one of another layout or shorter than it says. Damage deep
+/// inside shows only when it is read.
+void CheckCatalogue(Database& database);
+
+/// The number of files that are catalogued.
+std::int64_t CountFiles(Database& database);
+
+} // namespace vk
