@@ -43,7 +43,7 @@ int main(int count, char** words) {
             RunPlayer(instance, ExecutableFolder(), entries);
             return 0;
         }
-        const Descriptor running = ConnectTo(path);
+        const FileDescriptor running = ConnectTo(path);
         if (running && (file.empty() || HandOver(running, entries, started))) return 0;
         std::this_thread::sleep_for(ClaimStep);
     } while (std::chrono::steady_clock::now() < deadline);

@@ -32,13 +32,13 @@ bool Fail(std::string* reason) {
 }
 
 bool WriteFlushed(const std::string& path, std::string_view contents, mode_t mode) {
-    Descriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, mode));
+    FileDescriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, mode));
     return file && WriteAll(file.get(), contents) && ::fsync(file.get()) == 0 && file.Close();
 }
 
 // Without this the rename itself may be lost in a power cut.
 void FlushFolder(const std::string& folder) {
-    Descriptor handle(::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_CLOEXEC));
+    FileDescriptor handle(::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_CLOEXEC));
     if (handle) ::fsync(handle.get());
 }
 
@@ -54,7 +54,7 @@ std::string FollowLink(const std::string& path) {
 } // namespace
 
 std::optional<std::string> ReadWholeFile(const std::string& path, std::size_t limit) {
-    Descriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+    FileDescriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
     struct stat info {};
     if (!file || ::fstat(file.get(), &info) != 0 || !S_ISREG(info.st_mode)) return std::nullopt;
     std::string contents;
@@ -87,7 +87,7 @@ bool ReplaceFile(const std::string& path, std::string_view contents, std::string
 }
 
 bool AppendToFile(const std::string& path, std::string_view contents) {
-    Descriptor file(
+    FileDescriptor file(
         ::open(path.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_NONBLOCK | O_CLOEXEC, 0644));
     return file && WriteAll(file.get(), contents);
 }

@@ -31,8 +31,8 @@ bool FillAddress(const std::string& path, sockaddr_un& address) {
     return true;
 }
 
-Descriptor NewSocket() {
-    return Descriptor(::socket(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
+FileDescriptor NewSocket() {
+    return FileDescriptor(::socket(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
 }
 
 bool WaitReadable(int fd, int timeoutMs) {
@@ -68,29 +68,30 @@ std::string PlayerSocketPath(const std::string& windowClass) {
     return IsOwnFolder(folder) ? JoinPath(folder, windowClass) : std::string();
 }
 
-Descriptor ListenAt(const std::string& path) {
+FileDescriptor ListenAt(const std::string& path) {
     sockaddr_un address{};
-    Descriptor listener = NewSocket();
-    if (!listener || !FillAddress(path, address)) return Descriptor();
+    FileDescriptor listener = NewSocket();
+    if (!listener || !FillAddress(path, address)) return FileDescriptor();
     ::unlink(path.c_str());
     if (::bind(listener.get(), reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0 ||
         ::chmod(path.c_str(), 0600) != 0 || ::listen(listener.get(), Backlog) != 0)
-        return Descriptor();
+        return FileDescriptor();
     return listener;
 }
 
-Descriptor ConnectTo(const std::string& path) {
+FileDescriptor ConnectTo(const std::string& path) {
     sockaddr_un address{};
-    Descriptor connection = NewSocket();
+    FileDescriptor connection = NewSocket();
     if (!connection || !FillAddress(path, address) ||
         ::connect(connection.get(), reinterpret_cast<const sockaddr*>(&address), sizeof address) !=
             0)
-        return Descriptor();
+        return FileDescriptor();
     return connection;
 }
 
-std::optional<std::int32_t> AskPlayer(const Descriptor& connection, const PlayerRequest& request,
-                                      std::string_view payload, int timeoutMs) {
+std::optional<std::int32_t> AskPlayer(const FileDescriptor& connection,
+                                      const PlayerRequest& request, std::string_view payload,
+                                      int timeoutMs) {
     PlayerReply reply;
     if (!connection || !SendPacket(connection.get(), request, payload) ||
         !WaitReadable(connection.get(), timeoutMs) ||
@@ -99,7 +100,7 @@ std::optional<std::int32_t> AskPlayer(const Descriptor& connection, const Player
     return reply.result;
 }
 
-bool ConnectionAlive(const Descriptor& connection) {
+bool ConnectionAlive(const FileDescriptor& connection) {
     char byte = 0;
     if (!connection) return false;
     const ssize_t got = ::recv(connection.get(), &byte, 1, MSG_PEEK | MSG_DONTWAIT);

@@ -32,9 +32,9 @@ struct PlayerReply {
 inline constexpr std::uint32_t WM_COPYDATA = 74;
 
 enum PlayerListStep : std::int32_t {
-    ListBegin = 0,   ///< payload: std::int64_t, steady-clock nanoseconds when the hand-over began
-    ListPaths = 1,   ///< payload: full paths, each ended by a NUL
-    ListEnd = 2      ///< no payload: the list is complete
+    ListBegin = 0, ///< payload: std::int64_t, steady-clock nanoseconds when the hand-over began
+    ListPaths = 1, ///< payload: full paths, each ended by a NUL
+    ListEnd = 2    ///< no payload: the list is complete
 };
 
 /// The longest payload of one packet, in bytes.
@@ -45,17 +45,18 @@ inline constexpr std::size_t PlayerPayloadLimit = 60000;
 std::string PlayerSocketPath(const std::string& windowClass);
 
 /// A listening socket at `path` in the place of whatever was there; closed when it failed.
-Descriptor ListenAt(const std::string& path);
+FileDescriptor ListenAt(const std::string& path);
 
 /// A connection to the socket at `path`; closed when nobody listens. Never waits.
-Descriptor ConnectTo(const std::string& path);
+FileDescriptor ConnectTo(const std::string& path);
 
 /// Sends one request and waits for its reply, at most `timeoutMs` milliseconds. Nothing when the
 /// other end is gone, hangs or answers out of turn: the connection is of no more use then.
-std::optional<std::int32_t> AskPlayer(const Descriptor& connection, const PlayerRequest& request,
-                                      std::string_view payload, int timeoutMs);
+std::optional<std::int32_t> AskPlayer(const FileDescriptor& connection,
+                                      const PlayerRequest& request, std::string_view payload,
+                                      int timeoutMs);
 
 /// True while the other end has the connection open and owes no reply.
-bool ConnectionAlive(const Descriptor& connection);
+bool ConnectionAlive(const FileDescriptor& connection);
 
 } // namespace vk

@@ -64,7 +64,7 @@ class SocketPlayerWindow : public PlayerWindow {
 
     ChildReaper reaper_;
     std::string class_;
-    Descriptor connection_;
+    FileDescriptor connection_;
     WindowHandle handle_ = 0;
 };
 

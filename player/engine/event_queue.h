@@ -17,12 +17,12 @@ class EventQueue {
     /// Everything posted since the last call, in order.
     std::vector<OutputEvent> Take();
     /// Readable while something is posted.
-    const Descriptor& Readable() const { return signal_; }
+    const FileDescriptor& Readable() const { return signal_; }
 
   private:
     std::mutex mutex_;
     std::vector<OutputEvent> events_;
-    Descriptor signal_;
+    FileDescriptor signal_;
 };
 
 } // namespace vk

@@ -8,7 +8,7 @@ namespace {
 
 constexpr int StepTimeoutMs = 5000;
 
-bool Send(const Descriptor& connection, PlayerListStep step, std::string_view payload) {
+bool Send(const FileDescriptor& connection, PlayerListStep step, std::string_view payload) {
     return AskPlayer(connection, {WM_COPYDATA, step, 0}, payload, StepTimeoutMs) == 1;
 }
 
@@ -18,7 +18,7 @@ std::int64_t SteadyNanoseconds() {
     return std::chrono::nanoseconds(std::chrono::steady_clock::now().time_since_epoch()).count();
 }
 
-bool HandOver(const Descriptor& connection, const std::vector<std::string>& entries,
+bool HandOver(const FileDescriptor& connection, const std::vector<std::string>& entries,
               std::int64_t startedNs) {
     const std::string_view began(reinterpret_cast<const char*>(&startedNs), sizeof startedNs);
     if (!Send(connection, ListBegin, began)) return false;

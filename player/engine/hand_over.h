@@ -14,7 +14,7 @@ std::int64_t SteadyNanoseconds();
 
 /// Sends the entries over the connection. `startedNs` is when the hand-over began: the player drops
 /// a list that is older than its last clearing. False when the player went away or did not want it.
-bool HandOver(const Descriptor& connection, const std::vector<std::string>& entries,
+bool HandOver(const FileDescriptor& connection, const std::vector<std::string>& entries,
               std::int64_t startedNs);
 
 } // namespace vk

@@ -11,7 +11,7 @@ namespace vk {
 bool Instance::Claim() {
     if (path_.empty()) return false;
     // The lock file stays for good: were it removed, two processes could lock two files.
-    Descriptor lock(::open((path_ + ".lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600));
+    FileDescriptor lock(::open((path_ + ".lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600));
     if (!lock || ::flock(lock.get(), LOCK_EX | LOCK_NB) != 0) return false;
     listener_ = ListenAt(path_);
     if (!listener_) return false;

@@ -20,14 +20,14 @@ class Instance {
     /// Takes the place and listens; false when another process has it or the folder is unusable.
     bool Claim();
     /// The listening socket while the place is taken.
-    const Descriptor& Listener() const { return listener_; }
+    const FileDescriptor& Listener() const { return listener_; }
     /// Gives the place up: the socket's name is gone when this returns.
     void Release();
 
   private:
     std::string path_;
-    Descriptor lock_;
-    Descriptor listener_;
+    FileDescriptor lock_;
+    FileDescriptor listener_;
 };
 
 } // namespace vk

@@ -48,7 +48,7 @@ class PollLoop {
                        engine_.AddList(paths, startedNs);
                    }}) {
         const sigset_t signals = EndSignals();
-        signals_ = Descriptor(::signalfd(-1, &signals, SFD_CLOEXEC | SFD_NONBLOCK));
+        signals_ = FileDescriptor(::signalfd(-1, &signals, SFD_CLOEXEC | SFD_NONBLOCK));
     }
 
     void Run(const std::vector<std::string>& entries) {
@@ -83,7 +83,7 @@ class PollLoop {
     VlcOutput output_;
     Engine engine_;
     WireServer server_;
-    Descriptor signals_;
+    FileDescriptor signals_;
     bool closed_ = false;
 };
 

@@ -34,7 +34,7 @@ void WireServer::Serve(const std::vector<pollfd>& items) {
 }
 
 void WireServer::Accept() {
-    Descriptor connection(
+    FileDescriptor connection(
         ::accept4(listener_.get(), nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK));
     // Beyond the limit the connection is accepted and closed: the client learns it at once.
     if (connection && clients_.size() < MaxClients)

@@ -28,7 +28,7 @@ struct WireHandlers {
 /// away in the middle of a list leaves nothing behind.
 class WireServer {
   public:
-    WireServer(const Descriptor& listener, WireHandlers handlers)
+    WireServer(const FileDescriptor& listener, WireHandlers handlers)
         : listener_(listener), handlers_(std::move(handlers)) {}
 
     /// Adds what is to be polled.
@@ -41,7 +41,7 @@ class WireServer {
 
   private:
     struct Client {
-        Descriptor connection;
+        FileDescriptor connection;
         std::optional<std::int64_t> listStarted;
         std::string paths;
     };
@@ -52,7 +52,7 @@ class WireServer {
     std::optional<std::int32_t> TakeList(Client& client, std::int32_t step,
                                          std::string_view payload);
 
-    const Descriptor& listener_;
+    const FileDescriptor& listener_;
     WireHandlers handlers_;
     std::vector<Client> clients_;
 };

@@ -34,7 +34,7 @@ TEST_F(PlayerWindowTest, FindsNothingWhereNobodyListens) {
 }
 
 TEST_F(PlayerWindowTest, AHungPlayerCostsASecondAndTheConnection) {
-    const Descriptor listener = ListenAt(runtime.SocketPath());
+    const FileDescriptor listener = ListenAt(runtime.SocketPath());
     const WindowHandle handle = window->FindWindow(PlayerWindowClass);
     ASSERT_NE(handle, 0u);
     EXPECT_EQ(window->FindWindow(PlayerWindowClass), handle);
@@ -49,7 +49,7 @@ TEST_F(PlayerWindowTest, AHungPlayerCostsASecondAndTheConnection) {
 
 TEST_F(PlayerWindowTest, LeaksNoFiles) {
     const auto cycle = [this] {
-        const Descriptor listener = ListenAt(runtime.SocketPath());
+        const FileDescriptor listener = ListenAt(runtime.SocketPath());
         EXPECT_NE(window->FindWindow(PlayerWindowClass), 0u);
         EXPECT_TRUE(window->RunHidden("/bin/true", "x", "/"));
     };

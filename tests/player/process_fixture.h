@@ -91,7 +91,7 @@ struct ProcessFixture : testing::Test {
     }
     /// Process number of whoever listens, 0 when nobody does.
     pid_t PlayerPid() const {
-        const Descriptor connection = ConnectTo(runtime.SocketPath());
+        const FileDescriptor connection = ConnectTo(runtime.SocketPath());
         ucred peer{};
         socklen_t size = sizeof peer;
         if (!connection ||

@@ -32,7 +32,7 @@ struct WireServerTest : testing::Test {
             server.Serve(items);
         } while (end.Take().empty());
     }
-    Descriptor Connect() const { return ConnectTo(path); }
+    FileDescriptor Connect() const { return ConnectTo(path); }
 
     TempFolder folder;
     std::string path = folder.File("socket");
@@ -53,8 +53,8 @@ struct WireServerTest : testing::Test {
 };
 
 TEST_F(WireServerTest, AnswersEachClientInTurn) {
-    const Descriptor first = Connect();
-    const Descriptor second = Connect();
+    const FileDescriptor first = Connect();
+    const FileDescriptor second = Connect();
     EXPECT_EQ(AskPlayer(first, {2, 40, 2}, {}, 1000), 42);
     EXPECT_EQ(AskPlayer(second, {2, -1, 0}, {}, 1000), -1);
     EXPECT_EQ(AskPlayer(first, {2, 1, 0}, {}, 1000), 1);
@@ -62,20 +62,20 @@ TEST_F(WireServerTest, AnswersEachClientInTurn) {
 }
 
 TEST_F(WireServerTest, ClosesAConnectionUnanswered) {
-    const Descriptor client = Connect();
+    const FileDescriptor client = Connect();
     EXPECT_EQ(AskPlayer(client, {1, 0, 0}, {}, 1000), std::nullopt);
     EXPECT_FALSE(ConnectionAlive(client));
 }
 
 TEST_F(WireServerTest, ClosesWhoBreaksTheProtocolAndServesTheOthers) {
-    const Descriptor good = Connect();
+    const FileDescriptor good = Connect();
     const std::string tooLong(PlayerPayloadLimit + 1, 'x');
     for (const std::string& packet : {std::string("short"), std::string(12, '\0') + tooLong}) {
-        const Descriptor bad = Connect();
+        const FileDescriptor bad = Connect();
         ::send(bad.get(), packet.data(), packet.size(), MSG_NOSIGNAL);
         EXPECT_EQ(AskPlayer(bad, {2, 0, 0}, {}, 1000), std::nullopt);
     }
-    const Descriptor outOfTurn = Connect();
+    const FileDescriptor outOfTurn = Connect();
     EXPECT_EQ(AskPlayer(outOfTurn, {WM_COPYDATA, ListPaths, 0}, "x", 1000), std::nullopt);
     EXPECT_EQ(AskPlayer(good, {2, 0, 7}, {}, 1000), 7);
 }
@@ -96,7 +96,7 @@ TEST_F(WireServerTest, TakesALongListInOnePiece) {
 
 TEST_F(WireServerTest, AListThatBreaksOffLeavesNothing) {
     {
-        const Descriptor client = Connect();
+        const FileDescriptor client = Connect();
         const std::string began(8, '\0');
         EXPECT_EQ(AskPlayer(client, {WM_COPYDATA, ListBegin, 0}, began, 1000), 1);
         EXPECT_EQ(AskPlayer(client, {WM_COPYDATA, ListPaths, 0}, "/a", 1000), 1);
