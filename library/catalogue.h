@@ -1,8 +1,10 @@
-// What the browser asks of the catalogue of the media folder.
+// What the screens ask of the catalogue of the media folder.
 #pragma once
 
 #include "core/app_state.h"
+#include "library/tag_record.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -15,7 +17,11 @@ struct CatalogueFile {
     std::string title;
 };
 
-/// The catalogue; where there is none its users hold a null pointer.
+/// One record of a query: its columns in the order of the SELECT, as they are stored (escaped).
+using CatalogueRecord = std::vector<std::string>;
+
+/// The catalogue; where there is none its users hold a null pointer. A query that cannot be run
+/// throws an `Error`.
 class Catalogue {
   public:
     virtual ~Catalogue() = default;
@@ -28,6 +34,15 @@ class Catalogue {
                                                    bool sortByFilename) = 0;
     /// The files of a folder and of all folders below it.
     virtual std::vector<CatalogueFile> FilesBelow(const std::string& folder) = 0;
+    /// The files of any query that selects Path and, where it likes, Artist and Title.
+    virtual std::vector<CatalogueFile> Files(const std::string& sql) = 0;
+    /// The records of any query, for lists of artists, albums and genres.
+    virtual std::vector<CatalogueRecord> Records(const std::string& sql) = 0;
+    /// What is catalogued of the file at a full path; nothing when it has no row. Never throws.
+    virtual std::optional<TagRecord> StoredTag(const std::string& path) = 0;
+    /// Adds or updates the row of the file at a full path; a file whose date is as catalogued is
+    /// not read again. Never throws.
+    virtual void UpdateFileRow(const std::string& path) = 0;
 };
 
 } // namespace vk

@@ -6,6 +6,8 @@
 namespace vk {
 
 TagRecord MediaTags::GetDBTag(const std::string& path) const {
+    if (catalogue_)
+        if (auto stored = catalogue_->StoredTag(path)) return *std::move(stored);
     const int type = GetMediaType(app_, path);
     if (type == MediaAudio) {
         TagRecord tag = reader_.ReadTag(path);

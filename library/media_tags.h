@@ -2,24 +2,27 @@
 #pragma once
 
 #include "core/app_state.h"
+#include "library/catalogue.h"
 #include "library/tag_reader.h"
 
 #include <string>
 
 namespace vk {
 
-/// Chooses between a file's own tag and its name. What it is given outlives it.
+/// Chooses between the catalogue's row, a file's own tag and its name. What it is given outlives it.
 class MediaTags {
   public:
-    MediaTags(const AppState& app, ID3& reader) : app_(app), reader_(reader) {}
+    MediaTags(const AppState& app, ID3& reader, Catalogue* catalogue = nullptr)
+        : app_(app), reader_(reader), catalogue_(catalogue) {}
 
-    /// The tag of the file at the full path `path`. An audio file without artist and title in its
+    /// The tag of the file at the full path `path`: what the catalogue has, else from the file. An audio file without artist and title in its
     /// tag, and every other kind of file, is described by its name.
     TagRecord GetDBTag(const std::string& path) const;
 
   private:
     const AppState& app_;
     ID3& reader_;
+    Catalogue* catalogue_; ///< null: none
 };
 
 } // namespace vk

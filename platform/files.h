@@ -24,6 +24,13 @@ bool ReplaceFile(const std::string& path, std::string_view contents, std::string
 /// Appends to a file, making it when it is missing. False when that failed.
 bool AppendToFile(const std::string& path, std::string_view contents);
 
+/// Puts a complete file in place of another in one step and flushes both to the disk: a power cut
+/// leaves the old file or the new one. False, and both stay, when that failed.
+bool RenameFlushed(const std::string& from, const std::string& to);
+
+/// Waits until a file is on the disk, whoever wrote it.
+bool FlushFile(const std::string& path);
+
 bool CopyFileTo(const std::string& from, const std::string& to);
 bool DeleteFileAt(const std::string& path);
 

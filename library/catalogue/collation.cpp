@@ -43,17 +43,15 @@ QString Expanded(char32_t letter) {
     static const struct {
         char32_t letter;
         const char16_t* base;
-    } letters[] = {{0xDF, u"ss\u0334"},  {0x1E9E, u"ss\u0334"}, {0xE6, u"ae\u0334"},
-                   {0xC6, u"ae\u0334"},  {0x153, u"oe\u0334"},  {0x152, u"oe\u0334"},
-                   {0xF8, u"o\u0338"},   {0xD8, u"o\u0338"},    {0x142, u"l\u0338"},
-                   {0x141, u"l\u0338"},  {0x111, u"d\u0338"},   {0x110, u"d\u0338"},
-                   {0xF0, u"d\u0334"},   {0xD0, u"d\u0334"},    {0xFE, u"th\u0334"},
-                   {0xDE, u"th\u0334"},  {0x131, u"i\u0338"}};
+    } letters[] = {{0xDF, u"ss\u0334"}, {0x1E9E, u"ss\u0334"}, {0xE6, u"ae\u0334"},
+                   {0xC6, u"ae\u0334"}, {0x153, u"oe\u0334"},  {0x152, u"oe\u0334"},
+                   {0xF8, u"o\u0338"},  {0xD8, u"o\u0338"},    {0x142, u"l\u0338"},
+                   {0x141, u"l\u0338"}, {0x111, u"d\u0338"},   {0x110, u"d\u0338"},
+                   {0xF0, u"d\u0334"},  {0xD0, u"d\u0334"},    {0xFE, u"th\u0334"},
+                   {0xDE, u"th\u0334"}, {0x131, u"i\u0338"}};
     for (const auto& entry : letters)
         if (entry.letter == letter) return QString::fromUtf16(entry.base);
-    return QString::fromUcs4(&letter, 1)
-        .normalized(QString::NormalizationForm_D)
-        .toCaseFolded();
+    return QString::fromUcs4(&letter, 1).normalized(QString::NormalizationForm_D).toCaseFolded();
 }
 
 using Entry = std::array<char, 12>; // a decomposition as UTF-8, NUL at its end
@@ -212,13 +210,12 @@ bool LikeText(std::string_view pattern, std::string_view text) {
 
 void RegisterCollations(sqlite3* handle) {
     constexpr int Utf8 = SQLITE_UTF8 | SQLITE_DETERMINISTIC;
-    const bool done =
-        sqlite3_create_collation(handle, "TEXTS", SQLITE_UTF8, nullptr, &Collate<CompareTexts>) ==
-            SQLITE_OK &&
-        sqlite3_create_collation(handle, "PATHS", SQLITE_UTF8, nullptr, &Collate<ComparePaths>) ==
-            SQLITE_OK &&
-        sqlite3_create_function(handle, "like", 2, Utf8, nullptr, &Like, nullptr, nullptr) ==
-            SQLITE_OK;
+    const bool done = sqlite3_create_collation(handle, "TEXTS", SQLITE_UTF8, nullptr,
+                                               &Collate<CompareTexts>) == SQLITE_OK &&
+                      sqlite3_create_collation(handle, "PATHS", SQLITE_UTF8, nullptr,
+                                               &Collate<ComparePaths>) == SQLITE_OK &&
+                      sqlite3_create_function(handle, "like", 2, Utf8, nullptr, &Like, nullptr,
+                                              nullptr) == SQLITE_OK;
     if (!done) throw Error(sqlite3_errmsg(handle));
 }
 

@@ -47,8 +47,8 @@ sqlite3* OpenHandle(const std::string& file, Database::Mode mode) {
 
 std::string_view ColumnText(sqlite3_stmt* statement, int column) {
     const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
-    return text ? std::string_view(text, static_cast<std::size_t>(
-                                             sqlite3_column_bytes(statement, column)))
+    return text ? std::string_view(
+                      text, static_cast<std::size_t>(sqlite3_column_bytes(statement, column)))
                 : std::string_view();
 }
 
@@ -74,6 +74,10 @@ void Database::LimitWork() {
 
 int Database::CountWork(void* self) {
     return ++static_cast<Database*>(self)->workDone_ > MostWorkUnits;
+}
+
+bool Database::InTransaction() const {
+    return sqlite3_get_autocommit(Handle()) == 0;
 }
 
 std::int64_t Database::Changes() const {

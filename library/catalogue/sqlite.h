@@ -28,6 +28,7 @@ class Database {
     void Execute(const std::string& sql);
     /// From now on statements fail after some seconds of work, all together.
     void LimitWork();
+    bool InTransaction() const;
     /// Rows that the last statement changed.
     std::int64_t Changes() const;
     sqlite3* Handle() const { return handle_.get(); }

@@ -92,6 +92,17 @@ bool AppendToFile(const std::string& path, std::string_view contents) {
     return file && WriteAll(file.get(), contents);
 }
 
+bool RenameFlushed(const std::string& from, const std::string& to) {
+    if (!FlushFile(from) || ::rename(from.c_str(), to.c_str()) != 0) return false;
+    FlushFolder(FolderOf(to));
+    return true;
+}
+
+bool FlushFile(const std::string& path) {
+    const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+    return file && ::fsync(file.get()) == 0;
+}
+
 bool CopyFileTo(const std::string& from, const std::string& to) {
     const auto contents = ReadWholeFile(from, static_cast<std::size_t>(-1) / 2);
     return contents && ReplaceFile(to, *contents);

@@ -53,8 +53,20 @@ class FakeCatalogue : public Catalogue {
         asked = folder + " below";
         return files;
     }
+    std::vector<CatalogueFile> Files(const std::string& sql) override {
+        asked = sql;
+        return files;
+    }
+    std::vector<CatalogueRecord> Records(const std::string& sql) override {
+        asked = sql;
+        return records;
+    }
+    std::optional<TagRecord> StoredTag(const std::string&) override { return std::nullopt; }
+    void UpdateFileRow(const std::string& path) override { updated.push_back(path); }
     DBStateValue state = DBStateValue::OnLine;
     std::vector<CatalogueFile> files;
+    std::vector<CatalogueRecord> records;
+    std::vector<std::string> updated;
     std::string asked;
 };
 

@@ -1,0 +1,149 @@
+#include "dbupdate/scan/scan.h"
+
+#include "core/error_report.h"
+#include "core/text.h"
+#include "dbupdate/scan/compare.h"
+#include "dbupdate/scan/tag_pool.h"
+#include "dbupdate/scan/working_copy.h"
+#include "library/catalogue/schema.h"
+#include "platform/paths.h"
+
+#include <memory>
+
+namespace vk {
+
+namespace {
+
+constexpr int NoMediaFiles = 53; // "File not found"
+constexpr std::int64_t FilesAProgress = 512;
+
+class Scan {
+  public:
+    Scan(const ScanRequest& request, const ScanNeeds& needs) : request_(request), needs_(needs) {
+        types_.AudioExtensionList = Split(request.audioExtensions, ':');
+        types_.VideoExtensionList = Split(request.videoExtensions, ':');
+    }
+
+    void Run() {
+        SendState(DBStateValue::Rebuilding);
+        try {
+            OpenCatalogue();
+            Work();
+        } catch (const std::exception& error) {
+            SendError(error);
+        }
+        catalogue_.reset();
+        Progress(ScanStep::Ready, 0, "Ready");
+        SendState(rows_ > 0 || succeeded_ ? DBStateValue::OnLine : DBStateValue::Disabled);
+    }
+
+  private:
+    void OpenCatalogue() {
+        try {
+            auto opened = std::make_unique<Database>(JoinPath(request_.appDir, CatalogueFileName),
+                                                     Database::Mode::ReadOnly);
+            CheckCatalogue(*opened);
+            rows_ = CountFiles(*opened);
+            if (rows_ > 0) catalogue_ = std::move(opened);
+        } catch (const std::exception& error) {
+            SendError(error); // and all is read anew
+        }
+    }
+
+    void Work() {
+        Progress(ScanStep::Counting, 0, "Getting File Count");
+        const FoundFiles found = WalkMedia(request_.mediaDir, types_, needs_.stop);
+        if (found.stopped) return;
+        Progress(ScanStep::Counted, Count(found.files), "Please Wait...");
+        if (found.files.empty() && rows_ > 0)
+            throw Error("The media folder " + request_.mediaDir + " is empty", NoMediaFiles);
+        const Changes changes = Compare(found);
+        if (!changes.None() || !catalogue_) Write(changes);
+        succeeded_ = !needs_.stop;
+    }
+
+    /// A catalogue that is damaged inside shows it here: it is given up.
+    Changes Compare(const FoundFiles& found) {
+        Progress(ScanStep::Comparing, 0, "Please Wait...");
+        try {
+            return CompareWithRows(found, catalogue_.get());
+        } catch (const std::exception& error) {
+            SendError(error);
+            catalogue_.reset();
+            return CompareWithRows(found, nullptr);
+        }
+    }
+
+    void Write(const Changes& changes) {
+        WorkingCopy copy(request_.appDir, catalogue_.get());
+        Progress(ScanStep::ToRead, Count(changes.toRead), "Please Wait...");
+        WriteRead(changes, copy.Rows());
+        if (needs_.stop) return;
+        const std::int64_t gone = Count(changes.gone);
+        Progress(ScanStep::Reconciling, gone, std::to_string(gone) + " reconciling db");
+        for (const std::string& key : changes.gone)
+            copy.Rows().Remove(key);
+        Progress(ScanStep::Writing, 0, "Please Wait...");
+        copy.Finish(request_.full);
+        catalogue_.reset();
+        Progress(ScanStep::Checkpoint, 0, "Please Wait...");
+        SendState(DBStateValue::CheckPoint);
+        ServerEvent unhook;
+        unhook.kind = ServerEvent::Kind::UnhookDB;
+        needs_.send(unhook);
+    }
+
+    void WriteRead(const Changes& changes, RowWriter& rows) {
+        TagPool pool(
+            {request_.mediaDir, changes.toRead, request_.decimalSymbol, needs_.log, needs_.stop});
+        std::int64_t done = 0, told = 0;
+        while (const auto read = pool.Take()) {
+            for (const FileRow& row : *read)
+                rows.Put(row);
+            done += Count(*read);
+            if (done - told < FilesAProgress) continue;
+            told = done;
+            Progress(ScanStep::Reading, done, std::to_string(done) + " reconciling db");
+        }
+    }
+
+    template<class Container> static std::int64_t Count(const Container& container) {
+        return static_cast<std::int64_t>(container.size());
+    }
+
+    void SendState(DBStateValue state) const {
+        ServerEvent event;
+        event.kind = ServerEvent::Kind::StatusChanged;
+        event.state = state;
+        needs_.send(event);
+    }
+
+    void Progress(ScanStep step, std::int64_t count, const std::string& text) const {
+        ServerEvent event;
+        event.kind = ServerEvent::Kind::ShowProgress;
+        event.progress = {step, count, text};
+        needs_.send(event);
+    }
+
+    void SendError(const std::exception& error) const {
+        ServerEvent event;
+        event.kind = ServerEvent::Kind::DBError;
+        event.error = {ErrorNumber(error), "DB_UPDATE", error.what(), true};
+        needs_.send(event);
+    }
+
+    const ScanRequest& request_;
+    const ScanNeeds& needs_;
+    AppState types_;
+    std::unique_ptr<Database> catalogue_; ///< null while there is none, or none to be trusted
+    std::int64_t rows_ = 0;
+    bool succeeded_ = false;
+};
+
+} // namespace
+
+void RunScan(const ScanRequest& request, const ScanNeeds& needs) {
+    Scan(request, needs).Run();
+}
+
+} // namespace vk

@@ -1,0 +1,81 @@
+#include "dbupdate/scan/tag_pool.h"
+
+#include "library/catalogue/date_stamp.h"
+#include "platform/dialogs.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace vk {
+
+namespace {
+
+constexpr std::size_t FilesAtOnce = 64;
+constexpr std::size_t MostReady = 16; // of these, not files
+
+/// Nobody sits in front of the server.
+class NoDialogs : public Dialogs {
+  public:
+    void ShowMessage(const std::string&, const std::string&, MessageKind) override {}
+    bool AskYesNo(const std::string&, const std::string&) override { return false; }
+    bool AskOkCancel(const std::string&, const std::string&) override { return false; }
+    std::optional<std::string> InputBox(const std::string&, const std::string&,
+                                        const std::string&) override {
+        return std::nullopt;
+    }
+    std::string ChooseFolder(const std::string&, const std::string&) override { return {}; }
+};
+
+} // namespace
+
+TagPool::TagPool(const TagWork& work) : work_(work) {
+    reading_ = std::max(1u, std::thread::hardware_concurrency());
+    for (std::size_t i = reading_; i > 0; --i)
+        threads_.emplace_back([this] { Read(); });
+}
+
+TagPool::~TagPool() {
+    const std::lock_guard lock(mutex_);
+    closing_ = true;
+    changed_.notify_all();
+}
+
+void TagPool::Read() {
+    NoDialogs dialogs;
+    ID3 reader({work_.log, dialogs}, work_.decimalSymbol);
+    for (bool wanted = true; wanted;) {
+        const std::size_t first = next_.fetch_add(FilesAtOnce);
+        const std::size_t end = std::min(first + FilesAtOnce, work_.files.size());
+        if (first >= end) break;
+        Rows rows;
+        for (std::size_t i = first; i < end && !work_.stop; ++i) {
+            const FoundFile& file = *work_.files[i];
+            rows.push_back(MakeFileRow(reader, work_.root + file.path, file.path,
+                                       DateStamp(file.date), file.mediaType));
+        }
+        wanted = Hand(std::move(rows));
+    }
+    const std::lock_guard lock(mutex_);
+    --reading_;
+    changed_.notify_all();
+}
+
+bool TagPool::Hand(Rows rows) {
+    std::unique_lock lock(mutex_);
+    changed_.wait(lock, [this] { return ready_.size() < MostReady || closing_ || work_.stop; });
+    ready_.push_back(std::move(rows));
+    changed_.notify_all();
+    return !closing_ && !work_.stop;
+}
+
+std::optional<TagPool::Rows> TagPool::Take() {
+    std::unique_lock lock(mutex_);
+    changed_.wait(lock, [this] { return !ready_.empty() || reading_ == 0 || work_.stop; });
+    if (ready_.empty() || work_.stop) return std::nullopt;
+    Rows rows = std::move(ready_.front());
+    ready_.pop_front();
+    changed_.notify_all();
+    return rows;
+}
+
+} // namespace vk

@@ -1,0 +1,37 @@
+// The file that the server writes.
+#pragma once
+
+#include "library/catalogue/file_row.h"
+#include "library/catalogue/sqlite.h"
+
+#include <memory>
+#include <string>
+
+namespace vk {
+
+/// tags_work.mdb in the application directory, begun as a copy of tags.mdb or anew; one transaction
+/// from its making to `Finish`. Without `Finish` it is removed again.
+class WorkingCopy {
+  public:
+    /// `catalogue`, when not null, is the open tags.mdb, which is copied. Throws on failure.
+    WorkingCopy(const std::string& appDir, Database* catalogue);
+    ~WorkingCopy();
+    WorkingCopy(const WorkingCopy&) = delete;
+    WorkingCopy& operator=(const WorkingCopy&) = delete;
+
+    RowWriter& Rows() { return *rows_; }
+    /// Completes the file and flushes it to the disk; `compact` rewrites it when a good part of it
+    /// is unused. Throws on failure.
+    void Finish(bool compact);
+
+  private:
+    void Begin(const std::string& appDir, Database* catalogue);
+
+    const std::string file_;
+    const bool anew_;
+    bool finished_ = false;
+    std::unique_ptr<Database> database_;
+    std::unique_ptr<RowWriter> rows_;
+};
+
+} // namespace vk

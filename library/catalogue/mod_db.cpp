@@ -1,0 +1,219 @@
+#include "library/catalogue/mod_db.h"
+
+#include "library/catalogue/date_stamp.h"
+#include "library/catalogue/file_row.h"
+#include "library/catalogue/schema.h"
+#include "library/catalogue/sql_text.h"
+#include "library/file_name_tag.h"
+#include "library/media_type.h"
+#include "platform/files.h"
+#include "platform/paths.h"
+
+#include <utility>
+
+namespace vk {
+
+namespace {
+
+constexpr int ClosedObject = 3704;
+
+} // namespace
+
+std::string modDB::File(const char* name) const {
+    return JoinPath(needs_.settings.AppDir(), name);
+}
+
+void modDB::InitDB(bool keep) {
+    AppState& app = needs_.app;
+    const bool manual = needs_.settings.values.manualdb;
+    Trap(needs_.report, "An error occured in modDB.InitDB ", [&] {
+        Close();
+        if (!FileExists(File(CatalogueFileName)) && CopyTemplate() && !manual)
+            app.DBState = DBStateValue::CheckPoint;
+        if (!FileExists(File(CatalogueFileName))) {
+            app.DBState = DBStateValue::Disabled;
+            return;
+        }
+        OpenOrRebuild();
+        if (manual) {
+            if (!keep) app.DBState = DBStateValue::OnLine;
+        } else if (app.DBState != DBStateValue::CheckPoint || !keep) {
+            app.DBState = DBStateValue::Initialized;
+        }
+    });
+}
+
+void modDB::Open() {
+    auto opened = std::make_unique<Database>(File(CatalogueFileName), Database::Mode::ReadWrite);
+    // A row is on the disk when its update returns; after a power cut the journal undoes what was
+    // half written. A write-ahead log would not survive the exchange of the file below it.
+    opened->Execute("PRAGMA journal_mode = DELETE");
+    opened->Execute("PRAGMA synchronous = FULL");
+    opened->Execute("PRAGMA cache_size = -8000"); // 8 MB
+    CheckCatalogue(*opened);
+    database_ = std::move(opened);
+}
+
+void modDB::OpenOrRebuild() {
+    try {
+        Open();
+    } catch (const std::exception& error) {
+        // All that is in it can be read from the files again.
+        needs_.report.Log(std::string("tags.mdb is made anew: ") + error.what());
+        DeleteFileAt(File("tags.mdb-journal"));
+        if (!CopyTemplate()) throw;
+        Open();
+        if (!needs_.settings.values.manualdb) needs_.app.DBState = DBStateValue::CheckPoint;
+    }
+}
+
+bool modDB::CopyTemplate() {
+    return FileExists(File(EmptyCatalogueName)) &&
+           CopyFileTo(File(EmptyCatalogueName), File(CatalogueFileName));
+}
+
+void modDB::UnhookDB() {
+    needs_.report.Log("db checkpoint");
+    Close();
+    if (!RenameFlushed(File(WorkingCatalogueName), File(CatalogueFileName)))
+        needs_.report.Log("the new tags.mdb could not be taken; the old one stays");
+    InitDB(true);
+    Replaced = true;
+    for (const std::string& path : std::exchange(updated_, {}))
+        UpdateFileRow(path);
+    updated_.clear();
+}
+
+Database& modDB::Opened() {
+    if (!database_)
+        throw Error("Operation is not allowed when the object is closed.", ClosedObject);
+    return *database_;
+}
+
+Statement modDB::Query(const std::string& sql) {
+    Opened().LimitWork();
+    Statement query(*database_, TranslateQuery(sql));
+    if (!query.ReadOnly()) throw Error("not a query: " + sql);
+    return query;
+}
+
+std::string modDB::ParentDirOf(const std::string& folder) const {
+    const std::string& mediaDir = needs_.settings.values.MediaDir;
+    return Escape(RelativePath(mediaDir, JoinPath(folder, {PathSeparator})));
+}
+
+std::vector<CatalogueFile> modDB::FolderFiles(const std::string& folder, bool playableOnly,
+                                              bool sortByFilename) {
+    std::string sql = "SELECT Path, Artist, Title, MediaType FROM Media WHERE ParentDir='" +
+                      ParentDirOf(folder) + "' ";
+    if (playableOnly) sql += "AND (MediaType=1 OR MediaType=3 OR MediaType=2) ";
+    return Files(sql + (sortByFilename ? "ORDER BY Path" : "ORDER BY Artist, Title"));
+}
+
+std::vector<CatalogueFile> modDB::FilesBelow(const std::string& folder) {
+    // Not LIKE: a folder's name may hold the operator's own signs.
+    const std::string parent = ParentDirOf(folder);
+    return Files("SELECT Path, Artist, Title FROM Media WHERE ParentDir IN (SELECT DISTINCT "
+                 "ParentDir FROM Media WHERE substr(ParentDir, 1, length('" +
+                 parent + "'))='" + parent + "') ORDER BY Path");
+}
+
+std::vector<CatalogueFile> modDB::Files(const std::string& sql) {
+    Statement query = Query(sql);
+    std::vector<CatalogueFile> files;
+    while (query.Step())
+        files.push_back(ReadFile(query));
+    return files;
+}
+
+CatalogueFile modDB::ReadFile(const Statement& record) const {
+    const auto column = [&](std::string_view name) {
+        const int number = record.ColumnNamed(name);
+        return number < 0 ? std::string_view() : record.Text(number);
+    };
+    CatalogueFile file{StoredPath(column("Path")), Unescape(column("Artist")),
+                       Unescape(column("Title"))};
+    if (file.artist.empty() && file.title.empty()) {
+        // A file without tags is shown by its name.
+        const TagRecord tag = GetFileNameTag(file.path, GetMediaType(needs_.app, file.path));
+        file.artist = tag.Artist;
+        file.title = tag.Title;
+    }
+    return file;
+}
+
+/// The path of a file; a double quote that stands for itself is told from one that stands for an
+/// apostrophe by looking which file is there.
+std::string modDB::StoredPath(std::string_view stored) const {
+    const std::string path = Unescape(stored);
+    const std::string& mediaDir = needs_.settings.values.MediaDir;
+    if (path == stored || FileExists(JoinPath(mediaDir, path))) return path;
+    const std::string literal(stored);
+    return FileExists(JoinPath(mediaDir, literal)) ? literal : path;
+}
+
+std::vector<CatalogueRecord> modDB::Records(const std::string& sql) {
+    Statement query = Query(sql);
+    std::vector<CatalogueRecord> records;
+    while (query.Step()) {
+        CatalogueRecord& record = records.emplace_back();
+        for (int i = 0; i < query.Columns(); ++i)
+            record.emplace_back(query.Text(i));
+    }
+    return records;
+}
+
+std::optional<TagRecord> modDB::StoredTag(const std::string& path) {
+    try {
+        return database_ ? FindTag(path) : std::nullopt;
+    } catch (const std::exception& error) {
+        needs_.report.Log(std::string("An error occured in modDB.GetDBTag ") + error.what());
+        return std::nullopt;
+    }
+}
+
+std::optional<TagRecord> modDB::FindTag(const std::string& path) {
+    Statement query(Opened(), "SELECT Media.Title, Media.Artist, Media.Album, Genres.Description "
+                              "FROM Genres INNER JOIN Media ON Genres.GenreID = Media.GenreID "
+                              "WHERE Media.Path=?");
+    query.Bind(1, Escape(RelativePath(needs_.settings.values.MediaDir, path)));
+    if (!query.Step()) return std::nullopt;
+    TagRecord tag;
+    tag.Title = Unescape(query.Text(0));
+    tag.Artist = Unescape(query.Text(1));
+    tag.Album = Unescape(query.Text(2));
+    tag.Genre = Unescape(query.Text(3));
+    if (tag.Title.empty() && tag.Artist.empty()) return std::nullopt;
+    return tag;
+}
+
+void modDB::UpdateFileRow(const std::string& path) {
+    const int type = GetMediaType(needs_.app, path);
+    if (type == MediaUnknown || !database_) return;
+    if (State() == DBStateValue::Rebuilding) updated_.push_back(path);
+    TrapAndLog(needs_.report, "An error occured in modDB.UpdateFileRow ",
+               [&] { WriteRow(path, type); });
+}
+
+void modDB::WriteRow(const std::string& path, int mediaType) {
+    const std::string relative = RelativePath(needs_.settings.values.MediaDir, path);
+    const std::string stamp = GetFileDate(path);
+    if (stamp.empty()) throw Error("no such file: " + path);
+    {
+        Statement known(Opened(), "SELECT TStamp FROM Media WHERE Path=?");
+        known.Bind(1, Escape(relative));
+        if (known.Step() && known.Text(0) == stamp) return;
+    }
+    const FileRow row = MakeFileRow(needs_.reader, path, relative, stamp, mediaType);
+    database_->Execute("BEGIN IMMEDIATE");
+    try {
+        RowWriter(*database_).Put(row);
+        database_->Execute("COMMIT");
+    } catch (...) {
+        // The failure may have ended the transaction by itself.
+        if (database_->InTransaction()) database_->Execute("ROLLBACK");
+        throw;
+    }
+}
+
+} // namespace vk

@@ -1,0 +1,68 @@
+// The catalogue as the main program uses it: one connection to tags.mdb in the application
+// directory.
+#pragma once
+
+#include "core/error_report.h"
+#include "core/settings.h"
+#include "library/catalogue.h"
+#include "library/catalogue/sqlite.h"
+#include "library/tag_reader.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace vk {
+
+class modDB : public Catalogue {
+  public:
+    /// All of it outlives the catalogue.
+    struct Needs {
+        AppState& app;
+        SettingsStore& settings;
+        ErrorReport& report;
+        ID3& reader;
+    };
+
+    explicit modDB(Needs needs) : needs_(needs) {}
+
+    /// Opens tags.mdb, made from its template when it is missing and made anew when it is damaged,
+    /// and sets `DBState`; with `keep` an open catalogue keeps the state it has.
+    void InitDB(bool keep);
+    /// Closes the connection, takes the server's new file in place of tags.mdb and opens that. What
+    /// `UpdateFileRow` did since the server began is done again.
+    void UnhookDB();
+    /// Closes the connection; the file can be deleted then.
+    void Close() { database_.reset(); }
+    bool IsOpen() const { return database_ != nullptr; }
+    /// The server put its file in place of the old one; whoever acts on it clears the flag.
+    bool Replaced = false;
+
+    DBStateValue State() const override { return needs_.app.DBState; }
+    std::vector<CatalogueFile> FolderFiles(const std::string& folder, bool playableOnly,
+                                           bool sortByFilename) override;
+    std::vector<CatalogueFile> FilesBelow(const std::string& folder) override;
+    std::vector<CatalogueFile> Files(const std::string& sql) override;
+    std::vector<CatalogueRecord> Records(const std::string& sql) override;
+    std::optional<TagRecord> StoredTag(const std::string& path) override;
+    void UpdateFileRow(const std::string& path) override;
+
+  private:
+    std::string File(const char* name) const;
+    void Open();
+    void OpenOrRebuild();
+    bool CopyTemplate();
+    Database& Opened();
+    Statement Query(const std::string& sql);
+    std::string ParentDirOf(const std::string& folder) const;
+    CatalogueFile ReadFile(const Statement& record) const;
+    std::string StoredPath(std::string_view stored) const;
+    std::optional<TagRecord> FindTag(const std::string& path);
+    void WriteRow(const std::string& path, int mediaType);
+
+    Needs needs_;
+    std::unique_ptr<Database> database_;
+    std::vector<std::string> updated_; ///< paths written while the server works on its copy
+};
+
+} // namespace vk
