@@ -87,7 +87,7 @@ void AppendKey(std::string_view text, std::string& key) {
     static const std::vector<Entry> entries = MakeEntries();
     for (std::size_t at = 0; at < text.size();) {
         if (IsAscii(text[at])) {
-            key.push_back(Lower(text[at++]));
+            key += Lower(text[at++]);
             continue;
         }
         std::size_t length = 1;
@@ -154,6 +154,34 @@ bool LikeKey(std::string_view pattern, std::string_view text) {
     return p == pattern.size();
 }
 
+/// Where the character that holds `at` begins.
+std::size_t StartOfCharacter(std::string_view text, std::size_t at) {
+    while (at > 0 && at < text.size() && Continues(text[at]))
+        --at;
+    return at;
+}
+
+/// A pattern that is made ready once and matched often.
+struct Pattern {
+    std::string text, key;
+    std::string_view within; ///< what stands between two "%", when there is nothing else
+
+    void Prepare(std::string_view asked) {
+        text = asked;
+        key = ComparisonKey(asked);
+        const auto inner = key.size() < 2 ? "" : std::string_view(key).substr(1, key.size() - 2);
+        const bool simple = key.starts_with('%') && key.ends_with('%') &&
+                            inner.find_first_of("%_") == std::string_view::npos;
+        within = simple ? inner : std::string_view();
+    }
+    bool Matches(std::string_view textKey) const {
+        if (!within.empty() && textKey.find(within) != std::string_view::npos) return true;
+        // Only marks can make a match that plain search does not find.
+        if (!within.empty() && std::ranges::all_of(textKey, IsAscii)) return false;
+        return LikeKey(key, textKey);
+    }
+};
+
 template<int (*Compare)(std::string_view, std::string_view)>
 int Collate(void*, int lengthA, const void* a, int lengthB, const void* b) {
     return Compare({static_cast<const char*>(a), static_cast<std::size_t>(lengthA)},
@@ -167,16 +195,13 @@ std::string_view Argument(sqlite3_value* value) {
 }
 
 void Like(sqlite3_context* context, int, sqlite3_value** arguments) {
-    static thread_local std::string pattern, key;
-    static thread_local std::string patternText;
+    static thread_local Pattern pattern;
+    static thread_local std::string key;
     const std::string_view asked = Argument(arguments[0]);
-    if (asked != patternText || pattern.empty()) {
-        patternText = asked;
-        pattern = ComparisonKey(asked);
-    }
+    if (asked != pattern.text) pattern.Prepare(asked);
     key.clear();
     AppendKey(Argument(arguments[1]), key);
-    sqlite3_result_int(context, LikeKey(pattern, key));
+    sqlite3_result_int(context, pattern.Matches(key));
 }
 
 } // namespace
@@ -189,14 +214,16 @@ std::string ComparisonKey(std::string_view text) {
 
 int CompareTexts(std::string_view a, std::string_view b) {
     const std::size_t common = std::min(a.size(), b.size());
-    for (std::size_t i = 0; i < common; ++i) {
-        if (!IsAscii(a[i]) || !IsAscii(b[i]))
-            return CompareKeys(ComparisonKey(a.substr(i)), ComparisonKey(b.substr(i)));
+    std::size_t i = 0;
+    for (; i < common; ++i) {
+        if (a[i] == b[i]) continue;
+        if (!IsAscii(a[i]) || !IsAscii(b[i])) break;
         const char left = Lower(a[i]), right = Lower(b[i]);
         if (left != right) return left < right ? -1 : 1;
     }
-    if (a.size() == b.size()) return 0;
-    return CompareKeys(ComparisonKey(a.substr(common)), ComparisonKey(b.substr(common)));
+    if (i == a.size() && i == b.size()) return 0;
+    i = StartOfCharacter(a, std::min(i, StartOfCharacter(b, i)));
+    return CompareKeys(ComparisonKey(a.substr(i)), ComparisonKey(b.substr(i)));
 }
 
 int ComparePaths(std::string_view a, std::string_view b) {
@@ -205,7 +232,9 @@ int ComparePaths(std::string_view a, std::string_view b) {
 }
 
 bool LikeText(std::string_view pattern, std::string_view text) {
-    return LikeKey(ComparisonKey(pattern), ComparisonKey(text));
+    Pattern prepared;
+    prepared.Prepare(pattern);
+    return prepared.Matches(ComparisonKey(text));
 }
 
 void RegisterCollations(sqlite3* handle) {

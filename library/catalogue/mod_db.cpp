@@ -84,6 +84,13 @@ void modDB::UnhookDB() {
     updated_.clear();
 }
 
+void modDB::ShowOldRows() {
+    needs_.app.DBState = DBStateValue::Disabled;
+    TrapAndLog(needs_.report, "An error occured in modDB.ShowOldRows ", [&] {
+        if (database_ && CountFiles(*database_) > 0) needs_.app.DBState = DBStateValue::OnLine;
+    });
+}
+
 Database& modDB::Opened() {
     if (!database_)
         throw Error("Operation is not allowed when the object is closed.", ClosedObject);

@@ -35,6 +35,9 @@ class modDB : public Catalogue {
     /// Closes the connection; the file can be deleted then.
     void Close() { database_.reset(); }
     bool IsOpen() const { return database_ != nullptr; }
+    /// After a scan that came to nothing: the old rows are shown, and where there are none the
+    /// screens read the folders themselves.
+    void ShowOldRows();
     /// The server put its file in place of the old one; whoever acts on it clears the flag.
     bool Replaced = false;
 

@@ -20,7 +20,7 @@ constexpr char Tables[] =
     "INSERT INTO Genres(Description) VALUES('(Empty)');";
 
 constexpr char Indexes[] = "CREATE INDEX MediaParentDir ON Media(ParentDir);"
-                           "CREATE INDEX MediaArtist ON Media(Artist, Title);"
+                           "CREATE INDEX MediaArtist ON Media(Artist);"
                            "CREATE INDEX MediaGenre ON Media(GenreID);"
                            "CREATE INDEX MediaStamp ON Media(MediaType, TStamp);";
 

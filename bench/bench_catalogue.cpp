@@ -1,0 +1,216 @@
+// The catalogue server on 20,000 tagged files (an album of 12 a folder) with a warm cache, and the
+// screens' queries on 200,000 rows. The tree lies in the folder for temporary files.
+#include "dbupdate/scan/scan.h"
+#include "dbupdate/scan/walk.h"
+#include "library/catalogue/file_row.h"
+#include "library/catalogue/mod_db.h"
+#include "library/catalogue/schema.h"
+#include "platform/files.h"
+#include "tests/library/tag_bytes.h"
+#include "tests/support/core_fixture.h"
+
+#include <benchmark/benchmark.h>
+#include <sys/resource.h>
+#include <utime.h>
+
+#include <filesystem>
+
+namespace vk::test {
+namespace {
+
+constexpr int Files = 20'000;
+constexpr int Rows = 200'000;
+constexpr int FilesAFolder = 12;
+
+std::string Relative(int number) {
+    const int album = number / FilesAFolder;
+    return "/Artist Number " + std::to_string(album / 4) + "/The Album " + std::to_string(album) +
+           "/" + std::to_string(10 + number % FilesAFolder) + " - Some Title " +
+           std::to_string(number) + ".mp3";
+}
+
+std::string TaggedFile(int number) {
+    const int album = number / FilesAFolder;
+    const std::string frames = TextFrame(3, "TIT2", "Some Title " + std::to_string(number)) +
+                               TextFrame(3, "TPE1", "Artist Number " + std::to_string(album / 4)) +
+                               TextFrame(3, "TALB", "The Album " + std::to_string(album)) +
+                               TextFrame(3, "TCON", "(" + std::to_string(album % 40) + ")") +
+                               TextFrame(3, "TRCK", std::to_string(1 + number % FilesAFolder));
+    return ID3v2(3, frames + std::string(512, '\0')) + std::string(6000, '\x55');
+}
+
+/// The tree and an application directory of its own.
+struct Tree : CoreFixture {
+    Tree() {
+        for (int i = 0; i < Files; ++i) {
+            const std::string path = media.Path() + Relative(i);
+            std::filesystem::create_directories(FolderOf(path));
+            AppendToFile(path, TaggedFile(i));
+        }
+        CopyTemplate();
+    }
+
+    void CopyTemplate() const { MakeEmptyCatalogue(app.File(CatalogueFileName)); }
+
+    void Scan() const {
+        const std::atomic<bool> stop = false;
+        const auto send = [&](const ServerEvent& event) {
+            if (event.kind == ServerEvent::Kind::UnhookDB)
+                RenameFlushed(app.File(WorkingCatalogueName), app.File(CatalogueFileName));
+        };
+        RunScan({true, app.Path(), media.Path(), "MP3:OGG", "AVI", "."}, {log, send, stop});
+    }
+
+    TempFolder media;
+};
+
+Tree& SharedTree() {
+    static Tree tree;
+    return tree;
+}
+
+void BareWalk(benchmark::State& state) {
+    Tree& tree = SharedTree();
+    AppState types;
+    types.AudioExtensionList = {"MP3"};
+    const std::atomic<bool> stop = false;
+    for (auto _ : state)
+        benchmark::DoNotOptimize(WalkMedia(tree.media.Path(), types, stop).files.size());
+}
+BENCHMARK(BareWalk)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void FullScan(benchmark::State& state) {
+    Tree& tree = SharedTree();
+    for (auto _ : state) {
+        state.PauseTiming();
+        tree.CopyTemplate();
+        state.ResumeTiming();
+        tree.Scan();
+    }
+    const auto bytes = FileLength(tree.app.File(CatalogueFileName));
+    rusage used{};
+    getrusage(RUSAGE_SELF, &used);
+    state.counters["bytes_a_title"] = static_cast<double>(bytes) / Files;
+    state.counters["peak_MB"] = static_cast<double>(used.ru_maxrss) / 1024;
+}
+BENCHMARK(FullScan)->Unit(benchmark::kMillisecond)->UseRealTime()->MeasureProcessCPUTime();
+
+void RescanUnchanged(benchmark::State& state) {
+    Tree& tree = SharedTree();
+    tree.Scan();
+    for (auto _ : state)
+        tree.Scan();
+}
+BENCHMARK(RescanUnchanged)->Unit(benchmark::kMillisecond)->UseRealTime()->MeasureProcessCPUTime();
+
+void RescanOnePercentChanged(benchmark::State& state) {
+    Tree& tree = SharedTree();
+    tree.Scan();
+    std::time_t date = 1'000'000'000;
+    for (auto _ : state) {
+        state.PauseTiming();
+        ++date;
+        const utimbuf times{date, date};
+        for (int i = 0; i < Files; i += 100)
+            ::utime((tree.media.Path() + Relative(i)).c_str(), &times);
+        state.ResumeTiming();
+        tree.Scan();
+    }
+}
+BENCHMARK(RescanOnePercentChanged)
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime()
+    ->MeasureProcessCPUTime();
+
+/// A catalogue of rows without files.
+struct Large : CoreFixture {
+    Large() {
+        Database database(app.File(CatalogueFileName), Database::Mode::Create);
+        database.Execute("PRAGMA synchronous = OFF; BEGIN");
+        CreateTables(database);
+        {
+            RowWriter writer(database);
+            for (int i = 0; i < Rows; ++i)
+                writer.Put(Row(i));
+            for (int i = 0; i < 500; ++i)
+                writer.Put(Row(i, "/One Folder/"));
+        }
+        CreateIndexes(database);
+        database.Execute("COMMIT");
+        settings.values.MediaDir = "/media";
+        catalogue.InitDB(false);
+    }
+
+    static FileRow Row(int number, const std::string& folder = {}) {
+        const int album = number / FilesAFolder;
+        FileRow row;
+        row.Path = folder.empty() ? Relative(number) : folder + std::to_string(number) + ".mp3";
+        row.TStamp = "2026-11-21 0" + std::to_string(number % 10) + ":00:00";
+        row.Title = "Some Title " + std::to_string(number);
+        row.Artist =
+            (album % 3 == 0 ? "Ärtist Number " : "Artist Number ") + std::to_string(album / 4);
+        row.Album = "The Album " + std::to_string(album);
+        row.Genre = "Genre " + std::to_string(album % 40);
+        row.MediaType = 1;
+        row.ParentDir = FolderOf(row.Path) + "/";
+        return row;
+    }
+
+    ID3 reader{{log, dialogs}, state.DecimalSymbol};
+    modDB catalogue{{state, settings, report, reader}};
+};
+
+Large& LargeCatalogue() {
+    static Large large;
+    return large;
+}
+
+void Query(benchmark::State& state, const char* sql) {
+    Large& large = LargeCatalogue();
+    std::size_t records = 0;
+    for (auto _ : state)
+        records = large.catalogue.Records(sql).size();
+    state.counters["records"] = static_cast<double>(records);
+}
+BENCHMARK_CAPTURE(Query, artists,
+                  "SELECT DISTINCT Artist FROM Media WHERE ((Artist)<>'') ORDER BY Artist")
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Query, one_artist,
+                  "SELECT DISTINCT Artist, Title, Path FROM Media WHERE Artist='Artist Number 77'"
+                  " ORDER BY Title")
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Query, one_folder,
+                  "SELECT Path, Artist, Title, MediaType FROM Media WHERE "
+                  "ParentDir='/One Folder/' ORDER BY Artist, Title")
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Query, text_search,
+                  "SELECT Path, Artist, Title FROM Media WHERE Title LIKE '%title 12345%'")
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Query, artist_search,
+                  "SELECT Path, Artist, Title FROM Media WHERE Artist LIKE '%number 1234%'")
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Query, path_search,
+                  "SELECT Path, Artist, Title FROM Media WHERE Path LIKE '%title 12345%'")
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Query, genre_search,
+                  "SELECT Media.Path, Media.Artist, Media.Title, Genres.Description FROM Genres "
+                  "INNER JOIN Media ON Genres.GenreID = Media.GenreID WHERE "
+                  "(((Genres.Description) Like '%genre 7%'))")
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Query, newest,
+                  "SELECT TOP 50 Path, Artist, Title, TStamp FROM Media WHERE MediaType=1 "
+                  "ORDER BY TStamp DESC")
+    ->Unit(benchmark::kMillisecond);
+
+void OpenedFolder(benchmark::State& state, bool below) {
+    Large& large = LargeCatalogue();
+    for (auto _ : state)
+        benchmark::DoNotOptimize(
+            below ? large.catalogue.FilesBelow("/media/One Folder")
+                  : large.catalogue.FolderFiles("/media/One Folder", true, true));
+}
+BENCHMARK_CAPTURE(OpenedFolder, itself, false)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(OpenedFolder, and_below, true)->Unit(benchmark::kMillisecond);
+
+} // namespace
+} // namespace vk::test

@@ -1,0 +1,58 @@
+// The catalogue server as the main program holds it: a process of its own that reports by events.
+#pragma once
+
+#include "core/debug_log.h"
+#include "library/catalogue/protocol.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+
+class QProcess;
+
+namespace vk {
+
+/// Starts the server for each scan and lets it go afterwards. Needs Qt's event loop, in which the
+/// events arrive; a handler may call any operation of this object.
+class DB_OBJ {
+  public:
+    struct Events {
+        std::function<void(DBStateValue)> StatusChanged;
+        std::function<void(const ScanProgress&)> ShowProgress;
+        /// The server's file is complete: it is to be taken in place of the old one now.
+        std::function<void()> UnhookDB;
+        std::function<void(const ServerError&)> DBError;
+        /// The server ended in the middle of a scan, or could not be started, which has been
+        /// logged. The old catalogue is as it was.
+        std::function<void()> Lost;
+    };
+
+    /// `program` is the server's full path. All events must be set.
+    DB_OBJ(std::string program, const DebugLog& log, Events events);
+    /// Lets the server go; a scan that is under way comes to nothing.
+    ~DB_OBJ();
+    DB_OBJ(const DB_OBJ&) = delete;
+    DB_OBJ& operator=(const DB_OBJ&) = delete;
+
+    /// True from `Scan` to the scan's last event.
+    bool Scanning() const { return process_ != nullptr; }
+    /// Begins a scan; while one is under way nothing is done.
+    void Scan(const ScanRequest& request);
+    /// Asks the server to give the scan up; its last event comes soon after.
+    void Stop();
+
+  private:
+    void Send(const ServerRequest& request);
+    void Read();
+    void Take(const ServerEvent& event);
+    void Lose(const std::string& why);
+    void Release();
+
+    const std::string program_;
+    const DebugLog& log_;
+    const Events events_;
+    QProcess* process_ = nullptr; ///< deletes itself once it has been let go
+    LineSplitter lines_;
+};
+
+} // namespace vk

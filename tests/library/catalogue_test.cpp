@@ -1,0 +1,231 @@
+#include "library/catalogue/date_stamp.h"
+#include "library/catalogue/file_row.h"
+#include "library/catalogue/mod_db.h"
+#include "library/catalogue/schema.h"
+#include "library/media_tags.h"
+#include "tests/library/tag_bytes.h"
+#include "tests/support/core_fixture.h"
+
+#include <gmock/gmock.h>
+#include <utime.h>
+
+namespace vk::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+class CatalogueTest : public testing::Test, public CoreFixture {
+  protected:
+    CatalogueTest() {
+        state.AudioExtensionList = {"MP3"};
+        state.VideoExtensionList = {"AVI"};
+        settings.values.MediaDir = media.Path();
+        MakeEmptyCatalogue(app.File(EmptyCatalogueName));
+    }
+
+    std::string Tagged(const std::string& name, const std::string& title, const std::string& artist,
+                       const std::string& genre = "Pop", std::time_t date = 1'000'000'000) {
+        const std::string path =
+            media.Write(name, ID3v2(3, TextFrame(3, "TIT2", title) + TextFrame(3, "TPE1", artist) +
+                                           TextFrame(3, "TCON", genre)));
+        SetDate(path, date);
+        return path;
+    }
+    static void SetDate(const std::string& path, std::time_t date) {
+        const utimbuf times{date, date};
+        ASSERT_EQ(::utime(path.c_str(), &times), 0);
+    }
+    void Add(const std::string& name, const std::string& title, const std::string& artist,
+             const std::string& genre = "Pop", std::time_t date = 1'000'000'000) {
+        db.UpdateFileRow(Tagged(name, title, artist, genre, date));
+    }
+    std::vector<std::string> First(const std::string& sql) {
+        std::vector<std::string> texts;
+        for (const CatalogueRecord& record : db.Records(sql))
+            texts.push_back(record.front());
+        return texts;
+    }
+
+    TempFolder media;
+    ID3 reader{{log, dialogs}, state.DecimalSymbol};
+    modDB db{{state, settings, report, reader}};
+};
+
+TEST_F(CatalogueTest, OpeningFollowsTheStates) {
+    state.DBState = DBStateValue::Offline;
+    db.InitDB(true);
+    EXPECT_EQ(state.DBState, DBStateValue::CheckPoint) << "made from the template";
+    db.InitDB(true);
+    EXPECT_EQ(state.DBState, DBStateValue::CheckPoint);
+    db.InitDB(false);
+    EXPECT_EQ(state.DBState, DBStateValue::Initialized);
+    settings.values.manualdb = true;
+    db.InitDB(true);
+    EXPECT_EQ(state.DBState, DBStateValue::Initialized);
+    db.InitDB(false);
+    EXPECT_EQ(state.DBState, DBStateValue::OnLine);
+    db.Close();
+    DeleteFileAt(app.File(CatalogueFileName));
+    DeleteFileAt(app.File(EmptyCatalogueName));
+    db.InitDB(false);
+    EXPECT_EQ(state.DBState, DBStateValue::Disabled);
+    EXPECT_FALSE(db.IsOpen());
+    EXPECT_THROW(db.Files("SELECT Path FROM Media"), Error);
+}
+
+TEST_F(CatalogueTest, ADamagedFileIsMadeAnew) {
+    const std::string whole = app.Read(EmptyCatalogueName);
+    for (const std::string& torn : {std::string(), std::string("no database"),
+                                    whole.substr(0, 5000), std::string(40000, '\x55')}) {
+        app.Write(CatalogueFileName, torn);
+        state.DBState = DBStateValue::Offline;
+        db.InitDB(false);
+        EXPECT_EQ(state.DBState, DBStateValue::Initialized);
+        EXPECT_THAT(db.Files("SELECT Path FROM Media"), IsEmpty());
+        db.Close();
+    }
+    EXPECT_TRUE(Logged("tags.mdb is made anew: "));
+    EXPECT_TRUE(dialogs.messages.empty());
+}
+
+TEST_F(CatalogueTest, ReadsBackWhatItWasGiven) {
+    db.InitDB(false);
+    const std::string path = Tagged("Rock/O'Hanlon - It's.mp3", "It's 100% \"it\"\n", "O'Hanlon");
+    db.UpdateFileRow(path);
+    const auto files = db.FolderFiles(media.File("Rock"), false, true);
+    ASSERT_THAT(files, SizeIs(1));
+    EXPECT_EQ(files[0].path, "/Rock/O'Hanlon - It's.mp3");
+    EXPECT_EQ(files[0].artist, "O'Hanlon");
+    EXPECT_EQ(files[0].title, "It's 100% 'it'");
+    EXPECT_THAT(First("SELECT Artist FROM Media WHERE Artist='O\"Hanlon'"),
+                ElementsAre("O\"Hanlon"));
+    const auto tag = db.StoredTag(path);
+    ASSERT_TRUE(tag);
+    EXPECT_EQ(tag->Genre, "Pop");
+    DeleteFileAt(path);
+    const MediaTags tags(state, reader, &db);
+    EXPECT_EQ(tags.GetDBTag(path).Title, "It's 100% 'it'");
+    EXPECT_EQ(tags.GetDBTag(media.File("B - T.mp3")).Artist, "B") << "no row: by its name";
+}
+
+TEST_F(CatalogueTest, ReadsAFileAgainOnlyWhenItsDateHasChanged) {
+    db.InitDB(false);
+    Add("a.mp3", "Old", "A", "Pop");
+    Add("a.mp3", "New", "A", "Rock");
+    EXPECT_THAT(First("SELECT Title FROM Media"), ElementsAre("Old"));
+    Add("a.mp3", "New", "A", "Rock", 1'000'000'001);
+    EXPECT_THAT(First("SELECT Title FROM Media"), ElementsAre("New"));
+    EXPECT_THAT(First("SELECT Description FROM Genres ORDER BY Description"),
+                ElementsAre("(Empty)", "Pop", "Rock"))
+        << "genres are never removed";
+    EXPECT_EQ(First("SELECT TStamp FROM Media")[0], GetFileDate(media.File("a.mp3")));
+    db.UpdateFileRow(media.Write("text.txt", "no media"));
+    db.UpdateFileRow(media.File("gone.mp3"));
+    EXPECT_THAT(First("SELECT Path FROM Media"), ElementsAre("/a.mp3"));
+    EXPECT_TRUE(Logged("An error occured in modDB.UpdateFileRow no such file"));
+}
+
+TEST_F(CatalogueTest, OtherKindsOfFilesAreKnownByTheirNames) {
+    db.InitDB(false);
+    for (const char* name : {"My_Film.avi", "Lists/party.m3u", "presets.lst", "untagged.mp3"})
+        db.UpdateFileRow(media.Write(name, "x"));
+    EXPECT_THAT(First("SELECT Title FROM Media WHERE MediaType<>1 ORDER BY MediaType"),
+                ElementsAre("My Film", "party", "presets"));
+    EXPECT_THAT(First("SELECT Genres.Description FROM Genres INNER JOIN Media ON Genres.GenreID = "
+                      "Media.GenreID WHERE MediaType=2"),
+                ElementsAre("(Empty)"));
+    const auto playable = db.FolderFiles(media.Path(), true, true);
+    ASSERT_THAT(playable, SizeIs(2));
+    EXPECT_EQ(playable[1].title, "untagged") << "shown by its name";
+    EXPECT_EQ(playable[1].artist, "(Unknown Artist)");
+}
+
+TEST_F(CatalogueTest, AnswersTheSystemsQueries) {
+    db.InitDB(false);
+    Add("1/a.mp3", "Zwei", "Ärzte", "Rock", 1'000'000'000);
+    Add("1/b.mp3", "eins", "ÄRZTE", "rock", 1'100'000'000);
+    Add("1/sub/c.mp3", "Drei", "Abba", "Pop", 1'200'000'000);
+    Add("10/d.mp3", "Vier", "Björk", "(Empty)", 900'000'000);
+    EXPECT_THAT(First("SELECT DISTINCT Artist FROM Media WHERE ((Artist)<>'') ORDER BY Artist"),
+                ElementsAre("Abba", "Ärzte", "Björk"));
+    EXPECT_THAT(First("SELECT Title, Path FROM Media WHERE Artist='ärzte' ORDER BY Title"),
+                ElementsAre("eins", "Zwei"));
+    EXPECT_THAT(First("SELECT TOP 2 Title FROM Media WHERE MediaType=1 ORDER BY TStamp DESC"),
+                ElementsAre("Drei", "eins"));
+    EXPECT_THAT(First("SELECT Description, GenreID FROM Genres WHERE Description <> '(Empty)' "
+                      "ORDER BY Description"),
+                ElementsAre("Pop", "Rock"));
+    EXPECT_THAT(First("SELECT Title FROM Media WHERE Artist LIKE '%bjork%'"), ElementsAre("Vier"));
+    EXPECT_THAT(First("SELECT Media.Title FROM Genres INNER JOIN Media ON Genres.GenreID = "
+                      "Media.GenreID WHERE (((Genres.Description) Like '%ROCK%')) "
+                      "ORDER BY Title"),
+                ElementsAre("eins", "Zwei"));
+    EXPECT_THAT(db.FilesBelow(media.File("1")), SizeIs(3)) << "not the folder 10";
+    EXPECT_THAT(db.FilesBelow(media.Path()), SizeIs(4));
+    const auto named = db.FolderFiles(media.File("1"), false, false);
+    ASSERT_THAT(named, SizeIs(2));
+    EXPECT_EQ(named[0].title, "eins");
+}
+
+TEST_F(CatalogueTest, RefusesWhatIsNoQuery) {
+    db.InitDB(false);
+    Add("a.mp3", "T", "A");
+    for (const char* sql : {"DELETE FROM Media", "", "SELECT FROM", "SELECT Nothing FROM Media",
+                            "SELECT count(*) FROM Media a, Media b; DROP TABLE Media x"}) {
+        try {
+            db.Records(sql);
+        } catch (const Error&) {
+            // Refused; a second statement is not looked at.
+        }
+        EXPECT_THAT(First("SELECT Path FROM Media"), SizeIs(1)) << sql;
+    }
+    EXPECT_THROW(db.Records("SELECT count(*) FROM (WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL "
+                            "SELECT i + 1 FROM n) SELECT i FROM n)"),
+                 Error)
+        << "a query without end";
+}
+
+TEST_F(CatalogueTest, HostileNamesKeepTheirRows) {
+    db.InitDB(false);
+    const std::vector<std::string> names = {"a'b.mp3",    "say \"x\".mp3", "100%_[a-z].mp3",
+                                            "l\nine.mp3", "\xE4\xFF.mp3",  "A.mp3",
+                                            "a.mp3",      "semi;--.mp3"};
+    for (const std::string& name : names)
+        db.UpdateFileRow(media.Write("it's 50%/" + name, "x"));
+    std::vector<std::string> found;
+    for (const CatalogueFile& file : db.FolderFiles(media.File("it's 50%"), false, true))
+        found.push_back(FileNameOf(file.path));
+    EXPECT_THAT(found, testing::UnorderedElementsAreArray(names));
+    settings.values.MediaDir = ToUpper(media.Path());
+    const std::string other = media.Write("other.mp3", "x");
+    db.UpdateFileRow(other);
+    EXPECT_THAT(First("SELECT Path FROM Media WHERE Path LIKE '%other.mp3'"), ElementsAre(other))
+        << "a prefix in another case";
+}
+
+TEST_F(CatalogueTest, TakesTheServersFileAndRepeatsItsOwnUpdates) {
+    db.InitDB(false);
+    Add("old.mp3", "Old", "A");
+    CopyFileTo(app.File(CatalogueFileName), app.File(WorkingCatalogueName));
+    state.DBState = DBStateValue::Rebuilding;
+    Add("saved.mp3", "Saved", "A");
+    db.UnhookDB();
+    EXPECT_TRUE(db.Replaced);
+    EXPECT_TRUE(Logged("db checkpoint"));
+    EXPECT_THAT(First("SELECT Title FROM Media ORDER BY Title"), ElementsAre("Old", "Saved"));
+    EXPECT_FALSE(FileExists(app.File(WorkingCatalogueName)));
+    db.UnhookDB();
+    EXPECT_TRUE(Logged("the old one stays")) << "there was no new file";
+    EXPECT_THAT(First("SELECT Title FROM Media"), SizeIs(2));
+    db.ShowOldRows();
+    EXPECT_EQ(state.DBState, DBStateValue::OnLine);
+    DeleteFileAt(app.File(CatalogueFileName));
+    db.InitDB(false);
+    db.ShowOldRows();
+    EXPECT_EQ(state.DBState, DBStateValue::Disabled) << "no rows: the folders are read";
+}
+
+} // namespace
+} // namespace vk::test

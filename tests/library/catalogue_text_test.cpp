@@ -1,0 +1,103 @@
+#include "library/catalogue/collation.h"
+#include "library/catalogue/sql_text.h"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+
+namespace vk::test {
+namespace {
+
+using testing::ElementsAreArray;
+
+TEST(Collation, OrdersLettersBeforeAccentsAndNeverByCase) {
+    const std::vector<std::string> ordered = {
+        "",        "(a",  "1",     "a",      "ä",      "ab",      "Äb",
+        "abc",     "äbc", "b",     "Bjork",  "Björk",  "bjorl",   "o",
+        "Ö",       "ø",   "oz",    "Søren",  "Sorex",  "strasse", "Straße",
+        "strasst", "Z",   "Ünder", "Ελλαδα", "Ελλάδα", "жар",     "Яблоко"};
+    std::vector<std::string> sorted = ordered;
+    std::ranges::reverse(sorted);
+    std::ranges::sort(sorted, [](const auto& a, const auto& b) { return CompareTexts(a, b) < 0; });
+    std::vector<std::string> expected = ordered;
+    // "Ünder" is a u.
+    std::erase(expected, "Ünder");
+    expected.insert(std::ranges::find(expected, "Z"), "Ünder");
+    EXPECT_THAT(sorted, ElementsAreArray(expected));
+}
+
+TEST(Collation, TakesTextsThatDifferInCaseAsEqual) {
+    const char* equal[][2] = {
+        {"Ä", "ä"},     {"ABBA", "Abba"},     {"ÉTÉ", "été"},         {"ΑΒΓ", "αβγ"},
+        {"ДОМ", "дом"}, {"STRAẞE", "straße"}, {"u\u0308ber", "Über"}, {"x\u0308", "X\u0308"}};
+    for (const auto& [a, b] : equal)
+        EXPECT_EQ(CompareTexts(a, b), 0) << a << " " << b;
+    const char* different[][2] = {{"a", "ä"}, {"strasse", "straße"}, {"o", "ø"}, {"a", "a "}};
+    for (const auto& [a, b] : different) {
+        EXPECT_NE(CompareTexts(a, b), 0) << a << " " << b;
+        EXPECT_EQ(CompareTexts(a, b) < 0, CompareTexts(b, a) > 0);
+    }
+}
+
+TEST(Collation, KeepsPathsApartThatDifferInAnyByte) {
+    EXPECT_NE(ComparePaths("/A.mp3", "/a.mp3"), 0);
+    EXPECT_NE(ComparePaths("/\xE4.mp3", "/\xC4.mp3"), 0) << "bytes that are no UTF-8";
+    EXPECT_EQ(ComparePaths("/\xE4.mp3", "/\xE4.mp3"), 0);
+    EXPECT_LT(ComparePaths("/a.mp3", "/B.mp3"), 0);
+    EXPECT_GT(ComparePaths("/C.mp3", "/b.mp3"), 0);
+}
+
+TEST(Collation, FindsTextsByPattern) {
+    const struct {
+        const char *pattern, *text;
+        bool found;
+    } cases[] = {{"%ROCK%", "Hard rock", true},
+                 {"%rock%", "roc", false},
+                 {"%ä%", "BÄR", true},
+                 {"%ä%", "bar", false},
+                 {"%bjork%", "Björk", true},
+                 {"%jör%", "BJÖRK", true},
+                 {"a_c", "aÄC", true},
+                 {"a_c", "ac", false},
+                 {"%", "", true},
+                 {"", "", true},
+                 {"", "a", false},
+                 {"%a%b%", "xxaxxbxx", true},
+                 {"%a%b%", "ba", false},
+                 {"a%", "ba", false},
+                 {"%aab", "aaab", true},
+                 {"_", "ж", true},
+                 {"__", "ж", false},
+                 {"%\xFF%", "a\xFF", true}};
+    for (const auto& c : cases)
+        EXPECT_EQ(LikeText(c.pattern, c.text), c.found) << c.pattern << " on " << c.text;
+}
+
+TEST(SqlText, EscapesByTurningQuotes) {
+    EXPECT_EQ(Escape("  O'Hanlon's \n"), "O\"Hanlon\"s");
+    EXPECT_EQ(Unescape(" O\"Hanlon\"s "), "O'Hanlon's");
+    EXPECT_EQ(Unescape(Escape("say \"it\"")), "say 'it'");
+    EXPECT_EQ(Escape(std::string("a\0b%_", 5)), "ab%_");
+}
+
+TEST(SqlText, TranslatesWhatSQLiteLacks) {
+    const char* cases[][2] = {
+        {"SELECT TOP 50 Path FROM Media ORDER BY TStamp DESC",
+         "SELECT  Path FROM Media ORDER BY TStamp DESC LIMIT 50"},
+        {"SELECT Top FROM Media", "SELECT Top FROM Media"},
+        {"SELECT Path FROM Media WHERE Artist=\"O'Hanlon\"",
+         "SELECT Path FROM Media WHERE Artist='O\"Hanlon'"},
+        {"WHERE Artist='O\"Hanlon' AND Title='a\\b'", "WHERE Artist='O\"Hanlon' AND Title='a\\b'"},
+        {"WHERE ParentDir='\\Rock\\' AND Path LIKE '\\Rock\\%'",
+         "WHERE ParentDir='/Rock/' AND Path LIKE '/Rock/%'"},
+        {"WHERE Path='/a\\b.mp3'", "WHERE Path='/a\\b.mp3'"},
+        {"WHERE Title='it''s'", "WHERE Title='it''s'"},
+        {"WHERE Title='SELECT TOP 5'", "WHERE Title='SELECT TOP 5'"},
+        {"WHERE Title='open", "WHERE Title='open'"},
+    };
+    for (const auto& [sql, translated] : cases)
+        EXPECT_EQ(TranslateQuery(sql), translated);
+}
+
+} // namespace
+} // namespace vk::test
