@@ -55,7 +55,7 @@ class Scan {
         const FoundFiles found = WalkMedia(request_.mediaDir, types_, needs_.stop);
         if (found.stopped) return;
         Progress(ScanStep::Counted, Count(found.files), "Please Wait...");
-        if (found.files.empty() && rows_ > 0)
+        if (found.files.empty() && found.unread.empty() && rows_ > 0)
             throw Error("The media folder " + request_.mediaDir + " is empty", NoMediaFiles);
         const Changes changes = Compare(found);
         if (!changes.None() || !catalogue_) Write(changes);

@@ -107,12 +107,20 @@ std::size_t SkipMarks(std::string_view key, std::size_t at) {
     return at;
 }
 
+/// Of keys with the same letters: what has no mark comes first.
+int CompareMarks(std::string_view a, std::string_view b) {
+    const auto differ = std::ranges::mismatch(a, b).in1 - a.begin();
+    const auto at = static_cast<std::size_t>(differ);
+    const bool marked = IsMark(a, at), otherMarked = IsMark(b, at);
+    return marked == otherMarked ? a.compare(b) : marked ? 1 : -1;
+}
+
 int CompareKeys(std::string_view a, std::string_view b) {
     for (std::size_t i = SkipMarks(a, 0), j = SkipMarks(b, 0);;
          i = SkipMarks(a, i + 1), j = SkipMarks(b, j + 1)) {
         if (i == a.size() || j == b.size()) {
             if (i != a.size() || j != b.size()) return i == a.size() ? -1 : 1;
-            return a.compare(b);
+            return CompareMarks(a, b);
         }
         if (a[i] != b[j])
             return static_cast<unsigned char>(a[i]) < static_cast<unsigned char>(b[j]) ? -1 : 1;

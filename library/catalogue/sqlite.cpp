@@ -15,7 +15,7 @@ namespace {
 constexpr int BusyMs = 5000; // the other process writes for milliseconds at most
 // A query of a list file can be anything, such as a product of the table with itself.
 constexpr int StepsAWorkUnit = 1'000'000; // of SQLite's virtual machine: some 10 ms
-constexpr int MostWorkUnits = 300;
+constexpr int MostWorkUnits = 30;
 
 [[noreturn]] void Fail(sqlite3* database) {
     throw Error(sqlite3_errmsg(database), sqlite3_errcode(database));

@@ -1,0 +1,216 @@
+#include "dbupdate/scan/scan.h"
+#include "tests/dbupdate/scan_fixture.h"
+
+#include <sys/stat.h>
+
+namespace vk::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+class ScanTest : public ScanFixture {
+  protected:
+    void Scan() { Scan(Request()); }
+    void Scan(const ScanRequest& request) {
+        Forget();
+        stop = false;
+        RunScan(request, {log, [this](const ServerEvent& event) { TakeAndDo(event); }, stop});
+    }
+    void TakeAndDo(const ServerEvent& event) {
+        Take(event);
+        if (event.kind == ServerEvent::Kind::ShowProgress && event.progress.step == actAt && act)
+            std::exchange(act, {})();
+    }
+    void At(ScanStep step, std::function<void()> action) {
+        actAt = step;
+        act = std::move(action);
+    }
+
+    std::atomic<bool> stop = false;
+    ScanStep actAt = ScanStep::Ready;
+    std::function<void()> act; ///< run once, at that step
+};
+
+TEST_F(ScanTest, CataloguesTheMediaFolder) {
+    Tagged("Rock/b.mp3", "B");
+    Tagged("Rock/Live/a.MP3", "A");
+    media.Write("film.avi", "x");
+    media.Write("list.m3u", "x");
+    media.Write("cover.jpg", "x");
+    Scan();
+    EXPECT_THAT(Paths(), ElementsAre("/film.avi", "/list.m3u", "/Rock/b.mp3", "/Rock/Live/a.MP3"));
+    EXPECT_THAT(Titles(), ElementsAre("film", "list", "B", "A"));
+    EXPECT_THAT(states, ElementsAre(3, 1, 4));
+    EXPECT_EQ(unhooked, 1);
+    EXPECT_THAT(errors, IsEmpty());
+    EXPECT_EQ(texts.front(), "Getting File Count");
+    EXPECT_THAT(texts, testing::Contains("0 reconciling db"));
+    EXPECT_EQ(texts.back(), "Ready");
+}
+
+TEST_F(ScanTest, ComparesDatesAndNothingElse) {
+    Tagged("same.mp3", "Old");
+    Tagged("newer.mp3", "Old");
+    Tagged("gone.mp3", "Old");
+    Scan();
+    Scan();
+    EXPECT_EQ(unhooked, 0) << "nothing has changed";
+    EXPECT_THAT(states, ElementsAre(3, 4));
+    Tagged("same.mp3", "New");
+    Tagged("newer.mp3", "New", 1'000'000'001);
+    Tagged("added.mp3", "New");
+    DeleteFileAt(media.File("gone.mp3"));
+    Scan();
+    EXPECT_EQ(unhooked, 1);
+    EXPECT_THAT(texts, testing::Contains("1 reconciling db"));
+    EXPECT_THAT(Paths(), ElementsAre("/added.mp3", "/newer.mp3", "/same.mp3"));
+    EXPECT_THAT(Titles(), ElementsAre("New", "New", "Old"));
+}
+
+TEST_F(ScanTest, AFolderThatDoesNotAnswerKeepsItsRows) {
+    Albums(1, 3);
+    Scan();
+    const std::string away = media.Path() + ".away";
+    const auto expectKept = [&](const char* why) {
+        Scan();
+        EXPECT_THAT(errors, ElementsAre(HasSubstr(why)));
+        EXPECT_THAT(Paths(), SizeIs(3));
+        EXPECT_EQ(states.back(), 4);
+        EXPECT_EQ(unhooked, 0);
+        std::filesystem::remove_all(media.Path());
+    };
+    std::filesystem::rename(media.Path(), away);
+    expectKept("cannot be read: No such file or directory");
+    std::filesystem::create_directory(media.Path());
+    expectKept("is empty");
+    AppendToFile(media.Path(), "no folder");
+    expectKept("cannot be read: Not a directory");
+    std::filesystem::rename(away, media.Path());
+    At(ScanStep::Counting, [&] { std::filesystem::rename(media.Path(), away); });
+    expectKept("No such file");
+    std::filesystem::rename(away, media.Path());
+    DeleteFileAt(media.File("0/1.mp3"));
+    Scan();
+    EXPECT_THAT(Paths(), SizeIs(2));
+}
+
+TEST_F(ScanTest, AFailureWithoutRowsDisablesTheCatalogue) {
+    std::filesystem::remove(media.Path());
+    Scan();
+    EXPECT_THAT(states, ElementsAre(3, -1));
+    std::filesystem::create_directory(media.Path());
+    Scan();
+    EXPECT_EQ(states.back(), 4) << "an empty folder that never had files is in order";
+}
+
+TEST_F(ScanTest, ALinkToNowhereKeepsTheRowsBehindIt) {
+    const TempFolder drive;
+    drive.Write("Album/a.mp3", "x");
+    std::filesystem::create_symlink(drive.Path(), media.File("drive"));
+    std::filesystem::create_symlink(drive.File("Album/a.mp3"), media.File("one.mp3"));
+    Tagged("own.mp3", "Own");
+    Scan();
+    EXPECT_THAT(Paths(), ElementsAre("/drive/Album/a.mp3", "/one.mp3", "/own.mp3"));
+    std::filesystem::rename(drive.Path(), drive.Path() + ".off");
+    DeleteFileAt(media.File("own.mp3"));
+    Scan();
+    EXPECT_THAT(Paths(), ElementsAre("/drive/Album/a.mp3", "/one.mp3"));
+    std::filesystem::rename(drive.Path() + ".off", drive.Path());
+}
+
+TEST_F(ScanTest, LinksInACircleEnd) {
+    Tagged("a/b/x.mp3", "X");
+    std::filesystem::create_directory_symlink(media.Path(), media.File("a/b/up"));
+    std::filesystem::create_directory_symlink("self", media.File("self"));
+    std::filesystem::create_directory_symlink(media.File("a"), media.File("0 before a"));
+    ::mkfifo(media.File("pipe.mp3").c_str(), 0600);
+    Scan();
+    EXPECT_THAT(Paths(), ElementsAre("/a/b/x.mp3")) << "under its own name, not the link's";
+}
+
+TEST_F(ScanTest, FilesThatChangeMeanwhileAreReadTheNextTime) {
+    for (const char* name : {"a.mp3", "b.mp3", "c.mp3"})
+        Tagged(name, "Old");
+    At(ScanStep::Counted, [&] {
+        Tagged("a.mp3", "Meanwhile", 1'000'000'001);
+        DeleteFileAt(media.File("b.mp3"));
+        Tagged("d.mp3", "Late");
+    });
+    Scan();
+    EXPECT_EQ(states.back(), 4);
+    Tagged("a.mp3", "Last", 1'000'000'002);
+    Scan();
+    EXPECT_THAT(Paths(), ElementsAre("/a.mp3", "/c.mp3", "/d.mp3"));
+    EXPECT_THAT(Titles(), ElementsAre("Last", "Old", "Late"));
+    EXPECT_THAT(errors, IsEmpty());
+}
+
+TEST_F(ScanTest, AStopLeavesTheCatalogueAsItWas) {
+    Albums(1, 3);
+    Scan();
+    Albums(3, 100);
+    for (const ScanStep step : {ScanStep::Counting, ScanStep::ToRead, ScanStep::Reconciling}) {
+        At(step, [&] { stop = true; });
+        Scan();
+        if (step == ScanStep::Reconciling) continue; // too late: it is carried through
+        EXPECT_EQ(unhooked, 0);
+        EXPECT_EQ(states.back(), 4);
+        EXPECT_THAT(Paths(), SizeIs(3));
+        EXPECT_FALSE(FileExists(app.File(WorkingCatalogueName)));
+    }
+    EXPECT_THAT(Paths(), SizeIs(300));
+}
+
+TEST_F(ScanTest, ADamagedCatalogueIsBuiltAnew) {
+    Albums(20, 20);
+    Scan();
+    const std::string whole = app.Read(CatalogueFileName);
+    db.Close();
+    for (const std::string& torn :
+         {whole.substr(0, 8192) + std::string(whole.size() - 8192, '\x55'), std::string("torn"),
+          std::string()}) {
+        app.Write(CatalogueFileName, torn);
+        Scan();
+        EXPECT_THAT(errors, testing::Not(IsEmpty()));
+        EXPECT_THAT(Paths(), SizeIs(400));
+        EXPECT_EQ(states.back(), 4);
+    }
+}
+
+TEST_F(ScanTest, NamesOfOneKeyDoNotWaver) {
+    Tagged("a'b.mp3", "Apostrophe", 1'000'000'000);
+    Tagged("a\"b.mp3", "Quote", 1'100'000'000);
+    Tagged("Umlaut \xE4.mp3", "Latin");
+    Tagged("line\nend.mp3", "Line");
+    Scan();
+    EXPECT_THAT(Titles(), testing::UnorderedElementsAre("Apostrophe", "Latin", "Line"));
+    Scan();
+    EXPECT_EQ(unhooked, 0);
+}
+
+TEST_F(ScanTest, AFullScanGivesBackUnusedSpace) {
+    Albums(60, 20);
+    Scan();
+    const auto before = FileLength(app.File(CatalogueFileName));
+    for (int folder = 1; folder < 60; ++folder)
+        std::filesystem::remove_all(media.File(std::to_string(folder)));
+    Scan();
+    EXPECT_LT(FileLength(app.File(CatalogueFileName)), before / 2);
+    EXPECT_THAT(Paths(), SizeIs(20));
+}
+
+TEST_F(ScanTest, AnUnwritableApplicationDirectoryIsAnError) {
+    Albums(1, 3);
+    std::filesystem::create_directories(
+        app.File(std::string(WorkingCatalogueName) + "/in the way"));
+    Scan();
+    EXPECT_THAT(errors, SizeIs(1));
+    EXPECT_EQ(states.back(), -1);
+    EXPECT_THAT(Paths(), IsEmpty());
+}
+
+} // namespace
+} // namespace vk::test

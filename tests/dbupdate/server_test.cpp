@@ -1,0 +1,190 @@
+// The server as a process, with the main program's client.
+#include "library/catalogue/server_client.h"
+#include "tests/dbupdate/scan_fixture.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QProcess>
+
+#include <sys/stat.h>
+
+namespace vk::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::SizeIs;
+
+constexpr int PatienceMs = 60'000;
+
+class ServerTest : public ScanFixture {
+  protected:
+    DB_OBJ Client(const std::string& executable) {
+        return DB_OBJ(executable, log,
+                      {[this](DBStateValue value) {
+                           ServerEvent event;
+                           event.kind = ServerEvent::Kind::StatusChanged;
+                           event.state = value;
+                           Take(event);
+                       },
+                       [this](const ScanProgress& progress) {
+                           texts.push_back(progress.text);
+                           if (onProgress) onProgress(progress.step);
+                       },
+                       [this] { Take({}); },
+                       [this](const ServerError& error) { errors.push_back(error.description); },
+                       [this] { ++lost; }});
+    }
+    void Finish(const DB_OBJ& client) {
+        QElapsedTimer time;
+        for (time.start(); client.Scanning() && time.elapsed() < PatienceMs;)
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        ASSERT_FALSE(client.Scanning());
+    }
+    std::string Script(const std::string& text) const {
+        const std::string path = app.Write("server", "#!/bin/sh\n" + text);
+        ::chmod(path.c_str(), 0700);
+        return path;
+    }
+
+    const std::string program = JoinPath(VK_APP_DIR, "DB_UPDATE");
+    std::function<void(ScanStep)> onProgress;
+    int lost = 0;
+};
+
+TEST_F(ServerTest, ScansAndHandsItsFileOver) {
+    Albums(3, 20);
+    Tagged("l\xE4tin/O'Hanlon.mp3", "Ümlaut");
+    DB_OBJ client = Client(program);
+    for (int run = 0; run < 2; ++run) {
+        client.Scan(Request());
+        client.Scan(Request()); // one is enough
+        EXPECT_TRUE(client.Scanning());
+        Finish(client);
+    }
+    EXPECT_THAT(states, ElementsAre(3, 1, 4, 3, 4));
+    EXPECT_THAT(Paths(), SizeIs(61));
+    EXPECT_EQ(First("SELECT Title FROM Media WHERE Title='ümlaut'"),
+              std::vector<std::string>{"Ümlaut"});
+    EXPECT_EQ(texts.back(), "Ready");
+    EXPECT_EQ(state.DBState, DBStateValue::OnLine);
+    EXPECT_EQ(lost, 0);
+}
+
+TEST_F(ServerTest, StopsWhenAsked) {
+    Albums(1, 5);
+    DB_OBJ client = Client(program);
+    client.Scan(Request());
+    Finish(client);
+    Albums(20, 100);
+    onProgress = [&](ScanStep step) {
+        if (step == ScanStep::Counting) client.Stop();
+    };
+    client.Scan(Request());
+    Finish(client);
+    EXPECT_EQ(states.back(), 4);
+    onProgress = {};
+    client.Scan(Request());
+    Finish(client);
+    EXPECT_THAT(Paths(), SizeIs(2000));
+}
+
+TEST_F(ServerTest, ASuddenEndLeavesTheOldCatalogue) {
+    Albums(1, 5);
+    DB_OBJ client = Client(program);
+    client.Scan(Request());
+    Finish(client);
+    Albums(30, 100);
+    const std::string before = app.Read(CatalogueFileName);
+    for (const char* sign : {"\"step\":0", "\"step\":3", "\"step\":4"}) {
+        QProcess server;
+        server.start(QString::fromStdString(program), {"--serve"});
+        server.write((ToLine(ServerRequest{ServerRequest::Kind::Scan, Request()}) + '\n').c_str());
+        QByteArray said;
+        while (!said.contains(sign) && server.waitForReadyRead(PatienceMs))
+            said += server.readAll();
+        ASSERT_TRUE(said.contains(sign)) << said.toStdString();
+        server.kill();
+        ASSERT_TRUE(server.waitForFinished(PatienceMs));
+        EXPECT_EQ(app.Read(CatalogueFileName), before);
+    }
+    client.Scan(Request());
+    Finish(client);
+    EXPECT_THAT(Paths(), SizeIs(3000));
+    EXPECT_FALSE(FileExists(app.File(WorkingCatalogueName)));
+}
+
+TEST_F(ServerTest, ALostServerIsLoggedAndStartedAgain) {
+    Albums(1, 5);
+    DB_OBJ broken = Client(Script("read request\necho '{\"event\":\"StatusChanged\",\"state\":3}'\n"
+                                  "echo garbage\nexit 3\n"));
+    broken.Scan(Request());
+    Finish(broken);
+    EXPECT_EQ(lost, 1);
+    EXPECT_TRUE(Logged("DB_UPDATE ended during a scan, exit code 3"));
+    EXPECT_TRUE(Logged("DB_UPDATE: not understood: garbage"));
+    EXPECT_THAT(states, ElementsAre(3));
+    Script("exec '" + program + "' \"$@\"\n");
+    broken.Scan(Request());
+    Finish(broken);
+    EXPECT_THAT(Paths(), SizeIs(5));
+    DB_OBJ missing = Client(app.File("no such program"));
+    missing.Scan(Request());
+    Finish(missing);
+    EXPECT_EQ(lost, 2);
+    EXPECT_TRUE(Logged("Could not reference DB_UPDATE.exe"));
+}
+
+TEST_F(ServerTest, AnswersWhatItDoesNotUnderstandAndEndsWithItsInput) {
+    QProcess server;
+    server.start(QString::fromStdString(program), {"--serve"});
+    server.write("\n{\"request\":\"dance\"}\n" + QByteArray(300'000, 'x') + "\n");
+    server.write("{\"request\":\"scan\",\"appDir\":7}\n{\"request\":\"stop\"}\n");
+    server.closeWriteChannel();
+    ASSERT_TRUE(server.waitForFinished(PatienceMs));
+    EXPECT_EQ(server.exitCode(), 0);
+    std::vector<std::string> descriptions;
+    LineSplitter lines;
+    lines.Feed(server.readAll().toStdString(), [&](std::string_view line) {
+        const auto event = ParseEvent(line);
+        ASSERT_TRUE(event) << line;
+        if (event->kind == ServerEvent::Kind::DBError)
+            descriptions.push_back(event->error.description);
+    });
+    EXPECT_THAT(descriptions, testing::Contains("not understood: {\"request\":\"dance\"}"));
+    EXPECT_THAT(descriptions, testing::Contains(HasSubstr("cannot be read")));
+}
+
+TEST(ServerProgram, RefusesOtherArguments) {
+    QProcess server;
+    server.start(QStringLiteral(VK_APP_DIR "/DB_UPDATE"), {"--dance"});
+    ASSERT_TRUE(server.waitForFinished(PatienceMs));
+    EXPECT_EQ(server.exitCode(), 2);
+    EXPECT_TRUE(FileExists(JoinPath(VK_APP_DIR, EmptyCatalogueName))) << "made by the build";
+}
+
+TEST(Protocol, RoundTrips) {
+    const ScanRequest scan{false, "/app \xE4\n", "/m\"e%dia", "MP3:OGG", "AVI", ","};
+    const auto request = ParseRequest(ToLine(ServerRequest{ServerRequest::Kind::Scan, scan}));
+    ASSERT_TRUE(request);
+    EXPECT_EQ(request->scan.appDir, scan.appDir);
+    EXPECT_EQ(request->scan.mediaDir, scan.mediaDir);
+    EXPECT_EQ(request->scan.audioExtensions, "MP3:OGG");
+    EXPECT_EQ(request->scan.decimalSymbol, ",");
+    EXPECT_FALSE(request->scan.full);
+    ServerEvent event;
+    event.kind = ServerEvent::Kind::DBError;
+    event.error = {-7, "DB_UPDATE", "no \"such\"\nfile", false};
+    const auto read = ParseEvent(ToLine(event));
+    ASSERT_TRUE(read);
+    EXPECT_EQ(read->error.number, -7);
+    EXPECT_EQ(read->error.description, "no \"such\"\nfile");
+    EXPECT_FALSE(read->error.silent);
+    for (const char* line : {"", "[]", "{", "{\"event\":3}", "{\"event\":\"Stop\"}", "null"})
+        EXPECT_FALSE(ParseEvent(line)) << line;
+    EXPECT_EQ(ParseEvent("{\"event\":\"StatusChanged\",\"state\":99}")->state,
+              DBStateValue::Offline);
+}
+
+} // namespace
+} // namespace vk::test
