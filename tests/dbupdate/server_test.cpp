@@ -15,7 +15,7 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::SizeIs;
 
-constexpr int PatienceMs = 60'000;
+constexpr int PatienceMs = 100'000;
 
 class ServerTest : public ScanFixture {
   protected:
@@ -76,7 +76,7 @@ TEST_F(ServerTest, StopsWhenAsked) {
     DB_OBJ client = Client(program);
     client.Scan(Request());
     Finish(client);
-    Albums(20, 100);
+    Albums(10, 60);
     onProgress = [&](ScanStep step) {
         if (step == ScanStep::Counting) client.Stop();
     };
@@ -86,7 +86,7 @@ TEST_F(ServerTest, StopsWhenAsked) {
     onProgress = {};
     client.Scan(Request());
     Finish(client);
-    EXPECT_THAT(Paths(), SizeIs(2000));
+    EXPECT_THAT(Paths(), SizeIs(600));
 }
 
 TEST_F(ServerTest, ASuddenEndLeavesTheOldCatalogue) {
@@ -94,7 +94,7 @@ TEST_F(ServerTest, ASuddenEndLeavesTheOldCatalogue) {
     DB_OBJ client = Client(program);
     client.Scan(Request());
     Finish(client);
-    Albums(30, 100);
+    Albums(10, 100);
     const std::string before = app.Read(CatalogueFileName);
     for (const char* sign : {"\"step\":0", "\"step\":3", "\"step\":4"}) {
         QProcess server;
@@ -110,7 +110,7 @@ TEST_F(ServerTest, ASuddenEndLeavesTheOldCatalogue) {
     }
     client.Scan(Request());
     Finish(client);
-    EXPECT_THAT(Paths(), SizeIs(3000));
+    EXPECT_THAT(Paths(), SizeIs(1000));
     EXPECT_FALSE(FileExists(app.File(WorkingCatalogueName)));
 }
 
