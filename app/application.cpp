@@ -7,6 +7,14 @@
 
 namespace vk {
 
+namespace {
+
+// A tenth of a second at most: a display that does not answer must not hold the start back.
+constexpr int ExposeSteps = 50;
+constexpr int ExposeStepMs = 2;
+
+} // namespace
+
 Application::Application(const std::string& appDir)
     : log_(appDir, clock_), settings_(appDir, ini_),
       skin_(
@@ -25,6 +33,11 @@ Application::~Application() {
 
 bool Application::Start() {
     host_.ShowOnScreen();
+    // What is drawn before the window is on the screen is lost, and the loading screen does not wait.
+    for (int i = 0; i < ExposeSteps && !host_.Exposed(); ++i) {
+        clock_.DoEvents();
+        clock_.Sleep(ExposeStepMs);
+    }
     return start_.Form_Load() != StartOutcome::Ended && !ending_;
 }
 

@@ -6,6 +6,7 @@
 #include <QGuiApplication>
 #include <QPainter>
 #include <QScreen>
+#include <QWindow>
 
 namespace vk {
 
@@ -22,6 +23,10 @@ void HostWindow::ShowOnScreen() {
     raise();
     activateWindow();
     setFocus();
+}
+
+bool HostWindow::Exposed() const {
+    return windowHandle() && windowHandle()->isExposed();
 }
 
 void HostWindow::keyPressEvent(QKeyEvent* event) {

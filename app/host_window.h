@@ -15,6 +15,8 @@ class HostWindow : public QWidget {
 
     /// Covers the whole screen, with or without a window manager.
     void ShowOnScreen();
+    /// True once the window can be seen.
+    bool Exposed() const;
 
     /// Takes the key's code as decimal text; tells whether it was used.
     std::function<bool(const std::string&)> onKey;
