@@ -9,6 +9,8 @@ namespace vk {
 
 namespace {
 
+constexpr int GraceMs = 500; ///< for a server that has been told to quit
+
 bool IsLast(const ServerEvent& event) {
     return event.kind == ServerEvent::Kind::StatusChanged &&
            (event.state == DBStateValue::OnLine || event.state == DBStateValue::Disabled);
@@ -17,16 +19,24 @@ bool IsLast(const ServerEvent& event) {
 } // namespace
 
 DB_OBJ::DB_OBJ(std::string program, const DebugLog& log, Events events)
-    : program_(std::move(program)), log_(log), events_(std::move(events)) {}
+    : program_(std::move(program)), log_(log), events_(std::move(events)),
+      processes_(std::make_unique<QObject>()) {}
 
+// The server works on a file of its own, so that ending it without more ado loses nothing.
 DB_OBJ::~DB_OBJ() {
     Release();
+    for (QProcess* process : processes_->findChildren<QProcess*>()) {
+        process->disconnect();
+        if (process->waitForFinished(GraceMs)) continue;
+        process->kill();
+        process->waitForFinished(GraceMs);
+    }
 }
 
 void DB_OBJ::Scan(const ScanRequest& request) {
     if (process_) return;
     lines_ = {};
-    process_ = new QProcess;
+    process_ = new QProcess(processes_.get());
     process_->setProcessChannelMode(QProcess::ForwardedErrorChannel);
     QObject::connect(process_, &QProcess::readyReadStandardOutput, process_, [this] { Read(); });
     QObject::connect(process_, &QProcess::finished, process_, [this](int code) {
@@ -86,7 +96,7 @@ void DB_OBJ::Lose(const std::string& why) {
     events_.Lost();
 }
 
-/// The process is let go, not waited for: it ends when its input does.
+/// The process is let go, not waited for: it ends when its input does, and is then deleted.
 void DB_OBJ::Release() {
     QProcess* process = std::exchange(process_, nullptr);
     if (!process) return;

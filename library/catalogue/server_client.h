@@ -8,6 +8,7 @@
 #include <memory>
 #include <string>
 
+class QObject;
 class QProcess;
 
 namespace vk {
@@ -51,7 +52,8 @@ class DB_OBJ {
     const std::string program_;
     const DebugLog& log_;
     const Events events_;
-    QProcess* process_ = nullptr; ///< deletes itself once it has been let go
+    std::unique_ptr<QObject> processes_; ///< parent of every process that has not ended yet
+    QProcess* process_ = nullptr;        ///< the one that works; deletes itself once let go
     LineSplitter lines_;
 };
 
