@@ -1,13 +1,13 @@
 // List files as the player reads them, and its list fed with what comes of them.
 #include "player/engine/list_file.h"
-#include "player/engine/track_list.h"
+#include "player/engine/play_order.h"
 
 #include <cstdint>
 #include <cstdlib>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string_view contents(reinterpret_cast<const char*>(data), size);
-    vk::TrackList list(static_cast<std::uint32_t>(size));
+    vk::PlayOrder list(static_cast<std::uint32_t>(size));
     list.SetRepeat(true);
     list.SetShuffle(size % 2 == 0);
     for (const auto& entries : {vk::ParseM3u(contents, "/l"), vk::ParsePls(contents, "/l")}) {

@@ -5,7 +5,7 @@
 #include "player/engine/output.h"
 #include "player/engine/player_settings.h"
 #include "player/engine/track_clock.h"
-#include "player/engine/track_list.h"
+#include "player/engine/play_order.h"
 
 #include <cstdint>
 #include <functional>
@@ -77,7 +77,7 @@ class Engine {
 
     Output& output_;
     std::function<std::int64_t()> nowNs_;
-    TrackList list_;
+    PlayOrder list_;
     EqualiserValues equaliser_;
     bool advance_ = true;
     std::int32_t selectedBand_ = 0;

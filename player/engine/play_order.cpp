@@ -1,4 +1,4 @@
-#include "player/engine/track_list.h"
+#include "player/engine/play_order.h"
 
 #include "player/engine/list_file.h"
 
@@ -13,7 +13,7 @@ constexpr std::size_t TextLimit = 64u << 20;
 
 } // namespace
 
-void TrackList::Clear() {
+void PlayOrder::Clear() {
     text_ = {};
     starts_ = {};
     order_ = {};
@@ -22,7 +22,7 @@ void TrackList::Clear() {
     begun_ = false;
 }
 
-void TrackList::Append(std::string_view paths) {
+void PlayOrder::Append(std::string_view paths) {
     const std::size_t before = Size();
     while (Size() < ListEntryLimit) {
         const auto end = paths.find('\0');
@@ -41,7 +41,7 @@ void TrackList::Append(std::string_view paths) {
     ShuffleFrom(place_ + 1);
 }
 
-void TrackList::SetIndex(std::int32_t index) {
+void PlayOrder::SetIndex(std::int32_t index) {
     index_ = std::max(0, index);
     if (!shuffle_) return;
     if (begun_)
@@ -50,28 +50,28 @@ void TrackList::SetIndex(std::int32_t index) {
         Reshuffle();
 }
 
-void TrackList::SetShuffle(bool on) {
+void PlayOrder::SetShuffle(bool on) {
     shuffle_ = on;
     order_ = {};
     if (on) Reshuffle();
 }
 
-bool TrackList::Next() {
+bool PlayOrder::Next() {
     return Step(true);
 }
 
-bool TrackList::Previous() {
+bool PlayOrder::Previous() {
     return Step(false);
 }
 
-std::optional<std::size_t> TrackList::PeekNext() const {
+std::optional<std::size_t> PlayOrder::PeekNext() const {
     const std::size_t place = shuffle_ ? place_ : static_cast<std::size_t>(index_);
     if (place + 1 < Size()) return shuffle_ ? order_[place + 1] : place + 1;
     if (shuffle_ || !repeat_ || Size() == 0) return std::nullopt;
     return 0;
 }
 
-bool TrackList::Step(bool forward) {
+bool PlayOrder::Step(bool forward) {
     if (Size() == 0) return false;
     const std::size_t place = shuffle_ ? place_ : static_cast<std::size_t>(index_);
     const bool atEnd = forward ? place + 1 >= Size() : place == 0;
@@ -92,7 +92,7 @@ bool TrackList::Step(bool forward) {
     return true;
 }
 
-void TrackList::Reshuffle() {
+void PlayOrder::Reshuffle() {
     order_.resize(Size());
     std::iota(order_.begin(), order_.end(), 0u);
     place_ = 0;
@@ -101,13 +101,13 @@ void TrackList::Reshuffle() {
     std::swap(order_.front(), *std::find(order_.begin(), order_.end(), index_));
 }
 
-void TrackList::ShuffleFrom(std::size_t first) {
+void PlayOrder::ShuffleFrom(std::size_t first) {
     if (first < order_.size())
         std::shuffle(order_.begin() + static_cast<std::ptrdiff_t>(first), order_.end(), random_);
 }
 
 // An entry that was chosen by hand becomes the latest of the played ones.
-void TrackList::PutInOrder() {
+void PlayOrder::PutInOrder() {
     if (!InRange() || order_.empty()) return;
     const auto found = std::find(order_.begin(), order_.end(), static_cast<std::uint32_t>(index_));
     const auto place = order_.begin() + static_cast<std::ptrdiff_t>(place_);

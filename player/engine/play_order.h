@@ -14,9 +14,9 @@ namespace vk {
 /// Entries are numbered from 0. The current index may lie beyond the list: the list may arrive a
 /// moment after it was chosen. With shuffle on, a random order is followed in which no entry comes
 /// twice before all have come; `Previous` goes back in it.
-class TrackList {
+class PlayOrder {
   public:
-    explicit TrackList(std::uint32_t seed) : random_(seed) {}
+    explicit PlayOrder(std::uint32_t seed) : random_(seed) {}
 
     void Clear();
     /// Adds paths, each ended by a NUL; what goes beyond the limits of a list is left out.
