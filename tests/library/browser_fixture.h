@@ -92,7 +92,19 @@ class BrowserTest : public testing::Test {
     std::string Media(const std::string& name, const std::string& contents = "x") {
         return disk.Write("media/" + name, contents);
     }
+    void MediaFiles(std::initializer_list<const char*> names) {
+        for (const char* name : names)
+            Media(name);
+    }
     void InsertDisc() { core.volumes.ready.insert(cd); }
+    void UseCatalogue(std::vector<CatalogueFile> files = {}) {
+        known.files = std::move(files);
+        catalogue = &known;
+    }
+    void Enter(const std::string& folder) {
+        state.CurrentPath = folder;
+        browser().ReShow();
+    }
     /// Makes the browser now, so that a test can change the settings before.
     Browser& browser() {
         if (!made_)
@@ -103,23 +115,26 @@ class BrowserTest : public testing::Test {
                 list, view);
         return *made_;
     }
-    std::vector<std::string> Texts() const {
-        std::vector<std::string> texts;
+    template<class Part> std::vector<std::string> Rows(Part part) const {
+        std::vector<std::string> parts;
         for (int row = 0; row < list.ItemCount(); ++row)
-            texts.push_back(list.Row(row).first + list.Row(row).second);
-        return texts;
+            parts.push_back(part(list.Row(row)));
+        return parts;
     }
+    std::vector<std::string> Texts() const {
+        return Rows([](const ListRow& row) { return row.first + row.second; });
+    }
+    /// Without the temporary folder in front.
     std::vector<std::string> Descriptors() const {
-        std::vector<std::string> texts;
-        for (int row = 0; row < list.ItemCount(); ++row)
-            texts.push_back(list.Row(row).descriptor);
-        return texts;
+        return Rows([this](const ListRow& row) {
+            std::string text = row.descriptor;
+            if (const auto at = text.find(disk.Path()); at != std::string::npos)
+                text.erase(at, disk.Path().size() + 1);
+            return text;
+        });
     }
     std::vector<std::string> Pictures() const {
-        std::vector<std::string> texts;
-        for (int row = 0; row < list.ItemCount(); ++row)
-            texts.push_back(list.Row(row).picture);
-        return texts;
+        return Rows([](const ListRow& row) { return row.picture; });
     }
     /// Chooses the row that shows this text.
     void Choose(const std::string& text) {
@@ -146,6 +161,7 @@ class BrowserTest : public testing::Test {
     KeyMap keys;
     FakeBrowserView view;
     ListModel list;
+    FakeCatalogue known;
     Catalogue* catalogue = nullptr;
     int audioStopped = 0;
 

@@ -9,23 +9,23 @@ using testing::ElementsAre;
 class BrowserKeys : public test::BrowserTest {};
 
 TEST_F(BrowserKeys, EnteringShowsClockListAndHidesTheOthers) {
-    Media("a.mp3");
     core.state.ListBusy = true; // as the screen before may have left it
     browser().ReShow();
     EXPECT_EQ(core.screens.CurrentForm, "playlists");
     EXPECT_EQ(view.shown, 1);
-    EXPECT_EQ(view.clock, "Saturday, November 21, 2026    12:0");
     EXPECT_EQ(player.Count("Hide"), 1);
     EXPECT_EQ(self.Count("Hide"), 0);
     EXPECT_FALSE(core.state.ListBusy);
     core.clock.Advance(60000);
     EXPECT_EQ(view.clock, "Saturday, November 21, 2026    12:1");
-    browser().switchingform();
+    browser().Form_Unload(true);
     core.clock.Advance(60000);
     EXPECT_EQ(view.clock, "Saturday, November 21, 2026    12:1") << "the timers stop";
+    EXPECT_TRUE(core.Logged("form unloaded by administrative request - os shutdown"));
+    EXPECT_EQ(core.screens.CurrentForm, "");
 }
 
-TEST_F(BrowserKeys, EscapeLeadsBackToWhereOneCameFrom) {
+TEST_F(BrowserKeys, EscapeLeadsBackToWhereOneCameFromAndHomeToTheMenu) {
     browser().ReShow();
     browser().doquit();
     EXPECT_EQ(menu.Count("ReShow"), 1);
@@ -36,9 +36,13 @@ TEST_F(BrowserKeys, EscapeLeadsBackToWhereOneCameFrom) {
     EXPECT_EQ(player.Count("ReDisplay"), 1);
     EXPECT_FALSE(audio.bStartPlaying) << "what plays is not started anew";
     EXPECT_FALSE(state.FromPlayer);
+    state.FromPlayer = true;
+    browser().ReShow();
+    browser().GoHome();
+    EXPECT_FALSE(state.FromPlayer);
     core.screens.CurrentForm = "playmp3";
     browser().doquit();
-    EXPECT_EQ(menu.Count("ReShow"), 1) << "only the screen in front quits";
+    EXPECT_EQ(menu.Count("ReShow"), 2) << "only the screen in front quits";
 }
 
 TEST_F(BrowserKeys, EscapeDuringABuildEndsItAndLeaves) {
@@ -57,22 +61,16 @@ TEST_F(BrowserKeys, EscapeDuringABuildEndsItAndLeaves) {
 }
 
 TEST_F(BrowserKeys, PressesDuringABuildAreIgnored) {
-    Media("a/x.mp3");
-    Media("song.mp3");
+    MediaFiles({"a/x.mp3", "song.mp3"});
     browser().ReShow();
     int presses = 0;
     core.clock.onEvents = [&] {
         ++presses;
         EXPECT_TRUE(core.state.ListBusy);
-        browser().runok();
-        browser().MoveDown();
-        browser().MoveBack();
-        browser().MoveAhead();
-        browser().PgDn();
-        browser().ToggleApplications();
-        browser().Eject();
-        browser().GoHome();
-        browser().ReShow();
+        for (const auto press : {&Browser::runok, &Browser::MoveDown, &Browser::MoveBack,
+                                 &Browser::MoveAhead, &Browser::PgDn, &Browser::ToggleApplications,
+                                 &Browser::Eject, &Browser::GoHome, &Browser::ReShow})
+            (browser().*press)();
     };
     Choose("a");
     EXPECT_GT(presses, 0);
@@ -83,7 +81,7 @@ TEST_F(BrowserKeys, PressesDuringABuildAreIgnored) {
     EXPECT_FALSE(core.state.ListBusy);
 }
 
-TEST_F(BrowserKeys, TheSelectionMovesByRowsAndPages) {
+TEST_F(BrowserKeys, TheSelectionMovesByRowsPagesAndTheWheelUnlessThatTurnsTheVolume) {
     for (int i = 100; i < 150; ++i)
         Media("song" + std::to_string(i) + ".mp3");
     core.volumes.drives.clear();
@@ -91,6 +89,11 @@ TEST_F(BrowserKeys, TheSelectionMovesByRowsAndPages) {
     browser().MoveDown();
     browser().MoveDown();
     browser().MoveUp();
+    EXPECT_EQ(list.iSelected, 1);
+    browser().MouseWheel(-120);
+    EXPECT_EQ(list.iSelected, 2);
+    browser().MouseWheel(120);
+    browser().MouseWheel(0);
     EXPECT_EQ(list.iSelected, 1);
     browser().MoveUp();
     browser().MoveUp();
@@ -100,26 +103,14 @@ TEST_F(BrowserKeys, TheSelectionMovesByRowsAndPages) {
     const int before = list.iSelected;
     browser().PgDn();
     EXPECT_NE(list.iSelected, before);
-}
-
-TEST_F(BrowserKeys, TheWheelScrollsOrChangesTheVolume) {
-    Media("a.mp3");
-    Media("b.mp3");
-    browser().ReShow();
-    browser().MouseWheel(-120);
-    EXPECT_EQ(list.iSelected, 1);
-    browser().MouseWheel(120);
-    browser().MouseWheel(0);
-    EXPECT_EQ(list.iSelected, 0);
     core.settings.values.MouseFunction = 1;
-    core.settings.values.MouseIncrement = 3;
-    browser().MouseWheel(120);
-    browser().MouseWheel(-120);
-    EXPECT_EQ(player.Count("VolUp"), 3);
-    EXPECT_EQ(player.Count("VolDown"), 3);
-    core.settings.values.MouseIncrement = 0;
-    browser().MouseWheel(120);
-    EXPECT_EQ(player.Count("VolUp"), 3);
+    for (const int increment : {3, 0}) {
+        core.settings.values.MouseIncrement = increment;
+        browser().MouseWheel(120);
+        browser().MouseWheel(-120);
+        EXPECT_EQ(player.Count("VolUp"), 3);
+        EXPECT_EQ(player.Count("VolDown"), 3);
+    }
 }
 
 TEST_F(BrowserKeys, KeysReachTheirOperations) {
@@ -127,8 +118,7 @@ TEST_F(BrowserKeys, KeysReachTheirOperations) {
     keys.down = "13"; // a map may give a fixed code another meaning
     keys.mute = "77";
     keys.kbSWMP = "80";
-    Media("a/x.mp3");
-    Media("b/x.mp3");
+    MediaFiles({"a/x.mp3", "b/x.mp3"});
     core.volumes.drives.clear();
     audio.PlayMode = PlayAudio;
     browser().ReShow();
@@ -148,27 +138,24 @@ TEST_F(BrowserKeys, KeysReachTheirOperations) {
     EXPECT_TRUE(browser().Form_KeyDown("27"));
 }
 
-TEST_F(BrowserKeys, SwapGoesToThePlayerWhileItPlays) {
-    browser().ReShow();
-    browser().Swap();
-    EXPECT_EQ(player.Count("ReDisplay"), 0);
-    audio.PlayMode = PlayAudio;
-    browser().Swap();
-    EXPECT_EQ(player.Count("ReDisplay"), 1);
-}
-
-TEST_F(BrowserKeys, PauseFollowsThePlayer) {
-    browser().ReShow();
-    browser().PlayPause();
-    EXPECT_EQ(player.Count("DoPause"), 0);
-    EXPECT_EQ(view.pictures[BrowserButton::PlayPause], "play.gif");
-    audio.PlayMode = PlayAudio;
-    browser().PlayPause();
-    EXPECT_EQ(player.Count("DoPause"), 1);
-    EXPECT_EQ(view.pictures[BrowserButton::PlayPause], "pause.gif");
-    audio.bPaused = true;
-    browser().PlayPause();
-    EXPECT_EQ(view.pictures[BrowserButton::PlayPause], "play.gif");
+TEST_F(BrowserKeys, SwapAndPauseNeedAPlayerThatPlays) {
+    struct Case {
+        std::int32_t mode;
+        bool paused;
+        std::string picture;
+    };
+    for (const Case& each : {Case{PlayNone, false, "play.gif"}, Case{PlayAudio, false, "pause.gif"},
+                             Case{PlayAudio, true, "play.gif"}}) {
+        audio.PlayMode = each.mode;
+        audio.bPaused = each.paused;
+        player.calls.clear();
+        browser().ReShow();
+        browser().PlayPause();
+        EXPECT_EQ(view.pictures[BrowserButton::PlayPause], each.picture);
+        browser().Swap();
+        EXPECT_EQ(player.Count("DoPause"), each.mode == PlayAudio);
+        EXPECT_EQ(player.Count("ReDisplay"), each.mode == PlayAudio);
+    }
 }
 
 TEST_F(BrowserKeys, TheApplicationsAreAnotherListOfTheSameScreen) {
@@ -213,9 +200,8 @@ TEST_F(BrowserKeys, TheRadioButtonIsForThoseWhoHaveOne) {
 }
 
 TEST_F(BrowserKeys, EjectOpensTheDriveAndReturnsToTheMediaFolder) {
-    state.CurrentPath = cd;
     InsertDisc();
-    browser().ReShow();
+    Enter(cd);
     browser().Eject();
     EXPECT_THAT(core.volumes.ejected, ElementsAre(cd));
     EXPECT_EQ(state.CurrentPath, media);
@@ -225,63 +211,31 @@ TEST_F(BrowserKeys, EjectOpensTheDriveAndReturnsToTheMediaFolder) {
     EXPECT_EQ(core.volumes.ejected.size(), 1u) << "an empty drive is left alone";
 }
 
-TEST_F(BrowserKeys, HomeForgetsThePlayerItCameFrom) {
-    state.FromPlayer = true;
-    browser().ReShow();
-    browser().GoHome();
-    EXPECT_EQ(menu.Count("ReShow"), 1);
-    EXPECT_FALSE(state.FromPlayer);
-}
-
-TEST_F(BrowserKeys, AnUnloadByTheSystemIsLogged) {
-    browser().ReShow();
-    browser().Form_Unload(true);
-    EXPECT_TRUE(core.Logged("form unloaded by administrative request - os shutdown"));
-    EXPECT_EQ(core.screens.CurrentForm, "");
-}
-
-TEST_F(BrowserKeys, ResumeNeedsAListAndShowsWhatPlays) {
+TEST_F(BrowserKeys, ResumeNeedsAListAndItsDiscOrShowsWhatPlays) {
     browser().ReShow();
     browser().Resume();
     EXPECT_EQ(view.loading, "You must first play an audio file before resuming.");
-    core.app.Write("vk_audio.m3u", "# x\r\n/m/a.mp3\r\n");
-    audio.PlayMode = PlayFM;
-    audio.bStartPlaying = true;
-    browser().Resume();
-    EXPECT_EQ(player.Count("ReDisplay"), 1);
-    EXPECT_FALSE(audio.bStartPlaying);
-}
-
-TEST_F(BrowserKeys, ResumeGoesOnWhereTheLastRunStopped) {
-    core.app.Write("vk_audio.m3u", "# x\r\n/m/a.mp3\r\n");
+    core.app.Write("vk_audio.m3u", cd + "/a.mp3\r\n");
     core.settings.Write("audio_player", "currenttrack", "6");
-    core.settings.Write("audio_player", "volumeserial", "-1");
+    core.settings.Write("audio_player", "volumeserial", "4711");
     core.settings.Write("audio_player", "CurrentPosition", "83.7");
-    browser().ReShow();
+    browser().Resume();
+    EXPECT_EQ(view.loading, "ROM Mismatch detected. Insert correct CD.");
+    EXPECT_EQ(player.Count("ReShow"), 0);
+    InsertDisc();
     browser().Resume();
     EXPECT_EQ(player.Count("ReShow"), 1);
     EXPECT_EQ(audio.PlayMode, PlayAudio);
     EXPECT_EQ(audio.ListFile, core.app.File("vk_audio.m3u"));
+    EXPECT_EQ(audio.VolumeSerial, 4711);
     EXPECT_EQ(audio.TrackToSelect, 7);
     EXPECT_EQ(audio.ResumePosition, 83);
     EXPECT_TRUE(audio.bResuming && audio.bStartPlaying);
-}
-
-TEST_F(BrowserKeys, ResumeOfADiscAsksForTheSameDisc) {
-    core.app.Write("vk_audio.m3u", cd + "/a.mp3\r\n");
-    core.settings.Write("audio_player", "volumeserial", "4711");
+    audio.PlayMode = PlayFM;
     browser().ReShow();
     browser().Resume();
-    EXPECT_EQ(view.loading, "ROM Mismatch detected. Insert correct CD.");
-    InsertDisc();
-    core.volumes.serials[cd] = 1;
-    browser().Resume();
-    EXPECT_EQ(view.loading, "ROM Mismatch detected. Insert correct CD.");
-    EXPECT_EQ(player.Count("ReShow"), 0);
-    core.volumes.serials[cd] = 4711;
-    browser().Resume();
-    EXPECT_EQ(player.Count("ReShow"), 1);
-    EXPECT_EQ(audio.VolumeSerial, 4711);
+    EXPECT_EQ(player.Count("ReDisplay"), 1);
+    EXPECT_FALSE(audio.bStartPlaying);
 }
 
 } // namespace

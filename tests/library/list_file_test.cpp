@@ -10,19 +10,22 @@
 namespace vk {
 namespace {
 
+using namespace std::string_literals;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-TEST(ListFile, LinesEndInAnyWayAndMarksAndBlanksAreDropped) {
+struct ListFile : testing::Test {
+    test::TempFolder folder;
+};
+
+TEST_F(ListFile, LinesEndInAnyWayAndMarksAndBlanksAreDropped) {
     EXPECT_THAT(ListLines("\xEF\xBB\xBFone\r\ntwo\rthree\n\n\r\n  four \nfive"),
                 ElementsAre("one", "two", "three", "four", "five"));
-    EXPECT_THAT(ListLines(""), IsEmpty());
-    EXPECT_THAT(ListLines("\xEF\xBB\xBF"), IsEmpty());
-    EXPECT_THAT(ListLines("\r\r\n\n"), IsEmpty());
+    for (const char* empty : {"", "\xEF\xBB\xBF", "\r\r\n\n"})
+        EXPECT_THAT(ListLines(empty), IsEmpty());
 }
 
-TEST(ListFile, EntriesAreAbsoluteRelativeOrWrittenElsewhere) {
-    test::TempFolder folder;
+TEST_F(ListFile, EntriesAreAbsoluteRelativeOrWrittenElsewhere) {
     const std::string song = folder.Write("sub/song.mp3", "x");
     const std::string accent = folder.Write("caf\xC3\xA9.mp3", "x");
     const std::string raw = folder.Write("raw\xE9.mp3", "x");
@@ -32,20 +35,12 @@ TEST(ListFile, EntriesAreAbsoluteRelativeOrWrittenElsewhere) {
     EXPECT_EQ(ResolveListEntry("sub\\song.mp3", here), song);
     EXPECT_EQ(ResolveListEntry("caf\xE9.mp3", here), accent);
     EXPECT_EQ(ResolveListEntry("raw\xE9.mp3", here), raw);
+    for (const std::string& line : {"missing.mp3"s, "#EXTM3U"s, "http://a/sub/song.mp3"s, "."s,
+                                    "sub/song.mp3\0tail"s, std::string(100000, 'a')})
+        EXPECT_EQ(ResolveListEntry(line, here), "") << line.substr(0, 40);
 }
 
-TEST(ListFile, WhatNamesNoFileIsNothing) {
-    test::TempFolder folder;
-    folder.Write("song.mp3", "x");
-    const std::string withNul("song.mp3\0tail", 13);
-    for (const std::string& line :
-         {std::string("missing.mp3"), std::string("#EXTM3U"), std::string("http://a/song.mp3"),
-          std::string("."), withNul, std::string(100000, 'a')})
-        EXPECT_EQ(ResolveListEntry(line, folder.Path()), "") << line.substr(0, 40);
-}
-
-TEST(ListFile, ReadsTheExistingFilesInOrder) {
-    test::TempFolder folder;
+TEST_F(ListFile, ReadsTheExistingFilesInOrderAndSurvivesAnyBytes) {
     const std::string first = folder.Write("b.mp3", "x");
     const std::string second = folder.Write("a.mp3", "x");
     const std::string list =
@@ -53,18 +48,13 @@ TEST(ListFile, ReadsTheExistingFilesInOrder) {
     EXPECT_THAT(ReadListFile(list), ElementsAre(first, second, first));
     EXPECT_THAT(ReadListFile(folder.File("none.m3u")), IsEmpty());
     EXPECT_THAT(ReadListFile(folder.Path()), IsEmpty());
-}
-
-TEST(ListFile, SurvivesAnyBytes) {
-    test::TempFolder folder;
     std::mt19937 random(7);
     std::string noise(20000, '\0');
     std::ranges::generate(noise, [&] { return static_cast<char>(random() & 0xFF); });
     EXPECT_THAT(ReadListFile(folder.Write("noise.m3u", noise)), IsEmpty());
 }
 
-TEST(ListFile, WhatIsWrittenReadsBackWithItsCommentOnTop) {
-    test::TempFolder folder;
+TEST_F(ListFile, WhatIsWrittenReadsBackWithItsCommentOnTop) {
     const std::string song = folder.Write("a song.mp3", "x");
     ASSERT_TRUE(WriteListFile(folder.File("l.m3u"), "Rock", {song, song}));
     EXPECT_EQ(folder.Read("l.m3u"), "# Rock\r\n" + song + "\r\n" + song + "\r\n");
@@ -74,18 +64,15 @@ TEST(ListFile, WhatIsWrittenReadsBackWithItsCommentOnTop) {
     EXPECT_FALSE(WriteListFile(folder.File("no/folder.m3u"), "", {song}));
 }
 
-TEST(Sort, OrdersByPlainComparison) {
+TEST(Sort, OrdersArraysOfEveryLengthByPlainComparison) {
     std::vector<std::string> names = {"b", "a", "B", "10", "9", "", "a b", "\xC3\xA9", "a"};
     ShellSortVariantArray(names);
     EXPECT_THAT(names, ElementsAre("", "10", "9", "B", "a", "a", "a b", "b", "\xC3\xA9"));
-}
-
-TEST(Sort, OrdersArraysOfEveryLength) {
     std::mt19937 random(1);
     for (std::size_t count = 0; count < 70; ++count) {
-        std::vector<std::string> names;
-        for (std::size_t i = 0; i < count; ++i)
-            names.push_back(std::to_string(random() % 50));
+        names.resize(count);
+        for (std::string& name : names)
+            name = std::to_string(random() % 50);
         std::vector<std::string> expected = names;
         std::ranges::sort(expected);
         ShellSortVariantArray(names);

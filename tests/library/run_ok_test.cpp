@@ -10,13 +10,13 @@ using testing::ElementsAre;
 class RunOk : public test::BrowserTest {};
 
 TEST_F(RunOk, AnAudioFileIsHandedOverWithAllOfItsKind) {
-    Media("rock/a.mp3");
-    Media("rock/b.avi");
-    Media("rock/c.mp3");
+    MediaFiles({"rock/a.mp3", "rock/b.avi", "rock/a\nb.mp3", "rock/c|d.mp3"});
     browser().ReShow();
     Choose("rock");
-    Choose("(Unknown Artist) - c");
-    EXPECT_EQ(core.app.Read("vk_audio.m3u"), media + "/rock/a.mp3\r\n" + media + "/rock/c.mp3\r\n");
+    Choose("(Unknown Artist) - c|d");
+    EXPECT_EQ(core.app.Read("vk_audio.m3u"),
+              media + "/rock/a.mp3\r\n" + media + "/rock/c|d.mp3\r\n")
+        << "without the name that a line cannot hold";
     EXPECT_EQ(audio.PlayMode, PlayAudio);
     EXPECT_EQ(audio.ListFile, core.app.File("vk_audio.m3u"));
     EXPECT_EQ(audio.TrackToSelect, 2);
@@ -27,23 +27,21 @@ TEST_F(RunOk, AnAudioFileIsHandedOverWithAllOfItsKind) {
     EXPECT_FALSE(core.state.ListBusy);
 }
 
-TEST_F(RunOk, ListsFromTheCatalogueBearTheFoldersName) {
-    test::FakeCatalogue known;
-    known.files = {{"/rock/a.mp3", "Band", "Song"}};
-    catalogue = &known;
-    Media("rock/a.mp3");
+TEST_F(RunOk, ThePlaceInTheListMayNeedMoreThan16Bits) {
+    constexpr int Count = 66000;
     browser().ReShow();
-    Choose("rock");
-    Choose("Band - Song");
-    EXPECT_EQ(core.app.Read("vk_audio.m3u"), "#  rock\r\n" + media + "/rock/a.mp3\r\n");
+    for (int row = 0; row < Count; ++row)
+        list.AddItem("", "", "FILE:/m/" + std::to_string(row) + ".mp3");
+    list.SelectItem(list.ItemCount() - 1);
+    browser().runok();
+    EXPECT_EQ(audio.TrackToSelect, Count);
 }
 
 TEST_F(RunOk, FromADiscTheListBearsItsLabelAndSerial) {
     InsertDisc();
     disk.Write("cd/a.mp3", "x");
-    state.CurrentPath = cd;
     state.FromPlayer = true;
-    browser().ReShow();
+    Enter(cd);
     Choose("(Unknown Artist) - a");
     EXPECT_EQ(audio.ListTitle, "DISC_1");
     EXPECT_EQ(audio.VolumeSerial, 4711);
@@ -54,27 +52,22 @@ TEST_F(RunOk, FromADiscTheListBearsItsLabelAndSerial) {
 TEST_F(RunOk, ADiscThatWasTakenOutLeadsToTheTop) {
     disk.Write("cd/a.mp3", "x");
     disk.Write("cd/b.avi", "x");
-    const auto chooseFromMissingDisc = [&](const std::string& row) {
+    for (const char* row : {"(Unknown Artist) - a", "b", "DVD Video: DISC_1"}) {
+        if (std::string(row).starts_with("DVD")) disk.MakeFolder("cd/VIDEO_TS");
         InsertDisc();
         state.ListMode = ListFromAudio;
-        state.CurrentPath = cd;
-        browser().ReShow();
+        Enter(cd);
         core.volumes.ready.clear();
         Choose(row);
         EXPECT_EQ(state.CurrentPath, media) << row;
         EXPECT_EQ(state.ListMode, ListFromMenu) << row;
-    };
-    chooseFromMissingDisc("(Unknown Artist) - a");
-    chooseFromMissingDisc("b");
-    disk.MakeFolder("cd/VIDEO_TS");
-    chooseFromMissingDisc("DVD Video: DISC_1");
+    }
     EXPECT_EQ(player.Count("ReShow"), 0);
 }
 
-TEST_F(RunOk, WithoutAMoviePlayerFilmsSaySoAndStay) {
-    Media("a.avi");
-    Media("b.mp3");
-    Media("c.mpg");
+TEST_F(RunOk, AMoviePlayerGetsListPositionAndDiscWithoutOneFilmsSaySo) {
+    audio.PlayMode = PlayAudio;
+    MediaFiles({"a.avi", "b.mp3", "c.mpg"});
     browser().ReShow();
     Choose("c");
     EXPECT_EQ(core.app.Read("vk_video.m3u"), media + "/a.avi\r\n" + media + "/c.mpg\r\n");
@@ -85,17 +78,9 @@ TEST_F(RunOk, WithoutAMoviePlayerFilmsSaySoAndStay) {
     EXPECT_NE(view.loading, "");
     core.clock.Advance(1200);
     EXPECT_EQ(view.loading, "") << "the notice goes by itself";
-}
-
-TEST_F(RunOk, AMoviePlayerGetsListPositionAndDisc) {
     test::RecordingScreen movie;
     core.screens.Add("playmovie", movie);
-    audio.PlayMode = PlayAudio;
-    Media("a.avi");
-    Media("c.mpg");
-    browser().ReShow();
     Choose("c");
-    EXPECT_EQ(movie.Count("ReShow"), 1);
     EXPECT_EQ(video.ListFile, core.app.File("vk_video.m3u"));
     EXPECT_EQ(video.MovieToSelect, 2);
     EXPECT_EQ(video.VolumeSerial, 0);
@@ -103,8 +88,7 @@ TEST_F(RunOk, AMoviePlayerGetsListPositionAndDisc) {
     EXPECT_EQ(audioStopped, 1);
     InsertDisc();
     disk.MakeFolder("cd/VIDEO_TS");
-    state.CurrentPath = cd;
-    browser().ReShow();
+    Enter(cd);
     Choose("DVD Video: DISC_1");
     EXPECT_TRUE(video.PlayDVD);
     EXPECT_EQ(video.VolumeSerial, 4711);
@@ -114,61 +98,43 @@ TEST_F(RunOk, AMoviePlayerGetsListPositionAndDisc) {
 TEST_F(RunOk, AListThatCannotBeWrittenIsSaid) {
     Media("a.mp3");
     browser().ReShow();
-    std::filesystem::create_directories(core.app.File("vk_audio.m3u"));
+    core.app.MakeFolder("vk_audio.m3u");
     Choose("(Unknown Artist) - a");
     EXPECT_EQ(view.loading, "The play list could not be written.");
     EXPECT_EQ(audio.PlayMode, PlayNone);
     EXPECT_EQ(player.Count("ReShow"), 0);
 }
 
-TEST_F(RunOk, NamesThatALineCannotHoldAreLeftOutOfTheList) {
-    Media("a\nb.mp3");
-    Media("c|d.mp3");
-    browser().ReShow();
-    Choose("(Unknown Artist) - c|d");
-    EXPECT_EQ(core.app.Read("vk_audio.m3u"), media + "/c|d.mp3\r\n");
-    EXPECT_EQ(audio.TrackToSelect, 1);
-}
-
 TEST_F(RunOk, APlaylistIsReadUnderItsOwnName) {
     core.settings.values.numberedList = true;
-    Media("a.mp3");
-    Media("sub/One - Song.mp3");
+    MediaFiles({"a.mp3", "sub/One - Song.mp3"});
+    Media("y.m3u", "#EXTM3U\n# nothing here\n");
     Media("z.m3u", "#EXTM3U\nsub/One - Song.mp3\nmissing.mp3\n" + media + "/a.mp3");
     core.volumes.drives.clear();
     browser().ReShow();
-    Choose("2 - z");
+    Choose("3 - z");
     EXPECT_EQ(view.title, "z");
     EXPECT_THAT(Texts(), ElementsAre("<...>", "1 - One - Song", "2 - (Unknown Artist) - a"));
-    EXPECT_THAT(Descriptors(), ElementsAre("PATH:" + media, "FILE:" + media + "/sub/One - Song.mp3",
-                                           "FILE:" + media + "/a.mp3"));
-}
-
-TEST_F(RunOk, APlaylistWithoutFilesShowsANotice) {
-    Media("z.m3u", "#EXTM3U\n# nothing here\n");
-    browser().ReShow();
-    Choose("z");
+    EXPECT_THAT(Descriptors(),
+                ElementsAre("PATH:media", "FILE:media/sub/One - Song.mp3", "FILE:media/a.mp3"));
+    Choose("<...>");
+    Choose("2 - y");
     EXPECT_THAT(Texts(), ElementsAre("<...>", "<No Valid Filenames in the Playlist>"));
-    EXPECT_THAT(Descriptors(), ElementsAre("PATH:" + media, ""));
+    EXPECT_THAT(Descriptors(), ElementsAre("PATH:media", ""));
     Choose("<No Valid Filenames in the Playlist>");
-    EXPECT_EQ(view.title, "z") << "a notice is inert";
+    EXPECT_EQ(view.title, "y") << "a notice is inert";
     EXPECT_FALSE(core.state.ListBusy);
 }
 
-TEST_F(RunOk, TheFavouritesAreLeftByMovingBack) {
-    core.app.Write("favorites.m3u", Media("sub/a.mp3"));
+TEST_F(RunOk, GoingBackLandsOnTheRowOneCameFrom) {
+    MediaFiles({"a/x.mp3", "b/in/x.mp3", "c/x.mp3"});
+    core.app.Write("favorites.m3u", media + "/a/x.mp3");
     browser().ReShow();
     Choose("Favorites");
-    EXPECT_THAT(Texts(), ElementsAre("(Unknown Artist) - a"));
+    EXPECT_THAT(Texts(), ElementsAre("(Unknown Artist) - x"));
     browser().MoveBack();
     EXPECT_EQ(view.title, "Browse By Directory ");
     EXPECT_EQ(Selected(), "Favorites");
-}
-
-TEST_F(RunOk, GoingBackLandsOnTheRowOneCameFrom) {
-    for (const char* name : {"a/x.mp3", "b/in/x.mp3", "c/x.mp3"})
-        Media(name);
-    browser().ReShow();
     Choose("b");
     Choose("in");
     EXPECT_EQ(view.title, " in");
@@ -201,78 +167,62 @@ TEST(BrowseHistory, SeparatesOnlyBeforeKinds) {
     std::string history;
     EXPECT_EQ(PopHistory(history), "");
     EXPECT_THAT(SplitHistory(history), testing::IsEmpty());
-    PushHistory(history, "PATH:/m/a");
-    PushHistory(history, "PATH:/m/a/b");
-    PushHistory(history, "FILE:/m/a/b/c.mp3");
+    const std::vector<std::string> steps = {"PATH:/m/a", "PATH:/m/a/b", "FILE:/m/a/b/c.mp3"};
+    for (const std::string& step : steps)
+        PushHistory(history, step);
     EXPECT_EQ(history, "PATH:/m/a/PATH:/m/a/b/FILE:/m/a/b/c.mp3");
-    EXPECT_THAT(SplitHistory(history),
-                ElementsAre("PATH:/m/a", "PATH:/m/a/b", "FILE:/m/a/b/c.mp3"));
-    EXPECT_EQ(PopHistory(history), "FILE:/m/a/b/c.mp3");
-    EXPECT_EQ(PopHistory(history), "PATH:/m/a/b");
-    EXPECT_EQ(PopHistory(history), "PATH:/m/a");
+    EXPECT_EQ(SplitHistory(history), steps);
+    for (const int step : {2, 1, 0})
+        EXPECT_EQ(PopHistory(history), steps[static_cast<std::size_t>(step)]);
     EXPECT_EQ(history, "");
 }
 
 TEST_F(RunOk, WhatWasPlayedIsRememberedAndWalkedAgain) {
-    test::FakeCatalogue known;
-    known.files = {{"/a/in/x.mp3", "Band", "Song"}};
-    catalogue = &known;
+    UseCatalogue({{"/a/in/x.mp3", "Band", "Song"}});
     Media("a/in/x.mp3");
     browser().ReShow();
     Choose("a");
+    browser().doquit();
+    EXPECT_EQ(core.settings.Read("main", "BrowseHistory"), "") << "nothing was played";
+    Enter(media);
+    Choose("a");
     Choose("in");
     Choose("Band - Song");
+    EXPECT_EQ(core.app.Read("vk_audio.m3u"), "#  in\r\n" + media + "/a/in/x.mp3\r\n");
     EXPECT_EQ(core.settings.Read("main", "BrowseHistory"),
               "PATH:" + media + "/a/PATH:" + media + "/a/in/FILE:" + media + "/a/in/x.mp3");
-    state.CurrentPath = media;
     state.RestoreHistory = true;
-    browser().ReShow();
+    Enter(media);
     EXPECT_EQ(state.CurrentPath, media + "/a/in");
     EXPECT_EQ(view.title, " in");
     EXPECT_FALSE(state.RestoreHistory);
     EXPECT_EQ(player.Count("ReShow"), 1) << "what was played is not chosen again";
 }
 
-TEST_F(RunOk, HistoryIsKeptOnlyWhenSomethingWasPlayed) {
+TEST_F(RunOk, HistoryIsWalkedOnlyWhenItIsOnWantedAndStillThere) {
+    UseCatalogue();
     Media("a/x.mp3");
-    browser().ReShow();
-    Choose("a");
-    browser().doquit();
-    EXPECT_EQ(core.settings.Read("main", "BrowseHistory"), "");
-}
-
-TEST_F(RunOk, HistoryIsNotWalkedWhenItIsOffOrTheCatalogueIsNotReady) {
-    test::FakeCatalogue known;
-    catalogue = &known;
-    Media("a/x.mp3");
-    core.settings.Write("main", "BrowseHistory", "PATH:" + media + "/a/FILE:" + media + "/a/x.mp3");
-    state.RestoreHistory = true;
-    known.state = DBStateValue::Rebuilding;
-    browser().ReShow();
-    EXPECT_EQ(state.CurrentPath, media);
-    known.state = DBStateValue::OnLine;
-    browser().ReShow();
-    EXPECT_EQ(state.CurrentPath, media) << "the wish lasts for one entry";
-    state.RestoreHistory = true;
-    core.settings.values.UseBrowseHistory = false;
-    browser().ReShow();
-    EXPECT_EQ(state.CurrentPath, media);
-    state.RestoreHistory = core.settings.values.UseBrowseHistory = true;
-    browser().ReShow();
-    EXPECT_EQ(state.CurrentPath, media + "/a");
-}
-
-TEST_F(RunOk, AStoredWayThatIsGoneOrASearchIsNotWalked) {
-    test::FakeCatalogue known;
-    catalogue = &known;
-    for (const std::string& history :
-         {"PATH:" + media + "/gone/FILE:x.mp3", std::string("SQL:SearchTitle|Title='a'/FILE:x.mp3"),
-          std::string("junk"), std::string("////"), std::string("FILE:")}) {
-        core.settings.Write("main", "BrowseHistory", history);
-        state.RestoreHistory = true;
+    struct Case {
+        std::string history;
+        DBStateValue state = DBStateValue::OnLine;
+        bool wanted = true, on = true;
+    };
+    const std::string way = "PATH:" + media + "/a/FILE:" + media + "/a/x.mp3";
+    const auto expectWalkedTo = [this](const Case& each, const std::string& path) {
+        core.settings.Write("main", "BrowseHistory", each.history);
+        known.state = each.state;
+        state.RestoreHistory = each.wanted;
+        core.settings.values.UseBrowseHistory = each.on;
         browser().ReShow();
-        EXPECT_EQ(state.CurrentPath, media) << history;
-    }
+        EXPECT_EQ(state.CurrentPath, path) << each.history;
+        EXPECT_FALSE(state.RestoreHistory) << "the wish lasts for one entry";
+    };
+    for (const Case& each :
+         {Case{way, DBStateValue::Rebuilding}, Case{.history = way, .wanted = false},
+          Case{.history = way, .on = false}, Case{"PATH:" + media + "/gone/FILE:x.mp3"},
+          Case{"SQL:SearchTitle|Title='a'/FILE:x.mp3"}, Case{"junk"}, Case{"////"}, Case{"FILE:"}})
+        expectWalkedTo(each, media);
+    expectWalkedTo({way}, media + "/a");
 }
 
 } // namespace
