@@ -61,25 +61,12 @@ struct SimulatedProcess {
         return 0;
     }
     std::int32_t Answer(std::int32_t function, std::int32_t argument) {
-        switch (function) {
-        case 104:
-            return status;
-        case 105:
-            return argument == 0 ? positionMs : length;
-        case 106:
-            positionMs = argument;
-            return 0;
-        case 121:
-            track = argument;
-            positionMs = 0;
-            return 0;
-        case 125:
-            return track;
-        case 126:
-            return bitRate;
-        default:
-            return 0;
-        }
+        if (function == 106 || function == 121) positionMs = function == 106 ? argument : 0;
+        if (function == 121) track = argument;
+        if (function == 105 && argument != 0) return length;
+        const std::map<std::int32_t, std::int32_t> values = {
+            {104, status}, {105, positionMs}, {125, track}, {126, bitRate}};
+        return values.contains(function) ? values.at(function) : 0;
     }
     /// The ids of all commands and the functions of all queries, in the order they were sent.
     std::vector<std::int32_t> Sent() const {
@@ -119,48 +106,47 @@ struct AudioFixture : CoreFixture {
         screens.Add("playlists", playlists);
     }
     AudioPlayer::Needs Needs() {
-        return {.audio = audio,
-                .browser = browser,
-                .app = state,
-                .winamp = winamp,
-                .settings = settings,
-                .keys = keys,
-                .clock = clock,
-                .locale = locale,
-                .volumes = volumes,
-                .window = window,
-                .screens = screens,
-                .log = log,
-                .report = report,
-                .tagOf =
-                    [this](const std::string& path) {
-                        ++tagsRead;
-                        return tags[FileNameOf(path)];
-                    },
-                .query = query,
-                .mixer = mixer};
+        const auto tagOf = [this](const std::string& path) {
+            ++tagsRead;
+            return tags[FileNameOf(path)];
+        };
+        return {audio,   browser, state,   winamp, settings, keys,  clock, locale,
+                volumes, window,  screens, log,    report,   tagOf, query, mixer};
     }
     AudioPlayer& player() {
         if (!made) made = std::make_unique<AudioPlayer>(Needs(), list, view);
         return *made;
     }
+    void InsertDisc() {
+        audio.VolumeSerial = 77;
+        volumes.ready.insert("/media/disc");
+    }
     /// A list of existing files named "Artist<n> - Song<n>.mp3"; returns the list's path.
     std::string MakeList(int count, const std::string& front = {}) {
         std::string lines = front;
-        for (int i = 1; i <= count; ++i) {
-            const std::string n = std::to_string(i);
-            lines += app.Write("media/Artist" + n + " - Song" + n + ".mp3", "x") + "\r\n";
-        }
+        for (int i = 1; i <= count; ++i)
+            lines += app.Write("media/" + FileNameOf(Song(i)), "x") + "\r\n";
         return app.Write("vk_audio.m3u", lines);
     }
+    std::string Song(int number) const {
+        const std::string n = std::to_string(number);
+        return app.File("media/Artist" + n + " - Song" + n + ".mp3");
+    }
     /// Asks for the list from entry `track` (from 1) as the browser does.
-    void Choose(int count, std::int32_t track = 1) {
+    void ChooseList(const std::string& file, std::int32_t track = 1) {
         audio.PlayMode = PlayAudio;
-        audio.ListFile = MakeList(count);
+        audio.ListFile = file;
         audio.TrackToSelect = track;
         audio.bStartPlaying = true;
     }
-    /// The same, and enters the player.
+    void Choose(int count, std::int32_t track = 1) { ChooseList(MakeList(count), track); }
+    /// Only shows the list, from entry `track` on.
+    void Show(const std::string& file, std::int32_t track = 1) {
+        ChooseList(file, track);
+        audio.bStartPlaying = false;
+        player().ReShow();
+    }
+    /// Chooses a list and enters the player.
     void Play(int count, std::int32_t track = 1) {
         Choose(count, track);
         player().ReShow();

@@ -1,7 +1,6 @@
 #include "tests/playback/audio_fixture.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 namespace vk::test {
 
@@ -9,9 +8,14 @@ using testing::ElementsAre;
 
 struct AudioPlayerTest : testing::Test, AudioFixture {
     std::string Shuffle() { return ini.ReadText(app.File("winamp.ini"), "winamp", "shuffle"); }
+    void Hold(HeldAction action, int milliseconds) {
+        player().Press(action);
+        clock.Advance(milliseconds);
+        player().Release();
+    }
 };
 
-TEST_F(AudioPlayerTest, EntersWithClockTimerAndFrame) {
+TEST_F(AudioPlayerTest, EntersWithClockFrameAndTheTimeGoneOrLeft) {
     Play(3);
     EXPECT_EQ(screens.CurrentForm, "playmp3");
     EXPECT_TRUE(view.frame);
@@ -19,26 +23,29 @@ TEST_F(AudioPlayerTest, EntersWithClockTimerAndFrame) {
     EXPECT_THAT(view.clocks, ElementsAre("Saturday, November 21, 2026    12:0"));
     clock.Advance(500);
     EXPECT_EQ(view.time, "TrackTime: 2:59");
+    clock.Advance(4700);
+    player().TrackTimeLabel_Click();
+    EXPECT_EQ(view.time, "TrackTime: 0:05");
+    EXPECT_EQ(Saved("ShowElapsedTime"), "true");
+    player().TrackTimeLabel_Click();
+    EXPECT_EQ(Saved("ShowElapsedTime"), "false");
     clock.Advance(30000);
     EXPECT_EQ(view.clocks.size(), 1u); // written only when it has changed
     clock.Advance(30000);
     EXPECT_EQ(view.clocks.size(), 2u);
 }
 
-TEST_F(AudioPlayerTest, TracksTimeEachSecondGoneOrLeft) {
-    Play(3);
-    clock.Advance(5200);
-    EXPECT_EQ(view.time, "TrackTime: 2:54");
-    player().TrackTimeLabel_Click();
-    EXPECT_EQ(view.time, "TrackTime: 0:05");
-    EXPECT_EQ(Saved("ShowElapsedTime"), "true");
-    player().TrackTimeLabel_Click();
-    EXPECT_EQ(Saved("ShowElapsedTime"), "false");
-}
-
-TEST_F(AudioPlayerTest, ReDisplayOnlyReturnsWhenNothingWasChosen) {
+TEST_F(AudioPlayerTest, SwapsToTheBrowserAndReturnsWhenNothingWasChosen) {
     Play(3);
     player().Swap();
+    EXPECT_EQ(playlists.Count("ReShow"), 1);
+    EXPECT_EQ(browser.ListMode, ListFromAudio);
+    EXPECT_EQ(browser.CurrentPath, settings.values.MediaDir);
+    EXPECT_TRUE(browser.RestoreHistory && browser.FromPlayer);
+    EXPECT_FALSE(view.frame);
+    EXPECT_TRUE(Logged("saved audio data"));
+    EXPECT_EQ(settings.Read("main", "LastPlayMode"), "3");
+    EXPECT_EQ(audio.PlayMode, PlayAudio);
     EXPECT_EQ(process.status, 1);
     process.track = 2;
     process.wire.sent.clear();
@@ -54,9 +61,7 @@ TEST_F(AudioPlayerTest, ReDisplayStartsWhatTheBrowserChose) {
     Play(3);
     player().DoPause();
     player().Swap();
-    audio.ListFile = MakeList(8);
-    audio.TrackToSelect = 6;
-    audio.bStartPlaying = true;
+    Choose(8, 6);
     process.wire.sent.clear();
     player().ReDisplay();
     EXPECT_EQ(process.Count(WinampStop), 2); // the old sound first, then the list's own
@@ -64,20 +69,6 @@ TEST_F(AudioPlayerTest, ReDisplayStartsWhatTheBrowserChose) {
     EXPECT_FALSE(audio.bPaused);
     EXPECT_EQ(view.buttons[PlayerButton::Pause], "pause.gif");
     EXPECT_EQ(view.title, "Song6");
-}
-
-TEST_F(AudioPlayerTest, SwapsToTheBrowser) {
-    Play(3);
-    player().Swap();
-    EXPECT_EQ(playlists.Count("ReShow"), 1);
-    EXPECT_EQ(browser.ListMode, ListFromAudio);
-    EXPECT_EQ(browser.CurrentPath, settings.values.MediaDir);
-    EXPECT_TRUE(browser.RestoreHistory);
-    EXPECT_TRUE(browser.FromPlayer);
-    EXPECT_FALSE(view.frame);
-    EXPECT_TRUE(Logged("saved audio data"));
-    EXPECT_EQ(settings.Read("main", "LastPlayMode"), "3");
-    EXPECT_EQ(audio.PlayMode, PlayAudio);
 }
 
 TEST_F(AudioPlayerTest, QuitsToTheMenu) {
@@ -88,7 +79,6 @@ TEST_F(AudioPlayerTest, QuitsToTheMenu) {
     player().doquit();
     EXPECT_EQ(process.status, 0);
     EXPECT_EQ(process.Count(101), 1);
-    EXPECT_EQ(menu.Count("ReShow"), 1);
     EXPECT_EQ(audio.PlayMode, PlayNone);
     EXPECT_EQ(settings.Read("main", "LastPlayMode"), "3");
     EXPECT_EQ(Saved("currenttrack"), "2");
@@ -97,50 +87,36 @@ TEST_F(AudioPlayerTest, QuitsToTheMenu) {
     process.wire.sent.clear();
     clock.Advance(60000);
     EXPECT_TRUE(process.wire.sent.empty());
-}
-
-TEST_F(AudioPlayerTest, QuitsWhenTheDiscIsTakenOut) {
-    audio.VolumeSerial = 77;
-    volumes.ready.insert("/media/disc");
+    InsertDisc();
     Play(3);
     clock.Advance(3000);
-    EXPECT_EQ(menu.Count("ReShow"), 0);
-    volumes.ready.clear();
-    clock.Advance(1000);
     EXPECT_EQ(menu.Count("ReShow"), 1);
+    volumes.ready.clear(); // the disc was taken out
+    clock.Advance(1000);
+    EXPECT_EQ(menu.Count("ReShow"), 2);
 }
 
-TEST_F(AudioPlayerTest, HoldsAndClicksTheStepButtons) {
-    Play(9);
+TEST_F(AudioPlayerTest, HoldsAndClicksTheStepButtonsAndStrips) {
+    Play(50);
     player().Press(HeldForward);
     EXPECT_EQ(view.buttons[PlayerButton::FastForward], "ffsel.gif");
-    clock.Advance(300);
     player().Release();
     EXPECT_EQ(view.buttons[PlayerButton::FastForward], "ff.gif");
-    EXPECT_EQ(process.Count(WinampNext), 1);
-    EXPECT_EQ(process.Count(WinampForward), 0);
-    player().Press(HeldForward);
-    clock.Advance(700);
-    player().Release();
-    EXPECT_EQ(process.Count(WinampNext), 1);
+    process.wire.sent.clear();
+    Hold(HeldForward, 700);
+    Hold(HeldRewind, 500);
     EXPECT_EQ(process.Count(WinampForward), 3);
-    player().Press(HeldRewind);
-    clock.Advance(500);
-    player().Release();
     EXPECT_EQ(process.Count(WinampRewind), 1);
-    EXPECT_EQ(process.Count(WinampPrevious), 0);
-}
-
-TEST_F(AudioPlayerTest, ScrollsTheListWhileAStripIsHeld) {
-    Play(50);
-    player().Press(HeldScrollDown);
-    clock.Advance(100);
-    EXPECT_EQ(list.iSelected, 1);
+    EXPECT_EQ(process.Count(WinampNext) + process.Count(WinampPrevious), 0);
+    Hold(HeldForward, 300);
+    Hold(HeldForward, 300);
+    Hold(HeldRewind, 300);
+    EXPECT_EQ(process.Count(WinampNext), 2);
+    EXPECT_EQ(process.Count(WinampPrevious), 1);
+    const int before = list.iSelected;
+    Hold(HeldScrollDown, 700);
     clock.Advance(600);
-    player().Release();
-    EXPECT_EQ(list.iSelected, 4);
-    clock.Advance(600);
-    EXPECT_EQ(list.iSelected, 4);
+    EXPECT_EQ(list.iSelected, before + 4);
 }
 
 TEST_F(AudioPlayerTest, TogglesShuffle) {
@@ -178,17 +154,12 @@ TEST_F(AudioPlayerTest, AnswersMappedAndFixedKeys) {
     keys.up = "65";
     keys.startvis = "";
     Play(9, 5);
-    EXPECT_TRUE(player().Form_KeyDown("32"));
-    EXPECT_TRUE(audio.bPaused);
-    EXPECT_TRUE(player().Form_KeyDown("65"));
-    EXPECT_EQ(list.iSelected, 3);
-    EXPECT_TRUE(player().Form_KeyDown("38"));
-    EXPECT_EQ(list.iSelected, 2);
-    EXPECT_TRUE(player().Form_KeyDown("40"));
-    EXPECT_TRUE(player().Form_KeyDown("39"));
+    for (const char* code : {"32", "65", "38", "38", "40", "39"})
+        EXPECT_TRUE(player().Form_KeyDown(code)) << code;
+    EXPECT_EQ(process.Count(WinampPause), 1);
     EXPECT_EQ(process.Count(WinampNext), 1);
-    EXPECT_FALSE(player().Form_KeyDown(""));
-    EXPECT_FALSE(player().Form_KeyDown("9"));
+    for (const char* code : {"", "9"})
+        EXPECT_FALSE(player().Form_KeyDown(code)) << code;
     EXPECT_TRUE(player().Form_KeyDown("27"));
     EXPECT_EQ(menu.Count("ReShow"), 1);
 }
@@ -196,10 +167,9 @@ TEST_F(AudioPlayerTest, AnswersMappedAndFixedKeys) {
 TEST_F(AudioPlayerTest, IgnoresKeysWhileAListIsLoaded) {
     int tried = 0;
     clock.onEvents = [&] {
-        if (state.ListBusy && audio.PlayMode == PlayAudio) {
-            EXPECT_TRUE(player().Form_KeyDown("27"));
-            ++tried;
-        }
+        if (!state.ListBusy || audio.PlayMode != PlayAudio) return;
+        EXPECT_TRUE(player().Form_KeyDown("27"));
+        ++tried;
     };
     Play(2);
     EXPECT_GT(tried, 0);
@@ -210,12 +180,10 @@ TEST_F(AudioPlayerTest, WithoutTunerOrMixerTheirOperationsDoNothing) {
     Play(2);
     audio.PlayMode = PlayFM;
     process.wire.sent.clear();
-    player().MoveAhead();
-    player().DoFF();
-    player().runok();
+    for (const auto press : {&AudioPlayer::MoveAhead, &AudioPlayer::DoFF, &AudioPlayer::runok,
+                             &AudioPlayer::VolUp, &AudioPlayer::domute})
+        (player().*press)();
     player().Wheel(1);
-    player().VolUp();
-    player().domute();
     clock.Advance(2000);
     EXPECT_TRUE(process.wire.sent.empty());
     EXPECT_TRUE(view.volumes.empty());

@@ -3,7 +3,6 @@
 #include "tests/support/core_fixture.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 namespace vk::test {
 namespace {
@@ -25,16 +24,13 @@ struct WinampTest : testing::Test {
     }
 };
 
-TEST_F(WinampTest, FindsTheWindowByClassAndSpeaksToItFromThenOn) {
+TEST_F(WinampTest, FindsTheWindowByClassAndSpeaksToItUntilItIsGone) {
     winamp.WinAMP_SCM(WinampPlay);
     EXPECT_TRUE(winamp.WinAMP_FindWindow());
     winamp.WinAMP_SCM(WinampPlay);
     EXPECT_THAT(player.classes, ElementsAre("Winamp v1.x"));
     EXPECT_THAT(player.windows, ElementsAre(0u, 77u, 77u));
     EXPECT_THAT(player.sent, ElementsAre(Cmd(40045), Ask(0), Cmd(40045)));
-}
-
-TEST_F(WinampTest, ForgetsAWindowThatIsGone) {
     EXPECT_EQ(winamp.WinAMP_GetHwnd(), 77u);
     player.running = false;
     EXPECT_FALSE(winamp.WinAMP_FindWindow());
@@ -50,22 +46,20 @@ TEST_F(WinampTest, OneMessageAnOperation) {
     winamp.WinAMP_loadtracknum(4);
     winamp.WinAMP_SetVolume(255);
     winamp.WinAMP_setvol(300);
-    winamp.WinAMP_SetBalance(127);
-    winamp.WinAMP_SetBalance(-1);
-    winamp.WinAMP_SetBalance(-127);
+    for (const int balance : {127, -1, -127})
+        winamp.WinAMP_SetBalance(balance);
     EXPECT_THAT(player.sent,
                 ElementsAre(Cmd(40148), Cmd(40144), Ask(101), Ask(121, 4), Ask(122, 255),
                             Ask(122, 300), Ask(123, 127), Ask(123, 254), Ask(123, 128)));
 }
 
 TEST_F(WinampTest, ValuesOutOfRangeSendNothing) {
-    winamp.WinAMP_SetVolume(-1);
-    winamp.WinAMP_SetVolume(256);
-    winamp.WinAMP_SetBalance(128);
-    winamp.WinAMP_SetBalance(-128);
-    winamp.WinAMP_SetEQValue(10, 5);
-    winamp.WinAMP_SetEQValue(-1, 5);
-    winamp.WinAMP_SetEQValue(0, 64);
+    for (const int volume : {-1, 256})
+        winamp.WinAMP_SetVolume(volume);
+    for (const int balance : {128, -128})
+        winamp.WinAMP_SetBalance(balance);
+    for (const auto& [band, value] : {std::pair{10, 5}, {-1, 5}, {0, 64}})
+        winamp.WinAMP_SetEQValue(band, value);
     winamp.WinAMP_SetPreAmpValue(-1);
     EXPECT_EQ(winamp.WinAMP_GetEQValue(10), -1);
     EXPECT_THAT(player.sent, IsEmpty());
@@ -81,42 +75,38 @@ TEST_F(WinampTest, EqualiserSelectsTheBandBeforeItSetsIt) {
     EXPECT_EQ(player.sent.back(), Ask(127, 10));
 }
 
-TEST_F(WinampTest, StatusCodesAreTranslated) {
-    const std::pair<int, const char*> cases[] = {{1, "1"}, {3, "2"}, {2, "0"}, {0, "0"}, {-1, "0"}};
-    for (const auto& [wire, text] : cases) {
-        Answer(wire);
-        EXPECT_EQ(winamp.WinAMP_GetStatus(), text) << wire;
-    }
-    EXPECT_EQ(player.sent.front(), Ask(104));
+TEST_F(WinampTest, AnswersAreTranslated) {
+    using Table = std::vector<std::pair<std::int32_t, std::string>>;
+    const auto check = [this](const Table& table, const auto& ask, RecordingPlayer::Message query) {
+        for (const auto& [wire, text] : table) {
+            Answer(wire);
+            EXPECT_EQ(ask(), text) << wire;
+            EXPECT_EQ(player.sent.back(), query);
+        }
+    };
+    check(
+        {{1, "1"}, {3, "2"}, {2, "0"}, {0, "0"}, {-1, "0"}},
+        [this] { return winamp.WinAMP_GetStatus(); }, Ask(104));
+    check(
+        {{999, "0"}, {1999, "1"}, {-1, "-1"}, {-999, "0"}, {0, "0"}},
+        [this] { return std::to_string(winamp.WinAMP_GetTrackPosition()); }, Ask(105));
+    check(
+        {{0x2081, "2.01"},
+         {0x5666, "5.66"},
+         {0x290, "UNKNOWN"},
+         {0, "UNKNOWN"},
+         {0x12ABC, "1.2BC"}},
+        [this] { return winamp.WinAMP_GetVersion(); }, Ask(0));
+    check(
+        {{192, "192"}}, [this] { return winamp.WinAmp_GetBitRate(); }, Ask(126, 1));
 }
 
-TEST_F(WinampTest, PositionIsInWholeSeconds) {
-    const std::pair<int, int> cases[] = {{999, 0}, {1999, 1}, {-1, -1}, {-999, 0}, {0, 0}};
-    for (const auto& [wire, seconds] : cases) {
-        Answer(wire);
-        EXPECT_EQ(winamp.WinAMP_GetTrackPosition(), seconds) << wire;
-    }
-    EXPECT_EQ(player.sent.front(), Ask(105, 0));
-}
-
-TEST_F(WinampTest, VersionSkipsItsThirdDigit) {
-    const std::pair<int, const char*> cases[] = {
-        {0x2081, "2.01"}, {0x5666, "5.66"}, {0x290, "UNKNOWN"}, {0, "UNKNOWN"}, {0x12ABC, "1.2BC"}};
-    for (const auto& [wire, text] : cases) {
-        Answer(wire);
-        EXPECT_EQ(winamp.WinAMP_GetVersion(), text);
-    }
-}
-
-TEST_F(WinampTest, LengthIsAskedUntilItIsKnownWhileEventsRun) {
-    // By value: the object's end sends messages after this frame has gone.
+TEST_F(WinampTest, LengthIsAskedWhileEventsRunUntilItIsKnownOrAfter101Messages) {
     player.answer = [asked = 0](const auto&) mutable { return ++asked < 5 ? -1 : 240; };
     EXPECT_EQ(winamp.WinAMP_GetTrackLength(), 240);
     EXPECT_EQ(core.clock.eventRuns, 5);
     EXPECT_EQ(player.sent.back(), Ask(105, 1));
-}
-
-TEST_F(WinampTest, LengthGivesUpAfter101Messages) {
+    player.sent.clear();
     Answer(-1);
     EXPECT_EQ(winamp.WinAMP_GetTrackLength(), -1);
     EXPECT_EQ(player.sent.size(), 101u);
@@ -124,15 +114,9 @@ TEST_F(WinampTest, LengthGivesUpAfter101Messages) {
 
 TEST_F(WinampTest, SeekReachesTheEndOfTheTrackAndNotBeyond) {
     Answer(200);
-    winamp.WinAMP_SeekToPosition(200);
-    EXPECT_EQ(player.sent.back(), Ask(106, 200000));
-    player.sent.clear();
-    winamp.WinAMP_SeekToPosition(201);
-    winamp.WinAMP_SeekToPosition(-1);
-    EXPECT_THAT(player.sent, ElementsAre(Ask(105, 1), Ask(105, 1)));
-}
-
-TEST_F(WinampTest, SeekThatOverflowsIsReported) {
+    for (const int seconds : {201, -1, 200})
+        winamp.WinAMP_SeekToPosition(seconds);
+    EXPECT_THAT(player.sent, ElementsAre(Ask(105, 1), Ask(105, 1), Ask(105, 1), Ask(106, 200000)));
     Answer(3000000);
     winamp.WinAMP_SeekToPosition(2147484);
     EXPECT_EQ(player.sent.back(), Ask(105, 1));
@@ -140,12 +124,9 @@ TEST_F(WinampTest, SeekThatOverflowsIsReported) {
                             "Overflow :  Error number 6"));
 }
 
-TEST_F(WinampTest, StartsNothingWhileAPlayerRuns) {
+TEST_F(WinampTest, StartsTheProgramOfTheApplicationDirectoryUnlessItRuns) {
     EXPECT_TRUE(winamp.WinAMP_Start());
     EXPECT_THAT(player.started, IsEmpty());
-}
-
-TEST_F(WinampTest, StartsTheProgramOfTheApplicationDirectoryInIt) {
     player.running = false;
     EXPECT_TRUE(winamp.WinAMP_Start());
     EXPECT_THAT(player.started, ElementsAre(std::pair{core.app.File("winamp"), core.app.Path()}));
@@ -153,16 +134,14 @@ TEST_F(WinampTest, StartsTheProgramOfTheApplicationDirectoryInIt) {
     EXPECT_EQ(player.windows.back(), 0u) << "the window is only known once it was looked for";
     player.running = player.canStart = false;
     EXPECT_FALSE(winamp.WinAMP_Start());
-}
-
-TEST_F(WinampTest, StartSwallowsErrors) {
-    player.running = false;
     player.broken = true;
     EXPECT_FALSE(winamp.WinAMP_Start());
-    EXPECT_THAT(core.dialogs.shown, IsEmpty());
+    EXPECT_THAT(core.dialogs.shown, IsEmpty()) << "a start swallows errors";
 }
 
-TEST_F(WinampTest, OpenFileQuotesThePathAndNotTheProgram) {
+TEST_F(WinampTest, OpenFileQuotesThePathOfAnExistingFileAndNotTheProgram) {
+    for (const std::string& path : {core.app.File("gone.m3u"), std::string(), core.app.Path()})
+        EXPECT_FALSE(winamp.WinAMP_OpenFile(path)) << path;
     const std::string list = core.app.Write("my lists/a b.m3u", "x");
     EXPECT_TRUE(winamp.WinAMP_OpenFile(list));
     EXPECT_THAT(player.ran, ElementsAre(core.app.File("winamp") + " /ADD \"" + list + "\""));
@@ -171,14 +150,7 @@ TEST_F(WinampTest, OpenFileQuotesThePathAndNotTheProgram) {
     EXPECT_FALSE(winamp.WinAMP_OpenFile(list));
 }
 
-TEST_F(WinampTest, OpenFileRunsNothingForAMissingFile) {
-    EXPECT_FALSE(winamp.WinAMP_OpenFile(core.app.File("gone.m3u")));
-    EXPECT_FALSE(winamp.WinAMP_OpenFile(""));
-    EXPECT_FALSE(winamp.WinAMP_OpenFile(core.app.Path()));
-    EXPECT_THAT(player.ran, IsEmpty());
-}
-
-TEST_F(WinampTest, ErrorsAreReportedUnderTheOperationsName) {
+TEST_F(WinampTest, ErrorsAreReportedUnderTheOperationsNameOrPassedOn) {
     player.broken = true;
     EXPECT_EQ(winamp.WinAMP_GetTrackLength(), 0);
     EXPECT_EQ(winamp.WinAMP_GetStatus(), "");
@@ -187,27 +159,16 @@ TEST_F(WinampTest, ErrorsAreReportedUnderTheOperationsName) {
     EXPECT_THAT(core.dialogs.shown[0],
                 testing::StartsWith("An error occured in modWinamp_Control.WinAMP_GetTrackLength "
                                     "  : wire cut :  Error number 5"));
-}
-
-TEST_F(WinampTest, UntrappedOperationsPassErrorsOnAndAWindowWithoutVersionCounts) {
-    player.broken = true;
     EXPECT_THROW(winamp.WinAMP_SCM(WinampPlay), std::runtime_error);
     EXPECT_THROW(winamp.WinAmp_GetBitRate(), std::runtime_error);
     EXPECT_FALSE(winamp.WinAMP_FindWindow()) << "the version's own error trap answered";
     player.broken = false;
-    EXPECT_TRUE(winamp.WinAMP_FindWindow());
-    Answer(192);
-    EXPECT_EQ(winamp.WinAmp_GetBitRate(), "192");
-    EXPECT_EQ(player.sent.back(), Ask(126, 1));
+    EXPECT_TRUE(winamp.WinAMP_FindWindow()) << "a window without a version counts";
 }
 
-TEST(WinampEnd, EmptiesStopsAndClosesThePlayer) {
-    CoreFixture core;
-    RecordingPlayer player;
-    { cWinamp winamp({player, core.clock, core.report, core.app.Path()}); }
-    EXPECT_THAT(player.sent,
-                ElementsAre(RecordingPlayer::Query(101), RecordingPlayer::Command(40047),
-                            RecordingPlayer::Command(40001)));
+TEST_F(WinampTest, TheEndEmptiesStopsAndClosesThePlayer) {
+    { cWinamp other({player, core.clock, core.report, core.app.Path()}); }
+    EXPECT_THAT(player.sent, ElementsAre(Ask(101), Cmd(40047), Cmd(40001)));
     player.broken = true;
     EXPECT_NO_THROW(cWinamp({player, core.clock, core.report, core.app.Path()}));
 }

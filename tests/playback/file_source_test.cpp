@@ -1,49 +1,62 @@
 #include "tests/playback/audio_fixture.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 namespace vk::test {
 
 using testing::ElementsAre;
 using testing::HasSubstr;
 
-struct FileSourceTest : testing::Test, AudioFixture {};
+struct FileSourceTest : testing::Test, AudioFixture {
+    void Resume(std::int32_t seconds) {
+        audio.bResuming = true;
+        audio.ResumePosition = seconds;
+    }
+    void Tag(int song, const std::string& artist, const std::string& title) {
+        TagRecord tag;
+        tag.Artist = artist;
+        tag.Title = title;
+        tags[FileNameOf(Song(song))] = tag;
+    }
+    std::string Text(int row) const { return list.Row(row).first + list.Row(row).second; }
+};
 
 TEST_F(FileSourceTest, StartsAListInTheFixedOrder) {
     Play(3, 2);
-    const auto sent = process.Sent();
-    const std::vector<std::int32_t> start(sent.begin(), sent.begin() + 5);
+    auto start = process.Sent();
+    start.resize(5);
     EXPECT_THAT(start, ElementsAre(WinampStop, 101, 121, WinampPlay, 104));
-    ASSERT_EQ(process.wire.ran.size(), 1u);
-    EXPECT_THAT(process.wire.ran[0], HasSubstr("/ADD \"" + audio.ListFile + "\""));
+    EXPECT_THAT(process.wire.ran, ElementsAre(HasSubstr("/ADD \"" + audio.ListFile + "\"")));
     EXPECT_EQ(process.track, 1);
     EXPECT_EQ(audio.PlayingIndex, 1);
     EXPECT_FALSE(audio.bStartPlaying);
     EXPECT_EQ(list.iSelected, 1);
     EXPECT_EQ(list.iHighlight, 1);
-    EXPECT_EQ(view.title, "Song2");
-    EXPECT_EQ(view.artist, "Artist2");
+    EXPECT_EQ(view.artist + " - " + view.title, "Artist2 - Song2");
     EXPECT_EQ(view.bitRate, "128 KB/s");
     EXPECT_EQ(view.loading, "");
     EXPECT_FALSE(state.ListBusy);
 }
 
 TEST_F(FileSourceTest, OnlyShowsAListThatIsNotToBeStarted) {
-    audio.PlayMode = PlayAudio;
-    audio.ListTitle = audio.ListFile = MakeList(3, "# Road music\n");
-    audio.TrackToSelect = 3;
-    player().ReShow();
+    audio.ListTitle = MakeList(3, "# Road music\n");
+    Show(audio.ListTitle, 3);
     EXPECT_EQ(view.listTitle, "Road music");
     EXPECT_EQ(process.Count(WinampPlay), 0);
     EXPECT_EQ(list.iSelected, 2);
     EXPECT_EQ(view.title, "Song3");
 }
 
-TEST_F(FileSourceTest, GivesUpAfterAHundredPolls) {
+TEST_F(FileSourceTest, GivesUpAfterAHundredPollsOrWhenTheModeChangesMeanwhile) {
     process.obeys = false;
-    audio.bResuming = true;
-    audio.ResumePosition = 30;
+    clock.onEvents = [&] { audio.PlayMode = PlayNone; };
+    Play(1);
+    EXPECT_LT(clock.slept, 200);
+    EXPECT_FALSE(Logged("did not respond"));
+    clock.onEvents = {};
+    clock.slept = 0;
+    process.wire.sent.clear();
+    Resume(30);
     Play(2);
     EXPECT_EQ(process.Count(104), 100);
     EXPECT_EQ(clock.slept, 100 * 50);
@@ -53,67 +66,37 @@ TEST_F(FileSourceTest, GivesUpAfterAHundredPolls) {
     EXPECT_FALSE(state.ListBusy);
 }
 
-TEST_F(FileSourceTest, ResumesAtThePositionOnce) {
-    audio.bResuming = true;
-    audio.ResumePosition = 42;
-    Play(3, 2);
-    EXPECT_EQ(process.positionMs, 42000);
-    EXPECT_TRUE(Logged("resume to position 42 of current track"));
-    EXPECT_EQ(Saved("CurrentPosition"), "42");
-    process.positionMs = 0;
-    Play(3, 1);
-    EXPECT_EQ(process.positionMs, 0);
-}
-
-TEST_F(FileSourceTest, AMissingEntryStartsThereWithoutSeeking) {
-    audio.bResuming = true;
-    audio.ResumePosition = 42;
-    audio.PlayMode = PlayAudio;
+TEST_F(FileSourceTest, ResumesOnceAtThePositionUnlessTheEntryIsMissing) {
+    Resume(42);
+    ChooseList(app.File("none.m3u"));
+    player().ReShow();
+    EXPECT_EQ(process.Count(WinampPlay), 0);
+    EXPECT_EQ(view.title, "");
     MakeList(3);
-    audio.ListFile = app.Write("gone.m3u", app.File("media/Artist1 - Song1.mp3") + "\n/gone.mp3\n" +
-                                               app.File("media/Artist3 - Song3.mp3"));
-    audio.TrackToSelect = 2;
-    audio.bStartPlaying = true;
+    Resume(42);
+    ChooseList(app.Write("gone.m3u", Song(1) + "\n/gone.mp3\n" + Song(3)), 2);
     player().ReShow();
     EXPECT_EQ(process.track, 1);
     EXPECT_EQ(process.Count(106), 0);
     EXPECT_EQ(process.status, 1);
-}
-
-TEST_F(FileSourceTest, AMissingListStartsNothing) {
-    audio.PlayMode = PlayAudio;
-    audio.ListFile = app.File("none.m3u");
-    audio.bStartPlaying = true;
-    player().ReShow();
-    EXPECT_EQ(process.Count(WinampPlay), 0);
-    EXPECT_EQ(view.title, "");
-}
-
-TEST_F(FileSourceTest, StopsWaitingWhenTheListIsChangedMeanwhile) {
-    process.obeys = false;
-    clock.onEvents = [&] { audio.PlayMode = PlayNone; };
-    Play(1);
-    EXPECT_LT(clock.slept, 200);
-    EXPECT_FALSE(Logged("did not respond"));
+    Resume(42);
+    Play(3, 2);
+    EXPECT_EQ(process.positionMs, 42000);
+    EXPECT_TRUE(Logged("resume to position 42 of current track"));
+    EXPECT_EQ(Saved("CurrentPosition"), "42");
+    Play(3, 1);
+    EXPECT_EQ(process.positionMs, 0);
 }
 
 TEST_F(FileSourceTest, BuildsRowsFromTagsAndNames) {
     settings.values.numberedList = true;
-    TagRecord tag;
-    tag.Artist = "The Band";
-    tag.Title = "The Tune";
-    tags["Artist1 - Song1.mp3"] = tag;
-    tag.Artist.clear();
-    tags["Artist2 - Song2.mp3"] = tag;
-    audio.PlayMode = PlayAudio;
-    MakeList(3);
-    audio.ListFile =
-        app.Write("l.m3u", app.File("media/Artist1 - Song1.mp3") + "\n" +
-                               app.File("media/Artist2 - Song2.mp3") + "\nTrack01.CDA\n" +
-                               app.Write("media/x.wma", "x") + "\n");
-    player().ReShow();
-    EXPECT_EQ(list.Row(0).first + list.Row(0).second, "1 - The Band - The Tune");
-    EXPECT_EQ(list.Row(1).first + list.Row(1).second, "2 - The Tune");
+    Tag(1, "The Band", "The Tune");
+    Tag(2, "", "The Tune");
+    MakeList(2);
+    Show(app.Write("l.m3u", Song(1) + "\n" + Song(2) + "\nTrack01.CDA\n" +
+                                app.Write("media/x.wma", "x") + "\n"));
+    EXPECT_EQ(Text(0), "1 - The Band - The Tune");
+    EXPECT_EQ(Text(1), "2 - The Tune");
     EXPECT_EQ(list.Row(2).first, "3 - CD Audio Track #3");
     EXPECT_EQ(list.Row(0).picture, "mp3.gif");
     EXPECT_EQ(list.Row(2).picture, "audiocd.gif");
@@ -127,18 +110,12 @@ TEST_F(FileSourceTest, ReadsOnlyTheTagsOfRowsThatCameOnShow) {
     for (int row = list.TopRow(); row < list.TopRow() + 10; ++row)
         EXPECT_EQ(list.Row(row).second, "Song" + std::to_string(row + 1));
     EXPECT_LE(tagsRead, 24);
-}
-
-TEST_F(FileSourceTest, ReadsTagsForTheSharedArtistOnlyUntilTwoDiffer) {
-    settings.values.hideDupeArtist = true;
+    settings.values.hideDupeArtist = true; // asks for the artists until two differ
+    tagsRead = 0;
     Play(60);
     EXPECT_LE(tagsRead, 13);
-    TagRecord same;
-    same.Artist = "One";
-    for (int i = 1; i <= 60; ++i) {
-        same.Title = "T" + std::to_string(i);
-        tags["Artist" + std::to_string(i) + " - Song" + std::to_string(i) + ".mp3"] = same;
-    }
+    for (int i = 1; i <= 60; ++i)
+        Tag(i, "One", "T" + std::to_string(i));
     Play(60);
     EXPECT_EQ(list.ShownFirst(59), "");
 }
@@ -148,10 +125,7 @@ TEST_F(FileSourceTest, KeepsALongListAliveWhileItIsRead) {
     std::string lines;
     for (int i = 0; i < 100000; ++i)
         lines += song + "\n";
-    audio.PlayMode = PlayAudio;
-    audio.ListFile = app.Write("long.m3u", lines);
-    audio.TrackToSelect = 70001;
-    audio.bStartPlaying = true;
+    ChooseList(app.Write("long.m3u", lines), 70001);
     player().ReShow();
     EXPECT_EQ(list.ItemCount(), 100000);
     EXPECT_EQ(process.track, 70000);
@@ -159,15 +133,11 @@ TEST_F(FileSourceTest, KeepsALongListAliveWhileItIsRead) {
     EXPECT_LE(tagsRead, 12);
 }
 
-TEST_F(FileSourceTest, OkOnTheRunningTrackRestartsIt) {
+TEST_F(FileSourceTest, OkRestartsTheRunningTrackOrPlaysAnotherOne) {
     Play(5);
     process.wire.sent.clear();
     player().runok();
     EXPECT_THAT(process.Sent(), ElementsAre(WinampPlay));
-}
-
-TEST_F(FileSourceTest, OkOnAnotherTrackPlaysIt) {
-    Play(5);
     player().DoPause();
     player().MoveDown();
     player().MoveDown();
@@ -180,17 +150,6 @@ TEST_F(FileSourceTest, OkOnAnotherTrackPlaysIt) {
     EXPECT_FALSE(audio.bPaused);
     EXPECT_EQ(view.title, "Song3");
     EXPECT_EQ(Saved("currenttrack"), "2");
-}
-
-TEST_F(FileSourceTest, SkipsToWhatTheProcessChooses) {
-    Play(5);
-    process.track = 2; // its own shuffle
-    player().MoveAhead();
-    EXPECT_EQ(audio.CurrentTrack, 3);
-    EXPECT_EQ(audio.TrackToSelect, 3);
-    EXPECT_EQ(list.iSelected, 3);
-    player().MoveBack();
-    EXPECT_EQ(view.title, "Song3");
 }
 
 TEST_F(FileSourceTest, PausesAndGoesOn) {
@@ -209,7 +168,7 @@ TEST_F(FileSourceTest, PausesAndGoesOn) {
     EXPECT_EQ(view.buttons[PlayerButton::Pause], "pause.gif");
 }
 
-TEST_F(FileSourceTest, FollowsTheProcessToTheNextTrack) {
+TEST_F(FileSourceTest, FollowsTheProcessToWhateverItChooses) {
     Play(5);
     clock.Advance(1100);
     process.track = 1;
@@ -223,6 +182,13 @@ TEST_F(FileSourceTest, FollowsTheProcessToTheNextTrack) {
     process.bitRate = 320; // known only a little later
     clock.Advance(1000);
     EXPECT_EQ(view.bitRate, "320 KB/s");
+    process.track = 2; // its own shuffle
+    player().MoveAhead();
+    EXPECT_EQ(audio.CurrentTrack, 3);
+    EXPECT_EQ(audio.TrackToSelect, 3);
+    EXPECT_EQ(list.iSelected, 3);
+    player().MoveBack();
+    EXPECT_EQ(view.title, "Song3");
 }
 
 TEST_F(FileSourceTest, SurvivesAProcessThatAnswersNonsense) {
@@ -237,14 +203,10 @@ TEST_F(FileSourceTest, SurvivesAProcessThatAnswersNonsense) {
 }
 
 TEST_F(FileSourceTest, ADiscTrackShowsItsTextAndTheDiscsSign) {
-    audio.PlayMode = PlayAudio;
-    audio.VolumeSerial = 77;
-    volumes.ready.insert("/media/disc");
-    audio.ListFile = app.Write("cd.m3u", "/media/disc/Track01.cda\n");
-    player().ReShow();
+    InsertDisc();
+    Show(app.Write("cd.m3u", "/media/disc/Track01.cda\n"));
     EXPECT_EQ(view.title, "CD Audio Track #1");
-    EXPECT_EQ(view.artist, "");
-    EXPECT_EQ(view.bitRate, "");
+    EXPECT_EQ(view.artist + view.bitRate, "");
     EXPECT_EQ(view.mediaType, "cdicon.gif");
     Play(1);
     EXPECT_EQ(view.mediaType, "mp3icon.gif");

@@ -32,22 +32,19 @@ struct PlayerVolumeTest : testing::Test, CoreFixture {
     }
 };
 
-TEST_F(PlayerVolumeTest, MovesByAFiftiethAndStopsAtTheEnds) {
+TEST_F(PlayerVolumeTest, MovesByAFiftiethOfItsLineAndStopsAtTheEnds) {
     volume.VolUp();
     EXPECT_EQ(master, 520);
     EXPECT_EQ(view.volumes.back(), "      Volume : 52%");
     EXPECT_EQ(mixer.Level(MixerLine::Wave), 0);
     master = 990;
-    const auto texts = view.volumes.size();
     volume.VolUp();
-    EXPECT_EQ(view.volumes.size(), texts);
+    EXPECT_EQ(view.volumes.size(), 1u);
     master = 15;
     volume.VolDown();
     EXPECT_EQ(master, 0);
-}
-
-TEST_F(PlayerVolumeTest, TakesTheWaveLineAlong) {
-    settings.values.AdjMainVol = false;
+    master = 500;
+    settings.values.AdjMainVol = false; // the wave line goes along
     volume.VolDown();
     EXPECT_EQ(mixer.Level(MixerLine::Wave), 480);
 }
@@ -79,18 +76,15 @@ TEST_F(PlayerVolumeTest, FadesOutAndInAgain) {
     EXPECT_EQ(clock.slept, 25 * 50 + 25);
 }
 
-TEST_F(PlayerVolumeTest, CutsALoudLevelOnceARun) {
+TEST_F(PlayerVolumeTest, EntersWithALevelOfItsOwnCutOnceARunWhenItIsLoud) {
     settings.values.safevolume = true;
     settings.values.safevol_value = 36;
     state.SafeVolumeDone = false;
-    volume.Enter();
-    EXPECT_EQ(master, 360);
-    master = 800;
-    volume.Enter();
-    EXPECT_EQ(master, 800);
-}
-
-TEST_F(PlayerVolumeTest, KeepsALevelOfItsOwn) {
+    for (const int expected : {360, 800}) {
+        master = 800;
+        volume.Enter();
+        EXPECT_EQ(master, expected);
+    }
     settings.values.UseSplitVolume = true;
     settings.Write("audio_player", "Volume", "440");
     volume.Enter();

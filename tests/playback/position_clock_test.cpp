@@ -10,46 +10,39 @@ struct PositionClockTest : testing::Test, CoreFixture {
     cWinamp winamp{{process.wire, clock, report, app.Path()}};
     PositionClock position{winamp, clock, state.InSuspend};
     std::int64_t Asked() const { return process.Count(105); }
-    void Second(bool paused = false) {
+    double Second(bool paused = false) {
         clock.Advance(1000);
         position.Refresh(paused);
+        return position.Position();
     }
 };
 
 TEST_F(PositionClockTest, AsksOnceAndThenCountsByItself) {
     process.positionMs = 5900;
-    Second();
-    EXPECT_EQ(position.Position(), 5);
+    EXPECT_EQ(Second(), 5);
     const auto asked = Asked();
-    for (int i = 0; i < 30; ++i)
-        Second();
-    EXPECT_EQ(position.Position(), 35);
+    for (int i = 6; i <= 35; ++i)
+        EXPECT_EQ(Second(), i);
     EXPECT_EQ(Asked(), asked);
 }
 
 TEST_F(PositionClockTest, AsksAgainWhenItPassesTheEnd) {
     process.length = 11; // counted as 10
-    for (int i = 0; i < 11; ++i)
-        Second();
-    EXPECT_EQ(position.Position(), 10);
+    for (int i = 0; i <= 10; ++i)
+        EXPECT_EQ(Second(), i);
     process.positionMs = 2000;
-    Second();
-    EXPECT_EQ(position.Position(), 2);
+    EXPECT_EQ(Second(), 2);
 }
 
 TEST_F(PositionClockTest, ReadsAgainTheSecondAfterMidnight) {
     clock.SetNow({2026, 11, 21, 23, 59, 57, 0, 6});
     process.positionMs = 60000;
     Second(); // 23:59:58
-    Second();
-    EXPECT_EQ(position.Position(), 61);
-    Second(); // 0:00:00
-    EXPECT_LT(position.Position(), 0);
+    EXPECT_EQ(Second(), 61);
+    EXPECT_LT(Second(), 0); // 0:00:00
     process.positionMs = 63000;
-    Second();
-    EXPECT_EQ(position.Position(), 63);
-    Second();
-    EXPECT_EQ(position.Position(), 64);
+    EXPECT_EQ(Second(), 63);
+    EXPECT_EQ(Second(), 64);
 }
 
 TEST_F(PositionClockTest, AsksEverySecondForGoodAfterAStep) {
@@ -57,8 +50,7 @@ TEST_F(PositionClockTest, AsksEverySecondForGoodAfterAStep) {
     position.Stepped();
     for (int i = 1; i <= 3; ++i) {
         process.positionMs = i * 50000;
-        Second();
-        EXPECT_EQ(position.Position(), i * 50);
+        EXPECT_EQ(Second(), i * 50);
     }
 }
 
@@ -67,8 +59,7 @@ TEST_F(PositionClockTest, IsUnknownWhilePausedAndStandsStillWhileSuspended) {
     Second();
     state.InSuspend = true;
     Second();
-    Second(true);
-    EXPECT_EQ(position.Position(), 7);
+    EXPECT_EQ(Second(true), 7);
     state.InSuspend = false;
     Second(true);
     EXPECT_FALSE(position.Known());
@@ -83,8 +74,8 @@ TEST_F(PositionClockTest, TellsTheTimeGoneOrLeft) {
     process.length = 0;
     position.NewTrack();
     Second();
-    EXPECT_EQ(position.TrackTime(true), "TrackTime: -:--");
-    EXPECT_EQ(position.TrackTime(false), "TrackTime: -:--");
+    for (const bool elapsed : {true, false})
+        EXPECT_EQ(position.TrackTime(elapsed), "TrackTime: -:--");
 }
 
 } // namespace vk::test
