@@ -3,7 +3,8 @@
 #include "tests/player/recording_output.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
+
+#include <numeric>
 
 namespace vk::test {
 namespace {
@@ -14,22 +15,27 @@ struct EngineTest : testing::Test {
     EngineTest() { Make({}); }
     void Make(PlayerSettings settings) {
         engine = std::make_unique<Engine>(
-            output, settings, [this] { return nowMs * 1000000; }, 5);
+            output, settings, [this] { return Now(); }, 5);
     }
-    void Make(bool repeat) {
+    void Make(bool repeat, bool advance = true) {
         PlayerSettings settings;
         settings.repeat = repeat;
+        settings.advance = advance;
         Make(settings);
     }
+    std::int64_t Now() const { return nowMs * 1000000; }
     std::int32_t Ask(std::int32_t function, std::int32_t argument = 0) {
         return engine->Message({WM_USER, argument, function}).value();
     }
     void Command(std::int32_t id) { EXPECT_EQ(engine->Message({WM_COMMAND, id, 0}), 0); }
+    void Play() { Command(40045); }
+    void Pause() { Command(40046); }
+    void Next() { Command(40048); }
     void Add(std::string_view names) {
         std::string paths;
         for (const char name : names)
             paths.append(1, name).push_back('\0');
-        engine->AddList(paths, nowMs * 1000000);
+        engine->AddList(paths, Now());
     }
     void Event(OutputEvent::Kind kind, std::int64_t ms = 0, TrackFacts facts = {}) {
         const auto track = kind == OutputEvent::Prepared ? output.preparedTrack : output.track;
@@ -38,11 +44,18 @@ struct EngineTest : testing::Test {
     void Start(std::int64_t lengthMs = 60000) { Event(OutputEvent::Started, 0, {lengthMs, 128}); }
     void PlayList(std::string_view names) {
         Add(names);
-        Command(40045);
+        Play();
         Start();
     }
     int Status() { return Ask(104); }
     int Position() { return Ask(105, 0); }
+    /// Status (0 stopped, 1 playing, 3 paused) and position.
+    std::string State() { return std::to_string(Status()) + " at " + std::to_string(Position()); }
+    int Length() { return Ask(105, 1); }
+    /// The tracks that the output was given so far, one letter each.
+    std::string Played() const {
+        return std::accumulate(output.played.begin(), output.played.end(), std::string());
+    }
 
     std::int64_t nowMs = 1000;
     RecordingOutput output;
@@ -50,12 +63,11 @@ struct EngineTest : testing::Test {
 };
 
 TEST_F(EngineTest, AnswersWhenNothingIsLoaded) {
-    EXPECT_EQ(Ask(0), 0x2081);
-    EXPECT_EQ(Status(), 0);
-    EXPECT_EQ(Position(), -1);
-    EXPECT_EQ(Ask(105, 1), -1);
-    EXPECT_EQ(Ask(126, 1), 0);
-    EXPECT_EQ(Ask(999), 0);
+    EXPECT_EQ(State(), "0 at -1");
+    EXPECT_EQ(Length(), -1);
+    const std::pair<int, int> answers[] = {{0, 0x2081}, {126, 0}, {999, 0}};
+    for (const auto& [function, answer] : answers)
+        EXPECT_EQ(Ask(function, 1), answer) << function;
     EXPECT_EQ(engine->Message({1, 2, 3}), 0);
     for (const int id : {40012, 40192, 40046, 40048, 40044, 40144, 40148, 1})
         Command(id);
@@ -65,153 +77,138 @@ TEST_F(EngineTest, AnswersWhenNothingIsLoaded) {
 
 TEST_F(EngineTest, ReadsAsPlayingOnceTheTrackSounds) {
     Add("ab");
-    Command(40045);
-    EXPECT_EQ(Status(), 0);
-    EXPECT_EQ(Position(), 0);
+    Play();
+    EXPECT_EQ(State(), "0 at 0");
     Start(61999);
-    EXPECT_EQ(Status(), 1);
-    EXPECT_EQ(Ask(105, 1), 61);
+    EXPECT_EQ(Length(), 61);
     EXPECT_EQ(Ask(126, 1), 128);
     nowMs += 130;
-    EXPECT_EQ(Position(), 130);
+    EXPECT_EQ(State(), "1 at 130");
     Event(OutputEvent::Position, 250);
     nowMs += 100;
-    EXPECT_EQ(Position(), 350);
+    EXPECT_EQ(State(), "1 at 350");
     nowMs += 100000;
-    EXPECT_EQ(Position(), 1250) << "a stuck output's position stands still";
+    EXPECT_EQ(State(), "1 at 1250") << "a stuck output's position stands still";
+    Play();
+    EXPECT_EQ(State(), "1 at 0") << "from the beginning again";
+    EXPECT_EQ(Played(), "aa");
 }
 
-TEST_F(EngineTest, APlayThatComesBeforeItsListIsRemembered) {
+TEST_F(EngineTest, APlayThatComesBeforeItsListIsRememberedUntilStopOrClear) {
     Command(40047);
     Ask(101);
     Ask(121, 1);
-    Command(40045);
+    Play();
     EXPECT_EQ(Status(), 0);
     Add("abc");
-    EXPECT_THAT(output.played, ElementsAre("b"));
     Add("d");
-    EXPECT_EQ(output.played.size(), 1u);
-}
-
-TEST_F(EngineTest, StopAndClearForgetTheRememberedPlay) {
+    EXPECT_EQ(Played(), "b");
     for (const bool stop : {true, false}) {
-        Command(40045);
+        Command(40047);
+        Ask(101);
+        Play();
         stop ? Command(40047) : void(Ask(101));
         Add("a");
-        EXPECT_TRUE(output.played.empty());
-        Ask(101);
+        EXPECT_EQ(Played(), "b");
     }
 }
 
 TEST_F(EngineTest, AnEntryBeyondTheArrivedListIsSkippedLikeAMissingOne) {
-    Ask(121, 5);
-    Command(40045);
-    Add("ab");
-    EXPECT_TRUE(output.played.empty());
-    Make(true);
-    Ask(121, 5);
-    Command(40045);
-    Add("ab");
-    EXPECT_THAT(output.played, ElementsAre("a"));
+    for (const bool repeat : {false, true}) {
+        Make(repeat);
+        Ask(121, 5);
+        Play();
+        Add("ab");
+        EXPECT_EQ(Played(), repeat ? "a" : "");
+    }
 }
 
 TEST_F(EngineTest, AListFromBeforeTheClearIsDropped) {
-    const std::int64_t before = nowMs * 1000000;
+    const std::int64_t before = Now();
     nowMs += 5;
     Ask(101);
-    Command(40045);
-    engine->AddList(std::string_view("old\0", 4), before);
-    EXPECT_TRUE(output.played.empty());
+    Play();
+    engine->AddList(std::string("o\0", 2), before);
+    EXPECT_EQ(Played(), "");
     Add("n");
-    EXPECT_THAT(output.played, ElementsAre("n"));
+    EXPECT_EQ(Played(), "n");
 }
 
 TEST_F(EngineTest, PauseTogglesAndHoldsThePosition) {
     PlayList("ab");
     nowMs += 200;
-    Command(40046);
-    EXPECT_EQ(Status(), 3);
+    Pause();
     nowMs += 500;
-    EXPECT_EQ(Position(), 200);
-    Command(40045);
-    EXPECT_EQ(Status(), 1);
+    EXPECT_EQ(State(), "3 at 200");
+    Play();
     nowMs += 50;
-    EXPECT_EQ(Position(), 250);
-    Command(40046);
-    Command(40046);
+    EXPECT_EQ(State(), "1 at 250");
+    Pause();
+    Pause();
     EXPECT_THAT(output.calls, ElementsAre("play a", "pause", "resume", "pause", "resume"));
 }
 
-TEST_F(EngineTest, PlayWhilePlayingRestartsTheTrack) {
-    PlayList("ab");
-    nowMs += 300;
-    Command(40045);
-    EXPECT_EQ(Position(), 0);
+TEST_F(EngineTest, WhatIsPausedStaysPausedWhileItOpensAndAcrossNext) {
+    Add("ab");
+    Play();
+    Pause();
+    Start();
+    nowMs += 400;
+    EXPECT_EQ(State(), "3 at 0");
+    Event(OutputEvent::Position, 7000);
+    Next();
+    EXPECT_EQ(State(), "3 at 0");
+    EXPECT_EQ(Ask(125), 1);
+    Play();
+    EXPECT_EQ(Played(), "ab");
+    Start();
     EXPECT_EQ(Status(), 1);
-    EXPECT_THAT(output.played, ElementsAre("a", "a"));
 }
 
 TEST_F(EngineTest, StopAnswersAtOnceAndLateEventsAreOfNoTrack) {
     PlayList("ab");
     const std::uint32_t track = output.track;
     Command(40047);
-    EXPECT_EQ(Status(), 0);
-    EXPECT_EQ(Position(), -1);
+    EXPECT_EQ(State(), "0 at -1");
     engine->OnEvent({OutputEvent::Ended, track, 0, {}});
-    EXPECT_EQ(output.played.size(), 1u);
+    EXPECT_EQ(Played(), "a");
     EXPECT_EQ(Ask(125), 0);
 }
 
-TEST_F(EngineTest, ANewTrackNeverShowsTheOldPosition) {
-    PlayList("ab");
+TEST_F(EngineTest, ANewTrackNeverShowsTheOldPositionButItsPreparedFacts) {
+    PlayList("abc");
     const std::uint32_t old = output.track;
     Event(OutputEvent::Position, 40000);
-    Command(40048);
+    Next();
     engine->OnEvent({OutputEvent::Position, old, 40250, {}});
-    EXPECT_EQ(Position(), 0);
+    EXPECT_EQ(State(), "1 at 0") << "going on reads as playing";
     EXPECT_EQ(Ask(125), 1);
-    EXPECT_EQ(Status(), 1) << "going on reads as playing";
-    EXPECT_EQ(Ask(105, 1), -1);
-}
-
-TEST_F(EngineTest, ThePreparedTracksFactsAreThereAtOnce) {
-    PlayList("ab");
-    EXPECT_EQ(output.prepared, "b");
-    Event(OutputEvent::Prepared, 0, {5000, 320});
-    Command(40048);
-    EXPECT_EQ(Ask(126, 1), 320);
-    EXPECT_EQ(Ask(105, 1), 5);
-}
-
-TEST_F(EngineTest, GoesFromTrackToTrackAndAroundWithRepeat) {
-    Make(true);
-    PlayList("ab");
-    for (int track = 0; track < 2; ++track) {
-        Event(OutputEvent::Ended);
-        Start();
-    }
-    EXPECT_THAT(output.played, ElementsAre("a", "b", "a"));
-    EXPECT_EQ(Ask(125), 0);
-}
-
-TEST_F(EngineTest, EndsAtTheEndOfTheListWithoutRepeat) {
-    PlayList("ab");
-    Event(OutputEvent::Ended);
+    EXPECT_EQ(Length(), -1);
     Start();
-    Event(OutputEvent::Ended);
-    EXPECT_EQ(Status(), 0);
-    EXPECT_EQ(output.calls.back(), "stop");
+    EXPECT_EQ(output.prepared, "c");
+    Event(OutputEvent::Prepared, 0, {5000, 320});
+    Next();
+    EXPECT_EQ(Ask(126, 1), 320);
+    EXPECT_EQ(Length(), 5);
 }
 
-TEST_F(EngineTest, WithoutAdvanceOneTrackIsAllOrRepeats) {
-    for (const bool repeat : {false, true}) {
-        PlayerSettings settings;
-        settings.advance = false;
-        settings.repeat = repeat;
-        Make(settings);
+TEST_F(EngineTest, GoesThroughTheListAsRepeatAndAdvanceSay) {
+    const struct {
+        bool repeat, advance;
+        std::string played;
+    } cases[] = {
+        {true, true, "aba"}, {false, true, "ab"}, {false, false, "a"}, {true, false, "aaa"}};
+    for (const auto& c : cases) {
+        output = {};
+        Make(c.repeat, c.advance);
         PlayList("ab");
-        Event(OutputEvent::Ended);
-        EXPECT_EQ(output.calls.back(), repeat ? "play a" : "stop");
+        for (int track = 0; track < 2 && Status() == 1; ++track) {
+            Event(OutputEvent::Ended);
+            if (output.calls.back() != "stop") Start();
+        }
+        EXPECT_EQ(Played(), c.played);
+        EXPECT_EQ(Status(), c.repeat ? 1 : 0);
+        EXPECT_EQ(output.calls.back() == "stop", !c.repeat);
     }
 }
 
@@ -220,32 +217,27 @@ TEST_F(EngineTest, SkipsWhatCannotBePlayedInTheDirectionOfTravel) {
     PlayList("abcd");
     Command(40044);
     Event(OutputEvent::Failed);
-    EXPECT_EQ(output.played.back(), "c");
+    EXPECT_EQ(Played(), "adc");
     Start();
     Event(OutputEvent::Ended);
-    EXPECT_EQ(output.played.back(), "d");
     Event(OutputEvent::Failed);
-    EXPECT_EQ(output.played.back(), "a");
+    EXPECT_EQ(Played(), "adcda");
     EXPECT_EQ(Status(), 1);
 }
 
 TEST_F(EngineTest, AListOfNothingPlayableIsTriedOnce) {
-    Make(true);
-    Add("abc");
-    Command(40045);
-    for (int event = 0; event < 3; ++event)
-        Event(OutputEvent::Failed);
-    EXPECT_THAT(output.played, ElementsAre("a", "b", "c"));
-    EXPECT_EQ(Status(), 0);
-    EXPECT_EQ(output.calls.back(), "stop");
-}
-
-TEST_F(EngineTest, ALateFailureOfALastTrackWithoutRepeatStops) {
-    Add("ab");
-    Ask(121, 1);
-    Command(40045);
-    Event(OutputEvent::Failed);
-    EXPECT_EQ(Status(), 0);
+    for (const bool repeat : {true, false}) {
+        output = {};
+        Make(repeat);
+        Add("abc");
+        Ask(121, 1);
+        Play();
+        for (int event = 0; event < (repeat ? 3 : 2); ++event)
+            Event(OutputEvent::Failed);
+        EXPECT_EQ(Played(), repeat ? "bca" : "bc");
+        EXPECT_EQ(Status(), 0);
+        EXPECT_EQ(output.calls.back(), "stop");
+    }
 }
 
 TEST_F(EngineTest, SeeksAndJumpsWithinTheTrack) {
@@ -264,6 +256,7 @@ TEST_F(EngineTest, SeeksAndJumpsWithinTheTrack) {
     Ask(106, 1000);
     Command(40144);
     EXPECT_EQ(output.calls.back(), "seek 0");
+    Ask(106, 5000);
     Ask(106, -7);
     EXPECT_EQ(output.calls.back(), "seek 0");
 }
@@ -272,52 +265,27 @@ TEST_F(EngineTest, BeyondTheEndComesTheNextTrack) {
     PlayList("ab");
     Ask(106, 58000);
     Command(40148);
-    EXPECT_EQ(output.played.back(), "b");
+    EXPECT_EQ(Played(), "ab");
     Start();
-    Command(40046);
+    Pause();
     Ask(106, 60000);
-    EXPECT_EQ(output.played.size(), 2u);
+    EXPECT_EQ(Played(), "ab");
     EXPECT_EQ(Position(), 60000);
 }
 
 TEST_F(EngineTest, TheListMayBeReplacedWhileATrackPlays) {
     PlayList("abc");
     Ask(101);
-    EXPECT_EQ(Status(), 1);
     Event(OutputEvent::Position, 5000);
-    EXPECT_EQ(Position(), 5000);
+    EXPECT_EQ(State(), "1 at 5000");
     Add("xy");
-    EXPECT_EQ(output.played.size(), 1u);
+    EXPECT_EQ(Played(), "a");
     Event(OutputEvent::Ended);
-    EXPECT_EQ(output.played.back(), "x");
+    EXPECT_EQ(Played(), "ax");
     Ask(101);
     Start();
     Event(OutputEvent::Ended);
     EXPECT_EQ(Status(), 0);
-}
-
-TEST_F(EngineTest, WhatIsPausedStaysPausedAcrossNext) {
-    PlayList("ab");
-    Event(OutputEvent::Position, 7000);
-    Command(40046);
-    Command(40048);
-    EXPECT_EQ(Status(), 3);
-    EXPECT_EQ(Position(), 0);
-    EXPECT_EQ(Ask(125), 1);
-    Command(40045);
-    EXPECT_EQ(output.played.back(), "b");
-    Start();
-    EXPECT_EQ(Status(), 1);
-}
-
-TEST_F(EngineTest, APauseWhileATrackOpensHolds) {
-    Add("a");
-    Command(40045);
-    Command(40046);
-    Start();
-    nowMs += 400;
-    EXPECT_EQ(Status(), 3);
-    EXPECT_EQ(Position(), 0);
 }
 
 TEST_F(EngineTest, KeepsEqualiserValuesAndSwitchesItOnWhenOneIsSet) {
@@ -349,14 +317,12 @@ TEST_F(EngineTest, VolumeIsCheckedAndShuffleToggles) {
     Make(true);
     PlayList("abcdefghijklmnop");
     Command(40023);
-    std::string order;
-    for (int track = 0; track < 15; ++track) {
-        Command(40048);
-        order += output.played.back();
-    }
-    EXPECT_NE(order, "bcdefghijklmnop");
+    for (int track = 0; track < 15; ++track)
+        Next();
+    std::string order = Played();
+    EXPECT_NE(order, "abcdefghijklmnop");
     std::sort(order.begin(), order.end());
-    EXPECT_EQ(order, "bcdefghijklmnop");
+    EXPECT_EQ(order, "abcdefghijklmnop");
 }
 
 } // namespace

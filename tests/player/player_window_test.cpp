@@ -17,13 +17,15 @@ struct PlayerWindowTest : testing::Test {
 };
 
 TEST(SplitArguments, QuotesKeepBlanks) {
-    EXPECT_THAT(SplitArguments("/ADD \"/my lists/a b.m3u\""),
-                ElementsAre("/ADD", "/my lists/a b.m3u"));
-    EXPECT_THAT(SplitArguments("  a   b "), ElementsAre("a", "b"));
-    EXPECT_THAT(SplitArguments("\"12\" mix\" x"), ElementsAre("12", "mix\"", "x"));
-    EXPECT_THAT(SplitArguments("\"a\"b\""), ElementsAre("a\"b"));
-    EXPECT_THAT(SplitArguments("\"\" \"open"), ElementsAre("", "open"));
-    EXPECT_THAT(SplitArguments(""), ElementsAre());
+    const std::pair<const char*, std::vector<std::string>> cases[] = {
+        {"/ADD \"/my lists/a b.m3u\"", {"/ADD", "/my lists/a b.m3u"}},
+        {"  a   b ", {"a", "b"}},
+        {"\"12\" mix\" x", {"12", "mix\"", "x"}},
+        {"\"a\"b\"", {"a\"b"}},
+        {"\"\" \"open", {"", "open"}},
+        {"", {}}};
+    for (const auto& [text, arguments] : cases)
+        EXPECT_EQ(SplitArguments(text), arguments) << text;
 }
 
 TEST_F(PlayerWindowTest, FindsNothingWhereNobodyListens) {

@@ -39,7 +39,7 @@ TEST_F(PlayerProcess, WithASoundServerTheNextTrackWaitsOnTheOtherDeck) {
     EXPECT_EQ(winamp->WinAMP_GetStatus(), "0");
 }
 
-TEST_F(PlayerProcess, PausesSeeksAndStops) {
+TEST_F(PlayerProcess, PausesSeeksTakesANewListAndStops) {
     StartPlayer();
     LoadAndPlay(List("l.m3u", {{"a", 30000}}), 0);
     winamp->WinAMP_SeekToPosition(12);
@@ -53,12 +53,16 @@ TEST_F(PlayerProcess, PausesSeeksAndStops) {
     EXPECT_EQ(winamp->WinAMP_GetTrackPosition(), 13);
     winamp->WinAMP_SCM(WinampPlay);
     EXPECT_TRUE(Eventually([&] { return winamp->WinAMP_GetTrackPosition() == 14; }));
+    LoadAndPlay(List("m \"new\".m3u", {{"c", 3000}, {"d", 4000}, {"e", 5000}}), 2);
+    EXPECT_EQ(winamp->WinAMP_gettracknum(), 2);
+    EXPECT_EQ(winamp->WinAMP_GetTrackLength(), 5);
+    EXPECT_EQ(winamp->WinAMP_GetTrackPosition(), 0);
     winamp->WinAMP_SCM(WinampStop);
     EXPECT_EQ(winamp->WinAMP_GetStatus(), "0");
     EXPECT_EQ(winamp->WinAMP_GetTrackPosition(), -1);
 }
 
-TEST_F(PlayerProcess, SkipsWhatVanishedAndWhatIsNoSound) {
+TEST_F(PlayerProcess, SkipsWhatVanishedAndWhatIsNoSoundAndStopsWhenNothingIsLeft) {
     StartPlayer();
     const std::string list =
         List("l.m3u", {{"a", 9000}, {"gone", 500}, {"junk", 500}, {"b", 9000}});
@@ -70,28 +74,10 @@ TEST_F(PlayerProcess, SkipsWhatVanishedAndWhatIsNoSound) {
     EXPECT_TRUE(Playing());
     winamp->WinAMP_SCM(WinampPrevious);
     EXPECT_TRUE(Eventually([&] { return winamp->WinAMP_gettracknum() == 0; }));
-}
-
-TEST_F(PlayerProcess, StopsWhenNothingOfTheListCanBePlayed) {
-    StartPlayer();
-    const std::string list = List("l.m3u", {{"x", 300}, {"y", 300}});
-    core.app.Write("x.wav", "?");
-    core.app.Write("y.wav", "?");
-    Load(list, 0);
+    Load(core.app.Write("m.m3u", "junk.wav\njunk.wav\n"), 0);
     EXPECT_TRUE(Eventually([&] { return winamp->WinAMP_GetTrackPosition() == 0; }));
     EXPECT_TRUE(Eventually([&] { return winamp->WinAMP_GetTrackPosition() == -1; }));
     EXPECT_EQ(winamp->WinAMP_GetStatus(), "0");
-    LoadAndPlay(List("m.m3u", {{"x", 9000}}), 0);
-}
-
-TEST_F(PlayerProcess, TakesANewListInTheMiddleOfATrack) {
-    StartPlayer();
-    LoadAndPlay(List("l.m3u", {{"a", 9000}, {"b", 9000}}), 1);
-    winamp->WinAMP_SeekToPosition(6);
-    LoadAndPlay(List("m \"new\".m3u", {{"c", 3000}, {"d", 4000}, {"e", 5000}}), 2);
-    EXPECT_EQ(winamp->WinAMP_gettracknum(), 2);
-    EXPECT_EQ(winamp->WinAMP_GetTrackLength(), 5);
-    EXPECT_EQ(winamp->WinAMP_GetTrackPosition(), 0);
 }
 
 TEST_F(PlayerProcess, PlaysOnWhenItsRemoteControlDies) {
@@ -122,14 +108,12 @@ TEST_F(PlayerProcess, IsGoneAtOnceWhenClosedAndCanBeStartedAgain) {
 }
 
 TEST_F(PlayerProcess, ItsDeathIsNoticedAndTheNextOneTakesItsPlace) {
-    StartPlayer();
-    const pid_t first = PlayerPid();
-    ::kill(first, SIGKILL);
-    EXPECT_TRUE(Eventually([&] { return !winamp->WinAMP_FindWindow(); }));
-    EXPECT_EQ(winamp->WinAMP_GetStatus(), "0");
-    StartPlayer();
-    ::kill(PlayerPid(), SIGTERM);
-    EXPECT_TRUE(Eventually([&] { return !winamp->WinAMP_FindWindow(); }));
+    for (const int signal : {SIGKILL, SIGTERM}) {
+        StartPlayer();
+        ::kill(PlayerPid(), signal);
+        EXPECT_TRUE(Eventually([&] { return !winamp->WinAMP_FindWindow(); }));
+        EXPECT_EQ(winamp->WinAMP_GetStatus(), "0");
+    }
     EXPECT_FALSE(FileExists(runtime.SocketPath())) << "a clean end takes its name away";
 }
 

@@ -25,10 +25,9 @@ TEST(PlayerSettings, TakesItsKeysInAnySpelling) {
 
 TEST(PlayerSettings, NonsenseGivesTheDefaults) {
     TempFolder folder;
-    const std::string file =
-        folder.Write("winamp.ini", "[winamp]\nshuffle=7\nVolume=-3\npladv=yes\npreamp=64\n");
-    for (const std::string& path : {file, folder.File("none.ini")}) {
-        const PlayerSettings settings = ReadPlayerSettings(path);
+    folder.Write("bad.ini", "[winamp]\nshuffle=7\nVolume=-3\npladv=yes\npreamp=64\n");
+    for (const char* file : {"bad.ini", "none.ini"}) {
+        const PlayerSettings settings = ReadPlayerSettings(folder.File(file));
         EXPECT_FALSE(settings.shuffle);
         EXPECT_TRUE(settings.advance);
         EXPECT_EQ(settings.volume, 255);
@@ -37,10 +36,9 @@ TEST(PlayerSettings, NonsenseGivesTheDefaults) {
 }
 
 TEST(EqualiserGain, IsFlatInTheMiddleAndTwentyDecibelsAtTheEnds) {
-    EXPECT_FLOAT_EQ(EqualiserGain(0), 20);
-    EXPECT_FLOAT_EQ(EqualiserGain(31), 0);
-    EXPECT_FLOAT_EQ(EqualiserGain(32), 0);
-    EXPECT_FLOAT_EQ(EqualiserGain(63), -20);
+    const std::pair<int, float> gains[] = {{0, 20}, {31, 0}, {32, 0}, {63, -20}};
+    for (const auto& [value, decibels] : gains)
+        EXPECT_FLOAT_EQ(EqualiserGain(value), decibels) << value;
     EXPECT_GT(EqualiserGain(10), EqualiserGain(11));
 }
 

@@ -6,7 +6,6 @@
 #include "tests/support/temp_folder.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <sys/socket.h>
 
 #include <thread>
@@ -33,6 +32,10 @@ struct WireServerTest : testing::Test {
         } while (end.Take().empty());
     }
     FileDescriptor Connect() const { return ConnectTo(path); }
+    static std::optional<std::int32_t>
+    Ask(const FileDescriptor& client, const PlayerRequest& request, std::string_view payload = {}) {
+        return AskPlayer(client, request, payload, 1000);
+    }
 
     TempFolder folder;
     std::string path = folder.File("socket");
@@ -52,19 +55,15 @@ struct WireServerTest : testing::Test {
     std::thread thread;
 };
 
-TEST_F(WireServerTest, AnswersEachClientInTurn) {
+TEST_F(WireServerTest, AnswersEachClientInTurnOrClosesItsConnection) {
     const FileDescriptor first = Connect();
     const FileDescriptor second = Connect();
-    EXPECT_EQ(AskPlayer(first, {2, 40, 2}, {}, 1000), 42);
-    EXPECT_EQ(AskPlayer(second, {2, -1, 0}, {}, 1000), -1);
-    EXPECT_EQ(AskPlayer(first, {2, 1, 0}, {}, 1000), 1);
+    EXPECT_EQ(Ask(first, {2, 40, 2}), 42);
+    EXPECT_EQ(Ask(second, {2, -1, 0}), -1);
+    EXPECT_EQ(Ask(second, {1, 0, 0}), std::nullopt);
+    EXPECT_FALSE(ConnectionAlive(second));
+    EXPECT_EQ(Ask(first, {2, 1, 0}), 1);
     EXPECT_TRUE(ConnectionAlive(first));
-}
-
-TEST_F(WireServerTest, ClosesAConnectionUnanswered) {
-    const FileDescriptor client = Connect();
-    EXPECT_EQ(AskPlayer(client, {1, 0, 0}, {}, 1000), std::nullopt);
-    EXPECT_FALSE(ConnectionAlive(client));
 }
 
 TEST_F(WireServerTest, ClosesWhoBreaksTheProtocolAndServesTheOthers) {
@@ -73,14 +72,18 @@ TEST_F(WireServerTest, ClosesWhoBreaksTheProtocolAndServesTheOthers) {
     for (const std::string& packet : {std::string("short"), std::string(12, '\0') + tooLong}) {
         const FileDescriptor bad = Connect();
         ::send(bad.get(), packet.data(), packet.size(), MSG_NOSIGNAL);
-        EXPECT_EQ(AskPlayer(bad, {2, 0, 0}, {}, 1000), std::nullopt);
+        EXPECT_EQ(Ask(bad, {2, 0, 0}), std::nullopt);
     }
-    const FileDescriptor outOfTurn = Connect();
-    EXPECT_EQ(AskPlayer(outOfTurn, {WM_COPYDATA, ListPaths, 0}, "x", 1000), std::nullopt);
-    EXPECT_EQ(AskPlayer(good, {2, 0, 7}, {}, 1000), 7);
+    EXPECT_EQ(Ask(Connect(), {WM_COPYDATA, ListPaths, 0}, "x"), std::nullopt) << "out of turn";
+    EXPECT_EQ(Ask(good, {2, 0, 7}), 7);
 }
 
-TEST_F(WireServerTest, TakesALongListInOnePiece) {
+TEST_F(WireServerTest, TakesALongListInOnePieceAndNothingOfOneThatBreaksOff) {
+    {
+        const FileDescriptor client = Connect();
+        EXPECT_EQ(Ask(client, {WM_COPYDATA, ListBegin, 0}, std::string(8, '\0')), 1);
+        EXPECT_EQ(Ask(client, {WM_COPYDATA, ListPaths, 0}, "/a"), 1);
+    }
     std::vector<std::string> entries;
     std::string expected;
     for (int index = 0; index < 30000; ++index) {
@@ -91,26 +94,12 @@ TEST_F(WireServerTest, TakesALongListInOnePiece) {
     const std::lock_guard lock(mutex);
     ASSERT_EQ(lists.size(), 1u);
     EXPECT_EQ(lists[0].second, 123);
-    EXPECT_EQ(lists[0].first, expected);
-}
-
-TEST_F(WireServerTest, AListThatBreaksOffLeavesNothing) {
-    {
-        const FileDescriptor client = Connect();
-        const std::string began(8, '\0');
-        EXPECT_EQ(AskPlayer(client, {WM_COPYDATA, ListBegin, 0}, began, 1000), 1);
-        EXPECT_EQ(AskPlayer(client, {WM_COPYDATA, ListPaths, 0}, "/a", 1000), 1);
-    }
-    EXPECT_TRUE(HandOver(Connect(), {"/b"}, 9));
-    const std::lock_guard lock(mutex);
-    ASSERT_EQ(lists.size(), 1u);
-    EXPECT_EQ(lists[0].first, std::string("/b\0", 3));
+    EXPECT_TRUE(lists[0].first == expected);
 }
 
 TEST_F(WireServerTest, OnlyOneInstanceHasThePlace) {
-    Instance other(path);
-    EXPECT_FALSE(other.Claim());
-    EXPECT_EQ(AskPlayer(Connect(), {2, 3, 0}, {}, 1000), 3) << "the loser left the socket alone";
+    EXPECT_FALSE(Instance(path).Claim());
+    EXPECT_EQ(Ask(Connect(), {2, 3, 0}), 3) << "the loser left the socket alone";
 }
 
 TEST(Instance, GivesThePlaceUpAndTakesItFromTheDead) {
