@@ -7,7 +7,7 @@ target_include_directories(vk_flags INTERFACE ${PROJECT_SOURCE_DIR})
 # (GCC bugs 105329 and 105651); only optimised builds see it.
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
   target_compile_options(vk_flags INTERFACE
-    $<$<CONFIG:Release>:-Wno-restrict;-Wno-array-bounds;-Wno-stringop-overflow>)
+    $<$<CONFIG:Release>:-Wno-restrict;-Wno-array-bounds;-Wno-stringop-overflow;-Wno-stringop-overread>)
 endif()
 
 if(VK_SANITIZE)
