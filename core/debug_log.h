@@ -29,7 +29,7 @@ class DebugLog {
     const Clock& clock_;
 };
 
-/// "11/21/2026 3:04:05 PM": how the log and the file stamps write a moment.
+/// "11/21/2026 3:04:05 PM": how the log writes a moment.
 std::string GeneralDate(const DateTime& when);
 
 } // namespace vk
