@@ -11,10 +11,14 @@ constexpr int SecondMs = 1000;
 
 } // namespace
 
-Browser::Browser(BrowserNeeds needs, ListModel& list, BrowserView& view)
-    : needs_(std::move(needs)), list_(list), view_(view), builder_(needs_, list, view),
+Browser::Browser(BrowserNeeds needs, BrowserModels models, BrowserView& view)
+    : needs_(std::move(needs)), list_(models.list), keyboard_(models.keyboard), view_(view),
+      desk_(needs_, list_, view), builder_(desk_),
       Timer2(needs_.clock.MakeTimer([this] { ShowState(); })),
-      Timer4(needs_.clock.MakeTimer([this] { TickNotice(); })) {}
+      Timer4(needs_.clock.MakeTimer([this] { TickNotice(); })) {
+    keyboard_.onOK = [this](const std::string& text) { TakeText(text); };
+    keyboard_.onEscape = [this] { CloseKeyboard(); };
+}
 
 // One operation at a time: events run inside it. An Escape that came meanwhile is served after it.
 void Browser::Run(const std::string& name, const std::function<void()>& operation) {
@@ -25,7 +29,7 @@ void Browser::Run(const std::string& name, const std::function<void()>& operatio
     running_ = false;
     needs_.app.ListBusy = false;
     CloseLoading();
-    const bool aborted = builder_.TakeAborted();
+    const bool aborted = desk_.TakeAborted();
     const std::function<void()> next = std::exchange(enterNext_, {});
     if (aborted && needs_.screens.CurrentForm == BrowserName) return Leave();
     if (next) TrapAndLog(needs_.report, "An error occured in playlists." + name + " ", next);
@@ -35,6 +39,7 @@ void Browser::ReShow() {
     Run("ReShow", [&] {
         needs_.screens.CurrentForm = BrowserName;
         view_.ShowAtFront();
+        if (KeyboardShown) HideOSK();
         HistoryDirty = RecurseArmed = false;
         BrowseHistory.clear();
         view_.SetButton(BrowserButton::Recurse, "recurse.gif");
@@ -81,16 +86,18 @@ void Browser::FallBack() {
 }
 
 void Browser::MoveList(void (ListModel::*move)()) {
-    if (needs_.app.ListBusy) return;
+    if (needs_.app.ListBusy || KeyboardShown) return;
     (list_.*move)();
     view_.ReDrawList();
 }
 
 void Browser::MoveUp() {
+    if (KeyboardShown) return keyboard_.MoveUp();
     MoveList(&ListModel::MoveUp);
 }
 
 void Browser::MoveDown() {
+    if (KeyboardShown) return keyboard_.MoveDown();
     MoveList(&ListModel::MoveDown);
 }
 
@@ -104,11 +111,12 @@ void Browser::PgDn() {
 
 void Browser::MoveBack() {
     if (needs_.app.ListBusy) return;
+    if (KeyboardShown) return keyboard_.MoveLeft();
     Run("MoveBack", [&] {
-        if (builder_.Rows().HasBack()) {
+        if (desk_.rows.HasBack()) {
             list_.SelectItem(0);
             Choose();
-        } else if (builder_.PlaylistView) { // the favourites have no row that leads back
+        } else if (desk_.PlaylistView) { // the favourites have no row that leads back
             const std::string comeFrom = PopHistory(BrowseHistory);
             Populate();
             SelectMatch(comeFrom);
@@ -118,6 +126,7 @@ void Browser::MoveBack() {
 
 void Browser::MoveAhead() {
     if (needs_.app.ListBusy) return;
+    if (KeyboardShown) return keyboard_.MoveRight();
     Run("MoveAhead", [&] {
         const std::string descriptor = list_.GetSelectedFileName();
         const RowDescriptor row = SplitDescriptor(descriptor);
@@ -139,14 +148,16 @@ void Browser::doquit() {
     CloseToolFrame();
     if (needs_.screens.CurrentForm != BrowserName) return;
     if (running_)
-        builder_.Abort();
+        desk_.Abort();
+    else if (KeyboardShown)
+        keyboard_.KeyClick(KeyboardModel::EscKey);
     else
         Leave();
 }
 
 void Browser::Leave() {
     switchingform();
-    builder_.SetTitle("");
+    desk_.SetTitle("");
     const bool toPlayer = std::exchange(needs_.state.FromPlayer, false);
     needs_.audio.bStartPlaying = false; // what plays goes on as it is
     if (!toPlayer || !needs_.screens.ReDisplay("playmp3")) needs_.screens.Show("velkorandum");

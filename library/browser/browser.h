@@ -6,6 +6,7 @@
 #include "library/browser/list_builder.h"
 #include "library/descriptor.h"
 #include "playback/resume.h"
+#include "skin/keyboard_model.h"
 
 #include <functional>
 #include <memory>
@@ -15,11 +16,28 @@ namespace vk {
 
 inline constexpr const char* BrowserName = "playlists";
 
+/// Why the keyboard is open: what its text is for.
+enum class KeyboardPurposeValue : std::int32_t {
+    SearchArtist = 0,
+    SearchTitle = 1,
+    SearchGenre = 2,
+    SearchFileName = 3,
+    PresetLabel = 4,
+    ListName = 5
+};
+
+/// The parts of the screen that hold state of their own.
+struct BrowserModels {
+    ListModel& list; ///< `UCListBox`
+    KeyboardModel& keyboard;
+};
+
 /// The operations. All but `doquit` and the entries are ignored while a list is being built; a
-/// failure in one is logged and the screen goes on. `list` and `view` outlive it.
+/// failure in one is logged and the screen goes on. `models` and `view` outlive it. While the
+/// keyboard is shown it has the arrows, "OK" and Escape.
 class Browser {
   public:
-    Browser(BrowserNeeds needs, ListModel& list, BrowserView& view);
+    Browser(BrowserNeeds needs, BrowserModels models, BrowserView& view);
 
     /// Enters the screen with the list of `CurrentPath` in the mode that the caller has set.
     void ReShow();
@@ -78,6 +96,7 @@ class Browser {
 
   private:
     using Handler = void (Browser::*)(const RowDescriptor&);
+    using TextHandler = void (Browser::*)(const std::string& text);
 
     struct Key;
     static const Key Keys[];
@@ -92,6 +111,14 @@ class Browser {
     void ShowState();
     void TickNotice();
     void CloseLoading();
+    // browser_keys.cpp
+    bool DoKey(const std::string& code, bool forKeyboard);
+    // keyboard.cpp
+    void ShowOSK(const std::string& caption, const std::string& value,
+                 KeyboardPurposeValue purpose);
+    void HideOSK();
+    void CloseKeyboard();
+    void TakeText(const std::string& text);
     // run_ok.cpp
     void Choose();
     void ChooseRow();
@@ -119,7 +146,9 @@ class Browser {
 
     BrowserNeeds needs_;
     ListModel& list_;
+    KeyboardModel& keyboard_;
     BrowserView& view_;
+    ListDesk desk_;
     ListBuilder builder_;
     std::unique_ptr<Timer> Timer2; ///< clock label, state of the player
     std::unique_ptr<Timer> Timer4; ///< takes notices away
@@ -129,6 +158,9 @@ class Browser {
     std::function<void()> enterNext_;
     bool toolFrameOpen_ = false;
     int noticeSeconds_ = 0; ///< left for the notice over the list; 0: none
+    bool KeyboardShown = false;
+    KeyboardPurposeValue KeyboardPurpose = KeyboardPurposeValue::SearchArtist;
+    std::string SavedTitle; ///< the heading from before the keyboard
     bool RecurseArmed = false;
     bool HistoryDirty = false;
     std::string BrowseHistory;

@@ -21,7 +21,7 @@ std::int32_t Browser::WritePlayList(int mediaType, const std::string& file) {
         entries.push_back(path);
         if (row == list_.GetSelectedSongNum()) position = static_cast<std::int32_t>(entries.size());
     }
-    const std::string comment = mediaType == MediaAudio ? builder_.ParentName : std::string();
+    const std::string comment = mediaType == MediaAudio ? desk_.ParentName : std::string();
     if (WriteListFile(file, comment, entries)) return position;
     needs_.report.Log("could not write " + ToUtf8(file));
     ShowNotice("The play list could not be written.");
@@ -37,7 +37,7 @@ void Browser::PlayAudioFiles(const RowDescriptor&) {
     audio.PlayMode = PlayAudio;
     audio.ListFile = AudioList();
     audio.ListTitle =
-        builder_.BrowsingCD ? ToUtf8(needs_.volumes.Label(drive)) : Trim(builder_.Title());
+        builder_.BrowsingCD ? ToUtf8(needs_.volumes.Label(drive)) : Trim(desk_.Title());
     audio.VolumeSerial = builder_.BrowsingCD ? needs_.volumes.Serial(drive) : 0;
     audio.TrackToSelect = position;
     audio.bResuming = false;

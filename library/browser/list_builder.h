@@ -2,25 +2,21 @@
 // applications.
 #pragma once
 
-#include "library/browser/browser_needs.h"
-#include "library/browser/browser_view.h"
 #include "library/browser/drives.h"
-#include "library/browser/list_rows.h"
+#include "library/browser/list_desk.h"
 
 #include <set>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace vk {
 
-/// Each operation replaces the rows of the list and ends with its `LoadList`. Events run between
-/// rows, with `ListBusy` set; `Abort` makes the build end early with the rows it has.
+/// Each operation replaces the rows of the list and ends with its `LoadList`. What it is given
+/// outlives it.
 class ListBuilder {
   public:
-    ListBuilder(BrowserNeeds& needs, ListModel& list, BrowserView& view)
-        : needs_(needs), list_(list), view_(view), rows_(list, needs.settings),
-          drives_(needs.settings, needs.volumes) {}
+    explicit ListBuilder(ListDesk& desk)
+        : desk_(desk), drives_(desk.needs.settings, desk.needs.volumes) {}
 
     /// The list of `CurrentPath` in the present mode. A folder that is gone gives way to the media
     /// folder.
@@ -30,25 +26,12 @@ class ListBuilder {
     /// The existing files of a playlist.
     void ReadList(const std::string& path);
 
-    /// Sets the heading.
-    void SetTitle(const std::string& title);
-    const std::string& Title() const { return title_; }
-
-    void Abort() { aborted_ = true; }
-    /// True once after an `Abort`.
-    bool TakeAborted() { return std::exchange(aborted_, false); }
-    /// Runs events; false when the build is to end.
-    bool Pulse();
-
-    const ListRows& Rows() const { return rows_; }
     const DriveRules& Drives() const { return drives_; }
     /// Asks the configured disc drive whether it is ready and keeps the answer in `CDReady`.
     bool CheckDisc();
 
     bool BrowsingCD = false;        ///< the current folder is on the disc drive
     bool BrowsingRemovable = false; ///< it is on a removable drive
-    bool PlaylistView = false;      ///< the rows are a playlist's
-    std::string ParentName;         ///< the folder whose rows came from the catalogue, "" otherwise
 
   private:
     /// A row of the top level: offered when `condition` holds.
@@ -69,7 +52,7 @@ class ListBuilder {
     void AddFiles(const Contents& contents);
     // top_rows.cpp
     void AddTopRows();
-    bool OffersDisc() const { return needs_.app.CDReady; }
+    bool OffersDisc() const { return desk_.needs.app.CDReady; }
     bool OffersFavorites() const;
     bool Always() const { return true; }
     void AddDiscDrive();
@@ -80,23 +63,14 @@ class ListBuilder {
     void Recurse(const std::string& folder, std::vector<std::string>& files,
                  std::set<std::string>& seen);
     // list_builder.cpp
-    bool AddCatalogueFiles(const std::vector<CatalogueFile>& files);
     bool AddPlainFiles(const std::vector<std::string>& files);
-    bool Showable(const std::string& path) const;
     bool OtherDrive() const { return BrowsingCD || BrowsingRemovable; }
     void MarkPlace(const std::string& path);
     std::string ParentOf(const std::string& folder) const;
-    bool AtTop() const { return needs_.state.CurrentPath == needs_.MediaDir(); }
-    void Start();
-    void Finish();
+    bool AtTop() const { return desk_.needs.state.CurrentPath == desk_.needs.MediaDir(); }
 
-    BrowserNeeds& needs_;
-    ListModel& list_;
-    BrowserView& view_;
-    ListRows rows_;
+    ListDesk& desk_;
     DriveRules drives_;
-    std::string title_;
-    bool aborted_ = false;
 };
 
 } // namespace vk

@@ -9,45 +9,46 @@
 namespace vk {
 
 void ListBuilder::Populate() {
-    list_.HideDupes = false;
-    if (needs_.state.ListMode == ListApplications) return PopulateApplications();
-    if (drives_.HasDiscDrive()) view_.ShowLoading("Checking CD Rom");
+    desk_.list.HideDupes = false;
+    if (desk_.needs.state.ListMode == ListApplications) return PopulateApplications();
+    if (drives_.HasDiscDrive()) desk_.view.ShowLoading("Checking CD Rom");
     CheckDisc();
-    view_.ShowLoading("Busy");
-    needs_.state.CurrentPath = WithoutTrailingSeparator(needs_.state.CurrentPath);
-    if (!AtTop() && !FolderExists(needs_.state.CurrentPath)) {
-        needs_.report.Log("the folder " + ToUtf8(needs_.state.CurrentPath) + " is gone");
-        needs_.state.CurrentPath = needs_.MediaDir();
+    desk_.view.ShowLoading("Busy");
+    desk_.needs.state.CurrentPath = WithoutTrailingSeparator(desk_.needs.state.CurrentPath);
+    if (!AtTop() && !FolderExists(desk_.needs.state.CurrentPath)) {
+        desk_.needs.report.Log("the folder " + ToUtf8(desk_.needs.state.CurrentPath) + " is gone");
+        desk_.needs.state.CurrentPath = desk_.needs.MediaDir();
     }
     PopulateFolder();
 }
 
 void ListBuilder::PopulateFolder() {
-    const std::string path = needs_.state.CurrentPath;
+    const std::string path = desk_.needs.state.CurrentPath;
     MarkPlace(path);
     TitleFolder(path);
-    Start();
-    list_.HideDupes = needs_.settings.values.hideDupeArtist;
+    desk_.Start();
+    desk_.list.HideDupes = desk_.needs.settings.values.hideDupeArtist;
     if (AtTop())
         AddTopRows();
     else
-        rows_.AddBack(ParentOf(path));
+        desk_.rows.AddBack(ParentOf(path));
     Contents contents = Walk(path);
     ShellSortVariantArray(contents.folders);
     ShellSortVariantArray(contents.files);
     for (const std::string& folder : contents.folders)
-        rows_.AddFolderRow(folder);
+        desk_.rows.AddFolderRow(folder);
     AddFiles(contents);
-    Finish();
+    desk_.Finish();
 }
 
 void ListBuilder::TitleFolder(const std::string& path) {
     if (BrowsingCD)
-        SetTitle("Browsing CD/DVD ROM: " + ToUtf8(needs_.volumes.Label(drives_.DiscDrive())));
+        desk_.SetTitle("Browsing CD/DVD ROM: " +
+                       ToUtf8(desk_.needs.volumes.Label(drives_.DiscDrive())));
     else if (BrowsingRemovable)
-        SetTitle("Browsing removable drive: " + ToUtf8(drives_.DriveOf(path)));
+        desk_.SetTitle("Browsing removable drive: " + ToUtf8(drives_.DriveOf(path)));
     else
-        SetTitle(AtTop() ? "Browse By Directory " : " " + ShownName(FileNameOf(path)));
+        desk_.SetTitle(AtTop() ? "Browse By Directory " : " " + ShownName(FileNameOf(path)));
 }
 
 // Ends the walk when it returns true.
@@ -56,8 +57,8 @@ bool ListBuilder::TakeDiscVideo(const std::string& path, const std::string& name
     const auto video = RecogniseDiscVideo(path, name);
     if (!video) return false;
     if (video->descriptor.empty()) return true;
-    rows_.Add(video->name + ToUtf8(needs_.volumes.Label(drives_.DiscDrive())), video->descriptor,
-              dvdpic);
+    desk_.rows.Add(video->name + ToUtf8(desk_.needs.volumes.Label(drives_.DiscDrive())),
+                   video->descriptor, dvdpic);
     contents.folders.clear();
     contents.discRow = true;
     return true;
@@ -65,11 +66,11 @@ bool ListBuilder::TakeDiscVideo(const std::string& path, const std::string& name
 
 ListBuilder::Contents ListBuilder::Walk(const std::string& path) {
     Contents contents;
-    for (const FolderEntry& entry : ListFolder(path, [&] { return Pulse(); })) {
-        if (aborted_) break;
+    for (const FolderEntry& entry : ListFolder(path, [&] { return desk_.Pulse(); })) {
+        if (desk_.Aborted()) break;
         const std::string full = JoinPath(path, entry.name);
         if (!entry.isFolder) {
-            if (Showable(full)) contents.files.push_back(full);
+            if (desk_.Showable(full)) contents.files.push_back(full);
         } else if (BrowsingCD && TakeDiscVideo(path, entry.name, contents)) {
             break;
         } else {
@@ -81,16 +82,16 @@ ListBuilder::Contents ListBuilder::Walk(const std::string& path) {
 
 void ListBuilder::AddFiles(const Contents& contents) {
     bool found = false;
-    if (needs_.CatalogueOnLine() && !OtherDrive()) {
-        found = AddCatalogueFiles(needs_.catalogue->FolderFiles(
-            needs_.state.CurrentPath, needs_.state.ListMode == ListFromAudio,
-            needs_.settings.values.SortByFilename));
-        if (found) ParentName = title_;
+    if (desk_.needs.CatalogueOnLine() && !OtherDrive()) {
+        found = desk_.AddCatalogueFiles(desk_.needs.catalogue->FolderFiles(
+            desk_.needs.state.CurrentPath, desk_.needs.state.ListMode == ListFromAudio,
+            desk_.needs.settings.values.SortByFilename));
+        if (found) desk_.ParentName = desk_.Title();
     } else {
         found = AddPlainFiles(contents.files);
     }
     if (!found && !AtTop() && !contents.discRow)
-        rows_.AddNotice("No Supported Media Found", alertPic);
+        desk_.rows.AddNotice("No Supported Media Found", alertPic);
 }
 
 } // namespace vk

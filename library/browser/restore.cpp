@@ -21,7 +21,7 @@ void Browser::RestoreBrowseHistory() {
 bool Browser::RestoreElement(const std::string& element, const std::string& kind, bool last) {
     const bool byDescriptor = kind == "XM" || kind == "FILE";
     for (int row = 0; row < list_.ItemCount(); ++row) {
-        if (!builder_.Pulse()) return false;
+        if (!desk_.Pulse()) return false;
         const std::string text =
             byDescriptor ? list_.GetFileNameListusercontrol(row) : list_.GetIndexFirstArray(row);
         if (StartsWithNoCase(text, "SQL:SEARCH")) return false;

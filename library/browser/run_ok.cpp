@@ -10,6 +10,7 @@ namespace vk {
 
 void Browser::runok() {
     if (needs_.app.ListBusy) return;
+    if (KeyboardShown) return keyboard_.ClickIt();
     CloseToolFrame();
     Run("runok", [&] { Choose(); });
 }
@@ -43,7 +44,7 @@ void Browser::ChooseRow() {
 
 // Returns the element that the way back came from, "" on the way down.
 std::string Browser::TrackHistory(const std::string& descriptor, const std::string& kind) {
-    const bool back = list_.GetSelectedSongNum() == 0 && builder_.Rows().HasBack();
+    const bool back = list_.GetSelectedSongNum() == 0 && desk_.rows.HasBack();
     if (back && !BrowseHistory.empty()) return PopHistory(BrowseHistory);
     if (kind != "EDIT") PushHistory(BrowseHistory, descriptor);
     return {};
@@ -86,7 +87,7 @@ void Browser::OpenPlaylist(const RowDescriptor& row) {
     const std::string text = list_.GetSelectedItemText();
     const auto dash = text.find(" - ");
     const bool numbered = dash != std::string::npos && IsNumeric(text.substr(0, dash));
-    builder_.SetTitle(numbered ? text.substr(dash + 3) : text);
+    desk_.SetTitle(numbered ? text.substr(dash + 3) : text);
     builder_.ReadList(row.Rest());
 }
 

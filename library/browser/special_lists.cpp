@@ -26,23 +26,24 @@ void ListBuilder::Recurse(const std::string& folder, std::vector<std::string>& f
     if (!seen.insert(RealFolder(folder)).second) return;
     const std::string plain = WithoutTrailingSeparator(folder);
     for (const FolderEntry& entry : ListFolder(plain)) {
-        if (!Pulse()) return;
+        if (!desk_.Pulse()) return;
         const std::string full = JoinPath(plain, entry.name);
         if (entry.isFolder)
             Recurse(full, files, seen);
-        else if (Showable(full))
+        else if (desk_.Showable(full))
             files.push_back(full);
     }
 }
 
 void ListBuilder::RecurseFolder(const std::string& path) {
     MarkPlace(path);
-    Start();
-    rows_.AddBack(ParentOf(path));
-    SetTitle((BrowsingCD ? "Recurse CD/DVD: " : "Recurse Folder: ") + ShownName(FileNameOf(path)));
+    desk_.Start();
+    desk_.rows.AddBack(ParentOf(path));
+    desk_.SetTitle((BrowsingCD ? "Recurse CD/DVD: " : "Recurse Folder: ") +
+                   ShownName(FileNameOf(path)));
     bool found = false;
-    if (needs_.CatalogueOnLine() && !OtherDrive()) {
-        found = AddCatalogueFiles(needs_.catalogue->FilesBelow(path));
+    if (desk_.needs.CatalogueOnLine() && !OtherDrive()) {
+        found = desk_.AddCatalogueFiles(desk_.needs.catalogue->FilesBelow(path));
     } else {
         std::vector<std::string> files;
         std::set<std::string> seen;
@@ -50,39 +51,39 @@ void ListBuilder::RecurseFolder(const std::string& path) {
         ShellSortVariantArray(files);
         found = AddPlainFiles(files);
     }
-    if (!found) rows_.AddNotice("No Supported Media Found", alertPic);
-    Finish();
+    if (!found) desk_.rows.AddNotice("No Supported Media Found", alertPic);
+    desk_.Finish();
 }
 
 void ListBuilder::ReadList(const std::string& path) {
-    Start();
-    PlaylistView = true;
-    if (!EqualNoCase(FileNameOf(path), "favorites.m3u")) rows_.AddBack(needs_.MediaDir());
+    desk_.Start();
+    desk_.PlaylistView = true;
+    if (!EqualNoCase(FileNameOf(path), "favorites.m3u")) desk_.rows.AddBack(desk_.needs.MediaDir());
     std::int32_t number = 0;
     for (const std::string& file : ReadListFile(path)) {
-        if (!Pulse()) break;
-        const TagRecord tag = needs_.tags.GetDBTag(file);
-        rows_.AddFileRow(++number, tag.Artist, tag.Title, file, true);
+        if (!desk_.Pulse()) break;
+        const TagRecord tag = desk_.needs.tags.GetDBTag(file);
+        desk_.rows.AddFileRow(++number, tag.Artist, tag.Title, file, true);
     }
     if (number == 0) {
-        rows_.Clear();
-        rows_.AddBack(BrowsingCD ? needs_.state.CurrentPath : needs_.MediaDir());
-        rows_.AddNotice("<No Valid Filenames in the Playlist>");
+        desk_.rows.Clear();
+        desk_.rows.AddBack(BrowsingCD ? desk_.needs.state.CurrentPath : desk_.needs.MediaDir());
+        desk_.rows.AddNotice("<No Valid Filenames in the Playlist>");
     }
-    Finish();
+    desk_.Finish();
 }
 
 void ListBuilder::PopulateApplications() {
-    Start();
-    SetTitle("External Applications");
-    const auto lines = ListLines(ReadWholeFile(needs_.settings.File("apps.lst")).value_or(""));
+    desk_.Start();
+    desk_.SetTitle("External Applications");
+    const auto lines = ListLines(ReadWholeFile(desk_.needs.settings.File("apps.lst")).value_or(""));
     for (const std::string& line : lines) {
         const std::vector<std::string> fields = Split(line, '|');
         const bool named = fields.size() > 1 && !fields[1].empty();
-        rows_.Add(ToUtf8(named ? fields[1] : fields[0]), line, "");
+        desk_.rows.Add(ToUtf8(named ? fields[1] : fields[0]), line, "");
     }
-    if (lines.empty()) rows_.AddNotice("You have no applications configured");
-    Finish();
+    if (lines.empty()) desk_.rows.AddNotice("You have no applications configured");
+    desk_.Finish();
 }
 
 } // namespace vk

@@ -18,20 +18,20 @@ void ListBuilder::AddTopRows() {
 }
 
 bool ListBuilder::OffersFavorites() const {
-    return FileExists(needs_.settings.File("favorites.m3u"));
+    return FileExists(desk_.needs.settings.File("favorites.m3u"));
 }
 
 void ListBuilder::AddDiscDrive() {
-    rows_.Add("Browse CD/DVD drive", "PATH:" + drives_.DiscDrive(), cdromPic);
+    desk_.rows.Add("Browse CD/DVD drive", "PATH:" + drives_.DiscDrive(), cdromPic);
 }
 
 void ListBuilder::AddRemovableDrives() {
     for (const std::string& root : drives_.RemovableDrives())
-        rows_.Add("Browse Removable Drive " + ToUtf8(root), "PATH:" + root, hddpic);
+        desk_.rows.Add("Browse Removable Drive " + ToUtf8(root), "PATH:" + root, hddpic);
 }
 
 void ListBuilder::AddFavorites() {
-    rows_.Add("Favorites", "FILE:" + needs_.settings.File("favorites.m3u"), playlistpic);
+    desk_.rows.Add("Favorites", "FILE:" + desk_.needs.settings.File("favorites.m3u"), playlistpic);
 }
 
 } // namespace vk

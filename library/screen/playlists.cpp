@@ -50,8 +50,9 @@ const std::vector<playlists::ButtonRow> playlists::ToolRows = {
 
 playlists::playlists(const Needs& needs, QWidget* parent)
     : QWidget(parent), context_(needs.context), UCListBox_(context_, list_, this), toolFrame_(this),
-      bottomBar_(this), lblCurrentFolderStatus(this), ClockBar(this), lbLoading(this),
-      browser_(needs.browser, list_, *this),
+      bottomBar_(this), KBFrame(this), UCKeyboard(context_, keyboard_, &KBFrame),
+      lblCurrentFolderStatus(this), ClockBar(this), lbLoading(this),
+      browser_(needs.browser, {list_, keyboard_}, *this),
       volumeTimer_(context_.clock.MakeTimer([this] { (browser_.*heldVolume_)(); })) {
     hide();
     UCListBox_.setObjectName(QStringLiteral("UCListBox"));
@@ -64,6 +65,8 @@ playlists::playlists(const Needs& needs, QWidget* parent)
     MakeButton({"imgHome", "home.gif", "Home", &Browser::GoHome, &playlists::Always}, this);
     WireVolume("Image9", "vdownsel.gif", &Browser::VolDown);
     WireVolume("Image10", "vupsel.gif", &Browser::VolUp);
+    UCKeyboard.setObjectName(QStringLiteral("UCKeyboard"));
+    KBFrame.hide();
     toolFrame_.hide();
     lbLoading.hide();
     DoLayout();
@@ -106,6 +109,9 @@ void playlists::DoLayout() {
     UCListBox_.setGeometry(layout.list);
     UCListBox_.SetiMaxVis(context_.skin.data().playlist);
     if (list_.Loaded() && !app.ListBusy) UCListBox_.LoadList();
+    KBFrame.setGeometry(layout.keyboard);
+    UCKeyboard.setGeometry(KBFrame.rect());
+    UCKeyboard.UseSkin();
     LayoutLabels();
     LayoutButtons();
     update();
@@ -196,6 +202,24 @@ void playlists::ShowToolFrame(bool open) {
         context_.clock.Sleep(SlideStepMs);
     }
     toolFrame_.setVisible(open);
+}
+
+// The keyboard comes up from below the screen and goes back there. Events run in each step.
+void playlists::SlideKeyboard(bool open) {
+    if (open == KBFrame.isVisible()) return;
+    const QRect up = PlaylistsLayout(width(), height()).keyboard;
+    if (open) UCListBox_.hide();
+    KBFrame.raise();
+    lbLoading.raise();
+    for (int step = 1; step <= SlideSteps; ++step) {
+        const int out = open ? step : SlideSteps - step;
+        KBFrame.move(up.x(), height() - up.height() * out / SlideSteps);
+        KBFrame.show();
+        context_.clock.DoEvents();
+        context_.clock.Sleep(SlideStepMs);
+    }
+    KBFrame.setVisible(open);
+    UCListBox_.setVisible(!open);
 }
 
 void playlists::ShowAtFront() {

@@ -6,6 +6,7 @@
 #include "skin/controls/shaded_label.h"
 #include "skin/controls/touch_button.h"
 #include "skin/controls/uc_list_box.h"
+#include "skin/controls/uc_osk.h"
 
 #include <QWidget>
 
@@ -63,6 +64,7 @@ class playlists : public QWidget, private BrowserView {
     void SetClock(const std::string& text) override;
     void SetButton(BrowserButton button, const std::string& picture) override;
     void ShowToolFrame(bool open) override;
+    void SlideKeyboard(bool open) override;
     void ReDrawList() override { UCListBox_.ReDrawList(); }
     void ShowAtFront() override;
 
@@ -79,9 +81,12 @@ class playlists : public QWidget, private BrowserView {
 
     ControlContext context_;
     ListModel list_;
+    KeyboardModel keyboard_;
     UCListBox UCListBox_;
     QWidget toolFrame_;
     QWidget bottomBar_;
+    QWidget KBFrame;
+    UCOSK UCKeyboard;
     ShadedLabel lblCurrentFolderStatus;
     ShadedLabel ClockBar;
     ShadedLabel lbLoading;

@@ -16,6 +16,7 @@ PlaylistsLayout::PlaylistsLayout(int width, int height)
     clock = {home.left() - gap_ - clockWidth, 0, clockWidth, top};
     title = {margin, 0, clock.left() - gap_ - margin, top};
     list = {margin, top + gap_, width - 2 * margin, height - top - bottom - 2 * gap_};
+    keyboard = {0, top, width, height - top};
     loading =
         list.adjusted(list.width() / 10, list.height() / 3, -list.width() / 10, -list.height() / 3);
 }

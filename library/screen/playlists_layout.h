@@ -15,6 +15,7 @@ struct PlaylistsLayout {
     QRect title, clock, home; ///< in the top bar
     QRect list;
     QRect loading;  ///< the largest place of the label over the list
+    QRect keyboard; ///< all below the top bar
     int button = 0; ///< side of the square touch buttons
 
     /// `count` buttons spread evenly over the bottom bar.

@@ -29,13 +29,14 @@ class FakeBrowserView : public BrowserView {
         pictures[button] = picture;
     }
     void ShowToolFrame(bool open) override { toolFrame = open; }
+    void SlideKeyboard(bool open) override { keyboard = open; }
     void ReDrawList() override { ++drawn; }
     void ShowAtFront() override { ++shown; }
 
     std::string title, loading, clock;
     std::vector<std::string> said;
     std::map<BrowserButton, std::string> pictures;
-    bool toolFrame = false;
+    bool toolFrame = false, keyboard = false;
     int drawn = 0, shown = 0;
     std::function<void()> onTitle;
 };
@@ -112,7 +113,7 @@ class BrowserTest : public testing::Test {
                 BrowserNeeds{core.settings, core.state, state, audio, video, core.screens,
                              core.clock, core.volumes, core.locale, core.report, tags, keys,
                              catalogue, [this] { ++audioStopped; }},
-                list, view);
+                BrowserModels{list, keyboard}, view);
         return *made_;
     }
     template<class Part> std::vector<std::string> Rows(Part part) const {
@@ -161,6 +162,7 @@ class BrowserTest : public testing::Test {
     KeyMap keys;
     FakeBrowserView view;
     ListModel list;
+    KeyboardModel keyboard;
     FakeCatalogue known;
     Catalogue* catalogue = nullptr;
     int audioStopped = 0;

@@ -49,6 +49,7 @@ TEST_F(BrowserKeys, EscapeDuringABuildEndsItAndLeaves) {
     for (int i = 0; i < 20; ++i)
         Media("song" + std::to_string(i) + ".mp3");
     int runs = 0;
+    core.clock.workMs = 10;
     core.clock.onEvents = [&] {
         if (++runs == 5) browser().doquit();
     };
@@ -64,6 +65,7 @@ TEST_F(BrowserKeys, PressesDuringABuildAreIgnored) {
     MediaFiles({"a/x.mp3", "song.mp3"});
     browser().ReShow();
     int presses = 0;
+    core.clock.workMs = 10;
     core.clock.onEvents = [&] {
         ++presses;
         EXPECT_TRUE(core.state.ListBusy);

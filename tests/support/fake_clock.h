@@ -27,7 +27,7 @@ class FakeClock : public Clock {
         now.millisecond = static_cast<int>(ms % 1000);
         return now;
     }
-    std::int64_t TickMs() const override { return elapsed_; }
+    std::int64_t TickMs() const override { return elapsed_ += workMs; }
     void Sleep(int milliseconds) override {
         elapsed_ += milliseconds;
         slept += milliseconds;
@@ -56,6 +56,7 @@ class FakeClock : public Clock {
         jump_ = elapsed_;
     }
 
+    int workMs = 0;                 ///< milliseconds that pass with each look at `TickMs`
     std::int64_t slept = 0;         ///< milliseconds spent in `Sleep`
     int eventRuns = 0;              ///< calls of `DoEvents`
     std::function<void()> onEvents; ///< runs in every `DoEvents`: what arrives while a loop waits
@@ -106,7 +107,7 @@ class FakeClock : public Clock {
     }
 
     DateTime start_;
-    std::int64_t elapsed_ = 0;
+    mutable std::int64_t elapsed_ = 0;
     std::int64_t jump_ = 0;
     std::vector<FakeTimer*> timers_;
 };
