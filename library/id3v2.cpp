@@ -23,13 +23,14 @@ struct Layout {
     std::size_t flagsLength;
     int sizeBitsPerByte;
     std::string_view title, artist, album, genre, track, picture; // no picture: not read
+    bool mimeText; // else three letters name the picture's format
 
     std::size_t HeaderLength() const { return idLength + sizeLength + flagsLength; }
 };
 
-constexpr Layout V22 = {3, 3, 0, 8, "TT2", "TP1", "TAL", "TCO", "TRK", ""};
-constexpr Layout V23 = {4, 4, 2, 8, "TIT2", "TPE1", "TALB", "TCON", "TRCK", "APIC"};
-constexpr Layout V24 = {4, 4, 2, 7, "TIT2", "TPE1", "TALB", "TCON", "TRCK", "APIC"};
+constexpr Layout V22 = {3, 3, 0, 8, "TT2", "TP1", "TAL", "TCO", "TRK", "PIC", false};
+constexpr Layout V23 = {4, 4, 2, 8, "TIT2", "TPE1", "TALB", "TCON", "TRCK", "APIC", true};
+constexpr Layout V24 = {4, 4, 2, 7, "TIT2", "TPE1", "TALB", "TCON", "TRCK", "APIC", true};
 
 /// The layout, its picture frame one like any other when it is to be skipped.
 Layout Without(Picture picture, Layout layout) {
@@ -66,7 +67,7 @@ std::string ReadValue(MediaFile& file, std::uint64_t size) {
 void TakeFrame(MediaFile& file, const Frame& frame, const Layout& layout, const GenreTable& genres,
                TagRecord& tag) {
     if (frame.id == layout.picture && frame.size <= MaxPictureBytes)
-        tag.PictureData = PictureOfFrame(file.Read(frame.size));
+        tag.PictureData = PictureOfFrame(file.Read(frame.size), layout.mimeText);
     else if (frame.id == layout.title)
         tag.Title = ReadValue(file, frame.size);
     else if (frame.id == layout.artist)
@@ -95,8 +96,8 @@ void ReadFrames(MediaFile& file, const Layout& layout, const GenreTable& genres,
 
 } // namespace
 
-void ReadID3v22(MediaFile& file, const GenreTable& genres, TagRecord& tag) {
-    ReadFrames(file, V22, genres, tag);
+void ReadID3v22(MediaFile& file, const GenreTable& genres, TagRecord& tag, Picture picture) {
+    ReadFrames(file, Without(picture, V22), genres, tag);
 }
 void ReadID3v23(MediaFile& file, const GenreTable& genres, TagRecord& tag, Picture picture) {
     ReadFrames(file, Without(picture, V23), genres, tag);
@@ -121,12 +122,14 @@ void TakeGenreText(std::string_view text, const GenreTable& genres, TagRecord& t
     if (!rest.empty()) tag.Genre = rest;
 }
 
-std::string PictureOfFrame(std::string_view frame) {
+std::string PictureOfFrame(std::string_view frame, bool mimeText) {
     constexpr std::size_t EncodingLength = 1;
+    constexpr std::size_t FormatLength = 3;
     constexpr std::size_t TypeLength = 1;
-    const auto mimeEnd = frame.find('\0', EncodingLength);
-    if (mimeEnd == std::string_view::npos) return {};
-    const auto descriptionEnd = frame.find('\0', mimeEnd + 1 + TypeLength);
+    const auto formatEnd =
+        mimeText ? frame.find('\0', EncodingLength) : EncodingLength + FormatLength - 1;
+    if (formatEnd == std::string_view::npos) return {};
+    const auto descriptionEnd = frame.find('\0', formatEnd + 1 + TypeLength);
     if (descriptionEnd == std::string_view::npos) return {};
     return std::string(frame.substr(descriptionEnd + 1));
 }

@@ -12,7 +12,8 @@ namespace vk {
 
 /// Each reads a tag of its version into `tag`, frame by frame. Damage throws; what was read before
 /// stays in `tag`.
-void ReadID3v22(MediaFile& file, const GenreTable& genres, TagRecord& tag);
+void ReadID3v22(MediaFile& file, const GenreTable& genres, TagRecord& tag,
+                Picture picture = Picture::Read);
 void ReadID3v23(MediaFile& file, const GenreTable& genres, TagRecord& tag,
                 Picture picture = Picture::Read);
 void ReadID3v24(MediaFile& file, const GenreTable& genres, TagRecord& tag,
@@ -21,8 +22,8 @@ void ReadID3v24(MediaFile& file, const GenreTable& genres, TagRecord& tag,
 /// The description and number in a genre text: "Pop", "(13)", "(13)Power Pop".
 void TakeGenreText(std::string_view text, const GenreTable& genres, TagRecord& tag);
 
-/// What follows encoding, MIME text, picture type and description in a picture frame; empty when a
-/// text does not end.
-std::string PictureOfFrame(std::string_view frame);
+/// What follows encoding, MIME text (in version 2.2 three letters without an end), picture type and
+/// description in a picture frame; empty when a text does not end.
+std::string PictureOfFrame(std::string_view frame, bool mimeText = true);
 
 } // namespace vk

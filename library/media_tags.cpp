@@ -10,7 +10,7 @@ TagRecord MediaTags::GetDBTag(const std::string& path) const {
         if (auto stored = catalogue_->StoredTag(path)) return *std::move(stored);
     const int type = GetMediaType(app_, path);
     if (type == MediaAudio) {
-        TagRecord tag = reader_.ReadTag(path);
+        TagRecord tag = reader_.ReadTag(path, Picture::Skip);
         if (!tag.Title.empty() || !tag.Artist.empty()) return tag;
     }
     return GetFileNameTag(path, type);

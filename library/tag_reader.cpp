@@ -74,7 +74,7 @@ void ID3::ReadVersion(float version, MediaFile& file, TagRecord& tag, Picture pi
     if (version == 1.0f)
         ReadID3v1(file, genres_, tag);
     else if (version == 2.2f || version == 2.21f)
-        ReadID3v22(file, genres_, tag);
+        ReadID3v22(file, genres_, tag, picture);
     else if (version == 2.3f)
         ReadID3v23(file, genres_, tag, picture);
     else if (version == 2.4f)

@@ -1,6 +1,7 @@
 // Tags as bytes, made by tests.
 #pragma once
 
+#include <algorithm>
 #include <initializer_list>
 #include <string>
 
@@ -46,13 +47,45 @@ inline std::string ID3v1(const std::string& title, const std::string& artist, in
            Number(static_cast<std::size_t>(genre), 1);
 }
 
-inline std::string Vorbis(std::initializer_list<std::string> comments) {
+inline std::string CommentList(std::initializer_list<std::string> comments) {
     const std::string vendor = "maker";
-    std::string text = "OggS" + std::string(300, '\x01') + "\x03vorbis" + Little(vendor.size()) +
-                       vendor + Little(comments.size());
+    std::string text = Little(vendor.size()) + vendor + Little(comments.size());
     for (const std::string& comment : comments)
         text += Little(comment.size()) + comment;
-    return text + "\x01" + "\x05vorbis";
+    return text;
+}
+
+inline std::string Vorbis(std::initializer_list<std::string> comments) {
+    return "OggS" + std::string(300, '\x01') + "\x03vorbis" + CommentList(comments) + "\x01" +
+           "\x05vorbis";
+}
+
+/// One packet in as many pages of an Ogg stream as it takes.
+inline std::string OggPages(std::string packet) {
+    constexpr std::size_t Segment = 255;
+    std::string pages, lengths;
+    std::size_t taken = 0;
+    for (bool ended = false; !ended;) {
+        lengths.clear();
+        std::size_t body = 0;
+        while (lengths.size() < Segment && !ended) {
+            const std::size_t length = std::min(Segment, packet.size() - taken - body);
+            lengths.push_back(static_cast<char>(length));
+            body += length;
+            ended = length < Segment;
+        }
+        pages += "OggS" + std::string(10, '\0') + "unit" + std::string(8, '\0') +
+                 static_cast<char>(lengths.size()) + lengths + packet.substr(taken, body);
+        taken += body;
+    }
+    return pages;
+}
+
+/// A picture with its description and measures, as FLAC files hold it; kind 3 is the front cover.
+inline std::string PictureBlock(std::size_t kind, const std::string& picture) {
+    const std::string mime = "image/jpeg", description = "sleeve";
+    return Number(kind, 4) + Number(mime.size(), 4) + mime + Number(description.size(), 4) +
+           description + std::string(16, '\0') + Number(picture.size(), 4) + picture;
 }
 
 } // namespace vk::test
