@@ -33,7 +33,8 @@ Application::~Application() {
 
 bool Application::Start() {
     host_.ShowOnScreen();
-    // What is drawn before the window is on the screen is lost, and the loading screen does not wait.
+    // What is drawn before the window is on the screen is lost, and the loading screen does not
+    // wait.
     for (int i = 0; i < ExposeSteps && !host_.Exposed(); ++i) {
         clock_.DoEvents();
         clock_.Sleep(ExposeStepMs);
@@ -71,8 +72,8 @@ ScreenLoader Application::MakeLoader() {
         };
     };
     loader.playlists = [this] {
-        browserScreen_ = std::make_unique<playlists>(
-            playlists::Needs{controls_, BrowserScreenNeeds()}, &host_);
+        browserScreen_ =
+            std::make_unique<playlists>(playlists::Needs{controls_, BrowserScreenNeeds()}, &host_);
         screens_.Add("playlists", *browserScreen_);
     };
     loader.playmp3 = [this] {
@@ -136,7 +137,8 @@ astart::Needs Application::StartNeeds() {
                 },
             .unloadAll = [this] { Quit(false); },
             .initRemote = {},
-            .destinatorInstalled = {}};
+            .destinatorInstalled = {},
+            .catalogue = MakeCatalogueHooks()};
 }
 
 MainMenu::Needs Application::MenuNeeds() {
@@ -181,7 +183,7 @@ BrowserNeeds Application::BrowserScreenNeeds() {
             .report = report_,
             .tags = tags_,
             .keys = keys_,
-            .catalogue = nullptr,
+            .catalogue = &db_,
             .StopAudio = [this] { start_.Winamp()->WinAMP_SCM(WinampStop); }};
 }
 
@@ -200,6 +202,7 @@ AudioPlayer::Needs Application::PlayerNeeds() {
             .log = log_,
             .report = report_,
             .tagOf = [this](const std::string& path) { return tags_.GetDBTag(path); },
+            .query = [this](const std::string& sql) { return Query(sql); },
             .checkDaylight = [this] { daylight_.Check(); },
             .loadGPS = [this] { start_.LoadGPS(); }};
 }
@@ -217,7 +220,48 @@ SettingsShell::Needs Application::ShellNeeds() {
             .skin = skin_,
             .keys = keys_,
             .start = start_,
+            .catalogue = updates_,
             .exitApplication = [this] { Quit(false); }};
+}
+
+CatalogueUpdates::Needs Application::UpdateNeeds() {
+    return {.app = state_,
+            .settings = settings_,
+            .screens = screens_,
+            .report = report_,
+            .db = db_,
+            .scan =
+                [this](const ScanRequest& request) {
+                    if (server_) server_->Scan(request);
+                },
+            .stop =
+                [this] {
+                    if (server_) server_->Stop();
+                },
+            .progressShown =
+                [this] {
+                    if (settingsScreen_) settingsScreen_->ShowTexts();
+                }};
+}
+
+CatalogueHooks Application::MakeCatalogueHooks() {
+    return {.reference = [this](const std::string& program) { ReferenceServer(program); },
+            .open = [this] { updates_.Open(); },
+            .supervise = [this] { updates_.Supervise(); },
+            .release = [this] { server_.reset(); }};
+}
+
+void Application::ReferenceServer(const std::string& program) {
+    if (server_) return;
+    server_ = std::make_unique<DB_OBJ>(program, log_, updates_.Events());
+    state_.DBState = DBStateValue::Offline;
+}
+
+std::vector<CatalogueRow> Application::Query(const std::string& sql) {
+    std::vector<CatalogueRow> rows;
+    for (const CatalogueFile& file : db_.Files(sql))
+        rows.push_back({JoinPath(settings_.values.MediaDir, file.path), file.artist, file.title});
+    return rows;
 }
 
 } // namespace vk

@@ -11,6 +11,7 @@
 #include "core/startup/astart.h"
 #include "input/key_map.h"
 #include "library/browser_state.h"
+#include "library/catalogue/updates.h"
 #include "library/media_tags.h"
 #include "library/screen/playlists.h"
 #include "library/tag_reader.h"
@@ -52,6 +53,10 @@ class Application {
     BrowserNeeds BrowserScreenNeeds();
     AudioPlayer::Needs PlayerNeeds();
     SettingsShell::Needs ShellNeeds();
+    CatalogueUpdates::Needs UpdateNeeds();
+    CatalogueHooks MakeCatalogueHooks();
+    void ReferenceServer(const std::string& program);
+    std::vector<CatalogueRow> Query(const std::string& sql);
     void LoadSettingsScreen();
     void UnloadSettingsScreen();
     void UnloadScreens();
@@ -82,7 +87,9 @@ class Application {
     BrowserState browser_;
     VideoState video_;
     ID3 tagReader_{TagPorts{log_, dialogs_}, state_.DecimalSymbol};
-    MediaTags tags_{state_, tagReader_};
+    modDB db_{{state_, settings_, report_, tagReader_}};
+    CatalogueUpdates updates_{UpdateNeeds()};
+    MediaTags tags_{state_, tagReader_, &db_};
     Daylight daylight_{{state_, settings_, clock_, screens_, skin_, {}}};
 
     // Screens.
@@ -91,6 +98,7 @@ class Application {
     BlackBackground background_{screens_, skin_, &host_};
     ScreenLoader loader_{MakeLoader()};
     astart start_{StartNeeds()};
+    std::unique_ptr<DB_OBJ> server_;
     std::unique_ptr<velkorandum> menuScreen_;
     std::unique_ptr<playlists> browserScreen_;
     std::unique_ptr<playmp3> playerScreen_;

@@ -45,6 +45,7 @@ void SettingsShell::FirstRun() {
         view_.ShowTexts();
         n_.dialogs.ShowMessage(
             "Velkorandum will now update the database.\nThis may take a few minutes.");
+        n_.catalogue.Open();
         view_.EnableLeaving(true, true);
         n_.settings.Write("main", "Setup", "true");
         n_.state.Setup = true;
@@ -54,8 +55,11 @@ void SettingsShell::FirstRun() {
 
 void SettingsShell::btnmediadir_Click() {
     Trap(n_.report, "An error occured in settings.btnmediadir_Click ", [&] {
+        if (RefusedWhileBusy()) return;
+        const std::string before = Values().MediaDir;
         if (!folders_.ChooseMediaDir()) return n_.exitApplication();
         view_.ShowTexts();
+        if (Values().MediaDir != before) AskForUpdate();
     });
 }
 
@@ -102,30 +106,11 @@ void SettingsShell::DoneButton_Click() {
 
 void SettingsShell::bExitApp_Click() {
     Trap(n_.report, "An error occured in settings.bExitApp_Click ", [&] {
-        if (n_.state.DBState == DBStateValue::Rebuilding)
-            return view_.SetTopInfo("Please wait for the database to finish.");
+        if (RefusedWhileBusy()) return;
         n_.settings.Write("main", "CurrentSelectID", "0");
         n_.window.ShowCursor(true);
         n_.exitApplication();
     });
-}
-
-std::string SettingsShell::DBStatusText() const {
-    switch (n_.state.DBState) {
-    case DBStateValue::Disabled:
-        return "Disabled";
-    case DBStateValue::Offline:
-        return "Offline";
-    case DBStateValue::CheckPoint:
-        return "CheckPoint";
-    case DBStateValue::Initialized:
-        return "Initialized";
-    case DBStateValue::Rebuilding:
-        return "Rebuilding";
-    case DBStateValue::OnLine:
-        return "Ready";
-    }
-    return {};
 }
 
 } // namespace vk

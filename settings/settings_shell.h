@@ -8,6 +8,7 @@
 #include "core/startup/astart.h"
 #include "core/startup/loading_screen.h"
 #include "input/key_map.h"
+#include "library/catalogue/updates.h"
 #include "platform/clock.h"
 #include "platform/dialogs.h"
 #include "platform/locale_info.h"
@@ -49,6 +50,7 @@ class SettingsShell {
         SkinStore& skin;
         KeyMap& keys;
         astart& start;
+        CatalogueUpdates& catalogue;
         std::function<void()> exitApplication; ///< ends the process, nothing more is asked
     };
 
@@ -58,11 +60,19 @@ class SettingsShell {
     void ReShow();
     void btnmediadir_Click();
     void btnPlaylistDir_Click();
+    /// Asks, then updates the catalogue; while that is under way, stops it.
+    void bDBForceUpdate_Click();
+    void bDeleteDB_Click();
+    /// Turns the updates at each start off or on again.
+    void chkDBManualUpdate_Click();
     void DoneButton_Click();
     void bExitApp_Click();
 
     /// The state of the catalogue as the screen shows it.
     std::string DBStatusText() const;
+    /// How far the update is and what it is doing; empty while there is none.
+    std::string DBActionText() const;
+    bool DBUpdating() const { return n_.catalogue.Busy(); }
     const Settings& Values() const { return n_.settings.values; }
 
     bool FirstRunDue = false; ///< the user has not been through the first run yet
@@ -70,6 +80,8 @@ class SettingsShell {
   private:
     void FirstRun();
     void ChooseSkin();
+    bool RefusedWhileBusy();
+    void AskForUpdate();
 
     Needs n_;
     SettingsView& view_;

@@ -8,7 +8,7 @@ here="$(dirname "$(readlink -f "$0")")"
 vkini="$here/../build/release/tools/vkini"
 
 mkdir -p "$demo/skins"
-cp -u "$app/velkorandum" "$app/winamp" "$app/DB_UPDATE" "$demo/"
+cp -u "$app/velkorandum" "$app/winamp" "$app/DB_UPDATE" "$app/tags_empty.mdb" "$demo/"
 cp -ru "$app/skins/." "$demo/skins/"
 python3 "$here/make_demo_library.py" "$demo/media"
 

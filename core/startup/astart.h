@@ -33,6 +33,15 @@ enum class StartOutcome {
     Running   ///< the main menu is in front
 };
 
+/// What start-up and supervision do with the catalogue; empty functions where it is not used.
+struct CatalogueHooks {
+    /// Takes the server, a program, into use; called before `open`.
+    std::function<void(const std::string& program)> reference;
+    std::function<void()> open;      ///< unless it was opened before
+    std::function<void()> supervise; ///< every tick of the supervisor
+    std::function<void()> release;   ///< lets the server go
+};
+
 /// Never shown; lives until the process ends. Owns the player's remote control and the supervisor
 /// timer.
 class astart {
@@ -61,6 +70,7 @@ class astart {
         /// Parts that may be missing: an empty function is a device or program that is not there.
         std::function<bool()> initRemote;
         std::function<bool()> destinatorInstalled;
+        CatalogueHooks catalogue = {};
     };
 
     explicit astart(Needs needs);
@@ -115,6 +125,9 @@ class astart {
     void StartRemote();
     void Timer1_Timer();
     void WatchPlayer();
+    static void Call(const std::function<void()>& hook) {
+        if (hook) hook();
+    }
     StartOutcome End();
 
     static constexpr int SupervisorMs = 400;

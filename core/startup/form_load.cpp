@@ -207,7 +207,11 @@ void astart::FindOpticalDrives() {
 }
 
 bool astart::ReferenceServer() {
-    if (!CatalogueServerProgram(n_.registry, n_.settings.AppDir()).empty()) return true;
+    const std::string program = CatalogueServerProgram(n_.registry, n_.settings.AppDir());
+    if (!program.empty()) {
+        if (n_.catalogue.reference) n_.catalogue.reference(program);
+        return true;
+    }
     n_.dialogs.ShowMessage("Could not reference DB_UPDATE.exe");
     n_.report.ReportError("Could not reference DB_UPDATE.exe", "Not Registered", 0);
     return false;
@@ -229,6 +233,7 @@ StartOutcome astart::StartNormally() {
     n_.skin.LoadSkin();
     ChooseOpticalDrive();
     if (n_.settings.values.UseScaling) AddBootItem("Using Adaptive Font Scaling");
+    Call(n_.catalogue.open);
     timer1_->Start(SupervisorMs);
     FinishExecution();
     return StartOutcome::Running;

@@ -13,6 +13,7 @@ constexpr int MostScreensToLeave = 4;
 void astart::Timer1_Timer() {
     timer1_->Stop();
     if (n_.screens.Count() == 0) n_.window.ForceForegroundWindow();
+    Call(n_.catalogue.supervise);
     if (n_.state.WinampWatched && winamp_) WatchPlayer();
     if (!unloaded_) timer1_->Start(SupervisorMs);
 }
@@ -48,6 +49,7 @@ void astart::Form_Unload() {
     if (unloaded_) return;
     unloaded_ = true;
     timer1_->Stop();
+    Call(n_.catalogue.release);
     // No remote is learning here, so the interval is 0.
     if (!keepRemoteLearning_) n_.settings.Write("remote", "learn", "0");
     if (n_.settings.values.hidemouse) n_.window.ShowCursor(true);

@@ -10,7 +10,7 @@ namespace vk {
 
 namespace {
 
-enum RowIndex { MediaRow, PlaylistRow, DoneRow, ExitRow };
+enum RowIndex { MediaRow, PlaylistRow, UpdateRow, DeleteRow, ManualRow, DoneRow, ExitRow };
 constexpr int RefreshMs = 1000;
 constexpr int RowRadius = 12;
 
@@ -26,6 +26,9 @@ settings::settings(const ControlContext& context, SettingsShell::Needs needs, QW
       locale_(needs.locale), lblSettingsTopInfo(this), lblTime(this) {
     AddRow("Media folder", [this] { shell_.btnmediadir_Click(); });
     AddRow("Playlist folder", [this] { shell_.btnPlaylistDir_Click(); });
+    AddRow("Update database", [this] { shell_.bDBForceUpdate_Click(); });
+    AddRow("Delete database", [this] { shell_.bDeleteDB_Click(); });
+    AddRow("Manual Database Refresh Only", [this] { shell_.chkDBManualUpdate_Click(); });
     AddRow("Done", [this] { shell_.DoneButton_Click(); });
     AddRow("Exit App", [this] { shell_.bExitApp_Click(); });
     timer1_ = context_.clock.MakeTimer([this] { ShowTexts(); });
@@ -96,10 +99,15 @@ void settings::ShowTexts() {
     rows_[MediaRow].label->SetText("Media folder\nCurrent   -   " + shell_.Values().MediaDir);
     rows_[PlaylistRow].label->SetText("Playlist folder\nCurrent  -  " +
                                       shell_.Values().PlaylistDir);
-    rows_[DoneRow].label->SetText(rows_[DoneRow].caption);
-    rows_[ExitRow].label->SetText(rows_[ExitRow].caption);
+    rows_[UpdateRow].label->SetText(shell_.DBUpdating() ? "Stop the update"
+                                                        : rows_[UpdateRow].caption);
+    rows_[ManualRow].label->SetText(rows_[ManualRow].caption + "\n" +
+                                    (shell_.Values().manualdb ? "on" : "off"));
+    for (const int row : {DeleteRow, DoneRow, ExitRow})
+        rows_[static_cast<std::size_t>(row)].label->SetText(
+            rows_[static_cast<std::size_t>(row)].caption);
     lblTime.SetText(locale_.ShortTime(context_.clock.Now()) +
-                    "     Database: " + shell_.DBStatusText());
+                    "     Database: " + shell_.DBStatusText() + "     " + shell_.DBActionText());
 }
 
 void settings::DoLayout() {
@@ -107,15 +115,24 @@ void settings::DoLayout() {
     const int margin = width() / 40;
     const int inner = width() - 2 * margin;
     const int unit = height() / 20;
-    lblSettingsTopInfo.setGeometry(margin, unit / 2, inner, 4 * unit);
+    lblSettingsTopInfo.setGeometry(margin, unit / 2, inner, 3 * unit + unit / 2);
     lblSettingsTopInfo.SetWrap(true);
     lblSettingsTopInfo.SetShrink(0.4);
-    rows_[MediaRow].label->setGeometry(margin, 5 * unit, inner, 4 * unit);
-    rows_[PlaylistRow].label->setGeometry(margin, 9 * unit + unit / 2, inner, 4 * unit);
-    const int half = (inner - margin) / 2;
-    rows_[DoneRow].label->setGeometry(margin, 14 * unit, half, 3 * unit + unit / 2);
-    rows_[ExitRow].label->setGeometry(2 * margin + half, 14 * unit, half, 3 * unit + unit / 2);
-    lblTime.setGeometry(margin, 18 * unit, inner, unit + unit / 2);
+    const int tall = 3 * unit + unit / 4;
+    const auto place = [&](std::initializer_list<RowIndex> line, int top) {
+        const int count = static_cast<int>(line.size());
+        const int each = (inner - (count - 1) * margin) / count;
+        int left = margin;
+        for (const RowIndex row : line) {
+            rows_[row].label->setGeometry(left, top, each, tall);
+            left += each + margin;
+        }
+    };
+    place({MediaRow}, 4 * unit + unit / 4);
+    place({PlaylistRow}, 7 * unit + unit * 3 / 4);
+    place({UpdateRow, DeleteRow, ManualRow}, 11 * unit + unit / 4);
+    place({DoneRow, ExitRow}, 14 * unit + unit * 3 / 4);
+    lblTime.setGeometry(margin, 18 * unit + unit / 4, inner, unit + unit / 2);
     lblTime.SetShrink(0.5);
     DrawRows();
 }

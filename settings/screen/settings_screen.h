@@ -1,4 +1,4 @@
-// The settings screen: the two folders, and the way back.
+// The settings screen: the two folders, the catalogue, and the way back.
 #pragma once
 
 #include "settings/settings_shell.h"
@@ -14,7 +14,7 @@
 
 namespace vk {
 
-/// Four large rows, moved through by the arrows, used by Enter or touch; Escape is Done.
+/// Large rows, moved through by the arrows, used by Enter or touch; Escape is Done.
 class settings : public QWidget, public SettingsView {
   public:
     settings(const ControlContext& context, SettingsShell::Needs needs, QWidget* parent);

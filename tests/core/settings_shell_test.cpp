@@ -1,3 +1,4 @@
+#include "library/catalogue/schema.h"
 #include "settings/settings_shell.h"
 #include "tests/core/start_fixture.h"
 
@@ -21,7 +22,8 @@ struct SettingsShellTest : testing::Test, test::StartFixture {
         loader.settings = [this] {
             shell = std::make_unique<SettingsShell>(
                 SettingsShell::Needs{state, settings, report, dialogs, clock, locale, screens,
-                                     window, loading, skin, keys, *start, [this] { ++exits; }},
+                                     window, loading, skin, keys, *start, updates,
+                                     [this] { ++exits; }},
                 view);
             shell->FirstRunDue = true;
             MakeScreen("settings");
@@ -99,6 +101,36 @@ TEST_F(SettingsShellTest, LeavingLaterLoadsTheScreensAnew) {
                         "loading.Init 0 13", "loading.Clear", "unload screens", "load velkorandum",
                         "load playlists", "load playmp3", "loading.Max", "velkorandum.ReShow"}));
     EXPECT_EQ(shell->DBStatusText(), "Disabled");
+}
+
+TEST_F(SettingsShellTest, TheCatalogueButtonsAskBeforeTheyAct) {
+    LaterRun();
+    const std::string media = app.MakeFolder("other");
+    dialogs.folders = {media, media};
+    dialogs.answers = {true};
+    shell->btnmediadir_Click();
+    EXPECT_EQ(dialogs.shown.back(), "Update the media database now?\nThis may take a few minutes");
+    updates.Supervise();
+    EXPECT_EQ(scans, 0) << "without a template there is no catalogue";
+    MakeEmptyCatalogue(app.File(EmptyCatalogueName));
+    dialogs.answers = {true, true, true};
+    shell->bDBForceUpdate_Click();
+    updates.Supervise();
+    EXPECT_EQ(scans, 1);
+    state.DBState = DBStateValue::Rebuilding;
+    for (const auto click : {&SettingsShell::bDeleteDB_Click, &SettingsShell::btnmediadir_Click})
+        (shell.get()->*click)();
+    EXPECT_EQ(view.topInfo, "Please wait for the database to finish.");
+    shell->bDBForceUpdate_Click();
+    updates.Supervise();
+    EXPECT_EQ(stops, 1);
+    state.DBState = DBStateValue::OnLine;
+    shell->bDeleteDB_Click();
+    EXPECT_EQ(shell->DBStatusText(), "Initialized");
+    shell->chkDBManualUpdate_Click();
+    EXPECT_TRUE(dialogs.shown.back().ends_with("--- YOU WERE WARNED ---"));
+    EXPECT_EQ(settings.Read("main", "manualdb"), "true");
+    EXPECT_TRUE(settings.values.manualdb);
 }
 
 TEST_F(SettingsShellTest, TheExitButtonWaitsForABusyCatalogue) {

@@ -4,6 +4,7 @@
 #include "core/file_registry.h"
 #include "core/startup/astart.h"
 #include "core/version.h"
+#include "library/catalogue/updates.h"
 #include "tests/sim/recording_player.h"
 #include "tests/support/core_fixture.h"
 #include "tests/support/recording_screen.h"
@@ -78,7 +79,13 @@ struct StartFixture : CoreFixture {
                           .environment = [](const std::string&) { return std::string(); },
                           .unloadAll = [this] { ++ended; },
                           .initRemote = {},
-                          .destinatorInstalled = {}});
+                          .destinatorInstalled = {},
+                          .catalogue = {[this](const std::string& program) {
+                                            told.push_back("server " + program);
+                                            state.DBState = DBStateValue::Offline;
+                                        },
+                                        [this] { updates.Open(); }, [this] { updates.Supervise(); },
+                                        [this] { told.push_back("server released"); }}});
     }
     /// An application directory that has been through its first run.
     void SetUpApp() {
@@ -114,6 +121,12 @@ struct StartFixture : CoreFixture {
     KeyMap keys;
     ScreenLoader loader;
     int ended = 0;
+
+    ID3 reader{{log, dialogs}, state.DecimalSymbol};
+    modDB db{{state, settings, report, reader}};
+    int scans = 0, stops = 0;
+    CatalogueUpdates updates{{state, settings, screens, report, db,
+                              [this](const ScanRequest&) { ++scans; }, [this] { ++stops; }}};
 };
 
 } // namespace vk::test

@@ -37,7 +37,8 @@ TEST_F(StartupTest, ASetUpDirectoryLeadsToTheMenuInOrder) {
     const auto start = Make();
     EXPECT_EQ(start->Form_Load(), StartOutcome::Running);
     const std::vector<std::string> expected = {
-        "loading.Load", "loading.Init 0 13", "load velkorandum", "load playlists",
+        "loading.Load", "loading.Init 0 13",
+                                            "server " + app.File("DB_UPDATE"), "load velkorandum", "load playlists",
         "load playmp3", "loading.Max",       "loading.Clear",    "velkorandum.ReShow"};
     EXPECT_EQ(told, expected);
     EXPECT_EQ(start->BootStepCount, 12) << "the bar stops short when the player is there already";

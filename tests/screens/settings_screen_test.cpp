@@ -15,7 +15,7 @@ struct SettingsScreenTest : testing::Test, test::StartFixture {
         screen = std::make_unique<vk::settings>(
             ControlContext{state, settings.values, skin, pictures, clock},
             SettingsShell::Needs{state, settings, report, dialogs, clock, locale, screens, window,
-                                 loading, skin, keys, *start, [this] { ++exits; }},
+                                 loading, skin, keys, *start, updates, [this] { ++exits; }},
             &host);
         screens.Add("settings", *screen);
         host.show();

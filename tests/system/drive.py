@@ -18,7 +18,7 @@ import wave
 
 APPDIR, VKINI = pathlib.Path(sys.argv[1]), sys.argv[2]
 PATIENCE = 40  # seconds for any one thing, on a slow and busy machine
-PROGRAMS = ("velkorandum", "winamp", "DB_UPDATE")
+PROGRAMS = ("velkorandum", "winamp", "DB_UPDATE", "tags_empty.mdb")
 
 
 def wait_for(what, condition):

@@ -1,0 +1,92 @@
+#include "library/catalogue/updates.h"
+
+#include "library/catalogue/schema.h"
+#include "platform/files.h"
+
+#include <algorithm>
+
+namespace vk {
+
+DB_OBJ::Events CatalogueUpdates::Events() {
+    return {.StatusChanged = [this](DBStateValue state) { n_.app.DBState = state; },
+            .ShowProgress = [this](const ScanProgress& progress) { ShowProgress(progress); },
+            .UnhookDB = [this] { n_.db.UnhookDB(); },
+            .DBError = [this](const ServerError& error) { ReportServerError(error); },
+            .Lost = [this] { n_.db.ShowOldRows(); }};
+}
+
+void CatalogueUpdates::Open() {
+    if (n_.app.DBState == DBStateValue::Offline) n_.db.InitDB(false);
+}
+
+bool CatalogueUpdates::FirstScanIsDue() const {
+    const DBStateValue state = n_.app.DBState;
+    return !fired_ && n_.app.Setup && n_.screens.CurrentForm != "settings" &&
+           (state == DBStateValue::CheckPoint || state == DBStateValue::Initialized) &&
+           !n_.settings.values.manualdb && FolderExists(n_.settings.values.MediaDir);
+}
+
+void CatalogueUpdates::Supervise() {
+    if (FirstScanIsDue()) {
+        fired_ = true;
+        Scan(true);
+    } else if (rescanWanted_ && n_.app.DBState != DBStateValue::Disabled) {
+        rescanWanted_ = false;
+        Scan(false);
+    }
+    if (std::exchange(stopWanted_, false)) n_.stop();
+}
+
+void CatalogueUpdates::RequestScan() {
+    if (n_.app.DBState == DBStateValue::Disabled) n_.db.InitDB(false);
+    rescanWanted_ = true;
+}
+
+void CatalogueUpdates::Delete() {
+    n_.report.Log("db checkpoint");
+    n_.db.Close();
+    DeleteFileAt(n_.settings.File(CatalogueFileName));
+    n_.app.DBState = DBStateValue::Disabled;
+}
+
+void CatalogueUpdates::OpenAnew() {
+    n_.app.DBState = DBStateValue::Offline;
+    n_.db.InitDB(false);
+    fired_ = false;
+    rescanWanted_ = true; // in manual mode, and while the settings screen is in front
+}
+
+void CatalogueUpdates::Scan(bool full) {
+    const Settings& settings = n_.settings.values;
+    n_.scan({.full = full,
+             .appDir = n_.settings.AppDir(),
+             .mediaDir = settings.MediaDir,
+             .audioExtensions = settings.AudioExtensions,
+             .videoExtensions = settings.VideoExtensions,
+             .decimalSymbol = n_.app.DecimalSymbol});
+}
+
+void CatalogueUpdates::ShowProgress(const ScanProgress& progress) {
+    if (n_.screens.CurrentForm != "settings") return;
+    progress_ = progress;
+    if (progress.step == ScanStep::ToRead) toRead_ = progress.count;
+    if (n_.progressShown) n_.progressShown();
+}
+
+// Nearly all the time goes into reading tags.
+int CatalogueUpdates::Percent() const {
+    constexpr int Before = 10, Reading = 80;
+    if (progress_.step < ScanStep::Reading) return 0;
+    if (progress_.step > ScanStep::Reading || toRead_ <= 0) return Before + Reading;
+    return Before + static_cast<int>(std::min(progress_.count, toRead_) * Reading / toRead_);
+}
+
+void CatalogueUpdates::ReportServerError(const ServerError& error) const {
+    if (error.silent)
+        n_.report.Log(std::to_string(error.number) + ", " + error.source + ", " +
+                      error.description);
+    else
+        n_.report.ReportError(error.source, error.description, error.number);
+}
+
+} // namespace vk

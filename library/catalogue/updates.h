@@ -1,0 +1,63 @@
+// When the catalogue is opened, scanned and deleted, and what the server's events change.
+#pragma once
+
+#include "core/screens.h"
+#include "library/catalogue/mod_db.h"
+#include "library/catalogue/server_client.h"
+
+#include <functional>
+
+namespace vk {
+
+/// One object a process. The system's first scan is started by the supervisor, further ones on
+/// request; scans that come to nothing leave the old rows in use.
+class CatalogueUpdates {
+  public:
+    /// All of it outlives this object.
+    struct Needs {
+        AppState& app;
+        SettingsStore& settings;
+        const Screens& screens;
+        ErrorReport& report;
+        modDB& db;
+        std::function<void(const ScanRequest&)> scan;
+        std::function<void()> stop;
+        std::function<void()> progressShown = {}; ///< progress was told on the settings screen
+    };
+    explicit CatalogueUpdates(Needs needs) : n_(std::move(needs)) {}
+
+    /// The handlers of the server's events.
+    DB_OBJ::Events Events();
+    /// Opens the catalogue unless that was done before.
+    void Open();
+    /// A tick of the supervisor: starts the scan that is due, stops the one that is not wanted.
+    void Supervise();
+    /// Wants a scan; a catalogue that is not in use is opened for it.
+    void RequestScan();
+    void RequestStop() { stopWanted_ = true; }
+    /// Closes and deletes tags.mdb. It stays disabled until `OpenAnew`.
+    void Delete();
+    /// Makes an empty catalogue whose first scan is due.
+    void OpenAnew();
+    /// True while the server works.
+    bool Busy() const { return n_.app.DBState == DBStateValue::Rebuilding; }
+    /// What the server is doing; told only while the settings screen is in front.
+    const std::string& Action() const { return progress_.text; }
+    /// How far the update is, of 100.
+    int Percent() const;
+
+  private:
+    bool FirstScanIsDue() const;
+    void Scan(bool full);
+    void ShowProgress(const ScanProgress& progress);
+    void ReportServerError(const ServerError& error) const;
+
+    Needs n_;
+    ScanProgress progress_;
+    std::int64_t toRead_ = 0; ///< files that the update has to read
+    bool fired_ = false;      ///< the first scan of this run was started
+    bool rescanWanted_ = false;
+    bool stopWanted_ = false;
+};
+
+} // namespace vk
