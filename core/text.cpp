@@ -1,18 +1,13 @@
 #include "core/text.h"
 
+#include "core/ansi_text.h"
+
 #include <algorithm>
-#include <array>
 #include <charconv>
 
 namespace vk {
 
 namespace {
-
-// Windows-1252 for 0x80 to 0x9F; the rest equals Latin-1. Undefined bytes stay C1 controls.
-constexpr std::array<char32_t, 32> Cp1252 = {
-    0x20AC, 0x81,   0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0x8D,   0x017D, 0x8F,   0x90,   0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x9D,   0x017E, 0x0178};
 
 char Upper(char c) {
     return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
@@ -52,18 +47,6 @@ bool IsUtf8(std::string_view text) {
     return true;
 }
 
-void AppendCodePoint(std::string& out, char32_t c) {
-    const auto put = [&](char32_t v) { out.push_back(static_cast<char>(v)); };
-    if (c < 0x80) return put(c);
-    if (c < 0x800) {
-        put(0xC0 | (c >> 6));
-    } else {
-        put(0xE0 | (c >> 12));
-        put(0x80 | ((c >> 6) & 0x3F));
-    }
-    put(0x80 | (c & 0x3F));
-}
-
 template<class Change> std::string Mapped(std::string_view text, Change change) {
     std::string result(text);
     std::transform(result.begin(), result.end(), result.begin(), change);
@@ -73,13 +56,7 @@ template<class Change> std::string Mapped(std::string_view text, Change change) 
 } // namespace
 
 std::string ToUtf8(std::string_view bytes) {
-    if (IsUtf8(bytes)) return std::string(bytes);
-    std::string result;
-    for (const char c : bytes) {
-        const auto value = static_cast<unsigned char>(c);
-        AppendCodePoint(result, value >= 0x80 && value < 0xA0 ? Cp1252[value - 0x80u] : value);
-    }
-    return result;
+    return IsUtf8(bytes) ? std::string(bytes) : AnsiToUtf8(bytes);
 }
 
 std::string ToUpper(std::string_view text) {

@@ -12,13 +12,9 @@ namespace {
 
 constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
 
-bool IsAbsolute(const std::string& name) {
-    return name.starts_with(PathSeparator) || (PathSeparator == '\\' && name.find(':') == 1);
-}
-
 std::string FindEntry(const std::string& name, const std::string& folder) {
     const std::string inFolder = JoinPath(folder, name);
-    if (IsAbsolute(name) && FileExists(name)) return name;
+    if (IsAbsolutePath(name) && FileExists(name)) return name;
     return FileExists(inFolder) ? inFolder : std::string();
 }
 

@@ -41,6 +41,10 @@ std::string ExtensionOf(const std::string& path) {
     return dot == std::string::npos ? std::string() : name.substr(dot + 1);
 }
 
+bool IsAbsolutePath(const std::string& path) {
+    return path.starts_with(PathSeparator) || (PathSeparator == '\\' && path.find(':') == 1);
+}
+
 std::string WithoutTrailingSeparator(const std::string& path) {
     std::string result = path;
     while (result.size() > 1 && !IsRoot(result) &&

@@ -30,6 +30,9 @@ std::string ExtensionOf(const std::string& path);
 /// The path without trailing separators; a root stays.
 std::string WithoutTrailingSeparator(const std::string& path);
 
+/// True for a path that does not count from some folder.
+bool IsAbsolutePath(const std::string& path);
+
 /// True for the root of a drive ("C:\", or "/" where there are no letters).
 bool IsRoot(const std::string& path);
 

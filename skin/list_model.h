@@ -12,7 +12,7 @@ struct ListRow {
     std::string first;
     std::string second;
     std::string descriptor;
-    std::string picture;   ///< file name in the skin's folder, "" for none
+    std::string picture;   ///< file name in the skin's folder or an absolute path, "" for none
     std::int32_t icon = 0; ///< handle of an icon, 0 for none
 };
 

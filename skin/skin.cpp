@@ -42,7 +42,7 @@ std::string SkinStore::File() const {
 }
 
 std::string SkinStore::PicturePath(const std::string& name) const {
-    return n_.settings.SkinPicture(n_.state.CurrentSkinFile, name);
+    return IsAbsolutePath(name) ? name : n_.settings.SkinPicture(n_.state.CurrentSkinFile, name);
 }
 
 std::string SkinStore::Text(const char* section, const std::string& key) {

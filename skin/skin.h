@@ -73,7 +73,8 @@ class SkinStore {
     /// The icons of the skin in use, in the order of their names; a skin that names only one has
     /// none.
     std::vector<MenuIconData> ReadMenuIcons();
-    /// Full path of a picture of the skin in use; the file need not exist.
+    /// Full path of a picture of the skin in use; the file need not exist. An absolute path, of a
+    /// picture that belongs to no skin, stays as it is.
     std::string PicturePath(const std::string& name) const;
 
     const SkinData& data() const { return data_; }

@@ -15,6 +15,7 @@
 #include "platform/volumes.h"
 #include "playback/audio_state.h"
 #include "playback/video_state.h"
+#include "tuners/xm/channel_table.h"
 
 #include <functional>
 
@@ -34,8 +35,9 @@ struct BrowserNeeds {
     ErrorReport& report;
     const MediaTags& tags;
     const KeyMap& keys;
-    Catalogue* catalogue = nullptr;       ///< null: none
-    std::function<void()> StopAudio = {}; ///< silences the audio player process before a film
+    Catalogue* catalogue = nullptr;         ///< null: none
+    std::function<void()> StopAudio = {};   ///< silences the audio player process before a film
+    const ChannelTable* channels = nullptr; ///< null: no satellite channels
 
     std::string MediaDir() const { return WithoutTrailingSeparator(settings.values.MediaDir); }
     bool CatalogueOnLine() const { return catalogue && catalogue->State() == DBStateValue::OnLine; }

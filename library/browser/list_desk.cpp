@@ -14,7 +14,7 @@ constexpr std::int64_t PulseMs = 5;
 void ListDesk::Start() {
     needs.app.ListBusy = true;
     ParentName.clear();
-    PlaylistView = false;
+    PlaylistView = XMView = false;
     list.numberedList = needs.settings.values.numberedList;
     rows.Clear();
 }

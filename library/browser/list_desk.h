@@ -45,6 +45,7 @@ class ListDesk {
     BrowserView& view;
     ListRows rows;
     bool PlaylistView = false; ///< the rows are a playlist's
+    bool XMView = false;       ///< the rows are channels, or lead to them
     std::string ParentName;    ///< the folder whose rows came from the catalogue, "" otherwise
 
   private:

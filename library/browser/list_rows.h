@@ -23,6 +23,7 @@ inline constexpr const char* cdapic = "audiocd.gif";
 inline constexpr const char* wmapic = "wmafile.gif";
 inline constexpr const char* moviepic = "movie.gif";
 inline constexpr const char* playlistpic = "playlist.gif";
+inline constexpr const char* xmdefault = "xm_default.gif";
 inline constexpr const char* alertPic = "alert.gif";
 
 /// Adds rows to a list. What it is given outlives it.
