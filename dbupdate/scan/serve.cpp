@@ -2,15 +2,11 @@
 
 #include "dbupdate/scan/scan.h"
 #include "platform/any/qt_clock.h"
-
-#include <sched.h>
-#include <signal.h>
-#include <sys/syscall.h>
-#include <unistd.h>
+#include "platform/background.h"
+#include "platform/standard_streams.h"
 
 #include <array>
 #include <atomic>
-#include <cerrno>
 #include <mutex>
 #include <string>
 #include <thread>
@@ -19,15 +15,6 @@ namespace vk {
 
 namespace {
 
-/// The music must not stutter because of a scan. Threads that are started later inherit it.
-void TakeIdlePriority() {
-    constexpr int OfProcess = 1;       // IOPRIO_WHO_PROCESS
-    constexpr int IdleClass = 3 << 13; // IOPRIO_CLASS_IDLE
-    const sched_param none{};
-    ::sched_setscheduler(0, SCHED_IDLE, &none);
-    ::syscall(SYS_ioprio_set, OfProcess, 0, IdleClass);
-}
-
 class Server {
   public:
     ~Server() { Stop(); }
@@ -35,11 +22,9 @@ class Server {
     void Run() {
         std::array<char, 4096> bytes;
         while (!quit_) {
-            const ssize_t got = ::read(STDIN_FILENO, bytes.data(), bytes.size());
-            if (got < 0 && errno == EINTR) continue;
-            if (got <= 0) return;
-            lines_.Feed({bytes.data(), static_cast<std::size_t>(got)},
-                        [this](std::string_view line) { Take(line); });
+            const std::size_t got = streams_.Read(bytes.data(), bytes.size());
+            if (got == 0) return;
+            lines_.Feed({bytes.data(), got}, [this](std::string_view line) { Take(line); });
         }
     }
 
@@ -72,15 +57,7 @@ class Server {
             busy_ = false;
         const std::string line = ToLine(event) + '\n';
         const std::lock_guard lock(output_);
-        for (std::size_t at = 0; at < line.size();) {
-            const ssize_t written = ::write(STDOUT_FILENO, line.data() + at, line.size() - at);
-            if (written < 0 && errno == EINTR) continue;
-            if (written <= 0) {
-                stop_ = true; // nobody listens any more
-                return;
-            }
-            at += static_cast<std::size_t>(written);
-        }
+        if (!streams_.Write(line)) stop_ = true; // nobody listens any more
     }
 
     void Refuse(const std::string& why) {
@@ -95,6 +72,7 @@ class Server {
         if (scan_.joinable()) scan_.join();
     }
 
+    StandardStreams streams_;
     LineSplitter lines_;
     std::mutex output_;
     std::atomic<bool> stop_ = false;
@@ -106,8 +84,7 @@ class Server {
 } // namespace
 
 int Serve() {
-    ::signal(SIGPIPE, SIG_IGN);
-    TakeIdlePriority();
+    WorkInBackground(); // the music must not stutter because of a scan
     Server().Run();
     return 0;
 }

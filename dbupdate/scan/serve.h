@@ -4,7 +4,7 @@
 namespace vk {
 
 /// Reads requests from standard input and writes events to standard output until it is told to quit
-/// or the other side is gone. A scan runs at idle priority; a request for one while one runs is
+/// or the other side is gone. A scan runs in the background; a request for one while one runs is
 /// answered with an error. Returns the program's exit code.
 int Serve();
 

@@ -4,6 +4,7 @@
 #include "platform/dialogs.h"
 
 #include <algorithm>
+#include <system_error>
 #include <utility>
 
 namespace vk {
@@ -29,9 +30,21 @@ class NoDialogs : public Dialogs {
 } // namespace
 
 TagPool::TagPool(const TagWork& work) : work_(work) {
-    reading_ = std::max(1u, std::thread::hardware_concurrency());
-    for (std::size_t i = reading_; i > 0; --i)
+    for (unsigned i = std::max(1u, std::thread::hardware_concurrency()); i > 0; --i)
+        if (!Start()) break;
+}
+
+/// False when the machine gives no further thread; without any at all it throws.
+bool TagPool::Start() {
+    const std::lock_guard lock(mutex_);
+    try {
         threads_.emplace_back([this] { Read(); });
+        ++reading_;
+        return true;
+    } catch (const std::system_error&) {
+        if (threads_.empty()) throw;
+        return false;
+    }
 }
 
 TagPool::~TagPool() {

@@ -37,6 +37,7 @@ class TagPool {
     std::optional<Rows> Take();
 
   private:
+    bool Start();
     void Read();
     bool Hand(Rows rows);
 

@@ -3,16 +3,9 @@
 #include "core/error_report.h"
 #include "library/catalogue/sql_text.h"
 #include "library/media_type.h"
-#include "platform/linux/descriptor.h"
+#include "platform/folder_reader.h"
 #include "platform/paths.h"
 
-#include <dirent.h>
-#include <fcntl.h>
-#include <sys/stat.h>
-
-#include <cerrno>
-#include <cstring>
-#include <memory>
 #include <set>
 #include <string_view>
 #include <utility>
@@ -21,74 +14,66 @@ namespace vk {
 
 namespace {
 
-constexpr int FolderFlags = O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK;
-
-struct CloseFolder {
-    void operator()(DIR* folder) const { ::closedir(folder); }
-};
-using Folder = std::unique_ptr<DIR, CloseFolder>;
+constexpr int PathError = 75; // "Path/File access error"
 
 /// What is gone since its name was read is no failure.
-bool IsGone(int error) {
-    return error == ENOENT || error == ENOTDIR || error == ELOOP;
+bool IsGone(std::error_code error) {
+    return error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory ||
+           error == std::errc::too_many_symbolic_link_levels;
 }
 
 class Walk {
   public:
     Walk(const std::string& root, const AppState& types, const std::atomic<bool>& stop)
-        : root_(root), types_(types), stop_(stop) {}
+        : path_(root), types_(types), stop_(stop), root_(root) {}
 
     FoundFiles Run() {
-        rootHandle_ = FileDescriptor(::open(root_.c_str(), FolderFlags));
-        if (!rootHandle_) FailRoot(errno);
-        const auto identity = Identity(rootHandle_.get());
+        if (root_.Error()) FailRoot(root_.Error().message());
+        const FolderIdentity identity = root_.Identity();
         // Folders that are links come last: a folder is known by its own name where it has one.
-        for (folders_ = {""}; !folders_.empty() || !links_.empty();) {
+        for (folders_ = {{"", identity.volume}}; !folders_.empty() || !links_.empty();) {
             if (folders_.empty()) folders_ = std::exchange(links_, {});
-            const std::string folder = std::move(folders_.back());
+            const Pending folder = std::move(folders_.back());
             folders_.pop_back();
             WalkFolder(folder);
             if (stop_) break;
         }
         found_.stopped = stop_;
-        const FileDescriptor again(::open(root_.c_str(), FolderFlags));
-        if (!again) FailRoot(errno);
-        if (Identity(again.get()) != identity) FailRoot(ESTALE);
+        const FolderReader again(path_);
+        if (again.Error()) FailRoot(again.Error().message());
+        if (again.Identity() != identity) FailRoot("another folder has taken its place");
         return std::move(found_);
     }
 
   private:
-    using FolderIdentity = std::pair<dev_t, ino_t>;
+    /// A folder to be walked.
+    struct Pending {
+        std::string path;
+        std::uint64_t volume; ///< of the folder that its name is in
+    };
 
-    [[noreturn]] void FailRoot(int error) const {
-        throw Error("The media folder " + root_ + " cannot be read: " + std::strerror(error),
-                    error);
+    [[noreturn]] void FailRoot(const std::string& why) const {
+        throw Error("The media folder " + path_ + " cannot be read: " + why, PathError);
     }
 
-    static FolderIdentity Identity(int handle) {
-        struct stat info {};
-        if (::fstat(handle, &info) != 0) return {};
-        return {info.st_dev, info.st_ino};
-    }
-
-    void WalkFolder(const std::string& folder) {
-        const int handle =
-            ::openat(rootHandle_.get(), folder.empty() ? "." : folder.c_str() + 1, FolderFlags);
-        const Folder open(handle < 0 ? nullptr : ::fdopendir(handle));
-        if (!open) return MissFolder(folder, errno);
-        if (!walked_.insert(Identity(handle)).second) return;
-        for (;;) {
-            errno = 0;
-            const dirent* entry = ::readdir(open.get());
-            if (!entry) break;
-            TakeEntry(handle, folder, *entry);
+    void WalkFolder(const Pending& pending) {
+        const std::string& path = pending.path;
+        FolderReader folder(path.empty() ? path : path.substr(1), &root_);
+        if (folder.Error()) return MissFolder(path, folder.Error());
+        const FolderIdentity identity = folder.Identity();
+        if (!walked_.insert(identity).second) return;
+        if (identity.volume != pending.volume)
+            found_.drives.push_back(Escape(path + PathSeparator));
+        volume_ = identity.volume;
+        while (const auto entry = folder.Next()) {
+            TakeEntry(folder, path, *entry);
             if (stop_) return;
         }
-        if (errno != 0) MissFolder(folder, errno);
+        if (folder.Error()) MissFolder(path, folder.Error());
     }
 
-    void MissFolder(const std::string& folder, int error) {
-        if (folder.empty()) FailRoot(error);
+    void MissFolder(const std::string& folder, std::error_code error) {
+        if (folder.empty()) FailRoot(error.message());
         if (!IsGone(error)) Miss(folder);
     }
 
@@ -98,25 +83,25 @@ class Walk {
         found_.unread.push_back(Escape(path + PathSeparator));
     }
 
-    void TakeEntry(int parent, const std::string& folder, const dirent& entry) {
-        const std::string_view name = entry.d_name;
-        if (name == "." || name == "..") return;
-        if (entry.d_type == DT_DIR) {
-            folders_.push_back(Below(folder, name));
+    void TakeEntry(FolderReader& folder, const std::string& path,
+                   const FolderReader::Entry& entry) {
+        using Kind = FolderReader::Kind;
+        if (entry.kind == Kind::Folder) {
+            folders_.push_back({Below(path, entry.name), volume_});
             return;
         }
         // A link or an entry of unknown kind may be a folder, whatever its name.
-        const bool named = entry.d_type == DT_REG;
-        const int type = TypeOf(name);
-        if (named && type == MediaUnknown) return;
-        struct stat info {};
-        if (::fstatat(parent, entry.d_name, &info, 0) != 0) {
+        const int type = TypeOf(entry.name);
+        if (entry.kind == Kind::Other || (entry.kind == Kind::File && type == MediaUnknown)) return;
+        const auto facts = folder.Look();
+        if (!facts) {
             // A link to nowhere may lead to a drive that comes up later.
-            if (!IsGone(errno) || entry.d_type == DT_LNK) Miss(Below(folder, name));
-        } else if (S_ISDIR(info.st_mode)) {
-            (entry.d_type == DT_LNK ? links_ : folders_).push_back(Below(folder, name));
-        } else if (S_ISREG(info.st_mode) && type != MediaUnknown) {
-            TakeFile(Below(folder, name), info.st_mtime, type);
+            if (!IsGone(folder.Error()) || entry.kind == Kind::Link) Miss(Below(path, entry.name));
+        } else if (facts->isFolder) {
+            auto& later = entry.kind == Kind::Link ? links_ : folders_;
+            later.push_back({Below(path, entry.name), volume_});
+        } else if (facts->isFile && type != MediaUnknown) {
+            TakeFile(Below(path, entry.name), facts->written, type);
         }
     }
 
@@ -139,12 +124,13 @@ class Walk {
         return path.append(folder).append(1, PathSeparator).append(name);
     }
 
-    const std::string root_;
+    const std::string path_;
     const AppState& types_;
     const std::atomic<bool>& stop_;
-    FileDescriptor rootHandle_;
-    std::vector<std::string> folders_, links_;
+    FolderReader root_; ///< stays open: what is mounted over it meanwhile is not walked
+    std::vector<Pending> folders_, links_;
     std::set<FolderIdentity> walked_;
+    std::uint64_t volume_ = 0; ///< of the folder that is being read
     std::string name_;
     FoundFiles found_;
 };

@@ -26,6 +26,9 @@ struct FoundFiles {
     /// Keys of files, and of folders with a separator at their end, that are there but could not be
     /// looked at: nothing is known of what is behind them.
     std::vector<std::string> unread;
+    /// Keys, with a separator at their end, of folders on another volume than the folder that their
+    /// name is in: mounted drives, and links that lead to one.
+    std::vector<std::string> drives;
     bool stopped = false;
 };
 

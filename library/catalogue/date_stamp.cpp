@@ -1,8 +1,6 @@
 #include "library/catalogue/date_stamp.h"
 
-#include <sys/stat.h>
-
-#include <ctime>
+#include "platform/file_date.h"
 
 namespace vk {
 
@@ -17,23 +15,22 @@ void PutNumber(char* end, int number, int digits) {
 } // namespace
 
 std::string DateStamp(std::int64_t seconds) {
-    const auto moment = static_cast<std::time_t>(seconds);
-    std::tm local{};
-    if (!localtime_r(&moment, &local)) return {};
+    const auto local = LocalTime(seconds);
+    if (!local) return {};
     std::string stamp = "0000-00-00 00:00:00";
     char* text = stamp.data();
-    PutNumber(text + 4, local.tm_year + 1900, 4);
-    PutNumber(text + 7, local.tm_mon + 1, 2);
-    PutNumber(text + 10, local.tm_mday, 2);
-    PutNumber(text + 13, local.tm_hour, 2);
-    PutNumber(text + 16, local.tm_min, 2);
-    PutNumber(text + 19, local.tm_sec, 2);
+    PutNumber(text + 4, local->tm_year + 1900, 4);
+    PutNumber(text + 7, local->tm_mon + 1, 2);
+    PutNumber(text + 10, local->tm_mday, 2);
+    PutNumber(text + 13, local->tm_hour, 2);
+    PutNumber(text + 16, local->tm_min, 2);
+    PutNumber(text + 19, local->tm_sec, 2);
     return stamp;
 }
 
 std::string GetFileDate(const std::string& path) {
-    struct stat info {};
-    return ::stat(path.c_str(), &info) == 0 ? DateStamp(info.st_mtime) : std::string();
+    const auto date = FileDate(path);
+    return date ? DateStamp(*date) : std::string();
 }
 
 } // namespace vk
