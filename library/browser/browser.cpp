@@ -13,7 +13,7 @@ constexpr int SecondMs = 1000;
 
 Browser::Browser(BrowserNeeds needs, BrowserModels models, BrowserView& view)
     : needs_(std::move(needs)), list_(models.list), keyboard_(models.keyboard), view_(view),
-      desk_(needs_, list_, view), builder_(desk_),
+      desk_(needs_, list_, view), builder_(desk_), sqlLists_(desk_), searches_(desk_),
       Timer2(needs_.clock.MakeTimer([this] { ShowState(); })),
       Timer4(needs_.clock.MakeTimer([this] { TickNotice(); })) {
     keyboard_.onOK = [this](const std::string& text) { TakeText(text); };
@@ -28,6 +28,7 @@ void Browser::Run(const std::string& name, const std::function<void()>& operatio
     TrapAndLog(needs_.report, "An error occured in playlists." + name + " ", operation);
     running_ = false;
     needs_.app.ListBusy = false;
+    if (const std::string notice = desk_.TakeNotice(); !notice.empty()) ShowNotice(notice);
     CloseLoading();
     const bool aborted = desk_.TakeAborted();
     const std::function<void()> next = std::exchange(enterNext_, {});
@@ -40,7 +41,7 @@ void Browser::ReShow() {
         needs_.screens.CurrentForm = BrowserName;
         view_.ShowAtFront();
         if (KeyboardShown) HideOSK();
-        HistoryDirty = RecurseArmed = false;
+        HistoryDirty = RecurseArmed = desk_.SqlView = false;
         BrowseHistory.clear();
         view_.SetButton(BrowserButton::Recurse, "recurse.gif");
         Timer2->Start(SecondMs);
@@ -82,6 +83,7 @@ void Browser::Populate() {
 void Browser::FallBack() {
     needs_.state.ListMode = ListFromMenu;
     needs_.state.CurrentPath = needs_.MediaDir();
+    desk_.SqlView = false;
     Populate();
 }
 
@@ -118,7 +120,10 @@ void Browser::MoveBack() {
             Choose();
         } else if (desk_.PlaylistView) { // the favourites have no row that leads back
             const std::string comeFrom = PopHistory(BrowseHistory);
-            Populate();
+            if (desk_.SqlView)
+                sqlLists_.Show(SplitDescriptor("SQL:BrowsePlaylist"), {});
+            else
+                Populate();
             SelectMatch(comeFrom);
         }
     });

@@ -4,6 +4,8 @@
 #include "library/browser/browser_needs.h"
 #include "library/browser/browser_view.h"
 #include "library/browser/list_builder.h"
+#include "library/browser/searches.h"
+#include "library/browser/sql_lists.h"
 #include "library/descriptor.h"
 #include "playback/resume.h"
 #include "skin/keyboard_model.h"
@@ -59,6 +61,8 @@ class Browser {
     void VolDown();
     /// Back to where the browser was entered from. While a list is built, ends the build first.
     void doquit();
+    /// To the text searches of the catalogue, from wherever the user is.
+    void JumpToSearch();
     /// Over to the player that is playing, if any.
     void Swap();
     /// One tick of the wheel, positive for up.
@@ -128,6 +132,10 @@ class Browser {
     void OpenPath(const RowDescriptor& row);
     void OpenPlaylist(const RowDescriptor& row);
     void SelectMatch(const std::string& descriptor);
+    // run_sql.cpp
+    void OpenSql(const RowDescriptor& row);
+    void OpenSearch(SearchKind kind, const std::string& argument);
+    void SearchFor(const std::string& text);
     // hand_over.cpp
     void PlayDisc();
     void PlayAudioFiles(const RowDescriptor& row);
@@ -150,6 +158,8 @@ class Browser {
     BrowserView& view_;
     ListDesk desk_;
     ListBuilder builder_;
+    SqlLists sqlLists_;
+    Searches searches_;
     std::unique_ptr<Timer> Timer2; ///< clock label, state of the player
     std::unique_ptr<Timer> Timer4; ///< takes notices away
     bool running_ = false;

@@ -24,6 +24,7 @@ const Browser::Key Browser::Keys[] = {
     {&KeyMap::kbSWMP, "", &Browser::Swap},
     {&KeyMap::kbpageup, "", &Browser::PgUp},
     {&KeyMap::kbpagedown, "", &Browser::PgDn},
+    {&KeyMap::kbSearch, "", &Browser::JumpToSearch},
     {&KeyMap::gps, "", &Browser::ShowGPS},
     {&KeyMap::MP3toRadio, "", &Browser::ShowRadio},
 };

@@ -29,13 +29,18 @@ void Browser::HideOSK() {
 void Browser::CloseKeyboard() {
     HideOSK();
     desk_.SetTitle(SavedTitle);
+    if (KeyboardPurpose <= KeyboardPurposeValue::SearchFileName) return MoveBack();
     if (list_.ItemCount() > 0) return;
     desk_.rows.AddBack(needs_.MediaDir());
     desk_.Finish();
 }
 
 void Browser::TakeText(const std::string& text) {
-    static const std::map<KeyboardPurposeValue, TextHandler> purposes = {};
+    static const std::map<KeyboardPurposeValue, TextHandler> purposes = {
+        {KeyboardPurposeValue::SearchArtist, &Browser::SearchFor},
+        {KeyboardPurposeValue::SearchTitle, &Browser::SearchFor},
+        {KeyboardPurposeValue::SearchGenre, &Browser::SearchFor},
+        {KeyboardPurposeValue::SearchFileName, &Browser::SearchFor}};
     Run("UCKeyboard_OK", [&] {
         const auto handler = purposes.find(KeyboardPurpose);
         if (handler != purposes.end()) (this->*handler->second)(text);

@@ -52,9 +52,11 @@ class ListBuilder {
     void AddFiles(const Contents& contents);
     // top_rows.cpp
     void AddTopRows();
+    bool OffersDatabase() const { return desk_.needs.CatalogueOnLine(); }
     bool OffersDisc() const { return desk_.needs.app.CDReady; }
     bool OffersFavorites() const;
     bool Always() const { return true; }
+    void AddDatabase();
     void AddDiscDrive();
     void AddRemovableDrives();
     void AddFavorites();

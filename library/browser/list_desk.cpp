@@ -35,6 +35,15 @@ bool ListDesk::Pulse() {
     return !aborted_;
 }
 
+void ListDesk::Try(const std::string& name, const std::function<void()>& build) {
+    try {
+        build();
+    } catch (const std::exception& error) {
+        needs.report.Log("An error occured in playlists." + name + " " + error.what());
+        Say("The list could not be read.");
+    }
+}
+
 void ListDesk::SetTitle(const std::string& title) {
     title_ = title;
     view.SetTitle(title);

@@ -6,6 +6,7 @@
 #include "library/browser/browser_view.h"
 #include "library/browser/list_rows.h"
 
+#include <functional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -29,6 +30,14 @@ class ListDesk {
     /// True once after an `Abort`.
     bool TakeAborted() { return std::exchange(aborted_, false); }
 
+    /// Runs one part of a build. When it fails, that is logged under the operation's name and said
+    /// on the screen; the rows that were added stay.
+    void Try(const std::string& name, const std::function<void()>& build);
+    /// Has something said on the screen when the present operation ends.
+    void Say(const std::string& notice) { notice_ = notice; }
+    /// What is to be said, once; "" for nothing.
+    std::string TakeNotice() { return std::exchange(notice_, {}); }
+
     /// Sets the heading.
     void SetTitle(const std::string& title);
     const std::string& Title() const { return title_; }
@@ -44,12 +53,14 @@ class ListDesk {
     ListModel& list;
     BrowserView& view;
     ListRows rows;
+    bool SqlView = false;      ///< the user is among the lists of the catalogue
     bool PlaylistView = false; ///< the rows are a playlist's
     bool XMView = false;       ///< the rows are channels, or lead to them
     std::string ParentName;    ///< the folder whose rows came from the catalogue, "" otherwise
 
   private:
     std::string title_;
+    std::string notice_;
     std::int64_t lastPulse_ = -1000; ///< ticks of the clock, milliseconds
     bool aborted_ = false;
 };

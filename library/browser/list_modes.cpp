@@ -18,7 +18,7 @@ struct ModeRow {
 
 const std::vector<ModeRow>& Modes() {
     static const std::vector<ModeRow> modes = {
-        {ListFromMenu, {MediaAudio, MediaVideo, MediaPlaylist}},
+        {ListFromMenu, {MediaAudio, MediaVideo, MediaPlaylist, MediaPresetList}},
         {ListFromAudio, {MediaAudio, MediaVideo, MediaPlaylist}},
         {ListFromVideo, {MediaVideo}},
         {ListApplications, {}},

@@ -24,8 +24,8 @@ void ListRows::Add(const std::string& text, const std::string& descriptor,
     list_.AddItem(text, "", descriptor, picture);
 }
 
-void ListRows::AddBack(const std::string& folder) {
-    Add(BackRowText, "PATH:" + folder, backpic);
+void ListRows::AddBackTo(const std::string& descriptor) {
+    Add(BackRowText, descriptor, backpic);
 }
 
 void ListRows::AddNotice(const std::string& text, const std::string& picture) {

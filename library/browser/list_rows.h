@@ -22,6 +22,7 @@ inline constexpr const char* dvdpic = "dvd.gif";
 inline constexpr const char* cdapic = "audiocd.gif";
 inline constexpr const char* wmapic = "wmafile.gif";
 inline constexpr const char* moviepic = "movie.gif";
+inline constexpr const char* searchpic = "search.gif";
 inline constexpr const char* playlistpic = "playlist.gif";
 inline constexpr const char* xmdefault = "xm_default.gif";
 inline constexpr const char* alertPic = "alert.gif";
@@ -34,7 +35,9 @@ class ListRows {
     void Clear() { list_.ClearAllArrays(); }
     void Add(const std::string& text, const std::string& descriptor, const std::string& picture);
     /// The way back, to the folder `folder`.
-    void AddBack(const std::string& folder);
+    void AddBack(const std::string& folder) { AddBackTo("PATH:" + folder); }
+    /// The way back, to what that descriptor means.
+    void AddBackTo(const std::string& descriptor);
     /// A row that says something and does nothing when it is chosen.
     void AddNotice(const std::string& text, const std::string& picture = {});
     /// A folder under its full path.

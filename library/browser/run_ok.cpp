@@ -30,8 +30,8 @@ void Browser::Choose() {
 }
 
 void Browser::ChooseRow() {
-    static const std::map<std::string, Handler> kinds = {{"FILE", &Browser::OpenFile},
-                                                         {"PATH", &Browser::OpenPath}};
+    static const std::map<std::string, Handler> kinds = {
+        {"FILE", &Browser::OpenFile}, {"PATH", &Browser::OpenPath}, {"SQL", &Browser::OpenSql}};
     const std::string descriptor = list_.GetSelectedFileName();
     if (descriptor.empty()) return;
     if (needs_.state.ListMode == ListApplications) return ChooseApplication(descriptor);
@@ -66,6 +66,7 @@ void Browser::OpenPath(const RowDescriptor& row) {
     const std::string folder = row.Rest();
     const bool recurse = std::exchange(RecurseArmed, false);
     view_.SetButton(BrowserButton::Recurse, "recurse.gif");
+    desk_.SqlView = false;
     if (recurse) return builder_.RecurseFolder(folder);
     if (folder == needs_.MediaDir()) BrowseHistory.clear();
     needs_.state.CurrentPath = folder;

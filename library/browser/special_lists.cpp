@@ -42,15 +42,17 @@ void ListBuilder::RecurseFolder(const std::string& path) {
     desk_.SetTitle((BrowsingCD ? "Recurse CD/DVD: " : "Recurse Folder: ") +
                    ShownName(FileNameOf(path)));
     bool found = false;
-    if (desk_.needs.CatalogueOnLine() && !OtherDrive()) {
-        found = desk_.AddCatalogueFiles(desk_.needs.catalogue->FilesBelow(path));
-    } else {
-        std::vector<std::string> files;
-        std::set<std::string> seen;
-        Recurse(path, files, seen);
-        ShellSortVariantArray(files);
-        found = AddPlainFiles(files);
-    }
+    desk_.Try("RecurseFolder", [&] {
+        if (desk_.needs.CatalogueOnLine() && !OtherDrive()) {
+            found = desk_.AddCatalogueFiles(desk_.needs.catalogue->FilesBelow(path));
+        } else {
+            std::vector<std::string> files;
+            std::set<std::string> seen;
+            Recurse(path, files, seen);
+            ShellSortVariantArray(files);
+            found = AddPlainFiles(files);
+        }
+    });
     if (!found) desk_.rows.AddNotice("No Supported Media Found", alertPic);
     desk_.Finish();
 }
@@ -58,7 +60,9 @@ void ListBuilder::RecurseFolder(const std::string& path) {
 void ListBuilder::ReadList(const std::string& path) {
     desk_.Start();
     desk_.PlaylistView = true;
-    if (!EqualNoCase(FileNameOf(path), "favorites.m3u")) desk_.rows.AddBack(desk_.needs.MediaDir());
+    if (!EqualNoCase(FileNameOf(path), "favorites.m3u"))
+        desk_.rows.AddBackTo(desk_.SqlView ? "SQL:BrowsePlaylist"
+                                           : "PATH:" + desk_.needs.MediaDir());
     std::int32_t number = 0;
     for (const std::string& file : ReadListFile(path)) {
         if (!desk_.Pulse()) break;

@@ -8,7 +8,8 @@
 namespace vk {
 
 void ListBuilder::AddTopRows() {
-    static constexpr std::array<TopRow, 3> table = {{
+    static constexpr std::array<TopRow, 4> table = {{
+        {&ListBuilder::OffersDatabase, &ListBuilder::AddDatabase},
         {&ListBuilder::OffersDisc, &ListBuilder::AddDiscDrive},
         {&ListBuilder::Always, &ListBuilder::AddRemovableDrives},
         {&ListBuilder::OffersFavorites, &ListBuilder::AddFavorites},
@@ -19,6 +20,10 @@ void ListBuilder::AddTopRows() {
 
 bool ListBuilder::OffersFavorites() const {
     return FileExists(desk_.needs.settings.File("favorites.m3u"));
+}
+
+void ListBuilder::AddDatabase() {
+    desk_.rows.Add("Browse Database", "SQL:BrowseAll", searchpic);
 }
 
 void ListBuilder::AddDiscDrive() {
