@@ -83,6 +83,7 @@ class Scan {
         Progress(ScanStep::Reconciling, gone, std::to_string(gone) + " reconciling db");
         for (const std::string& key : changes.gone)
             copy.Rows().Remove(key);
+        copy.SetDrives(changes.drives);
         Progress(ScanStep::Writing, 0, "Please Wait...");
         copy.Finish(request_.full);
         catalogue_.reset();

@@ -66,29 +66,31 @@ void TagPool::Read() {
             rows.push_back(MakeFileRow(reader, work_.root + file.path, file.path,
                                        DateStamp(file.date), file.mediaType));
         }
-        wanted = Hand(std::move(rows));
+        wanted = Hand(first, std::move(rows));
     }
     const std::lock_guard lock(mutex_);
     --reading_;
     changed_.notify_all();
 }
 
-bool TagPool::Hand(Rows rows) {
+bool TagPool::Hand(std::size_t first, Rows rows) {
     std::unique_lock lock(mutex_);
-    changed_.wait(lock, [this] { return ready_.size() < MostReady || closing_ || work_.stop; });
-    ready_.push_back(std::move(rows));
+    changed_.wait(lock, [&] {
+        return ready_.size() < MostReady || first == taken_ || closing_ || work_.stop;
+    });
+    ready_[first] = std::move(rows);
     changed_.notify_all();
     return !closing_ && !work_.stop;
 }
 
 std::optional<TagPool::Rows> TagPool::Take() {
     std::unique_lock lock(mutex_);
-    changed_.wait(lock, [this] { return !ready_.empty() || reading_ == 0 || work_.stop; });
-    if (ready_.empty() || work_.stop) return std::nullopt;
-    Rows rows = std::move(ready_.front());
-    ready_.pop_front();
+    changed_.wait(lock, [this] { return ready_.contains(taken_) || reading_ == 0 || work_.stop; });
+    auto next = ready_.extract(taken_);
+    if (next.empty() || work_.stop) return std::nullopt;
+    taken_ += next.mapped().size();
     changed_.notify_all();
-    return rows;
+    return std::move(next.mapped());
 }
 
 } // namespace vk

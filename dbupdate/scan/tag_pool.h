@@ -7,7 +7,7 @@
 
 #include <atomic>
 #include <condition_variable>
-#include <deque>
+#include <map>
 #include <mutex>
 #include <optional>
 #include <string>
@@ -33,18 +33,19 @@ class TagPool {
     ~TagPool();
 
     using Rows = std::vector<FileRow>;
-    /// The next rows, in no order; nothing at the end, or after a stop.
+    /// The next rows, in the order of the files; nothing at the end, or after a stop.
     std::optional<Rows> Take();
 
   private:
     bool Start();
     void Read();
-    bool Hand(Rows rows);
+    bool Hand(std::size_t first, Rows rows);
 
     const TagWork work_;
     std::mutex mutex_;
     std::condition_variable changed_;
-    std::deque<Rows> ready_;
+    std::map<std::size_t, Rows> ready_; ///< by the index of their first file
+    std::size_t taken_ = 0;             ///< files whose rows have been taken
     std::atomic<std::size_t> next_ = 0; ///< index of the first file that nobody reads yet
     std::size_t reading_ = 0;           ///< threads at work
     bool closing_ = false;

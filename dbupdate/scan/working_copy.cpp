@@ -59,6 +59,13 @@ void WorkingCopy::Begin(const std::string& appDir, Database* catalogue) {
     rows_ = std::make_unique<RowWriter>(*database_);
 }
 
+void WorkingCopy::SetDrives(const std::vector<std::string>& drives) {
+    database_->Execute("DELETE FROM Drives");
+    Statement add(*database_, "INSERT INTO Drives(Path) VALUES(?)");
+    for (const std::string& drive : drives)
+        add.Bind(1, drive).Run();
+}
+
 void WorkingCopy::Finish(bool compact) {
     rows_.reset();
     if (anew_) CreateIndexes(*database_);

@@ -6,6 +6,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace vk {
 
@@ -20,6 +21,8 @@ class WorkingCopy {
     WorkingCopy& operator=(const WorkingCopy&) = delete;
 
     RowWriter& Rows() { return *rows_; }
+    /// Puts the drives that rows lie on in place of those of the last time.
+    void SetDrives(const std::vector<std::string>& drives);
     /// Completes the file and flushes it to the disk; `compact` rewrites it when a good part of it
     /// is unused. Throws on failure.
     void Finish(bool compact);

@@ -7,7 +7,7 @@ namespace vk {
 
 namespace {
 
-constexpr int Layout = 1;
+constexpr int Layout = 2;
 constexpr int NotADatabase = 26;
 
 constexpr char Tables[] =
@@ -17,6 +17,7 @@ constexpr char Tables[] =
     " Title TEXT NOT NULL COLLATE TEXTS, Artist TEXT NOT NULL COLLATE TEXTS,"
     " Album TEXT NOT NULL COLLATE TEXTS, GenreID INTEGER NOT NULL, MediaType INTEGER NOT NULL,"
     " ParentDir TEXT NOT NULL COLLATE PATHS, Track INTEGER NOT NULL);"
+    "CREATE TABLE Drives(Path TEXT PRIMARY KEY COLLATE PATHS);"
     "INSERT INTO Genres(Description) VALUES('(Empty)');";
 
 constexpr char Indexes[] = "CREATE INDEX MediaParentDir ON Media(ParentDir);"

@@ -1,4 +1,5 @@
 #include "dbupdate/scan/scan.h"
+#include "platform/folder_reader.h"
 #include "tests/dbupdate/scan_fixture.h"
 
 #include <sys/stat.h>
@@ -119,6 +120,59 @@ TEST_F(ScanTest, ALinkToNowhereKeepsTheRowsBehindIt) {
     Scan();
     EXPECT_THAT(Paths(), ElementsAre("/drive/Album/a.mp3", "/one.mp3"));
     std::filesystem::rename(drive.Path() + ".off", drive.Path());
+}
+
+/// A folder on another volume than the one for temporary files.
+class OtherVolume {
+  public:
+    OtherVolume() {
+        for (std::string pattern : {"/dev/shm/vk-XXXXXX", "/tmp/vk-XXXXXX", "/var/tmp/vk-XXXXXX"})
+            if (path_.empty() && ::mkdtemp(pattern.data())) {
+                path_ = pattern;
+                if (Volume(path_) != Volume(std::filesystem::temp_directory_path())) continue;
+                std::filesystem::remove(std::exchange(path_, {}));
+            }
+    }
+    ~OtherVolume() { std::filesystem::remove_all(path_); }
+    const std::string& Path() const { return path_; }
+
+  private:
+    static std::uint64_t Volume(const std::string& path) {
+        return FolderReader(path).Identity().volume;
+    }
+    std::string path_;
+};
+
+TEST_F(ScanTest, AnUnpluggedDriveKeepsItsRows) {
+    const OtherVolume stick;
+    ASSERT_NE(stick.Path(), "");
+    const std::string place = media.File("st'ick");
+    const auto plug = [&] { std::filesystem::create_directory_symlink(stick.Path(), place); };
+    AppendToFile(JoinPath(stick.Path(), "a.mp3"), "x");
+    Tagged("own.mp3", "Own");
+    plug();
+    Scan();
+    const auto both = ElementsAre("/own.mp3", "/st\"ick/a.mp3");
+    EXPECT_THAT(Paths(), both);
+    std::filesystem::remove(place);
+    Scan();
+    EXPECT_THAT(Paths(), both) << "the mount point is not there";
+    Tagged("new.mp3", "New"); // so that something is written
+    media.Write("st'ick/cover.jpg", "x");
+    Scan();
+    EXPECT_THAT(Paths(), SizeIs(3)) << "the mount point is empty";
+    std::filesystem::remove_all(place);
+    plug();
+    DeleteFileAt(JoinPath(stick.Path(), "a.mp3"));
+    Scan();
+    EXPECT_THAT(Paths(), ElementsAre("/new.mp3", "/own.mp3")) << "deleted on the drive itself";
+    AppendToFile(JoinPath(stick.Path(), "b.mp3"), "x");
+    Scan();
+    std::filesystem::remove(place);
+    Tagged("st'ick/c.mp3", "C");
+    Scan();
+    EXPECT_THAT(Paths(), ElementsAre("/new.mp3", "/own.mp3", "/st\"ick/c.mp3"))
+        << "an ordinary folder now";
 }
 
 TEST_F(ScanTest, LinksInACircleEnd) {
