@@ -9,6 +9,10 @@ namespace vk {
 /// Sources of the audio player, under the numbers that settings.ini keeps.
 enum PlayModeValue : std::int32_t { PlayNone = 0, PlayFM = 1, PlayXM = 2, PlayAudio = 3 };
 
+/// What the tuners are called where a list's name is shown.
+inline constexpr const char* FMSourceName = "D-Link FM Radio";
+inline constexpr const char* XMSourceName = "XM Satellite Radio";
+
 /// One object a process, handed by reference to the menu, the browser and the player.
 struct AudioState {
     std::int32_t PlayMode = PlayNone;
@@ -23,7 +27,8 @@ struct AudioState {
     std::int32_t VolumeSerial = -1;  ///< disc that holds the list; -1 or 0: no disc
     bool bPaused = false;
     bool bShuffle = false;
-    std::string ListTitle; ///< what the list is called on the player's title line
+    std::int16_t CurrentChannel = 0; ///< satellite channel wanted with ListFile; 0: the saved one
+    std::string ListTitle;           ///< what the list is called on the player's title line
 
     bool OnDisc() const { return VolumeSerial != -1 && VolumeSerial != 0; }
 };

@@ -14,7 +14,7 @@ constexpr int SecondMs = 1000;
 Browser::Browser(BrowserNeeds needs, BrowserModels models, BrowserView& view)
     : needs_(std::move(needs)), list_(models.list), keyboard_(models.keyboard), view_(view),
       desk_(needs_, list_, view), builder_(desk_), sqlLists_(desk_), searches_(desk_),
-      Timer2(needs_.clock.MakeTimer([this] { ShowState(); })),
+      xmLists_(desk_), Timer2(needs_.clock.MakeTimer([this] { ShowState(); })),
       Timer4(needs_.clock.MakeTimer([this] { TickNotice(); })) {
     keyboard_.onOK = [this](const std::string& text) { TakeText(text); };
     keyboard_.onEscape = [this] { CloseKeyboard(); };
@@ -59,7 +59,8 @@ void Browser::switchingform() {
     Timer2->Stop();
     // A line end inside a file name would end the line of the settings file.
     const bool fits = BrowseHistory.find_first_of("\r\n") == std::string::npos;
-    if (HistoryDirty && fits) needs_.settings.Write("main", "BrowseHistory", BrowseHistory);
+    const char* section = desk_.XMView ? "xmpcr_tuner" : "main";
+    if (HistoryDirty && fits) needs_.settings.Write(section, "BrowseHistory", BrowseHistory);
     HistoryDirty = false;
 }
 
@@ -135,6 +136,7 @@ void Browser::MoveAhead() {
     Run("MoveAhead", [&] {
         const std::string descriptor = list_.GetSelectedFileName();
         const RowDescriptor row = SplitDescriptor(descriptor);
+        if (row.kind == "FREQ") return DeleteFreq(row);
         if (needs_.state.ListMode == ListApplications || row.kind != "PATH") return;
         PushHistory(BrowseHistory, descriptor);
         builder_.RecurseFolder(row.Rest());

@@ -6,6 +6,7 @@
 #include "library/browser/list_builder.h"
 #include "library/browser/searches.h"
 #include "library/browser/sql_lists.h"
+#include "library/browser/xm_lists.h"
 #include "library/descriptor.h"
 #include "playback/resume.h"
 #include "skin/keyboard_model.h"
@@ -55,7 +56,7 @@ class Browser {
     void PgDn();
     /// A level up.
     void MoveBack();
-    /// Lists the selected folder with all that is below it.
+    /// Lists the selected folder with all that is below it; deletes the selected preset.
     void MoveAhead();
     void VolUp();
     void VolDown();
@@ -136,6 +137,16 @@ class Browser {
     void OpenSql(const RowDescriptor& row);
     void OpenSearch(SearchKind kind, const std::string& argument);
     void SearchFor(const std::string& text);
+    // presets.cpp
+    void ReadPresets(const RowDescriptor& row);
+    void AskLabel(const RowDescriptor& row);
+    void SavePreset(const std::string& label);
+    void DeleteFreq(const RowDescriptor& row);
+    void ChangePresets(const std::string& name, const std::function<void()>& change);
+    // run_xm.cpp
+    void OpenXM(const RowDescriptor& row);
+    void TuneChannel(const RowDescriptor& row);
+    bool WriteChannels(std::int32_t& position);
     // hand_over.cpp
     void PlayDisc();
     void PlayAudioFiles(const RowDescriptor& row);
@@ -160,6 +171,7 @@ class Browser {
     ListBuilder builder_;
     SqlLists sqlLists_;
     Searches searches_;
+    XMLists xmLists_;
     std::unique_ptr<Timer> Timer2; ///< clock label, state of the player
     std::unique_ptr<Timer> Timer4; ///< takes notices away
     bool running_ = false;
@@ -170,6 +182,7 @@ class Browser {
     int noticeSeconds_ = 0; ///< left for the notice over the list; 0: none
     bool KeyboardShown = false;
     KeyboardPurposeValue KeyboardPurpose = KeyboardPurposeValue::SearchArtist;
+    std::string PresetPath; ///< the preset list on show
     std::string SavedTitle; ///< the heading from before the keyboard
     bool RecurseArmed = false;
     bool HistoryDirty = false;

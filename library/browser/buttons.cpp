@@ -83,7 +83,7 @@ void Browser::ShowRadio() {
     if (needs_.app.ListBusy || !HasRadio()) return;
     const bool xm = RadioIsXM(needs_);
     needs_.audio.PlayMode = xm ? PlayXM : PlayFM;
-    needs_.audio.ListTitle = xm ? "XM Satellite Radio" : "D-Link FM Radio";
+    needs_.audio.ListTitle = xm ? XMSourceName : FMSourceName;
     needs_.audio.ListFile = needs_.settings.File("presets.lst");
     needs_.audio.VolumeSerial = -1;
     needs_.audio.bStartPlaying = true;

@@ -40,7 +40,9 @@ void Browser::TakeText(const std::string& text) {
         {KeyboardPurposeValue::SearchArtist, &Browser::SearchFor},
         {KeyboardPurposeValue::SearchTitle, &Browser::SearchFor},
         {KeyboardPurposeValue::SearchGenre, &Browser::SearchFor},
-        {KeyboardPurposeValue::SearchFileName, &Browser::SearchFor}};
+        {KeyboardPurposeValue::SearchFileName, &Browser::SearchFor},
+
+        {KeyboardPurposeValue::PresetLabel, &Browser::SavePreset}};
     Run("UCKeyboard_OK", [&] {
         const auto handler = purposes.find(KeyboardPurpose);
         if (handler != purposes.end()) (this->*handler->second)(text);

@@ -55,11 +55,15 @@ class ListBuilder {
     bool OffersDatabase() const { return desk_.needs.CatalogueOnLine(); }
     bool OffersDisc() const { return desk_.needs.app.CDReady; }
     bool OffersFavorites() const;
+    bool OffersPresets() const;
+    bool OffersChannels() const;
     bool Always() const { return true; }
     void AddDatabase();
     void AddDiscDrive();
     void AddRemovableDrives();
     void AddFavorites();
+    void AddPresets();
+    void AddXM();
     // special_lists.cpp
     void PopulateApplications();
     void Recurse(const std::string& folder, std::vector<std::string>& files,

@@ -30,8 +30,11 @@ void Browser::Choose() {
 }
 
 void Browser::ChooseRow() {
-    static const std::map<std::string, Handler> kinds = {
-        {"FILE", &Browser::OpenFile}, {"PATH", &Browser::OpenPath}, {"SQL", &Browser::OpenSql}};
+    static const std::map<std::string, Handler> kinds = {{"FILE", &Browser::OpenFile},
+                                                         {"PATH", &Browser::OpenPath},
+                                                         {"SQL", &Browser::OpenSql},
+                                                         {"FREQ", &Browser::AskLabel},
+                                                         {"XM", &Browser::OpenXM}};
     const std::string descriptor = list_.GetSelectedFileName();
     if (descriptor.empty()) return;
     if (needs_.state.ListMode == ListApplications) return ChooseApplication(descriptor);
@@ -46,7 +49,8 @@ void Browser::ChooseRow() {
 std::string Browser::TrackHistory(const std::string& descriptor, const std::string& kind) {
     const bool back = list_.GetSelectedSongNum() == 0 && desk_.rows.HasBack();
     if (back && !BrowseHistory.empty()) return PopHistory(BrowseHistory);
-    if (kind != "EDIT") PushHistory(BrowseHistory, descriptor);
+    // What leaves the list as it is leads nowhere that there is a way back from.
+    if (kind != "EDIT" && kind != "FREQ") PushHistory(BrowseHistory, descriptor);
     return {};
 }
 
@@ -77,7 +81,8 @@ void Browser::OpenPath(const RowDescriptor& row) {
 void Browser::OpenFile(const RowDescriptor& row) {
     static const std::map<int, Handler> types = {{MediaAudio, &Browser::PlayAudioFiles},
                                                  {MediaVideo, &Browser::PlayVideoFiles},
-                                                 {MediaPlaylist, &Browser::OpenPlaylist}};
+                                                 {MediaPlaylist, &Browser::OpenPlaylist},
+                                                 {MediaPresetList, &Browser::ReadPresets}};
     if (row.body == "DVDVIDEO") return PlayDisc();
     const auto handler = types.find(GetMediaType(needs_.app, row.Rest()));
     if (handler != types.end()) (this->*handler->second)(row);

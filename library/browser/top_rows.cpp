@@ -1,6 +1,7 @@
 // The rows that stand above the folders of the media folder.
 #include "core/text.h"
 #include "library/browser/list_builder.h"
+#include "library/presets.h"
 #include "platform/files.h"
 
 #include <array>
@@ -8,11 +9,13 @@
 namespace vk {
 
 void ListBuilder::AddTopRows() {
-    static constexpr std::array<TopRow, 4> table = {{
+    static constexpr std::array<TopRow, 6> table = {{
         {&ListBuilder::OffersDatabase, &ListBuilder::AddDatabase},
         {&ListBuilder::OffersDisc, &ListBuilder::AddDiscDrive},
         {&ListBuilder::Always, &ListBuilder::AddRemovableDrives},
         {&ListBuilder::OffersFavorites, &ListBuilder::AddFavorites},
+        {&ListBuilder::OffersPresets, &ListBuilder::AddPresets},
+        {&ListBuilder::OffersChannels, &ListBuilder::AddXM},
     }};
     for (const TopRow& row : table)
         if ((this->*row.condition)()) (this->*row.add)();
@@ -26,6 +29,15 @@ void ListBuilder::AddDatabase() {
     desk_.rows.Add("Browse Database", "SQL:BrowseAll", searchpic);
 }
 
+bool ListBuilder::OffersPresets() const {
+    const bool wanted = !desk_.Building() && desk_.needs.state.ListMode != ListFromAudio;
+    return wanted && FileExists(desk_.needs.settings.File(PresetsName));
+}
+
+bool ListBuilder::OffersChannels() const {
+    return desk_.needs.settings.values.xmpcr_enabled && !desk_.Building();
+}
+
 void ListBuilder::AddDiscDrive() {
     desk_.rows.Add("Browse CD/DVD drive", "PATH:" + drives_.DiscDrive(), cdromPic);
 }
@@ -37,6 +49,15 @@ void ListBuilder::AddRemovableDrives() {
 
 void ListBuilder::AddFavorites() {
     desk_.rows.Add("Favorites", "FILE:" + desk_.needs.settings.File("favorites.m3u"), playlistpic);
+}
+
+void ListBuilder::AddPresets() {
+    desk_.rows.Add("Edit Preset Radio Stations", "FILE:" + desk_.needs.settings.File(PresetsName),
+                   playlistpic);
+}
+
+void ListBuilder::AddXM() {
+    desk_.rows.Add("XM Presets & Categories", "XM:", xmdefault);
 }
 
 } // namespace vk

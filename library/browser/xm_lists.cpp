@@ -29,7 +29,7 @@ void XMLists::Begin(const std::string& title, const std::string& backTo) {
     desk_.XMView = true;
     if (desk_.Building()) return;
     desk_.SetTitle(title);
-    desk_.rows.Add(BackRowText, backTo, backpic);
+    desk_.rows.AddBackTo(backTo);
 }
 
 void XMLists::ShowTop() {

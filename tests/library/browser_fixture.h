@@ -112,7 +112,7 @@ class BrowserTest : public testing::Test {
             made_ = std::make_unique<Browser>(
                 BrowserNeeds{core.settings, core.state, state, audio, video, core.screens,
                              core.clock, core.volumes, core.locale, core.report, tags, keys,
-                             catalogue, [this] { ++audioStopped; }},
+                             catalogue, [this] { ++audioStopped; }, &channels},
                 BrowserModels{list, keyboard}, view);
         return *made_;
     }
@@ -163,6 +163,7 @@ class BrowserTest : public testing::Test {
     FakeBrowserView view;
     ListModel list;
     KeyboardModel keyboard;
+    ChannelTable channels;
     FakeCatalogue known;
     Catalogue* catalogue = nullptr;
     int audioStopped = 0;

@@ -1,0 +1,97 @@
+#include "library/presets.h"
+
+#include "core/error_report.h"
+#include "core/text.h"
+#include "platform/files.h"
+
+#include <algorithm>
+#include <functional>
+
+namespace vk {
+
+namespace {
+
+constexpr std::string_view LineEnd = "\r\n";
+constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
+constexpr std::size_t LargestFile = 1 << 20;
+constexpr std::size_t ShortestLine = 4;
+
+// The lines as they stand, ended by CR LF, LF or CR.
+std::vector<std::string_view> Lines(std::string_view text) {
+    std::vector<std::string_view> lines;
+    if (text.starts_with(ByteOrderMark)) text.remove_prefix(ByteOrderMark.size());
+    while (!text.empty()) {
+        const auto end = std::min(text.find_first_of(LineEnd), text.size());
+        lines.push_back(text.substr(0, end));
+        text.remove_prefix(end);
+        text.remove_prefix(text.starts_with(LineEnd) ? LineEnd.size() : text.empty() ? 0 : 1);
+    }
+    return lines;
+}
+
+bool IsPreset(std::string_view line, const std::string& frequency) {
+    const auto colon = line.find(':');
+    return colon != std::string_view::npos &&
+           ToUtf8(Trim(line.substr(0, colon))) == Trim(frequency);
+}
+
+// Every line of the frequency becomes `line`, which is empty or ends in a line end.
+std::string Replaced(std::string_view text, const std::string& frequency, const std::string& line) {
+    std::string result;
+    for (const std::string_view kept : Lines(text)) {
+        if (IsPreset(kept, frequency))
+            result += line;
+        else
+            result.append(kept).append(LineEnd);
+    }
+    return result;
+}
+
+void Change(const std::string& path, const std::function<std::string(const std::string&)>& change) {
+    const auto text = ReadWholeFile(path, LargestFile);
+    if (!text || FileLength(path) > LargestFile)
+        throw Error("The presets could not be read: " + ToUtf8(path), 53);
+    const std::string changed = change(*text);
+    std::string reason;
+    if (changed != *text && !ReplaceFile(path, changed, &reason))
+        throw Error("The presets could not be saved: " + reason, 75);
+}
+
+} // namespace
+
+std::vector<Preset> ParsePresets(std::string_view text) {
+    std::vector<Preset> presets;
+    for (const std::string_view line : Lines(text)) {
+        const std::string trimmed = Trim(line);
+        const auto colon = trimmed.find(':');
+        if (colon == std::string::npos || trimmed.size() < ShortestLine) continue;
+        presets.push_back(
+            {ToUtf8(Trim(trimmed.substr(0, colon))), ToUtf8(trimmed.substr(colon + 1))});
+    }
+    return presets;
+}
+
+std::string WithPreset(std::string_view text, const std::string& frequency,
+                       const std::string& label) {
+    std::string line = Trim(frequency) + ":" + label;
+    std::erase_if(line, [](char c) { return c == '\r' || c == '\n'; });
+    return Replaced(text, frequency, line.append(LineEnd));
+}
+
+std::string WithoutPreset(std::string_view text, const std::string& frequency) {
+    return Replaced(text, frequency, "");
+}
+
+std::vector<Preset> ReadPresetFile(const std::string& path) {
+    return ParsePresets(ReadWholeFile(path, LargestFile).value_or(""));
+}
+
+void SavePreset(const std::string& path, const std::string& frequency, const std::string& label) {
+    Change(path, [&](const std::string& text) { return WithPreset(text, frequency, label); });
+}
+
+void DeleteFreq(const std::string& path, const std::string& frequency) {
+    Change(path, [&](const std::string& text) { return WithoutPreset(text, frequency); });
+}
+
+} // namespace vk
