@@ -1,5 +1,7 @@
 #include "app/application.h"
 
+#include "tuners/xm/channel_file.h"
+
 #include <QCoreApplication>
 #include <QTimer>
 
@@ -72,6 +74,8 @@ ScreenLoader Application::MakeLoader() {
         };
     };
     loader.playlists = [this] {
+        if (settings_.values.xmpcr_enabled)
+            LoadChannels(settings_.File(ChannelFileName), clock_.Now(), report_, channels_);
         browserScreen_ =
             std::make_unique<playlists>(playlists::Needs{controls_, BrowserScreenNeeds()}, &host_);
         screens_.Add("playlists", *browserScreen_);
@@ -184,7 +188,8 @@ BrowserNeeds Application::BrowserScreenNeeds() {
             .tags = tags_,
             .keys = keys_,
             .catalogue = &db_,
-            .StopAudio = [this] { start_.Winamp()->WinAMP_SCM(WinampStop); }};
+            .StopAudio = [this] { start_.Winamp()->WinAMP_SCM(WinampStop); },
+            .channels = &channels_};
 }
 
 AudioPlayer::Needs Application::PlayerNeeds() {

@@ -28,6 +28,7 @@
 #include "skin/controls/black_background.h"
 #include "skin/controls/picture_cache.h"
 #include "skin/controls/skin_dialogs.h"
+#include "tuners/xm/channel_table.h"
 
 #include <memory>
 #include <string>
@@ -86,6 +87,7 @@ class Application {
     AudioState audio_;
     BrowserState browser_;
     VideoState video_;
+    ChannelTable channels_;
     ID3 tagReader_{TagPorts{log_, dialogs_}, state_.DecimalSymbol};
     modDB db_{{state_, settings_, report_, tagReader_}};
     CatalogueUpdates updates_{UpdateNeeds()};

@@ -5,6 +5,8 @@
 #include "library/browser/browser.h"
 #include "platform/files.h"
 
+#include <algorithm>
+
 namespace vk {
 
 void Browser::ReadPresets(const RowDescriptor& row) {

@@ -3,6 +3,7 @@
 #include "library/browser/browser.h"
 #include "library/channel_list.h"
 
+#include <algorithm>
 #include <map>
 
 namespace vk {
