@@ -1,9 +1,11 @@
 #include "dbupdate/scan/compare.h"
 
 #include "library/catalogue/date_stamp.h"
+#include "library/catalogue/sql_text.h"
 #include "platform/paths.h"
 
 #include <algorithm>
+#include <functional>
 #include <iterator>
 #include <optional>
 #include <string_view>
@@ -18,46 +20,56 @@ namespace {
 /// the next row is that of the next file.
 class FilesByKey {
   public:
-    explicit FilesByKey(const std::vector<FoundFile>& files) : files_(files) {}
+    explicit FilesByKey(const FoundFiles& found) : found_(found) {}
 
     /// The index of the file that a row is for; nothing when there is none.
     std::optional<std::size_t> Find(std::string_view key) {
-        if (next_ < files_.size() && IsPlain(files_[next_]) && files_[next_].path == key)
-            return next_++;
-        const auto found = Map().find(key);
-        if (found == Map().end()) return std::nullopt;
-        next_ = found->second + 1;
-        return found->second;
+        const bool next = next_ < found_.files.size() && found_.files[next_].plain &&
+                          found_.IsPath(found_.files[next_], key);
+        const auto file = next ? std::optional(next_) : Search(key);
+        if (file) next_ = *file + 1;
+        return file;
     }
 
     /// False for a file whose row is another one's.
     bool HasRow(std::size_t index) {
-        const FoundFile& file = files_[index];
-        return IsPlain(file) || Map().at(file.Key()) == index;
+        const FoundFile& file = found_.files[index];
+        return file.plain || Search(found_.Key(file)) == index;
     }
 
   private:
-    /// Whether no other file can have its key.
-    static bool IsPlain(const FoundFile& file) {
-        return file.key.empty() && file.path.find('"') == std::string::npos;
+    struct Entry {
+        std::size_t hash;
+        std::uint32_t index;
+        auto operator<=>(const Entry&) const = default;
+    };
+
+    static std::size_t Hash(std::string_view key) { return std::hash<std::string_view>()(key); }
+
+    void Sort() {
+        sorted_.reserve(found_.files.size());
+        for (const FoundFile& file : found_.files)
+            sorted_.push_back({Hash(found_.Key(file)), static_cast<std::uint32_t>(sorted_.size())});
+        std::ranges::sort(sorted_);
     }
 
     /// Two names can have one key, as one of them holds a double quote; the other is the one that
     /// is read back from the key.
-    const std::unordered_map<std::string_view, std::size_t>& Map() {
-        if (!map_.empty()) return map_;
-        map_.reserve(files_.size());
-        for (std::size_t i = 0; i < files_.size(); ++i) {
-            const auto [at, added] = map_.try_emplace(files_[i].Key(), i);
-            const bool better = files_[i].path.find('"') == std::string::npos;
-            if (!added && better) at->second = i;
+    std::optional<std::size_t> Search(std::string_view key) {
+        if (sorted_.empty()) Sort();
+        std::optional<std::size_t> found;
+        const auto same = std::ranges::equal_range(sorted_, Hash(key), {}, &Entry::hash);
+        for (const Entry& entry : same) {
+            const std::string path = found_.Path(found_.files[entry.index]);
+            if (Escape(path) != key) continue;
+            if (!found || path.find('"') == std::string::npos) found = entry.index;
         }
-        return map_;
+        return found;
     }
 
-    const std::vector<FoundFile>& files_;
+    const FoundFiles& found_;
     std::size_t next_ = 0;
-    std::unordered_map<std::string_view, std::size_t> map_; ///< empty until it is needed
+    std::vector<Entry> sorted_; ///< all files; empty until it is needed
 };
 
 /// The places that nothing is known of.
@@ -94,7 +106,7 @@ std::vector<std::string> DrivesOf(Database& catalogue) {
 
 bool HoldsFiles(const FoundFiles& found, const std::string& folder) {
     return std::ranges::any_of(
-        found.files, [&](const FoundFile& file) { return file.Key().starts_with(folder); });
+        found.folders, [&](const std::string& path) { return Escape(path).starts_with(folder); });
 }
 
 /// Which of these are not mounted now.
@@ -112,7 +124,7 @@ std::vector<std::string> Unplugged(const std::vector<std::string>& drives,
 
 Changes CompareWithRows(const FoundFiles& found, Database* catalogue) {
     Changes changes;
-    FilesByKey files(found.files);
+    FilesByKey files(found);
     const auto known = catalogue ? DrivesOf(*catalogue) : std::vector<std::string>();
     changes.drives = Unplugged(known, found);
     const Unknown unknown(found.unread, changes.drives);

@@ -58,7 +58,7 @@ class Scan {
         if (found.files.empty() && found.unread.empty() && rows_ > 0)
             throw Error("The media folder " + request_.mediaDir + " is empty", NoMediaFiles);
         const Changes changes = Compare(found);
-        if (!changes.None() || !catalogue_) Write(changes);
+        if (!changes.None() || !catalogue_) Write(found, changes);
         succeeded_ = !needs_.stop;
     }
 
@@ -74,10 +74,10 @@ class Scan {
         }
     }
 
-    void Write(const Changes& changes) {
+    void Write(const FoundFiles& found, const Changes& changes) {
         WorkingCopy copy(request_.appDir, catalogue_.get());
         Progress(ScanStep::ToRead, Count(changes.toRead), "Please Wait...");
-        WriteRead(changes, copy.Rows());
+        WriteRead(found, changes, copy.Rows());
         if (needs_.stop) return;
         const std::int64_t gone = Count(changes.gone);
         Progress(ScanStep::Reconciling, gone, std::to_string(gone) + " reconciling db");
@@ -94,9 +94,9 @@ class Scan {
         needs_.send(unhook);
     }
 
-    void WriteRead(const Changes& changes, RowWriter& rows) {
-        TagPool pool(
-            {request_.mediaDir, changes.toRead, request_.decimalSymbol, needs_.log, needs_.stop});
+    void WriteRead(const FoundFiles& found, const Changes& changes, RowWriter& rows) {
+        TagPool pool({request_.mediaDir, found, changes.toRead, request_.decimalSymbol, needs_.log,
+                      needs_.stop});
         std::int64_t done = 0, told = 0;
         while (const auto read = pool.Take()) {
             for (const FileRow& row : *read)

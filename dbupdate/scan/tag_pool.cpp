@@ -63,8 +63,9 @@ void TagPool::Read() {
         Rows rows;
         for (std::size_t i = first; i < end && !work_.stop; ++i) {
             const FoundFile& file = *work_.files[i];
-            rows.push_back(MakeFileRow(reader, work_.root + file.path, file.path,
-                                       DateStamp(file.date), file.mediaType));
+            const std::string path = work_.found.Path(file);
+            rows.push_back(
+                MakeFileRow(reader, work_.root + path, path, DateStamp(file.date), file.mediaType));
         }
         wanted = Hand(first, std::move(rows));
     }

@@ -19,7 +19,8 @@ namespace vk {
 /// What is to be read, and how. All of it outlives the pool.
 struct TagWork {
     const std::string& root;
-    const std::vector<const FoundFile*>& files;
+    const FoundFiles& found;
+    const std::vector<const FoundFile*>& files; ///< of these
     const std::string& decimalSymbol;
     const DebugLog& log;
     const std::atomic<bool>& stop;

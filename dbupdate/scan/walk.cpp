@@ -65,6 +65,8 @@ class Walk {
         if (identity.volume != pending.volume)
             found_.drives.push_back(Escape(path + PathSeparator));
         volume_ = identity.volume;
+        folder_ = path;
+        folderTaken_ = false;
         while (const auto entry = folder.Next()) {
             TakeEntry(folder, path, *entry);
             if (stop_) return;
@@ -101,7 +103,7 @@ class Walk {
             auto& later = entry.kind == Kind::Link ? links_ : folders_;
             later.push_back({Below(path, entry.name), volume_});
         } else if (facts->isFile && type != MediaUnknown) {
-            TakeFile(Below(path, entry.name), facts->written, type);
+            TakeFile(entry.name, facts->written, type);
         }
     }
 
@@ -112,10 +114,26 @@ class Walk {
         return GetMediaType(types_, name_);
     }
 
-    void TakeFile(std::string path, std::int64_t date, int type) {
-        std::string key = Escape(path);
-        if (key == path) key.clear();
-        found_.files.push_back({std::move(path), std::move(key), date, type});
+    void TakeFile(std::string_view name, std::int64_t date, int type) {
+        if (!folderTaken_) {
+            found_.folders.push_back(folder_ + PathSeparator);
+            folderPlain_ = IsPlain(folder_);
+            folderTaken_ = true;
+        }
+        FoundFile& file = found_.files.emplace_back();
+        file.date = date;
+        file.folder = static_cast<std::uint32_t>(found_.folders.size() - 1);
+        file.name = static_cast<std::uint32_t>(found_.names.size());
+        file.nameLength = static_cast<std::uint16_t>(name.size());
+        file.mediaType = static_cast<std::uint8_t>(type);
+        file.plain = folderPlain_ && IsPlain(name);
+        found_.names += name;
+    }
+
+    /// Neither changed by `Escape` nor what another path becomes by it; a path begins with a
+    /// separator and ends with a known extension, so that there is nothing to trim.
+    static bool IsPlain(std::string_view path) {
+        return path.find_first_of("'\"") == std::string_view::npos;
     }
 
     static std::string Below(const std::string& folder, std::string_view name) {
@@ -131,11 +149,28 @@ class Walk {
     std::vector<Pending> folders_, links_;
     std::set<FolderIdentity> walked_;
     std::uint64_t volume_ = 0; ///< of the folder that is being read
+    std::string folder_;       ///< the one that is being read
+    bool folderTaken_ = false; ///< it is among the found folders
+    bool folderPlain_ = false; ///< no quotes in its path
     std::string name_;
     FoundFiles found_;
 };
 
 } // namespace
+
+std::string FoundFiles::Path(const FoundFile& file) const {
+    return std::string(folders[file.folder]).append(names, file.name, file.nameLength);
+}
+
+std::string FoundFiles::Key(const FoundFile& file) const {
+    return Escape(Path(file));
+}
+
+bool FoundFiles::IsPath(const FoundFile& file, std::string_view path) const {
+    const std::string& folder = folders[file.folder];
+    return path.size() == folder.size() + file.nameLength && path.starts_with(folder) &&
+           path.ends_with(std::string_view(names).substr(file.name, file.nameLength));
+}
 
 FoundFiles WalkMedia(const std::string& root, const AppState& types,
                      const std::atomic<bool>& stop) {

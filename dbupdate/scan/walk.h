@@ -6,23 +6,26 @@
 #include <atomic>
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace vk {
 
-/// A media file, when it was walked over.
+/// A media file, when it was walked over; small, as there can be very many.
 struct FoundFile {
-    std::string path;  ///< below the media folder, with a separator in front
-    std::string key;   ///< the path as the catalogue has it; empty when that is no different
-    std::int64_t date; ///< last written, seconds since 1970
-    int mediaType;
-
-    const std::string& Key() const { return key.empty() ? path : key; }
+    std::int64_t date;    ///< last written, seconds since 1970
+    std::uint32_t folder; ///< its index in the folders of `FoundFiles`
+    std::uint32_t name;   ///< where its name begins in the names of `FoundFiles`
+    std::uint16_t nameLength;
+    std::uint8_t mediaType;
+    bool plain; ///< its path is its key, and no other file's
 };
 
 /// What a walk found. An exception tells that the media folder itself did not answer.
 struct FoundFiles {
     std::vector<FoundFile> files;
+    std::vector<std::string> folders; ///< below the media folder, a separator at either end
+    std::string names;                ///< of the files, one after the other
     /// Keys of files, and of folders with a separator at their end, that are there but could not be
     /// looked at: nothing is known of what is behind them.
     std::vector<std::string> unread;
@@ -30,6 +33,13 @@ struct FoundFiles {
     /// name is in: mounted drives, and links that lead to one.
     std::vector<std::string> drives;
     bool stopped = false;
+
+    /// Below the media folder, with a separator in front.
+    std::string Path(const FoundFile& file) const;
+    /// The path as the catalogue has it.
+    std::string Key(const FoundFile& file) const;
+    /// Whether it is the path of a file.
+    bool IsPath(const FoundFile& file, std::string_view path) const;
 };
 
 /// Walks the folder `root` with all folders below it, links followed, each real folder once. Takes

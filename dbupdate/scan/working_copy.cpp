@@ -53,7 +53,7 @@ void WorkingCopy::Begin(const std::string& appDir, Database* catalogue) {
     database_->Execute("PRAGMA journal_mode = OFF");
     database_->Execute("PRAGMA synchronous = OFF");
     database_->Execute("PRAGMA secure_delete = OFF");
-    database_->Execute("PRAGMA cache_size = -16000"); // 16 MB
+    database_->Execute("PRAGMA cache_size = -8000"); // 8 MB, and as much again to sort an index
     database_->Execute("BEGIN EXCLUSIVE");
     if (anew_) CreateTables(*database_);
     rows_ = std::make_unique<RowWriter>(*database_);
