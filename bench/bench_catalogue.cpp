@@ -1,7 +1,9 @@
 // The catalogue server on 20,000 tagged files (an album of 12 a folder) with a warm cache, and the
-// screens' queries on 200,000 rows. The tree lies in the folder for temporary files.
+// screens' queries and the browser's lists on 200,000 rows. The tree lies in the folder for
+// temporary files.
 #include "dbupdate/scan/scan.h"
 #include "dbupdate/scan/walk.h"
+#include "library/browser/browser.h"
 #include "library/catalogue/file_row.h"
 #include "library/catalogue/mod_db.h"
 #include "library/catalogue/schema.h"
@@ -136,8 +138,12 @@ struct Large : CoreFixture {
                 writer.Put(Row(i, "/One Folder/"));
         }
         CreateIndexes(database);
+        MeasureIndexes(database);
         database.Execute("COMMIT");
-        settings.values.MediaDir = "/media";
+        settings.values.MediaDir = media.Path();
+        settings.values.TopNewCount = 50;
+        settings.values.manualdb = true;
+        state.AudioExtensionList = {"MP3"};
         catalogue.InitDB(false);
     }
 
@@ -156,6 +162,16 @@ struct Large : CoreFixture {
         return row;
     }
 
+    /// Makes the files that a query finds: the browser leaves out what is not there.
+    void Touch(const std::vector<CatalogueFile>& found) const {
+        for (const CatalogueFile& file : found) {
+            const std::string path = media.Path() + file.path;
+            std::filesystem::create_directories(FolderOf(path));
+            if (!FileExists(path)) AppendToFile(path, "x");
+        }
+    }
+
+    TempFolder media;
     ID3 reader{{log, dialogs}, state.DecimalSymbol};
     modDB catalogue{{state, settings, report, reader}};
 };
@@ -206,11 +222,98 @@ void OpenedFolder(benchmark::State& state, bool below) {
     Large& large = LargeCatalogue();
     for (auto _ : state)
         benchmark::DoNotOptimize(
-            below ? large.catalogue.FilesBelow("/media/One Folder")
-                  : large.catalogue.FolderFiles("/media/One Folder", true, true));
+            below ? large.catalogue.FilesBelow(large.media.File("One Folder"))
+                  : large.catalogue.FolderFiles(large.media.File("One Folder"), true, true));
 }
 BENCHMARK_CAPTURE(OpenedFolder, itself, false)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(OpenedFolder, and_below, true)->Unit(benchmark::kMillisecond);
+
+/// A screen that draws nothing.
+class NoView : public BrowserView {
+  public:
+    void SetTitle(const std::string&) override {}
+    void ShowLoading(const std::string&) override {}
+    void HideLoading() override {}
+    void SetClock(const std::string&) override {}
+    void SetButton(BrowserButton, const std::string&) override {}
+    void ShowToolFrame(bool) override {}
+    void SlideKeyboard(bool) override {}
+    void ReDrawList() override {}
+    void ShowAtFront() override {}
+};
+
+/// The browser on the large catalogue.
+struct LargeBrowser {
+    LargeBrowser() { list.SetGeometry(20, "3", 400); }
+
+    /// "OK" on a row of that descriptor, until the list that it stands for is loaded.
+    void Choose(const std::string& descriptor) {
+        list.ClearAllArrays();
+        list.AddItem("", "", descriptor);
+        list.LoadList();
+        browser.runok();
+    }
+
+    Large& large = LargeCatalogue();
+    BrowserState state{.CurrentPath = large.media.Path()};
+    AudioState audio;
+    VideoState video;
+    MediaTags tags{large.state, large.reader, &large.catalogue};
+    KeyMap keys;
+    NoView view;
+    ListModel list;
+    KeyboardModel keyboard;
+    Browser browser{{.settings = large.settings,
+                     .app = large.state,
+                     .state = state,
+                     .audio = audio,
+                     .video = video,
+                     .screens = large.screens,
+                     .clock = large.clock,
+                     .volumes = large.volumes,
+                     .locale = large.locale,
+                     .report = large.report,
+                     .tags = tags,
+                     .keys = keys,
+                     .catalogue = &large.catalogue},
+                    {list, keyboard},
+                    view};
+};
+
+/// From the press of "OK" until the list is loaded.
+void Pressed(benchmark::State& state, const std::string& descriptor, const char* found) {
+    LargeBrowser shown;
+    if (*found) shown.large.Touch(shown.large.catalogue.Files(found));
+    for (auto _ : state)
+        shown.Choose(descriptor);
+    state.counters["rows"] = shown.list.ItemCount();
+}
+BENCHMARK_CAPTURE(Pressed, artists, "SQL:BrowseArtist", "")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Pressed, one_artist, "SQL:BrowseArtist|Artist='Artist Number 77'",
+                  "SELECT Path FROM Media WHERE Artist='Artist Number 77'")
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Pressed, text_search, "SQL:SearchTitle|Title='title 12345'",
+                  "SELECT Path FROM Media WHERE Title LIKE '%title 12345%'")
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Pressed, artist_search, "SQL:SearchArtist|Artist='number 1234'",
+                  "SELECT Path FROM Media WHERE Artist LIKE '%number 1234%'")
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Pressed, path_search, "SQL:SearchPath|Path='title 12345'",
+                  "SELECT Path FROM Media WHERE Path LIKE '%title 12345%'")
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Pressed, newest, "SQL:BrowseNewMusic",
+                  "SELECT TOP 50 Path FROM Media WHERE MediaType=1 ORDER BY TStamp DESC")
+    ->Unit(benchmark::kMillisecond);
+
+void PressedFolder(benchmark::State& state) {
+    LargeBrowser shown;
+    const std::string folder = shown.large.media.File("One Folder");
+    shown.large.Touch(shown.large.catalogue.FolderFiles(folder, false, true));
+    for (auto _ : state)
+        shown.Choose("PATH:" + folder);
+    state.counters["rows"] = shown.list.ItemCount();
+}
+BENCHMARK(PressedFolder)->Unit(benchmark::kMillisecond);
 
 } // namespace
 } // namespace vk::test

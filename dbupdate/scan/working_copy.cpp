@@ -69,6 +69,7 @@ void WorkingCopy::SetDrives(const std::vector<std::string>& drives) {
 void WorkingCopy::Finish(bool compact) {
     rows_.reset();
     if (anew_) CreateIndexes(*database_);
+    MeasureIndexes(*database_);
     database_->Execute("COMMIT");
     const bool sparse = Number(*database_, "PRAGMA freelist_count") * UnusedPart >
                         Number(*database_, "PRAGMA page_count");

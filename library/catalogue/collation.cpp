@@ -85,18 +85,24 @@ char32_t Listed(std::string_view text, std::size_t at, std::size_t& length) {
 
 void AppendKey(std::string_view text, std::string& key) {
     static const std::vector<Entry> entries = MakeEntries();
-    for (std::size_t at = 0; at < text.size();) {
+    // Most texts are ASCII: a table scan spends its time here.
+    const auto plain = std::ranges::find_if_not(text, IsAscii);
+    const std::size_t start = key.size();
+    const auto ascii = static_cast<std::size_t>(plain - text.begin());
+    key.resize(start + ascii);
+    std::transform(text.begin(), plain, key.begin() + static_cast<std::ptrdiff_t>(start), Lower);
+    for (std::size_t at = ascii; at < text.size();) {
         if (IsAscii(text[at])) {
             key += Lower(text[at++]);
             continue;
         }
-        std::size_t length = 1;
-        const char32_t letter = Listed(text, at, length);
+        std::size_t bytes = 1;
+        const char32_t letter = Listed(text, at, bytes);
         if (letter != 0)
             key.append(entries[letter - FirstListed].data());
         else
-            key.append(text.substr(at, length));
-        at += length;
+            key.append(text.substr(at, bytes));
+        at += bytes;
     }
 }
 

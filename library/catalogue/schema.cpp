@@ -41,6 +41,10 @@ void CreateIndexes(Database& database) {
     database.Execute(Indexes);
 }
 
+void MeasureIndexes(Database& database) {
+    database.Execute("ANALYZE");
+}
+
 void MakeEmptyCatalogue(const std::string& file) {
     const std::string made = file + ".made";
     DeleteFileAt(made);

@@ -22,6 +22,9 @@ void MakeEmptyCatalogue(const std::string& file);
 /// The tables without the indexes that only queries need: faster to fill.
 void CreateTables(Database& database);
 void CreateIndexes(Database& database);
+/// Counts what the indexes hold. By it a list of artists skips from name to name, and a search by
+/// genre starts from the genres.
+void MeasureIndexes(Database& database);
 
 /// Throws when the file is no catalogue, one of another layout or shorter than it says. Damage deep
 /// inside shows only when it is read.
