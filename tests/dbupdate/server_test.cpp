@@ -1,4 +1,5 @@
 // The server as a process, with the main program's client.
+#include "dbupdate/scan/scan.h"
 #include "library/catalogue/server_client.h"
 #include "tests/dbupdate/scan_fixture.h"
 
@@ -6,7 +7,11 @@
 #include <QElapsedTimer>
 #include <QProcess>
 
+#include <signal.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <time.h>
+#include <unistd.h>
 
 namespace vk::test {
 namespace {
@@ -112,6 +117,64 @@ TEST_F(ServerTest, ASuddenEndLeavesTheOldCatalogue) {
     Finish(client);
     EXPECT_THAT(Paths(), SizeIs(1000));
     EXPECT_FALSE(FileExists(app.File(WorkingCatalogueName)));
+}
+
+/// Runs a scan and the hand-over in a process of its own that is killed after so many
+/// microseconds; true when it came to its end before.
+bool ScanUntilKilled(const ScanRequest& request, const DebugLog& log, long microseconds) {
+    const pid_t child = ::fork();
+    if (child == 0) {
+        sigevent kill{};
+        kill.sigev_notify = SIGEV_SIGNAL;
+        kill.sigev_signo = SIGKILL;
+        timer_t timer{};
+        const itimerspec when{{}, {microseconds / 1'000'000, microseconds % 1'000'000 * 1000}};
+        const bool armed = ::timer_create(CLOCK_MONOTONIC, &kill, &timer) == 0 &&
+                           ::timer_settime(timer, 0, &when, nullptr) == 0;
+        const std::atomic<bool> stop = false;
+        const auto send = [&](const ServerEvent& event) {
+            if (event.kind == ServerEvent::Kind::UnhookDB)
+                RenameFlushed(JoinPath(request.appDir, WorkingCatalogueName),
+                              JoinPath(request.appDir, CatalogueFileName));
+        };
+        if (armed) RunScan(request, {log, send, stop});
+        ::_exit(armed ? 0 : 1);
+    }
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    EXPECT_TRUE(WIFSIGNALED(status) || WEXITSTATUS(status) == 0);
+    return WIFEXITED(status);
+}
+
+TEST_F(ServerTest, KilledAtAnyMomentItLeavesTheOldCatalogueOrTheNew) {
+    constexpr long Shortest = 300, Longest = 60'000'000;
+    const std::string catalogue = app.File(CatalogueFileName);
+    const auto count = [&] {
+        Database database(catalogue, Database::Mode::ReadOnly);
+        CheckCatalogue(database);
+        Statement check(database, "PRAGMA integrity_check");
+        EXPECT_TRUE(check.Step());
+        EXPECT_EQ(check.Text(0), "ok");
+        return CountFiles(database);
+    };
+    db.Close();
+    Albums(2, 10);
+    ASSERT_TRUE(ScanUntilKilled(Request(), log, Longest));
+    const std::string old = app.Read(CatalogueFileName);
+    Albums(8, 20);
+    int killed = 0;
+    for (long time = Shortest; time < Longest; time += time / 5, ++killed) {
+        const bool ended = ScanUntilKilled(Request(), log, time);
+        const std::int64_t files = count();
+        EXPECT_TRUE(files == 160 || (!ended && files == 20)) << files << " after " << time;
+        if (ended) break;
+        app.Write(CatalogueFileName, old); // what is left of the working copy stays
+    }
+    EXPECT_GT(killed, 3);
+    app.Write(CatalogueFileName, old);
+    app.Write(WorkingCatalogueName, old.substr(0, old.size() / 2)); // torn
+    EXPECT_TRUE(ScanUntilKilled(Request(), log, Longest));
+    EXPECT_EQ(count(), 160);
 }
 
 TEST_F(ServerTest, ALostServerIsLoggedAndStartedAgain) {
