@@ -5,6 +5,7 @@ librsvg2-bin imagemagick fonts-dejavu-core"
 RUN_PACKAGES="libqt6gui6 libqt6widgets6 libsqlite3-0 vlc-plugin-base libvlc-bin libasound2-plugins \
 fonts-dejavu-core xvfb x11-apps imagemagick"
 DEMO_PACKAGES="ffmpeg"
+SCAN_BENCH_PACKAGES="libbenchmark-dev libtag1-dev mpd"
 TEST_PACKAGES="procps libgtest-dev libgmock-dev xvfb xauth xdotool openbox x11-utils"
 
 say() { printf '%s\n' "velkorandum: $*"; }
