@@ -1,6 +1,7 @@
 #include "library/list_file.h"
 
 #include "core/text.h"
+#include "library/utf16.h"
 #include "platform/files.h"
 #include "platform/paths.h"
 
@@ -18,9 +19,7 @@ std::string FindEntry(const std::string& name, const std::string& folder) {
     return FileExists(inFolder) ? inFolder : std::string();
 }
 
-} // namespace
-
-std::vector<std::string> ListLines(std::string_view contents) {
+std::vector<std::string> SplitLines(std::string_view contents) {
     if (contents.starts_with(ByteOrderMark)) contents.remove_prefix(ByteOrderMark.size());
     std::vector<std::string> lines;
     while (!contents.empty()) {
@@ -30,6 +29,13 @@ std::vector<std::string> ListLines(std::string_view contents) {
         contents.remove_prefix(std::min(end + 1, contents.size()));
     }
     return lines;
+}
+
+} // namespace
+
+std::vector<std::string> ListLines(std::string_view contents) {
+    const auto order = Utf16OrderOf(contents);
+    return order ? SplitLines(Utf16ToUtf8(contents, *order)) : SplitLines(contents);
 }
 
 std::string ResolveListEntry(const std::string& line, const std::string& folder) {
@@ -47,20 +53,30 @@ std::string ResolveListEntry(const std::string& line, const std::string& folder)
 
 std::vector<std::string> ReadListFile(const std::string& path) {
     std::vector<std::string> found;
-    for (const std::string& line : ListLines(ReadWholeFile(path).value_or(""))) {
+    for (const std::string& line : ListLines(ReadWholeFile(path, ListFileLimit).value_or(""))) {
         std::string entry = ResolveListEntry(line, FolderOf(path));
         if (!entry.empty()) found.push_back(std::move(entry));
     }
     return found;
 }
 
+bool FitsListLine(std::string_view entry) {
+    using namespace std::string_view_literals;
+    return entry.find_first_of("\r\n\0"sv) == std::string_view::npos;
+}
+
 bool WriteListFile(const std::string& path, const std::string& comment,
-                   const std::vector<std::string>& entries) {
+                   const std::vector<std::string>& entries, std::string* reason) {
     std::string contents;
     if (!comment.empty()) contents = "# " + comment + "\r\n";
-    for (const std::string& entry : entries)
+    for (const std::string& entry : entries) {
+        if (!FitsListLine(entry)) {
+            if (reason) *reason = "a line end in the name " + ToUtf8(FileNameOf(entry));
+            return false;
+        }
         contents += entry + "\r\n";
-    return ReplaceFile(path, contents);
+    }
+    return ReplaceFile(path, contents, reason);
 }
 
 } // namespace vk

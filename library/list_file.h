@@ -1,14 +1,18 @@
 // Playlist files (.m3u): one path a line, written by many programs on many systems.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace vk {
 
-/// The lines of a text: ended by LF, CR LF or CR, without a byte order mark; blanks around a line
-/// and empty lines are dropped.
+/// Bytes of a list that are read; a longer file is no list.
+inline constexpr std::size_t ListFileLimit = 128u << 20;
+
+/// The lines of a text in UTF-8, Windows-1252 or UTF-16 (which is turned into UTF-8): ended by LF,
+/// CR LF or CR, without a byte order mark; blanks around a line and empty lines are dropped.
 std::vector<std::string> ListLines(std::string_view contents);
 
 /// The existing file that a line of the list in `folder` names, "" when there is none. It is tried
@@ -20,9 +24,14 @@ std::string ResolveListEntry(const std::string& line, const std::string& folder)
 /// An unreadable list gives none.
 std::vector<std::string> ReadListFile(const std::string& path);
 
-/// The lines of a play list that is written for the players: `comment` (if any) after "# ", then
-/// the paths. False when the file could not be written.
+/// True when an entry can be a line of a list: line ends would make two lines of it, a NUL would
+/// cut it.
+bool FitsListLine(std::string_view entry);
+
+/// Replaces a list in one step: `comment` (if any) after "# ", then the entries, byte for byte.
+/// False, with the old file as it was and the cause in `reason` (optional), when it could not be
+/// written or an entry fits no line.
 bool WriteListFile(const std::string& path, const std::string& comment,
-                   const std::vector<std::string>& entries);
+                   const std::vector<std::string>& entries, std::string* reason = nullptr);
 
 } // namespace vk

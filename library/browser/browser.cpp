@@ -12,9 +12,10 @@ constexpr int SecondMs = 1000;
 } // namespace
 
 Browser::Browser(BrowserNeeds needs, BrowserModels models, BrowserView& view)
-    : needs_(std::move(needs)), list_(models.list), keyboard_(models.keyboard), view_(view),
-      desk_(needs_, list_, view), builder_(desk_), sqlLists_(desk_), searches_(desk_),
-      xmLists_(desk_), Timer2(needs_.clock.MakeTimer([this] { ShowState(); })),
+    : needs_(std::move(needs)), list_(models.list), rightList_(models.rightList),
+      keyboard_(models.keyboard), view_(view), desk_(needs_, list_, view), builder_(desk_),
+      sqlLists_(desk_), searches_(desk_), xmLists_(desk_), editor_(desk_, models.rightList),
+      Timer2(needs_.clock.MakeTimer([this] { ShowState(); })),
       Timer4(needs_.clock.MakeTimer([this] { TickNotice(); })) {
     keyboard_.onOK = [this](const std::string& text) { TakeText(text); };
     keyboard_.onEscape = [this] { CloseKeyboard(); };
@@ -32,7 +33,7 @@ void Browser::Run(const std::string& name, const std::function<void()>& operatio
     CloseLoading();
     const bool aborted = desk_.TakeAborted();
     const std::function<void()> next = std::exchange(enterNext_, {});
-    if (aborted && needs_.screens.CurrentForm == BrowserName) return Leave();
+    if (aborted && !desk_.Building() && needs_.screens.CurrentForm == BrowserName) return Leave();
     if (next) TrapAndLog(needs_.report, "An error occured in playlists." + name + " ", next);
 }
 
@@ -41,6 +42,7 @@ void Browser::ReShow() {
         needs_.screens.CurrentForm = BrowserName;
         view_.ShowAtFront();
         if (KeyboardShown) HideOSK();
+        EnterMode();
         HistoryDirty = RecurseArmed = desk_.SqlView = false;
         BrowseHistory.clear();
         view_.SetButton(BrowserButton::Recurse, "recurse.gif");
@@ -51,6 +53,13 @@ void Browser::ReShow() {
         Populate();
         needs_.screens.HideOthers(BrowserName);
     });
+}
+
+// A list that is being built is there again when the mode is still that; another mode drops it.
+void Browser::EnterMode() {
+    if (desk_.Building() && editor_.Editing()) return;
+    if (desk_.Building()) needs_.state.ListMode = ListFromMenu;
+    DropEditor();
 }
 
 void Browser::switchingform() {
@@ -85,13 +94,14 @@ void Browser::FallBack() {
     needs_.state.ListMode = ListFromMenu;
     needs_.state.CurrentPath = needs_.MediaDir();
     desk_.SqlView = false;
+    DropEditor();
     Populate();
 }
 
 void Browser::MoveList(void (ListModel::*move)()) {
     if (needs_.app.ListBusy || KeyboardShown) return;
-    (list_.*move)();
-    view_.ReDrawList();
+    ((RightListFocus ? rightList_ : list_).*move)();
+    RightListFocus ? view_.ReDrawRightList() : view_.ReDrawList();
 }
 
 void Browser::MoveUp() {
@@ -115,6 +125,7 @@ void Browser::PgDn() {
 void Browser::MoveBack() {
     if (needs_.app.ListBusy) return;
     if (KeyboardShown) return keyboard_.MoveLeft();
+    if (RightListFocus) return ToggleListFocus();
     Run("MoveBack", [&] {
         if (desk_.rows.HasBack()) {
             list_.SelectItem(0);
@@ -133,6 +144,7 @@ void Browser::MoveBack() {
 void Browser::MoveAhead() {
     if (needs_.app.ListBusy) return;
     if (KeyboardShown) return keyboard_.MoveRight();
+    if (desk_.Building()) return ToggleListFocus();
     Run("MoveAhead", [&] {
         const std::string descriptor = list_.GetSelectedFileName();
         const RowDescriptor row = SplitDescriptor(descriptor);
@@ -158,6 +170,8 @@ void Browser::doquit() {
         desk_.Abort();
     else if (KeyboardShown)
         keyboard_.KeyClick(KeyboardModel::EscKey);
+    else if (desk_.Building())
+        editor_.HasRows() ? AskListName() : EndBuilding();
     else
         Leave();
 }
@@ -172,7 +186,7 @@ void Browser::Leave() {
 
 void Browser::Swap() {
     if (needs_.app.ListBusy || needs_.audio.PlayMode == PlayNone) return;
-    needs_.state.FromPlayer = true;
+    if (!desk_.Building()) needs_.state.FromPlayer = true;
     doquit();
 }
 

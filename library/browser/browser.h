@@ -4,6 +4,7 @@
 #include "library/browser/browser_needs.h"
 #include "library/browser/browser_view.h"
 #include "library/browser/list_builder.h"
+#include "library/browser/list_editor.h"
 #include "library/browser/searches.h"
 #include "library/browser/sql_lists.h"
 #include "library/browser/xm_lists.h"
@@ -31,7 +32,8 @@ enum class KeyboardPurposeValue : std::int32_t {
 
 /// The parts of the screen that hold state of their own.
 struct BrowserModels {
-    ListModel& list; ///< `UCListBox`
+    ListModel& list;      ///< `UCListBox`
+    ListModel& rightList; ///< `UCListBox2`
     KeyboardModel& keyboard;
 };
 
@@ -92,6 +94,14 @@ class Browser {
     void Resume();
     /// To the main menu (`imgHome`).
     void GoHome();
+    /// The row of `UCListBox` that was touched is chosen.
+    void ChooseLeft();
+    /// The row of `UCListBox2` that was touched is removed.
+    void ChooseRight();
+    /// While a list is built, turns the keys to the other of the two lists (`imjAdd`, `imjRemove`).
+    void ToggleListFocus();
+    /// Asks for the name of the list that is built, to save it (`imjSave`).
+    void SaveList();
     /// Shows which tuner the radio button leads to.
     void SetPlayerButton();
 
@@ -108,6 +118,7 @@ class Browser {
 
     // browser.cpp
     void Run(const std::string& name, const std::function<void()>& operation);
+    void EnterMode();
     void Populate();
     void FallBack();
     void MoveList(void (ListModel::*move)());
@@ -147,6 +158,17 @@ class Browser {
     void OpenXM(const RowDescriptor& row);
     void TuneChannel(const RowDescriptor& row);
     bool WriteChannels(std::int32_t& position);
+    // build_list.cpp
+    void OpenEditor(const RowDescriptor& row);
+    void AddToList(const std::string& kind);
+    void RemoveFromList();
+    void FocusRight(bool right);
+    void AskListName();
+    void SaveUnder(const std::string& text);
+    void ShowTitleFor(const std::string& title, int milliseconds);
+    void EndBuilding();
+    void LeaveEditor();
+    void DropEditor();
     // hand_over.cpp
     void PlayDisc();
     void PlayAudioFiles(const RowDescriptor& row);
@@ -165,6 +187,7 @@ class Browser {
 
     BrowserNeeds needs_;
     ListModel& list_;
+    ListModel& rightList_;
     KeyboardModel& keyboard_;
     BrowserView& view_;
     ListDesk desk_;
@@ -172,6 +195,7 @@ class Browser {
     SqlLists sqlLists_;
     Searches searches_;
     XMLists xmLists_;
+    ListEditor editor_;
     std::unique_ptr<Timer> Timer2; ///< clock label, state of the player
     std::unique_ptr<Timer> Timer4; ///< takes notices away
     bool running_ = false;
@@ -182,8 +206,9 @@ class Browser {
     int noticeSeconds_ = 0; ///< left for the notice over the list; 0: none
     bool KeyboardShown = false;
     KeyboardPurposeValue KeyboardPurpose = KeyboardPurposeValue::SearchArtist;
-    std::string PresetPath; ///< the preset list on show
-    std::string SavedTitle; ///< the heading from before the keyboard
+    std::string PresetPath;      ///< the preset list on show
+    std::string SavedTitle;      ///< the heading from before the keyboard
+    bool RightListFocus = false; ///< while a list is built: the keys work the right one
     bool RecurseArmed = false;
     bool HistoryDirty = false;
     std::string BrowseHistory;

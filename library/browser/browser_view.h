@@ -1,6 +1,7 @@
 // What the browser's logic asks of its screen.
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 namespace vk {
@@ -34,6 +35,12 @@ class BrowserView {
     virtual void SlideKeyboard(bool open) = 0;
     /// Draws the list anew from its model.
     virtual void ReDrawList() = 0;
+    /// The same for the right-hand list of the mode that builds a list.
+    virtual void ReDrawRightList() = 0;
+    /// Lays the screen out for a mode of the browser; nothing when it is so already.
+    virtual void LayOut(std::int16_t listMode) = 0;
+    /// Shows which of the two lists the keys work.
+    virtual void ShowFocus(bool right) = 0;
     /// Brings the screen to the front.
     virtual void ShowAtFront() = 0;
 };

@@ -41,8 +41,8 @@ void Browser::TakeText(const std::string& text) {
         {KeyboardPurposeValue::SearchTitle, &Browser::SearchFor},
         {KeyboardPurposeValue::SearchGenre, &Browser::SearchFor},
         {KeyboardPurposeValue::SearchFileName, &Browser::SearchFor},
-
-        {KeyboardPurposeValue::PresetLabel, &Browser::SavePreset}};
+        {KeyboardPurposeValue::PresetLabel, &Browser::SavePreset},
+        {KeyboardPurposeValue::ListName, &Browser::SaveUnder}};
     Run("UCKeyboard_OK", [&] {
         const auto handler = purposes.find(KeyboardPurpose);
         if (handler != purposes.end()) (this->*handler->second)(text);

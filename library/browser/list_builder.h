@@ -53,18 +53,20 @@ class ListBuilder {
     // top_rows.cpp
     void AddTopRows();
     bool OffersDatabase() const { return desk_.needs.CatalogueOnLine(); }
-    bool OffersDisc() const { return desk_.needs.app.CDReady; }
+    bool OffersDisc() const { return NotBuilding() && desk_.needs.app.CDReady; }
     bool OffersFavorites() const;
     bool OffersPresets() const;
     bool OffersChannels() const;
-    bool Always() const { return true; }
+    bool NotBuilding() const { return !desk_.Building(); }
     void AddDatabase();
     void AddDiscDrive();
     void AddRemovableDrives();
+    void AddNewPlaylist();
     void AddFavorites();
     void AddPresets();
     void AddXM();
     // special_lists.cpp
+    void AddEditRow(const std::string& path);
     void PopulateApplications();
     void Recurse(const std::string& folder, std::vector<std::string>& files,
                  std::set<std::string>& seen);

@@ -21,6 +21,7 @@ const std::vector<ModeRow>& Modes() {
         {ListFromMenu, {MediaAudio, MediaVideo, MediaPlaylist, MediaPresetList}},
         {ListFromAudio, {MediaAudio, MediaVideo, MediaPlaylist}},
         {ListFromVideo, {MediaVideo}},
+        {ListBuild, {MediaAudio}},
         {ListApplications, {}},
     };
     return modes;

@@ -12,6 +12,9 @@ namespace vk {
 /// The first text of the row that leads back; it is always row 0.
 inline constexpr const char* BackRowText = "<...>";
 
+/// The notice of a playlist of which no file is there.
+inline constexpr const char* NoValidFilenames = "<No Valid Filenames in the Playlist>";
+
 /// Pictures of the rows: files in the skin's folder.
 inline constexpr const char* backpic = "back.gif";
 inline constexpr const char* folderpic = "folder.gif";

@@ -48,7 +48,8 @@ void ListBuilder::TitleFolder(const std::string& path) {
     else if (BrowsingRemovable)
         desk_.SetTitle("Browsing removable drive: " + ToUtf8(drives_.DriveOf(path)));
     else
-        desk_.SetTitle(AtTop() ? "Browse By Directory " : " " + ShownName(FileNameOf(path)));
+        desk_.SetTitle((desk_.Building() ? "Building Playlist | " : "") +
+                       (AtTop() ? "Browse By Directory " : " " + ShownName(FileNameOf(path))));
 }
 
 // Ends the walk when it returns true.

@@ -12,6 +12,7 @@ void Browser::runok() {
     if (needs_.app.ListBusy) return;
     if (KeyboardShown) return keyboard_.ClickIt();
     CloseToolFrame();
+    if (RightListFocus) return RemoveFromList();
     Run("runok", [&] { Choose(); });
 }
 
@@ -30,15 +31,14 @@ void Browser::Choose() {
 }
 
 void Browser::ChooseRow() {
-    static const std::map<std::string, Handler> kinds = {{"FILE", &Browser::OpenFile},
-                                                         {"PATH", &Browser::OpenPath},
-                                                         {"SQL", &Browser::OpenSql},
-                                                         {"FREQ", &Browser::AskLabel},
-                                                         {"XM", &Browser::OpenXM}};
+    static const std::map<std::string, Handler> kinds = {
+        {"FILE", &Browser::OpenFile}, {"PATH", &Browser::OpenPath},   {"SQL", &Browser::OpenSql},
+        {"FREQ", &Browser::AskLabel}, {"EDIT", &Browser::OpenEditor}, {"XM", &Browser::OpenXM}};
     const std::string descriptor = list_.GetSelectedFileName();
     if (descriptor.empty()) return;
     if (needs_.state.ListMode == ListApplications) return ChooseApplication(descriptor);
     const RowDescriptor row = SplitDescriptor(descriptor);
+    if (desk_.Building() && (row.kind == "FILE" || row.kind == "XM")) return AddToList(row.kind);
     const std::string comeFrom = TrackHistory(descriptor, row.kind);
     const auto handler = kinds.find(row.kind);
     if (handler != kinds.end()) (this->*handler->second)(row);
@@ -47,6 +47,7 @@ void Browser::ChooseRow() {
 
 // Returns the element that the way back came from, "" on the way down.
 std::string Browser::TrackHistory(const std::string& descriptor, const std::string& kind) {
+    if (desk_.Building()) return {};
     const bool back = list_.GetSelectedSongNum() == 0 && desk_.rows.HasBack();
     if (back && !BrowseHistory.empty()) return PopHistory(BrowseHistory);
     // What leaves the list as it is leads nowhere that there is a way back from.
@@ -72,7 +73,7 @@ void Browser::OpenPath(const RowDescriptor& row) {
     view_.SetButton(BrowserButton::Recurse, "recurse.gif");
     desk_.SqlView = false;
     if (recurse) return builder_.RecurseFolder(folder);
-    if (folder == needs_.MediaDir()) BrowseHistory.clear();
+    if (folder == needs_.MediaDir() && !desk_.Building()) BrowseHistory.clear();
     needs_.state.CurrentPath = folder;
     Populate();
     if (needs_.state.CurrentPath != folder) ShowNotice("The folder is not available.");

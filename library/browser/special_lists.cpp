@@ -57,12 +57,17 @@ void ListBuilder::RecurseFolder(const std::string& path) {
     desk_.Finish();
 }
 
+void ListBuilder::AddEditRow(const std::string& path) {
+    if (!desk_.Building()) desk_.rows.Add("<Edit This List>", "EDIT:" + path, playlistpic);
+}
+
 void ListBuilder::ReadList(const std::string& path) {
     desk_.Start();
     desk_.PlaylistView = true;
     if (!EqualNoCase(FileNameOf(path), "favorites.m3u"))
         desk_.rows.AddBackTo(desk_.SqlView ? "SQL:BrowsePlaylist"
                                            : "PATH:" + desk_.needs.MediaDir());
+    AddEditRow(path);
     std::int32_t number = 0;
     for (const std::string& file : ReadListFile(path)) {
         if (!desk_.Pulse()) break;
@@ -72,7 +77,8 @@ void ListBuilder::ReadList(const std::string& path) {
     if (number == 0) {
         desk_.rows.Clear();
         desk_.rows.AddBack(BrowsingCD ? desk_.needs.state.CurrentPath : desk_.needs.MediaDir());
-        desk_.rows.AddNotice("<No Valid Filenames in the Playlist>");
+        AddEditRow(path);
+        desk_.rows.AddNotice(NoValidFilenames);
     }
     desk_.Finish();
 }

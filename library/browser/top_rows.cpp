@@ -9,10 +9,11 @@
 namespace vk {
 
 void ListBuilder::AddTopRows() {
-    static constexpr std::array<TopRow, 6> table = {{
+    static constexpr std::array<TopRow, 7> table = {{
         {&ListBuilder::OffersDatabase, &ListBuilder::AddDatabase},
         {&ListBuilder::OffersDisc, &ListBuilder::AddDiscDrive},
-        {&ListBuilder::Always, &ListBuilder::AddRemovableDrives},
+        {&ListBuilder::NotBuilding, &ListBuilder::AddRemovableDrives},
+        {&ListBuilder::NotBuilding, &ListBuilder::AddNewPlaylist},
         {&ListBuilder::OffersFavorites, &ListBuilder::AddFavorites},
         {&ListBuilder::OffersPresets, &ListBuilder::AddPresets},
         {&ListBuilder::OffersChannels, &ListBuilder::AddXM},
@@ -22,7 +23,7 @@ void ListBuilder::AddTopRows() {
 }
 
 bool ListBuilder::OffersFavorites() const {
-    return FileExists(desk_.needs.settings.File("favorites.m3u"));
+    return NotBuilding() && FileExists(desk_.needs.settings.File("favorites.m3u"));
 }
 
 void ListBuilder::AddDatabase() {
@@ -45,6 +46,10 @@ void ListBuilder::AddDiscDrive() {
 void ListBuilder::AddRemovableDrives() {
     for (const std::string& root : drives_.RemovableDrives())
         desk_.rows.Add("Browse Removable Drive " + ToUtf8(root), "PATH:" + root, hddpic);
+}
+
+void ListBuilder::AddNewPlaylist() {
+    desk_.rows.Add("Build a new PlayList", "EDIT:", playlistpic);
 }
 
 void ListBuilder::AddFavorites() {

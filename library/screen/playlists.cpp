@@ -32,10 +32,13 @@ const std::vector<playlists::ButtonRow> playlists::BottomRows = {
     {"Image11", "moveback.gif", "Back", &Browser::MoveBack, &playlists::Always},
     {"Image3", "pgup.gif", "Page up", &Browser::PgUp, &playlists::Always},
     {"Image4", "pgdn.gif", "Page down", &Browser::PgDn, &playlists::Always},
-    {"Image6", "play.gif", "Play", &Browser::PlayPause, &playlists::Always},
-    {"Image12", "recurse.gif", "All below", &Browser::ToggleRecurse, &playlists::Always},
-    {"Image19", "resume.gif", "Resume", &Browser::Resume, &playlists::Always},
+    {"Image6", "play.gif", "Play", &Browser::PlayPause, &playlists::Browsing},
+    {"Image12", "recurse.gif", "All below", &Browser::ToggleRecurse, &playlists::Browsing},
+    {"Image19", "resume.gif", "Resume", &Browser::Resume, &playlists::Browsing},
     {"Image15", "fm.gif", "Radio", &Browser::ShowRadio, &playlists::HasRadio},
+    {"imjAdd", "add.gif", "Add", &Browser::ToggleListFocus, &playlists::Building},
+    {"imjRemove", "remove.gif", "Remove", &Browser::ToggleListFocus, &playlists::Building},
+    {"imjSave", "save.gif", "Save", &Browser::SaveList, &playlists::Building},
     {"Image7", "menu.gif", "More", &Browser::ToggleToolFrame, &playlists::Always},
 };
 
@@ -44,22 +47,24 @@ const std::vector<playlists::ButtonRow> playlists::ToolRows = {
     {"Image9", "vdown.gif", "Quieter", nullptr, &playlists::Always},
     {"Image10", "vup.gif", "Louder", nullptr, &playlists::Always},
     {"Image16", "eject.gif", "Eject", &Browser::Eject, &playlists::HasDiscDrive},
-    {"Image14", "gps.gif", "Programs", &Browser::ToggleApplications, &playlists::Always},
+    {"Image14", "gps.gif", "Programs", &Browser::ToggleApplications, &playlists::Browsing},
     {"Image17", "gpsactual.gif", "GPS", &Browser::ShowGPS, &playlists::HasGPS},
 };
 
 playlists::playlists(const Needs& needs, QWidget* parent)
-    : QWidget(parent), context_(needs.context), UCListBox_(context_, list_, this), toolFrame_(this),
-      bottomBar_(this), KBFrame(this), UCKeyboard(context_, keyboard_, &KBFrame),
-      lblCurrentFolderStatus(this), ClockBar(this), lbLoading(this),
-      browser_(needs.browser, {list_, keyboard_}, *this),
+    : QWidget(parent), context_(needs.context), UCListBox_(context_, list_, this),
+      UCListBox2_(context_, rightList_, this), toolFrame_(this), bottomBar_(this), KBFrame(this),
+      UCKeyboard(context_, keyboard_, &KBFrame), lblCurrentFolderStatus(this), ClockBar(this),
+      lbLoading(this), browser_(needs.browser, {list_, rightList_, keyboard_}, *this),
       volumeTimer_(context_.clock.MakeTimer([this] { (browser_.*heldVolume_)(); })) {
     hide();
     UCListBox_.setObjectName(QStringLiteral("UCListBox"));
     lblCurrentFolderStatus.setObjectName(QStringLiteral("lblCurrentFolderStatus"));
     ClockBar.setObjectName(QStringLiteral("ClockBar"));
     lbLoading.setObjectName(QStringLiteral("lbLoading"));
-    UCListBox_.onItemClick = [this](int) { browser_.runok(); };
+    UCListBox_.onItemClick = [this](int) { browser_.ChooseLeft(); };
+    UCListBox2_.setObjectName(QStringLiteral("UCListBox2"));
+    UCListBox2_.onItemClick = [this](int) { browser_.ChooseRight(); };
     MakeButtons(BottomRows, &bottomBar_);
     MakeButtons(ToolRows, &toolFrame_);
     MakeButton({"imgHome", "home.gif", "Home", &Browser::GoHome, &playlists::Always}, this);
@@ -106,14 +111,35 @@ void playlists::DoLayout() {
     const AppState& app = context_.state;
     const PlaylistsLayout layout(app.ScreenWidth, app.ScreenHeight);
     setGeometry(0, 0, app.ScreenWidth, app.ScreenHeight);
-    UCListBox_.setGeometry(layout.list);
-    UCListBox_.SetiMaxVis(context_.skin.data().playlist);
-    if (list_.Loaded() && !app.ListBusy) UCListBox_.LoadList();
+    LayoutList(UCListBox_, Building() ? layout.leftList : layout.list);
+    LayoutList(UCListBox2_, layout.rightList);
+    UCListBox2_.setVisible(Building() && KBFrame.isHidden());
     KBFrame.setGeometry(layout.keyboard);
     UCKeyboard.setGeometry(KBFrame.rect());
     UCKeyboard.UseSkin();
     LayoutLabels();
     LayoutButtons();
+    update();
+}
+
+void playlists::LayoutList(UCListBox& list, const QRect& place) {
+    list.setGeometry(place);
+    list.SetiMaxVis(context_.skin.data().playlist);
+    if (list.model().Loaded() && !context_.state.ListBusy) list.LoadList();
+}
+
+void playlists::LayOut(std::int16_t listMode) {
+    if (listMode == listMode_) return;
+    listMode_ = listMode;
+    DoLayout();
+}
+
+// A frame as well as the rules of the selected row: those may be switched off.
+void playlists::ShowFocus(bool right) {
+    UCListBox_.ShowFocusBar = !right;
+    UCListBox2_.ShowFocusBar = right;
+    UCListBox_.ReDrawList();
+    UCListBox2_.ReDrawList();
     update();
 }
 
@@ -208,7 +234,10 @@ void playlists::ShowToolFrame(bool open) {
 void playlists::SlideKeyboard(bool open) {
     if (open == KBFrame.isVisible()) return;
     const QRect up = PlaylistsLayout(width(), height()).keyboard;
-    if (open) UCListBox_.hide();
+    if (open) {
+        UCListBox_.hide();
+        UCListBox2_.hide();
+    }
     KBFrame.raise();
     lbLoading.raise();
     for (int step = 1; step <= SlideSteps; ++step) {
@@ -220,6 +249,8 @@ void playlists::SlideKeyboard(bool open) {
     }
     KBFrame.setVisible(open);
     UCListBox_.setVisible(!open);
+    UCListBox2_.setVisible(!open && Building());
+    update();
 }
 
 void playlists::ShowAtFront() {
@@ -247,6 +278,17 @@ void playlists::paintEvent(QPaintEvent*) {
         painter.drawPixmap(0, 0, background);
     painter.fillRect(PlaylistsLayout(width(), height()).topBar,
                      ToQColor(skin.HeadingBarBackgroundClr));
+    if (Building()) DrawFocusFrame(painter);
+}
+
+void playlists::DrawFocusFrame(QPainter& painter) const {
+    const PlaylistsLayout layout(width(), height());
+    const bool right = UCListBox2_.ShowFocusBar;
+    const QRect list = right ? layout.rightList : layout.leftList;
+    const int frame = layout.frame;
+    painter.fillRect(list.adjusted(-frame, -frame, frame, frame),
+                     Legible(ToQColor(context_.skin.data().ListSelectedBackgroundClr),
+                             GroundWithoutPicture(context_.skin.data()), 3));
 }
 
 } // namespace vk

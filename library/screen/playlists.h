@@ -35,7 +35,7 @@ class playlists : public QWidget, private BrowserView {
     void VolDown() { browser_.VolDown(); }
     void doquit() { browser_.doquit(); }
     void ReShow();
-    /// Places and fills every part anew for the screen's size and the skin.
+    /// Places and fills every part anew for the screen's size, the skin and the browser's mode.
     void DoLayout();
     void switchingform() { browser_.switchingform(); }
     void Hide() { hide(); }
@@ -66,23 +66,31 @@ class playlists : public QWidget, private BrowserView {
     void ShowToolFrame(bool open) override;
     void SlideKeyboard(bool open) override;
     void ReDrawList() override { UCListBox_.ReDrawList(); }
+    void ReDrawRightList() override { UCListBox2_.ReDrawList(); }
+    void LayOut(std::int16_t listMode) override;
+    void ShowFocus(bool right) override;
     void ShowAtFront() override;
 
     TouchButton& MakeButton(const ButtonRow& row, QWidget* parent);
     void MakeButtons(const std::vector<ButtonRow>& rows, QWidget* parent);
     void WireVolume(const char* name, const char* pressed, void (Browser::*change)());
     std::vector<TouchButton*> Offered(const std::vector<ButtonRow>& rows);
+    void LayoutList(UCListBox& list, const QRect& place);
     void LayoutLabels();
+    void DrawFocusFrame(QPainter& painter) const;
     void LayoutButtons();
     bool Always() const { return true; }
-    bool HasRadio() const { return browser_.HasRadio(); }
-    bool HasDiscDrive() const { return browser_.HasDiscDrive(); }
-    bool HasGPS() const { return browser_.HasGPS(); }
+    bool HasRadio() const { return Browsing() && browser_.HasRadio(); }
+    bool HasDiscDrive() const { return Browsing() && browser_.HasDiscDrive(); }
+    bool HasGPS() const { return Browsing() && browser_.HasGPS(); }
+    bool Building() const { return listMode_ == ListBuild; }
+    bool Browsing() const { return !Building(); }
 
     ControlContext context_;
-    ListModel list_;
+    ListModel list_, rightList_;
     KeyboardModel keyboard_;
     UCListBox UCListBox_;
+    UCListBox UCListBox2_; ///< the list that is built, shown in that mode only
     QWidget toolFrame_;
     QWidget bottomBar_;
     QWidget KBFrame;
@@ -91,6 +99,7 @@ class playlists : public QWidget, private BrowserView {
     ShadedLabel ClockBar;
     ShadedLabel lbLoading;
     std::map<std::string, std::unique_ptr<TouchButton>> buttons_; ///< by the names of their rows
+    std::int16_t listMode_ = ListFromMenu; ///< that the screen is laid out for
     Browser browser_;
     std::unique_ptr<Timer> volumeTimer_; ///< repeats a held volume button
     void (Browser::*heldVolume_)() = nullptr;

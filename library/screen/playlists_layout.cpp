@@ -16,6 +16,11 @@ PlaylistsLayout::PlaylistsLayout(int width, int height)
     clock = {home.left() - gap_ - clockWidth, 0, clockWidth, top};
     title = {margin, 0, clock.left() - gap_ - margin, top};
     list = {margin, top + gap_, width - 2 * margin, height - top - bottom - 2 * gap_};
+    frame = std::max(3, gap_ * 2 / 3);
+    const int half = (list.width() - gap_) / 2;
+    const QRect left(list.left(), list.top(), half, list.height());
+    leftList = left.adjusted(frame, 0, -frame, 0);
+    rightList = leftList.translated(half + gap_, 0);
     keyboard = {0, top, width, height - top};
     loading =
         list.adjusted(list.width() / 10, list.height() / 3, -list.width() / 10, -list.height() / 3);

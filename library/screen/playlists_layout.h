@@ -14,6 +14,9 @@ struct PlaylistsLayout {
     QRect topBar, bottomBar;
     QRect title, clock, home; ///< in the top bar
     QRect list;
+    QRect leftList,
+        rightList;  ///< two lists side by side in its place, room for a frame around each
+    int frame = 0;  ///< width of that frame
     QRect loading;  ///< the largest place of the label over the list
     QRect keyboard; ///< all below the top bar
     int button = 0; ///< side of the square touch buttons

@@ -9,8 +9,7 @@ namespace vk {
 
 namespace {
 
-constexpr std::size_t ListLimit = 128u << 20; ///< bytes
-constexpr std::size_t LinesAPulse = 200;      ///< few enough to stay fluent on a slow stick
+constexpr std::size_t LinesAPulse = 200; ///< few enough to stay fluent on a slow stick
 
 bool EndsInCda(const std::string& text) {
     return EqualNoCase(LastBytes(text, 4), ".CDA");
@@ -79,7 +78,7 @@ bool Track::IsDiscTrack() const {
 
 TrackList ReadTrackList(const std::string& listFile, std::int32_t wanted,
                         const TrackListNeeds& needs) {
-    const auto lines = ListLines(ReadWholeFile(listFile, ListLimit).value_or(""));
+    const auto lines = ListLines(ReadWholeFile(listFile, ListFileLimit).value_or(""));
     return Reader(listFile, wanted, needs).Read(lines);
 }
 

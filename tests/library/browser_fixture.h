@@ -31,13 +31,18 @@ class FakeBrowserView : public BrowserView {
     void ShowToolFrame(bool open) override { toolFrame = open; }
     void SlideKeyboard(bool open) override { keyboard = open; }
     void ReDrawList() override { ++drawn; }
+    void ReDrawRightList() override { ++rightDrawn; }
+    void LayOut(std::int16_t listMode) override { laidOut = listMode; }
+    void ShowFocus(bool right) override { rightFocus = right; }
     void ShowAtFront() override { ++shown; }
 
     std::string title, loading, clock;
     std::vector<std::string> said;
     std::map<BrowserButton, std::string> pictures;
     bool toolFrame = false, keyboard = false;
-    int drawn = 0, shown = 0;
+    std::int16_t laidOut = ListFromMenu;
+    bool rightFocus = false;
+    int drawn = 0, rightDrawn = 0, shown = 0;
     std::function<void()> onTitle;
 };
 
@@ -88,6 +93,7 @@ class BrowserTest : public testing::Test {
         core.screens.Add("velkorandum", menu);
         core.screens.Add("playlists", self);
         list.SetGeometry(20, "3", 400);
+        rightList.SetGeometry(20, "3", 400);
         state.CurrentPath = media;
     }
     std::string Media(const std::string& name, const std::string& contents = "x") {
@@ -113,7 +119,7 @@ class BrowserTest : public testing::Test {
                 BrowserNeeds{core.settings, core.state, state, audio, video, core.screens,
                              core.clock, core.volumes, core.locale, core.report, tags, keys,
                              catalogue, [this] { ++audioStopped; }, &channels},
-                BrowserModels{list, keyboard}, view);
+                BrowserModels{list, rightList, keyboard}, view);
         return *made_;
     }
     template<class Part> std::vector<std::string> Rows(Part part) const {
@@ -161,7 +167,7 @@ class BrowserTest : public testing::Test {
     MediaTags tags{core.state, reader};
     KeyMap keys;
     FakeBrowserView view;
-    ListModel list;
+    ListModel list, rightList;
     KeyboardModel keyboard;
     ChannelTable channels;
     FakeCatalogue known;

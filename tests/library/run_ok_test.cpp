@@ -114,13 +114,15 @@ TEST_F(RunOk, APlaylistIsReadUnderItsOwnName) {
     browser().ReShow();
     Choose("3 - z");
     EXPECT_EQ(view.title, "z");
-    EXPECT_THAT(Texts(), ElementsAre("<...>", "1 - One - Song", "2 - (Unknown Artist) - a"));
-    EXPECT_THAT(Descriptors(),
-                ElementsAre("PATH:media", "FILE:media/sub/One - Song.mp3", "FILE:media/a.mp3"));
+    EXPECT_THAT(Texts(), ElementsAre("<...>", "<Edit This List>", "1 - One - Song",
+                                     "2 - (Unknown Artist) - a"));
+    EXPECT_THAT(Descriptors(), ElementsAre("PATH:media", "EDIT:media/z.m3u",
+                                           "FILE:media/sub/One - Song.mp3", "FILE:media/a.mp3"));
     Choose("<...>");
     Choose("2 - y");
-    EXPECT_THAT(Texts(), ElementsAre("<...>", "<No Valid Filenames in the Playlist>"));
-    EXPECT_THAT(Descriptors(), ElementsAre("PATH:media", ""));
+    EXPECT_THAT(Texts(),
+                ElementsAre("<...>", "<Edit This List>", "<No Valid Filenames in the Playlist>"));
+    EXPECT_THAT(Descriptors(), ElementsAre("PATH:media", "EDIT:media/y.m3u", ""));
     Choose("<No Valid Filenames in the Playlist>");
     EXPECT_EQ(view.title, "y") << "a notice is inert";
     EXPECT_FALSE(core.state.ListBusy);
@@ -131,7 +133,7 @@ TEST_F(RunOk, GoingBackLandsOnTheRowOneCameFrom) {
     core.app.Write("favorites.m3u", media + "/a/x.mp3");
     browser().ReShow();
     Choose("Favorites");
-    EXPECT_THAT(Texts(), ElementsAre("(Unknown Artist) - x"));
+    EXPECT_THAT(Texts(), ElementsAre("<Edit This List>", "(Unknown Artist) - x"));
     browser().MoveBack();
     EXPECT_EQ(view.title, "Browse By Directory ");
     EXPECT_EQ(Selected(), "Favorites");

@@ -1,0 +1,162 @@
+#include "library/browser/list_editor.h"
+
+#include "core/text.h"
+#include "library/list_file.h"
+#include "library/media_type.h"
+#include "platform/files.h"
+#include "platform/paths.h"
+
+namespace vk {
+
+namespace {
+
+constexpr std::string_view FileKind = "FILE:";
+constexpr std::string_view ChannelKind = "XM:Channel|";
+
+// The text behind the row's running number; all of it when rows bear none.
+std::string WithoutNumber(const std::string& text, bool numbered) {
+    const auto dash = text.find('-');
+    const bool number = numbered && dash != std::string::npos && IsNumeric(text.substr(0, dash));
+    return number ? text.substr(dash + 1) : " " + text;
+}
+
+} // namespace
+
+bool ListEditor::EditPlaylist(const std::string& path) {
+    return Open(path, false);
+}
+
+bool ListEditor::EditChannelList(const std::string& path) {
+    if (channels.FillLeft) return Open(path, true);
+    message_ = "There are no satellite channels.";
+    return false;
+}
+
+bool ListEditor::Open(const std::string& path, bool ofChannels) {
+    message_.clear();
+    channels_ = ofChannels;
+    right_.ClearAllArrays();
+    right_.HideDupes = false;
+    if (!Fill(path)) {
+        right_.ClearAllArrays();
+        return false;
+    }
+    AddNoticeIfEmpty();
+    BrowserState& state = desk_.needs.state;
+    before_ = {state.ListMode, state.CurrentPath, desk_.Title(), path};
+    state.ListMode = ListBuild;
+    EditListPath = path;
+    editing_ = true;
+    if (ofChannels)
+        desk_.SetTitle(path.empty() ? "Build XM Channel List " : "Edit XM Channel List ");
+    else
+        desk_.SetTitle(path.empty() ? "Build Playlist " : "Edit Playlist ");
+    return true;
+}
+
+// A list that is there but cannot be read must not be written over later, and half a list neither.
+bool ListEditor::Fill(const std::string& path) {
+    if (path.empty() || !FileExists(path)) return true;
+    const auto contents = ReadWholeFile(path, ListFileLimit);
+    if (!contents || FileLength(path) > ListFileLimit) {
+        message_ = "The list could not be read.";
+        return false;
+    }
+    for (const std::string& line : ListLines(*contents)) {
+        if (!desk_.Pulse()) return false;
+        if (!channels_)
+            AddFile(ResolveListEntry(line, FolderOf(path)));
+        else if (const auto number = ParseInteger(line); number && *number > 0 && *number < 256)
+            AddChannel(static_cast<int>(*number));
+    }
+    return true;
+}
+
+void ListEditor::AddFile(const std::string& path) {
+    if (path.empty()) return;
+    TagRecord tag = desk_.needs.tags.GetDBTag(path);
+    if (tag.Artist.empty()) tag.Artist.swap(tag.Title);
+    const std::string number = std::to_string(right_.ItemCount() + 1) + " - ";
+    const std::string dash = tag.Title.empty() ? "" : " - ";
+    right_.AddItem(number + tag.Artist + dash, tag.Title, std::string(FileKind) + path, mp3pic);
+}
+
+void ListEditor::AddChannel(int number) {
+    const std::string text = std::to_string(number);
+    Append(channels.ChannelRow ? channels.ChannelRow(number)
+                               : ListRow{text, "", std::string(ChannelKind) + text, xmdefault});
+}
+
+void ListEditor::Append(const ListRow& row) {
+    right_.AddItem(row.first, row.second, row.descriptor, row.picture, row.icon);
+}
+
+void ListEditor::AddNoticeIfEmpty() {
+    if (right_.ItemCount() == 0)
+        right_.AddItem(channels_ ? NoValidChannels : NoValidFilenames, "", "");
+}
+
+void ListEditor::Show() {
+    right_.SelectItem(0);
+    right_.LoadList();
+}
+
+bool ListEditor::HasRows() const {
+    return !right_.GetFileNameListusercontrol(0).empty();
+}
+
+void ListEditor::End() {
+    BrowserState& state = desk_.needs.state;
+    state.ListMode = before_.ListMode;
+    state.CurrentPath = before_.CurrentPath;
+    desk_.SetTitle(before_.title);
+    Drop();
+}
+
+void ListEditor::Drop() {
+    editing_ = false;
+    right_.ClearAllArrays();
+}
+
+bool ListEditor::Takes(const ListRow& row) {
+    if (row.descriptor.starts_with(ChannelKind)) return channels_;
+    if (channels_ || !row.descriptor.starts_with(FileKind)) return false;
+    const std::string path = row.descriptor.substr(FileKind.size());
+    if (GetMediaType(desk_.needs.app, path) != MediaAudio) return false;
+    if (!FitsListLine(path)) message_ = "This file's name cannot be stored in a list.";
+    return message_.empty();
+}
+
+void ListEditor::Add(const ListRow& row) {
+    message_.clear();
+    if (right_.MatchItem(row.descriptor) >= 0 || !Takes(row)) return;
+    if (!HasRows()) right_.ClearAllArrays();
+    if (channels_) {
+        const auto number = ParseInteger(row.descriptor.substr(ChannelKind.size()));
+        if (number) AddChannel(static_cast<int>(*number));
+    } else {
+        const std::string text = WithoutNumber(row.first, desk_.needs.settings.values.numberedList);
+        right_.AddItem(std::to_string(right_.ItemCount() + 1) + " -" + text, row.second,
+                       row.descriptor, row.picture, row.icon);
+    }
+    AddNoticeIfEmpty();
+    right_.LoadList();
+    right_.SelectItem(right_.ItemCount() - 1);
+}
+
+void ListEditor::Remove(int row) {
+    if (!HasRows() || row < 0 || row >= right_.ItemCount()) return;
+    right_.RemoveItem(row);
+    AddNoticeIfEmpty();
+    if (right_.iSelected >= right_.ItemCount()) right_.SelectItem(right_.ItemCount() - 1);
+    if (!channels_ && HasRows()) Renumber(row);
+}
+
+void ListEditor::Renumber(int from) {
+    for (int row = from; row < right_.ItemCount(); ++row) {
+        const std::string text = right_.GetIndexFirstArray(row);
+        right_.RplartistListItem(row, std::to_string(row + 1) + text.substr(text.find(' ')));
+    }
+}
+
+} // namespace vk

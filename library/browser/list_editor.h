@@ -1,0 +1,105 @@
+// The list that is being built or edited: the right-hand list of the mode for that, and its saving.
+#pragma once
+
+#include "library/browser/list_desk.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace vk {
+
+inline constexpr const char* NoValidChannels = "<No Valid Channels in List>";
+
+/// What lists of satellite channels take from the channel table; empty where there is none.
+struct ChannelHooks {
+    std::function<void()> FillLeft;                ///< fills the left list with all channels
+    std::function<ListRow(int number)> ChannelRow; ///< the row of one channel
+    std::function<void(const std::string& path)> ShowChannelList; ///< shows a saved list
+};
+
+/// What became of a save.
+enum class SaveResult {
+    Saved,    ///< the list is on the disk, named by `EditListPath`
+    NotSaved, ///< no name was given
+    Refused   ///< nothing was changed on the disk, and the rows are still there
+};
+
+/// One list at a time. What is given outlives it. Operations that do less than was asked leave
+/// their words in `Message`.
+class ListEditor {
+  public:
+    ListEditor(ListDesk& desk, ListModel& right) : desk_(desk), right_(right) {}
+
+    /// Takes the existing files of a playlist into the right list, none for a new list (""), and
+    /// turns to the mode that builds. False, with everything as it was, when the list cannot be
+    /// read or the user ended the reading.
+    bool EditPlaylist(const std::string& path);
+    /// The same for a channel list.
+    bool EditChannelList(const std::string& path);
+    /// Pages the right list, once the screen has its place for it.
+    void Show();
+    /// Back to the mode, folder and heading from before; the rows go.
+    void End();
+    /// The rows go, as another mode has been set.
+    void Drop();
+
+    bool Editing() const { return editing_; }
+    /// The list that was opened: another than `EditListPath` once that was saved under a new name.
+    const std::string& OpenedPath() const { return before_.list; }
+    /// True when the list is of channels.
+    bool OfChannels() const { return channels_; }
+    /// True when the right list holds more than its notice.
+    bool HasRows() const;
+    /// True when there is something that a save would keep: rows, or that a list is empty now.
+    bool WorthSaving() const { return HasRows() || !EditListPath.empty(); }
+
+    /// Appends a row of the left list. Silently nothing when the list has it already or it is of
+    /// no use there.
+    void Add(const ListRow& row);
+    /// Removes a row of the right list; the rows behind it are numbered anew.
+    void Remove(int row);
+
+    /// The name that the keyboard starts with, "" for a new list.
+    std::string DefaultName() const;
+    /// Saves the rows under a name as it was typed: the edited list when it is that list's name,
+    /// else a new file, which takes the place of the edited one. Another list of that name is never
+    /// written over.
+    SaveResult Save(const std::string& text);
+
+    /// For the user, UTF-8; "" when there is nothing to say.
+    const std::string& Message() const { return message_; }
+
+    ChannelHooks channels;
+    std::string EditListPath; ///< the list that is edited, "" for a new one
+
+  private:
+    /// What the mode is left to.
+    struct Place {
+        std::int16_t ListMode = ListFromMenu;
+        std::string CurrentPath, title, list;
+    };
+    bool Open(const std::string& path, bool ofChannels);
+    bool Fill(const std::string& path);
+    void AddFile(const std::string& path);
+    void AddChannel(int number);
+    void Append(const ListRow& row);
+    ListRow RightRow(const ListRow& row) const;
+    bool Takes(const ListRow& row);
+    void AddNoticeIfEmpty();
+    void Renumber(int from);
+    std::string TargetPath(const std::string& name) const;
+    std::string NameProblem(const std::string& name, const std::string& path) const;
+    std::vector<std::string> Entries() const;
+    SaveResult Refuse(const std::string& why);
+    SaveResult Write(const std::string& name, const std::string& path);
+
+    ListDesk& desk_;
+    ListModel& right_;
+    bool editing_ = false;
+    bool channels_ = false;
+    Place before_;
+    std::string message_;
+};
+
+} // namespace vk

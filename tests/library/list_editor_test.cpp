@@ -1,0 +1,292 @@
+// Building and editing lists: the two lists of that mode, and what is saved.
+#include "platform/files.h"
+#include "tests/library/browser_fixture.h"
+
+namespace vk {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class ListEditing : public test::BrowserTest {
+  protected:
+    ListEditing() {
+        core.settings.values.PlaylistDir = lists;
+        core.settings.values.numberedList = true;
+        core.volumes.drives.clear();
+        MediaFiles({"a.mp3", "b.mp3", "c/d.mp3", "film.avi"});
+    }
+    std::vector<std::string> Right() const {
+        std::vector<std::string> texts;
+        for (int row = 0; row < rightList.ItemCount(); ++row)
+            texts.push_back(rightList.Row(row).first + rightList.Row(row).second);
+        return texts;
+    }
+    /// A list of these files of the media folder, opened from the playlist's own list.
+    void Edit(const std::string& name, std::initializer_list<const char*> files) {
+        std::string text;
+        for (const char* file : files)
+            text += media + "/" + file + "\r\n";
+        Media(name + ".m3u", text);
+        browser().ReShow();
+        list.SelectItem(list.MatchItem("FILE:" + media + "/" + name + ".m3u"));
+        browser().runok();
+        Choose("<Edit This List>");
+    }
+    void BuildNew(std::initializer_list<const char*> rows) {
+        browser().ReShow();
+        Choose("Build a new PlayList");
+        for (const char* row : rows)
+            Choose(row);
+    }
+    void SaveAs(const std::string& name) {
+        browser().SaveList();
+        keyboard.SetValue(name);
+        keyboard.KeyClick(KeyboardModel::OKKey);
+    }
+    std::string Saved(const std::string& name) const { return disk.Read("lists/" + name); }
+
+    const std::string lists = disk.MakeFolder("lists");
+};
+
+TEST_F(ListEditing, AFolderWalkIsCollectedAndSavedUnderAName) {
+    UseCatalogue();
+    known.state = DBStateValue::Offline;
+    BuildNew({});
+    EXPECT_EQ(view.laidOut, ListBuild);
+    EXPECT_EQ(view.title, "Building Playlist | Browse By Directory ");
+    EXPECT_THAT(Texts(), ElementsAre("c", "1 - (Unknown Artist) - a", "2 - (Unknown Artist) - b"));
+    EXPECT_THAT(Right(), ElementsAre("<No Valid Filenames in the Playlist>"));
+    for (const char* row : {"2 - (Unknown Artist) - b", "2 - (Unknown Artist) - b", "c"})
+        Choose(row);
+    EXPECT_EQ(view.title, "Building Playlist |  c");
+    Choose("1 - (Unknown Artist) - d");
+    browser().MoveBack();
+    EXPECT_EQ(state.CurrentPath, media);
+    EXPECT_THAT(Right(), ElementsAre("1 - (Unknown Artist) - b", "2 - (Unknown Artist) - d"));
+    EXPECT_EQ(rightList.iSelected, 1);
+    std::vector<std::string> titles;
+    view.onTitle = [&] { titles.push_back(view.title); };
+    core.clock.slept = 0;
+    SaveAs(" Trip 1");
+    EXPECT_EQ(Saved("Trip 1.m3u"), media + "/b.mp3\r\n" + media + "/c/d.mp3\r\n");
+    EXPECT_THAT(titles, testing::Contains("Saved: Trip 1"));
+    EXPECT_EQ(core.clock.slept, 800);
+    EXPECT_THAT(known.updated, ElementsAre(lists + "/Trip 1.m3u"));
+    EXPECT_EQ(view.title, "Trip 1");
+    EXPECT_EQ(state.ListMode, ListFromMenu);
+    EXPECT_EQ(view.laidOut, ListFromMenu);
+    EXPECT_FALSE(view.keyboard);
+    EXPECT_THAT(Texts(), ElementsAre("<...>", "<Edit This List>", "1 - (Unknown Artist) - b",
+                                     "2 - (Unknown Artist) - d"));
+}
+
+TEST_F(ListEditing, AnEditedListIsUpdatedAndShownAgain) {
+    state.ListMode = ListFromAudio;
+    Edit("old", {"a.mp3", "gone.mp3", "b.mp3", "c/d.mp3"});
+    EXPECT_THAT(Right(), ElementsAre("1 - (Unknown Artist) - a", "2 - (Unknown Artist) - b",
+                                     "3 - (Unknown Artist) - d"));
+    rightList.SelectItem(0);
+    browser().ChooseRight();
+    EXPECT_THAT(Right(), ElementsAre("1 - (Unknown Artist) - b", "2 - (Unknown Artist) - d"));
+    browser().doquit();
+    EXPECT_EQ(keyboard.UserText(), "old");
+    keyboard.KeyClick(KeyboardModel::EscKey);
+    EXPECT_EQ(view.title, "Building Playlist | Browse By Directory ") << "Escape goes on editing";
+    EXPECT_EQ(state.ListMode, ListBuild);
+    std::string said;
+    core.clock.onSleep = [&] { said = view.title; };
+    SaveAs("OLD");
+    EXPECT_EQ(said, "OLD Has Been Updated ");
+    EXPECT_EQ(disk.Read("media/old.m3u"), media + "/b.mp3\r\n" + media + "/c/d.mp3\r\n");
+    EXPECT_EQ(view.title, "old");
+    EXPECT_EQ(state.ListMode, ListFromAudio);
+    EXPECT_EQ(Texts().size(), 4u);
+    browser().MoveBack();
+    EXPECT_EQ(Selected(), "4 - old") << "the way back is as it was";
+}
+
+TEST_F(ListEditing, ANewNameTakesThePlaceOfTheOldOne) {
+    Edit("old", {"a.mp3"});
+    SaveAs("new");
+    EXPECT_EQ(Saved("new.m3u"), media + "/a.mp3\r\n");
+    EXPECT_FALSE(FileExists(media + "/old.m3u"));
+    EXPECT_EQ(view.title, "new");
+}
+
+TEST_F(ListEditing, WhatCannotBeSavedIsSaidAndLosesNothing) {
+    disk.Write("lists/Taken.m3u", "other");
+    struct Case {
+        std::string name, said;
+    };
+    const std::vector<Case> cases = {
+        {"   ", "Please type a name."},
+        {"/", "A list cannot have this name."},
+        {"..", "A list cannot have this name."},
+        {"a\nb", "A list cannot have this name."},
+        {"../up", "A list cannot have this name."},
+        {std::string(300, 'x'), "The name is too long."},
+        {"taken", "There is a list of this name."},
+    };
+    BuildNew({"1 - (Unknown Artist) - a"});
+    for (const Case& each : cases) {
+        SaveAs(each.name);
+        EXPECT_EQ(keyboard.Caption(), each.said) << each.name;
+        EXPECT_TRUE(view.keyboard);
+        browser().doquit();
+    }
+    core.settings.values.PlaylistDir = disk.File("nowhere");
+    SaveAs("x");
+    EXPECT_EQ(keyboard.Caption(), "The playlist folder is missing.");
+    browser().doquit();
+    core.settings.values.PlaylistDir = lists;
+    disk.MakeFolder("lists/y.m3u.new"); // stands where the new file is written
+    SaveAs("y");
+    EXPECT_THAT(keyboard.Caption(), testing::StartsWith("Not saved: "));
+    browser().doquit();
+    SaveAs("");
+    EXPECT_FALSE(view.keyboard);
+    EXPECT_EQ(state.ListMode, ListBuild) << "a new list without a name is still being built";
+    EXPECT_THAT(Right(), ElementsAre("1 - (Unknown Artist) - a"));
+    EXPECT_EQ(Saved("Taken.m3u"), "other");
+    SaveAs("z");
+    EXPECT_EQ(Saved("z.m3u"), media + "/a.mp3\r\n");
+}
+
+TEST_F(ListEditing, AFailedSaveKeepsTheOldListAndAnEmptyNameTheListOnDisk) {
+    Edit("old", {"a.mp3", "b.mp3"});
+    disk.MakeFolder("media/old.m3u.new");
+    browser().ChooseRight();
+    SaveAs("old");
+    EXPECT_THAT(keyboard.Caption(), testing::StartsWith("Not saved: "));
+    EXPECT_EQ(disk.Read("media/old.m3u"), media + "/a.mp3\r\n" + media + "/b.mp3\r\n");
+    browser().doquit();
+    EXPECT_THAT(Right(), ElementsAre("1 - (Unknown Artist) - b"));
+    SaveAs("");
+    EXPECT_EQ(state.ListMode, ListFromMenu);
+    EXPECT_EQ(Texts().size(), 4u) << "as it is on the disk";
+}
+
+TEST_F(ListEditing, TheArrowsChangeListsAndRemoveRows) {
+    BuildNew({});
+    browser().MoveAhead();
+    EXPECT_FALSE(view.rightFocus) << "there is nothing on the right";
+    Choose("1 - (Unknown Artist) - a");
+    Choose("2 - (Unknown Artist) - b");
+    browser().MoveAhead();
+    EXPECT_TRUE(view.rightFocus);
+    EXPECT_EQ(rightList.iSelected, 0);
+    browser().MoveDown();
+    EXPECT_EQ(rightList.iSelected, 1);
+    browser().runok();
+    EXPECT_THAT(Right(), ElementsAre("1 - (Unknown Artist) - a"));
+    browser().MoveBack();
+    EXPECT_FALSE(view.rightFocus);
+    browser().ToggleListFocus();
+    browser().runok();
+    EXPECT_THAT(Right(), ElementsAre("<No Valid Filenames in the Playlist>"));
+    EXPECT_FALSE(view.rightFocus);
+    browser().ChooseRight();
+    EXPECT_EQ(rightList.ItemCount(), 1) << "the notice stays";
+    browser().doquit();
+    EXPECT_FALSE(view.keyboard);
+    EXPECT_EQ(state.ListMode, ListFromMenu);
+    EXPECT_EQ(Selected(), "Build a new PlayList");
+    EXPECT_TRUE(ListFolder(lists).empty());
+}
+
+TEST_F(ListEditing, AnEmptiedListCanBeSavedEmpty) {
+    Edit("old", {"a.mp3"});
+    browser().ChooseRight();
+    SaveAs("old");
+    EXPECT_EQ(disk.Read("media/old.m3u"), "");
+    EXPECT_THAT(Texts(),
+                ElementsAre("<...>", "<Edit This List>", "<No Valid Filenames in the Playlist>"));
+}
+
+TEST_F(ListEditing, FavouritesStayOutOfTheCatalogue) {
+    UseCatalogue();
+    known.state = DBStateValue::Offline;
+    core.app.Write("favorites.m3u", media + "/a.mp3");
+    browser().ReShow();
+    Choose("Favorites");
+    Choose("<Edit This List>");
+    SaveAs("favorites");
+    EXPECT_EQ(core.app.Read("favorites.m3u"), media + "/a.mp3\r\n");
+    EXPECT_THAT(known.updated, IsEmpty());
+    EXPECT_THAT(Texts(), ElementsAre("<Edit This List>", "1 - (Unknown Artist) - a"));
+}
+
+TEST_F(ListEditing, WhatAListCannotHoldIsRefused) {
+    core.volumes.drives = {{cd, DriveType::CdRom}};
+    InsertDisc();
+    disk.Write("cd/track.mp3", "x");
+    Media("two\nlines.mp3");
+    BuildNew({});
+    list.SelectItem(list.MatchItem("FILE:" + media + "/two\nlines.mp3"));
+    browser().runok();
+    EXPECT_EQ(view.loading, "This file's name cannot be stored in a list.");
+    state.CurrentPath = cd;
+    browser().ReShow();
+    Choose("1 - (Unknown Artist) - track");
+    EXPECT_EQ(view.loading, "Tracks of a CD cannot be put in a list.");
+    EXPECT_THAT(Right(), ElementsAre("<No Valid Filenames in the Playlist>"));
+}
+
+TEST_F(ListEditing, AListThatIsNotReadWholeIsNotEdited) {
+    std::string text;
+    for (int i = 0; i < 20; ++i)
+        text += media + "/a.mp3\n" + media + "/b.mp3\n";
+    Media("long.m3u", text);
+    browser().ReShow();
+    Choose("4 - long");
+    int runs = 0;
+    core.clock.workMs = 10;
+    core.clock.onEvents = [&] {
+        if (++runs == 5) browser().doquit();
+    };
+    Choose("<Edit This List>");
+    EXPECT_EQ(state.ListMode, ListFromMenu);
+    EXPECT_EQ(disk.Read("media/long.m3u"), text);
+}
+
+TEST_F(ListEditing, EscapeWhileTheLeftListIsBuiltKeepsTheRightOne) {
+    BuildNew({"1 - (Unknown Artist) - a"});
+    core.clock.workMs = 10;
+    core.clock.onEvents = [&] { browser().doquit(); };
+    Choose("c");
+    EXPECT_EQ(menu.Count("ReShow"), 0);
+    EXPECT_EQ(state.ListMode, ListBuild);
+    EXPECT_THAT(Right(), ElementsAre("1 - (Unknown Artist) - a"));
+}
+
+TEST_F(ListEditing, AnotherModeEndsTheBuilding) {
+    BuildNew({"1 - (Unknown Artist) - a"});
+    browser().GoHome();
+    browser().ReShow();
+    EXPECT_EQ(Right().size(), 1u) << "the same mode finds its list again";
+    EXPECT_EQ(view.laidOut, ListBuild);
+    state.ListMode = ListFromMenu;
+    browser().ReShow();
+    EXPECT_EQ(view.laidOut, ListFromMenu);
+    EXPECT_EQ(rightList.ItemCount(), 0);
+    EXPECT_FALSE(view.rightFocus);
+}
+
+TEST_F(ListEditing, LongListsAreEditedWhole) {
+    constexpr int Count = 70000;
+    std::string text;
+    for (int i = 0; i < Count; ++i)
+        text += media + "/a.mp3\n";
+    Media("long.m3u", text);
+    browser().ReShow();
+    list.AddItem("", "", "EDIT:" + media + "/long.m3u");
+    list.SelectItem(list.ItemCount() - 1);
+    browser().runok();
+    browser().ChooseRight();
+    EXPECT_EQ(rightList.ItemCount(), Count - 1);
+    EXPECT_EQ(rightList.Row(Count - 2).first, std::to_string(Count - 1) + " - (Unknown Artist) - ");
+}
+
+} // namespace
+} // namespace vk
