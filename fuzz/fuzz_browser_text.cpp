@@ -1,7 +1,9 @@
 // What the browser takes from files and settings: list lines, descriptors and the stored history.
+#include "core/text.h"
 #include "library/browser/browse_history.h"
 #include "library/descriptor.h"
 #include "library/list_file.h"
+#include "library/utf16.h"
 
 #include <cstdint>
 #include <cstdlib>
@@ -11,6 +13,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     for (const std::string& line : vk::ListLines(text)) {
         if (line.empty() || line.find_first_of("\r\n") != std::string::npos) std::abort();
         if (vk::ResolveListEntry(line, "/nowhere").starts_with("/nowhere")) std::abort();
+    }
+    for (const auto order : {vk::Utf16Order::Little, vk::Utf16Order::Big}) {
+        const std::string decoded = vk::Utf16ToUtf8(text, order);
+        if (vk::ToUtf8(decoded) != decoded) std::abort();
     }
     const vk::RowDescriptor row = vk::SplitDescriptor(text);
     if (text.find(':') != std::string::npos && row.kind + ":" + row.Rest() != text) std::abort();

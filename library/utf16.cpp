@@ -57,7 +57,7 @@ std::optional<Utf16Order> Utf16OrderOf(std::string_view bytes) {
     std::array<std::size_t, 2> zeros{}; // at even and at odd places
     for (std::size_t i = 0; i < probe.size(); ++i)
         if (probe[i] == '\0') ++zeros[i % 2];
-    const std::size_t often = std::max<std::size_t>(1, probe.size() / 2 / OftenOneIn);
+    const std::size_t often = std::max<std::size_t>(2, probe.size() / 2 / OftenOneIn);
     if (zeros[0] == 0 && zeros[1] >= often) return Utf16Order::Little;
     if (zeros[1] == 0 && zeros[0] >= often) return Utf16Order::Big;
     return std::nullopt;

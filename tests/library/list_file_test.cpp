@@ -25,6 +25,34 @@ TEST_F(ListFile, LinesEndInAnyWayAndMarksAndBlanksAreDropped) {
         EXPECT_THAT(ListLines(empty), IsEmpty());
 }
 
+// The bytes of a text in UTF-16.
+std::string Utf16(std::u16string_view text, bool big) {
+    std::string bytes;
+    for (const char16_t unit : text)
+        for (const bool high : {big, !big})
+            bytes.push_back(static_cast<char>(high ? unit >> 8 : unit & 0xFF));
+    return bytes;
+}
+
+TEST_F(ListFile, ListsInUtf16AreReadWithAndWithoutAMark) {
+    for (const bool big : {false, true})
+        for (const auto* mark : {u"\uFEFF", u""}) {
+            const std::u16string text = std::u16string(mark) +
+                                        u"C:\\a b.mp3\r\n/caf\u00E9.mp3\r\n" +
+                                        u"/m/\u97F3\u697D/\U0001F3B5.mp3\n";
+            EXPECT_THAT(ListLines(Utf16(text, big)),
+                        ElementsAre("C:\\a b.mp3", "/caf\xC3\xA9.mp3",
+                                    "/m/\xE9\x9F\xB3\xE6\xA5\xBD/\xF0\x9F\x8E\xB5.mp3"));
+        }
+    EXPECT_THAT(ListLines("\xFF\xFE\x3C\xD8x\0\x0A\0\xB5\xDF/\0!"s),
+                ElementsAre("\xEF\xBF\xBDx", "\xEF\xBF\xBD/"))
+        << "halves of pairs and an odd byte";
+    for (const std::string& mark : {"\xFF\xFE"s, "\xFE\xFF"s, "\xFF\xFE\x0A"s})
+        EXPECT_THAT(ListLines(mark), IsEmpty());
+    EXPECT_THAT(ListLines("one\0two\nthree"s), ElementsAre("one\0two"s, "three"))
+        << "a stray NUL is no sign of UTF-16";
+}
+
 TEST_F(ListFile, EntriesAreAbsoluteRelativeOrWrittenElsewhere) {
     const std::string song = folder.Write("sub/song.mp3", "x");
     const std::string accent = folder.Write("caf\xC3\xA9.mp3", "x");
@@ -62,6 +90,11 @@ TEST_F(ListFile, WhatIsWrittenReadsBackWithItsCommentOnTop) {
     ASSERT_TRUE(WriteListFile(folder.File("l.m3u"), "", {}));
     EXPECT_EQ(folder.Read("l.m3u"), "");
     EXPECT_FALSE(WriteListFile(folder.File("no/folder.m3u"), "", {song}));
+    std::string reason;
+    for (const char* name : {"/m/two\nlines.mp3", "/m/\r.mp3"})
+        EXPECT_FALSE(WriteListFile(folder.File("l.m3u"), "", {song, name}, &reason)) << name;
+    EXPECT_EQ(reason, "a line end in the name \r.mp3");
+    EXPECT_EQ(folder.Read("l.m3u"), "") << "the old list stays";
 }
 
 TEST(Sort, OrdersArraysOfEveryLengthByPlainComparison) {

@@ -91,11 +91,11 @@ class PlaylistsScreen : public testing::Test {
 };
 
 TEST_F(PlaylistsScreen, TouchesAndKeysChooseARowAndGoBack) {
-    test::Click(Part("UCListBox"), {100, List().RowHeight * 3 / 2});
+    test::Click(Part("UCListBox"), {100, List().RowHeight * 5 / 2});
     EXPECT_EQ(Title(), " b");
     Tap("Image11");
     EXPECT_EQ(Title(), "Browse By Directory ");
-    EXPECT_EQ(List().iSelected, 1);
+    EXPECT_EQ(List().iSelected, 2);
     EXPECT_TRUE(screen->Form_KeyDown("38"));
     EXPECT_TRUE(screen->Form_KeyDown("13"));
     EXPECT_EQ(Title(), " a");
@@ -169,7 +169,45 @@ TEST_F(PlaylistsScreen, TheWheelAndAReloadKeepTheList) {
     QApplication::sendEvent(screen.get(), &half);
     screen->DoLayout();
     EXPECT_EQ(List().iSelected, 1);
-    EXPECT_EQ(List().ItemCount(), 4);
+    EXPECT_EQ(List().ItemCount(), 5);
+}
+
+TEST_F(PlaylistsScreen, AListIsBuiltByTouchInTwoListsSideBySide) {
+    const auto touchRow = [](QWidget& list, int row, int height) {
+        test::Click(list, {list.width() / 2, height * (2 * row + 1) / 2});
+    };
+    for (const QSize size : test::PanelSizes) {
+        SCOPED_TRACE(size.width());
+        state.ListMode = ListFromMenu;
+        Resize(size);
+        QWidget& left = Part("UCListBox");
+        QWidget& right = Part("UCListBox2");
+        EXPECT_FALSE(right.isVisible());
+        EXPECT_FALSE(Part("imjSave").isVisible());
+        const int row = List().RowHeight;
+        touchRow(left, 0, row);
+        EXPECT_EQ(Title(), "Building Playlist | Browse By Directory ");
+        test::ExpectChildrenInside(*screen);
+        EXPECT_FALSE(left.geometry().intersects(right.geometry()));
+        EXPECT_GE(std::min(left.width(), right.width()), size.width() * 45 / 100);
+        EXPECT_GE(Part("imjAdd").width(), size.height() * 15 / 100);
+        const auto& built = static_cast<UCListBox&>(right).model();
+        touchRow(left, 2, row);
+        EXPECT_EQ(built.Row(0).descriptor, "FILE:" + media.Path() + "/c.mp3");
+        const QImage leftInFront = screen->grab().toImage();
+        Tap("imjAdd");
+        EXPECT_GT(test::DifferingPixels(leftInFront, screen->grab().toImage()), 500)
+            << "the list that the keys work is seen";
+        Tap("imjSave");
+        EXPECT_FALSE(left.isVisible() || right.isVisible()) << "the keyboard has their place";
+        EXPECT_TRUE(screen->Form_KeyDown("27"));
+        EXPECT_TRUE(left.isVisible() && right.isVisible());
+        touchRow(right, 0, row);
+        EXPECT_EQ(built.Row(0).first, NoValidFilenames);
+        Tap("imjSave");
+        EXPECT_FALSE(right.isVisible());
+        EXPECT_EQ(left.width(), size.width() - 2 * (size.width() * 2 / 100));
+    }
 }
 
 // True when the text, wrapped if need be, stands whole in the label at the smallest size it may
