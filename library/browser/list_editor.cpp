@@ -43,7 +43,8 @@ bool ListEditor::Open(const std::string& path, bool ofChannels) {
     }
     AddNoticeIfEmpty();
     BrowserState& state = desk_.needs.state;
-    before_ = {state.ListMode, state.CurrentPath, desk_.Title(), path};
+    before_ = {state.ListMode, desk_.SqlView, state.CurrentPath, desk_.Title(), path};
+    desk_.SqlView = false;
     state.ListMode = ListBuild;
     EditListPath = path;
     editing_ = true;
@@ -109,6 +110,7 @@ void ListEditor::End() {
     BrowserState& state = desk_.needs.state;
     state.ListMode = before_.ListMode;
     state.CurrentPath = before_.CurrentPath;
+    desk_.SqlView = before_.SqlView;
     desk_.SetTitle(before_.title);
     Drop();
 }

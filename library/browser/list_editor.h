@@ -77,6 +77,7 @@ class ListEditor {
     /// What the mode is left to.
     struct Place {
         std::int16_t ListMode = ListFromMenu;
+        bool SqlView = false;
         std::string CurrentPath, title, list;
     };
     bool Open(const std::string& path, bool ofChannels);

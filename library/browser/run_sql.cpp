@@ -37,7 +37,8 @@ void Browser::JumpToSearch() {
     Run("JumpToSearch", [&] {
         if (!needs_.CatalogueOnLine()) return desk_.Say("The media database is not available.");
         // As if it had been walked to, so that the ways back lead where they say.
-        BrowseHistory = "SQL:BrowseAll/SQL:TextSearch";
+        if (RightListFocus) FocusRight(false);
+        if (!desk_.Building()) BrowseHistory = "SQL:BrowseAll/SQL:TextSearch";
         OpenSql(SplitDescriptor("SQL:TextSearch"));
     });
 }
