@@ -14,7 +14,8 @@ constexpr int SecondMs = 1000;
 Browser::Browser(BrowserNeeds needs, BrowserModels models, BrowserView& view)
     : needs_(std::move(needs)), list_(models.list), rightList_(models.rightList),
       keyboard_(models.keyboard), view_(view), desk_(needs_, list_, view), builder_(desk_),
-      sqlLists_(desk_), searches_(desk_), xmLists_(desk_), editor_(desk_, models.rightList),
+      sqlLists_(desk_), searches_(desk_), xmLists_(desk_),
+      editor_(desk_, xmLists_, models.rightList),
       Timer2(needs_.clock.MakeTimer([this] { ShowState(); })),
       Timer4(needs_.clock.MakeTimer([this] { TickNotice(); })) {
     keyboard_.onOK = [this](const std::string& text) { TakeText(text); };

@@ -27,7 +27,7 @@ void Browser::OpenEditor(const RowDescriptor& row) {
     editor_.Show();
     view_.ReDrawRightList();
     if (channels)
-        editor_.channels.FillLeft();
+        xmLists_.ShowAllChannels();
     else
         builder_.Populate();
     list_.SelectItem(0);
@@ -118,7 +118,7 @@ void Browser::LeaveEditor() {
     FocusRight(false);
     view_.LayOut(needs_.state.ListMode);
     if (!FileExists(path)) return builder_.Populate();
-    if (channels) return editor_.channels.ShowChannelList(path);
+    if (channels) return xmLists_.ShowChannelList(path);
     if (path != editor_.OpenedPath()) desk_.SetTitle(editor_.DefaultName());
     builder_.ReadList(path);
 }

@@ -1,6 +1,7 @@
 #include "library/browser/list_editor.h"
 
 #include "core/text.h"
+#include "library/channel_list.h"
 #include "library/list_file.h"
 #include "library/media_type.h"
 #include "platform/files.h"
@@ -11,7 +12,7 @@ namespace vk {
 namespace {
 
 constexpr std::string_view FileKind = "FILE:";
-constexpr std::string_view ChannelKind = "XM:Channel|";
+constexpr std::string_view ChannelKind = ChannelDescriptor;
 
 // The text behind the row's running number; all of it when rows bear none.
 std::string WithoutNumber(const std::string& text, bool numbered) {
@@ -27,9 +28,7 @@ bool ListEditor::EditPlaylist(const std::string& path) {
 }
 
 bool ListEditor::EditChannelList(const std::string& path) {
-    if (channels.FillLeft) return Open(path, true);
-    message_ = "There are no satellite channels.";
-    return false;
+    return Open(path, true);
 }
 
 bool ListEditor::Open(const std::string& path, bool ofChannels) {
@@ -63,13 +62,14 @@ bool ListEditor::Fill(const std::string& path) {
         message_ = "The list could not be read.";
         return false;
     }
-    for (const std::string& line : ListLines(*contents)) {
-        if (!desk_.Pulse()) return false;
-        if (!channels_)
+    if (channels_)
+        for (const int number : ChannelNumbers(*contents))
+            AddChannel(number);
+    else
+        for (const std::string& line : ListLines(*contents)) {
+            if (!desk_.Pulse()) return false;
             AddFile(ResolveListEntry(line, FolderOf(path)));
-        else if (const auto number = ParseInteger(line); number && *number > 0 && *number < 256)
-            AddChannel(static_cast<int>(*number));
-    }
+        }
     return true;
 }
 
@@ -83,13 +83,8 @@ void ListEditor::AddFile(const std::string& path) {
 }
 
 void ListEditor::AddChannel(int number) {
-    const std::string text = std::to_string(number);
-    Append(channels.ChannelRow ? channels.ChannelRow(number)
-                               : ListRow{text, "", std::string(ChannelKind) + text, xmdefault});
-}
-
-void ListEditor::Append(const ListRow& row) {
-    right_.AddItem(row.first, row.second, row.descriptor, row.picture, row.icon);
+    const ListRow row = xmLists_.ChannelRow(number);
+    right_.AddItem(row.first, row.second, row.descriptor, row.picture);
 }
 
 void ListEditor::AddNoticeIfEmpty() {
@@ -134,8 +129,8 @@ void ListEditor::Add(const ListRow& row) {
     if (right_.MatchItem(row.descriptor) >= 0 || !Takes(row)) return;
     if (!HasRows()) right_.ClearAllArrays();
     if (channels_) {
-        const auto number = ParseInteger(row.descriptor.substr(ChannelKind.size()));
-        if (number) AddChannel(static_cast<int>(*number));
+        for (const int number : ChannelNumbers(row.descriptor.substr(ChannelKind.size())))
+            AddChannel(number);
     } else {
         const std::string text = WithoutNumber(row.first, desk_.needs.settings.values.numberedList);
         right_.AddItem(std::to_string(right_.ItemCount() + 1) + " -" + text, row.second,

@@ -2,21 +2,13 @@
 #pragma once
 
 #include "library/browser/list_desk.h"
+#include "library/browser/xm_lists.h"
 
-#include <functional>
+#include <cstdint>
 #include <string>
 #include <vector>
 
 namespace vk {
-
-inline constexpr const char* NoValidChannels = "<No Valid Channels in List>";
-
-/// What lists of satellite channels take from the channel table; empty where there is none.
-struct ChannelHooks {
-    std::function<void()> FillLeft;                ///< fills the left list with all channels
-    std::function<ListRow(int number)> ChannelRow; ///< the row of one channel
-    std::function<void(const std::string& path)> ShowChannelList; ///< shows a saved list
-};
 
 /// What became of a save.
 enum class SaveResult {
@@ -29,7 +21,8 @@ enum class SaveResult {
 /// their words in `Message`.
 class ListEditor {
   public:
-    ListEditor(ListDesk& desk, ListModel& right) : desk_(desk), right_(right) {}
+    ListEditor(ListDesk& desk, XMLists& xmLists, ListModel& right)
+        : desk_(desk), xmLists_(xmLists), right_(right) {}
 
     /// Takes the existing files of a playlist into the right list, none for a new list (""), and
     /// turns to the mode that builds. False, with everything as it was, when the list cannot be
@@ -70,7 +63,6 @@ class ListEditor {
     /// For the user, UTF-8; "" when there is nothing to say.
     const std::string& Message() const { return message_; }
 
-    ChannelHooks channels;
     std::string EditListPath; ///< the list that is edited, "" for a new one
 
   private:
@@ -84,8 +76,6 @@ class ListEditor {
     bool Fill(const std::string& path);
     void AddFile(const std::string& path);
     void AddChannel(int number);
-    void Append(const ListRow& row);
-    ListRow RightRow(const ListRow& row) const;
     bool Takes(const ListRow& row);
     void AddNoticeIfEmpty();
     void Renumber(int from);
@@ -96,6 +86,7 @@ class ListEditor {
     SaveResult Write(const std::string& name, const std::string& path);
 
     ListDesk& desk_;
+    XMLists& xmLists_;
     ListModel& right_;
     bool editing_ = false;
     bool channels_ = false;

@@ -14,6 +14,8 @@ inline constexpr const char* BackRowText = "<...>";
 
 /// The notice of a playlist of which no file is there.
 inline constexpr const char* NoValidFilenames = "<No Valid Filenames in the Playlist>";
+/// The same of a channel list.
+inline constexpr const char* NoValidChannels = "<No Valid Channels in List>";
 
 /// Pictures of the rows: files in the skin's folder.
 inline constexpr const char* backpic = "back.gif";

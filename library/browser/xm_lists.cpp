@@ -85,7 +85,7 @@ void XMLists::AddChannels(const std::vector<int>& channels) {
         const ListRow row = ChannelRow(channel);
         desk_.list.AddItem(row.first, row.second, row.descriptor, row.picture);
     }
-    if (channels.empty()) desk_.rows.AddNotice("<No Valid Channels in List>");
+    if (channels.empty()) desk_.rows.AddNotice(NoValidChannels);
 }
 
 // A channel that the table does not know yet shows its number.

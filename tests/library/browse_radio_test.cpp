@@ -44,7 +44,6 @@ TEST_F(BrowseRadio, TheTopOffersWhatThereIs) {
         {true, true, ListFromMenu, {"Edit Preset Radio Stations", "XM Presets & Categories"}},
         {true, false, ListFromAudio, {}},
         {false, true, ListFromAudio, {"XM Presets & Categories"}},
-        {true, true, ListBuild, {}},
     };
     for (const auto& each : cases) {
         core.app.Write("presets.lst", "96.5:A");

@@ -52,6 +52,9 @@ class ListEditing : public test::BrowserTest {
 TEST_F(ListEditing, AFolderWalkIsCollectedAndSavedUnderAName) {
     UseCatalogue();
     known.state = DBStateValue::Offline;
+    core.settings.values.xmpcr_enabled = true;
+    for (const char* other : {"presets.lst", "favorites.m3u"})
+        core.app.Write(other, "96.5:A");
     BuildNew({});
     EXPECT_EQ(view.laidOut, ListBuild);
     EXPECT_EQ(view.title, "Building Playlist | Browse By Directory ");
@@ -215,6 +218,36 @@ TEST_F(ListEditing, FavouritesStayOutOfTheCatalogue) {
     EXPECT_EQ(core.app.Read("favorites.m3u"), media + "/a.mp3\r\n");
     EXPECT_THAT(known.updated, IsEmpty());
     EXPECT_THAT(Texts(), ElementsAre("<Edit This List>", "1 - (Unknown Artist) - a"));
+}
+
+TEST_F(ListEditing, ChannelsAreCollectedInAListOfTheirOwn) {
+    core.settings.values.xmpcr_enabled = true;
+    for (const int channel : {4, 10, 200}) {
+        XMChannel& entry = channels.channelTable[static_cast<std::size_t>(channel)];
+        entry.name = "Channel" + std::to_string(channel);
+        entry.valid = true;
+    }
+    browser().ReShow();
+    Choose("XM Presets & Categories");
+    Choose("<Build New Channel List>");
+    EXPECT_EQ(view.title, "Build XM Channel List ");
+    const auto all = Texts();
+    for (const char* row : {"200 - Channel200", "4 - Channel4", "200 - Channel200"})
+        Choose(row);
+    EXPECT_THAT(Right(), ElementsAre("200 - Channel200", "4 - Channel4"));
+    SaveAs("mine");
+    EXPECT_EQ(core.app.Read("mine.xcl"), "200\r\n4\r\n");
+    EXPECT_THAT(Texts(),
+                ElementsAre("<...>", "<Edit This List>", "200 - Channel200", "4 - Channel4"));
+    Choose("<Edit This List>");
+    EXPECT_EQ(view.title, "Edit XM Channel List ");
+    EXPECT_EQ(Texts(), all);
+    browser().ToggleListFocus();
+    browser().runok();
+    EXPECT_THAT(Right(), ElementsAre("4 - Channel4"));
+    SaveAs("yours");
+    EXPECT_EQ(core.app.Read("yours.xcl"), "4\r\n");
+    EXPECT_FALSE(FileExists(core.app.File("mine.xcl")));
 }
 
 TEST_F(ListEditing, WhatAListCannotHoldIsRefused) {
