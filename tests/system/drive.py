@@ -129,7 +129,8 @@ class SystemTest(unittest.TestCase):
 
     def play_second_track(self):
         self.keys("Right", "Return")  # the browser
-        self.keys("Return", "Down", "Down", "Return")  # Album, back row, One, Two
+        # Album is the last row but one; in it: the way back, One, Two.
+        self.keys("Up", "Up", "Return", "Down", "Down", "Return")
         wait_for("the second track", lambda: self.setting("audio_player", "currenttrack") == "1")
 
     def test_first_run_by_keys_alone(self):
@@ -180,7 +181,7 @@ class SystemTest(unittest.TestCase):
 
     def play_second_track_again(self):
         self.keys("Return")  # the browser tile is still chosen
-        self.keys("Return", "Down", "Down", "Down", "Return")
+        self.keys("Up", "Up", "Return", "Down", "Down", "Down", "Return")
         wait_for("the third track", lambda: self.setting("audio_player", "currenttrack") == "2")
 
     def test_foreign_settings_do_not_stop_the_start(self):
