@@ -58,6 +58,23 @@ void Application::Quit(bool osShutdown) {
     });
 }
 
+cVolume& Application::Volume() {
+    if (!volume_)
+        volume_ = std::make_unique<cVolume>(cVolume::Needs{mixer_, soundInput_, dialogs_, report_});
+    return *volume_;
+}
+
+// Called on the card's thread.
+void Application::LogSoundCard(bool present) {
+    QMetaObject::invokeMethod(
+        &host_,
+        [this, present] {
+            log_.WriteDebugLog(present ? "The sound card is there again"
+                                       : "The sound card is gone");
+        },
+        Qt::QueuedConnection);
+}
+
 bool Application::Key(const std::string& code) {
     const ScreenOperations* screen = ending_ ? nullptr : screens_.Current();
     return screen && screen->Form_KeyDown(code);
@@ -161,7 +178,7 @@ MainMenu::Needs Application::MenuNeeds() {
             .audio = audio_,
             .browser = browser_,
             .winamp = *start_.Winamp(),
-            .mixer = nullptr,
+            .volume = Volume(),
             .openSettings =
                 [this] {
                     LoadSettingsScreen();
@@ -206,6 +223,7 @@ AudioPlayer::Needs Application::PlayerNeeds() {
             .screens = screens_,
             .log = log_,
             .report = report_,
+            .volume = Volume(),
             .tagOf = [this](const std::string& path) { return tags_.GetDBTag(path); },
             .query = [this](const std::string& sql) { return Query(sql); },
             .checkDaylight = [this] { daylight_.Check(); },

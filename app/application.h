@@ -20,8 +20,11 @@
 #include "platform/any/qt_locale.h"
 #include "platform/any/qt_window_layer.h"
 #include "platform/linux/processes.h"
+#include "platform/linux/sound/alsa_input.h"
+#include "platform/linux/sound/alsa_mixer.h"
 #include "platform/linux/volumes.h"
 #include "playback/audio_state.h"
+#include "playback/c_volume.h"
 #include "playback/screen/playmp3.h"
 #include "playback/video_state.h"
 #include "settings/screen/settings_screen.h"
@@ -61,6 +64,9 @@ class Application {
     void LoadSettingsScreen();
     void UnloadSettingsScreen();
     void UnloadScreens();
+    /// The one object for the sound card, made by the first screen that needs it.
+    cVolume& Volume();
+    void LogSoundCard(bool present);
     bool Key(const std::string& code);
 
     // Ports.
@@ -73,6 +79,8 @@ class Application {
     HostWindow host_;
     QtWindowLayer window_{host_};
     SkinDialogs dialogs_{&host_, volumes_, clock_};
+    AlsaMixer mixer_{{.onChange = [this](bool present) { LogSoundCard(present); }}};
+    AlsaInput soundInput_;
     std::unique_ptr<PlayerWindow> playerWindow_ = MakePlayerWindow();
 
     // State and the lower layer.
@@ -93,6 +101,8 @@ class Application {
     CatalogueUpdates updates_{UpdateNeeds()};
     MediaTags tags_{state_, tagReader_, &db_};
     Daylight daylight_{{state_, settings_, clock_, screens_, skin_, {}}};
+
+    std::unique_ptr<cVolume> volume_;
 
     // Screens.
     PictureCache pictures_{skin_};

@@ -188,18 +188,22 @@ std::string MainMenu::ClockText() const {
     return n_.locale.LongDate(now) + " " + n_.locale.ShortTime(now);
 }
 
+// Once a run. A player with a level of its own will bring that back, so there the mark is left to
+// it.
 void MainMenu::ApplySafeVolume() {
     const Settings& s = n_.settings.values;
-    if (!s.safevolume || !n_.mixer) return;
-    const std::int32_t low = n_.mixer->Min(MixerLine::Master);
-    const std::int32_t span = n_.mixer->Max(MixerLine::Master) - low;
-    const std::int32_t safe = low + span * s.safevol_value / 100;
-    if (n_.mixer->Level(MixerLine::Master) > safe) n_.mixer->SetLevel(MixerLine::Master, safe);
+    if (!s.safevolume || n_.state.SafeVolumeDone) return;
+    const auto safe =
+        static_cast<std::int32_t>(std::int64_t{n_.volume.VolumeMax()} * s.safevol_value / 100);
+    if (n_.volume.VolumeLevel() > safe) n_.volume.VolumeLevel(safe);
+    n_.state.SafeVolumeDone = !s.UseSplitVolume;
 }
 
-// The menu is the one screen on which nothing plays.
+// The menu is the one screen on which nothing plays. A mute that a tuner or a suspend left behind
+// ends here, or the volume keys would stay locked.
 void MainMenu::SilencePlayer() {
     if (n_.winamp.WinAMP_GetStatus() == "1") n_.winamp.WinAMP_SCM(WinampStop);
+    n_.volume.VolumeMute(n_.state.bMuted);
 }
 
 void MainMenu::FirstActivation() {

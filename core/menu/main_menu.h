@@ -12,10 +12,10 @@
 #include "library/browser_state.h"
 #include "platform/clock.h"
 #include "platform/locale_info.h"
-#include "platform/mixer.h"
 #include "platform/volumes.h"
 #include "platform/window_layer.h"
 #include "playback/audio_state.h"
+#include "playback/c_volume.h"
 #include "playback/c_winamp.h"
 #include "skin/skin.h"
 
@@ -44,7 +44,7 @@ class MainMenu {
         AudioState& audio;
         BrowserState& browser;
         cWinamp& winamp;
-        Mixer* mixer;                       ///< null without a sound card's mixer
+        cVolume& volume;
         std::function<void()> openSettings; ///< makes and shows the settings screen
         std::function<void()> unloadSettings;
         std::function<void()> loadGPS;

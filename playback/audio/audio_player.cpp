@@ -20,7 +20,7 @@ AudioPlayer::AudioPlayer(Needs needs, ListModel& list, PlayerView& view)
     : n_(std::move(needs)), list_(list), view_(view),
       rows_({list_, n_.settings, n_.tagOf, [this] { n_.clock.DoEvents(); }}),
       files_({n_.audio, n_.app, n_.winamp, n_.settings, n_.clock, n_.log, view_, rows_, n_.query}),
-      volume_({n_.mixer, n_.settings, n_.app, n_.clock, view_}),
+      volume_({n_.volume, n_.settings, n_.app, n_.clock, view_}),
       Timer2(n_.clock.MakeTimer([this] { Timer2_Timer(); })) {}
 
 PlayerSource* AudioPlayer::Source(std::int32_t mode) {
@@ -66,6 +66,7 @@ void AudioPlayer::ReShow() {
         if (n_.audio.PlayMode == PlayAudio && FileLength(n_.audio.ListFile) > 0) ShowShuffle();
         Ready();
     });
+    n_.volume.ShowHardwareProblem(); // it waits for an answer, and the music does not
 }
 
 void AudioPlayer::ReDisplay() {
@@ -112,6 +113,7 @@ void AudioPlayer::switchingform() {
         const BusyGuard busy(n_.app.ListBusy);
         Timer2->Stop();
         held_.Press(HeldNone);
+        volume_.Leave();
         view_.ShowFrame(false);
         n_.settings.Write("main", "LastPlayMode", std::to_string(n_.audio.PlayMode));
         if (PlayerSource* source = Source()) source->LeaveScreen();
@@ -154,6 +156,7 @@ void AudioPlayer::Form_Unload(bool osShutdown) {
             n_.log.WriteDebugLog("form unloaded by administrative request - os shutdown");
         const BusyGuard busy(n_.app.ListBusy);
         SaveAudioData();
+        volume_.Leave();
         Timer2->Stop();
     });
 }

@@ -11,7 +11,6 @@
 #include "library/browser_state.h"
 #include "platform/clock.h"
 #include "platform/locale_info.h"
-#include "platform/mixer.h"
 #include "platform/volumes.h"
 #include "platform/window_layer.h"
 #include "playback/audio/file_source.h"
@@ -43,9 +42,9 @@ class AudioPlayer {
         Screens& screens;
         const DebugLog& log;
         ErrorReport& report;
+        cVolume& volume;
         TagOfFile tagOf;
         CatalogueQuery query = {};  ///< empty without a catalogue
-        Mixer* mixer = nullptr;     ///< null without a sound card's mixer
         PlayerSource* fm = nullptr; ///< null without an FM tuner
         PlayerSource* xm = nullptr; ///< null without a satellite receiver
         /// Parts that may be missing.

@@ -14,20 +14,8 @@ constexpr const char* Caption = "      Volume : ";
 
 } // namespace
 
-std::int32_t PlayerVolume::Level() const {
-    return n_.mixer ? n_.mixer->Level(MixerLine::Master) : 0;
-}
-
-std::int32_t PlayerVolume::Max() const {
-    return n_.mixer->Max(MixerLine::Master);
-}
-
-void PlayerVolume::SetLevel(std::int32_t level) {
-    n_.mixer->SetLevel(MixerLine::Master, level);
-}
-
 void PlayerVolume::FollowWave() {
-    if (!n_.settings.values.AdjMainVol) n_.mixer->SetLevel(MixerLine::Wave, Level());
+    if (!n_.settings.values.AdjMainVol) n_.volume.WaveLevel(Level());
 }
 
 std::int32_t PlayerVolume::SafeLevel(std::int32_t wanted) const {
@@ -37,12 +25,13 @@ std::int32_t PlayerVolume::SafeLevel(std::int32_t wanted) const {
 }
 
 void PlayerVolume::Enter() {
-    if (!n_.mixer) return;
-    VolumeStep = std::max(1, Max() / ScaleSteps);
+    left_ = false;
+    const std::int32_t max = Max();
+    VolumeStep = std::max(1, max / ScaleSteps);
     if (n_.settings.values.UseSplitVolume) {
         const auto wanted = n_.settings.Read("audio_player", "Volume", IniType::Long).Long();
         FollowWave();
-        SetLevel(SafeLevel(wanted));
+        SetLevel(std::clamp(SafeLevel(wanted), 0, max)); // the file may come from another card
     } else if (const auto safe = SafeLevel(Level()); safe != Level()) {
         SetLevel(safe);
     }
@@ -50,7 +39,7 @@ void PlayerVolume::Enter() {
 }
 
 bool PlayerVolume::Locked() const {
-    return !n_.mixer || bMuteInProgress || n_.mixer->Mute(MixerLine::Master);
+    return bMuteInProgress || n_.volume.VolumeMute();
 }
 
 void PlayerVolume::VolUp() {
@@ -76,7 +65,8 @@ void PlayerVolume::showvol() {
 
 void PlayerVolume::ShowPercent() {
     const double percent = Max() > 0 ? 100.0 * Level() / Max() : 0;
-    n_.view.ShowVolume(Caption + std::to_string(std::lround(percent)) + "%");
+    n_.app.VolumePercent = static_cast<std::int32_t>(std::lround(percent));
+    n_.view.ShowVolume(Caption + std::to_string(n_.app.VolumePercent) + "%");
 }
 
 void PlayerVolume::HideWhenOld(bool held) {
@@ -89,38 +79,41 @@ void PlayerVolume::HideWhenOld(bool held) {
 }
 
 void PlayerVolume::Ramp(std::int32_t target) {
-    while (Level() != target) {
+    while (!left_ && Level() != target) {
         const std::int32_t before = Level();
         SetLevel(before < target ? std::min(before + VolumeStep, target)
                                  : std::max(before - VolumeStep, target));
         n_.clock.Sleep(std::max(1, n_.settings.values.mutespeed));
         ShowPercent();
-        // A card with coarse steps may not reach the level to the unit.
+        n_.clock.DoEvents();
+        // A card with coarse steps may not reach the level to the unit, and one that is gone has
+        // none.
         if (Level() == before) return;
     }
+    if (left_) SetLevel(target);
 }
 
 void PlayerVolume::FadeOut() {
     storedLevel_ = Level();
     Ramp(0);
-    n_.mixer->SetMute(MixerLine::Master, true);
+    n_.volume.VolumeMute(true);
     n_.view.ShowVolume(std::string(Caption) + "Muted");
-    bMuted = true;
+    n_.app.bMuted = true;
 }
 
 void PlayerVolume::FadeIn() {
-    n_.mixer->SetMute(MixerLine::Master, false);
+    n_.volume.VolumeMute(false);
     Ramp(storedLevel_);
     ShowPercent();
     FollowWave();
-    bMuted = false;
+    n_.app.bMuted = false;
 }
 
 void PlayerVolume::domute() {
-    if (!n_.mixer || bMuteInProgress || (!bMuted && Level() == 0)) return;
+    if (bMuteInProgress || (!n_.app.bMuted && Level() == 0)) return;
     bMuteInProgress = true;
     showvol();
-    bMuted ? FadeIn() : FadeOut();
+    n_.app.bMuted ? FadeIn() : FadeOut();
     bMuteInProgress = false;
 }
 

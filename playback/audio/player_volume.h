@@ -5,18 +5,18 @@
 #include "core/app_state.h"
 #include "core/settings.h"
 #include "platform/clock.h"
-#include "platform/mixer.h"
 #include "playback/audio/player_view.h"
+#include "playback/c_volume.h"
 
 #include <cstdint>
 
 namespace vk {
 
-/// Without a mixer every operation does nothing and the display is left alone.
+/// Without a sound card the scale is empty: nothing gets louder, and what is shown is 0%.
 class PlayerVolume {
   public:
     struct Needs {
-        Mixer* mixer; ///< null when there is none
+        cVolume& volume;
         SettingsStore& settings;
         AppState& app;
         Clock& clock;
@@ -29,17 +29,19 @@ class PlayerVolume {
     void Enter();
     void VolUp();
     void VolDown();
-    /// Fades out and mutes, or fades in again, a step each `mutespeed` milliseconds. The screen
-    /// stands still meanwhile.
+    /// Fades out and mutes, or fades in again, a step each `mutespeed` milliseconds, and returns
+    /// when it is done. Events run meanwhile; a second call among them is ignored.
     void domute();
+    /// The screen is left: a fade under way ends at once at its end.
+    void Leave() { left_ = true; }
     /// Once a second: hides the text after 4 seconds unless a volume button is held.
     void HideWhenOld(bool held);
-    /// `VolumeLevel` in the card's units, 0 without a mixer.
-    std::int32_t Level() const;
+    /// `VolumeLevel` in the card's units, 0 without a card.
+    std::int32_t Level() const { return n_.volume.VolumeLevel(); }
 
   private:
-    std::int32_t Max() const;
-    void SetLevel(std::int32_t level);
+    std::int32_t Max() const { return n_.volume.VolumeMax(); }
+    void SetLevel(std::int32_t level) { n_.volume.VolumeLevel(level); }
     void FollowWave();
     std::int32_t SafeLevel(std::int32_t wanted) const;
     bool Locked() const;
@@ -54,8 +56,8 @@ class PlayerVolume {
     std::int32_t storedLevel_ = 0;
     std::int32_t VolumeShownAt = 0; ///< whole seconds of the timer value
     bool shown_ = false;
-    bool bMuted = false;
     bool bMuteInProgress = false;
+    bool left_ = false;
 };
 
 } // namespace vk

@@ -18,7 +18,7 @@ int Share(int whole, double share) {
 
 } // namespace
 
-PlayerLayout::PlayerLayout(int width, int height, bool volume) {
+PlayerLayout::PlayerLayout(int width, int height) {
     PlaceTop(width, height);
     PlacePanel(width, height);
     const int listTop = Share(height, TopBarShare) + Share(height, PanelShare);
@@ -26,7 +26,7 @@ PlayerLayout::PlayerLayout(int width, int height, bool volume) {
     const int margin = height / 60;
     list = QRect(margin, listTop, width - 2 * margin, bottomBar.top() - listTop - margin / 4);
     loading = QRect(width / 4, list.center().y() - height / 14, width / 2, height / 7);
-    PlaceButtons(width, height, volume);
+    PlaceButtons(width, height);
 }
 
 void PlayerLayout::PlaceTop(int width, int height) {
@@ -58,11 +58,10 @@ void PlayerLayout::PlacePanel(int width, int height) {
 
 // On a narrow screen the buttons that a touch of the list, or a key, stands in for move into the
 // upper bar.
-void PlayerLayout::PlaceButtons(int width, int height, bool volume) {
+void PlayerLayout::PlaceButtons(int width, int height) {
     using enum TouchButtonId;
-    std::vector<TouchButtonId> bottom = {DoQuit, Swap, Rewind, RunOk, Pause, FastForward};
-    if (volume) bottom.insert(bottom.end(), {VolumeDown, VolumeUp});
-    bottom.push_back(Shuffle);
+    std::vector<TouchButtonId> bottom = {DoQuit,      Swap,       Rewind,   RunOk,  Pause,
+                                         FastForward, VolumeDown, VolumeUp, Shuffle};
     const int room = width / std::max(1, Share(height, ButtonShare));
     if (static_cast<int>(bottom.size()) > room) {
         std::erase(bottom, RunOk);

@@ -32,8 +32,7 @@ struct ButtonPlace {
 /// All rectangles are in pixels of the screen and lie within it; none but the upper bar lies over
 /// another.
 struct PlayerLayout {
-    /// `volume`: the volume buttons are shown.
-    PlayerLayout(int width, int height, bool volume);
+    PlayerLayout(int width, int height);
 
     QRect listTitle; ///< also the place of the volume text
     QRect clock;
@@ -52,7 +51,7 @@ struct PlayerLayout {
   private:
     void PlaceTop(int width, int height);
     void PlacePanel(int width, int height);
-    void PlaceButtons(int width, int height, bool volume);
+    void PlaceButtons(int width, int height);
     void PlaceRow(const std::vector<TouchButtonId>& ids, const QRect& bar, bool upper);
 };
 

@@ -53,8 +53,8 @@ TouchButtonId IdOf(PlayerButton button) {
 } // namespace
 
 playmp3::playmp3(const ControlContext& context, AudioPlayer::Needs needs, QWidget* parent)
-    : QWidget(parent), context_(context), volume_(needs.mixer != nullptr),
-      layout_(context.state.ScreenWidth, context.state.ScreenHeight, volume_), Frame1_(this),
+    : QWidget(parent), context_(context),
+      layout_(context.state.ScreenWidth, context.state.ScreenHeight), Frame1_(this),
       lbPlayListTitle_(&Frame1_), Vol_(&Frame1_), Label1_(&Frame1_), artistlabel_(&Frame1_),
       TrackTimeLabel_(&Frame1_), lblBitRate_(&Frame1_), lblShuffle_(&Frame1_),
       UCST_(context, &Frame1_), UCListBox_(context, rows_, &Frame1_), frmUpperBar_(&Frame1_),
@@ -148,7 +148,7 @@ void playmp3::wheelEvent(QWheelEvent* event) {
 
 void playmp3::DoLayout() {
     const AppState& state = context_.state;
-    layout_ = PlayerLayout(state.ScreenWidth, state.ScreenHeight, volume_);
+    layout_ = PlayerLayout(state.ScreenWidth, state.ScreenHeight);
     setGeometry(0, 0, state.ScreenWidth, state.ScreenHeight);
     Frame1_.setGeometry(rect());
     Place();

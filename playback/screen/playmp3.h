@@ -77,7 +77,6 @@ class playmp3 : public QWidget, private PlayerView {
     void ShowUpperBar(bool open);
 
     ControlContext context_;
-    bool volume_; ///< there is a mixer, and so the buttons for it
     PlayerLayout layout_;
     ListModel rows_;
     QWidget Frame1_;

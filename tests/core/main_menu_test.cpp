@@ -45,6 +45,27 @@ struct MainMenuTest : testing::Test, test::MenuFixture {
     MainMenu menu{MenuNeeds(), view};
 };
 
+TEST_F(MainMenuTest, CutsALoudLevelOnceARunAndEndsAForeignMute) {
+    std::int32_t& master = mixer.Level(MixerLine::Master);
+    settings.values.safevolume = true;
+    settings.values.safevol_value = 36;
+    for (const int expected : {360, 900}) {
+        master = 900;
+        menu.ReShow();
+        EXPECT_EQ(master, expected);
+    }
+    for (const bool players : {false, true}) {
+        state.bMuted = players;
+        mixer.Mute(MixerLine::Master) = 1;
+        menu.ReShow();
+        EXPECT_EQ(mixer.Mute(MixerLine::Master), players);
+    }
+    settings.values.UseSplitVolume = true;
+    state.SafeVolumeDone = false;
+    menu.ReShow();
+    EXPECT_FALSE(state.SafeVolumeDone); // the player's own level is still to come
+}
+
 TEST_F(MainMenuTest, TheGraphOfTheSkinLeadsTheCursor) {
     menu.ReShow();
     EXPECT_EQ(menu.CurrentSelection, 2) << "the skin's own when none is stored";

@@ -3,6 +3,7 @@
 
 #include "core/menu/main_menu.h"
 #include "tests/core/start_fixture.h"
+#include "tests/support/fake_mixer.h"
 
 namespace vk::test {
 
@@ -23,7 +24,7 @@ struct MenuFixture : StartFixture {
                 .audio = audio,
                 .browser = browser,
                 .winamp = winamp,
-                .mixer = nullptr,
+                .volume = volume,
                 .openSettings = [this] { ++settingsOpened; },
                 .unloadSettings = [this] { screens.Remove("settings"); },
                 .loadGPS = [] {},
@@ -35,6 +36,9 @@ struct MenuFixture : StartFixture {
     BrowserState browser;
     cWinamp winamp{{player, clock, report, app.Path()}};
     Daylight daylight{{state, settings, clock, screens, skin, {}}};
+    FakeMixer mixer;
+    FakeWaveInput input;
+    cVolume volume{{mixer, input, dialogs, report}};
     int exits = 0, settingsOpened = 0;
 };
 

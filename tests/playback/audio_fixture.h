@@ -5,6 +5,7 @@
 #include "playback/audio/audio_player.h"
 #include "tests/sim/recording_player.h"
 #include "tests/support/core_fixture.h"
+#include "tests/support/fake_mixer.h"
 #include "tests/support/recording_screen.h"
 
 #include <map>
@@ -93,7 +94,9 @@ struct AudioFixture : CoreFixture {
     std::map<std::string, TagRecord> tags; ///< by file name
     int tagsRead = 0;
     CatalogueQuery query;
-    Mixer* mixer = nullptr;
+    FakeMixer mixer;
+    FakeWaveInput input;
+    std::unique_ptr<cVolume> volume; ///< made with the player
     std::unique_ptr<AudioPlayer> made;
 
     AudioFixture() {
@@ -110,8 +113,9 @@ struct AudioFixture : CoreFixture {
             ++tagsRead;
             return tags[FileNameOf(path)];
         };
-        return {audio,   browser, state,   winamp, settings, keys,  clock, locale,
-                volumes, window,  screens, log,    report,   tagOf, query, mixer};
+        volume = std::make_unique<cVolume>(cVolume::Needs{mixer, input, dialogs, report});
+        return {audio,   browser, state,   winamp, settings, keys,    clock, locale,
+                volumes, window,  screens, log,    report,   *volume, tagOf, query};
     }
     AudioPlayer& player() {
         if (!made) made = std::make_unique<AudioPlayer>(Needs(), list, view);

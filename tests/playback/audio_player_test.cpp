@@ -176,8 +176,12 @@ TEST_F(AudioPlayerTest, IgnoresKeysWhileAListIsLoaded) {
     EXPECT_EQ(menu.Count("ReShow"), 0);
 }
 
-TEST_F(AudioPlayerTest, WithoutTunerOrMixerTheirOperationsDoNothing) {
+TEST_F(AudioPlayerTest, WithoutTunerOrCardTheirOperationsDoNothing) {
+    mixer.present = false;
     Play(2);
+    EXPECT_EQ(dialogs.shown.back(), "No sound card detected.  You must install a sound card.");
+    player().ReShow();
+    EXPECT_EQ(dialogs.shown.size(), 1u); // told once, and after the music was started
     audio.PlayMode = PlayFM;
     process.wire.sent.clear();
     for (const auto press : {&AudioPlayer::MoveAhead, &AudioPlayer::DoFF, &AudioPlayer::runok,

@@ -5,25 +5,15 @@
 
 namespace vk::test {
 
-/// Two lines of 1000 units that keep what they were set to.
-struct FakeMixer : Mixer {
-    std::map<MixerLine, std::int32_t> levels;
-    bool muted = false;
-    std::int32_t Min(MixerLine) const override { return 0; }
-    std::int32_t Max(MixerLine) const override { return 1000; }
-    std::int32_t Level(MixerLine line) const override {
-        return levels.contains(line) ? levels.at(line) : 0;
-    }
-    void SetLevel(MixerLine line, std::int32_t level) override { levels[line] = level; }
-    bool Mute(MixerLine) const override { return muted; }
-    void SetMute(MixerLine, bool on) override { muted = on; }
-};
-
 struct PlayerVolumeTest : testing::Test, CoreFixture {
     FakeMixer mixer;
+    FakeWaveInput input;
+    cVolume card{{mixer, input, dialogs, report}};
     RecordingView view;
-    PlayerVolume volume{{&mixer, settings, state, clock, view}};
-    std::int32_t& master = mixer.levels[MixerLine::Master];
+    PlayerVolume volume{{card, settings, state, clock, view}};
+    std::int32_t& master = mixer.Level(MixerLine::Master);
+    std::int32_t& wave = mixer.Level(MixerLine::Wave);
+    std::int32_t& muted = mixer.Mute(MixerLine::Master);
     PlayerVolumeTest() {
         settings.values.AdjMainVol = true;
         settings.values.mutespeed = 50;
@@ -36,7 +26,8 @@ TEST_F(PlayerVolumeTest, MovesByAFiftiethOfItsLineAndStopsAtTheEnds) {
     volume.VolUp();
     EXPECT_EQ(master, 520);
     EXPECT_EQ(view.volumes.back(), "      Volume : 52%");
-    EXPECT_EQ(mixer.Level(MixerLine::Wave), 0);
+    EXPECT_EQ(state.VolumePercent, 52);
+    EXPECT_EQ(wave, 0);
     master = 990;
     volume.VolUp();
     EXPECT_EQ(view.volumes.size(), 1u);
@@ -46,7 +37,7 @@ TEST_F(PlayerVolumeTest, MovesByAFiftiethOfItsLineAndStopsAtTheEnds) {
     master = 500;
     settings.values.AdjMainVol = false; // the wave line goes along
     volume.VolDown();
-    EXPECT_EQ(mixer.Level(MixerLine::Wave), 480);
+    EXPECT_EQ(wave, 480);
 }
 
 TEST_F(PlayerVolumeTest, HidesTheTextAfterFourSeconds) {
@@ -63,7 +54,7 @@ TEST_F(PlayerVolumeTest, HidesTheTextAfterFourSeconds) {
 
 TEST_F(PlayerVolumeTest, FadesOutAndInAgain) {
     volume.domute();
-    EXPECT_TRUE(mixer.muted);
+    EXPECT_EQ(muted, 1);
     EXPECT_EQ(master, 0);
     EXPECT_EQ(clock.slept, 25 * 50);
     EXPECT_EQ(view.volumes.back(), "      Volume : Muted");
@@ -71,9 +62,49 @@ TEST_F(PlayerVolumeTest, FadesOutAndInAgain) {
     EXPECT_EQ(master, 0);
     settings.values.mutespeed = 0;
     volume.domute();
-    EXPECT_FALSE(mixer.muted);
+    EXPECT_EQ(muted, 0);
     EXPECT_EQ(master, 500);
     EXPECT_EQ(clock.slept, 25 * 50 + 25);
+}
+
+TEST_F(PlayerVolumeTest, FadesAStepATickWithEventsAmongWhichKeysAreIgnored) {
+    std::vector<std::int32_t> steps;
+    clock.onEvents = [&] {
+        EXPECT_EQ(clock.slept, 50 * std::int64_t(steps.size() + 1));
+        steps.push_back(master);
+        volume.domute();
+        volume.VolUp();
+        volume.HideWhenOld(false);
+    };
+    volume.domute();
+    ASSERT_EQ(steps.size(), 25u);
+    EXPECT_EQ(steps.front(), 480);
+    EXPECT_EQ(steps.back(), 0);
+    EXPECT_EQ(view.volumes.size(), 26u);
+    EXPECT_TRUE(state.bMuted);
+}
+
+TEST_F(PlayerVolumeTest, EndsTheFadeAtOnceWhenTheScreenIsLeft) {
+    clock.onEvents = [&] { volume.Leave(); };
+    volume.domute();
+    EXPECT_EQ(clock.eventRuns, 1);
+    EXPECT_EQ(master, 0);
+    EXPECT_EQ(muted, 1);
+    volume.Enter();
+    volume.domute();
+    EXPECT_EQ(clock.eventRuns, 2);
+    EXPECT_EQ(master, 500);
+}
+
+TEST_F(PlayerVolumeTest, ACardThatGoesEndsTheFade) {
+    clock.onEvents = [&] {
+        mixer.present = false;
+        ++mixer.session;
+    };
+    volume.domute();
+    volume.domute();
+    EXPECT_EQ(clock.eventRuns, 2);
+    EXPECT_FALSE(state.bMuted);
 }
 
 TEST_F(PlayerVolumeTest, EntersWithALevelOfItsOwnCutOnceARunWhenItIsLoud) {
@@ -87,8 +118,17 @@ TEST_F(PlayerVolumeTest, EntersWithALevelOfItsOwnCutOnceARunWhenItIsLoud) {
     }
     settings.values.UseSplitVolume = true;
     settings.Write("audio_player", "Volume", "440");
+    settings.values.AdjMainVol = false;
+    wave = 7;
     volume.Enter();
     EXPECT_EQ(master, 440);
+    EXPECT_EQ(wave, 800); // the level of before
+    state.SafeVolumeDone = false;
+    volume.Enter();
+    EXPECT_EQ(master, 360);
+    settings.Write("audio_player", "Volume", "70000"); // from another card
+    volume.Enter();
+    EXPECT_EQ(master, 1000);
 }
 
 } // namespace vk::test

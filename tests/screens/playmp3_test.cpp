@@ -128,41 +128,29 @@ TEST_F(Playmp3Test, RedrawsNothingButTheTimeWhilePlaying) {
 }
 
 TEST_F(Playmp3Test, FitsEveryPanelWithButtonsForAFinger) {
-    for (const QSize size : PanelSizes)
-        for (const bool volume : {false, true}) {
-            SCOPED_TRACE(size.width());
-            const PlayerLayout layout(size.width(), size.height(), volume);
-            std::vector<QRect> all = {layout.listTitle, layout.clock,   layout.mediaType,
-                                      layout.title,     layout.artist,  layout.trackTime,
-                                      layout.bitRate,   layout.shuffle, layout.list};
-            for (const ButtonPlace& button : layout.buttons) {
-                EXPECT_GE(std::min(button.rect.width(), button.rect.height()),
-                          size.height() * 3 / 20);
-                EXPECT_EQ(button.upper, layout.upperBar.contains(button.rect));
-                if (button.upper) continue; // it opens over the list
-                EXPECT_TRUE(layout.bottomBar.contains(button.rect));
-                all.push_back(button.rect);
-            }
-            for (std::size_t i = 0; i < all.size(); ++i) {
-                EXPECT_TRUE(QRect(QPoint(), size).contains(all[i])) << i;
-                for (std::size_t j = 0; j < i; ++j)
-                    EXPECT_FALSE(all[i].intersects(all[j])) << i << " and " << j;
-            }
-            EXPECT_EQ(layout.buttons.size(),
-                      (volume ? 9u : 7u) + (layout.upperBar.isEmpty() ? 0 : 1));
+    for (const QSize size : PanelSizes) {
+        SCOPED_TRACE(size.width());
+        const PlayerLayout layout(size.width(), size.height());
+        std::vector<QRect> all = {layout.listTitle, layout.clock,   layout.mediaType,
+                                  layout.title,     layout.artist,  layout.trackTime,
+                                  layout.bitRate,   layout.shuffle, layout.list};
+        for (const ButtonPlace& button : layout.buttons) {
+            EXPECT_GE(std::min(button.rect.width(), button.rect.height()), size.height() * 3 / 20);
+            EXPECT_EQ(button.upper, layout.upperBar.contains(button.rect));
+            if (button.upper) continue; // it opens over the list
+            EXPECT_TRUE(layout.bottomBar.contains(button.rect));
+            all.push_back(button.rect);
         }
+        for (std::size_t i = 0; i < all.size(); ++i) {
+            EXPECT_TRUE(QRect(QPoint(), size).contains(all[i])) << i;
+            for (std::size_t j = 0; j < i; ++j)
+                EXPECT_FALSE(all[i].intersects(all[j])) << i << " and " << j;
+        }
+        EXPECT_EQ(layout.buttons.size(), 9u + (layout.upperBar.isEmpty() ? 0 : 1));
+    }
 }
 
 TEST_F(Playmp3Test, OpensTheUpperBarOnANarrowScreen) {
-    struct Silent : Mixer {
-        std::int32_t Min(MixerLine) const override { return 0; }
-        std::int32_t Max(MixerLine) const override { return 100; }
-        std::int32_t Level(MixerLine) const override { return 50; }
-        void SetLevel(MixerLine, std::int32_t) override {}
-        bool Mute(MixerLine) const override { return false; }
-        void SetMute(MixerLine, bool) override {}
-    } sound;
-    mixer = &sound;
     Open(0, 1, {640, 480});
     EXPECT_FALSE(Named("TSshuffleBtn")->isVisible());
     Touch("TSPopUpMenuBtn");

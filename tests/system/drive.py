@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
-"""Drives the real system on a virtual display: the first run by keys, playing, a kill, resuming, a lost player.
+"""Drives the real system on a virtual display: the first run by keys, playing, volume, a kill, resuming, a lost player.
 
-drive.py APPDIR VKINI: APPDIR holds the built programs and skins, VKINI is the settings tool.
+drive.py APPDIR VKINI CARD: APPDIR holds the built programs and skins, VKINI is the settings tool, CARD the
+sound card that ALSA is given.
 Real time passes here; nothing waits longer than it has to.
 """
 
@@ -9,6 +10,7 @@ import os
 import pathlib
 import shutil
 import signal
+import struct
 import subprocess
 import sys
 import tempfile
@@ -16,7 +18,7 @@ import time
 import unittest
 import wave
 
-APPDIR, VKINI = pathlib.Path(sys.argv[1]), sys.argv[2]
+APPDIR, VKINI, CARD = pathlib.Path(sys.argv[1]), sys.argv[2], sys.argv[3]
 PATIENCE = 40  # seconds for any one thing, on a slow and busy machine
 PROGRAMS = ("velkorandum", "winamp", "DB_UPDATE", "tags_empty.mdb")
 
@@ -79,6 +81,7 @@ class SystemTest(unittest.TestCase):
                     "XDG_RUNTIME_DIR": str(self.work), "HOME": str(self.work / "home"),
                     "XDG_CONFIG_HOME": str(self.work / "config")}
         os.chmod(self.work, 0o700)
+        self.make_card()
         self.album = self.work / "home" / "Music" / "Album"
         for number, title in enumerate(("One", "Two", "Three"), 1):
             write_tone(self.album / f"0{number}_Somebody - {title}.wav", 30)
@@ -86,6 +89,20 @@ class SystemTest(unittest.TestCase):
         subprocess.run([self.app / "DB_UPDATE"], env=self.env, check=True)
         self.system = None
         self.addCleanup(self.end)
+
+    def make_card(self):
+        """The system's configuration with a card of our own; a missing file of its numbers is a missing card."""
+        self.card = self.work / "card"
+        self.card.write_bytes(struct.pack("4i", 50, 1, 50, 1))
+        configuration = self.work / "asound.conf"
+        configuration.write_text(
+            "</usr/share/alsa/alsa.conf>\n"
+            f'ctl_type.fake {{ lib "{CARD}" }}\n'
+            f'ctl.!default {{ type fake state "{self.card}" elements [ "Master Playback" "PCM Playback" ] }}\n')
+        self.env["ALSA_CONFIG_PATH"] = str(configuration)
+
+    def master(self):
+        return struct.unpack("2i", self.card.read_bytes()[:8])
 
     def start(self):
         self.system = subprocess.Popen([self.app / "velkorandum"], env=self.env)
@@ -166,6 +183,37 @@ class SystemTest(unittest.TestCase):
         self.keys("Return")
         wait_for("the list", lambda: self.log().count("winamp.ini shuffle=") >= 3)
         self.assertEqual(self.setting("audio_player", "currenttrack"), "2")
+
+    def test_keys_change_the_volume_of_the_sound_card(self):
+        self.set_up()
+        self.start_to_menu()
+        self.play_second_track()
+        self.keys("u", "u")
+        wait_for("two steps up", lambda: self.master() == (54, 1))
+        self.keys("d")
+        wait_for("one step down", lambda: self.master() == (52, 1))
+        self.keys("m")
+        wait_for("silence", lambda: self.master() == (0, 0))
+        self.keys("m")
+        wait_for("sound again", lambda: self.master() == (52, 1))
+        self.card.unlink()
+        wait_for("the loss", lambda: "The sound card is gone" in self.log())
+        self.card.write_bytes(struct.pack("4i", 50, 1, 50, 1))
+        wait_for("the return", lambda: "The sound card is there again" in self.log())
+        self.keys("u")
+        wait_for("a step up", lambda: self.master() == (52, 1))
+
+    def test_without_a_sound_card_a_message_waits_and_the_music_does_not(self):
+        self.card.unlink()
+        self.set_up()
+        self.start_to_menu()
+        self.assertIn("No Sound Card Detected", self.log())
+        self.play_second_track()
+        self.keys("Right")  # the message is in front
+        time.sleep(1)
+        self.assertEqual(self.setting("audio_player", "currenttrack"), "1")
+        self.keys("Return", "Right")
+        wait_for("the third track", lambda: self.setting("audio_player", "currenttrack") == "2")
 
     def test_a_lost_player_is_brought_back(self):
         self.set_up()

@@ -1,0 +1,34 @@
+// Sound from the input, on ALSA.
+#pragma once
+
+#include "platform/wave_input.h"
+
+#include <atomic>
+#include <string>
+#include <thread>
+
+struct _snd_pcm;
+
+namespace vk {
+
+class AlsaInput : public WaveInput {
+  public:
+    /// `device` is ALSA's name of the recording device.
+    explicit AlsaInput(std::string device = "default") : device_(std::move(device)) {}
+    ~AlsaInput() override { Stop(); }
+    AlsaInput(const AlsaInput&) = delete;
+    AlsaInput& operator=(const AlsaInput&) = delete;
+
+    bool Start(OnBuffer onBuffer) override;
+    void Stop() override;
+    bool Running() const override { return thread_.joinable(); }
+
+  private:
+    void Record(_snd_pcm* pcm, const OnBuffer& onBuffer) const;
+
+    std::string device_;
+    std::atomic<bool> stop_ = false;
+    std::thread thread_;
+};
+
+} // namespace vk

@@ -1,0 +1,128 @@
+#include "platform/linux/sound/alsa_mixer.h"
+#include "playback/c_volume.h"
+#include "tests/support/core_fixture.h"
+#include "tests/support/fake_card.h"
+#include "tests/support/fake_mixer.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+
+namespace vk::test {
+
+const std::vector<std::string> AllLines = {"Master Playback", "Mic Playback",   "Line Playback",
+                                           "CD Playback",     "Synth Playback", "PCM Playback"};
+
+/// The mixer on a fake card, looked for every few milliseconds, with the lines on top of it.
+struct Sound : CoreFixture {
+    explicit Sound(AlsaMixer::Options options = {.retryMs = 5})
+        : mixer([&] {
+              options.onChange = [this](bool present) { present ? ++returns : ++losses; };
+              return options;
+          }()) {}
+    std::atomic<int> losses = 0, returns = 0;
+    AlsaMixer mixer;
+    FakeWaveInput input;
+    cVolume volume{{mixer, input, dialogs, report}};
+};
+
+TEST(AlsaMixer, DrivesAllSixLinesAndTheirMutes) {
+    const FakeCard card(AllLines, -20, 80);
+    Sound sound;
+    cVolume& v = sound.volume;
+    v.VolumeLevel(10), v.MicLevel(20), v.LineLevel(30), v.CDLevel(40), v.SynLevel(50),
+        v.WaveLevel(100);
+    EXPECT_EQ(v.MicLevel(), 20); // for the caller at once
+    v.LineMute(true);
+    EXPECT_TRUE(Soon([&] { return card.Switch("Line Playback") == 0; }));
+    const std::int32_t levels[] = {-10, 0, 10, 20, 30, 80};
+    for (std::size_t i = 0; i < AllLines.size(); ++i) {
+        EXPECT_TRUE(Soon([&] { return card.Volume(AllLines[i]) == levels[i]; })) << AllLines[i];
+        EXPECT_EQ(card.Switch(AllLines[i]), AllLines[i] == "Line Playback" ? 0 : 1);
+    }
+    EXPECT_EQ(v.VolumeMin(), 0);
+    EXPECT_EQ(v.CDMax(), 100);
+    EXPECT_TRUE(v.LineMute());
+    EXPECT_FALSE(v.VolumeMute());
+    EXPECT_EQ(v.MaxVolumeMeterOutput(), 0); // it has none
+}
+
+TEST(AlsaMixer, ReadsAMissingLineAsZeroAndFindsOthersUnderTheirOtherNames) {
+    const FakeCard card({"Speaker Playback", "Mic Capture", "Aux Playback"});
+    Sound sound;
+    cVolume& v = sound.volume;
+    v.CDLevel(50), v.CompactDiscMute(true);
+    EXPECT_EQ(v.CDLevel() + v.CDMax() + v.WaveMax() + v.CompactDiscMute(), 0);
+    v.VolumeLevel(11), v.MicLevel(12), v.MikrofonMute(true), v.LineLevel(13);
+    EXPECT_TRUE(Soon([&] {
+        return card.Volume("Speaker Playback") == 11 && card.Volume("Mic Capture") == 12 &&
+               card.Switch("Mic Capture") == 0 && card.Volume("Aux Playback") == 13;
+    }));
+}
+
+TEST(AlsaMixer, FollowsWhatOtherProgramsChange) {
+    const FakeCard card(AllLines);
+    Sound sound;
+    card.SetVolume("Master Playback", 77);
+    EXPECT_TRUE(Soon([&] { return sound.volume.VolumeLevel() == 77; }));
+}
+
+TEST(AlsaMixer, SurvivesACardThatGoesAndComesBack) {
+    FakeCard card(AllLines);
+    Sound sound;
+    sound.volume.VolumeLevel(60);
+    EXPECT_TRUE(Soon([&] { return card.Volume("Master Playback") == 60; }));
+    for (int time = 1; time <= 2; ++time) {
+        card.Pull();
+        EXPECT_TRUE(Soon([&] { return sound.losses == time; }));
+        sound.volume.VolumeLevel(99); // nobody is there to hear it
+        EXPECT_EQ(sound.volume.VolumeMax() + sound.volume.VolumeLevel(), 0);
+        EXPECT_FALSE(sound.mixer.Open());
+        card.PlugIn();
+        EXPECT_TRUE(Soon([&] { return sound.returns == time; }));
+        EXPECT_EQ(sound.volume.VolumeLevel(), 60);
+    }
+    sound.volume.ShowHardwareProblem();
+    EXPECT_TRUE(sound.dialogs.shown.empty());
+}
+
+TEST(AlsaMixer, StartsWithoutACardAndTakesTheOneThatComes) {
+    FakeCard card(AllLines);
+    card.Pull();
+    Sound sound;
+    EXPECT_FALSE(sound.mixer.Open());
+    EXPECT_EQ(sound.volume.VolumeMax(), 0);
+    card.PlugIn();
+    EXPECT_TRUE(Soon([&] { return sound.volume.VolumeMax() == 100; }));
+    EXPECT_EQ(sound.losses, 0);
+}
+
+TEST(AlsaMixer, AHangingControlHoldsNobodyUp) {
+    const FakeCard card(AllLines);
+    Sound sound({.retryMs = 5, .patienceMs = 50});
+    card.Hang(true);
+    const auto before = std::chrono::steady_clock::now();
+    for (int level = 1; level <= 50; ++level)
+        sound.volume.VolumeLevel(level);
+    EXPECT_EQ(sound.volume.VolumeLevel(), 50);
+    EXPECT_LT(std::chrono::steady_clock::now() - before, std::chrono::milliseconds(250));
+    EXPECT_EQ(card.Volume("Master Playback"), 0);
+    card.Hang(false);
+    EXPECT_TRUE(Soon([&] { return card.Volume("Master Playback") == 50; }));
+}
+
+TEST(AlsaMixer, EndsThoughAControlHangs) {
+    const FakeCard card(AllLines);
+    {
+        AlsaMixer mixer({.patienceMs = 20});
+        MixerControl master;
+        ASSERT_TRUE(mixer.Open());
+        ASSERT_TRUE(mixer.GetLineControl(MixerLine::Master, MixerControlType::Volume, master));
+        card.Hang(true);
+        mixer.SetControlDetails(master, 42);
+    }
+    card.Hang(false); // what was under way is still done, by the thread left behind
+    EXPECT_TRUE(Soon([&] { return card.Volume("Master Playback") == 42; }));
+}
+
+} // namespace vk::test

@@ -1,0 +1,74 @@
+// A sound card as a test wants it.
+#pragma once
+
+#include "platform/mixer.h"
+#include "platform/wave_input.h"
+
+#include <algorithm>
+#include <map>
+#include <set>
+#include <stdexcept>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace vk::test {
+
+/// Every line goes from 0 to 1000 and keeps what it is set to, unless it is listed as missing.
+class FakeMixer : public Mixer {
+  public:
+    bool Open() override {
+        ++opens;
+        return present && opens != refusedOpen;
+    }
+    unsigned Session() const override { return session; }
+    bool GetLineControl(MixerLine line, MixerControlType type, MixerControl& control) override {
+        asked.emplace_back(line, type);
+        if (!present || missing.contains(line)) return false;
+        control = {Id(line, type), 0, maximum};
+        return true;
+    }
+    std::int32_t GetControlDetails(const MixerControl& control) const override {
+        if (broken) throw std::runtime_error("wire cut");
+        return values.contains(control.id) ? values.at(control.id) : 0;
+    }
+    void SetControlDetails(const MixerControl& control, std::int32_t value) override {
+        if (broken) throw std::runtime_error("wire cut");
+        if (control.id != 0) values[control.id] = value;
+    }
+
+    std::int32_t& Level(MixerLine line) { return values[Id(line, MixerControlType::Volume)]; }
+    std::int32_t& Mute(MixerLine line) { return values[Id(line, MixerControlType::Mute)]; }
+
+    bool present = true;
+    bool broken = false;
+    int refusedOpen = 0; ///< the number of the one open that fails, from 1
+    int opens = 0;
+    unsigned session = 1;
+    std::int32_t maximum = 1000;
+    std::set<MixerLine> missing;
+    std::vector<std::pair<MixerLine, MixerControlType>> asked;
+
+  private:
+    static std::uint32_t Id(MixerLine line, MixerControlType type) {
+        return static_cast<std::uint32_t>(line) * 16 + static_cast<std::uint32_t>(type) % 16;
+    }
+    std::map<std::uint32_t, std::int32_t> values;
+};
+
+/// An input whose buffers a test fills by calling `onBuffer`.
+class FakeWaveInput : public WaveInput {
+  public:
+    bool Start(OnBuffer buffer) override {
+        ++starts;
+        onBuffer = std::move(buffer);
+        return true;
+    }
+    void Stop() override { onBuffer = nullptr; }
+    bool Running() const override { return onBuffer != nullptr; }
+
+    OnBuffer onBuffer;
+    int starts = 0;
+};
+
+} // namespace vk::test
