@@ -1,30 +1,12 @@
-#include "platform/linux/sound/alsa_mixer.h"
-#include "playback/c_volume.h"
-#include "tests/support/core_fixture.h"
+#include "tests/sound/sound_fixture.h"
 #include "tests/support/fake_card.h"
-#include "tests/support/fake_mixer.h"
 
 #include <gtest/gtest.h>
-
-#include <atomic>
 
 namespace vk::test {
 
 const std::vector<std::string> AllLines = {"Master Playback", "Mic Playback",   "Line Playback",
                                            "CD Playback",     "Synth Playback", "PCM Playback"};
-
-/// The mixer on a fake card, looked for every few milliseconds, with the lines on top of it.
-struct Sound : CoreFixture {
-    explicit Sound(AlsaMixer::Options options = {.retryMs = 5})
-        : mixer([&] {
-              options.onChange = [this](bool present) { present ? ++returns : ++losses; };
-              return options;
-          }()) {}
-    std::atomic<int> losses = 0, returns = 0;
-    AlsaMixer mixer;
-    FakeWaveInput input;
-    cVolume volume{{mixer, input, dialogs, report}};
-};
 
 TEST(AlsaMixer, DrivesAllSixLinesAndTheirMutes) {
     const FakeCard card(AllLines, -20, 80);

@@ -1,0 +1,26 @@
+// The system's mixer on ALSA's "default" device, whatever a test has made of that.
+#pragma once
+
+#include "platform/linux/sound/alsa_mixer.h"
+#include "playback/c_volume.h"
+#include "tests/support/core_fixture.h"
+#include "tests/support/fake_mixer.h"
+
+#include <atomic>
+
+namespace vk::test {
+
+/// Looks for the card every few milliseconds; the lines are on top of it.
+struct Sound : CoreFixture {
+    explicit Sound(AlsaMixer::Options options = {.retryMs = 5})
+        : mixer([&] {
+              options.onChange = [this](bool present) { present ? ++returns : ++losses; };
+              return options;
+          }()) {}
+    std::atomic<int> losses = 0, returns = 0;
+    AlsaMixer mixer;
+    FakeWaveInput input;
+    cVolume volume{{mixer, input, dialogs, report}};
+};
+
+} // namespace vk::test
