@@ -248,6 +248,8 @@ class ManagedSystemTest(SystemTest):
     manager = True
     test_foreign_settings_do_not_stop_the_start = None
     test_a_lost_player_is_brought_back = None
+    test_keys_change_the_volume_of_the_sound_card = None
+    test_without_a_sound_card_a_message_waits_and_the_music_does_not = None
 
 
 if __name__ == "__main__":
