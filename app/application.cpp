@@ -1,5 +1,8 @@
 #include "app/application.h"
 
+#include "input/remote/uuirt_calls.h"
+#include "platform/any/qt_serial_port.h"
+#include "platform/linux/qt/qt_local_stream.h"
 #include "tuners/xm/channel_file.h"
 
 #include <QCoreApplication>
@@ -26,6 +29,9 @@ Application::Application(const std::string& appDir)
     dialogs_.SetSkin(&skin_);
     host_.onKey = [this](const std::string& code) { return Key(code); };
     host_.onClose = [this] { Quit(false); };
+    remote_.IRCommand = [this](const std::string& code) {
+        if (IRCommand && !ending_) IRCommand(code);
+    };
 }
 
 Application::~Application() {
@@ -132,6 +138,19 @@ void Application::UnloadScreens() {
     playerScreen_.reset();
 }
 
+Remote::Needs Application::RemoteNeeds() {
+    return {.settings = settings_,
+            .report = report_,
+            .log = log_,
+            .dialogs = dialogs_,
+            .clock = clock_,
+            .ui = uiThread_,
+            .devices = {.serial = [] { return std::make_unique<QtSerialPort>(); },
+                        .stream = [] { return std::make_unique<QtLocalStream>(); },
+                        .x10 = {},
+                        .uuirt = LoadUUIRTLibrary}};
+}
+
 astart::Needs Application::StartNeeds() {
     return {.state = state_,
             .settings = settings_,
@@ -149,6 +168,7 @@ astart::Needs Application::StartNeeds() {
             .loading = background_,
             .skin = skin_,
             .keys = keys_,
+            .remoteKeys = remoteKeys_,
             .loader = loader_,
             .metrics = QtScreenMetrics,
             .environment =
@@ -157,7 +177,10 @@ astart::Needs Application::StartNeeds() {
                     return std::string(value ? value : "");
                 },
             .unloadAll = [this] { Quit(false); },
-            .initRemote = {},
+            .initRemote = [this] { return remote_.InitRemote(); },
+            .clearRemote = [this] { remote_.ClearBuff(); },
+            .closeRemote = [this] { remote_.CloseRemote(); },
+            .remoteLearnText = [this] { return remote_.LearnText(); },
             .destinatorInstalled = {},
             .catalogue = MakeCatalogueHooks()};
 }

@@ -10,6 +10,7 @@
 #include "core/settings.h"
 #include "core/startup/astart.h"
 #include "input/key_map.h"
+#include "input/remote/remote.h"
 #include "library/browser_state.h"
 #include "library/catalogue/updates.h"
 #include "library/media_tags.h"
@@ -18,6 +19,7 @@
 #include "platform/any/qt_clock.h"
 #include "platform/any/qt_fonts.h"
 #include "platform/any/qt_locale.h"
+#include "platform/any/qt_ui_thread.h"
 #include "platform/any/qt_window_layer.h"
 #include "platform/linux/processes.h"
 #include "platform/linux/sound/alsa_input.h"
@@ -33,6 +35,7 @@
 #include "skin/controls/skin_dialogs.h"
 #include "tuners/xm/channel_table.h"
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -50,8 +53,12 @@ class Application {
     /// Ends the event loop in good order; `osShutdown` when the operating system wants it.
     void Quit(bool osShutdown);
 
+    /// Carries out a code of the remote.
+    std::function<void(const std::string& code)> IRCommand;
+
   private:
     ScreenLoader MakeLoader();
+    Remote::Needs RemoteNeeds();
     astart::Needs StartNeeds();
     MainMenu::Needs MenuNeeds();
     BrowserNeeds BrowserScreenNeeds();
@@ -71,6 +78,7 @@ class Application {
 
     // Ports.
     QtClock clock_;
+    QtUiThread uiThread_;
     QtLocaleInfo locale_;
     QtFonts fonts_;
     LinuxVolumes volumes_;
@@ -92,6 +100,8 @@ class Application {
     Screens screens_;
     SkinStore skin_;
     KeyMap keys_;
+    RemoteMap remoteKeys_;
+    Remote remote_{RemoteNeeds()};
     AudioState audio_;
     BrowserState browser_;
     VideoState video_;

@@ -60,6 +60,8 @@ class SerialPort {
     virtual std::size_t InBufferCount() const = 0;
     /// Takes all bytes that wait.
     virtual std::string Input() = 0;
+    /// Drops all bytes that wait, those in the driver included.
+    virtual void ClearInput() = 0;
     /// Hands bytes to the driver; they go out while events run. False when the port is closed.
     virtual bool Output(std::string_view bytes) = 0;
     virtual void SetDTREnable(bool on) = 0;

@@ -9,6 +9,7 @@
 #include "core/startup/loading_screen.h"
 #include "core/startup/screen_loader.h"
 #include "input/key_map.h"
+#include "input/remote_map.h"
 #include "platform/clock.h"
 #include "platform/locale_info.h"
 #include "platform/player_window.h"
@@ -63,12 +64,16 @@ class astart {
         LoadingScreen& loading;
         SkinStore& skin;
         KeyMap& keys;
+        RemoteMap& remoteKeys;
         ScreenLoader& loader;
         std::function<ScreenMetrics()> metrics;
         std::function<std::string(const std::string&)> environment; ///< "" for a missing variable
         std::function<void()> unloadAll; ///< closes every screen and ends the event loop
         /// Parts that may be missing: an empty function is a device or program that is not there.
         std::function<bool()> initRemote;
+        std::function<void()> clearRemote;            ///< drops received codes
+        std::function<void()> closeRemote;            ///< closes the receiver
+        std::function<std::string()> remoteLearnText; ///< the value of key learn at the end
         std::function<bool()> destinatorInstalled;
         CatalogueHooks catalogue = {};
     };

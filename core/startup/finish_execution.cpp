@@ -13,7 +13,9 @@ void astart::FinishExecution() {
         n_.state.FirstRadioType = n_.settings.Read("main", "FirstRadioType", IniType::Long).Long();
         AddBootItem("Loading User Settings");
         n_.keys = ReadKeyMap(n_.settings.ini(), n_.settings.File("kb.ini"));
+        n_.remoteKeys = ReadRemoteMap(n_.settings.ini(), n_.settings.File("keys.ini"));
         if (n_.settings.values.remoteStatus) StartRemote();
+        Call(n_.clearRemote);
         n_.state.WinampWatched = false;
         if (!winamp_->WinAMP_FindWindow()) {
             AddBootItem("Loading Winamp");

@@ -50,8 +50,9 @@ void astart::Form_Unload() {
     unloaded_ = true;
     timer1_->Stop();
     Call(n_.catalogue.release);
-    // No remote is learning here, so the interval is 0.
-    if (!keepRemoteLearning_) n_.settings.Write("remote", "learn", "0");
+    if (!keepRemoteLearning_)
+        n_.settings.Write("remote", "learn", n_.remoteLearnText ? n_.remoteLearnText() : "0");
+    Call(n_.closeRemote);
     if (n_.settings.values.hidemouse) n_.window.ShowCursor(true);
 }
 

@@ -125,20 +125,4 @@ std::optional<ServerEvent> ParseEvent(std::string_view line) {
     return event;
 }
 
-void LineSplitter::Feed(std::string_view bytes,
-                        const std::function<void(std::string_view)>& onLine) {
-    while (!bytes.empty()) {
-        const auto end = bytes.find('\n');
-        const std::string_view piece = bytes.substr(0, end);
-        dropping_ = dropping_ || pending_.size() + piece.size() > MaxLine;
-        if (dropping_)
-            pending_.clear();
-        else
-            pending_ += piece;
-        if (end == std::string_view::npos) return;
-        if (!std::exchange(dropping_, false)) onLine(std::exchange(pending_, {}));
-        bytes.remove_prefix(end + 1);
-    }
-}
-
 } // namespace vk

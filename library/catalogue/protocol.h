@@ -3,10 +3,10 @@
 #pragma once
 
 #include "core/app_state.h"
+#include "core/line_splitter.h"
 
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -73,16 +73,5 @@ std::string ToLine(const ServerEvent& event);
 /// Nothing for a line that is none of the protocol's.
 std::optional<ServerRequest> ParseRequest(std::string_view line);
 std::optional<ServerEvent> ParseEvent(std::string_view line);
-
-/// Cuts a stream of bytes into lines. A line of more than `MaxLine` bytes is dropped whole.
-class LineSplitter {
-  public:
-    static constexpr std::size_t MaxLine = 256 * 1024;
-    void Feed(std::string_view bytes, const std::function<void(std::string_view)>& onLine);
-
-  private:
-    std::string pending_;
-    bool dropping_ = false;
-};
 
 } // namespace vk

@@ -66,6 +66,10 @@ std::string QtSerialPort::Input() {
     return port_.isOpen() ? port_.readAll().toStdString() : std::string();
 }
 
+void QtSerialPort::ClearInput() {
+    if (port_.isOpen()) port_.clear(QSerialPort::Input);
+}
+
 bool QtSerialPort::Output(std::string_view bytes) {
     const auto size = static_cast<qint64>(bytes.size());
     return port_.isOpen() && port_.write(bytes.data(), size) == size;

@@ -17,6 +17,7 @@ class QtSerialPort : public SerialPort {
     bool PortOpen() const override;
     std::size_t InBufferCount() const override;
     std::string Input() override;
+    void ClearInput() override;
     bool Output(std::string_view bytes) override;
     void SetDTREnable(bool on) override;
     void SetRTSEnable(bool on) override;

@@ -74,11 +74,15 @@ struct StartFixture : CoreFixture {
                           .loading = loading,
                           .skin = skin,
                           .keys = keys,
+                          .remoteKeys = remoteKeys,
                           .loader = loader,
                           .metrics = [this] { return metrics; },
                           .environment = [](const std::string&) { return std::string(); },
                           .unloadAll = [this] { ++ended; },
                           .initRemote = {},
+                          .clearRemote = {},
+                          .closeRemote = [this] { told.push_back("close remote"); },
+                          .remoteLearnText = [] { return std::string("171"); },
                           .destinatorInstalled = {},
                           .catalogue = {[this](const std::string& program) {
                                             told.push_back("server " + program);
@@ -119,6 +123,7 @@ struct StartFixture : CoreFixture {
     ScreenMetrics metrics{800, 480, 96, 96};
     SkinStore skin{{state, settings, fonts, dialogs, report, [this] { return metrics.width; }}};
     KeyMap keys;
+    RemoteMap remoteKeys;
     ScreenLoader loader;
     int ended = 0;
 

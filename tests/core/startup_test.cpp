@@ -205,7 +205,8 @@ TEST_F(StartupTest, ASystemShutdownSavesTheScreenInFront) {
     start->Form_QueryUnload(false);
     EXPECT_TRUE(Logged("Velkorandum terminated cleanly by user"));
     start->Form_Unload();
-    EXPECT_EQ(settings.Read("remote", "learn"), "0");
+    EXPECT_EQ(settings.Read("remote", "learn"), "171");
+    EXPECT_TRUE(Told("close remote"));
 }
 
 } // namespace

@@ -1,0 +1,69 @@
+#include "input/remote/lirc_receiver.h"
+
+#include <algorithm>
+#include <array>
+#include <cctype>
+#include <utility>
+
+namespace vk {
+
+namespace {
+
+bool IsHex(std::string_view text) {
+    return !text.empty() && std::all_of(text.begin(), text.end(),
+                                        [](unsigned char c) { return std::isxdigit(c) != 0; });
+}
+
+// What can stand as a value in keys.ini and come back as it was.
+bool IsName(std::string_view text) {
+    return !text.empty() && std::all_of(text.begin(), text.end(), [](unsigned char c) {
+        return c > ' ' && c < 0x7F && c != '"' && c != '\'';
+    });
+}
+
+} // namespace
+
+std::optional<std::string> LircButton(std::string_view line) {
+    std::array<std::string_view, 3> fields;
+    for (std::string_view& field : fields) {
+        const auto blank = line.find(' ');
+        if (blank == std::string_view::npos) return std::nullopt;
+        field = line.substr(0, blank);
+        line.remove_prefix(blank + 1);
+    }
+    if (!IsHex(fields[0]) || !IsHex(fields[1]) || !IsName(fields[2]) || !IsName(line))
+        return std::nullopt;
+    return std::string(fields[2]);
+}
+
+LircReceiver::LircReceiver(std::unique_ptr<LocalStream> stream, std::vector<std::string> sockets,
+                           Clock& clock, const DebugLog& log)
+    : stream_(std::move(stream)), sockets_(std::move(sockets)),
+      link_(clock, log, "lircd", [this] { return Connect(); }) {
+    stream_->onBytes = [this](std::string_view bytes) {
+        lines_.Feed(bytes, [this](std::string_view line) { Line(line); });
+    };
+    stream_->onClosed = [this] { link_.Lost(); };
+}
+
+bool LircReceiver::Start() {
+    return link_.Start();
+}
+
+void LircReceiver::Stop() {
+    link_.Stop();
+    stream_->Close();
+}
+
+bool LircReceiver::Connect() {
+    lines_ = LineSplitter(MaxLine);
+    return std::any_of(sockets_.begin(), sockets_.end(),
+                       [this](const std::string& path) { return stream_->Connect(path); });
+}
+
+void LircReceiver::Line(std::string_view line) {
+    const auto button = LircButton(line);
+    if (button && onCode) onCode(*button);
+}
+
+} // namespace vk

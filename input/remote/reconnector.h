@@ -1,0 +1,37 @@
+// Devices that go and come: one log line a change, and quiet tries in between.
+#pragma once
+
+#include "core/debug_log.h"
+#include "platform/clock.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace vk {
+
+/// Opens a device, and opens it again after it was lost.
+class Reconnector {
+  public:
+    /// Between two tries, in milliseconds.
+    static constexpr int RetryMs = 3000;
+
+    /// `connect` tries once and tells whether the device is there; `name` is for the log.
+    Reconnector(Clock& clock, const DebugLog& log, std::string name, std::function<bool()> connect);
+
+    /// The first try. When it fails the tries go on until `Stop`.
+    bool Start();
+    /// To be called when the device has gone.
+    void Lost();
+    void Stop();
+
+  private:
+    void Retry();
+
+    const DebugLog& log_;
+    std::string name_;
+    std::function<bool()> connect_;
+    std::unique_ptr<Timer> retry_;
+};
+
+} // namespace vk

@@ -1,0 +1,110 @@
+#include "input/remote/remote.h"
+
+#include "core/text.h"
+#include "input/remote/lirc_receiver.h"
+#include "input/remote/serial_receiver.h"
+#include "input/remote/uuirt_receiver.h"
+#include "input/remote/x10_receiver.h"
+
+#include <cmath>
+#include <utility>
+
+namespace vk {
+
+namespace {
+
+// This driver hands over codes a little slower than they are sent.
+constexpr float UuirtSpeedFactor = 0.9F;
+constexpr std::size_t LearnDigits = 4;
+
+} // namespace
+
+Remote::Remote(Needs needs) : n_(std::move(needs)) {}
+
+Remote::~Remote() = default;
+
+bool Remote::InitRemote() {
+    CloseRemote();
+    if (!n_.settings.values.remoteStatus) return false;
+    const std::string type = ToUpper(n_.settings.Read("remote", "type"));
+    speedFactor_ = type == "USBUIRT" ? UuirtSpeedFactor : 1;
+    receiver_ = MakeReceiver(type);
+    receiver_->onCode = [this, from = receiver_.get()](const std::string& code) {
+        if (from == receiver_.get()) Received(code);
+    };
+    return receiver_->Start();
+}
+
+void Remote::CloseRemote() {
+    if (!busy_) retired_.clear();
+    if (!receiver_) return;
+    receiver_->Stop();
+    retired_.push_back(std::move(receiver_));
+}
+
+void Remote::ClearBuff() {
+    if (receiver_) receiver_->ClearBuff();
+}
+
+std::unique_ptr<RemoteReceiver> Remote::MakeReceiver(const std::string& type) {
+    if (type == "USBUIRT") return MakeUuirt();
+    if (type == "X10") return std::make_unique<X10Receiver>(n_.devices.x10);
+    if (type == "LIRC") return MakeLirc();
+    return MakeSerial(type);
+}
+
+std::unique_ptr<RemoteReceiver> Remote::MakeSerial(const std::string& type) {
+    return std::make_unique<SerialReceiver>(SerialReceiver::Needs{
+        .port = n_.devices.serial(),
+        .device = SerialPortName(std::string_view(n_.settings.Read("remote", "comport"))),
+        .model = ModelOfType(type),
+        .clock = n_.clock,
+        .log = n_.log});
+}
+
+std::unique_ptr<RemoteReceiver> Remote::MakeLirc() {
+    const std::string socket = n_.settings.Read("remote", "lircsocket");
+    return std::make_unique<LircReceiver>(
+        n_.devices.stream(), socket.empty() ? LircSockets : std::vector{socket}, n_.clock, n_.log);
+}
+
+std::unique_ptr<RemoteReceiver> Remote::MakeUuirt() {
+    return std::make_unique<UuirtReceiver>(UuirtReceiver::Needs{.load = n_.devices.uuirt,
+                                                                .clock = n_.clock,
+                                                                .log = n_.log,
+                                                                .dialogs = n_.dialogs,
+                                                                .ui = n_.ui});
+}
+
+void Remote::Received(const std::string& code) {
+    if (!PassesFilter(code) || !n_.settings.values.remoteStatus || busy_) return;
+    RunCommand(code);
+    ClearBuff();
+}
+
+bool Remote::PassesFilter(const std::string& code) {
+    const double now = n_.clock.Now().SecondsOfDay();
+    if (!learn.empty()) {
+        filter_.Note(code, now);
+        return true;
+    }
+    const Settings& s = n_.settings.values;
+    const float speed = static_cast<float>(s.speed) / 1000 * speedFactor_;
+    const float delay = s.UseDelay ? static_cast<float>(s.delay) / 1000 : 0;
+    return filter_.Accept(code, now, {speed, delay});
+}
+
+void Remote::RunCommand(const std::string& code) {
+    const auto command = IRCommand;
+    if (!command) return;
+    busy_ = true;
+    TrapAndLog(n_.report, "An error occured in astart.IRCommand ", [&] { command(code); });
+    busy_ = false;
+}
+
+std::string Remote::LearnText() const {
+    if (!(learnInterval > 0)) return "0";
+    return std::to_string(std::lround(learnInterval * 1000)).substr(0, LearnDigits);
+}
+
+} // namespace vk

@@ -1,0 +1,83 @@
+// The remote: one receiver by the settings, the filter for held buttons, and the one way on.
+#pragma once
+
+#include "core/error_report.h"
+#include "core/settings.h"
+#include "input/remote/remote_receiver.h"
+#include "input/remote/repeat_filter.h"
+#include "platform/clock.h"
+#include "platform/loaded_library.h"
+#include "platform/local_stream.h"
+#include "platform/serial_port.h"
+#include "platform/ui_thread.h"
+#include "platform/x10_remote.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace vk {
+
+/// What makes the devices. `x10` may be empty: there is no driver then.
+struct RemoteDevices {
+    std::function<std::unique_ptr<SerialPort>()> serial;
+    std::function<std::unique_ptr<LocalStream>()> stream;
+    std::function<std::unique_ptr<X10Remote>()> x10;
+    std::function<std::unique_ptr<LoadedLibrary>(std::string& reason)> uuirt;
+};
+
+/// Lives as long as the system; all on the user-interface thread.
+class Remote {
+  public:
+    struct Needs {
+        SettingsStore& settings;
+        ErrorReport& report;
+        const DebugLog& log;
+        Dialogs& dialogs;
+        Clock& clock;
+        UiThread& ui;
+        RemoteDevices devices;
+    };
+
+    explicit Remote(Needs needs);
+    ~Remote();
+
+    /// Closes what is open and, when the remote is enabled, opens the receiver of the settings:
+    /// keys status, type, comport (a number or a path) and lircsocket of section remote. False when
+    /// there is none; one that is only unplugged is waited for.
+    bool InitRemote();
+    void CloseRemote();
+    /// Drops codes that were received and not yet carried out.
+    void ClearBuff();
+
+    /// The text that goes into key learn when the system ends: the interval in milliseconds, four
+    /// characters at most, or "0".
+    std::string LearnText() const;
+
+    /// Gets each code that is to be carried out. While it runs further codes are dropped. Its
+    /// exceptions are logged.
+    std::function<void(const std::string& code)> IRCommand;
+
+    /// Not empty while the settings page collects codes: they come unfiltered then.
+    std::string learn;
+    float learnInterval = 0; ///< between codes of a held button, as measured there; seconds
+
+  private:
+    std::unique_ptr<RemoteReceiver> MakeReceiver(const std::string& type);
+    std::unique_ptr<RemoteReceiver> MakeSerial(const std::string& type);
+    std::unique_ptr<RemoteReceiver> MakeLirc();
+    std::unique_ptr<RemoteReceiver> MakeUuirt();
+    void Received(const std::string& code);
+    bool PassesFilter(const std::string& code);
+    void RunCommand(const std::string& code);
+
+    Needs n_;
+    RepeatFilter filter_;
+    float speedFactor_ = 1; ///< of the bound between repeats, by type
+    bool busy_ = false;     ///< a command is running
+    std::unique_ptr<RemoteReceiver> receiver_;
+    std::vector<std::unique_ptr<RemoteReceiver>> retired_; ///< closed while they told a code
+};
+
+} // namespace vk

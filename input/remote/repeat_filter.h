@@ -1,0 +1,33 @@
+// Held buttons: a remote sends the code of a held button again and again, many times a second.
+#pragma once
+
+#include <string>
+
+namespace vk {
+
+/// In seconds. Single precision, as are the times of day that are compared with them.
+struct RepeatBounds {
+    float speed = 0; ///< between two repeats of a held button
+    float delay = 0; ///< how long a button is held before it repeats; 0 repeats at once
+};
+
+/// Lets the first code of a press through, then, while the same code keeps coming, repeats at the
+/// pace `speed` from `delay` on. A code that comes back later than 1.4 times the delay is a new
+/// press, and so is any other code.
+class RepeatFilter {
+  public:
+    /// True when `code`, received at `secondsOfDay`, is to be carried out.
+    bool Accept(const std::string& code, double secondsOfDay, const RepeatBounds& bounds);
+    /// Takes note of a code that is carried out without being filtered.
+    void Note(const std::string& code, double secondsOfDay);
+
+  private:
+    float SinceLast(float now) const;
+
+    std::string lastIRCode;
+    float lastIRTime = 0;      ///< seconds of the day of the last code let through
+    bool repeatActive = false; ///< a code was let through: what follows may be its repeats
+    bool firstCode = false;    ///< of the press only the first code was let through so far
+};
+
+} // namespace vk

@@ -1,0 +1,160 @@
+#include "input/remote/uuirt_receiver.h"
+
+#include <cstring>
+#include <utility>
+
+namespace vk {
+
+namespace {
+
+const char* OpenErrorText(unsigned error) {
+    switch (error) {
+    case UUIRTDRV_ERR_NO_DLL:
+        return "Unable to find USB-UIRT Driver. Please make sure driver is Installed!";
+    case UUIRTDRV_ERR_NO_DEVICE:
+        return "Unable to connect to USB-UIRT device!  Please ensure device is connected to the "
+               "computer!";
+    case UUIRTDRV_ERR_NO_RESP:
+        return "Unable to communicate with USB-UIRT device!  Please check connections and try "
+               "again.  If you still have problems, try unplugging and reconnecting your USB-UIRT. "
+               " If problem persists, contact Technical Support!";
+    case UUIRTDRV_ERR_VERSION:
+        return "The firmware of the USB-UIRT device does not match its driver!  Please update "
+               "both.  If problem persists, contact Technical Support!";
+    default:
+        return "Unable to initialize USB-UIRT (unknown error)!";
+    }
+}
+
+std::string Version(std::uint32_t version) {
+    return std::to_string(version >> 8 & 0xFF) + "." + std::to_string(version & 0xFF);
+}
+
+std::string Bit(std::uint32_t config, std::uint32_t bit) {
+    return config & bit ? "1" : "0";
+}
+
+} // namespace
+
+/// Where the driver's thread leaves codes. Constant once made; `owner` is used on the
+/// user-interface thread alone.
+struct UuirtReceiver::Inbox {
+    UiThread& ui;
+    UuirtReceiver* owner;
+    std::weak_ptr<Inbox> self;
+
+    static void VK_UUIRT_CALL Receive(const char* code, void* userData) {
+        if (!code || !userData) return;
+        const auto& inbox = *static_cast<const Inbox*>(userData);
+        const void* end = std::memchr(code, 0, MaxCode);
+        const auto size =
+            end ? static_cast<std::size_t>(static_cast<const char*>(end) - code) : MaxCode;
+        inbox.ui.Post([weak = inbox.self, text = std::string(code, size)] {
+            const auto alive = weak.lock();
+            if (alive && !text.empty() && alive->owner->onCode) alive->owner->onCode(text);
+        });
+    }
+};
+
+UuirtReceiver::UuirtReceiver(Needs needs)
+    : n_(std::move(needs)), probe_(n_.clock.MakeTimer([this] { Probe(); })),
+      link_(n_.clock, n_.log, "USB-UIRT", [this] { return Open(); }) {}
+
+UuirtReceiver::~UuirtReceiver() {
+    CloseDevice();
+}
+
+bool UuirtReceiver::Start() {
+    starting_ = true;
+    const bool started = LoadDriver() && link_.Start();
+    starting_ = false;
+    return started;
+}
+
+void UuirtReceiver::Stop() {
+    link_.Stop();
+    CloseDevice();
+}
+
+void UuirtReceiver::Fail(const std::string& text) {
+    if (starting_) n_.dialogs.ShowMessage(text, "ERROR", MessageKind::Critical);
+}
+
+void UuirtReceiver::Log(const std::string& text) {
+    if (starting_) n_.log.WriteDebugLog(text);
+}
+
+bool UuirtReceiver::LoadDriver() {
+    std::string reason;
+    auto library = n_.load(reason);
+    if (library) driver_.emplace(std::move(library));
+    std::uint32_t version = 0;
+    if (!driver_ || !driver_->UUIRTGetDrvInfo || !driver_->UUIRTGetDrvInfo(&version)) {
+        if (!reason.empty()) Log("USB-UIRT driver: " + reason);
+        Fail("Unable to retrieve uuirtdrv version!");
+        return false;
+    }
+    if (version >= LeastDriver && driver_->Complete()) return true;
+    Fail("Invalid uuirtdrv version!\nThis application requires USB-UIRT API driver DLL "
+         "(UUIRTDRV.DLL) version 2.6.1 or later.");
+    return false;
+}
+
+bool UuirtReceiver::Open() {
+    device_ = driver_->UUIRTOpen();
+    if (device_ == UUIRTCalls::InvalidHandle()) {
+        Fail(OpenErrorText(driver_->library->LastError()));
+        return false;
+    }
+    TellInfo();
+    TellConfig();
+    return ListenForCodes();
+}
+
+void UuirtReceiver::TellInfo() {
+    UUINFO info{};
+    if (!driver_->UUIRTGetUUIRTInfo(device_, &info))
+        return Fail("*** ERROR Retrieving USB-UIRT Information! ***");
+    Log("FirmwareVer=" + Version(info.fwVersion) + " ProtVer=" + Version(info.protVersion) +
+        " FirmwareDate=" + std::to_string(info.fwDateMonth) + "/" + std::to_string(info.fwDateDay) +
+        "/" + std::to_string(info.fwDateYear + 2000));
+    probe_->Start(ProbeMs);
+}
+
+void UuirtReceiver::TellConfig() {
+    std::uint32_t config = 0;
+    if (!driver_->UUIRTGetUUIRTConfig(device_, &config))
+        return Fail("*** ERROR Retrieving USB-UIRT Configuration Info! ***");
+    Log("Config = " + std::to_string(config) + " LED_RX=" + Bit(config, UUIRTDRV_CFG_LEDRX) +
+        " LED_TX=" + Bit(config, UUIRTDRV_CFG_LEDTX) +
+        " LEGACY_RX=" + Bit(config, UUIRTDRV_CFG_LEGACYRX));
+}
+
+bool UuirtReceiver::ListenForCodes() {
+    inbox_ = std::make_shared<Inbox>(Inbox{n_.ui, this, {}});
+    inbox_->self = inbox_;
+    if (driver_->UUIRTSetReceiveCallback(device_, &Inbox::Receive, inbox_.get())) return true;
+    CloseDevice();
+    Fail(OpenErrorText(0));
+    return false;
+}
+
+// A device whose information could be had once, and cannot any more, was pulled out.
+void UuirtReceiver::Probe() {
+    UUINFO info{};
+    if (driver_->UUIRTGetUUIRTInfo(device_, &info)) return;
+    CloseDevice();
+    link_.Lost();
+}
+
+void UuirtReceiver::CloseDevice() {
+    probe_->Stop();
+    if (device_ != UUIRTCalls::InvalidHandle()) {
+        driver_->UUIRTSetReceiveCallback(device_, nullptr, nullptr);
+        driver_->UUIRTClose(device_);
+    }
+    device_ = UUIRTCalls::InvalidHandle();
+    inbox_.reset(); // the driver's thread has ended by now
+}
+
+} // namespace vk

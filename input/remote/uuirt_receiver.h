@@ -1,0 +1,66 @@
+// The USB-UIRT: an infra-red receiver with a driver library of its vendor.
+#pragma once
+
+#include "core/debug_log.h"
+#include "input/remote/reconnector.h"
+#include "input/remote/remote_receiver.h"
+#include "input/remote/uuirt_calls.h"
+#include "platform/clock.h"
+#include "platform/dialogs.h"
+#include "platform/ui_thread.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace vk {
+
+class UuirtReceiver : public RemoteReceiver {
+  public:
+    /// The interface of driver 2.6.1, the oldest that works: 1.0, major number in the high byte.
+    static constexpr std::uint32_t LeastDriver = 0x0100;
+    /// The longest code text that is taken, in bytes; the rest is cut off.
+    static constexpr std::size_t MaxCode = 16;
+    /// The driver does not tell when its device goes, so it is asked, in milliseconds.
+    static constexpr int ProbeMs = 5000;
+
+    struct Needs {
+        /// Loads the driver library, or tells why it cannot.
+        std::function<std::unique_ptr<LoadedLibrary>(std::string& reason)> load;
+        Clock& clock;
+        const DebugLog& log;
+        Dialogs& dialogs;
+        UiThread& ui;
+    };
+
+    explicit UuirtReceiver(Needs needs);
+    ~UuirtReceiver() override;
+    /// Shows a box titled "ERROR" for whatever fails here; later tries are silent. Without a driver
+    /// there are no later tries.
+    bool Start() override;
+    void Stop() override;
+
+  private:
+    struct Inbox;
+
+    bool LoadDriver();
+    bool Open();
+    bool ListenForCodes();
+    void TellInfo();
+    void TellConfig();
+    void Probe();
+    void CloseDevice();
+    void Fail(const std::string& text);
+    void Log(const std::string& text);
+
+    Needs n_;
+    std::optional<UUIRTCalls> driver_;
+    UUIRTCalls::Handle device_ = UUIRTCalls::InvalidHandle();
+    std::shared_ptr<Inbox> inbox_;
+    bool starting_ = false; ///< failures are shown, and what the device says is logged
+    std::unique_ptr<Timer> probe_;
+    Reconnector link_;
+};
+
+} // namespace vk

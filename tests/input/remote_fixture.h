@@ -1,0 +1,95 @@
+// The remote wired on fakes, with what it told.
+#pragma once
+
+#include "input/remote/remote.h"
+#include "tests/support/core_fixture.h"
+#include "tests/support/fake_serial_port.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace vk::test {
+
+/// Runs work when a test says so, as an event loop does.
+class FakeUiThread : public UiThread {
+  public:
+    void Post(std::function<void()> work) override { pending.push_back(std::move(work)); }
+    void Run() {
+        for (auto& work : std::exchange(pending, {}))
+            work();
+    }
+    std::vector<std::function<void()>> pending;
+};
+
+class FakeX10 : public X10Remote {};
+
+struct RemoteFixture : testing::Test, CoreFixture {
+    RemoteFixture() {
+        settings.values.remoteStatus = true;
+        settings.values.speed = 171;
+        settings.values.delay = 700;
+        settings.values.UseDelay = true;
+        remote.IRCommand = [this](const std::string& code) {
+            commands.push_back(code);
+            if (onCommand) onCommand();
+        };
+    }
+    /// Opens the receiver of `type` at port 2.
+    bool Init(const std::string& type) {
+        settings.Write("remote", "type", type);
+        if (settings.Read("remote", "comport").empty()) settings.Write("remote", "comport", "2");
+        return remote.InitRemote();
+    }
+    /// An opened receiver of type CREATIVE, which needs no waking up, on the fake port.
+    FakeSerialPort& OpenCreative() {
+        EXPECT_TRUE(Init("CREATIVE"));
+        clock.Advance(10);
+        return *port;
+    }
+    /// A whole burst and the silence after it.
+    void Burst(std::string_view bytes) {
+        port->Receive(bytes);
+        clock.Advance(7);
+    }
+    int LinesLogged(const std::string& text) const {
+        const std::string log = app.Read("debug.log");
+        int count = 0;
+        for (auto at = log.find(text); at != std::string::npos; at = log.find(text, at + 1))
+            ++count;
+        return count;
+    }
+
+    using Commands = std::vector<std::string>;
+    Commands commands;
+    std::function<void()> onCommand;
+    FakeUiThread ui;
+    FakeSerialPort* port = nullptr; ///< of the receiver that was opened last
+    FakeX10* x10 = nullptr;
+    RemoteDevices devices{.serial =
+                              [this] {
+                                  auto made = std::make_unique<FakeSerialPort>();
+                                  made->present = portPresent;
+                                  port = made.get();
+                                  return made;
+                              },
+                          .stream = {},
+                          .x10 =
+                              [this] {
+                                  auto made = std::make_unique<FakeX10>();
+                                  x10 = made.get();
+                                  return made;
+                              },
+                          .uuirt = {}};
+    bool portPresent = true;
+    Remote remote{{.settings = settings,
+                   .report = report,
+                   .log = log,
+                   .dialogs = dialogs,
+                   .clock = clock,
+                   .ui = ui,
+                   .devices = devices}};
+};
+
+} // namespace vk::test

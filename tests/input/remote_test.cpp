@@ -1,0 +1,166 @@
+// From the bytes on the line to the command, by settings, filter and busy flag.
+#include "input/remote_map.h"
+#include "tests/input/remote_fixture.h"
+
+#include <stdexcept>
+
+namespace vk::test {
+namespace {
+
+using RemoteTest = RemoteFixture;
+
+TEST_F(RemoteTest, TheTypeAndThePortChooseWhatIsOpened) {
+    const struct {
+        const char *type, *comport, *opened;
+    } cases[] = {{"CREATIVE", "2", "/dev/ttyS1 2400,n,8,1"},
+                 {"creative", "16", "/dev/ttyS15 2400,n,8,1"},
+                 {"IRMAN", "1", "/dev/ttyS0 9600,n,8,1"},
+                 {"Some other", "/dev/serial/by-id/x", "/dev/serial/by-id/x 9600,n,8,1"},
+                 {"", "0", " 9600,n,8,1"}};
+    for (const auto& c : cases) {
+        settings.Write("remote", "comport", c.comport);
+        Init(c.type);
+        EXPECT_EQ(port->opened, Commands{c.opened}) << c.type;
+    }
+    settings.values.remoteStatus = false;
+    port = nullptr;
+    EXPECT_FALSE(remote.InitRemote()) << "the remote is switched off";
+    EXPECT_EQ(port, nullptr);
+}
+
+TEST_F(RemoteTest, AnIrmanIsWokenAndItsAnswerIsNoCode) {
+    ASSERT_TRUE(Init("IRMAN"));
+    const struct {
+        int advanceMs;
+        const char* sent;
+    } steps[] = {{99, ""}, {1, "I"}, {199, "I"}, {1, "IR"}};
+    for (const auto& step : steps) {
+        clock.Advance(step.advanceMs);
+        EXPECT_EQ(port->sent, step.sent);
+    }
+    port->Receive("OK");
+    clock.Advance(110);
+    EXPECT_TRUE(commands.empty());
+    port->Receive(std::string_view("\x0C\x22\0\xFF", 4));
+    clock.Advance(4);
+    EXPECT_EQ(commands, Commands{"12340255"});
+}
+
+TEST_F(RemoteTest, ABurstInPiecesIsOneCodeAndNoiseIsNone) {
+    OpenCreative();
+    port->Receive("\x0C");
+    clock.Advance(6);
+    port->Receive("\x22");
+    clock.Advance(6);
+    EXPECT_TRUE(commands.empty()) << "the burst may go on";
+    clock.Advance(1);
+    EXPECT_EQ(commands, Commands{"1234"});
+    Burst(std::string(65, '\x01'));
+    EXPECT_EQ(commands.size(), 1u);
+    Burst("\x02");
+    EXPECT_EQ(commands.back(), "2") << "the line is usable right after noise";
+}
+
+TEST_F(RemoteTest, CodesDuringACommandAreDropped) {
+    OpenCreative();
+    onCommand = [this] {
+        onCommand = {};
+        clock.Advance(1000);
+        Burst("\x02");         // while events run inside the command
+        port->Receive("\x03"); // cut off by the end of the command...
+    };
+    Burst("\x01");
+    Burst("\x04"); // ...of which this is the rest
+    EXPECT_EQ(commands, Commands{"1"});
+    Burst("\x05");
+    EXPECT_EQ(commands, (Commands{"1", "5"}));
+}
+
+TEST_F(RemoteTest, AHeldButtonRepeatsAndTheLearningPageGetsEveryCode) {
+    settings.Write("remote", "comport", "1");
+    OpenCreative();
+    const auto hold = [this](int bursts) {
+        commands.clear();
+        for (int i = 0; i < bursts; ++i) {
+            Burst("\x01");
+            clock.Advance(93); // a burst every 100 ms
+        }
+        return commands.size();
+    };
+    EXPECT_EQ(hold(8), 2u) << "at once and after the delay";
+    EXPECT_EQ(hold(8), 4u) << "then at the pace, to the next burst";
+    settings.values.UseDelay = false;
+    clock.Advance(5000);
+    EXPECT_EQ(hold(8), 4u) << "without the delay at the pace from the start";
+    remote.learn = "learn";
+    EXPECT_EQ(hold(8), 8u);
+    settings.values.remoteStatus = false;
+    EXPECT_EQ(hold(8), 0u);
+}
+
+TEST_F(RemoteTest, AReceiverThatComesAndGoesCostsOneLineEach) {
+    portPresent = false;
+    EXPECT_FALSE(Init("CREATIVE"));
+    clock.Advance(60'000);
+    EXPECT_EQ(port->opened.size(), 21u) << "one try every 3 s";
+    EXPECT_EQ(app.Read("debug.log"), "") << "what is missing from the start is the caller's line";
+    port->present = true;
+    clock.Advance(3010);
+    EXPECT_EQ(LinesLogged("Remote receiver found: /dev/ttyS1"), 1);
+    Burst("\x01");
+    port->OnComm(comEventFrame);
+    port->Unplug();
+    clock.Advance(60'000);
+    EXPECT_EQ(LinesLogged("Remote: CommEvent 1004"), 1);
+    EXPECT_EQ(LinesLogged("Remote receiver lost: /dev/ttyS1"), 1);
+    port->present = true;
+    clock.Advance(3010);
+    EXPECT_EQ(LinesLogged("found"), 2);
+    Burst("\x01");
+    EXPECT_EQ(commands.size(), 2u);
+    remote.CloseRemote();
+    EXPECT_EQ(LinesLogged("Remote receiver"), 3);
+}
+
+TEST_F(RemoteTest, ACommandMayFailOrChangeTheReceiver) {
+    OpenCreative();
+    onCommand = [] { throw std::runtime_error("no such row"); };
+    Burst("\x01");
+    EXPECT_TRUE(Logged("An error occured in astart.IRCommand no such row"));
+    onCommand = [this] {
+        settings.Write("remote", "type", "X10");
+        EXPECT_TRUE(remote.InitRemote());
+    };
+    Burst("\x02");
+    onCommand = {};
+    x10->X10Command("A", "Play");
+    EXPECT_EQ(commands, (Commands{"1", "2", "APlay"}));
+    devices.x10 = {};
+    Remote without{{settings, report, log, dialogs, clock, ui, devices}};
+    EXPECT_FALSE(without.InitRemote()) << "there is no driver";
+}
+
+TEST_F(RemoteTest, TheLearntIntervalIsWrittenInMilliseconds) {
+    const struct {
+        float seconds;
+        const char* text;
+    } cases[] = {{0, "0"}, {-1, "0"}, {0.1714F, "171"}, {12.3456F, "1234"}};
+    for (const auto& c : cases) {
+        remote.learnInterval = c.seconds;
+        EXPECT_EQ(remote.LearnText(), c.text) << c.seconds;
+    }
+}
+
+TEST_F(RemoteTest, EveryKeyOfTheMapIsReadAndLearnt) {
+    const std::string file = settings.File("keys.ini");
+    for (const RemoteKey& key : RemoteKeys)
+        EXPECT_TRUE(WriteRemoteKey(ini, file, key.name, std::string("code of ") + key.name));
+    const RemoteMap map = ReadRemoteMap(ini, file);
+    for (const RemoteKey& key : RemoteKeys)
+        EXPECT_EQ(map.*key.code, std::string("code of ") + key.name);
+    EXPECT_EQ(map.irpagedown, "code of irpagedown");
+    EXPECT_EQ(ReadRemoteMap(ini, settings.File("none.ini")).ok, "");
+}
+
+} // namespace
+} // namespace vk::test

@@ -1,0 +1,58 @@
+// A serial port without a device: opens as told, keeps what is sent, receives what a test hands it.
+#pragma once
+
+#include "platform/serial_port.h"
+
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace vk::test {
+
+class FakeSerialPort : public SerialPort {
+  public:
+    bool Open(const std::string& name, const std::string& settings) override {
+        opened.push_back(name + " " + settings);
+        open_ = present;
+        return open_;
+    }
+    void Close() override { open_ = false; }
+    bool PortOpen() const override { return open_; }
+    std::size_t InBufferCount() const override { return waiting_.size(); }
+    std::string Input() override { return std::exchange(waiting_, {}); }
+    void ClearInput() override { waiting_.clear(); }
+    bool Output(std::string_view bytes) override {
+        if (open_) sent += bytes;
+        return open_;
+    }
+    void SetDTREnable(bool) override {}
+    void SetRTSEnable(bool) override {}
+    bool CDHolding() const override { return carrier; }
+    bool CTSHolding() const override { return false; }
+    bool DSRHolding() const override { return false; }
+    void WatchModemLines(bool on) override { watched = on; }
+
+    /// Bytes arrive from the device.
+    void Receive(std::string_view bytes) {
+        if (!open_) return;
+        waiting_ += bytes;
+        if (OnComm) OnComm(comEvReceive);
+    }
+    /// The device is pulled out.
+    void Unplug() {
+        present = open_ = false;
+        if (OnComm) OnComm(comEventDCB);
+    }
+
+    bool present = true;             ///< `Open` succeeds
+    bool carrier = false;            ///< what `CDHolding` gives
+    bool watched = false;            ///< the modem lines' events are on
+    std::vector<std::string> opened; ///< "name settings" of every try to open
+    std::string sent;
+
+  private:
+    bool open_ = false;
+    std::string waiting_;
+};
+
+} // namespace vk::test
