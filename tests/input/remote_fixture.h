@@ -48,15 +48,15 @@ struct RemoteFixture : testing::Test, CoreFixture {
         clock.Advance(10);
         return *port;
     }
-    /// A whole burst and the silence after it.
-    void Burst(std::string_view bytes) {
+    /// A whole burst and the silence after it: 7 ms end it, and as many the command that it gave.
+    void Burst(std::string_view bytes, int silenceMs = 20) {
         port->Receive(bytes);
-        clock.Advance(7);
+        clock.Advance(silenceMs);
     }
     int LinesLogged(const std::string& text) const {
-        const std::string log = app.Read("debug.log");
+        const std::string lines = app.Read("debug.log");
         int count = 0;
-        for (auto at = log.find(text); at != std::string::npos; at = log.find(text, at + 1))
+        for (auto at = lines.find(text); at != std::string::npos; at = lines.find(text, at + 1))
             ++count;
         return count;
     }
@@ -83,13 +83,16 @@ struct RemoteFixture : testing::Test, CoreFixture {
                               },
                           .uuirt = {}};
     bool portPresent = true;
-    Remote remote{{.settings = settings,
-                   .report = report,
-                   .log = log,
-                   .dialogs = dialogs,
-                   .clock = clock,
-                   .ui = ui,
-                   .devices = devices}};
+    Remote MakeRemote(const RemoteDevices& with) {
+        return Remote{{.settings = settings,
+                       .report = report,
+                       .log = log,
+                       .dialogs = dialogs,
+                       .clock = clock,
+                       .ui = ui,
+                       .devices = with}};
+    }
+    Remote remote = MakeRemote(devices);
 };
 
 } // namespace vk::test

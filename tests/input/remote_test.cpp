@@ -69,7 +69,7 @@ TEST_F(RemoteTest, CodesDuringACommandAreDropped) {
         Burst("\x02");         // while events run inside the command
         port->Receive("\x03"); // cut off by the end of the command...
     };
-    Burst("\x01");
+    Burst("\x01", 7);
     Burst("\x04"); // ...of which this is the rest
     EXPECT_EQ(commands, Commands{"1"});
     Burst("\x05");
@@ -83,7 +83,7 @@ TEST_F(RemoteTest, AHeldButtonRepeatsAndTheLearningPageGetsEveryCode) {
         commands.clear();
         for (int i = 0; i < bursts; ++i) {
             Burst("\x01");
-            clock.Advance(93); // a burst every 100 ms
+            clock.Advance(80); // a burst every 100 ms
         }
         return commands.size();
     };
@@ -136,7 +136,7 @@ TEST_F(RemoteTest, ACommandMayFailOrChangeTheReceiver) {
     x10->X10Command("A", "Play");
     EXPECT_EQ(commands, (Commands{"1", "2", "APlay"}));
     devices.x10 = {};
-    Remote without{{settings, report, log, dialogs, clock, ui, devices}};
+    Remote without = MakeRemote(devices);
     EXPECT_FALSE(without.InitRemote()) << "there is no driver";
 }
 

@@ -1,0 +1,100 @@
+// Buttons from a socket such as lircd's.
+#include "input/remote/lirc_receiver.h"
+#include "platform/linux/qt/qt_local_stream.h"
+#include "tests/input/remote_fixture.h"
+#include "tests/support/events.h"
+
+#include <QCoreApplication>
+
+#include <sys/socket.h>
+#include <sys/un.h>
+
+#include <cstring>
+
+namespace vk::test {
+namespace {
+
+TEST(LircButtonTest, TakesTheButtonOfACompleteLineOnly) {
+    const struct {
+        std::string line;
+        std::optional<std::string> button;
+    } cases[] = {
+        {"0000000000f40bf0 00 KEY_UP ANIMAX", "KEY_UP"},
+        {"0000000000f40bf0 1f KEY_VOL+ My_Remote.conf", "KEY_VOL+"},
+        {"", {}},
+        {"BEGIN", {}},
+        {"0000000000f40bf0 00 KEY_UP", {}},
+        {"0000000000f40bf0 00 KEY_UP ", {}},
+        {"0000000000f40bf0 00  KEY_UP ANIMAX", {}},
+        {"0000000000f40bf0 00 KEY_UP two words", {}},
+        {"0000000000f40bfg 00 KEY_UP ANIMAX", {}},
+        {"0000000000f40bf0 -1 KEY_UP ANIMAX", {}},
+        {"0000000000f40bf0 00 KEY\tUP ANIMAX", {}},
+        {"0000000000f40bf0 00 \"KEY\" ANIMAX", {}},
+        {std::string("0 0 K\0 A", 8), {}},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(LircButton(c.line), c.button) << c.line;
+}
+
+/// Listens as lircd does, for one client.
+class Daemon {
+  public:
+    explicit Daemon(const std::string& path)
+        : listener_(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
+        sockaddr_un address{};
+        address.sun_family = AF_UNIX;
+        std::memcpy(address.sun_path, path.c_str(), path.size());
+        ::unlink(path.c_str());
+        ::bind(listener_.get(), reinterpret_cast<const sockaddr*>(&address), sizeof address);
+        ::listen(listener_.get(), 1);
+    }
+    void Accept() { client_ = FileDescriptor(::accept(listener_.get(), nullptr, nullptr)); }
+    bool Send(std::string_view bytes) const {
+        return ::send(client_.get(), bytes.data(), bytes.size(), MSG_NOSIGNAL) ==
+               static_cast<ssize_t>(bytes.size());
+    }
+
+  private:
+    FileDescriptor listener_, client_;
+};
+
+struct LircTest : RemoteFixture {
+    LircTest() {
+        settings.Write("remote", "lircsocket", path);
+        settings.Write("remote", "type", "lirc");
+        lirc.IRCommand = remote.IRCommand;
+    }
+    std::string path = app.File("lircd");
+    Remote lirc = MakeRemote({.serial = {},
+                              .stream = [] { return std::make_unique<QtLocalStream>(); },
+                              .x10 = {},
+                              .uuirt = {}});
+};
+
+TEST_F(LircTest, ButtonsComeThroughTornNoisyAndHugeLinesAndARestart) {
+    EXPECT_FALSE(lirc.InitRemote());
+    auto daemon = std::make_unique<Daemon>(path);
+    clock.Advance(3000);
+    EXPECT_EQ(LinesLogged("Remote receiver found: lircd"), 1);
+    daemon->Accept();
+    ASSERT_TRUE(daemon->Send("BEGIN\nSIGHUP\nEND\n0000000000000001 00 KEY_O"));
+    QCoreApplication::processEvents();
+    ASSERT_TRUE(daemon->Send("K remote\n" + std::string(100'000, '0') + " 00 KEY_BIG remote\n"));
+    ASSERT_TRUE(daemon->Send(std::string("\xFF\0\n", 3) + "0000000000000002 00 KEY_UP remote\n"
+                                                          "0000000000000002 01 KEY_UP remote\n"));
+    EXPECT_TRUE(Eventually([&] { return commands.size() == 2; }));
+    EXPECT_EQ(commands, (Commands{"KEY_OK", "KEY_UP"})) << "the repeat is filtered";
+    daemon.reset();
+    EXPECT_TRUE(Eventually([&] { return Logged("Remote receiver lost: lircd"); }));
+    clock.Advance(30'000);
+    daemon = std::make_unique<Daemon>(path);
+    clock.Advance(3000);
+    daemon->Accept();
+    ASSERT_TRUE(daemon->Send("0000000000000002 00 KEY_UP remote\n"));
+    EXPECT_TRUE(Eventually([&] { return commands.size() == 3; }));
+    EXPECT_EQ(LinesLogged("Remote receiver"), 3);
+}
+
+} // namespace
+} // namespace vk::test

@@ -1,0 +1,107 @@
+// The real serial port on a pseudo-terminal with a simulated receiver; time alone is not real.
+#include "platform/any/qt_serial_port.h"
+#include "tests/input/remote_fixture.h"
+#include "tests/sim/pty_receiver.h"
+#include "tests/support/events.h"
+
+#include <QCoreApplication>
+
+namespace vk::test {
+namespace {
+
+struct SerialPtyTest : RemoteFixture {
+    SerialPtyTest() {
+        settings.Write("remote", "comport", path);
+        pty.IRCommand = remote.IRCommand;
+    }
+    /// Sends bytes and lets the port read them, while no time passes for the receiver.
+    void Send(std::string_view bytes) {
+        const int before = reads;
+        ASSERT_TRUE(device.Send(bytes));
+        ASSERT_TRUE(Eventually([&] { return reads > before; }));
+    }
+    bool InitOnPty(const std::string& type) {
+        settings.Write("remote", "type", type);
+        const bool opened = pty.InitRemote();
+        real->OnComm = [this, receiver = real->OnComm](int commEvent) {
+            receiver(commEvent);
+            ++reads;
+        };
+        return opened;
+    }
+
+    std::string path = app.File("receiver");
+    PtyReceiver device{path};
+    QtSerialPort* real = nullptr;
+    int reads = 0; ///< events of the port
+    Remote pty = MakeRemote({.serial =
+                                 [this] {
+                                     auto made = std::make_unique<QtSerialPort>();
+                                     real = made.get();
+                                     return made;
+                                 },
+                             .stream = {},
+                             .x10 = {},
+                             .uuirt = {}});
+};
+
+TEST_F(SerialPtyTest, AnIrmanWakesUpAndGivesCodes) {
+    ASSERT_TRUE(InitOnPty("IRMAN"));
+    clock.Advance(100);
+    EXPECT_TRUE(Eventually([&] { return device.Heard() == "I"; }));
+    clock.Advance(200);
+    EXPECT_TRUE(Eventually([&] { return device.Heard() == "IR"; }));
+    Send("OK");
+    clock.Advance(110);
+    Send("\x0C\x22");
+    clock.Advance(3);
+    Send(std::string_view("\0\x11\x13\xFF", 4)); // XON, XOFF and NUL are bytes as all others
+    clock.Advance(4);
+    EXPECT_EQ(commands, Commands{"123401719255"});
+    EXPECT_TRUE(real->PortOpen());
+    EXPECT_FALSE(real->CDHolding()) << "a line that the port lacks";
+    EXPECT_TRUE(real->PortOpen()) << "which is no failure";
+}
+
+TEST_F(SerialPtyTest, AnUnpluggedReceiverWorksAgainWhenItComesBack) {
+    ASSERT_TRUE(InitOnPty("CREATIVE"));
+    device.Unplug();
+    EXPECT_TRUE(Eventually([&] { return Logged("Remote receiver lost: " + path); }));
+    const int events = reads;
+    clock.Advance(30'000);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(reads, events) << "no event of a port that is gone";
+    device.Plug();
+    clock.Advance(3010);
+    EXPECT_TRUE(Logged("Remote receiver found: " + path));
+    Send("\x01\x02");
+    clock.Advance(7);
+    EXPECT_EQ(commands, Commands{"12"});
+    EXPECT_EQ(LinesLogged("Remote receiver"), 2);
+}
+
+TEST(SerialSettingsTest, ReadsTheFourFieldsAndNothingElse) {
+    const struct {
+        const char* text;
+        bool valid;
+    } cases[] = {{"9600,N,8,1", true},
+                 {"2400,n,8,1", true},
+                 {"115200,e,7,1.5", true},
+                 {"", false},
+                 {"9600", false},
+                 {"9600,N,8", false},
+                 {"9600,N,8,1,1", false},
+                 {"0,N,8,1", false},
+                 {"9600,X,8,1", false},
+                 {"9600,N,9,1", false},
+                 {"9600,N,8,3", false},
+                 {"9600x,N,8,1", false},
+                 {"99999999999,N,8,1", false}};
+    for (const auto& c : cases)
+        EXPECT_EQ(ParseSerialSettings(c.text).has_value(), c.valid) << c.text;
+    EXPECT_EQ(SerialPortName(std::string_view("3")), "/dev/ttyS2");
+    EXPECT_EQ(SerialPortName(std::string_view("COM3")), "");
+}
+
+} // namespace
+} // namespace vk::test
