@@ -86,8 +86,10 @@ class Wired {
 };
 
 void PressToCommand(benchmark::State& state, const char* type) {
-    int argc = 0;
-    const QCoreApplication application(argc, nullptr);
+    char name[] = "bench_remote";
+    char* arguments[] = {name, nullptr};
+    int argc = 1;
+    const QCoreApplication application(argc, arguments);
     Wired wired(type);
     if (!wired.opened) return state.SkipWithError("the receiver could not be opened");
     std::vector<double> times;
