@@ -15,9 +15,12 @@ bool DiscIsIn(std::int32_t serial, const std::string& drive, const Volumes& volu
 
 } // namespace
 
+bool HasListToResume(const SettingsStore& settings) {
+    return FileExists(settings.File(AudioListName));
+}
+
 ResumeResult PrepareResume(SettingsStore& settings, const Volumes& volumes, AudioState& audio) {
-    const std::string list = settings.File(AudioListName);
-    if (!FileExists(list)) return ResumeResult::NoList;
+    if (!HasListToResume(settings)) return ResumeResult::NoList;
     const auto number = [&](std::string_view key) {
         return settings.Read("audio_player", key, IniType::Long).Long();
     };
@@ -32,7 +35,7 @@ ResumeResult PrepareResume(SettingsStore& settings, const Volumes& volumes, Audi
     audio.ResumePosition = static_cast<std::int32_t>(std::clamp(position, -1.0, 1e9));
     audio.TrackToSelect = number("currenttrack") + 1;
     audio.VolumeSerial = serial;
-    audio.ListFile = list;
+    audio.ListFile = settings.File(AudioListName);
     return ResumeResult::Ready;
 }
 

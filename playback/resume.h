@@ -13,6 +13,9 @@ inline constexpr const char* NothingToResume = "You must first play an audio fil
 /// The list of the last run, in the application directory.
 inline constexpr const char* AudioListName = "vk_audio.m3u";
 
+/// There is a list of the last run.
+bool HasListToResume(const SettingsStore& settings);
+
 enum class ResumeResult {
     Ready,      ///< the state asks the player screen for the list, its track and its position
     NoList,     ///< nothing was played yet; the state is untouched

@@ -19,7 +19,10 @@ std::string ErrorIn(const char* operation) {
 AudioPlayer::AudioPlayer(Needs needs, ListModel& list, PlayerView& view)
     : n_(std::move(needs)), list_(list), view_(view),
       rows_({list_, n_.settings, n_.tagOf, [this] { n_.clock.DoEvents(); }}),
-      files_({n_.audio, n_.app, n_.winamp, n_.settings, n_.clock, n_.log, view_, rows_, n_.query}),
+      cover_({n_.audio, n_.app, n_.settings.AppDir(), n_.log, view_, n_.xmLogo}),
+      clockLine_(n_.clock, n_.locale, view_),
+      files_({n_.audio, n_.app, n_.winamp, n_.settings, n_.clock, n_.log, view_, rows_, cover_,
+              n_.query}),
       volume_({n_.volume, n_.settings, n_.app, n_.clock, view_}),
       Timer2(n_.clock.MakeTimer([this] { Timer2_Timer(); })) {}
 
@@ -40,7 +43,7 @@ void AudioPlayer::WithSource(const char* where,
 void AudioPlayer::Enter() {
     bInPlayer = false;
     n_.screens.CurrentForm = FormName;
-    RefreshClock();
+    clockLine_.Refresh();
     view_.ShowListTitle(n_.audio.ListTitle);
     view_.ShowFrame(true);
     view_.ShowAtFront();
@@ -61,8 +64,10 @@ void AudioPlayer::ReShow() {
         const BusyGuard busy(n_.app.ListBusy);
         Enter();
         volume_.Enter();
-        if (n_.audio.bStartPlaying || n_.audio.ListFile != shownList_) LoadPlaylist();
+        if (n_.audio.bStartPlaying || n_.audio.ListFile != shownList_)
+            n_.audio.PlayMode == PlayAudio ? LoadPlaylist() : EnterTuner();
         SetMediaTypeIcon();
+        SetPlayerButton();
         if (n_.audio.PlayMode == PlayAudio && FileLength(n_.audio.ListFile) > 0) ShowShuffle();
         Ready();
     });
@@ -82,15 +87,15 @@ void AudioPlayer::ReDisplay() {
             LoadPlaylist();
         }
         SetMediaTypeIcon();
+        SetPlayerButton();
         Ready();
     });
 }
 
 void AudioPlayer::SilenceOtherSources() {
     if (n_.winamp.WinAMP_FindWindow()) n_.winamp.WinAMP_SCM(WinampStop);
-    for (const std::int32_t tuner : {PlayFM, PlayXM})
-        if (PlayerSource* source = Source(tuner); source && tuner != n_.audio.PlayMode)
-            source->Stop();
+    if (n_.audio.PlayMode != PlayFM) TurnOffRadio();
+    if (n_.xm && n_.audio.PlayMode != PlayXM) n_.xm->Stop();
 }
 
 void AudioPlayer::LoadPlaylist() {
@@ -128,8 +133,9 @@ void AudioPlayer::doquit() {
         view_.ShowFrame(true);
         n_.audio.bStartPlaying = false;
         SaveAudioData();
-        if (PlayerSource* source = Source()) source->Stop();
+        LeaveSource();
         switchingform();
+        cover_.Hide();
         n_.audio.PlayMode = PlayNone;
         n_.audio.bPaused = false;
         if (n_.screens.CurrentForm == FormName) n_.screens.Show("velkorandum");
@@ -159,13 +165,6 @@ void AudioPlayer::Form_Unload(bool osShutdown) {
         volume_.Leave();
         Timer2->Stop();
     });
-}
-
-void AudioPlayer::RefreshClock() {
-    const DateTime now = n_.clock.Now();
-    const std::string text = n_.locale.LongDate(now) + "    " + n_.locale.ShortTime(now);
-    if (text != clockText_) view_.ShowClock(text);
-    clockText_ = text;
 }
 
 // The sources' operations ------------------------------------------------------------------------

@@ -13,6 +13,8 @@
 #include "platform/locale_info.h"
 #include "platform/volumes.h"
 #include "platform/window_layer.h"
+#include "playback/audio/clock_line.h"
+#include "playback/audio/cover_art.h"
 #include "playback/audio/file_source.h"
 #include "playback/audio/held_buttons.h"
 #include "playback/audio/player_view.h"
@@ -47,7 +49,8 @@ class AudioPlayer {
         CatalogueQuery query = {};  ///< empty without a catalogue
         PlayerSource* fm = nullptr; ///< null without an FM tuner
         PlayerSource* xm = nullptr; ///< null without a satellite receiver
-        /// Parts that may be missing.
+        /// Parts that may be missing. The logo's file of a satellite channel.
+        std::function<std::string(const std::string& channel)> xmLogo = {};
         std::function<void()> checkDaylight = {}; ///< every tick: day or night skin
         std::function<void()> loadGPS = {};
         std::function<void()> powerAction = {};
@@ -87,6 +90,25 @@ class AudioPlayer {
     void setshuffle();
     void UpdateScreen();
     void SetMediaTypeIcon();
+    /// The picture of a track, station or channel, see `CoverArt`.
+    void ShowCoverArt(const std::string& item) { cover_.ShowCoverArt(item); }
+
+    /// Goes to the next source in the rotation. Where that cannot play, the present one goes on.
+    void TSRadio2MP3Btn_Click();
+    /// Shows on the change button the source that a press selects.
+    void SetPlayerButton();
+    /// Goes on with the list of the last run.
+    void SwitchToAudio();
+    void SwitchToFM();
+    void SwitchToXM();
+    void TurnOffRadio();
+    /// Adds the selected entry of the source to its list of favourites, and says so for a moment.
+    /// What is on a disc is not added.
+    void AddToFavorites();
+    /// The same for key and remote.
+    void AddFavKBIR() { AddToFavorites(); }
+    /// The same for the touch button, which is dead while a list is loaded.
+    void TSAddFavBtn_Click();
     /// Acts on a key, a decimal virtual-key code; true when it was used.
     bool Form_KeyDown(const std::string& code);
     /// The wheel: positive is up.
@@ -118,7 +140,10 @@ class AudioPlayer {
     void Ready();
     void ShowShuffle();
     void SilenceOtherSources();
-    void RefreshClock();
+    bool CanSwitchTo(std::int32_t mode);
+    void SwitchTo(std::int32_t mode);
+    void LeaveSource();
+    void EnterTuner();
     void Tick();
     void FirstTick();
     void ServeHeldButton();
@@ -130,11 +155,12 @@ class AudioPlayer {
     ListModel& list_;
     PlayerView& view_;
     TrackRows rows_;
+    CoverArt cover_;
+    ClockLine clockLine_;
     FileSource files_;
     PlayerVolume volume_;
     HeldButtons held_;
     std::unique_ptr<Timer> Timer2;
-    std::string clockText_;
     std::string shownList_; ///< the list file that the rows come from
     int TickCount = 0;      ///< ticks since the last full second, 0 to 10
     int pendingForeground_ = 0;

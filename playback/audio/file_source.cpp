@@ -114,6 +114,7 @@ void FileSource::UpdateScreen() {
     n_.view.ShowTitle(track ? track->title : "");
     n_.view.ShowBitRate("");
     if (!bitRateKnown_) ShowBitRate();
+    n_.cover.ShowCoverArt(track && !track->IsDiscTrack() ? track->path : "");
 }
 
 // A track that has just been started may not have told its rate yet.
@@ -231,6 +232,18 @@ void FileSource::Stop() {
     saved_.Stop();
     n_.winamp.WinAMP_ClearPlaylist();
     Command(WinampStop);
+}
+
+void FileSource::GiveWay() {
+    saved_.Stop();
+    position_.Forget();
+    Unpause();
+    if (n_.winamp.WinAMP_GetStatus() == "1") Command(WinampStop);
+}
+
+Favorite FileSource::SelectedFavorite() {
+    const Track* track = n_.rows.Find(n_.rows.Selected());
+    return track && !track->IsDiscTrack() ? AudioFavorite(track->path) : Favorite{};
 }
 
 std::string FileSource::MediaTypeIcon() const {

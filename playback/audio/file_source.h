@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/app_state.h"
+#include "playback/audio/cover_art.h"
 #include "playback/audio/player_source.h"
 #include "playback/audio/player_view.h"
 #include "playback/audio/position_clock.h"
@@ -25,6 +26,7 @@ class FileSource : public PlayerSource {
         const DebugLog& log;
         PlayerView& view;
         TrackRows& rows;
+        CoverArt& cover;
         CatalogueQuery query; ///< empty without a catalogue
     };
     explicit FileSource(Needs needs);
@@ -45,6 +47,10 @@ class FileSource : public PlayerSource {
     void Save() override;
     void Stop() override;
     std::string MediaTypeIcon() const override;
+    Favorite SelectedFavorite() override;
+
+    /// Another source takes over: the sound stops, list and position stay to be resumed.
+    void GiveWay();
 
     /// The time label anew.
     void ShowTrackTime();

@@ -25,6 +25,8 @@ const AudioPlayer::Key AudioPlayer::Keys[] = {
     {&KeyMap::kbpagedown, "", &AudioPlayer::PgDn},
     {&KeyMap::play, "", &AudioPlayer::DoPlay},
     {&KeyMap::pause, "", &AudioPlayer::DoPause},
+    {&KeyMap::addfav, "", &AudioPlayer::AddFavKBIR},
+    {&KeyMap::MP3toRadio, "", &AudioPlayer::TSRadio2MP3Btn_Click},
     {&KeyMap::FF, "", &AudioPlayer::DoFF},
     {&KeyMap::REW, "", &AudioPlayer::DoRW},
 };

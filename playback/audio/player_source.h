@@ -1,6 +1,8 @@
 // A source of the audio player: what differs between audio files and the tuners.
 #pragma once
 
+#include "playback/audio/favorites.h"
+
 #include <string>
 
 namespace vk {
@@ -10,6 +12,9 @@ namespace vk {
 class PlayerSource {
   public:
     virtual ~PlayerSource() = default;
+    /// Makes a tuner ready to play: its channels are known then. Events run inside. False when it
+    /// does not answer.
+    virtual bool Start() { return true; }
     /// Fills the list and, with `bStartPlaying`, starts the sound. Events run inside.
     virtual void LoadPlaylist() = 0;
     /// Shows what is playing.
@@ -38,6 +43,8 @@ class PlayerSource {
     virtual void Stop() = 0;
     /// The sign of the source, a picture of the skin.
     virtual std::string MediaTypeIcon() const = 0;
+    /// The list entry that is selected, or the station that is tuned in.
+    virtual Favorite SelectedFavorite() { return {}; }
 };
 
 } // namespace vk

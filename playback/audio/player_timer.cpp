@@ -50,7 +50,8 @@ void AudioPlayer::Tick() {
 }
 
 void AudioPlayer::FirstTick() {
-    RefreshClock();
+    cover_.EverySecond();
+    clockLine_.Refresh();
     KeepInFront();
     if (DiscIsGone()) doquit();
     volume_.HideWhenOld(held_.Action() == HeldVolUp || held_.Action() == HeldVolDown);

@@ -1,6 +1,9 @@
 // The audio player's picture, as its logic asks for it.
 #pragma once
 
+#include "playback/audio/cover_files.h"
+
+#include <functional>
 #include <string>
 
 namespace vk {
@@ -12,7 +15,8 @@ enum class PlayerButton {
     Pause,       ///< `TSPauseBtn`
     VolumeDown,  ///< `TSVolDownBtn`
     VolumeUp,    ///< `TSVolUpBtn`
-    Shuffle      ///< `TSshuffleBtn`
+    Shuffle,     ///< `TSshuffleBtn`
+    Source       ///< `TSRadio2MP3Btn`: the source that a press selects
 };
 
 /// The screen as the logic sees it. Texts are UTF-8; pictures are file names of the skin's folder,
@@ -40,6 +44,12 @@ class PlayerView {
     /// `lblShuffle`.
     virtual void ShowShuffle(bool on) = 0;
     virtual void SetButton(PlayerButton button, const std::string& picture) = 0;
+    /// Looks for a picture and decodes it in the background. When it is there it is shown in
+    /// `imgCoverArt`, which is hidden when there is none and left alone after an error; then `done`
+    /// is told. Nothing of that happens once another picture, or none, has been asked for.
+    virtual void LoadCover(const CoverRequest& request,
+                           std::function<void(const CoverOutcome&)> done) = 0;
+    virtual void HideCover() = 0;
     /// Draws the list anew from its model.
     virtual void ReDrawList() = 0;
     /// `Frame1`, which holds the whole player.

@@ -11,6 +11,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace vk::test {
@@ -31,6 +32,24 @@ class RecordingView : public PlayerView {
     void SetButton(PlayerButton button, const std::string& picture) override {
         buttons[button] = picture;
     }
+    void LoadCover(const CoverRequest& request,
+                   std::function<void(const CoverOutcome&)> done) override {
+        covers.push_back(request);
+        coverDone = std::move(done);
+        if (onLoadCover) onLoadCover();
+    }
+    void HideCover() override {
+        cover.clear();
+        coverDone = nullptr;
+    }
+    /// What the background does: looks for the picture that was asked for last and reads it.
+    void FinishCover() {
+        if (!coverDone) return;
+        std::string decoded;
+        const CoverOutcome outcome = LoadCoverFiles(decoded);
+        if (outcome.error.empty()) cover = decoded;
+        std::exchange(coverDone, nullptr)(outcome);
+    }
     void ReDrawList() override { ++redraws; }
     void ShowFrame(bool shown) override { frame = shown; }
     void ShowAtFront() override { ++shows; }
@@ -40,6 +59,18 @@ class RecordingView : public PlayerView {
     std::map<PlayerButton, std::string> buttons;
     bool shuffle = false, frame = false;
     int redraws = 0, shows = 0;
+    std::vector<CoverRequest> covers;
+    std::function<void(const CoverOutcome&)> coverDone;
+    std::function<void()> onLoadCover;
+    std::string cover; ///< the bytes on show, "" when hidden
+
+  private:
+    CoverOutcome LoadCoverFiles(std::string& decoded) const {
+        return vk::LoadCover(covers.back(), [&](const std::string& path) {
+            decoded = ReadWholeFile(path).value_or("");
+            return decoded.starts_with("picture");
+        });
+    }
 };
 
 /// A player process of a hundred tracks of three minutes that obeys the commands.

@@ -1,0 +1,30 @@
+// Date and time on the player's screen, and what stands in their place for a moment.
+#pragma once
+
+#include "platform/clock.h"
+#include "platform/locale_info.h"
+#include "playback/audio/player_view.h"
+
+#include <memory>
+#include <string>
+
+namespace vk {
+
+class ClockLine {
+  public:
+    ClockLine(Clock& clock, const LocaleInfo& locale, PlayerView& view);
+
+    /// Shows the time when it has changed, unless a notice stands.
+    void Refresh();
+    /// Shows a text for so many milliseconds; then the time comes back.
+    void ShowNotice(const std::string& text, int milliseconds);
+
+  private:
+    Clock& clock_;
+    const LocaleInfo& locale_;
+    PlayerView& view_;
+    std::unique_ptr<Timer> notice_; ///< runs while a notice stands
+    std::string shown_;
+};
+
+} // namespace vk

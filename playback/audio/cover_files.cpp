@@ -1,0 +1,74 @@
+#include "playback/audio/cover_files.h"
+
+#include "core/text.h"
+#include "library/embedded_picture.h"
+#include "platform/files.h"
+#include "platform/paths.h"
+
+namespace vk {
+
+namespace {
+
+constexpr std::size_t MaxPictures = 1000;
+constexpr const char* FolderMasks[] = {"jpeg", "jpg", "gif", "bmp"};
+constexpr const char* StationMasks[] = {"jpg", "gif", "png", "bmp"};
+
+CoverOutcome Decode(const std::string& picture, const DecodePicture& decode) {
+    CoverOutcome outcome{true, {picture}, {}};
+    if (!FileExists(picture))
+        outcome.error = "File not found: " + picture;
+    else if (!decode(picture))
+        outcome.error = "Not a picture that can be shown: " + picture;
+    return outcome;
+}
+
+CoverOutcome DecodeEmbedded(const std::string& bytes, const CoverRequest& request,
+                            const DecodePicture& decode) {
+    std::string reason;
+    if (!ReplaceFile(request.temporary, bytes, &reason))
+        return {true, {}, request.temporary + ": " + reason};
+    CoverOutcome outcome = Decode(request.temporary, decode);
+    DeleteFileAt(request.temporary);
+    outcome.pictures.clear();
+    if (!outcome.error.empty()) outcome.error += " (in the tag of " + request.track + ")";
+    return outcome;
+}
+
+} // namespace
+
+CoverOutcome LoadCover(const CoverRequest& request, const DecodePicture& decode) {
+    if (!request.picture.empty()) return Decode(request.picture, decode);
+    const std::string bytes = ReadEmbeddedPicture(request.track);
+    if (!bytes.empty()) return DecodeEmbedded(bytes, request, decode);
+    std::vector<std::string> pictures = FolderPictures(FolderOf(request.track));
+    if (pictures.empty()) return {};
+    CoverOutcome outcome = Decode(pictures.front(), decode);
+    outcome.pictures = std::move(pictures);
+    return outcome;
+}
+
+// Files that begin with a point are hidden: some systems leave one without a picture in it beside
+// each picture that they copy.
+std::vector<std::string> FolderPictures(const std::string& folder) {
+    const std::vector<FolderEntry> entries = ListFolder(folder);
+    std::vector<std::string> found;
+    for (const char* mask : FolderMasks)
+        for (const FolderEntry& entry : entries) {
+            if (entry.isFolder || entry.name.starts_with('.')) continue;
+            if (found.size() < MaxPictures && EqualNoCase(ExtensionOf(entry.name), mask))
+                found.push_back(JoinPath(folder, entry.name));
+        }
+    return found;
+}
+
+std::string StationPicture(const std::string& appDir, const std::string& name) {
+    if (name.empty() || name.find(PathSeparator) != std::string::npos) return {};
+    const std::string folder = JoinPath(JoinPath(appDir, "COMMON"), "FMPICS");
+    for (const char* extension : StationMasks) {
+        std::string file = JoinPath(folder, name + "." + extension);
+        if (FileExists(file)) return file;
+    }
+    return {};
+}
+
+} // namespace vk
