@@ -134,6 +134,7 @@ void AudioPlayer::doquit() {
         n_.audio.bStartPlaying = false;
         SaveAudioData();
         LeaveSource();
+        if (n_.audio.PlayMode != PlayAudio) n_.audio.ListTitle.clear(); // it was the tuner's
         switchingform();
         cover_.Hide();
         n_.audio.PlayMode = PlayNone;

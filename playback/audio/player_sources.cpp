@@ -1,6 +1,7 @@
 // The change from one source of the player to another, and the favourites of each.
 #include "core/text.h"
 #include "playback/audio/audio_player.h"
+#include "playback/audio/busy_guard.h"
 #include "playback/audio/source_table.h"
 #include "playback/resume.h"
 
@@ -111,8 +112,10 @@ void AudioPlayer::EnterTuner() {
     SetMediaTypeIcon();
     SetPlayerButton();
     if (n_.audio.PlayMode == PlayXM) view_.ShowLoading(XMWait);
+    const BusyGuard busy(n_.app.ListBusy);
     const bool ready = tuner->Start();
     view_.ShowLoading("");
+    if (Source() != tuner) return; // left while it started
     if (!ready) return clockLine_.ShowNotice("The radio is not available.", ProblemMs);
     LoadPlaylist();
     clockLine_.Refresh();

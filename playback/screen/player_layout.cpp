@@ -8,8 +8,9 @@ namespace {
 
 // Shares of the screen's height.
 constexpr double TopBarShare = 0.11;
-constexpr double PanelShare = 0.27;
+constexpr double PanelShare = 0.30;
 constexpr double BottomBarShare = 0.17;
+constexpr int FillPercent = 95;      ///< of its cell that a button takes
 constexpr double ButtonShare = 0.15; ///< the least width and height of a touch button
 
 int Share(int whole, double share) {
@@ -42,9 +43,11 @@ void PlayerLayout::PlacePanel(int width, int height) {
     const int top = Share(height, TopBarShare);
     const int panel = Share(height, PanelShare);
     const int margin = height / 40;
-    const int side = panel - 2 * margin;
-    mediaType = {margin, top + margin, side, side};
-    const int left = mediaType.right() + margin;
+    const int around = margin / 2;
+    cover = {margin, top + around, panel - 2 * around, panel - 2 * around};
+    const int inset = margin - around;
+    mediaType = cover.adjusted(inset, inset, -inset, -inset);
+    const int left = cover.right() + margin;
     const int wide = width - left - margin;
     const int line = panel / 9;
     title = {left, top, wide, 4 * line};
@@ -56,28 +59,34 @@ void PlayerLayout::PlacePanel(int width, int height) {
                trackTime.height()};
 }
 
-// On a narrow screen the buttons that a touch of the list, or a key, stands in for move into the
-// upper bar.
+// What does not fit moves into the upper bar, first what is needed least while driving.
 void PlayerLayout::PlaceButtons(int width, int height) {
     using enum TouchButtonId;
-    std::vector<TouchButtonId> bottom = {DoQuit,      Swap,       Rewind,   RunOk,  Pause,
-                                         FastForward, VolumeDown, VolumeUp, Shuffle};
-    const int room = width / std::max(1, Share(height, ButtonShare));
-    if (static_cast<int>(bottom.size()) > room) {
-        std::erase(bottom, RunOk);
-        std::erase(bottom, Shuffle);
+    std::vector<TouchButtonId> bottom = {DoQuit,  Swap,        Rewind,     RunOk,
+                                         Pause,   FastForward, VolumeDown, VolumeUp,
+                                         Shuffle, AddFavorite, Source};
+    const int room = width * FillPercent / 100 / std::max(1, Share(height, ButtonShare));
+    std::vector<TouchButtonId> above;
+    for (const TouchButtonId id : {AddFavorite, Source, RunOk, Shuffle}) {
+        const bool menu = !above.empty();
+        if (static_cast<int>(bottom.size()) + (menu ? 1 : 0) <= room) break;
+        std::erase(bottom, id);
+        above.push_back(id);
+    }
+    if (!above.empty()) {
         bottom.push_back(PopUpMenu);
         const int upper = Share(height, BottomBarShare);
         const int cell = width / static_cast<int>(bottom.size());
-        upperBar = {width - 2 * cell, bottomBar.top() - upper, 2 * cell, upper};
-        PlaceRow({RunOk, Shuffle}, upperBar, true);
+        const int wide = cell * static_cast<int>(above.size());
+        upperBar = {width - wide, bottomBar.top() - upper, wide, upper};
+        PlaceRow(above, upperBar, true);
     }
     PlaceRow(bottom, bottomBar, false);
 }
 
 void PlayerLayout::PlaceRow(const std::vector<TouchButtonId>& ids, const QRect& bar, bool upper) {
     const int count = static_cast<int>(ids.size());
-    const int side = std::min(bar.width() / count, bar.height()) * 19 / 20;
+    const int side = std::min(bar.width() / count, bar.height()) * FillPercent / 100;
     for (int i = 0; i < count; ++i) {
         QRect rect(0, 0, side, side);
         rect.moveCenter({bar.left() + (2 * i + 1) * bar.width() / (2 * count), bar.center().y()});

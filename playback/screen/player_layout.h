@@ -19,6 +19,8 @@ enum class TouchButtonId : std::uint8_t {
     VolumeDown,  ///< `TSVolDownBtn`
     VolumeUp,    ///< `TSVolUpBtn`
     Shuffle,     ///< `TSshuffleBtn`
+    AddFavorite, ///< `TSAddFavBtn`
+    Source,      ///< `TSRadio2MP3Btn`
     PopUpMenu    ///< `TSPopUpMenuBtn`, which opens `frmUpperBar`
 };
 
@@ -29,14 +31,15 @@ struct ButtonPlace {
     bool upper = false;
 };
 
-/// All rectangles are in pixels of the screen and lie within it; none but the upper bar lies over
-/// another.
+/// All rectangles are in pixels of the screen and lie within it; none but the upper bar and the
+/// cover lies over another.
 struct PlayerLayout {
     PlayerLayout(int width, int height);
 
     QRect listTitle; ///< also the place of the volume text
     QRect clock;
-    QRect mediaType;
+    QRect mediaType; ///< gives way to the cover, where there is one
+    QRect cover;     ///< `imgCoverArt`, the whole height of the panel
     QRect title;
     QRect artist;
     QRect trackTime;

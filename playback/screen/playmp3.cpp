@@ -29,6 +29,8 @@ constexpr ButtonFace Faces[] = {
     {TouchButtonId::VolumeDown, "TSVolDownBtn", "vdown.gif", "", "-"},
     {TouchButtonId::VolumeUp, "TSVolUpBtn", "vup.gif", "", "+"},
     {TouchButtonId::Shuffle, "TSshuffleBtn", "shuffle.gif", "", "Shuffle"},
+    {TouchButtonId::AddFavorite, "TSAddFavBtn", "addfav.gif", "addfavsel.gif", "+ Fav"},
+    {TouchButtonId::Source, "TSRadio2MP3Btn", "player.gif", "", "Source"},
     {TouchButtonId::PopUpMenu, "TSPopUpMenuBtn", "menu.gif", "", "..."},
 };
 
@@ -44,6 +46,8 @@ TouchButtonId IdOf(PlayerButton button) {
         return TouchButtonId::VolumeDown;
     case PlayerButton::VolumeUp:
         return TouchButtonId::VolumeUp;
+    case PlayerButton::Source:
+        return TouchButtonId::Source;
     case PlayerButton::Shuffle:
         break;
     }
@@ -57,8 +61,8 @@ playmp3::playmp3(const ControlContext& context, AudioPlayer::Needs needs, QWidge
       layout_(context.state.ScreenWidth, context.state.ScreenHeight), Frame1_(this),
       lbPlayListTitle_(&Frame1_), Vol_(&Frame1_), Label1_(&Frame1_), artistlabel_(&Frame1_),
       TrackTimeLabel_(&Frame1_), lblBitRate_(&Frame1_), lblShuffle_(&Frame1_),
-      UCST_(context, &Frame1_), UCListBox_(context, rows_, &Frame1_), frmUpperBar_(&Frame1_),
-      lbLoading_(&Frame1_), player_(std::move(needs), rows_, *this) {
+      UCST_(context, &Frame1_), UCListBox_(context, rows_, &Frame1_), imgCoverArt_(&Frame1_),
+      frmUpperBar_(&Frame1_), lbLoading_(&Frame1_), player_(std::move(needs), rows_, *this) {
     setAttribute(Qt::WA_OpaquePaintEvent);
     NameControls();
     MakeButtons();
@@ -68,6 +72,8 @@ playmp3::playmp3(const ControlContext& context, AudioPlayer::Needs needs, QWidge
     lblShuffle_.hide();
     Vol_.hide();
     lbLoading_.hide();
+    imgCoverArt_.hide();
+    imgCoverArt_.setAlignment(Qt::AlignCenter);
     hide();
     DoLayout();
 }
@@ -85,6 +91,7 @@ void playmp3::NameControls() {
         {&lblBitRate_, "lblBitRate"},
         {&lblShuffle_, "lblShuffle"},
         {&UCListBox_, "UCListBox"},
+        {&imgCoverArt_, "imgCoverArt"},
         {&frmUpperBar_, "frmUpperBar"},
         {&lbLoading_, "lbLoading"},
     };
@@ -114,6 +121,11 @@ void playmp3::MakeButtons() {
     click(TouchButtonId::RunOk, &AudioPlayer::runok);
     click(TouchButtonId::Pause, &AudioPlayer::DoPause);
     click(TouchButtonId::Shuffle, &AudioPlayer::setshuffle);
+    click(TouchButtonId::Source, &AudioPlayer::TSRadio2MP3Btn_Click);
+    Button(TouchButtonId::AddFavorite).onClick = [this] {
+        player_.TSAddFavBtn_Click();
+        ShowUpperBar(false);
+    };
     Button(TouchButtonId::PopUpMenu).onClick = [this] { ShowUpperBar(!upperOpen_); };
 }
 
@@ -167,6 +179,7 @@ void playmp3::Place() {
     lblBitRate_.setGeometry(layout_.bitRate);
     lblShuffle_.setGeometry(layout_.shuffle);
     lbLoading_.setGeometry(layout_.loading);
+    imgCoverArt_.setGeometry(layout_.cover);
 }
 
 void playmp3::Dress() {
@@ -240,6 +253,7 @@ void playmp3::paintEvent(QPaintEvent*) {
         context_.pictures.Picture("bottombar.jpg", layout_.bottomBar.size(), PictureFit::Stretch));
     const int margin = layout_.list.left();
     painter.fillRect(margin, layout_.list.top(), width() - 2 * margin, 1, ToQColor(skin.LineClr));
+    if (imgCoverArt_.isVisible()) return; // it stands in the sign's place
     const QPixmap sign = context_.pictures.Picture(mediaType_, layout_.mediaType.size());
     QRect place = sign.rect();
     place.moveCenter(layout_.mediaType.center());
@@ -264,6 +278,28 @@ void playmp3::ShowLoading(const std::string& text) {
 void playmp3::ShowMediaType(const std::string& picture) {
     if (mediaType_ == picture) return;
     mediaType_ = picture;
+    update(layout_.mediaType);
+}
+
+void playmp3::LoadCover(const CoverRequest& request,
+                        std::function<void(const CoverOutcome&)> done) {
+    covers_.Load(request, layout_.cover.size(),
+                 [this, done = std::move(done)](const CoverOutcome& outcome, const QImage& image) {
+                     if (outcome.error.empty()) ShowCover(image);
+                     done(outcome);
+                 });
+}
+
+void playmp3::HideCover() {
+    covers_.Cancel();
+    ShowCover({});
+}
+
+void playmp3::ShowCover(const QImage& image) {
+    const bool shown = !image.isNull();
+    imgCoverArt_.setPixmap(QPixmap::fromImage(image));
+    if (shown != imgCoverArt_.isHidden()) return;
+    imgCoverArt_.setVisible(shown);
     update(layout_.mediaType);
 }
 

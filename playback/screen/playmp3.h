@@ -2,6 +2,7 @@
 #pragma once
 
 #include "playback/audio/audio_player.h"
+#include "playback/screen/cover_loader.h"
 #include "playback/screen/player_layout.h"
 #include "skin/controls/control_context.h"
 #include "skin/controls/shaded_label.h"
@@ -10,6 +11,7 @@
 #include "skin/controls/uc_scroll_text.h"
 #include "skin/list_model.h"
 
+#include <QLabel>
 #include <QPixmap>
 #include <QWidget>
 
@@ -61,6 +63,9 @@ class playmp3 : public QWidget, private PlayerView {
     void ShowMediaType(const std::string& picture) override;
     void ShowShuffle(bool on) override { lblShuffle_.setVisible(on); }
     void SetButton(PlayerButton button, const std::string& picture) override;
+    void LoadCover(const CoverRequest& request,
+                   std::function<void(const CoverOutcome&)> done) override;
+    void HideCover() override;
     void ReDrawList() override { UCListBox_.ReDrawList(); }
     void ShowFrame(bool shown) override { Frame1_.setVisible(shown); }
     void ShowAtFront() override;
@@ -75,6 +80,7 @@ class playmp3 : public QWidget, private PlayerView {
     void PlaceList();
     void PlaceButtons();
     void ShowUpperBar(bool open);
+    void ShowCover(const QImage& image);
 
     ControlContext context_;
     PlayerLayout layout_;
@@ -84,11 +90,13 @@ class playmp3 : public QWidget, private PlayerView {
         lblShuffle_;
     UCScrollText UCST_;
     UCListBox UCListBox_;
+    QLabel imgCoverArt_;
     QWidget frmUpperBar_;
     ShadedLabel lbLoading_;
     std::map<TouchButtonId, std::unique_ptr<TouchButton>> buttons_;
     std::string mediaType_;
     bool upperOpen_ = false;
+    CoverLoader covers_;
     AudioPlayer player_;
 };
 

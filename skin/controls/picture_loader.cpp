@@ -5,6 +5,9 @@
 #include <QBuffer>
 #include <QImageReader>
 
+#include <algorithm>
+#include <iterator>
+
 namespace vk {
 
 namespace {
@@ -12,6 +15,8 @@ namespace {
 constexpr std::size_t FileLimit = 32u << 20;    // bytes
 constexpr qint64 PixelLimit = 16'000'000;       // decoded whole: 64 MB
 constexpr qint64 ScaledPixelLimit = 40'000'000; // JPEG, decoded small
+constexpr int ScanLimit = 64;                   // of a JPEG
+constexpr int HonestSingle = 2;                 // its one scan and that of a thumbnail in it
 
 Qt::AspectRatioMode Aspect(PictureFit fit) {
     return fit == PictureFit::Keep ? Qt::KeepAspectRatio : Qt::IgnoreAspectRatio;
@@ -27,32 +32,56 @@ void DecodeSmall(QImageReader& reader, QSize box) {
         reader.setScaledSize(wanted);
 }
 
-QImage Decode(QImageReader& reader, QSize box) {
+// A file can say of itself that it is anything, and not every reader is meant for foreign files.
+bool IsTrusted(const QByteArray& format) {
+    constexpr const char* Formats[] = {"jpeg", "png", "gif", "bmp", "webp", "ico"};
+    return std::any_of(std::begin(Formats), std::end(Formats),
+                       [&](const char* known) { return format == known; });
+}
+
+// A JPEG in scans is decoded once for each, whatever its file's length, and kept whole in memory
+// meanwhile: honest ones have a dozen. Within the coded pixels the markers cannot occur.
+int ScansOf(const QByteArray& data) {
+    int scans = 0;
+    for (qsizetype at = -1; scans <= ScanLimit && (at = data.indexOf("\xFF\xDA", at + 1)) >= 0;)
+        ++scans;
+    return scans;
+}
+
+QImage Decode(QImageReader& reader, const QByteArray& data, QSize box) {
+    if (!IsTrusted(reader.format())) return {};
     const QSize own = reader.size();
     if (!own.isValid() || own.isEmpty()) return {};
-    const bool scales = reader.format() == "jpeg";
+    const bool jpeg = reader.format() == "jpeg";
+    const int scans = jpeg ? ScansOf(data) : 0;
+    if (scans > ScanLimit) return {};
+    const bool inScans = scans > HonestSingle || data.contains("\xFF\xC2");
     const qint64 pixels = qint64{own.width()} * own.height();
-    if (pixels > (scales ? ScaledPixelLimit : PixelLimit)) return {};
-    if (scales) DecodeSmall(reader, box);
+    if (pixels > (jpeg && !inScans ? ScaledPixelLimit : PixelLimit)) return {};
+    if (jpeg) DecodeSmall(reader, box);
     return reader.read();
 }
 
 } // namespace
 
-QImage LoadPicture(const std::string& path, QSize box, PictureFit fit) {
-    if (path.empty() || box.isEmpty()) return {};
-    const auto bytes = ReadWholeFile(path, FileLimit);
-    if (!bytes) return {};
-    QByteArray data = QByteArray::fromRawData(bytes->data(), static_cast<qsizetype>(bytes->size()));
+QImage PictureFromBytes(std::string_view bytes, QSize box, PictureFit fit) {
+    if (box.isEmpty()) return {};
+    QByteArray data = QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()));
     QBuffer buffer(&data);
     QImageReader reader(&buffer);
     reader.setAutoTransform(true);
-    const QImage image = Decode(reader, box);
+    const QImage image = Decode(reader, data, box);
     if (image.isNull()) return {};
     // Colours of clear pixels must not bleed into the edges.
     return image.convertToFormat(QImage::Format_ARGB32_Premultiplied)
         .scaled(image.size().scaled(box, Aspect(fit)).expandedTo({1, 1}), Qt::IgnoreAspectRatio,
                 Qt::SmoothTransformation);
+}
+
+QImage LoadPicture(const std::string& path, QSize box, PictureFit fit) {
+    if (path.empty() || box.isEmpty()) return {};
+    const auto bytes = ReadWholeFile(path, FileLimit);
+    return bytes ? PictureFromBytes(*bytes, box, fit) : QImage();
 }
 
 } // namespace vk

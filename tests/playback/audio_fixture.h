@@ -128,6 +128,8 @@ struct AudioFixture : CoreFixture {
     FakeMixer mixer;
     FakeWaveInput input;
     std::unique_ptr<cVolume> volume; ///< made with the player
+    PlayerSource *fm = nullptr, *xm = nullptr;
+    std::function<std::string(const std::string&)> xmLogo;
     std::unique_ptr<AudioPlayer> made;
 
     AudioFixture() {
@@ -145,8 +147,8 @@ struct AudioFixture : CoreFixture {
             return tags[FileNameOf(path)];
         };
         volume = std::make_unique<cVolume>(cVolume::Needs{mixer, input, dialogs, report});
-        return {audio,   browser, state,   winamp, settings, keys,    clock, locale,
-                volumes, window,  screens, log,    report,   *volume, tagOf, query};
+        return {audio,   browser, state,  winamp,  settings, keys,  clock, locale, volumes, window,
+                screens, log,     report, *volume, tagOf,    query, fm,    xm,     xmLogo};
     }
     AudioPlayer& player() {
         if (!made) made = std::make_unique<AudioPlayer>(Needs(), list, view);

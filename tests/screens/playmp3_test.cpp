@@ -3,6 +3,7 @@
 #include "tests/support/widgets.h"
 
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QWheelEvent>
 
 #include <gtest/gtest.h>
@@ -101,6 +102,7 @@ TEST_F(Playmp3Test, OffersAllInOneBarWhereThereIsRoom) {
     for (const char* name : {"TSVolUpBtn", "TSVolDownBtn", "TSRunOkBtn", "TSshuffleBtn"})
         EXPECT_TRUE(Named(name)->isVisible()) << name;
     EXPECT_FALSE(Named("TSPopUpMenuBtn")->isVisible());
+    EXPECT_FALSE(Named("imgCoverArt")->isVisible());
 }
 
 /// Counts the paint events of a widget and of all in it.
@@ -146,7 +148,7 @@ TEST_F(Playmp3Test, FitsEveryPanelWithButtonsForAFinger) {
             for (std::size_t j = 0; j < i; ++j)
                 EXPECT_FALSE(all[i].intersects(all[j])) << i << " and " << j;
         }
-        EXPECT_EQ(layout.buttons.size(), 9u + (layout.upperBar.isEmpty() ? 0 : 1));
+        EXPECT_EQ(layout.buttons.size(), 11u + (layout.upperBar.isEmpty() ? 0 : 1));
     }
 }
 
@@ -157,6 +159,31 @@ TEST_F(Playmp3Test, OpensTheUpperBarOnANarrowScreen) {
     EXPECT_TRUE(Named("TSshuffleBtn")->isVisible());
     Touch("TSPopUpMenuBtn");
     EXPECT_FALSE(Named("TSshuffleBtn")->isVisible());
+}
+
+TEST_F(Playmp3Test, ShowsTheCoverOfTheTrack) {
+    QImage picture(300, 300, QImage::Format_RGB32);
+    picture.fill(Qt::red);
+    app.MakeFolder("media");
+    picture.save(QString::fromStdString(app.File("media/folder.bmp")));
+    Open(3);
+    auto* cover = static_cast<QLabel*>(Named("imgCoverArt"));
+    QElapsedTimer timer;
+    for (timer.start(); cover->isHidden() && !timer.hasExpired(20000);)
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+    ASSERT_TRUE(cover->isVisible());
+    EXPECT_EQ(cover->grab().toImage().pixelColor(cover->rect().center()), QColor(Qt::red));
+    InsertDisc();
+    screen->player().UpdateScreen();
+    EXPECT_FALSE(cover->isVisible());
+}
+
+TEST_F(Playmp3Test, AFavouriteClosesTheUpperBar) {
+    Open(3, 2, {640, 480});
+    Touch("TSPopUpMenuBtn");
+    Touch("TSAddFavBtn");
+    EXPECT_EQ(app.Read("favorites.m3u"), Song(2) + "\r\n");
+    EXPECT_FALSE(Named("TSAddFavBtn")->isVisible());
 }
 
 } // namespace vk::test

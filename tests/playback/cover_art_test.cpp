@@ -1,0 +1,138 @@
+#include "tests/library/tag_bytes.h"
+#include "tests/playback/audio_fixture.h"
+
+#include <gmock/gmock.h>
+
+namespace vk::test {
+
+using testing::ElementsAre;
+using namespace std::string_literals;
+
+struct CoverArtTest : testing::Test, AudioFixture {
+    void PlayAndLook(int count = 2, int track = 1) {
+        Play(count, track);
+        view.FinishCover();
+    }
+    std::string Picture(const std::string& name) {
+        return app.Write("media/" + name, "picture " + name);
+    }
+    std::size_t Errors() const {
+        const std::string log = app.Read("debug.log");
+        std::size_t count = 0;
+        for (auto at = log.find("error in playmp3.ShowCoverArt(), "); at != std::string::npos;
+             at = log.find("error in playmp3.ShowCoverArt(), ", at + 1))
+            ++count;
+        return count;
+    }
+};
+
+TEST_F(CoverArtTest, TurnsThePicturesOfTheFolderEveryFifteenSeconds) {
+    for (const char* name : {"a.bmp", "b.GIF", "c.jpg", "d.JPEG", ".c.jpg", "e.png", "notes.txt"})
+        Picture(name);
+    bool busy = false;
+    view.onLoadCover = [&] { busy = state.ListBusy; };
+    PlayAndLook();
+    EXPECT_EQ(view.cover, "picture d.JPEG");
+    std::vector<std::string> shown;
+    std::vector<int> ticks;
+    for (int tick = 1; tick <= 1200; ++tick) {
+        const auto before = view.covers.size();
+        clock.Advance(100);
+        if (view.covers.size() == before) continue;
+        EXPECT_TRUE(busy);
+        EXPECT_FALSE(state.ListBusy);
+        view.FinishCover();
+        shown.push_back(view.cover);
+        ticks.push_back(tick);
+    }
+    EXPECT_THAT(shown,
+                ElementsAre("picture c.jpg", "picture b.GIF", "picture a.bmp", "picture d.JPEG",
+                            "picture c.jpg", "picture b.GIF", "picture a.bmp", "picture d.JPEG"));
+    // The first tick is the forced second; the 59th second counts as the 60th.
+    EXPECT_THAT(ticks, ElementsAre(142, 292, 442, 582, 732, 882, 1032, 1172));
+}
+
+TEST_F(CoverArtTest, PrefersThePictureInTheTagAndRemovesItsFile) {
+    Picture("folder.jpg");
+    Picture("back.jpg");
+    const std::string list = MakeList(2);
+    const auto tag = [](const std::string& picture) {
+        return ID3v2(3, Frame(3, "APIC", "\0image/jpeg\0\3\0"s + picture));
+    };
+    app.Write("media/" + FileNameOf(Song(1)), tag("picture in tag"));
+    app.Write("media/" + FileNameOf(Song(2)), tag("broken"));
+    ChooseList(list);
+    player().ReShow();
+    view.FinishCover();
+    EXPECT_EQ(view.cover, "picture in tag");
+    EXPECT_FALSE(FileExists(app.File("coverart.tmp")));
+    clock.Advance(60000);
+    EXPECT_EQ(view.covers.size(), 1u);
+    player().MoveAhead();
+    view.FinishCover();
+    EXPECT_EQ(view.cover, "picture in tag") << "a picture that fails leaves the old one";
+    EXPECT_TRUE(Logged("error in playmp3.ShowCoverArt(), Not a picture that can be shown: " +
+                       app.File("coverart.tmp")));
+    EXPECT_FALSE(FileExists(app.File("coverart.tmp")));
+}
+
+TEST_F(CoverArtTest, OnePictureStandsStillAndNoneHides) {
+    const std::string only = Picture("front.jpg");
+    PlayAndLook(3);
+    EXPECT_EQ(view.cover, "picture front.jpg");
+    clock.Advance(60000);
+    EXPECT_EQ(view.covers.size(), 1u);
+    DeleteFileAt(only);
+    player().MoveAhead();
+    view.FinishCover();
+    EXPECT_EQ(view.cover, "");
+    EXPECT_EQ(Errors(), 0u);
+}
+
+TEST_F(CoverArtTest, ABrokenPictureOfManyIsLoggedOnceAndPassedOver) {
+    Picture("a.jpeg");
+    app.Write("media/b.jpg", "broken");
+    PlayAndLook();
+    for (int second = 0; second < 120; ++second) {
+        clock.Advance(1000);
+        view.FinishCover();
+        EXPECT_EQ(view.cover, "picture a.jpeg");
+    }
+    EXPECT_EQ(Errors(), 1u);
+}
+
+TEST_F(CoverArtTest, ADiscShowsNone) {
+    Picture("folder.jpg");
+    InsertDisc();
+    PlayAndLook();
+    EXPECT_TRUE(view.covers.empty());
+    audio.VolumeSerial = 0;
+    player().UpdateScreen();
+    view.FinishCover();
+    EXPECT_EQ(view.cover, "picture folder.jpg");
+    audio.VolumeSerial = 77;
+    player().UpdateScreen();
+    EXPECT_EQ(view.cover, "");
+}
+
+TEST_F(CoverArtTest, StationsAndChannelsHaveTheirOwn) {
+    for (const char* name : {"96.5.bmp", "96.5.png", "Radio One.gif"})
+        app.Write(std::string("COMMON/FMPICS/") + name, std::string("picture ") + name);
+    xmLogo = [&](const std::string& channel) {
+        return channel == "12" ? app.Write("logo.gif", "picture 12") : std::string();
+    };
+    const auto show = [&](std::int32_t mode, const std::string& item) {
+        audio.PlayMode = mode;
+        player().ShowCoverArt(item);
+        view.FinishCover();
+        return view.cover;
+    };
+    EXPECT_EQ(show(PlayFM, "96.5"), "picture 96.5.png");
+    EXPECT_EQ(show(PlayFM, "Radio One"), "picture Radio One.gif");
+    EXPECT_EQ(show(PlayFM, "../FMPICS/96.5"), "");
+    EXPECT_EQ(show(PlayXM, "12"), "picture 12");
+    EXPECT_EQ(show(PlayXM, "13"), "");
+    EXPECT_EQ(show(PlayNone, "96.5"), "");
+}
+
+} // namespace vk::test

@@ -1,0 +1,206 @@
+#include "playback/audio/source_table.h"
+#include "tests/playback/audio_fixture.h"
+
+#include <gmock/gmock.h>
+
+#include <filesystem>
+
+namespace vk::test {
+
+using testing::ElementsAre;
+
+/// Records what it is asked for.
+struct FakeTuner : PlayerSource {
+    explicit FakeTuner(Favorite f) : favorite(std::move(f)) {}
+    bool Start() override {
+        calls.push_back("Start");
+        if (onStart) onStart();
+        return answers;
+    }
+    void LoadPlaylist() override { calls.push_back("LoadPlaylist"); }
+    void UpdateScreen() override {}
+    void runok() override {}
+    void MoveAhead() override {}
+    void MoveBack() override {}
+    void ShortPress(bool) override {}
+    void DoFF() override {}
+    void DoRW() override {}
+    void DoPlay() override {}
+    void DoPause() override {}
+    void Tick() override {}
+    void EverySecond() override {}
+    void LeaveScreen() override {}
+    void Save() override { calls.push_back("Save"); }
+    void Stop() override { calls.push_back("Stop"); }
+    std::string MediaTypeIcon() const override { return "radio.gif"; }
+    Favorite SelectedFavorite() override { return favorite; }
+
+    Favorite favorite;
+    std::vector<std::string> calls;
+    std::function<void()> onStart;
+    bool answers = true;
+};
+
+struct PlayerSourcesTest : testing::Test, AudioFixture {
+    FakeTuner fmTuner{FMFavorite("96.50")}, xmTuner{XMFavorite(12)};
+
+    PlayerSourcesTest() {
+        fm = &fmTuner;
+        xm = &xmTuner;
+        settings.values.dlink_enabled = settings.values.xmpcr_enabled = true;
+    }
+    std::string SourceButton() { return view.buttons[PlayerButton::Source]; }
+    void PlayFavorites(const std::string& contents) {
+        if (!contents.empty()) app.Write("favorites.m3u", contents);
+        Play(3, 2);
+    }
+};
+
+TEST(SourceTable, GoesRound) {
+    struct Case {
+        Tuners tuners;
+        PlayModeValue fromAudio, fromFM, fromXM;
+    };
+    const Case cases[] = {
+        {{true, true, false}, PlayFM, PlayXM, PlayAudio},
+        {{true, true, true}, PlayXM, PlayAudio, PlayFM},
+        {{true, false, true}, PlayFM, PlayAudio, PlayNone},
+        {{false, true, false}, PlayXM, PlayNone, PlayAudio},
+        {{false, false, false}, PlayNone, PlayNone, PlayNone},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(NextSource(PlayAudio, c.tuners), c.fromAudio);
+        EXPECT_EQ(NextSource(PlayFM, c.tuners), c.fromFM);
+        EXPECT_EQ(NextSource(PlayXM, c.tuners), c.fromXM);
+        EXPECT_EQ(NextSource(PlayNone, c.tuners), PlayNone);
+    }
+}
+
+TEST_F(PlayerSourcesTest, OneButtonGoesThroughAllSourcesAndResumesTheMusic) {
+    app.Write("winamp.ini", "[Winamp]\r\nshuffle=1\r\n");
+    Play(9, 4);
+    EXPECT_EQ(SourceButton(), "fm.gif");
+    process.positionMs = 61000;
+    clock.Advance(1000);
+    player().TSRadio2MP3Btn_Click();
+    EXPECT_EQ(audio.PlayMode, PlayFM);
+    EXPECT_EQ(process.status, 0);
+    EXPECT_FALSE(audio.bShuffle || view.shuffle);
+    EXPECT_EQ(view.listTitle, "D-Link FM Radio");
+    EXPECT_EQ(view.mediaType, "radio.gif");
+    EXPECT_EQ(SourceButton(), "xm.gif");
+    EXPECT_TRUE(audio.bStartPlaying);
+    EXPECT_THAT(fmTuner.calls, ElementsAre("Start", "LoadPlaylist"));
+    EXPECT_EQ(view.title + view.artist + view.time, "");
+
+    std::string waiting;
+    xmTuner.onStart = [&] {
+        waiting = view.loading;
+        player().TSRadio2MP3Btn_Click(); // pressed again while it starts
+    };
+    player().TSRadio2MP3Btn_Click();
+    EXPECT_EQ(waiting, "Please wait while the XM channel list is initialized...");
+    EXPECT_EQ(view.loading, "");
+    EXPECT_EQ(view.listTitle, "XM Satellite Radio");
+    EXPECT_THAT(fmTuner.calls, testing::Contains("Stop"));
+    EXPECT_EQ(xmTuner.calls.size(), 2u);
+    EXPECT_EQ(SourceButton(), "player.gif");
+
+    process.wire.sent.clear();
+    player().TSRadio2MP3Btn_Click();
+    EXPECT_EQ(xmTuner.calls.back(), "Stop");
+    EXPECT_EQ(audio.PlayMode, PlayAudio);
+    EXPECT_EQ(process.track, 3);
+    EXPECT_EQ(process.positionMs, 61000);
+    EXPECT_TRUE(view.shuffle);
+    EXPECT_EQ(view.title, "Song4");
+    EXPECT_EQ(SourceButton(), "fm.gif");
+}
+
+TEST_F(PlayerSourcesTest, StaysWhereItIsWhenTheNextSourceCannotPlay) {
+    settings.values.xmpcr_enabled = false;
+    audio.PlayMode = PlayFM;
+    player().ReShow();
+    fmTuner.calls.clear();
+    player().TSRadio2MP3Btn_Click();
+    EXPECT_EQ(view.clocks.back(), "You must first play an audio file before resuming.");
+    EXPECT_EQ(audio.PlayMode, PlayFM);
+    EXPECT_THAT(fmTuner.calls, ElementsAre("Save"));
+    clock.Advance(5000);
+    EXPECT_EQ(view.clocks.back(), "Saturday, November 21, 2026    12:0");
+
+    settings.values.dlink_enabled = false;
+    Play(2);
+    EXPECT_EQ(SourceButton(), "player.gif");
+    player().TSRadio2MP3Btn_Click();
+    EXPECT_EQ(audio.PlayMode, PlayAudio);
+    state.ListBusy = true;
+    settings.values.dlink_enabled = true;
+    player().TSRadio2MP3Btn_Click();
+    EXPECT_EQ(audio.PlayMode, PlayAudio);
+}
+
+TEST_F(PlayerSourcesTest, AListOnADiscThatIsGoneIsNotResumed) {
+    Play(3);
+    settings.Write("audio_player", "VolumeSerial", "77");
+    settings.values.xmpcr_enabled = false;
+    audio.PlayMode = PlayFM;
+    player().TSRadio2MP3Btn_Click();
+    EXPECT_EQ(menu.Count("ReShow"), 1);
+    EXPECT_EQ(audio.PlayMode, PlayNone);
+}
+
+TEST_F(PlayerSourcesTest, AReceiverThatDoesNotAnswerSaysSo) {
+    xmTuner.answers = false;
+    state.FirstRadioType = 1;
+    Play(2);
+    player().TSRadio2MP3Btn_Click();
+    EXPECT_EQ(view.clocks.back(), "The radio is not available.");
+    EXPECT_EQ(view.loading, "");
+    EXPECT_EQ(xmTuner.calls.back(), "Start");
+}
+
+TEST_F(PlayerSourcesTest, AddsEachSourcesFavouriteOnce) {
+    PlayFavorites("#EXTM3U\n" + Song(1));
+    for (int press = 0; press < 2; ++press)
+        player().AddFavKBIR();
+    EXPECT_EQ(app.Read("favorites.m3u"), "#EXTM3U\n" + Song(1) + "\r\n" + Song(2) + "\r\n");
+    EXPECT_EQ(view.clocks.back(), "ADDING: " + Song(2));
+    clock.Advance(700);
+    EXPECT_EQ(view.clocks.back(), "ADDING: " + Song(2));
+    clock.Advance(100);
+    EXPECT_EQ(view.clocks.back(), "Saturday, November 21, 2026    12:0");
+    audio.PlayMode = PlayXM;
+    app.Write("favorites.xcl", "112\r\n");
+    player().TSAddFavBtn_Click();
+    player().AddFavKBIR();
+    EXPECT_EQ(app.Read("favorites.xcl"), "112\r\n12\r\n");
+    audio.PlayMode = PlayFM;
+    player().AddToFavorites();
+    EXPECT_EQ(app.Read("presets.lst"), "96.50:96.50 MHz\r\n");
+    app.Write("presets.lst", " 96.5 :Radio One\r\n");
+    player().AddToFavorites();
+    EXPECT_EQ(app.Read("presets.lst"), " 96.5 :Radio One\r\n");
+}
+
+TEST_F(PlayerSourcesTest, RefusesDiscsAndSaysWhatFailed) {
+    PlayFavorites("");
+    state.ListBusy = true;
+    player().TSAddFavBtn_Click();
+    state.ListBusy = false;
+    audio.VolumeSerial = 77;
+    player().AddFavKBIR();
+    audio.VolumeSerial = -1;
+    EXPECT_FALSE(FileExists(app.File("favorites.m3u")));
+    app.MakeFolder("favorites.m3u"); // cannot be replaced
+    player().AddFavKBIR();
+    EXPECT_THAT(view.clocks.back(), testing::StartsWith("favorites.m3u cannot be written: "));
+    EXPECT_TRUE(Logged("An error occured in playmp3.AddToFavorites() favorites.m3u cannot be"));
+    std::filesystem::remove(app.File("favorites.m3u"));
+    app.Write("favorites.m3u", std::string(17 << 20, 'x'));
+    player().AddFavKBIR();
+    EXPECT_EQ(FileLength(app.File("favorites.m3u")), 17u << 20);
+    EXPECT_EQ(view.clocks.back(), "favorites.m3u cannot be read");
+}
+
+} // namespace vk::test

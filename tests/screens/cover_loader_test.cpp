@@ -1,0 +1,107 @@
+#include "playback/screen/cover_loader.h"
+#include "tests/support/temp_folder.h"
+
+#include <QBuffer>
+#include <QCoreApplication>
+#include <QElapsedTimer>
+
+#include <gtest/gtest.h>
+
+#include <utility>
+#include <vector>
+
+namespace vk::test {
+
+namespace {
+
+std::string Encoded(QSize size, QColor colour, const char* format) {
+    QImage image(size, QImage::Format_RGB32);
+    image.fill(colour);
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, format);
+    return buffer.data().toStdString();
+}
+
+} // namespace
+
+struct CoverLoaderTest : testing::Test {
+    TempFolder folder;
+    std::vector<std::pair<CoverOutcome, QImage>> results;
+    CoverLoader loader;
+
+    void Load(const std::string& path, QSize box = {100, 80}) {
+        loader.Load({path, {}, {}}, box, [this](const CoverOutcome& outcome, const QImage& image) {
+            results.emplace_back(outcome, image);
+        });
+    }
+    /// Runs events until so many results are in, or for a while.
+    void Wait(std::size_t count, int milliseconds = 20000) {
+        QElapsedTimer timer;
+        for (timer.start(); results.size() < count && !timer.hasExpired(milliseconds);)
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+    }
+};
+
+TEST_F(CoverLoaderTest, DecodesIntoTheBoxAndTellsFromTheEventLoop) {
+    Load(folder.Write("a.jpg", Encoded({600, 300}, Qt::red, "png"))); // whatever its name
+    EXPECT_TRUE(results.empty());
+    Wait(1);
+    ASSERT_EQ(results.size(), 1u);
+    EXPECT_EQ(results[0].second.size(), QSize(100, 50));
+    EXPECT_EQ(results[0].second.pixelColor(50, 25), QColor(Qt::red));
+    EXPECT_EQ(results[0].first.error, "");
+    loader.Load({{}, folder.File("none.mp3"), folder.File("t.tmp")}, {100, 80},
+                [this](const CoverOutcome& outcome, const QImage& image) {
+                    results.emplace_back(outcome, image);
+                });
+    Wait(2);
+    ASSERT_EQ(results.size(), 2u);
+    EXPECT_EQ(results[1].second.size(), QSize(100, 50)) << "the folder's picture";
+}
+
+TEST_F(CoverLoaderTest, OnlyTheNewestRequestIsAnswered) {
+    const std::string red = folder.Write("red.png", Encoded({900, 900}, Qt::red, "png"));
+    const std::string blue = folder.Write("blue.png", Encoded({90, 90}, Qt::blue, "png"));
+    for (int i = 0; i < 5; ++i)
+        Load(red);
+    Load(blue);
+    Wait(1);
+    Wait(2, 200);
+    ASSERT_EQ(results.size(), 1u);
+    EXPECT_EQ(results[0].second.pixelColor(9, 9), QColor(Qt::blue));
+    Load(red);
+    loader.Cancel();
+    Wait(2, 200);
+    EXPECT_EQ(results.size(), 1u);
+}
+
+TEST_F(CoverLoaderTest, RefusesWhatIsBrokenHostileOrHuge) {
+    const std::string jpeg = Encoded({300, 300}, Qt::green, "jpg");
+    const std::string png = Encoded({300, 300}, Qt::green, "png");
+    std::string wide = png; // says of itself that it is 20,000 by 20,000
+    wide.replace(16, 8, std::string("\0\0\x4E\x20\0\0\x4E\x20", 8));
+    std::string scans = jpeg;
+    for (int i = 0; i < 100; ++i)
+        scans += "\xFF\xDA";
+    const std::string bad[] = {"",
+                               "junk",
+                               png.substr(0, 60),
+                               wide,
+                               scans,
+                               "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'/>",
+                               "/* XPM */ static char *x[] = {\"1 1 1 1\", \"a c red\", \"a\"};"};
+    std::size_t count = 0;
+    for (const std::string& bytes : bad) {
+        Load(folder.Write("bad.jpg", bytes));
+        Wait(++count);
+        ASSERT_EQ(results.size(), count);
+        EXPECT_TRUE(results.back().second.isNull()) << count;
+        EXPECT_NE(results.back().first.error, "") << count;
+    }
+    Load(folder.Write("good.jpg", jpeg));
+    Wait(++count);
+    EXPECT_EQ(results.back().second.size(), QSize(80, 80));
+}
+
+} // namespace vk::test
