@@ -17,10 +17,10 @@ struct CoverArtTest : testing::Test, AudioFixture {
         return app.Write("media/" + name, "picture " + name);
     }
     std::size_t Errors() const {
-        const std::string log = app.Read("debug.log");
+        const std::string lines = app.Read("debug.log");
         std::size_t count = 0;
-        for (auto at = log.find("error in playmp3.ShowCoverArt(), "); at != std::string::npos;
-             at = log.find("error in playmp3.ShowCoverArt(), ", at + 1))
+        for (auto at = lines.find("error in playmp3.ShowCoverArt(), "); at != std::string::npos;
+             at = lines.find("error in playmp3.ShowCoverArt(), ", at + 1))
             ++count;
         return count;
     }
@@ -55,13 +55,13 @@ TEST_F(CoverArtTest, TurnsThePicturesOfTheFolderEveryFifteenSeconds) {
 TEST_F(CoverArtTest, PrefersThePictureInTheTagAndRemovesItsFile) {
     Picture("folder.jpg");
     Picture("back.jpg");
-    const std::string list = MakeList(2);
+    const std::string songs = MakeList(2);
     const auto tag = [](const std::string& picture) {
         return ID3v2(3, Frame(3, "APIC", "\0image/jpeg\0\3\0"s + picture));
     };
     app.Write("media/" + FileNameOf(Song(1)), tag("picture in tag"));
     app.Write("media/" + FileNameOf(Song(2)), tag("broken"));
-    ChooseList(list);
+    ChooseList(songs);
     player().ReShow();
     view.FinishCover();
     EXPECT_EQ(view.cover, "picture in tag");
