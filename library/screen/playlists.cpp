@@ -14,6 +14,7 @@ namespace vk {
 namespace {
 
 constexpr int VolumeRepeatMs = 100;
+constexpr double HalfWidthFont = 0.75;
 constexpr int SlideSteps = 6;
 constexpr int SlideStepMs = 10;
 constexpr int WheelTick = 120; // eighths of a degree
@@ -124,6 +125,7 @@ void playlists::DoLayout() {
 
 void playlists::LayoutList(UCListBox& list, const QRect& place) {
     list.setGeometry(place);
+    list.FontScale = Building() ? HalfWidthFont : 1;
     list.SetiMaxVis(context_.skin.data().playlist);
     if (list.model().Loaded() && !context_.state.ListBusy) list.LoadList();
 }

@@ -38,7 +38,8 @@ UCListBox::~UCListBox() = default;
 void UCListBox::SetiMaxVis(const std::string& background, const std::string& arrowUp,
                            const std::string& arrowDown) {
     const SkinData& skin = context_.skin.data();
-    font_ = ToQFont(skin.Listtextfont, skin);
+    const double scale = skin.FontScaleY > 0 ? static_cast<double>(skin.FontScaleY) : 1;
+    font_ = ToQFont(skin.Listtextfont, scale * FontScale);
     model_.SetGeometry(QFontMetrics(font_).height(), context_.settings.ListSpacing, height());
     arrowUp_ = arrowUp;
     arrowDown_ = arrowDown;
