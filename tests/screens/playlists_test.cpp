@@ -173,7 +173,8 @@ TEST_F(PlaylistsScreen, TheWheelAndAReloadKeepTheList) {
 }
 
 TEST_F(PlaylistsScreen, AListIsBuiltByTouchInTwoListsSideBySide) {
-    const auto touchRow = [](QWidget& list, int row, int height) {
+    const auto touchRow = [](QWidget& list, int row) {
+        const int height = static_cast<UCListBox&>(list).model().RowHeight;
         test::Click(list, {list.width() / 2, height * (2 * row + 1) / 2});
     };
     for (const QSize size : test::PanelSizes) {
@@ -184,15 +185,14 @@ TEST_F(PlaylistsScreen, AListIsBuiltByTouchInTwoListsSideBySide) {
         QWidget& right = Part("UCListBox2");
         EXPECT_FALSE(right.isVisible());
         EXPECT_FALSE(Part("imjSave").isVisible());
-        const int row = List().RowHeight;
-        touchRow(left, 0, row);
+        touchRow(left, 0);
         EXPECT_EQ(Title(), "Building Playlist | Browse By Directory ");
         test::ExpectChildrenInside(*screen);
         EXPECT_FALSE(left.geometry().intersects(right.geometry()));
         EXPECT_GE(std::min(left.width(), right.width()), size.width() * 45 / 100);
         EXPECT_GE(Part("imjAdd").width(), size.height() * 15 / 100);
         const auto& built = static_cast<UCListBox&>(right).model();
-        touchRow(left, 2, row);
+        touchRow(left, 2);
         EXPECT_EQ(built.Row(0).descriptor, "FILE:" + media.Path() + "/c.mp3");
         const QImage leftInFront = screen->grab().toImage();
         Tap("imjAdd");
@@ -202,7 +202,7 @@ TEST_F(PlaylistsScreen, AListIsBuiltByTouchInTwoListsSideBySide) {
         EXPECT_FALSE(left.isVisible() || right.isVisible()) << "the keyboard has their place";
         EXPECT_TRUE(screen->Form_KeyDown("27"));
         EXPECT_TRUE(left.isVisible() && right.isVisible());
-        touchRow(right, 0, row);
+        touchRow(right, 0);
         EXPECT_EQ(built.Row(0).first, NoValidFilenames);
         Tap("imjSave");
         EXPECT_FALSE(right.isVisible());

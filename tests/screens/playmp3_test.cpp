@@ -98,8 +98,9 @@ TEST_F(Playmp3Test, KeysAndTheWheelReachTheOperations) {
 }
 
 TEST_F(Playmp3Test, OffersAllInOneBarWhereThereIsRoom) {
-    Open(0);
-    for (const char* name : {"TSVolUpBtn", "TSVolDownBtn", "TSRunOkBtn", "TSshuffleBtn"})
+    Open(0, 1, {1280, 600});
+    for (const char* name :
+         {"TSVolUpBtn", "TSVolDownBtn", "TSRunOkBtn", "TSshuffleBtn", "TSAddFavBtn"})
         EXPECT_TRUE(Named(name)->isVisible()) << name;
     EXPECT_FALSE(Named("TSPopUpMenuBtn")->isVisible());
     EXPECT_FALSE(Named("imgCoverArt")->isVisible());

@@ -66,7 +66,7 @@ class ListsTest(Driven):
         wait_for("the list in the player", lambda: len(self.played()) == 10)
         wait_for("the player", lambda: self.setting("audio_player", "currenttrack") == "0")
         self.keys("p")
-        self.open_list()
+        self.picture("keys-back")  # the list that is played
         self.keys("Down", "Return", "Right")  # edit, to the right list
         self.picture("keys-edit")
         self.keys("Return", "Escape", "Return")  # away, the name, "OK" is still marked
