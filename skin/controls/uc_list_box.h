@@ -104,6 +104,7 @@ class UCListBox : public QWidget {
     void DrawRow(QPainter& painter, int row);
     void DrawSelection(QPainter& painter, int row) const;
     void DrawText(QPainter& painter, int row) const;
+    QFont NoticeFont(int row) const;
     void DrawRowPicture(QPainter& painter, int row);
     void DrawArrows(QPainter& painter) const;
     void DrawArrow(QPainter& painter, bool up) const;

@@ -13,7 +13,7 @@ namespace vk {
 namespace {
 
 constexpr int PlateAlpha = 44;         // of 255: the text on the plate must stay readable
-constexpr double LeastFirstPart = 0.5; // of the width, when both texts together are too long
+constexpr double LeastFirstPart = 0.3; // of the width, when both texts together are too long
 
 // What stands for an arrow that the skin lacks.
 void DrawTrianglePlate(QPainter& painter, const QRect& place, const QColor& ground, bool up) {
@@ -129,6 +129,7 @@ UCListBox::RowTexts UCListBox::TextsOf(int row, const QFontMetrics& metrics) con
 
 void UCListBox::DrawText(QPainter& painter, int row) const {
     const int h = model_.TextHeight;
+    if (model_.Row(row).descriptor.empty()) painter.setFont(NoticeFont(row));
     const QFontMetrics metrics = painter.fontMetrics();
     const RowTexts texts = TextsOf(row, metrics);
     const RowLook look = LookOf(row);
@@ -141,6 +142,17 @@ void UCListBox::DrawText(QPainter& painter, int row) const {
     const QPoint origin(2 * h, (row - model_.TopRow()) * model_.RowHeight + metrics.ascent());
     if (look.bright) print(origin + QPoint(h / 10, h / 15), look.shadow, look.shadow);
     print(origin, look.first, look.second);
+    painter.setFont(font_);
+}
+
+// A notice is read whole: it has no second row and nothing else tells what it says.
+QFont UCListBox::NoticeFont(int row) const {
+    const int wanted = QFontMetrics(font_).horizontalAdvance(ToQString(model_.ShownFirst(row)));
+    const int room = TextRoom(row);
+    if (wanted <= room || wanted <= 0) return font_;
+    QFont smaller = font_;
+    smaller.setPixelSize(std::max(1, font_.pixelSize() * room / wanted));
+    return smaller;
 }
 
 void UCListBox::DrawRowPicture(QPainter& painter, int row) {
@@ -161,7 +173,9 @@ QSize UCListBox::ArrowBox() const {
 }
 
 QPixmap UCListBox::ArrowPicture(bool up) const {
-    return context_.pictures.Picture(up ? arrowUp_ : arrowDown_, ArrowBox());
+    // The text of its row needs the rest of a narrow list.
+    return context_.pictures.Picture(up ? arrowUp_ : arrowDown_,
+                                     {width() / 4, ArrowBox().height()});
 }
 
 QSize UCListBox::ArrowSize(bool up) const {

@@ -3,6 +3,7 @@
 Once by arrows, Enter and Escape alone, once by touch alone.
 """
 
+import os
 import sys
 import time
 import unittest
@@ -30,17 +31,17 @@ class ListsTest(Driven):
         wait_for("the catalogue", lambda: "db checkpoint" in self.log())
         time.sleep(1)
 
-    def playlist(self, name):
-        path = self.album.parent / "Zlists" / f"{name}.m3u"
+    def playlist(self):
+        path = self.album.parent / "Zlists" / "Q.m3u"
         return path.read_text().split() if path.exists() else []
 
     def played(self):
         path = self.app / "vk_audio.m3u"
         return [line for line in path.read_text().splitlines() if line[:1] != "#"] if path.exists() else []
 
-    def finish(self, name):
-        songs = [str(self.album.parent / "Ferry" / f"{number:02}.wav") for number in range(1, 11)]
-        wait_for("the list without its first entry", lambda: self.playlist(name) == songs[1:])
+    def finish(self, numbers):
+        songs = [str(self.album.parent / "Ferry" / f"{number:02}.wav") for number in numbers]
+        wait_for("the list without its first entry", lambda: self.playlist() == songs[1:])
         self.assertEqual(self.played(), songs)
 
     def test_by_keys_alone(self):
@@ -56,7 +57,7 @@ class ListsTest(Driven):
         self.keys("Escape", "Down", "Return")  # the keyboard, "Q"
         self.picture("keys-name")
         self.keys(*["Right"] * 9, "Down", "Return")  # "P", "OK"
-        wait_for("the list", lambda: len(self.playlist("Q")) == 10)
+        wait_for("the list", lambda: len(self.playlist()) == 10)
         time.sleep(1.5)
         self.picture("keys-saved")
         self.keys("Escape", "Return")  # the menu and back
@@ -70,12 +71,61 @@ class ListsTest(Driven):
         self.keys("Down", "Return", "Right")  # edit, to the right list
         self.picture("keys-edit")
         self.keys("Return", "Escape", "Return")  # away, the name, "OK" is still marked
-        self.finish("Q")
+        self.finish(range(1, 11))
 
     def open_list(self):
         self.keys("Return", "Down", "Down", "Down", "Return")  # database, playlists
         self.picture("keys-playlists")
         self.keys("Down", "Return")
+
+
+class TouchListsTest(ListsTest):
+    """The same by touch alone, on the smallest panel."""
+
+    size = "640x480"
+    test_by_keys_alone = None
+    # Where things stand at that size: the first row and the pitch of rows in one list and in two, keys, buttons.
+    WIDE, NARROW = (80, 45), (78, 33)
+    SAVE, HOME, PAGE_DOWN, MEDIA, SWAP = (502, 440), (595, 30), (228, 440), (240, 100), (120, 440)
+    KEY_Q, KEY_OK = (32, 250), (607, 314)
+
+    def rows(self, *numbers, left=160, lists=NARROW):
+        self.tap(*((left, lists[0] + number * lists[1]) for number in numbers))
+
+    def new_list_row(self):
+        """Below the database and the rows of this machine's other disks."""
+        with open("/proc/self/mounts", encoding="utf-8", errors="replace") as mounts:
+            places = {line.split()[1] for line in mounts if line.startswith("/dev/")}
+        system = ("/boot", "/etc", "/usr", "/var", "/home", "/tmp", "/opt", "/srv", "/run", "/dev", "/proc", "/sys")
+        others = [p for p in places if os.path.isdir(p) and p != "/" and not p.startswith(system)]
+        return 1 + len(others)
+
+    def test_by_touch_alone(self):
+        self.tap(self.MEDIA)
+        self.rows(self.new_list_row(), lists=self.WIDE)
+        self.rows(0, 1, 1)  # database, artists, the artist
+        self.rows(2, 3, 4, 5, 6, 7, 8)
+        self.tap(self.PAGE_DOWN)
+        self.rows(1, 2, 3)  # the ninth is passed over
+        self.picture("touch-ten")
+        self.tap(self.SAVE, self.KEY_Q)
+        self.picture("touch-name")
+        self.tap(self.KEY_OK)
+        wait_for("the list", lambda: len(self.playlist()) == 10)
+        time.sleep(1.5)
+        self.tap(self.HOME, self.MEDIA)
+        self.rows(0, 3, 1, lists=self.WIDE)  # database, playlists, the list
+        self.picture("touch-list")
+        self.rows(2, lists=self.WIDE)
+        wait_for("the list in the player", lambda: len(self.played()) == 10)
+        wait_for("the player", lambda: self.setting("audio_player", "currenttrack") == "0")
+        self.picture("touch-player")
+        self.tap(self.SWAP)
+        self.rows(1, lists=self.WIDE)  # edit
+        self.rows(0, left=480)
+        self.picture("touch-edit")
+        self.tap(self.SAVE, self.KEY_OK)
+        self.finish([*range(1, 8), 10, 11, 12])
 
 
 if __name__ == "__main__":
