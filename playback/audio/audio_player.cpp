@@ -23,7 +23,7 @@ AudioPlayer::AudioPlayer(Needs needs, ListModel& list, PlayerView& view)
       clockLine_(n_.clock, n_.locale, view_),
       files_({n_.audio, n_.app, n_.winamp, n_.settings, n_.clock, n_.log, view_, rows_, cover_,
               n_.query}),
-      volume_({n_.volume, n_.settings, n_.app, n_.clock, view_}),
+      volume_({n_.volume, n_.settings, n_.app, n_.clock, view_}), lineMute_(n_.volume),
       Timer2(n_.clock.MakeTimer([this] { Timer2_Timer(); })) {}
 
 PlayerSource* AudioPlayer::Source(std::int32_t mode) {
@@ -42,6 +42,7 @@ void AudioPlayer::WithSource(const char* where,
 
 void AudioPlayer::Enter() {
     bInPlayer = false;
+    volume_.Enter();
     n_.screens.CurrentForm = FormName;
     clockLine_.Refresh();
     view_.ShowListTitle(n_.audio.ListTitle);
@@ -54,6 +55,7 @@ void AudioPlayer::Ready() {
     held_.Press(HeldNone);
     TickCount = 0;
     bForceUpdate = true;
+    RefreshLater();
     Timer2->Start(TickMs);
     view_.ShowFrame(true);
     bInPlayer = true;
@@ -63,9 +65,11 @@ void AudioPlayer::ReShow() {
     TrapAndLog(n_.report, "There has been an error in playmp3.ReShow ", [&] {
         const BusyGuard busy(n_.app.ListBusy);
         Enter();
-        volume_.Enter();
-        if (n_.audio.bStartPlaying || n_.audio.ListFile != shownList_)
-            n_.audio.PlayMode == PlayAudio ? LoadPlaylist() : EnterTuner();
+        volume_.SetFirstLevel();
+        if (n_.audio.PlayMode != PlayAudio)
+            EnterTuner();
+        else if (n_.audio.bStartPlaying || n_.audio.ListFile != shownList_)
+            LoadPlaylist();
         SetMediaTypeIcon();
         SetPlayerButton();
         if (n_.audio.PlayMode == PlayAudio && FileLength(n_.audio.ListFile) > 0) ShowShuffle();

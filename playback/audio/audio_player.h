@@ -17,6 +17,7 @@
 #include "playback/audio/cover_art.h"
 #include "playback/audio/file_source.h"
 #include "playback/audio/held_buttons.h"
+#include "playback/audio/line_mute.h"
 #include "playback/audio/player_view.h"
 #include "playback/audio/player_volume.h"
 #include "playback/audio/track_rows.h"
@@ -101,7 +102,12 @@ class AudioPlayer {
     void SwitchToAudio();
     void SwitchToFM();
     void SwitchToXM();
+    /// Powers the FM tuner down, with its line muted meanwhile.
     void TurnOffRadio();
+    /// The mute of a tuner's line, see `LineMute`; `input` is its `audio_input`.
+    void MuteLine(std::int32_t input, bool remember) { lineMute_.MuteLine(input, remember); }
+    void UnMuteLine(std::int32_t input) { lineMute_.UnMuteLine(input); }
+    void RestoreMuteState(std::int32_t input) { lineMute_.RestoreMuteState(input); }
     /// Adds the selected entry of the source to its list of favourites, and says so for a moment.
     /// What is on a disc is not added.
     void AddToFavorites();
@@ -121,6 +127,9 @@ class AudioPlayer {
     void Release();
     /// Brings the window to the front once a second for that many seconds.
     void BringToFront(int seconds) { pendingForeground_ += seconds; }
+    /// Draws list and cover anew 2 seconds from now: what lay over them (a window that closes, a
+    /// picture mode that changes) may go after the screen has been drawn.
+    void RefreshLater() { refreshIn_ = RefreshTicks; }
     /// Tags of rows that a touch has moved onto the page, then the drawing.
     void ListMoved();
 
@@ -130,6 +139,7 @@ class AudioPlayer {
   private:
     struct Key;
     static const Key Keys[];
+    static constexpr int RefreshTicks = 20;
 
     PlayerSource* Source(std::int32_t mode);
     PlayerSource* Source() { return Source(n_.audio.PlayMode); }
@@ -144,7 +154,10 @@ class AudioPlayer {
     void SwitchTo(std::int32_t mode);
     void LeaveSource();
     void EnterTuner();
+    bool StartTuner(PlayerSource& tuner);
+    std::int32_t TunerInput() const;
     void Tick();
+    void ServeRefresh();
     void FirstTick();
     void ServeHeldButton();
     void DoHeld(HeldAction action);
@@ -159,11 +172,13 @@ class AudioPlayer {
     ClockLine clockLine_;
     FileSource files_;
     PlayerVolume volume_;
+    LineMute lineMute_;
     HeldButtons held_;
     std::unique_ptr<Timer> Timer2;
     std::string shownList_; ///< the list file that the rows come from
     int TickCount = 0;      ///< ticks since the last full second, 0 to 10
     int pendingForeground_ = 0;
+    int refreshIn_ = 0; ///< ticks, 0: none is due
     bool bForceUpdate = false;
     bool bInPlayer = false;
     bool ticking_ = false;

@@ -24,7 +24,6 @@ void CoverArt::Hide() {
 
 void CoverArt::ShowCoverArt(const std::string& item) {
     pictures_.clear();
-    logged_.clear();
     CoverIndex = 0;
     if (n_.audio.PlayMode == PlayFM)
         ShowFile(StationPicture(n_.appDir, item));
@@ -54,7 +53,7 @@ void CoverArt::Show(const CoverRequest& request, bool takePictures) {
     });
 }
 
-// A bad picture comes round again every minute.
+// A bad picture comes round again every minute, and with every track of its folder.
 void CoverArt::LogOnce(const std::string& error) {
     if (!logged_.insert(error).second) return;
     n_.log.WriteDebugLog("error in playmp3.ShowCoverArt(), " + error);

@@ -28,7 +28,7 @@ void LineMute::MuteLine(std::int32_t input, bool remember) {
     if (input == MasterInput) volume_.VolumeMute(true);
     const MuteProperty* line = Find(input);
     if (!line) return;
-    if (remember) SavedLineMute = (volume_.*line->read)();
+    if (remember || !SavedLineMute) SavedLineMute = (volume_.*line->read)();
     (volume_.*line->write)(true);
 }
 
@@ -37,7 +37,8 @@ void LineMute::UnMuteLine(std::int32_t input) {
 }
 
 void LineMute::RestoreMuteState(std::int32_t input) {
-    if (const MuteProperty* line = Find(input)) (volume_.*line->write)(SavedLineMute);
+    const MuteProperty* line = Find(input);
+    if (line && SavedLineMute) (volume_.*line->write)(*SavedLineMute);
 }
 
 } // namespace vk

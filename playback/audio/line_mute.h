@@ -4,6 +4,7 @@
 #include "playback/c_volume.h"
 
 #include <cstdint>
+#include <optional>
 
 namespace vk {
 
@@ -13,7 +14,8 @@ class LineMute {
   public:
     explicit LineMute(cVolume& volume) : volume_(volume) {}
 
-    /// Mutes the line; with `remember` its mute of before is kept. The master's never is.
+    /// Mutes the line; with `remember`, and the first time, its mute of before is kept. The
+    /// master's never is.
     void MuteLine(std::int32_t input, bool remember);
     /// Takes the mute off Line, CD or Mic; the master line is left to the user.
     void UnMuteLine(std::int32_t input);
@@ -22,7 +24,7 @@ class LineMute {
 
   private:
     cVolume& volume_;
-    bool SavedLineMute = false;
+    std::optional<bool> SavedLineMute;
 };
 
 } // namespace vk

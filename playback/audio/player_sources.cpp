@@ -61,7 +61,11 @@ void AudioPlayer::LeaveSource() {
 }
 
 void AudioPlayer::TurnOffRadio() {
-    if (n_.fm) n_.fm->Stop();
+    if (!n_.fm) return;
+    const std::int32_t input = n_.settings.values.dlink_audio_input;
+    MuteLine(input, false);
+    n_.fm->Stop();
+    RestoreMuteState(input);
 }
 
 void AudioPlayer::SwitchToAudio() {
@@ -113,12 +117,32 @@ void AudioPlayer::EnterTuner() {
     SetPlayerButton();
     if (n_.audio.PlayMode == PlayXM) view_.ShowLoading(XMWait);
     const BusyGuard busy(n_.app.ListBusy);
-    const bool ready = tuner->Start();
+    if (StartTuner(*tuner)) clockLine_.Refresh();
+}
+
+std::int32_t AudioPlayer::TunerInput() const {
+    const Settings& s = n_.settings.values;
+    return n_.audio.PlayMode == PlayFM ? s.dlink_audio_input : s.xmpcr_audio_input;
+}
+
+// The line is silent until the tuner is on its station. The FM tuner is tuned as its list is
+// loaded; the satellite receiver plays by itself.
+bool AudioPlayer::StartTuner(PlayerSource& tuner) {
+    const bool fm = n_.audio.PlayMode == PlayFM;
+    const std::int32_t input = TunerInput();
+    MuteLine(input, true);
+    const bool ready = tuner.Start();
     view_.ShowLoading("");
-    if (Source() != tuner) return; // left while it started
-    if (!ready) return clockLine_.ShowNotice("The radio is not available.", ProblemMs);
-    LoadPlaylist();
-    clockLine_.Refresh();
+    const bool left = Source() != &tuner;
+    if (left || !ready) {
+        RestoreMuteState(input);
+        if (!left) clockLine_.ShowNotice("The radio is not available.", ProblemMs);
+        return false;
+    }
+    if (fm) LoadPlaylist();
+    UnMuteLine(input);
+    if (!fm) LoadPlaylist();
+    return true;
 }
 
 // Favourites -------------------------------------------------------------------------------------

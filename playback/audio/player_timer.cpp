@@ -36,6 +36,7 @@ void AudioPlayer::Timer2_Timer() {
 
 void AudioPlayer::Tick() {
     if (n_.checkDaylight) n_.checkDaylight();
+    ServeRefresh();
     if (PlayerSource* source = Source()) source->Tick();
     if (TickCount == 1) {
         FirstTick();
@@ -47,6 +48,12 @@ void AudioPlayer::Tick() {
     ++TickCount;
     ServeHeldButton();
     if (rows_.PageHasMoved()) ListMoved();
+}
+
+void AudioPlayer::ServeRefresh() {
+    if (refreshIn_ == 0 || --refreshIn_ > 0) return;
+    view_.ReDrawList();
+    view_.ReDrawCover();
 }
 
 void AudioPlayer::FirstTick() {

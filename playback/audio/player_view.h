@@ -50,6 +50,7 @@ class PlayerView {
     virtual void LoadCover(const CoverRequest& request,
                            std::function<void(const CoverOutcome&)> done) = 0;
     virtual void HideCover() = 0;
+    virtual void ReDrawCover() = 0;
     /// Draws the list anew from its model.
     virtual void ReDrawList() = 0;
     /// `Frame1`, which holds the whole player.

@@ -26,12 +26,14 @@ std::int32_t PlayerVolume::SafeLevel(std::int32_t wanted) const {
 
 void PlayerVolume::Enter() {
     left_ = false;
-    const std::int32_t max = Max();
-    VolumeStep = std::max(1, max / ScaleSteps);
+    VolumeStep = std::max(1, Max() / ScaleSteps);
+}
+
+void PlayerVolume::SetFirstLevel() {
     if (n_.settings.values.UseSplitVolume) {
         const auto wanted = n_.settings.Read("audio_player", "Volume", IniType::Long).Long();
         FollowWave();
-        SetLevel(std::clamp(SafeLevel(wanted), 0, max)); // the file may come from another card
+        SetLevel(std::clamp(SafeLevel(wanted), 0, Max())); // the file may come from another card
     } else if (const auto safe = SafeLevel(Level()); safe != Level()) {
         SetLevel(safe);
     }
@@ -66,7 +68,11 @@ void PlayerVolume::showvol() {
 void PlayerVolume::ShowPercent() {
     const double percent = Max() > 0 ? 100.0 * Level() / Max() : 0;
     n_.app.VolumePercent = static_cast<std::int32_t>(std::lround(percent));
-    n_.view.ShowVolume(Caption + std::to_string(n_.app.VolumePercent) + "%");
+    ShowText(std::to_string(n_.app.VolumePercent) + "%");
+}
+
+void PlayerVolume::ShowText(const std::string& level) {
+    if (shown_) n_.view.ShowVolume(Caption + level);
 }
 
 void PlayerVolume::HideWhenOld(bool held) {
@@ -97,7 +103,7 @@ void PlayerVolume::FadeOut() {
     storedLevel_ = Level();
     Ramp(0);
     n_.volume.VolumeMute(true);
-    n_.view.ShowVolume(std::string(Caption) + "Muted");
+    ShowText("Muted");
     n_.app.bMuted = true;
 }
 
@@ -112,7 +118,8 @@ void PlayerVolume::FadeIn() {
 void PlayerVolume::domute() {
     if (bMuteInProgress || (!n_.app.bMuted && Level() == 0)) return;
     bMuteInProgress = true;
-    showvol();
+    // Not across the title of a list that is still coming.
+    if (n_.app.bMuted || !n_.app.ListBusy) showvol();
     n_.app.bMuted ? FadeIn() : FadeOut();
     bMuteInProgress = false;
 }

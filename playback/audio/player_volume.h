@@ -24,9 +24,11 @@ class PlayerVolume {
     };
     explicit PlayerVolume(Needs needs) : n_(needs) {}
 
-    /// The player is entered: the step is a fiftieth of the scale, and a loud level is cut to the
-    /// safe one, once a run.
+    /// The player is entered: the step is a fiftieth of the scale.
     void Enter();
+    /// The player's own level where it has one (`UseSplitVolume`); a loud level is cut to the safe
+    /// one, once a run.
+    void SetFirstLevel();
     void VolUp();
     void VolDown();
     /// Fades out and mutes, or fades in again, a step each `mutespeed` milliseconds, and returns
@@ -47,6 +49,7 @@ class PlayerVolume {
     bool Locked() const;
     void showvol();
     void ShowPercent();
+    void ShowText(const std::string& level);
     void Ramp(std::int32_t target);
     void FadeOut();
     void FadeIn();

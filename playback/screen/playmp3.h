@@ -66,6 +66,7 @@ class playmp3 : public QWidget, private PlayerView {
     void LoadCover(const CoverRequest& request,
                    std::function<void(const CoverOutcome&)> done) override;
     void HideCover() override;
+    void ReDrawCover() override { imgCoverArt_.update(); }
     void ReDrawList() override { UCListBox_.ReDrawList(); }
     void ShowFrame(bool shown) override { Frame1_.setVisible(shown); }
     void ShowAtFront() override;

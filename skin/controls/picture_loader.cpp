@@ -12,11 +12,13 @@ namespace vk {
 
 namespace {
 
-constexpr std::size_t FileLimit = 32u << 20;    // bytes
-constexpr qint64 PixelLimit = 16'000'000;       // decoded whole: 64 MB
-constexpr qint64 ScaledPixelLimit = 40'000'000; // JPEG, decoded small
-constexpr int ScanLimit = 64;                   // of a JPEG
-constexpr int HonestSingle = 2;                 // its one scan and that of a thumbnail in it
+constexpr std::size_t FileLimit = 32u << 20; // bytes
+constexpr qint64 PixelLimit = 16'000'000;    // decoded whole: 64 MB
+// A JPEG decoded small never stands in memory whole: its coded bytes (32 MB), a few rows of it, and
+// the picture at four times the box at most or at an eighth of its own size: 4 MB.
+constexpr qint64 ScaledPixelLimit = 64'000'000;
+constexpr int ScanLimit = 64;   // of a JPEG
+constexpr int HonestSingle = 2; // its one scan and that of a thumbnail in it
 
 Qt::AspectRatioMode Aspect(PictureFit fit) {
     return fit == PictureFit::Keep ? Qt::KeepAspectRatio : Qt::IgnoreAspectRatio;

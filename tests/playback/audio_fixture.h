@@ -50,6 +50,7 @@ class RecordingView : public PlayerView {
         if (outcome.error.empty()) cover = decoded;
         std::exchange(coverDone, nullptr)(outcome);
     }
+    void ReDrawCover() override { ++coverRedraws; }
     void ReDrawList() override { ++redraws; }
     void ShowFrame(bool shown) override { frame = shown; }
     void ShowAtFront() override { ++shows; }
@@ -58,7 +59,7 @@ class RecordingView : public PlayerView {
     std::vector<std::string> volumes, clocks;
     std::map<PlayerButton, std::string> buttons;
     bool shuffle = false, frame = false;
-    int redraws = 0, shows = 0;
+    int redraws = 0, coverRedraws = 0, shows = 0;
     std::vector<CoverRequest> covers;
     std::function<void(const CoverOutcome&)> coverDone;
     std::function<void()> onLoadCover;

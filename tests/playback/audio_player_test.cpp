@@ -203,4 +203,17 @@ TEST_F(AudioPlayerTest, LogsAFailureAndGoesOn) {
     EXPECT_EQ(view.title, "Song2");
 }
 
+TEST_F(AudioPlayerTest, EnteredFromTheBrowserItHasAVolumeStepAndDrawsOnceMoreAfterTwoSeconds) {
+    Choose(2);
+    player().ReDisplay();
+    player().VolUp();
+    EXPECT_EQ(mixer.Level(MixerLine::Master), 20);
+    clock.Advance(1900);
+    EXPECT_EQ(view.coverRedraws, 0);
+    const int redraws = view.redraws;
+    clock.Advance(3000);
+    EXPECT_EQ(view.coverRedraws, 1);
+    EXPECT_EQ(view.redraws, redraws + 1);
+}
+
 } // namespace vk::test

@@ -13,11 +13,11 @@ using testing::ElementsAre;
 struct FakeTuner : PlayerSource {
     explicit FakeTuner(Favorite f) : favorite(std::move(f)) {}
     bool Start() override {
-        calls.push_back("Start");
+        Record("Start");
         if (onStart) onStart();
         return answers;
     }
-    void LoadPlaylist() override { calls.push_back("LoadPlaylist"); }
+    void LoadPlaylist() override { Record("LoadPlaylist"); }
     void UpdateScreen() override {}
     void runok() override {}
     void MoveAhead() override {}
@@ -31,12 +31,18 @@ struct FakeTuner : PlayerSource {
     void EverySecond() override {}
     void LeaveScreen() override {}
     void Save() override { calls.push_back("Save"); }
-    void Stop() override { calls.push_back("Stop"); }
+    void Stop() override { Record("Stop"); }
     std::string MediaTypeIcon() const override { return "radio.gif"; }
     Favorite SelectedFavorite() override { return favorite; }
 
+    void Record(const std::string& call) {
+        calls.push_back(call);
+        if (line && *line != 0) muted.push_back(call);
+    }
+
     Favorite favorite;
-    std::vector<std::string> calls;
+    std::vector<std::string> calls, muted; ///< all, and those while its line was mute
+    const std::int32_t* line = nullptr;
     std::function<void()> onStart;
     bool answers = true;
 };
@@ -158,6 +164,31 @@ TEST_F(PlayerSourcesTest, AReceiverThatDoesNotAnswerSaysSo) {
     EXPECT_EQ(view.clocks.back(), "The radio is not available.");
     EXPECT_EQ(view.loading, "");
     EXPECT_EQ(xmTuner.calls.back(), "Start");
+}
+
+TEST_F(PlayerSourcesTest, TheLineOfATunerIsMuteWhileItStartsAndStops) {
+    settings.values.dlink_audio_input = 1;
+    settings.values.xmpcr_audio_input = 2;
+    std::int32_t &line = mixer.Mute(MixerLine::Line), &disc = mixer.Mute(MixerLine::CD);
+    line = 1; // the user's own
+    fmTuner.line = &line;
+    xmTuner.line = &disc;
+    Choose(2);
+    player().ReDisplay(); // silences tuners that were never on
+    EXPECT_EQ(line, 1);
+    fmTuner.muted.clear();
+    player().TSRadio2MP3Btn_Click();
+    EXPECT_EQ(line, 0);
+    player().TSRadio2MP3Btn_Click();
+    EXPECT_EQ(line, 1);
+    EXPECT_THAT(fmTuner.muted, ElementsAre("Start", "LoadPlaylist", "Stop"));
+    EXPECT_THAT(xmTuner.muted, ElementsAre("Start"));
+    EXPECT_EQ(disc, 0);
+    xmTuner.answers = false;
+    xmTuner.muted.clear();
+    player().ReShow(); // back from another screen
+    EXPECT_THAT(xmTuner.muted, ElementsAre("Start"));
+    EXPECT_EQ(disc, 0);
 }
 
 TEST_F(PlayerSourcesTest, AddsEachSourcesFavouriteOnce) {

@@ -84,6 +84,15 @@ TEST_F(PlayerVolumeTest, FadesAStepATickWithEventsAmongWhichKeysAreIgnored) {
     EXPECT_TRUE(state.bMuted);
 }
 
+TEST_F(PlayerVolumeTest, AMuteWhileAListIsLoadedLeavesTheTitleAlone) {
+    state.ListBusy = true;
+    volume.domute();
+    EXPECT_TRUE(view.volumes.empty());
+    EXPECT_EQ(muted, 1);
+    volume.domute();
+    EXPECT_EQ(view.volumes.back(), "      Volume : 50%");
+}
+
 TEST_F(PlayerVolumeTest, EndsTheFadeAtOnceWhenTheScreenIsLeft) {
     clock.onEvents = [&] { volume.Leave(); };
     volume.domute();
@@ -113,21 +122,21 @@ TEST_F(PlayerVolumeTest, EntersWithALevelOfItsOwnCutOnceARunWhenItIsLoud) {
     state.SafeVolumeDone = false;
     for (const int expected : {360, 800}) {
         master = 800;
-        volume.Enter();
+        volume.SetFirstLevel();
         EXPECT_EQ(master, expected);
     }
     settings.values.UseSplitVolume = true;
     settings.Write("audio_player", "Volume", "440");
     settings.values.AdjMainVol = false;
     wave = 7;
-    volume.Enter();
+    volume.SetFirstLevel();
     EXPECT_EQ(master, 440);
     EXPECT_EQ(wave, 800); // the level of before
     state.SafeVolumeDone = false;
-    volume.Enter();
+    volume.SetFirstLevel();
     EXPECT_EQ(master, 360);
     settings.Write("audio_player", "Volume", "70000"); // from another card
-    volume.Enter();
+    volume.SetFirstLevel();
     EXPECT_EQ(master, 1000);
 }
 
