@@ -10,6 +10,7 @@ namespace vk {
 namespace {
 
 constexpr double SmallestText = 0.5; ///< how far a label may shrink its text before it is cut
+constexpr double SmallestClock = 0.8;
 
 struct ButtonFace {
     TouchButtonId id;
@@ -193,6 +194,9 @@ void playmp3::Dress() {
     dress(lbPlayListTitle_, skin.headingbarfont, skin.HeadingBarForegroundClr, Qt::AlignLeft);
     dress(Vol_, skin.headingbarfont, skin.HeadingBarForegroundClr, Qt::AlignLeft);
     dress(Label1_, skin.clockfont, skin.ClockForegroundClr, Qt::AlignRight);
+    // It also tells which file becomes a favourite: better cut than too small to be read.
+    Label1_.SetShrink(SmallestClock);
+    Label1_.SetElide(Qt::ElideMiddle);
     dress(artistlabel_, skin.artistfont, skin.ListTitleClr, Qt::AlignHCenter);
     artistlabel_.SetShadow(ShadowFor(ToQColor(skin.ListTitleClr)));
     dress(TrackTimeLabel_, skin.headingbarfont, skin.ListForegroundClr, Qt::AlignLeft);

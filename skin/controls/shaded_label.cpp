@@ -58,6 +58,11 @@ void ShadedLabel::SetShrink(double smallest) {
     update();
 }
 
+void ShadedLabel::SetElide(Qt::TextElideMode mode) {
+    elide_ = mode;
+    update();
+}
+
 int ShadedLabel::Flags() const {
     return static_cast<int>(alignment_) | (wrap_ ? Qt::TextWordWrap : 0);
 }
@@ -71,7 +76,7 @@ QSize ShadedLabel::sizeHint() const {
 QString ShadedLabel::ShownText(const QFont& font, const QRect& box) const {
     const QString text = ToQString(text_);
     if (wrap_ || text.contains(QLatin1Char('\n'))) return text;
-    return QFontMetrics(font).elidedText(text, Qt::ElideRight, box.width());
+    return QFontMetrics(font).elidedText(text, elide_, box.width());
 }
 
 void ShadedLabel::paintEvent(QPaintEvent*) {

@@ -10,7 +10,8 @@
 
 namespace vk {
 
-/// Long texts are cut with an ellipsis, or wrapped. Without a ground the parent shows through.
+/// Long texts are cut at their end with an ellipsis, or wrapped. Without a ground the parent shows
+/// through.
 class ShadedLabel : public QWidget {
   public:
     explicit ShadedLabel(QWidget* parent);
@@ -29,6 +30,8 @@ class ShadedLabel : public QWidget {
     void SetWrap(bool wrap);
     /// Makes the font as small as the label's width and height need, to `smallest` of its size.
     void SetShrink(double smallest);
+    /// Where a long text is cut: in its middle, a path keeps the name of its file.
+    void SetElide(Qt::TextElideMode mode);
     QSize sizeHint() const override;
 
     std::function<void()> onClick; ///< without it touches go to the parent
@@ -47,6 +50,7 @@ class ShadedLabel : public QWidget {
     QColor colour_ = Qt::white;
     QColor shadow_, ground_;
     Qt::Alignment alignment_ = Qt::AlignCenter;
+    Qt::TextElideMode elide_ = Qt::ElideRight;
     double smallest_ = 1;
     int radius_ = 0;
     bool wrap_ = false;

@@ -74,6 +74,20 @@ TEST_F(ControlsTest, BrokenHugeAndStrangePicturesLeaveTheBoxEmpty) {
     }
 }
 
+TEST_F(ControlsTest, ALabelCutInItsMiddleKeepsTheNameOfAFile) {
+    ShadedLabel label(&host);
+    label.resize(200, 30);
+    label.SetLook({"DejaVu Sans", false, false, 14}, White, skin.data());
+    const std::string folder = "ADDING: /media/disc/Music/Somebody/An Album/";
+    for (const bool middle : {false, true}) {
+        if (middle) label.SetElide(Qt::ElideMiddle);
+        label.SetText(folder + "One.mp3");
+        const QImage one = Drawn(label);
+        label.SetText(folder + "Two.mp3");
+        EXPECT_EQ(Drawn(label) != one, middle);
+    }
+}
+
 struct ScrollTextTest : ControlsTest {
     ScrollTextTest() {
         line.setGeometry(0, 0, 300, 60);
