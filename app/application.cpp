@@ -27,11 +27,12 @@ Application::Application(const std::string& appDir)
     report_.unloadAll = [this] { Quit(false); };
     background_.hide(); // until the start reaches it: messages may come before
     dialogs_.SetSkin(&skin_);
-    host_.onKey = [this](const std::string& code) { return Key(code); };
+    host_.onKey = [this](const std::string& code) { return !ending_ && input_.Key(code); };
     host_.onClose = [this] { Quit(false); };
     remote_.IRCommand = [this](const std::string& code) {
-        if (IRCommand && !ending_) IRCommand(code);
+        if (!ending_) input_.IRCommand(code);
     };
+    remote_.dialogOpen = [this] { return dialogs_.Active(); };
 }
 
 Application::~Application() {
@@ -81,11 +82,6 @@ void Application::LogSoundCard(bool present) {
         Qt::QueuedConnection);
 }
 
-bool Application::Key(const std::string& code) {
-    const ScreenOperations* screen = ending_ ? nullptr : screens_.Current();
-    return screen && screen->Form_KeyDown(code);
-}
-
 ScreenLoader Application::MakeLoader() {
     ScreenLoader loader;
     loader.velkorandum = [this] {
@@ -118,6 +114,29 @@ void Application::LoadSettingsScreen() {
     settingsScreen_ = new settings(controls_, ShellNeeds(), &host_);
     settingsScreen_->shell().FirstRunDue = !state_.Setup;
     screens_.Add("settings", *settingsScreen_);
+    LoadSettingsPages();
+}
+
+void Application::LoadSettingsPages() {
+    keyboardPage_ = std::make_unique<settingsKeyboard>(
+        LearningPage::Needs{controls_, screens_, keys_, "settingsKeyboard"},
+        KeyboardLearning::Needs{settings_, report_, keys_}, &host_);
+    remotePage_ = std::make_unique<settingsRemote>(
+        LearningPage::Needs{controls_, screens_, keys_, "settingsRemote"}, LearningNeeds(), &host_);
+    screens_.Add("settingsKeyboard", *keyboardPage_);
+    screens_.Add("settingsRemote", *remotePage_);
+}
+
+RemoteLearning::Needs Application::LearningNeeds() {
+    return {.settings = settings_,
+            .report = report_,
+            .dialogs = dialogs_,
+            .clock = clock_,
+            .beeper = beeper_,
+            .codes = remoteKeys_,
+            .initRemote = [this] { return remote_.InitRemote(); },
+            .collect = [this](bool on) { remote_.learn = on ? "learn" : ""; },
+            .setInterval = [this](float seconds) { remote_.learnInterval = seconds; }};
 }
 
 // It may still be on the stack, so it goes from the event loop.
@@ -127,6 +146,11 @@ void Application::UnloadSettingsScreen() {
     settingsScreen_->Hide();
     settingsScreen_->deleteLater();
     settingsScreen_ = nullptr;
+    // No page is on the stack: the settings go only while neither they nor a page are in front.
+    screens_.Remove("settingsKeyboard");
+    screens_.Remove("settingsRemote");
+    keyboardPage_.reset();
+    remotePage_.reset();
 }
 
 void Application::UnloadScreens() {
@@ -211,7 +235,8 @@ MainMenu::Needs Application::MenuNeeds() {
             .loadGPS = [this] { start_.LoadGPS(); },
             .exitApplication = [this] { Quit(false); },
             .powerAction = {},
-            .setDimmer = {}};
+            .setDimmer = {},
+            .clearRemote = [this] { remote_.ClearBuff(); }};
 }
 
 BrowserNeeds Application::BrowserScreenNeeds() {
@@ -265,6 +290,7 @@ SettingsShell::Needs Application::ShellNeeds() {
             .loading = background_,
             .skin = skin_,
             .keys = keys_,
+            .remoteKeys = remoteKeys_,
             .start = start_,
             .catalogue = updates_,
             .exitApplication = [this] { Quit(false); }};

@@ -9,6 +9,7 @@
 #include "core/screens.h"
 #include "core/settings.h"
 #include "core/startup/astart.h"
+#include "input/input_router.h"
 #include "input/key_map.h"
 #include "input/remote/remote.h"
 #include "library/browser_state.h"
@@ -16,6 +17,7 @@
 #include "library/media_tags.h"
 #include "library/screen/playlists.h"
 #include "library/tag_reader.h"
+#include "platform/any/qt_beeper.h"
 #include "platform/any/qt_clock.h"
 #include "platform/any/qt_fonts.h"
 #include "platform/any/qt_locale.h"
@@ -29,6 +31,8 @@
 #include "playback/c_volume.h"
 #include "playback/screen/playmp3.h"
 #include "playback/video_state.h"
+#include "settings/screen/keyboard_page.h"
+#include "settings/screen/remote_page.h"
 #include "settings/screen/settings_screen.h"
 #include "skin/controls/black_background.h"
 #include "skin/controls/picture_cache.h"
@@ -53,9 +57,6 @@ class Application {
     /// Ends the event loop in good order; `osShutdown` when the operating system wants it.
     void Quit(bool osShutdown);
 
-    /// Carries out a code of the remote.
-    std::function<void(const std::string& code)> IRCommand;
-
   private:
     ScreenLoader MakeLoader();
     Remote::Needs RemoteNeeds();
@@ -69,18 +70,20 @@ class Application {
     void ReferenceServer(const std::string& program);
     std::vector<CatalogueRow> Query(const std::string& sql);
     void LoadSettingsScreen();
+    void LoadSettingsPages();
+    RemoteLearning::Needs LearningNeeds();
     void UnloadSettingsScreen();
     void UnloadScreens();
     /// The one object for the sound card, made by the first screen that needs it.
     cVolume& Volume();
     void LogSoundCard(bool present);
-    bool Key(const std::string& code);
 
     // Ports.
     QtClock clock_;
     QtUiThread uiThread_;
     QtLocaleInfo locale_;
     QtFonts fonts_;
+    QtBeeper beeper_;
     LinuxVolumes volumes_;
     LinuxProcesses processes_;
     FileRegistry registry_{UserRegistryFile()};
@@ -102,6 +105,8 @@ class Application {
     KeyMap keys_;
     RemoteMap remoteKeys_;
     Remote remote_{RemoteNeeds()};
+    InputRouter input_{{screens_, clock_, keys_, remoteKeys_,
+                        [this](const InputCode& code) { return dialogs_.DoAction(code); }}};
     AudioState audio_;
     BrowserState browser_;
     VideoState video_;
@@ -125,6 +130,8 @@ class Application {
     std::unique_ptr<playlists> browserScreen_;
     std::unique_ptr<playmp3> playerScreen_;
     QPointer<settings> settingsScreen_;
+    std::unique_ptr<settingsKeyboard> keyboardPage_;
+    std::unique_ptr<settingsRemote> remotePage_;
     bool ending_ = false;
 };
 

@@ -10,9 +10,11 @@
 
 namespace vk {
 
+class InputCode;
+
 /// What every screen offers.
 template<class T>
-concept Screen = requires(T screen, const std::string& keyCode) {
+concept Screen = requires(T screen, const std::string& keyCode, const InputCode& code) {
     screen.runok();
     screen.MoveUp();
     screen.MoveDown();
@@ -26,14 +28,17 @@ concept Screen = requires(T screen, const std::string& keyCode) {
     screen.switchingform();
     screen.Hide();
     { screen.Form_KeyDown(keyCode) } -> std::convertible_to<bool>;
+    { screen.DoAction(code) } -> std::convertible_to<bool>;
 };
 
 /// The operations of one screen. `Form_KeyDown` takes the decimal text of a Windows virtual-key
-/// code, with "%" in front while Alt is held, and tells whether the key was used.
+/// code, with "%" in front while Alt is held, and tells whether the key was used; `DoAction` takes
+/// what a map gives a meaning, as the remote's.
 struct ScreenOperations {
     std::function<void()> runok, MoveUp, MoveDown, MoveBack, MoveAhead, VolUp, VolDown, doquit,
         ReShow, DoLayout, switchingform, Hide;
     std::function<bool(const std::string&)> Form_KeyDown;
+    std::function<bool(const InputCode&)> DoAction;
     /// Offered by players alone, empty on other screens: enters with what the browser has set or
     /// left as it was; pauses or goes on.
     std::function<void()> ReDisplay, DoPause;
@@ -61,6 +66,7 @@ class Screens {
             [&screen] { screen.switchingform(); },
             [&screen] { screen.Hide(); },
             [&screen](const std::string& code) { return screen.Form_KeyDown(code); },
+            [&screen](const InputCode& code) { return screen.DoAction(code); },
             {},
             {}};
         if constexpr (requires { screen.ReDisplay(); })

@@ -29,8 +29,13 @@ void SettingsShell::ReShow() {
             view_.EnableLeaving(true, true);
         if (n_.screens.CurrentForm != "settings") return;
         n_.settings.LoadSettings();
+        ReadRemoteKeys();
         view_.ShowShell();
     });
+}
+
+void SettingsShell::ReadRemoteKeys() {
+    n_.remoteKeys = ReadRemoteMap(n_.settings.ini(), n_.settings.File("keys.ini"));
 }
 
 void SettingsShell::FirstRun() {
@@ -87,6 +92,7 @@ void SettingsShell::DoneButton_Click() {
         n_.settings.LoadSettings();
         ChooseSkin();
         n_.keys = ReadKeyMap(n_.settings.ini(), n_.settings.File("kb.ini"));
+        ReadRemoteKeys();
         n_.skin.LoadSkin();
         if (cWinamp* winamp = n_.start.Winamp()) winamp->WinAMP_GetStatus();
         n_.window.ForceForegroundWindow();

@@ -8,6 +8,7 @@
 #include "core/startup/astart.h"
 #include "core/startup/loading_screen.h"
 #include "input/key_map.h"
+#include "input/remote_map.h"
 #include "library/catalogue/updates.h"
 #include "platform/clock.h"
 #include "platform/dialogs.h"
@@ -49,6 +50,7 @@ class SettingsShell {
         LoadingScreen& loading;
         SkinStore& skin;
         KeyMap& keys;
+        RemoteMap& remoteKeys;
         astart& start;
         CatalogueUpdates& catalogue;
         std::function<void()> exitApplication; ///< ends the process, nothing more is asked
@@ -65,6 +67,8 @@ class SettingsShell {
     void bDeleteDB_Click();
     /// Turns the updates at each start off or on again.
     void chkDBManualUpdate_Click();
+    /// Opens a page of its own, by its name as a screen.
+    void ShowPage(const char* name) { n_.screens.Show(name); }
     void DoneButton_Click();
     void bExitApp_Click();
 
@@ -80,6 +84,7 @@ class SettingsShell {
   private:
     void FirstRun();
     void ChooseSkin();
+    void ReadRemoteKeys();
     bool RefusedWhileBusy();
     void AskForUpdate();
 

@@ -18,6 +18,10 @@ constexpr int ClockTicks = 59; // the text is rewritten when the counter stands 
 MainMenu::MainMenu(Needs needs, MenuView& view) : n_(std::move(needs)), view_(view) {
     timer1_ = n_.clock.MakeTimer([this] { Timer1_Timer(); });
     tmrSettingsReload_ = n_.clock.MakeTimer([this] { tmrSettingsReload_Timer(); });
+    activation_ = n_.clock.MakeTimer([this] {
+        activation_->Stop();
+        FirstActivation();
+    });
 }
 
 const MenuIconData* MainMenu::Selected() const {
@@ -32,6 +36,7 @@ void MainMenu::ReShow() {
         n_.window.ForceForegroundWindow();
         n_.state.DecimalSymbol = n_.locale.DecimalSymbol();
         LoadSelections();
+        if (n_.clearRemote) n_.clearRemote();
         Update(CurrentSelection, false);
         timer1_->Start(ClockIntervalMs);
         ApplySafeVolume();
@@ -44,7 +49,9 @@ void MainMenu::ReShow() {
             settingsTicks_ = 0;
             tmrSettingsReload_->Start(ClockIntervalMs);
         }
-        if (!std::exchange(activated_, true)) FirstActivation();
+        // After the command that led here: it may wait long for the catalogue, and keys that come
+        // while a command runs are dropped.
+        if (!std::exchange(activated_, true)) activation_->Start(1);
     });
 }
 
@@ -148,41 +155,6 @@ void MainMenu::Image1_Click() {
     });
 }
 
-bool MainMenu::Form_KeyDown(const std::string& code) {
-    const KeyMap& keys = n_.keys;
-    const auto is = [&](const std::string& mapped, std::string_view fixed = {}) {
-        return IsKey(code, mapped, fixed);
-    };
-    const auto run = [&](auto operation) {
-        Trap(n_.report, "An error occured in velkorandum.Form_KeyDown ", operation);
-        return true;
-    };
-    if (code == "%115") return run([&] { Image1_Click(); });
-    if (is(keys.gps)) return run([&] { n_.loadGPS(); });
-    if (is(keys.ok, "13")) return run([&] { runok(); });
-    if (is(keys.up, "38"))
-        return run([&] {
-            if (LastStartSelection == 1) LastStartSelection = 6;
-            MoveUp();
-        });
-    if (is(keys.down, "40"))
-        return run([&] {
-            if (LastStartSelection == 5) LastStartSelection = 0;
-            MoveDown();
-        });
-    if (is(keys.kbSWMP)) return run([&] { ClockBar_Click(); });
-    if (is(keys.back, "37")) return run([&] { MoveLeft(); });
-    if (is(keys.forward, "39")) return run([&] { MoveRight(); });
-    if (is(keys.quit, "27"))
-        return run([&] {
-            n_.window.ShowCursor(true);
-            n_.settings.values.hidemouse = false;
-            n_.settings.Write("main", "hidemouse", "false");
-        });
-    if (is(keys.power)) return run([&] { Exit(); });
-    return false;
-}
-
 std::string MainMenu::ClockText() const {
     const DateTime now = n_.clock.Now();
     return n_.locale.LongDate(now) + " " + n_.locale.ShortTime(now);
@@ -256,7 +228,7 @@ void MainMenu::tmrSettingsReload_Timer() {
 }
 
 void MainMenu::ResetSettingsForm() {
-    if (n_.screens.CurrentForm != "settings") n_.unloadSettings();
+    if (!n_.screens.CurrentForm.starts_with("settings")) n_.unloadSettings();
 }
 
 } // namespace vk

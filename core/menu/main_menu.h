@@ -52,6 +52,7 @@ class MainMenu {
         /// Parts that may be missing.
         std::function<void()> powerAction;
         std::function<void(bool)> setDimmer;
+        std::function<void()> clearRemote = {}; ///< drops codes that were not yet carried out
     };
 
     MainMenu(Needs needs, MenuView& view);
@@ -69,6 +70,8 @@ class MainMenu {
     void MoveRight();
     void switchingform();
     bool Form_KeyDown(const std::string& code);
+    /// Runs the operation of what a key or the remote stands for; false when there is none.
+    bool DoAction(const InputCode& code);
     /// A touched icon: selects and starts it.
     void menuicon_Click(int index);
     /// The quit button.
@@ -80,7 +83,7 @@ class MainMenu {
     void PressedAt(int x, int y);
     /// Stops the clock for good; called when the screen goes.
     void Stop() { timer1_->Stop(); }
-    /// Removes the settings screen unless it is in front.
+    /// Removes the settings screen unless it, or a page of it, is in front.
     void ResetSettingsForm();
 
     const std::vector<MenuIconData>& Icons() const { return icons_; }
@@ -91,6 +94,7 @@ class MainMenu {
   private:
     struct Function;
     static const Function Functions[];
+    static const ActionRow<MainMenu> Rows[];
 
     const MenuIconData* Selected() const;
     void Move(int MenuIconData::*neighbour);
@@ -101,6 +105,11 @@ class MainMenu {
     void StartRadio();
     void StartGPS();
     void Exit();
+    void Start() { runok(); }
+    void KeyUp();
+    void KeyDown();
+    void ShowPointer();
+    void LoadGPS() { n_.loadGPS(); }
     void OpenBrowser(std::int16_t mode);
     bool DiscMatches(std::int32_t serial) const;
     bool Leave(const char* screen);
@@ -117,6 +126,7 @@ class MainMenu {
     MenuView& view_;
     std::unique_ptr<Timer> timer1_;
     std::unique_ptr<Timer> tmrSettingsReload_;
+    std::unique_ptr<Timer> activation_;
     std::vector<MenuIconData> icons_;
     int clockTicks_ = 0;
     int settingsTicks_ = 0;

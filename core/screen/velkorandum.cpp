@@ -5,7 +5,6 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QTimer>
-#include <QWheelEvent>
 
 #include <algorithm>
 #include <utility>
@@ -14,9 +13,8 @@ namespace vk {
 
 namespace {
 
-constexpr int BarShare = 20;    // the clock bar's height is the screen's divided by this
-constexpr int ButtonShare = 9;  // and a bar button's width likewise
-constexpr int WheelNotch = 120; // eighths of a degree
+constexpr int BarShare = 20;   // the clock bar's height is the screen's divided by this
+constexpr int ButtonShare = 9; // and a bar button's width likewise
 constexpr int PlateRadius = 14;
 
 } // namespace
@@ -168,12 +166,7 @@ void velkorandum::mousePressEvent(QMouseEvent* event) {
 }
 
 void velkorandum::wheelEvent(QWheelEvent* event) {
-    wheelRest_ += event->angleDelta().y();
-    for (; wheelRest_ >= WheelNotch; wheelRest_ -= WheelNotch)
-        menu_.MoveUp();
-    for (; wheelRest_ <= -WheelNotch; wheelRest_ += WheelNotch)
-        menu_.MoveDown();
-    event->accept();
+    wheel_.Turn(*event, [this](int tick) { tick > 0 ? menu_.MoveUp() : menu_.MoveDown(); });
 }
 
 } // namespace vk

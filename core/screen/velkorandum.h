@@ -6,6 +6,7 @@
 #include "skin/controls/menu_icon.h"
 #include "skin/controls/shaded_label.h"
 #include "skin/controls/touch_button.h"
+#include "skin/controls/wheel_ticks.h"
 
 #include <QPixmap>
 #include <QWidget>
@@ -35,6 +36,7 @@ class velkorandum : public QWidget, public MenuView {
     void switchingform() { menu_.switchingform(); }
     void Hide();
     bool Form_KeyDown(const std::string& code) { return menu_.Form_KeyDown(code); }
+    bool DoAction(const InputCode& code) { return menu_.DoAction(code); }
 
     /// Called once, after the menu has been painted for the first time with its icons.
     std::function<void()> onFirstPaint;
@@ -70,7 +72,7 @@ class velkorandum : public QWidget, public MenuView {
     std::vector<std::unique_ptr<MenuIcon>> icons_;
     QPixmap background_, loading_;
     int iconGeneration_ = -1;
-    int wheelRest_ = 0;
+    WheelTicks wheel_;
     bool canDim_ = false;
 };
 

@@ -31,7 +31,6 @@ void astart::FinishExecution() {
         n_.loading.SetProgressToMax();
         n_.clock.DoEvents();
         n_.loading.ClearScreen();
-        if (n_.settings.values.hidemouse) n_.window.ShowCursor(false);
         n_.screens.Show("velkorandum");
     });
 }

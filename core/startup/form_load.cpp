@@ -186,6 +186,7 @@ void astart::GetResolutions() {
 }
 
 void astart::ShowLoadingScreen() {
+    if (n_.settings.values.hidemouse) n_.window.ShowCursor(false);
     n_.loading.Load();
     n_.window.ForceForegroundWindow();
     BootStepCount = 0;

@@ -77,7 +77,8 @@ std::unique_ptr<RemoteReceiver> Remote::MakeUuirt() {
 }
 
 void Remote::Received(const std::string& code) {
-    if (!PassesFilter(code) || !n_.settings.values.remoteStatus || busy_) return;
+    const bool dropped = busy_ && !(dialogOpen && dialogOpen());
+    if (!PassesFilter(code) || !n_.settings.values.remoteStatus || dropped) return;
     RunCommand(code);
     ClearBuff();
 }
@@ -97,9 +98,9 @@ bool Remote::PassesFilter(const std::string& code) {
 void Remote::RunCommand(const std::string& code) {
     const auto command = IRCommand;
     if (!command) return;
-    busy_ = true;
+    const bool before = std::exchange(busy_, true);
     TrapAndLog(n_.report, "An error occured in astart.IRCommand ", [&] { command(code); });
-    busy_ = false;
+    busy_ = before;
 }
 
 std::string Remote::LearnText() const {

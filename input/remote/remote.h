@@ -58,6 +58,8 @@ class Remote {
     /// Gets each code that is to be carried out. While it runs further codes are dropped. Its
     /// exceptions are logged.
     std::function<void(const std::string& code)> IRCommand;
+    /// True while a dialog waits for an answer: codes are carried out then, even within a command.
+    std::function<bool()> dialogOpen;
 
     /// Not empty while the settings page collects codes: they come unfiltered then.
     std::string learn;

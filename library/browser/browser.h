@@ -74,6 +74,8 @@ class Browser {
     /// Acts on a key, a decimal virtual-key code; true when it was used. Keys of the player go to
     /// it.
     bool Form_KeyDown(const std::string& code);
+    /// The same for what any map gives a meaning.
+    bool DoAction(const InputCode& code);
 
     /// Play or pause of the player (`Image6`).
     void PlayPause();
@@ -113,9 +115,6 @@ class Browser {
     using Handler = void (Browser::*)(const RowDescriptor&);
     using TextHandler = void (Browser::*)(const std::string& text);
 
-    struct Key;
-    static const Key Keys[];
-
     // browser.cpp
     void Run(const std::string& name, const std::function<void()>& operation);
     void EnterMode();
@@ -127,8 +126,6 @@ class Browser {
     void ShowState();
     void TickNotice();
     void CloseLoading();
-    // browser_keys.cpp
-    bool DoKey(const std::string& code, bool forKeyboard);
     // keyboard.cpp
     void ShowOSK(const std::string& caption, const std::string& value,
                  KeyboardPurposeValue purpose);

@@ -1,59 +1,47 @@
-// The keys of the browser.
+// The keys of the browser, and the remote's.
 #include "library/browser/browser.h"
 
+#include <algorithm>
 #include <array>
+#include <span>
 
 namespace vk {
 
-struct Browser::Key {
-    std::string KeyMap::*mapped;
-    const char* fixed; ///< the code that works even with a bad map, "" for none
-    void (Browser::*operation)();
-    bool forKeyboard = false; ///< goes before the letters while the drawn keyboard is shown
+namespace {
+
+constexpr std::size_t KeyboardRows = 6; // the first rows, which the drawn keyboard understands
+
+constexpr ActionRow<Browser> Rows[] = {
+    {Action::ok, &Browser::runok},          {Action::quit, &Browser::doquit},
+    {Action::forward, &Browser::MoveAhead}, {Action::back, &Browser::MoveBack},
+    {Action::up, &Browser::MoveUp},         {Action::down, &Browser::MoveDown},
+    {Action::vup, &Browser::VolUp},         {Action::Vdown, &Browser::VolDown},
+    {Action::SWMP, &Browser::Swap},         {Action::pageup, &Browser::PgUp},
+    {Action::pagedown, &Browser::PgDn},     {Action::Search, &Browser::JumpToSearch},
+    {Action::gps, &Browser::ShowGPS},       {Action::MP3toRadio, &Browser::ShowRadio},
 };
 
-const Browser::Key Browser::Keys[] = {
-    {&KeyMap::ok, "13", &Browser::runok, true},
-    {&KeyMap::quit, "27", &Browser::doquit, true},
-    {&KeyMap::vup, "", &Browser::VolUp},
-    {&KeyMap::Vdown, "", &Browser::VolDown},
-    {&KeyMap::forward, "39", &Browser::MoveAhead, true},
-    {&KeyMap::back, "37", &Browser::MoveBack, true},
-    {&KeyMap::up, "38", &Browser::MoveUp, true},
-    {&KeyMap::down, "40", &Browser::MoveDown, true},
-    {&KeyMap::kbSWMP, "", &Browser::Swap},
-    {&KeyMap::kbpageup, "", &Browser::PgUp},
-    {&KeyMap::kbpagedown, "", &Browser::PgDn},
-    {&KeyMap::kbSearch, "", &Browser::JumpToSearch},
-    {&KeyMap::gps, "", &Browser::ShowGPS},
-    {&KeyMap::MP3toRadio, "", &Browser::ShowRadio},
-};
+// What the player does with these it does out of sight, too.
+constexpr std::array PlayerActions = {Action::mute, Action::shuffle, Action::play,  Action::pause,
+                                      Action::FF,   Action::REW,     Action::addfav};
 
-// What the player does with a key it does out of sight, too.
-static constexpr std::array PlayerKeys = {&KeyMap::mute,  &KeyMap::shuffle, &KeyMap::play,
-                                          &KeyMap::pause, &KeyMap::FF,      &KeyMap::REW,
-                                          &KeyMap::addfav};
+} // namespace
 
-// A fixed code counts only after all mapped ones, so that a map may give it another meaning.
-bool Browser::DoKey(const std::string& code, bool forKeyboard) {
-    for (const bool fixed : {false, true})
-        for (const Key& key : Keys) {
-            if (forKeyboard && !key.forKeyboard) continue;
-            if (!(fixed ? code == key.fixed : IsKey(code, needs_.keys.*key.mapped))) continue;
-            (this->*key.operation)();
-            return true;
-        }
-    return false;
+// On the drawn keyboard a key that types a letter types it, whatever else it is mapped to.
+bool Browser::Form_KeyDown(const std::string& code) {
+    const InputCode key(code, needs_.keys);
+    const auto onKeyboard = std::span(Rows).first(KeyboardRows);
+    if (KeyboardShown && (RunAction(*this, onKeyboard, key) || keyboard_.KeyDown(code)))
+        return true;
+    return DoAction(key);
 }
 
-bool Browser::Form_KeyDown(const std::string& code) {
-    if (code.empty()) return false;
-    if (KeyboardShown && (DoKey(code, true) || keyboard_.KeyDown(code))) return true;
-    if (DoKey(code, false)) return true;
+bool Browser::DoAction(const InputCode& code) {
+    if (RunAction(*this, Rows, code)) return true;
     const auto* player = needs_.screens.Find("playmp3");
-    for (const auto key : PlayerKeys)
-        if (player && IsKey(code, needs_.keys.*key)) return player->Form_KeyDown(code);
-    return false;
+    return player &&
+           std::ranges::any_of(PlayerActions, [&](Action action) { return code.Mapped(action); }) &&
+           player->DoAction(code);
 }
 
 } // namespace vk

@@ -5,9 +5,6 @@
 #include "skin/controls/looks.h"
 
 #include <QPainter>
-#include <QWheelEvent>
-
-#include <cstdlib>
 
 namespace vk {
 
@@ -17,7 +14,6 @@ constexpr int VolumeRepeatMs = 100;
 constexpr double HalfWidthFont = 0.75;
 constexpr int SlideSteps = 6;
 constexpr int SlideStepMs = 10;
-constexpr int WheelTick = 120; // eighths of a degree
 
 // A bar or frame over the background, in the colour of the skin's bars.
 void SetBarColour(QWidget& bar, const SkinData& skin) {
@@ -261,12 +257,7 @@ void playlists::ShowAtFront() {
 }
 
 void playlists::wheelEvent(QWheelEvent* event) {
-    wheelRest_ += event->angleDelta().y();
-    const int ticks = wheelRest_ / WheelTick;
-    wheelRest_ %= WheelTick;
-    for (int tick = 0; tick < std::abs(ticks); ++tick)
-        browser_.MouseWheel(ticks);
-    event->accept();
+    wheel_.Turn(*event, [this](int tick) { browser_.MouseWheel(tick); });
 }
 
 void playlists::paintEvent(QPaintEvent*) {

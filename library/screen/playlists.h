@@ -7,6 +7,7 @@
 #include "skin/controls/touch_button.h"
 #include "skin/controls/uc_list_box.h"
 #include "skin/controls/uc_osk.h"
+#include "skin/controls/wheel_ticks.h"
 
 #include <QWidget>
 
@@ -42,6 +43,7 @@ class playlists : public QWidget, private BrowserView {
     /// The screen goes; `osShutdown` when the operating system closes it.
     void Form_Unload(bool osShutdown) { browser_.Form_Unload(osShutdown); }
     bool Form_KeyDown(const std::string& code) { return browser_.Form_KeyDown(code); }
+    bool DoAction(const InputCode& code) { return browser_.DoAction(code); }
 
   protected:
     void paintEvent(QPaintEvent* event) override;
@@ -103,7 +105,7 @@ class playlists : public QWidget, private BrowserView {
     Browser browser_;
     std::unique_ptr<Timer> volumeTimer_; ///< repeats a held volume button
     void (Browser::*heldVolume_)() = nullptr;
-    int wheelRest_ = 0; ///< eighths of a degree not yet worth a tick
+    WheelTicks wheel_;
 };
 
 } // namespace vk

@@ -54,7 +54,6 @@ class AudioPlayer {
         std::function<std::string(const std::string& channel)> xmLogo = {};
         std::function<void()> checkDaylight = {}; ///< every tick: day or night skin
         std::function<void()> loadGPS = {};
-        std::function<void()> powerAction = {};
     };
     /// `list` and `view` are the screen's and outlive this object.
     AudioPlayer(Needs needs, ListModel& list, PlayerView& view);
@@ -117,6 +116,10 @@ class AudioPlayer {
     void TSAddFavBtn_Click();
     /// Acts on a key, a decimal virtual-key code; true when it was used.
     bool Form_KeyDown(const std::string& code);
+    /// The same for what any map gives a meaning.
+    bool DoAction(const InputCode& code);
+    /// Shows the GPS screen where there is one.
+    void LoadGPS();
     /// The wheel: positive is up.
     void Wheel(int delta);
     /// A touch of the time label: the time gone or the time left.
@@ -137,8 +140,6 @@ class AudioPlayer {
     void Timer2_Timer();
 
   private:
-    struct Key;
-    static const Key Keys[];
     static constexpr int RefreshTicks = 20;
 
     PlayerSource* Source(std::int32_t mode);

@@ -3,7 +3,6 @@
 #include "skin/controls/looks.h"
 
 #include <QPainter>
-#include <QWheelEvent>
 
 namespace vk {
 
@@ -153,8 +152,7 @@ void playmp3::ShowUpperBar(bool open) {
 }
 
 void playmp3::wheelEvent(QWheelEvent* event) {
-    player_.Wheel(event->angleDelta().y());
-    event->accept();
+    wheel_.Turn(*event, [this](int tick) { player_.Wheel(tick); });
 }
 
 // Layout and look --------------------------------------------------------------------------------

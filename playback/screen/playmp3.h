@@ -9,6 +9,7 @@
 #include "skin/controls/touch_button.h"
 #include "skin/controls/uc_list_box.h"
 #include "skin/controls/uc_scroll_text.h"
+#include "skin/controls/wheel_ticks.h"
 #include "skin/list_model.h"
 
 #include <QLabel>
@@ -40,6 +41,7 @@ class playmp3 : public QWidget, private PlayerView {
     void switchingform() { player_.switchingform(); }
     void Hide() { hide(); }
     bool Form_KeyDown(const std::string& code) { return player_.Form_KeyDown(code); }
+    bool DoAction(const InputCode& code) { return player_.DoAction(code); }
     /// Places every control for the configured size, and takes colours, fonts and pictures from
     /// the skin in use.
     void DoLayout();
@@ -98,6 +100,7 @@ class playmp3 : public QWidget, private PlayerView {
     std::string mediaType_;
     bool upperOpen_ = false;
     CoverLoader covers_;
+    WheelTicks wheel_;
     AudioPlayer player_;
 };
 

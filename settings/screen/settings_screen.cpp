@@ -1,5 +1,6 @@
 #include "settings/screen/settings_screen.h"
 
+#include "settings/screen/row_look.h"
 #include "skin/controls/looks.h"
 
 #include <QPainter>
@@ -10,14 +11,18 @@ namespace vk {
 
 namespace {
 
-enum RowIndex { MediaRow, PlaylistRow, UpdateRow, DeleteRow, ManualRow, DoneRow, ExitRow };
+enum RowIndex {
+    MediaRow,
+    PlaylistRow,
+    UpdateRow,
+    DeleteRow,
+    ManualRow,
+    KeyboardRow,
+    RemoteRow,
+    DoneRow,
+    ExitRow
+};
 constexpr int RefreshMs = 1000;
-constexpr int RowRadius = 12;
-
-// Until a skin is loaded its colours are all black.
-SkinColour OrElse(SkinColour colour, std::int32_t other) {
-    return colour.value == 0 ? SkinColour{other} : colour;
-}
 
 } // namespace
 
@@ -29,6 +34,8 @@ settings::settings(const ControlContext& context, SettingsShell::Needs needs, QW
     AddRow("Update database", [this] { shell_.bDBForceUpdate_Click(); });
     AddRow("Delete database", [this] { shell_.bDeleteDB_Click(); });
     AddRow("Manual Database Refresh Only", [this] { shell_.chkDBManualUpdate_Click(); });
+    AddRow("Keyboard", [this] { shell_.ShowPage("settingsKeyboard"); });
+    AddRow("Remote", [this] { shell_.ShowPage("settingsRemote"); });
     AddRow("Done", [this] { shell_.DoneButton_Click(); });
     AddRow("Exit App", [this] { shell_.bExitApp_Click(); });
     timer1_ = context_.clock.MakeTimer([this] { ShowTexts(); });
@@ -103,7 +110,7 @@ void settings::ShowTexts() {
                                                         : rows_[UpdateRow].caption);
     rows_[ManualRow].label->SetText(rows_[ManualRow].caption + "\n" +
                                     (shell_.Values().manualdb ? "on" : "off"));
-    for (const int row : {DeleteRow, DoneRow, ExitRow})
+    for (const int row : {DeleteRow, KeyboardRow, RemoteRow, DoneRow, ExitRow})
         rows_[static_cast<std::size_t>(row)].label->SetText(
             rows_[static_cast<std::size_t>(row)].caption);
     lblTime.SetText(locale_.ShortTime(context_.clock.Now()) +
@@ -131,44 +138,28 @@ void settings::DoLayout() {
     place({MediaRow}, 4 * unit + unit / 4);
     place({PlaylistRow}, 7 * unit + unit * 3 / 4);
     place({UpdateRow, DeleteRow, ManualRow}, 11 * unit + unit / 4);
-    place({DoneRow, ExitRow}, 14 * unit + unit * 3 / 4);
+    place({KeyboardRow, RemoteRow, DoneRow, ExitRow}, 14 * unit + unit * 3 / 4);
     lblTime.setGeometry(margin, 18 * unit + unit / 4, inner, unit + unit / 2);
     lblTime.SetShrink(0.5);
     DrawRows();
 }
 
 void settings::DrawRows() {
-    const SkinData& skin = context_.skin.data();
-    const SkinFont font =
-        skin.Listtextfont.size > 0 ? skin.Listtextfont : SkinFont{"DejaVu Sans", false, false, 18};
-    const QColor back = ToQColor(skin.ClockBackgroundClr);
-    const QColor ground = back.lightness() > 127  ? back.darker(115)
-                          : back.lightness() < 12 ? QColor(48, 56, 68)
-                                                  : back.lighter(170);
-    const QColor chosen = ToQColor(OrElse(skin.ListSelectedBackgroundClr, 0x30A0FF));
-    const SkinColour text = OrElse(skin.HeadingBarForegroundClr, 0xE8E8E8);
-    for (std::size_t i = 0; i < rows_.size(); ++i) {
-        const QColor& plate = static_cast<int>(i) == current_ ? chosen : ground;
-        rows_[i].label->SetLook(font, text, skin);
-        rows_[i].label->SetColour(ReadableOn(plate));
-        rows_[i].label->SetGround(rows_[i].enabled ? plate : plate.darker(160), RowRadius);
-        rows_[i].label->update();
-    }
-    SkinFont small = font;
-    small.size = static_cast<std::int16_t>(std::max(10, font.size * 3 / 4));
-    for (ShadedLabel* label : {&lblSettingsTopInfo, &lblTime}) {
-        label->SetLook(small, text, skin);
-        label->SetColour(ReadableOn(ToQColor(skin.ClockBackgroundClr)));
-    }
+    const RowLook look(context_.skin.data());
+    for (std::size_t i = 0; i < rows_.size(); ++i)
+        look.Dress(*rows_[i].label, static_cast<int>(i) == current_, rows_[i].enabled);
+    for (ShadedLabel* label : {&lblSettingsTopInfo, &lblTime})
+        look.DressText(*label);
     update();
 }
 
-bool settings::Form_KeyDown(const std::string& code) {
-    if (IsKey(code, keys_.ok, "13")) return runok(), true;
-    if (IsKey(code, keys_.quit, "27")) return doquit(), true;
-    if (IsKey(code, keys_.up, "38") || IsKey(code, keys_.back, "37")) return MoveUp(), true;
-    if (IsKey(code, keys_.down, "40") || IsKey(code, keys_.forward, "39")) return MoveDown(), true;
-    return false;
+bool settings::DoAction(const InputCode& code) {
+    static constexpr ActionRow<settings> Rows[] = {
+        {Action::ok, &settings::runok},      {Action::quit, &settings::doquit},
+        {Action::up, &settings::MoveUp},     {Action::back, &settings::MoveBack},
+        {Action::down, &settings::MoveDown}, {Action::forward, &settings::MoveAhead},
+    };
+    return RunAction(*this, Rows, code);
 }
 
 void settings::paintEvent(QPaintEvent*) {

@@ -33,7 +33,8 @@ class settings : public QWidget, public SettingsView {
     void DoLayout();
     void switchingform() {}
     void Hide();
-    bool Form_KeyDown(const std::string& code);
+    bool Form_KeyDown(const std::string& code) { return DoAction(InputCode(code, keys_)); }
+    bool DoAction(const InputCode& code);
 
     SettingsShell& shell() { return shell_; }
 

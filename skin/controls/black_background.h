@@ -45,6 +45,7 @@ class BlackBackground : public QWidget, public LoadingScreen {
     /// It is never hidden: it lowers itself behind the other screens.
     void Hide() { lower(); }
     bool Form_KeyDown(const std::string&) { return false; }
+    bool DoAction(const InputCode&) { return false; }
 
   protected:
     void paintEvent(QPaintEvent* event) override;

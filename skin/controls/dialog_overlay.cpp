@@ -1,6 +1,7 @@
 #include "skin/controls/dialog_overlay.h"
 
 #include "skin/controls/looks.h"
+#include "skin/controls/nearest_box.h"
 #include "skin/controls/plate.h"
 
 #include <QCoreApplication>
@@ -20,18 +21,6 @@ constexpr int WheelNotch = 120;
 
 bool Answers(int key) {
     return key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Escape;
-}
-
-// Distance of two boxes in a direction, what lies aside counting more; -1 when `to` does not lie
-// there.
-int Distance(const QRect& from, const QRect& to, int dx, int dy) {
-    const QPoint way = to.center() - from.center();
-    const int along = way.x() * dx + way.y() * dy;
-    const bool beyond = dx != 0 ? (dx > 0 ? to.left() > from.right() : to.right() < from.left())
-                                : (dy > 0 ? to.top() > from.bottom() : to.bottom() < from.top());
-    if (!beyond) return -1;
-    const int aside = std::abs(dx != 0 ? way.y() : way.x());
-    return along * 4 + aside;
 }
 
 } // namespace
@@ -130,19 +119,17 @@ void DialogOverlay::keyPressEvent(QKeyEvent* event) {
     }
 }
 
+void DialogOverlay::Press(Qt::Key key) {
+    QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
+    keyPressEvent(&event);
+}
+
 bool DialogOverlay::MoveMark(int dx, int dy) {
     if (marked_ < 0) return false;
-    const QRect from = cells_[static_cast<std::size_t>(marked_)].box;
-    int best = -1;
-    int bestDistance = 0;
-    for (std::size_t i = 0; i < cells_.size(); ++i) {
-        const int distance = Distance(from, cells_[i].box, dx, dy);
-        if (!cells_[i].byKeys || !cells_[i].usable || distance < 0 ||
-            (best >= 0 && distance >= bestDistance))
-            continue;
-        best = static_cast<int>(i);
-        bestDistance = distance;
-    }
+    std::vector<QRect> boxes;
+    for (const DialogCell& cell : cells_)
+        boxes.push_back(cell.byKeys && cell.usable ? cell.box : QRect());
+    const int best = NearestBox(cells_[static_cast<std::size_t>(marked_)].box, boxes, dx, dy);
     if (best < 0) return false;
     marked_ = best;
     update();
@@ -196,10 +183,8 @@ void DialogOverlay::mouseReleaseEvent(QMouseEvent* event) {
 
 void DialogOverlay::wheelEvent(QWheelEvent* event) {
     const int notches = event->angleDelta().y() / WheelNotch;
-    for (int i = 0; i < std::abs(notches); ++i) {
-        QKeyEvent key(QEvent::KeyPress, notches > 0 ? Qt::Key_Up : Qt::Key_Down, Qt::NoModifier);
-        keyPressEvent(&key);
-    }
+    for (int i = 0; i < std::abs(notches); ++i)
+        Press(notches > 0 ? Qt::Key_Up : Qt::Key_Down);
     event->accept();
 }
 

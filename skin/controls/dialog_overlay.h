@@ -30,6 +30,8 @@ class DialogOverlay : public QWidget {
 
     /// Covers the host and takes the keyboard.
     void Open();
+    /// The same as a press of this key, for what is no key.
+    void Press(Qt::Key key);
     /// Ends the dialog; `accepted` false is the cancelling answer. The first answer counts.
     void Finish(bool accepted);
     bool Accepted() const { return accepted_; }

@@ -8,6 +8,10 @@
 #include <QEventLoop>
 #include <QFile>
 
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
 namespace vk {
 
 namespace {
@@ -89,6 +93,20 @@ std::string SkinDialogs::ChooseFolder(const std::string& caption, const std::str
     auto* chooser = new FolderOverlay(host_, Look(), clock_, *this, std::move(rows), caption);
     const Closer dialog{chooser};
     return Run(dialog.overlay) ? chooser->Path() : std::string();
+}
+
+bool SkinDialogs::DoAction(const InputCode& code) {
+    static constexpr std::pair<Action, Qt::Key> Keys[] = {
+        {Action::ok, Qt::Key_Return},     {Action::quit, Qt::Key_Escape},
+        {Action::up, Qt::Key_Up},         {Action::down, Qt::Key_Down},
+        {Action::back, Qt::Key_Left},     {Action::forward, Qt::Key_Right},
+        {Action::pageup, Qt::Key_PageUp}, {Action::pagedown, Qt::Key_PageDown},
+    };
+    if (open_.empty()) return false;
+    const auto* key =
+        std::ranges::find_if(Keys, [&](const auto& row) { return code.Mapped(row.first); });
+    if (key != std::end(Keys) && open_.back()) open_.back()->Press(key->second);
+    return true;
 }
 
 void SkinDialogs::CloseAll() {

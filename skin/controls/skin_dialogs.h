@@ -1,6 +1,7 @@
 // The dialogs of the system, drawn inside its window.
 #pragma once
 
+#include "input/actions.h"
 #include "platform/clock.h"
 #include "platform/dialogs.h"
 #include "platform/volumes.h"
@@ -37,6 +38,9 @@ class SkinDialogs : public Dialogs {
 
     /// True while a dialog is open.
     bool Active() const { return !open_.empty(); }
+    /// Works the dialog in front: arrows, ok, quit and paging, as by keys. False when no dialog is
+    /// open; what means nothing to it is used up.
+    bool DoAction(const InputCode& code);
     /// Ends every open dialog with its cancelling answer; for the end of the program.
     void CloseAll();
 

@@ -159,10 +159,10 @@ TEST_F(MainMenuTest, ComingBackSilencesThePlayerAndUnloadsTheSettings) {
     menu.ReShow();
     EXPECT_EQ(player.sent.back(), test::RecordingPlayer::Command(WinampStop));
     EXPECT_EQ(screens.CurrentForm, "velkorandum");
-    EXPECT_TRUE(state.WinampWatched);
     EXPECT_EQ(view.clockBar, "Saturday, November 21, 2026 12:0");
     EXPECT_TRUE(view.frame);
     clock.Advance(1500);
+    EXPECT_TRUE(state.WinampWatched);
     EXPECT_NE(screens.Find("settings"), nullptr);
     clock.Advance(1000);
     EXPECT_EQ(screens.Find("settings"), nullptr) << "it goes at the second tick";
@@ -210,13 +210,14 @@ TEST_F(MainMenuTest, TheFirstAppearanceWaitsForTheCatalogue) {
         if (++turns == 20) state.DBState = DBStateValue::OnLine;
     };
     menu.ReShow();
+    clock.Advance(1);
     EXPECT_EQ(turns, 20);
     EXPECT_EQ(view.banner, "");
     EXPECT_TRUE(state.WinampWatched);
 }
 
 TEST_F(MainMenuTest, KeysOfTheMapAndHiddenZonesOfTheCleanMenu) {
-    keys.kbSWMP = "80";
+    keys[Action::SWMP] = "80";
     EXPECT_TRUE(menu.Form_KeyDown("80"));
     EXPECT_EQ(settingsOpened, 1);
     settings.values.hidemouse = true;

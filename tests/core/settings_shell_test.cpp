@@ -22,7 +22,7 @@ struct SettingsShellTest : testing::Test, test::StartFixture {
         loader.settings = [this] {
             shell = std::make_unique<SettingsShell>(
                 SettingsShell::Needs{state, settings, report, dialogs, clock, locale, screens,
-                                     window, loading, skin, keys, *start, updates,
+                                     window, loading, skin, keys, remoteKeys, *start, updates,
                                      [this] { ++exits; }},
                 view);
             shell->FirstRunDue = true;

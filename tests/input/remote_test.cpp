@@ -1,5 +1,4 @@
 // From the bytes on the line to the command, by settings, filter and busy flag.
-#include "input/remote_map.h"
 #include "tests/input/remote_fixture.h"
 
 #include <stdexcept>
@@ -74,6 +73,13 @@ TEST_F(RemoteTest, CodesDuringACommandAreDropped) {
     EXPECT_EQ(commands, Commands{"1"});
     Burst("\x05");
     EXPECT_EQ(commands, (Commands{"1", "5"}));
+    remote.dialogOpen = [] { return true; };
+    onCommand = [this] {
+        onCommand = {};
+        Burst("\x06");
+    };
+    Burst("\x07");
+    EXPECT_EQ(commands, (Commands{"1", "5", "7", "6"})) << "a dialog is answered within a command";
 }
 
 TEST_F(RemoteTest, AHeldButtonRepeatsAndTheLearningPageGetsEveryCode) {
@@ -149,17 +155,6 @@ TEST_F(RemoteTest, TheLearntIntervalIsWrittenInMilliseconds) {
         remote.learnInterval = c.seconds;
         EXPECT_EQ(remote.LearnText(), c.text) << c.seconds;
     }
-}
-
-TEST_F(RemoteTest, EveryKeyOfTheMapIsReadAndLearnt) {
-    const std::string file = settings.File("keys.ini");
-    for (const RemoteKey& key : RemoteKeys)
-        EXPECT_TRUE(WriteRemoteKey(ini, file, key.name, std::string("code of ") + key.name));
-    const RemoteMap map = ReadRemoteMap(ini, file);
-    for (const RemoteKey& key : RemoteKeys)
-        EXPECT_EQ(map.*key.code, std::string("code of ") + key.name);
-    EXPECT_EQ(map.irpagedown, "code of irpagedown");
-    EXPECT_EQ(ReadRemoteMap(ini, settings.File("none.ini")).ok, "");
 }
 
 } // namespace

@@ -116,10 +116,10 @@ TEST_F(BrowserKeys, TheSelectionMovesByRowsPagesAndTheWheelUnlessThatTurnsTheVol
 }
 
 TEST_F(BrowserKeys, KeysReachTheirOperations) {
-    keys.ok = "79";
-    keys.down = "13"; // a map may give a fixed code another meaning
-    keys.mute = "77";
-    keys.kbSWMP = "80";
+    keys[Action::ok] = "79";
+    keys[Action::down] = "13"; // a map may give a fixed code another meaning
+    keys[Action::mute] = "77";
+    keys[Action::SWMP] = "80";
     MediaFiles({"a/x.mp3", "b/x.mp3"});
     core.volumes.drives.clear();
     audio.PlayMode = PlayAudio;
@@ -132,7 +132,7 @@ TEST_F(BrowserKeys, KeysReachTheirOperations) {
     EXPECT_TRUE(browser().Form_KeyDown("39"));
     EXPECT_EQ(view.title, "Recurse Folder: b");
     EXPECT_TRUE(browser().Form_KeyDown("77"));
-    EXPECT_EQ(player.Count("key 77"), 1);
+    EXPECT_EQ(player.Count("DoAction"), 1);
     EXPECT_FALSE(browser().Form_KeyDown("999"));
     EXPECT_FALSE(browser().Form_KeyDown(""));
     EXPECT_TRUE(browser().Form_KeyDown("80"));

@@ -28,7 +28,7 @@ class DatabaseTest : public BrowserTest {
         core.settings.values.SearchesToSave = 5;
         core.settings.values.TopNewCount = 2;
         core.volumes.drives.clear();
-        keys.kbSearch = "70";
+        keys[Action::Search] = "70";
         MakeEmptyCatalogue(core.app.File(CatalogueFileName));
         db.InitDB(false);
         catalogue = &db;

@@ -150,9 +150,9 @@ TEST_F(AudioPlayerTest, ComesToTheFrontEachSecondWhenToldTo) {
 }
 
 TEST_F(AudioPlayerTest, AnswersMappedAndFixedKeys) {
-    keys.pause = "32";
-    keys.up = "65";
-    keys.startvis = "";
+    keys[Action::pause] = "32";
+    keys[Action::up] = "65";
+    keys[Action::startvis] = "";
     Play(9, 5);
     for (const char* code : {"32", "65", "38", "38", "40", "39"})
         EXPECT_TRUE(player().Form_KeyDown(code)) << code;

@@ -78,7 +78,7 @@ TEST_F(Playmp3Test, ATouchedRowPlaysAndAHeldStripScrollsByLines) {
 }
 
 TEST_F(Playmp3Test, KeysAndTheWheelReachTheOperations) {
-    keys.pause = "32";
+    keys[Action::pause] = "32";
     Open(9, 5);
     const auto key = [&](const char* code) { return screens.Current()->Form_KeyDown(code); };
     EXPECT_TRUE(key("40"));

@@ -15,7 +15,8 @@ struct SettingsScreenTest : testing::Test, test::StartFixture {
         screen = std::make_unique<vk::settings>(
             ControlContext{state, settings.values, skin, pictures, clock},
             SettingsShell::Needs{state, settings, report, dialogs, clock, locale, screens, window,
-                                 loading, skin, keys, *start, updates, [this] { ++exits; }},
+                                 loading, skin, keys, remoteKeys, *start, updates,
+                                 [this] { ++exits; }},
             &host);
         screens.Add("settings", *screen);
         host.show();
@@ -48,9 +49,9 @@ TEST_F(SettingsScreenTest, AndByTouchAlone) {
     dialogs.folders = {media, media};
     test::Tap(host, {400, 160});
     EXPECT_EQ(settings.values.MediaDir, media);
-    test::Tap(host, {600, 370});
+    test::Tap(host, {700, 370});
     EXPECT_EQ(exits, 1);
-    test::Tap(host, {200, 370});
+    test::Tap(host, {500, 370});
     EXPECT_EQ(screens.CurrentForm, "velkorandum");
 }
 

@@ -233,6 +233,27 @@ TEST_F(DialogsTest, DrawnKeysWorkByArrowsAndTouch) {
     EXPECT_EQ(skinDialogs.InputBox("Name:", "", ""), "qQ? we32");
 }
 
+TEST_F(DialogsTest, TheRemoteWorksTheDialogInFront) {
+    RemoteMap codes;
+    for (const ActionNames& names : Actions)
+        codes[names.action] = names.remote;
+    const auto send = [&](const std::string& code) {
+        return skinDialogs.DoAction(InputCode(code, codes));
+    };
+    EXPECT_FALSE(send("ok")) << "no dialog is open";
+    QTimer::singleShot(0, &host, [&] {
+        EXPECT_TRUE(send("ok")) << "it is deaf at first";
+        clock.Advance(1000);
+        for (const char* code : {"mute", "4711", "forward", "ok"})
+            EXPECT_TRUE(send(code));
+    });
+    EXPECT_FALSE(skinDialogs.AskYesNo("Sure?", ""));
+    Then([&] { send("quit"); });
+    EXPECT_FALSE(skinDialogs.AskYesNo("Sure?", ""));
+    Then([&] { send("ok"); });
+    EXPECT_TRUE(skinDialogs.AskYesNo("Sure?", ""));
+}
+
 TEST_F(DialogsTest, AFolderIsFoundByKeysAndTouch) {
     const std::array<std::string, 3> cases[] = {
         {tree, "_\n><>\n", tree + "/A"},

@@ -6,6 +6,10 @@
 #include <string>
 #include <vector>
 
+namespace vk {
+class InputCode;
+}
+
 namespace vk::test {
 
 /// Offers what every screen offers.
@@ -25,6 +29,10 @@ class RecordingScreen {
     void Hide() { Tell("Hide"); }
     bool Form_KeyDown(const std::string& code) {
         Tell("key " + code);
+        return true;
+    }
+    bool DoAction(const InputCode&) {
+        Tell("DoAction");
         return true;
     }
     /// How often an operation was called.

@@ -1,0 +1,131 @@
+// What every press waits for: from a key to the painted picture, in the whole application, on each
+// of its screens.
+#include "app/application.h"
+#include "tests/support/temp_folder.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdlib>
+#include <filesystem>
+#include <vector>
+
+namespace vk::test {
+namespace {
+
+constexpr int Files = 2000;
+constexpr int Presses = 1000;
+constexpr double LimitMs = 16; ///< at the 99th percentile
+constexpr auto SettleTime = std::chrono::milliseconds(300);
+
+using SteadyClock = std::chrono::steady_clock;
+
+/// Tells when the window was painted.
+class PaintWatch : public QObject {
+  public:
+    bool painted = false;
+
+  protected:
+    bool eventFilter(QObject*, QEvent* event) override {
+        painted |= event->type() == QEvent::Paint;
+        return false;
+    }
+};
+
+/// The application with a folder of songs; the player's list holds all of them.
+class Running {
+  public:
+    Running() {
+        for (const char* name : {"winamp", "DB_UPDATE", "skins"})
+            std::filesystem::create_symlink(std::filesystem::path(VK_APP_DIR) / name,
+                                            dir_.File(name));
+        const std::string media = dir_.MakeFolder("media");
+        std::string list;
+        for (int i = 0; i < Files; ++i)
+            list += dir_.Write("media/Artist - Song " + std::to_string(i) + ".mp3", "x") + "\n";
+        dir_.Write("vk_audio.m3u", list);
+        dir_.Write("settings.ini", "[main]\nVersion=" + std::string(Version) +
+                                       "\nSetup=true\nmanualdb=true\nMediaDir=" + media +
+                                       "\nPlaylistDir=" + dir_.MakeFolder("media/lists") +
+                                       "\nTime1=8:00:00 AM\nTime2=9:00:00 PM\n");
+        qApp->installEventFilter(&watch_);
+        app_ = std::make_unique<Application>(dir_.Path());
+        started = app_->Start();
+        Run(SettleTime);
+    }
+    /// Milliseconds from the press to the end of the painting that follows; -1 without one.
+    double Press(int key) {
+        QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
+        watch_.painted = false;
+        const auto begin = SteadyClock::now();
+        QCoreApplication::sendEvent(QApplication::focusWidget(), &press);
+        while (!watch_.painted && SteadyClock::now() - begin < std::chrono::seconds(1))
+            QCoreApplication::processEvents();
+        const std::chrono::duration<double, std::milli> time = SteadyClock::now() - begin;
+        return watch_.painted ? time.count() : -1;
+    }
+    void Go(std::initializer_list<int> keys) {
+        for (const int key : keys) {
+            Press(key);
+            Run(SettleTime);
+        }
+    }
+    static void Run(std::chrono::milliseconds time) {
+        for (const auto end = SteadyClock::now() + time; SteadyClock::now() < end;)
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+    }
+
+    bool started = false;
+
+  private:
+    TempFolder dir_;
+    PaintWatch watch_;
+    std::unique_ptr<Application> app_;
+};
+
+QApplication& App() {
+    static int argc = 1;
+    static char name[] = "bench_keys";
+    static char* argv[] = {name, nullptr};
+    setenv("QT_QPA_PLATFORM", "offscreen", 0);
+    static QApplication app(argc, argv);
+    return app;
+}
+
+/// `way` leads from the menu to the screen; `there` and `back` move its cursor.
+void KeyToPaint(benchmark::State& state, std::vector<int> way, int there, int back) {
+    App();
+    Running running;
+    if (!running.started) return state.SkipWithError("the application did not start");
+    for (const int key : way)
+        running.Go({key});
+    std::vector<double> times;
+    for (auto _ : state)
+        for (int i = 0; i < Presses; ++i)
+            if (const double ms = running.Press(i % 2 ? back : there); ms >= 0) times.push_back(ms);
+    if (times.size() < Presses / 2) return state.SkipWithError("presses were not painted");
+    std::sort(times.begin(), times.end());
+    const double p99 = times[times.size() * 99 / 100];
+    state.counters["median_ms"] = times[times.size() / 2];
+    state.counters["p99_ms"] = p99;
+    if (p99 > LimitMs) state.SkipWithError("slower than a frame");
+}
+
+constexpr int SettingsKey = Qt::Key_P; ///< from the menu
+const std::vector<int> ToKeyboardPage = {SettingsKey,  Qt::Key_Down, Qt::Key_Down,  Qt::Key_Down,
+                                         Qt::Key_Down, Qt::Key_Down, Qt::Key_Return};
+
+BENCHMARK_CAPTURE(KeyToPaint, menu, {}, Qt::Key_Right, Qt::Key_Left)->Iterations(1);
+BENCHMARK_CAPTURE(KeyToPaint, player, {Qt::Key_Return}, Qt::Key_Down, Qt::Key_Up)->Iterations(1);
+BENCHMARK_CAPTURE(KeyToPaint, browser, {Qt::Key_Right, Qt::Key_Return}, Qt::Key_Down, Qt::Key_Up)
+    ->Iterations(1);
+BENCHMARK_CAPTURE(KeyToPaint, settings, {SettingsKey}, Qt::Key_Down, Qt::Key_Up)->Iterations(1);
+BENCHMARK_CAPTURE(KeyToPaint, settingsKeyboard, ToKeyboardPage, Qt::Key_Down, Qt::Key_Up)
+    ->Iterations(1);
+
+} // namespace
+} // namespace vk::test

@@ -1,0 +1,186 @@
+#include "settings/remote_learning.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <iterator>
+#include <utility>
+
+namespace vk {
+
+namespace {
+
+constexpr const char* Section = "remote";
+constexpr const char* RemoteFile = "keys.ini";
+constexpr std::size_t LongestList = 200;
+constexpr int Ports = 16;
+constexpr int DelayStep = 50, LongestDelay = 2000; // milliseconds
+constexpr int SpeedStep = 10, LongestSpeed = 1000;
+// A pause that comes out a little shorter than measured must not be dropped.
+constexpr int SpeedPercent = 90;
+
+constexpr std::array Types = {"IRMAN", "CREATIVE", "USBUIRT", "X10", "LIRC"};
+
+// In the order of the actions.
+constexpr std::array<const char*, ActionCount> Buttons = {
+    "btnIRShowGPS",  "btnIRMP3Radio", "btnIRmute",    "btnIRok",          "btnIRquit",
+    "btnIRvup",      "btnIRvdown",    "btnIRforward", "btnIRback",        "btnIRup",
+    "btnIRdown",     "btnIRswmp",     "btnIRshuffle", "btnIRstartvis",    "btnIRpageup",
+    "btnIRpagedown", "btnIRplay",     "btnIRpause",   "btnIRfastforward", "btnIRrewind",
+    "btnIRsearch",   "btnIRaddfav",   "btnIRnextvis", "btnIRpower"};
+
+// The next multiple of `unit` in the direction of `step`.
+int Stepped(int value, int step, int unit, int largest) {
+    const int next = step > 0 ? value / unit + 1 : (value + unit - 1) / unit - 1;
+    return std::clamp(next * unit, 0, largest);
+}
+
+} // namespace
+
+const char* RemoteButton(Action action) {
+    return Buttons[static_cast<std::size_t>(action)];
+}
+
+void RemoteLearning::Enter() {
+    codes_ = ReadRemoteMap(n_.settings.ini(), n_.settings.File(RemoteFile));
+    armed_.reset();
+    measured_ = -1;
+    last_.clear();
+    n_.collect(true);
+}
+
+void RemoteLearning::Leave() {
+    armed_.reset();
+    n_.collect(false);
+    n_.codes = ReadRemoteMap(n_.settings.ini(), n_.settings.File(RemoteFile));
+}
+
+bool RemoteLearning::Received(const std::string& code) {
+    const std::int64_t gap = n_.clock.TickMs() - std::exchange(lastMs_, n_.clock.TickMs());
+    const bool held = code == std::exchange(last_, code) && gap < HeldMs;
+    Add(code);
+    n_.beeper.Beep();
+    if (Measuring()) {
+        if (held) Measure(gap);
+        return false;
+    }
+    if (held) return false;
+    if (!armed_) return true;
+    Program(*std::exchange(armed_, std::nullopt), code);
+    return false;
+}
+
+void RemoteLearning::Program(Action action, const std::string& code) {
+    const std::string key = NamesOf(action).remote;
+    const std::string where = "An error occured in settingsRemote.";
+    Trap(n_.report, where + RemoteButton(action) + "_Click ", [&] {
+        if (!WriteRemoteKey(n_.settings.ini(), n_.settings.File(RemoteFile), action, code))
+            return Add(std::string(RemoteFile) + " could not be written");
+        codes_[action] = code;
+        Add(key + " has been programmed to keycode " + code);
+    });
+}
+
+void RemoteLearning::Measure(std::int64_t gapMs) {
+    measuredMs_ += gapMs;
+    if (++measured_ < MeasuredGaps) return;
+    measured_ = -1;
+    const auto interval = static_cast<int>(measuredMs_ / MeasuredGaps);
+    n_.setInterval(static_cast<float>(interval) / 1000);
+    n_.settings.values.speed = static_cast<std::int16_t>(interval * SpeedPercent / 100);
+    n_.settings.Write(Section, "speed", std::to_string(n_.settings.values.speed));
+    Add("Codes of a held button come every " + std::to_string(interval) + " ms");
+}
+
+void RemoteLearning::Add(const std::string& line) {
+    if (list_.size() >= LongestList) list_.erase(list_.begin());
+    list_.push_back(line);
+}
+
+void RemoteLearning::Arm(Action action) {
+    measured_ = -1;
+    armed_ = action;
+}
+
+void RemoteLearning::ResetCodes() {
+    armed_.reset();
+    n_.collect(false); // the codes that answer are filtered: the button is still held
+    const bool sure = n_.dialogs.AskYesNo("Remove the codes of all buttons?", "Reset Remote");
+    n_.collect(true);
+    if (!sure) return;
+    Trap(n_.report, "An error occured in settingsRemote.btnIRresetIRbtns_Click ", [&] {
+        for (const ActionNames& names : Actions)
+            if (!codes_[names.action].empty() &&
+                WriteRemoteKey(n_.settings.ini(), n_.settings.File(RemoteFile), names.action, ""))
+                codes_[names.action].clear();
+    });
+}
+
+void RemoteLearning::ClearList() {
+    list_.clear();
+}
+
+void RemoteLearning::FixRepeat() {
+    armed_.reset();
+    measured_ = 0;
+    measuredMs_ = 0;
+    Add("Hold a button of the remote");
+}
+
+void RemoteLearning::Enable(bool on) {
+    n_.settings.values.remoteStatus = on;
+    n_.settings.WriteBool(Section, "status", on);
+    Reopen();
+}
+
+void RemoteLearning::UseRepeatDelay(bool on) {
+    n_.settings.values.UseDelay = on;
+    n_.settings.WriteBool("main", "UseDelay", on);
+}
+
+std::string RemoteLearning::Type() const {
+    const std::string type = n_.settings.Read(Section, "type");
+    return type.empty() ? Types.front() : type;
+}
+
+std::string RemoteLearning::Port() const {
+    return n_.settings.Read(Section, "comport");
+}
+
+void RemoteLearning::StepType(int step) {
+    const auto found = std::ranges::find(Types, Type());
+    const auto count = static_cast<int>(Types.size());
+    const int at = found == Types.end() ? 0 : static_cast<int>(found - Types.begin()) + step;
+    n_.settings.Write(Section, "type", Types[static_cast<std::size_t>((at + count) % count)]);
+    Reopen();
+}
+
+// A port that is given by its path counts as 0.
+void RemoteLearning::StepPort(int step) {
+    const std::string text = Port();
+    int port = 0;
+    std::from_chars(text.data(), text.data() + text.size(), port);
+    port = std::clamp(port + step, 1, Ports);
+    n_.settings.values.comport = static_cast<std::int16_t>(port);
+    n_.settings.Write(Section, "comport", std::to_string(port));
+    Reopen();
+}
+
+void RemoteLearning::StepDelay(int step) {
+    n_.settings.values.delay =
+        static_cast<std::int16_t>(Stepped(Values().delay, step, DelayStep, LongestDelay));
+    n_.settings.Write(Section, "delay", std::to_string(Values().delay));
+}
+
+void RemoteLearning::StepSpeed(int step) {
+    n_.settings.values.speed =
+        static_cast<std::int16_t>(Stepped(Values().speed, step, SpeedStep, LongestSpeed));
+    n_.settings.Write(Section, "speed", std::to_string(Values().speed));
+}
+
+void RemoteLearning::Reopen() {
+    if (!n_.initRemote() && Values().remoteStatus) Add("The receiver was not found");
+}
+
+} // namespace vk

@@ -1,0 +1,93 @@
+// The page that sets the receiver and learns the remote's codes, without its window.
+#pragma once
+
+#include "core/error_report.h"
+#include "core/settings.h"
+#include "input/remote_map.h"
+#include "platform/beeper.h"
+#include "platform/clock.h"
+#include "platform/dialogs.h"
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace vk {
+
+/// The name of the button that learns the code of an action.
+const char* RemoteButton(Action action);
+
+/// Collects every code while the page is in front and gives the next one to the armed action.
+class RemoteLearning {
+  public:
+    struct Needs {
+        SettingsStore& settings;
+        ErrorReport& report;
+        Dialogs& dialogs;
+        const Clock& clock;
+        Beeper& beeper;
+        RemoteMap& codes;                 ///< the map in use, brought up to date by `Leave`
+        std::function<bool()> initRemote; ///< opens the receiver of the settings; false: none
+        /// All codes are handed over unfiltered from now on, or not.
+        std::function<void(bool)> collect;
+        std::function<void(float)> setInterval; ///< seconds between the codes of a held button
+    };
+
+    /// The same code within this time is that of a button still held; milliseconds.
+    static constexpr int HeldMs = 400;
+    /// So many pauses are measured by `bFixRepeat`.
+    static constexpr int MeasuredGaps = 4;
+
+    explicit RemoteLearning(Needs needs) : n_(std::move(needs)) {}
+
+    void Enter();
+    void Leave();
+    /// A code of the remote: goes into the list, and to the armed action. True when it is neither
+    /// learnt nor measured nor a repeat, so that it may work the page.
+    bool Received(const std::string& code);
+
+    /// A press on the action's button: its code is the next one.
+    void Arm(Action action);
+    std::optional<Action> ArmedAction() const { return armed_; }
+    /// Asks, then forgets the codes of all actions.
+    void ResetCodes();
+    void ClearList();
+    /// Measures the pause between the codes of the button that is held next, and makes the speed
+    /// fit it.
+    void FixRepeat();
+    bool Measuring() const { return measured_ >= 0; }
+    void Enable(bool on);
+    /// Repeats begin at once, or after the delay.
+    void UseRepeatDelay(bool on);
+    // Up for a positive step, down for a negative one.
+    void StepType(int step);
+    void StepPort(int step);
+    void StepDelay(int step);
+    void StepSpeed(int step);
+
+    std::string Type() const;
+    std::string Port() const;
+    const Settings& Values() const { return n_.settings.values; }
+    const RemoteMap& Codes() const { return codes_; }
+    const std::vector<std::string>& List() const { return list_; }
+    int Selected() const { return static_cast<int>(list_.size()) - 1; }
+
+  private:
+    void Program(Action action, const std::string& code);
+    void Measure(std::int64_t gapMs);
+    void Add(const std::string& line);
+    void Reopen();
+
+    Needs n_;
+    RemoteMap codes_; ///< as in the file
+    std::optional<Action> armed_;
+    std::vector<std::string> list_;
+    std::string last_;
+    std::int64_t lastMs_ = 0;
+    int measured_ = -1; ///< pauses measured so far; -1: none is to be
+    std::int64_t measuredMs_ = 0;
+};
+
+} // namespace vk

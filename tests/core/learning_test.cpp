@@ -1,0 +1,132 @@
+// What the learning pages write and say.
+#include "settings/keyboard_learning.h"
+#include "settings/remote_learning.h"
+#include "tests/support/core_fixture.h"
+
+#include <gtest/gtest.h>
+
+namespace vk::test {
+namespace {
+
+struct CountingBeeper : Beeper {
+    void Beep() override { ++beeps; }
+    int beeps = 0;
+};
+
+struct LearningTest : testing::Test, CoreFixture {
+    LearningTest() {
+        app.Write("kb.ini", "[keyboard]\nup=38\nquit=27\nvdown = 68\n");
+        keyboard.Enter();
+        remote.Enter();
+    }
+    KeyMap keys;
+    RemoteMap codes;
+    CountingBeeper beeper;
+    int opened = 0;
+    bool collecting = false, found = true;
+    float interval = 0;
+    KeyboardLearning keyboard{{settings, report, keys}};
+    RemoteLearning remote{
+        {settings, report, dialogs, clock, beeper, codes, [this] { return ++opened > 0 && found; },
+         [this](bool on) { collecting = on; }, [this](float seconds) { interval = seconds; }}};
+};
+
+TEST_F(LearningTest, AKeyIsProgrammedRefusedOrCanceled) {
+    const struct {
+        const char *code, *message, *status, *written;
+    } cases[] = {
+        {"27", "Key Programming Canceled", "Pressed key Esc", ""},
+        {"38", "This key is already programmed to another function", "Pressed key Up Arrow", ""},
+        {"70", "play has been programmed to keypress F", "Pressed key F", "70"},
+        {"70", "play has been programmed to keypress F", "Pressed key F", "70"},
+        {"116", "play has been programmed to keypress F5", "Pressed key F5", "116"}};
+    for (const auto& c : cases) {
+        keyboard.Arm(Action::play);
+        EXPECT_EQ(keyboard.Message(), "Press any key to assign this funtion to it");
+        keyboard.KeyDown(c.code);
+        EXPECT_EQ(keyboard.Message(), c.message);
+        EXPECT_EQ(keyboard.Status(), c.status);
+        EXPECT_EQ(ini.ReadText(settings.File("kb.ini"), "keyboard", "play"), c.written);
+        EXPECT_FALSE(keyboard.Armed());
+    }
+    keyboard.KeyDown("80");
+    EXPECT_EQ(keyboard.Keys()[Action::play], "116") << "no function waits";
+    EXPECT_EQ(keys[Action::play], "") << "the map in use is read when the page is left";
+    keyboard.Leave();
+    EXPECT_EQ(keys[Action::play], "116");
+    EXPECT_EQ(keys[Action::Vdown], "68");
+    for (const auto& [code, name] : {std::pair("57", "9"),
+                                     {"111", "/ [Num Pad]"},
+                                     {"220", "\\"},
+                                     {"144", "Num Lock"},
+                                     {"", "No Key"},
+                                     {"7x", "No Key"},
+                                     {"175", "No Key"},
+                                     {"123", "F12"},
+                                     {"124", "No Key"}})
+        EXPECT_EQ(KeyName(code), name) << code;
+}
+
+TEST_F(LearningTest, ACodeIsListedAndGivenToTheWaitingButton) {
+    EXPECT_TRUE(collecting);
+    EXPECT_TRUE(remote.Received("111")) << "free to work the page";
+    EXPECT_FALSE(remote.Received("111")) << "the button is still held";
+    remote.Arm(Action::pageup);
+    EXPECT_FALSE(remote.Received("111"));
+    EXPECT_EQ(remote.Codes()[Action::pageup], "") << "it was held when the page was told to learn";
+    clock.Advance(RemoteLearning::HeldMs);
+    EXPECT_FALSE(remote.Received("111"));
+    EXPECT_EQ(remote.List().back(), "irpageup has been programmed to keycode 111");
+    EXPECT_EQ(remote.Selected(), 4);
+    EXPECT_EQ(beeper.beeps, 4);
+    EXPECT_EQ(ini.ReadText(settings.File("keys.ini"), "remote_keys", "irpageup"), "111");
+    EXPECT_TRUE(remote.Received("222")) << "no button waits any more";
+    remote.Leave();
+    EXPECT_FALSE(collecting);
+    EXPECT_EQ(codes[Action::pageup], "111");
+    remote.ClearList();
+    EXPECT_TRUE(remote.List().empty());
+    dialogs.answers = {false, true};
+    remote.ResetCodes();
+    EXPECT_EQ(remote.Codes()[Action::pageup], "111");
+    remote.ResetCodes();
+    EXPECT_EQ(ini.ReadText(settings.File("keys.ini"), "remote_keys", "irpageup"), "");
+}
+
+TEST_F(LearningTest, TheReceiverIsSetAtOnce) {
+    const auto stored = [this](const char* key) { return settings.Read("remote", key); };
+    remote.StepType(-1);
+    EXPECT_EQ(stored("type"), "LIRC");
+    remote.StepType(2);
+    EXPECT_EQ(stored("type"), "CREATIVE");
+    settings.Write("remote", "comport", "/dev/serial/by-id/x");
+    remote.StepPort(1);
+    remote.StepPort(-5);
+    EXPECT_EQ(stored("comport"), "1");
+    settings.values.speed = 171;
+    for (const int step : {1, -1, -1})
+        remote.StepSpeed(step);
+    EXPECT_EQ(stored("speed"), "160");
+    remote.StepDelay(-1);
+    EXPECT_EQ(stored("delay"), "0");
+    opened = 0;
+    remote.Enable(true);
+    EXPECT_EQ(stored("status") + std::to_string(opened), "true1");
+    found = false;
+    remote.StepPort(1);
+    EXPECT_EQ(remote.List().back(), "The receiver was not found");
+    remote.UseRepeatDelay(true);
+    EXPECT_EQ(settings.Read("main", "UseDelay"), "true");
+    remote.FixRepeat();
+    for (int burst = 0; burst <= RemoteLearning::MeasuredGaps; ++burst) {
+        EXPECT_TRUE(remote.Measuring());
+        remote.Received("9");
+        clock.Advance(110);
+    }
+    EXPECT_FALSE(remote.Measuring());
+    EXPECT_FLOAT_EQ(interval, 0.11F);
+    EXPECT_EQ(stored("speed"), "99");
+}
+
+} // namespace
+} // namespace vk::test

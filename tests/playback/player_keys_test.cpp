@@ -1,0 +1,65 @@
+#include "platform/files.h"
+#include "tests/playback/audio_fixture.h"
+#include "tests/support/action_table.h"
+
+#include <filesystem>
+
+namespace vk::test {
+namespace {
+
+struct PlayerKeysTest : testing::Test, AudioFixture {};
+
+TEST_F(PlayerKeysTest, EveryActionReachesItsOperationAndNoOther) {
+    std::int32_t& level = mixer.Level(MixerLine::Master);
+    level = 500;
+    settings.values.AdjMainVol = true;
+    int gps = 0;
+    auto needs = Needs();
+    needs.loadGPS = [&gps] { ++gps; };
+    made = std::make_unique<AudioPlayer>(needs, list, view);
+    Play(30, 15);
+    const auto effect = [&] {
+        std::string text = gps ? "gps" : "";
+        for (const auto& message : process.wire.sent)
+            if (message.message == WM_COMMAND) text += std::to_string(message.wParam) + " ";
+        if (list.iSelected != 14) text += "row " + std::to_string(list.iSelected);
+        if (level != 500) text += level > 500 ? "louder" : "softer";
+        if (playlists.Count("ReShow") > 0) text += "browser";
+        if (menu.Count("ReShow") > 0) text += "menu";
+        gps = 0;
+        playlists.calls.clear();
+        menu.calls.clear();
+        level = 500;
+        if (state.bMuted) text = "mute";
+        if (FileExists(app.File("favorites.m3u"))) text += "favourite";
+        if (text.empty() && Logged("saved audio data")) text = "another source";
+        for (const char* file : {"favorites.m3u", "debug.log"})
+            std::filesystem::remove(app.File(file));
+        state.bMuted = false;
+        mixer.Mute(MixerLine::Master) = 0;
+        if (text.empty()) return text; // nothing to bring back
+        audio.bPaused = false;
+        process.status = 1;
+        process.track = 14;
+        ChooseList(audio.ListFile, 15);
+        player().ReShow();
+        process.wire.sent.clear();
+        return text;
+    };
+    effect();
+    ExpectTable(player(), keys,
+                {{Action::ok, "40045 "},         {Action::play, "40045 "},
+                 {Action::pause, "40046 "},      {Action::forward, "40048 row 15"},
+                 {Action::back, "40044 row 13"}, {Action::FF, "40148 "},
+                 {Action::REW, "40144 "},        {Action::shuffle, "40023 "},
+                 {Action::up, "row 13"},         {Action::down, "row 15"},
+                 {Action::pageup, "row 0"},      {Action::pagedown, "row 24"},
+                 {Action::vup, "louder"},        {Action::Vdown, "softer"},
+                 {Action::mute, "mute"},         {Action::SWMP, "browser"},
+                 {Action::quit, "40047 menu"},   {Action::gps, "gps"},
+                 {Action::addfav, "favourite"},  {Action::MP3toRadio, "another source"}},
+                effect);
+}
+
+} // namespace
+} // namespace vk::test
