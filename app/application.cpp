@@ -60,6 +60,7 @@ void Application::Quit(bool osShutdown) {
         start_.Form_QueryUnload(osShutdown);
         if (playerScreen_) playerScreen_->player().Form_Unload(osShutdown);
         start_.Form_Unload();
+        screens_.CurrentForm.clear(); // ends what waits on a screen, as the menu for the catalogue
         // Not quit(): that would ask the window, which refuses to be closed by others.
         QCoreApplication::exit(0);
     });

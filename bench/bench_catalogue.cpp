@@ -239,6 +239,9 @@ class NoView : public BrowserView {
     void ShowToolFrame(bool) override {}
     void SlideKeyboard(bool) override {}
     void ReDrawList() override {}
+    void ReDrawRightList() override {}
+    void LayOut(std::int16_t) override {}
+    void ShowFocus(bool) override {}
     void ShowAtFront() override {}
 };
 
@@ -261,7 +264,7 @@ struct LargeBrowser {
     MediaTags tags{large.state, large.reader, &large.catalogue};
     KeyMap keys;
     NoView view;
-    ListModel list;
+    ListModel list, rightList;
     KeyboardModel keyboard;
     Browser browser{{.settings = large.settings,
                      .app = large.state,
@@ -276,7 +279,7 @@ struct LargeBrowser {
                      .tags = tags,
                      .keys = keys,
                      .catalogue = &large.catalogue},
-                    {list, keyboard},
+                    {list, rightList, keyboard},
                     view};
 };
 

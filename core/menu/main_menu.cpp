@@ -190,7 +190,8 @@ void MainMenu::FirstActivation() {
         view_.ShowBanner("Loading");
     n_.state.WinampWatched = true;
     view_.ShowBanner("");
-    if (!n_.settings.values.LoadtoMP3) return;
+    // The user may have gone elsewhere meanwhile, or ended the system.
+    if (!n_.settings.values.LoadtoMP3 || n_.screens.CurrentForm != "velkorandum") return;
     LastStartSelection = 1;
     runok(LastStartSelection);
 }

@@ -216,6 +216,17 @@ TEST_F(MainMenuTest, TheFirstAppearanceWaitsForTheCatalogue) {
     EXPECT_TRUE(state.WinampWatched);
 }
 
+TEST_F(MainMenuTest, TheWaitForTheCatalogueEndsWithTheMenuAndStartsNothing) {
+    state.Setup = true;
+    state.DBState = DBStateValue::Rebuilding;
+    settings.values.LoadtoMP3 = true;
+    clock.onEvents = [&] { screens.CurrentForm.clear(); };
+    menu.ReShow();
+    clock.Advance(1);
+    EXPECT_EQ(view.banner, "");
+    EXPECT_FALSE(Told("playmp3.ReShow") || Told("playlists.ReShow"));
+}
+
 TEST_F(MainMenuTest, KeysOfTheMapAndHiddenZonesOfTheCleanMenu) {
     keys[Action::SWMP] = "80";
     EXPECT_TRUE(menu.Form_KeyDown("80"));
