@@ -41,8 +41,8 @@ struct Bench : AudioFixture {
 
 void KeyToLevel(benchmark::State& state) {
     Bench bench;
-    bench.keys.vup = "85";
-    bench.keys.Vdown = "68";
+    bench.keys[Action::vup] = "85";
+    bench.keys[Action::Vdown] = "68";
     AudioPlayer player = bench.Player();
     bench.audio.PlayMode = PlayNone;
     player.ReShow();
@@ -59,8 +59,8 @@ BENCHMARK(KeyToLevel)->UseRealTime()->Unit(benchmark::kMicrosecond);
 
 void KeyPress(benchmark::State& state) {
     Bench bench;
-    bench.keys.vup = "85";
-    bench.keys.Vdown = "68";
+    bench.keys[Action::vup] = "85";
+    bench.keys[Action::Vdown] = "68";
     AudioPlayer player = bench.Player();
     player.ReShow();
     bool up = true;
