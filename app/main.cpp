@@ -2,6 +2,7 @@
 #include "platform/paths.h"
 
 #include <QApplication>
+#include <QFile>
 #include <QSocketNotifier>
 
 #include <fcntl.h>
@@ -30,7 +31,17 @@ void CatchSignals() {
 
 } // namespace
 
+// Where there is no session bus Qt would have one started: a program more, and a fork among
+// threads.
+static void LeaveMissingBusAlone() {
+    constexpr char Address[] = "DBUS_SESSION_BUS_ADDRESS";
+    const QString socket = qEnvironmentVariable("XDG_RUNTIME_DIR") + QStringLiteral("/bus");
+    if (!qEnvironmentVariableIsSet(Address) && !QFile::exists(socket))
+        qputenv(Address, "disabled:");
+}
+
 int main(int argc, char** argv) {
+    LeaveMissingBusAlone();
     QApplication qt(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Velkorandum"));
     QApplication::setQuitOnLastWindowClosed(false);
