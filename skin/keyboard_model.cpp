@@ -40,15 +40,16 @@ int UnitsOf(int index) {
 }
 
 // Virtual-key codes, https://learn.microsoft.com/windows/win32/inputdev/virtual-key-codes
-constexpr int VkBack = 8, VkShift = 16, VkSpace = 32, VkSubtract = 109, VkMinus = 189,
-              VkPeriod = 190;
+constexpr int VkBack = 8, VkShift = 16, VkSpace = 32, VkPad0 = 96, VkPad9 = 105, VkSubtract = 109,
+              VkDecimal = 110, VkMinus = 189, VkPeriod = 190;
 
 // The character of a key that types one, else 0.
 char CharacterOf(std::int64_t code) {
     if ((code >= 'A' && code <= 'Z') || (code >= '0' && code <= '9'))
         return static_cast<char>(code);
+    if (code >= VkPad0 && code <= VkPad9) return static_cast<char>('0' + code - VkPad0);
     if (code == VkSubtract || code == VkMinus) return '-';
-    return code == VkPeriod ? '.' : '\0';
+    return code == VkPeriod || code == VkDecimal ? '.' : '\0';
 }
 
 // The drawn key for a physical one, -1 for none.
@@ -174,6 +175,12 @@ int KeyboardModel::KeyAt(int x, int y) const {
     const auto found = std::find_if(keys_.begin(), keys_.end(),
                                     [&](const KeyBox& key) { return key.Contains(x, y); });
     return found == keys_.end() ? -1 : static_cast<int>(found - keys_.begin());
+}
+
+void KeyboardModel::MarkKey(int index) {
+    if (index < 0 || index >= KeyCount) return;
+    mark_ = index;
+    Changed();
 }
 
 // The keys beyond the marked one: each opens a new entry or takes the place of the last.

@@ -37,11 +37,14 @@ class KeyboardModel {
     void MoveRight();
     void MoveUp();
     void MoveDown();
+    /// Marks a key; an index that names none does nothing.
+    void MarkKey(int index);
     /// Presses the marked key.
     void ClickIt() { KeyClick(mark_); }
     /// A key of a physical keyboard, by the decimal text of its Windows virtual-key code: letters,
-    /// digits, space, backspace, "." and "-" press the drawn key, Shift makes the next letter a
-    /// capital. False for every other key: arrows, Enter and Escape are the host's to route.
+    /// digits (the pad's too), space, backspace, "." and "-" press the drawn key, Shift makes the
+    /// next letter a capital. False for every other key: arrows, Enter and Escape are the host's to
+    /// route.
     bool KeyDown(const std::string& code);
 
     void ClearInput() { SetValue({}); }

@@ -96,12 +96,14 @@ std::string ListModel::Compared(int index) const {
     return dash == std::string::npos ? text : text.substr(std::min(dash + 3, text.size()));
 }
 
-// Rows of "<...>" have no artist and do not count, wherever they stand.
+// Rows of "<...>" have no artist and do not count, wherever they stand. A row of one text would be
+// left without any.
 void ListModel::FindDuplicateText() {
     if (ItemCount() < 2) return;
     std::optional<std::string> common;
     for (int i = 0; i < ItemCount(); ++i) {
         if (Row(i).first == "<...>") continue;
+        if (Row(i).second.empty()) return;
         const std::string text = Compared(i);
         if (common && *common != text) return;
         common = text;

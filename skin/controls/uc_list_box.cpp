@@ -6,6 +6,8 @@
 #include <QMouseEvent>
 #include <QPointer>
 
+#include <utility>
+
 namespace vk {
 
 namespace {
@@ -146,6 +148,7 @@ void UCListBox::PressStrip(int code) {
     scrollUpHeld_ = code == ScrollUpCode;
     scrollDownHeld_ = code == ScrollDownCode;
     paged_ = false;
+    heldTicks_ = 0;
     timer1_->Start(Timer1Ms);
 }
 
@@ -180,9 +183,10 @@ void UCListBox::EndTouch() {
     if (onScrollStop) onScrollStop();
 }
 
+// One page at once; more when the finger stays.
 void UCListBox::Timer1_Timer() {
     if (context_.state.ListBusy) return;
-    paged_ = true;
+    if (std::exchange(paged_, true) && ++heldTicks_ < context_.settings.TSRepeatVal) return;
     if (scrollUpHeld_) PageUp();
     if (scrollDownHeld_) PageDown();
 }

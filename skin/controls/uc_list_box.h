@@ -118,6 +118,7 @@ class UCListBox : public QWidget {
     bool stripHeld_ = false; ///< whoever scrolls
     bool scrollUpHeld_ = false;
     bool scrollDownHeld_ = false;
+    int heldTicks_ = 0; ///< since the first page of the held strip
     bool paged_ = true; ///< the held strip has paged already
     bool inTouch_ = false;
 };

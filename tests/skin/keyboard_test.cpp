@@ -106,12 +106,14 @@ TEST_F(KeyboardTest, ArrowsWalkEveryRowAndColumnAndStopAtTheEdges) {
 }
 
 TEST_F(KeyboardTest, KeysOfAPhysicalKeyboardPressTheDrawnOnes) {
-    for (const auto* code : {"65", "66", "32", "65", "49", "190", "189", "109", "16", "90", "8"})
+    for (const auto* code :
+         {"65", "66", "32", "65", "49", "190", "189", "109", "97", "105", "110", "16", "90", "8"})
         EXPECT_TRUE(model.KeyDown(code)) << code;
-    EXPECT_EQ(model.UserText(), "Ab A1.--");
-    for (const auto* code : {"13", "27", "37", "40", "%65", "", "x", "112", "97", "-65", "0"})
+    EXPECT_EQ(model.UserText(), "Ab A1.--19.");
+    for (const auto* code :
+         {"13", "27", "37", "40", "%65", "", "x", "112", "95", "106", "-65", "0"})
         EXPECT_FALSE(model.KeyDown(code)) << code;
-    EXPECT_EQ(model.UserText(), "Ab A1.--");
+    EXPECT_EQ(model.UserText(), "Ab A1.--19.");
 }
 
 TEST_F(KeyboardTest, RowsAreTenUnitsWideOfSquareKeys) {

@@ -169,12 +169,15 @@ TEST_F(ListBoxTest, ArrowsOrTrianglesShowInTouchScreenModeWhereRowsAreHidden) {
     EXPECT_EQ(drawn(test::Marking, test::Marking), "up ");
 }
 
-TEST_F(ListBoxTest, AHeldStripPagesEveryTenthOfASecond) {
+TEST_F(ListBoxTest, AHeldStripPagesAtOnceThenAfterAWaitEveryTenthOfASecond) {
+    settings.values.TSRepeatVal = 4;
     Fill(200);
     const int page = model.iMaxVis;
     Press(list, DownStrip());
     EXPECT_EQ(model.iFirstVisible, 0);
-    clock.Advance(300);
+    clock.Advance(400);
+    EXPECT_EQ(model.iFirstVisible, page);
+    clock.Advance(200);
     state.ListBusy = true;
     clock.Advance(200);
     EXPECT_EQ(model.iFirstVisible, 3 * page);
