@@ -1,5 +1,6 @@
 #include "playback/resume.h"
 
+#include "core/optical_drive.h"
 #include "platform/files.h"
 
 #include <algorithm>
@@ -8,8 +9,9 @@ namespace vk {
 
 namespace {
 
-bool DiscIsIn(std::int32_t serial, const std::string& drive, const Volumes& volumes) {
-    if (serial == 0 || serial == -1 || drive == "NONE") return true;
+bool DiscIsIn(std::int32_t serial, const std::string& configured, const Volumes& volumes) {
+    const std::string drive = OpticalRoot(volumes, configured);
+    if (serial == 0 || serial == -1 || drive.empty()) return true;
     return volumes.IsReady(drive) && volumes.Serial(drive) == serial;
 }
 

@@ -1,5 +1,6 @@
 // What the menu's icons start.
 #include "core/menu/main_menu.h"
+#include "core/optical_drive.h"
 #include "core/text.h"
 #include "platform/files.h"
 #include "playback/resume.h"
@@ -57,8 +58,8 @@ void MainMenu::StartBrowser() {
 // A list that came from a disc is resumed only when that disc is in the drive.
 bool MainMenu::DiscMatches(std::int32_t serial) const {
     if (serial == 0 || serial == -1) return true;
-    const std::string& drive = n_.settings.values.CDDriveLetter;
-    return drive != "NONE" && n_.volumes.IsReady(drive) && n_.volumes.Serial(drive) == serial;
+    const std::string drive = OpticalRoot(n_.volumes, n_.settings.values.CDDriveLetter);
+    return !drive.empty() && n_.volumes.IsReady(drive) && n_.volumes.Serial(drive) == serial;
 }
 
 void MainMenu::StartAudio() {

@@ -95,6 +95,8 @@ class AudioPlayer {
 
     /// Goes to the next source in the rotation. Where that cannot play, the present one goes on.
     void TSRadio2MP3Btn_Click();
+    /// True when that `PlayMode` has something that plays it.
+    bool HasSource(std::int32_t mode) { return Source(mode) != nullptr; }
     /// Shows on the change button the source that a press selects.
     void SetPlayerButton();
     /// Goes on with the list of the last run.

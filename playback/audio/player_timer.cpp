@@ -1,4 +1,5 @@
 // The player's 100 ms timer, and the buttons that act on its ticks.
+#include "core/optical_drive.h"
 #include "playback/audio/audio_player.h"
 
 namespace vk {
@@ -71,9 +72,9 @@ void AudioPlayer::KeepInFront() {
 }
 
 bool AudioPlayer::DiscIsGone() const {
-    const std::string& drive = n_.settings.values.CDDriveLetter;
-    return n_.audio.PlayMode == PlayAudio && n_.audio.OnDisc() && drive != "NONE" &&
-           !n_.volumes.IsReady(drive);
+    if (n_.audio.PlayMode != PlayAudio || !n_.audio.OnDisc()) return false;
+    const std::string drive = OpticalRoot(n_.volumes, n_.settings.values.CDDriveLetter);
+    return !drive.empty() && !n_.volumes.IsReady(drive);
 }
 
 void AudioPlayer::Press(HeldAction action) {
