@@ -255,7 +255,11 @@ BrowserNeeds Application::BrowserScreenNeeds() {
             .keys = keys_,
             .catalogue = &db_,
             .StopAudio = [this] { start_.Winamp()->WinAMP_SCM(WinampStop); },
-            .channels = &channels_};
+            .channels = &channels_,
+            .HasTuner =
+                [this](std::int32_t mode) {
+                    return playerScreen_ && playerScreen_->player().HasSource(mode);
+                }};
 }
 
 AudioPlayer::Needs Application::PlayerNeeds() {

@@ -15,7 +15,7 @@ inline constexpr const char* CurrentChannelsName = "xm_current.lst";
 /// out.
 std::vector<int> ChannelNumbers(std::string_view text);
 
-/// The channel numbers that a file names; an unreadable file gives none.
+/// The channel numbers that a file names. Throws `Error` when it cannot be read.
 std::vector<int> ReadChannelList(const std::string& path);
 
 /// Replaces the file in one step. False when it could not be written.

@@ -1,5 +1,6 @@
 #include "library/list_file.h"
 
+#include "core/error_report.h"
 #include "core/text.h"
 #include "library/utf16.h"
 #include "platform/files.h"
@@ -19,45 +20,52 @@ std::string FindEntry(const std::string& name, const std::string& folder) {
     return FileExists(inFolder) ? inFolder : std::string();
 }
 
-std::vector<std::string> SplitLines(std::string_view contents) {
+bool WalkLines(std::string_view contents, const LineVisitor& visit) {
     if (contents.starts_with(ByteOrderMark)) contents.remove_prefix(ByteOrderMark.size());
-    std::vector<std::string> lines;
     while (!contents.empty()) {
         const auto end = std::min(contents.find_first_of("\r\n"), contents.size());
-        std::string line = Trim(contents.substr(0, end));
-        if (!line.empty()) lines.push_back(std::move(line));
+        const std::string line = Trim(contents.substr(0, end));
+        if (!line.empty() && !visit(line)) return false;
         contents.remove_prefix(std::min(end + 1, contents.size()));
     }
-    return lines;
+    return true;
 }
 
 } // namespace
 
-std::vector<std::string> ListLines(std::string_view contents) {
+bool ForEachListLine(std::string_view contents, const LineVisitor& visit) {
     const auto order = Utf16OrderOf(contents);
-    return order ? SplitLines(Utf16ToUtf8(contents, *order)) : SplitLines(contents);
+    return order ? WalkLines(Utf16ToUtf8(contents, *order), visit) : WalkLines(contents, visit);
+}
+
+std::vector<std::string> ListLines(std::string_view contents) {
+    std::vector<std::string> lines;
+    ForEachListLine(contents, [&](const std::string& line) {
+        lines.push_back(line);
+        return true;
+    });
+    return lines;
+}
+
+std::string ReadListText(const std::string& path) {
+    auto contents = ReadWholeFile(path, ListFileLimit);
+    if (!contents || FileLength(path) > ListFileLimit)
+        throw Error("could not read " + ToUtf8(path), 75);
+    return std::move(*contents);
 }
 
 std::string ResolveListEntry(const std::string& line, const std::string& folder) {
     // A NUL would cut the name that the file system sees.
     if (line.find('\0') != std::string::npos) return {};
     const std::string utf8 = ToUtf8(line);
-    for (const std::string& name : {line, utf8}) {
-        std::string found = FindEntry(name, folder);
-        if (found.empty() && PathSeparator == '/')
-            found = FindEntry(ReplaceAll(name, "\\", "/"), folder);
+    const bool elsewhere = PathSeparator == '/' && line.find('\\') != std::string::npos;
+    for (const std::string* name : {&line, &utf8}) {
+        if (name == &utf8 && utf8 == line) break;
+        std::string found = FindEntry(*name, folder);
+        if (found.empty() && elsewhere) found = FindEntry(ReplaceAll(*name, "\\", "/"), folder);
         if (!found.empty()) return found;
     }
     return {};
-}
-
-std::vector<std::string> ReadListFile(const std::string& path) {
-    std::vector<std::string> found;
-    for (const std::string& line : ListLines(ReadWholeFile(path, ListFileLimit).value_or(""))) {
-        std::string entry = ResolveListEntry(line, FolderOf(path));
-        if (!entry.empty()) found.push_back(std::move(entry));
-    }
-    return found;
 }
 
 bool FitsListLine(std::string_view entry) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -11,18 +12,24 @@ namespace vk {
 /// Bytes of a list that are read; a longer file is no list.
 inline constexpr std::size_t ListFileLimit = 128u << 20;
 
-/// The lines of a text in UTF-8, Windows-1252 or UTF-16 (which is turned into UTF-8): ended by LF,
-/// CR LF or CR, without a byte order mark; blanks around a line and empty lines are dropped.
+/// The whole of a list file. Throws `Error` when it cannot be read or is longer than that.
+std::string ReadListText(const std::string& path);
+
+/// Takes a line; false ends the walk.
+using LineVisitor = std::function<bool(const std::string& line)>;
+
+/// Goes through the lines of a text in UTF-8, Windows-1252 or UTF-16 (which is turned into UTF-8):
+/// ended by LF, CR LF or CR, without a byte order mark; blanks around a line and empty lines are
+/// dropped. False when `visit` ended the walk.
+bool ForEachListLine(std::string_view contents, const LineVisitor& visit);
+
+/// All those lines, for short texts.
 std::vector<std::string> ListLines(std::string_view contents);
 
 /// The existing file that a line of the list in `folder` names, "" when there is none. It is tried
 /// as it stands, in UTF-8 when it was written in Windows-1252, and with "\" for the separator; a
 /// name that is not found as it stands counts from `folder`.
 std::string ResolveListEntry(const std::string& line, const std::string& folder);
-
-/// The existing files that a playlist names, in its order; comments and missing files are left out.
-/// An unreadable list gives none.
-std::vector<std::string> ReadListFile(const std::string& path);
 
 /// True when an entry can be a line of a list: line ends would make two lines of it, a NUL would
 /// cut it.

@@ -47,13 +47,17 @@ std::string Replaced(std::string_view text, const std::string& frequency, const 
     return result;
 }
 
+std::string ReadAll(const std::string& path) {
+    auto text = ReadWholeFile(path, LargestFile);
+    if (!text || FileLength(path) > LargestFile) throw Error("could not read " + ToUtf8(path), 53);
+    return std::move(*text);
+}
+
 void Change(const std::string& path, const std::function<std::string(const std::string&)>& change) {
-    const auto text = ReadWholeFile(path, LargestFile);
-    if (!text || FileLength(path) > LargestFile)
-        throw Error("The presets could not be read: " + ToUtf8(path), 53);
-    const std::string changed = change(*text);
+    const std::string text = ReadAll(path);
+    const std::string changed = change(text);
     std::string reason;
-    if (changed != *text && !ReplaceFile(path, changed, &reason))
+    if (changed != text && !ReplaceFile(path, changed, &reason))
         throw Error("The presets could not be saved: " + reason, 75);
 }
 
@@ -83,7 +87,7 @@ std::string WithoutPreset(std::string_view text, const std::string& frequency) {
 }
 
 std::vector<Preset> ReadPresetFile(const std::string& path) {
-    return ParsePresets(ReadWholeFile(path, LargestFile).value_or(""));
+    return FileExists(path) ? ParsePresets(ReadAll(path)) : std::vector<Preset>();
 }
 
 void SavePreset(const std::string& path, const std::string& frequency, const std::string& label) {

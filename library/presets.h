@@ -27,7 +27,7 @@ std::string WithPreset(std::string_view text, const std::string& frequency,
 /// The text without the lines of that frequency; all others as `WithPreset` leaves them.
 std::string WithoutPreset(std::string_view text, const std::string& frequency);
 
-/// The presets of a file; an unreadable one has none.
+/// The presets of a file, none when it is missing. Throws `Error` when it cannot be read whole.
 std::vector<Preset> ReadPresetFile(const std::string& path);
 
 /// Both change the file in one step. They throw `Error` when it cannot be read whole or replaced;

@@ -33,6 +33,11 @@ std::vector<std::string> ReadSavedSearches(const SettingsStore& settings, Search
 
 bool SaveSearch(const SettingsStore& settings, SearchKind kind, const std::string& text,
                 std::string* reason) {
+    const std::string file = FileOf(settings, kind);
+    if (FileExists(file) && !ReadWholeFile(file, MostBytes)) {
+        *reason = "the old ones could not be read";
+        return false;
+    }
     const std::string line = OneLine(text);
     std::vector<std::string> texts = ReadSavedSearches(settings, kind);
     std::erase_if(texts, [&](const std::string& old) { return EqualNoCase(old, line); });
@@ -42,7 +47,7 @@ bool SaveSearch(const SettingsStore& settings, SearchKind kind, const std::strin
     std::string contents;
     for (const std::string& each : texts)
         contents += each + "\r\n";
-    return ReplaceFile(FileOf(settings, kind), contents, reason);
+    return ReplaceFile(file, contents, reason);
 }
 
 } // namespace vk

@@ -18,7 +18,7 @@ std::vector<std::string> ReadSavedSearches(const SettingsStore& settings, Search
 
 /// Puts a text on top of its list, which is cut to `SearchesToSave` texts (0 keeps none) and holds
 /// no text twice, whatever its case. False, with the system's words in `reason` and the old list as
-/// it was, when it could not be written.
+/// it was, when it could not be read or written.
 bool SaveSearch(const SettingsStore& settings, SearchKind kind, const std::string& text,
                 std::string* reason);
 

@@ -22,7 +22,8 @@ Browser::Browser(BrowserNeeds needs, BrowserModels models, BrowserView& view)
     keyboard_.onEscape = [this] { CloseKeyboard(); };
 }
 
-// One operation at a time: events run inside it. An Escape that came meanwhile is served after it.
+// One operation at a time: events run inside it. A wish to leave that came meanwhile is served
+// after it.
 void Browser::Run(const std::string& name, const std::function<void()>& operation) {
     if (running_) return;
     running_ = true;
@@ -32,10 +33,22 @@ void Browser::Run(const std::string& name, const std::function<void()>& operatio
     needs_.app.ListBusy = false;
     if (const std::string notice = desk_.TakeNotice(); !notice.empty()) ShowNotice(notice);
     CloseLoading();
-    const bool aborted = desk_.TakeAborted();
+    desk_.TakeAborted();
     const std::function<void()> next = std::exchange(enterNext_, {});
-    if (aborted && !desk_.Building() && needs_.screens.CurrentForm == BrowserName) return Leave();
+    const auto wanted = std::exchange(afterAbort_, nullptr);
+    if (wanted && !desk_.Building() && needs_.screens.CurrentForm == BrowserName)
+        return (this->*wanted)();
     if (next) TrapAndLog(needs_.report, "An error occured in playlists." + name + " ", next);
+}
+
+// An operation that runs is ended early, then `next` follows (null: nothing). True when one runs; a
+// keyboard on its way is waited for.
+bool Browser::EndsRunning(void (Browser::*next)()) {
+    if (running_ && !sliding_) {
+        desk_.Abort();
+        if (next) afterAbort_ = next;
+    }
+    return running_ || sliding_;
 }
 
 void Browser::ReShow() {
@@ -45,7 +58,7 @@ void Browser::ReShow() {
         if (KeyboardShown) HideOSK();
         EnterMode();
         HistoryDirty = RecurseArmed = desk_.SqlView = false;
-        BrowseHistory.clear();
+        if (!desk_.Building()) BrowseHistory.clear();
         view_.SetButton(BrowserButton::Recurse, "recurse.gif");
         Timer2->Start(SecondMs);
         Timer4->Start(SecondMs);
@@ -85,18 +98,27 @@ void Browser::Populate() {
     const bool applications = needs_.state.ListMode == ListApplications;
     view_.SetButton(BrowserButton::Applications, applications ? "lists.gif" : "gps.gif");
     const bool restore = std::exchange(needs_.state.RestoreHistory, false);
+    catalogueShown_ = needs_.CatalogueOnLine();
+    if (desk_.Building() && editor_.OfChannels()) return xmLists_.ShowAllChannels();
     builder_.Populate();
-    if (restore && needs_.CatalogueOnLine() && needs_.settings.values.UseBrowseHistory)
+    if (restore && !desk_.Building() && needs_.CatalogueOnLine() &&
+        needs_.settings.values.UseBrowseHistory)
         RestoreBrowseHistory();
+}
+
+// The list of `CurrentPath` as if nothing had been chosen on the way there.
+void Browser::PopulateAnew() {
+    desk_.SqlView = false;
+    BrowseHistory.clear();
+    Populate();
 }
 
 // Where every failure ends: the top of the media folder.
 void Browser::FallBack() {
     needs_.state.ListMode = ListFromMenu;
     needs_.state.CurrentPath = needs_.MediaDir();
-    desk_.SqlView = false;
     DropEditor();
-    Populate();
+    PopulateAnew();
 }
 
 void Browser::MoveList(void (ListModel::*move)()) {
@@ -124,7 +146,7 @@ void Browser::PgDn() {
 }
 
 void Browser::MoveBack() {
-    if (needs_.app.ListBusy) return;
+    if (EndsRunning(nullptr) || needs_.app.ListBusy) return;
     if (KeyboardShown) return keyboard_.MoveLeft();
     if (RightListFocus) return ToggleListFocus();
     Run("MoveBack", [&] {
@@ -146,6 +168,7 @@ void Browser::MoveAhead() {
     if (needs_.app.ListBusy) return;
     if (KeyboardShown) return keyboard_.MoveRight();
     if (desk_.Building()) return ToggleListFocus();
+    if (list_.GetSelectedSongNum() == 0 && desk_.rows.HasBack()) return;
     Run("MoveAhead", [&] {
         const std::string descriptor = list_.GetSelectedFileName();
         const RowDescriptor row = SplitDescriptor(descriptor);
@@ -167,12 +190,11 @@ void Browser::VolDown() {
 void Browser::doquit() {
     CloseToolFrame();
     if (needs_.screens.CurrentForm != BrowserName) return;
-    if (running_)
-        desk_.Abort();
-    else if (KeyboardShown)
+    if (EndsRunning(&Browser::Leave)) return;
+    if (KeyboardShown)
         keyboard_.KeyClick(KeyboardModel::EscKey);
     else if (desk_.Building())
-        editor_.HasRows() ? AskListName() : EndBuilding();
+        EndBuilding();
     else
         Leave();
 }
@@ -187,7 +209,7 @@ void Browser::Leave() {
 
 void Browser::Swap() {
     if (needs_.app.ListBusy || needs_.audio.PlayMode == PlayNone) return;
-    if (!desk_.Building()) needs_.state.FromPlayer = true;
+    if (!desk_.Building() && !KeyboardShown) needs_.state.FromPlayer = true;
     doquit();
 }
 
@@ -211,12 +233,25 @@ void Browser::TickNotice() {
     if (noticeSeconds_ > 0 && --noticeSeconds_ == 0) CloseLoading();
 }
 
-// What can change by itself: the time, and whether the player plays.
+// What can change by itself: the time, whether the player plays, and the catalogue.
 void Browser::ShowState() {
     const bool playing = needs_.audio.PlayMode != PlayNone && !needs_.audio.bPaused;
     view_.SetButton(BrowserButton::PlayPause, playing ? "pause.gif" : "play.gif");
     const DateTime now = needs_.clock.Now();
     view_.SetClock(needs_.locale.LongDate(now) + "    " + needs_.locale.ShortTime(now));
+    if (needs_.CatalogueOnLine() != catalogueShown_) FollowCatalogue();
+}
+
+// The top level offers the catalogue as soon as it can be browsed, and only so long.
+void Browser::FollowCatalogue() {
+    const bool top = needs_.state.ListMode != ListApplications && !desk_.rows.HasBack() &&
+                     !desk_.PlaylistView && !desk_.XMView;
+    if (!top || KeyboardShown || needs_.app.ListBusy || noticeSeconds_ > 0) return;
+    Run("Timer2", [&] {
+        const std::string selected = list_.GetSelectedFileName();
+        Populate();
+        SelectMatch(selected);
+    });
 }
 
 } // namespace vk

@@ -37,9 +37,9 @@ struct BrowserModels {
     KeyboardModel& keyboard;
 };
 
-/// The operations. All but `doquit` and the entries are ignored while a list is being built; a
-/// failure in one is logged and the screen goes on. `models` and `view` outlive it. While the
-/// keyboard is shown it has the arrows, "OK" and Escape.
+/// The operations. All but those that end a build (`doquit`, `MoveBack`, `GoHome`) are ignored
+/// while a list is being built; a failure in one is logged and the screen goes on. `models` and
+/// `view` outlive it. While the keyboard is shown it has the arrows, "OK" and Escape.
 class Browser {
   public:
     Browser(BrowserNeeds needs, BrowserModels models, BrowserView& view);
@@ -56,7 +56,7 @@ class Browser {
     void MoveDown();
     void PgUp();
     void PgDn();
-    /// A level up.
+    /// A level up. Ends a list that is being built, which stays as far as it got.
     void MoveBack();
     /// Lists the selected folder with all that is below it; deletes the selected preset.
     void MoveAhead();
@@ -94,7 +94,8 @@ class Browser {
     void ShowGPS();
     /// Goes on with the list that was last played (`Image19`).
     void Resume();
-    /// To the main menu (`imgHome`).
+    /// To the main menu (`imgHome`). A list that was built is asked its name first, here and
+    /// wherever else the screen is left.
     void GoHome();
     /// The row of `UCListBox` that was touched is chosen.
     void ChooseLeft();
@@ -117,16 +118,20 @@ class Browser {
 
     // browser.cpp
     void Run(const std::string& name, const std::function<void()>& operation);
+    bool EndsRunning(void (Browser::*next)());
     void EnterMode();
     void Populate();
+    void PopulateAnew();
     void FallBack();
     void MoveList(void (ListModel::*move)());
     void Leave();
     void ShowNotice(const std::string& text);
     void ShowState();
+    void FollowCatalogue();
     void TickNotice();
     void CloseLoading();
     // keyboard.cpp
+    void SlideKeyboard(bool open);
     void ShowOSK(const std::string& caption, const std::string& value,
                  KeyboardPurposeValue purpose);
     void HideOSK();
@@ -164,6 +169,7 @@ class Browser {
     void SaveUnder(const std::string& text);
     void ShowTitleFor(const std::string& title, int milliseconds);
     void EndBuilding();
+    bool KeepsBuilding();
     void LeaveEditor();
     void DropEditor();
     // hand_over.cpp
@@ -171,7 +177,8 @@ class Browser {
     void PlayAudioFiles(const RowDescriptor& row);
     void PlayVideoFiles(const RowDescriptor& row);
     std::int32_t WritePlayList(int mediaType, const std::string& file);
-    bool DiscIsGone() { return builder_.BrowsingCD && !builder_.CheckDisc(); }
+    bool DiscIsGone();
+    void FallBackWithoutDisc();
     void EnterPlayer();
     void EnterMoviePlayer();
     // resume.cpp
@@ -200,7 +207,11 @@ class Browser {
     /// may come back here before its entry returns.
     std::function<void()> enterNext_;
     bool toolFrameOpen_ = false;
-    int noticeSeconds_ = 0; ///< left for the notice over the list; 0: none
+    /// What follows the present operation, which was ended early; null: nothing.
+    void (Browser::*afterAbort_)() = nullptr;
+    bool catalogueShown_ = false; ///< the catalogue was on line when the list was built
+    bool sliding_ = false;        ///< the drawn keyboard is on its way up or down
+    int noticeSeconds_ = 0;       ///< left for the notice over the list; 0: none
     bool KeyboardShown = false;
     KeyboardPurposeValue KeyboardPurpose = KeyboardPurposeValue::SearchArtist;
     std::string PresetPath;      ///< the preset list on show

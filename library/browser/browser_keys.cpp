@@ -31,7 +31,7 @@ constexpr std::array PlayerActions = {Action::mute, Action::shuffle, Action::pla
 bool Browser::Form_KeyDown(const std::string& code) {
     const InputCode key(code, needs_.keys);
     const auto onKeyboard = std::span(Rows).first(KeyboardRows);
-    if (KeyboardShown && (RunAction(*this, onKeyboard, key) || keyboard_.KeyDown(code)))
+    if (KeyboardShown && (keyboard_.KeyDown(code) || RunAction(*this, onKeyboard, key)))
         return true;
     return DoAction(key);
 }

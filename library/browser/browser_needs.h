@@ -38,6 +38,8 @@ struct BrowserNeeds {
     Catalogue* catalogue = nullptr;         ///< null: none
     std::function<void()> StopAudio = {};   ///< silences the audio player process before a film
     const ChannelTable* channels = nullptr; ///< null: no satellite channels
+    /// Tells whether the tuner of that `PlayMode` is there; empty: none is.
+    std::function<bool(std::int32_t playMode)> HasTuner = {};
 
     std::string MediaDir() const { return WithoutTrailingSeparator(settings.values.MediaDir); }
     bool CatalogueOnLine() const { return catalogue && catalogue->State() == DBStateValue::OnLine; }

@@ -1,5 +1,6 @@
 // The mode that builds and edits lists: two lists side by side, the right one being built.
 #include "core/text.h"
+#include "library/browser/browse_history.h"
 #include "library/browser/browser.h"
 #include "platform/files.h"
 
@@ -21,15 +22,12 @@ void Browser::OpenEditor(const RowDescriptor& row) {
     const bool open =
         channels ? editor_.EditChannelList(FileNameOf(path).size() == 4 ? std::string() : path)
                  : editor_.EditPlaylist(path);
-    if (!open) return editor_.Message().empty() ? void() : ShowNotice(editor_.Message());
+    if (!open) return;
     view_.LayOut(ListBuild);
     FocusRight(false);
     editor_.Show();
     view_.ReDrawRightList();
-    if (channels)
-        xmLists_.ShowAllChannels();
-    else
-        builder_.Populate();
+    Populate();
     list_.SelectItem(0);
     view_.ReDrawList();
 }
@@ -77,23 +75,23 @@ void Browser::ChooseRight() {
 void Browser::SaveList() {
     if (needs_.app.ListBusy || KeyboardShown || !desk_.Building()) return;
     CloseToolFrame();
-    editor_.WorthSaving() ? AskListName() : EndBuilding();
+    EndBuilding();
 }
 
+// The list that was there before is most often saved as that: Enter does it.
 void Browser::AskListName() {
+    if (!editor_.DefaultName().empty()) keyboard_.MarkKey(KeyboardModel::OKKey);
     ShowOSK(editor_.OfChannels() ? "Name of the Channel List" : "Name of the Playlist",
             editor_.DefaultName(), KeyboardPurposeValue::ListName);
 }
 
-// Refused: the keyboard stays, and says why where it asks.
+// Refused: the keyboard stays, and says why where it asks. Without a name the list is given up.
 void Browser::SaveUnder(const std::string& text) {
     const SaveResult result = editor_.Save(text);
     if (result == SaveResult::Refused) return keyboard_.SetCaption(editor_.Message());
     ShowTitleFor(editor_.Message(), TitleMs);
     HideOSK();
     desk_.SetTitle(SavedTitle);
-    // A new list that was given no name is still there: it has no other place.
-    if (result == SaveResult::NotSaved && editor_.EditListPath.empty()) return;
     LeaveEditor();
 }
 
@@ -101,26 +99,42 @@ void Browser::ShowTitleFor(const std::string& title, int milliseconds) {
     desk_.SetTitle(title);
     const std::int64_t end = needs_.clock.TickMs() + milliseconds;
     while (needs_.clock.TickMs() < end) {
+        needs_.app.ListBusy = true;
         needs_.clock.DoEvents();
+        needs_.app.ListBusy = true; // whatever ran may have drawn a list of its own
         needs_.clock.Sleep(WaitStepMs);
     }
+    desk_.TakeAborted();
+    afterAbort_ = nullptr;
 }
 
 void Browser::EndBuilding() {
+    if (editor_.WorthSaving()) return AskListName();
     Run("doquit", [&] { LeaveEditor(); });
+}
+
+// A list that was built has no other place: its name is asked for before the screen is left.
+bool Browser::KeepsBuilding() {
+    const bool keeps = desk_.Building() && editor_.WorthSaving();
+    if (keeps) doquit();
+    return keeps;
 }
 
 // To the list that was edited, or to where the new one would have come from.
 void Browser::LeaveEditor() {
     const std::string path = editor_.EditListPath;
+    const std::string name = editor_.DefaultName();
     const bool channels = editor_.OfChannels();
     editor_.End();
     FocusRight(false);
     view_.LayOut(needs_.state.ListMode);
-    if (!FileExists(path)) return builder_.Populate();
-    if (channels) return xmLists_.ShowChannelList(path);
-    if (path != editor_.OpenedPath()) desk_.SetTitle(editor_.DefaultName());
-    builder_.ReadList(path);
+    if (!FileExists(path)) return channels ? xmLists_.ShowTop() : Populate();
+    if (path != editor_.OpenedPath()) {
+        if (!editor_.OpenedPath().empty()) PopHistory(BrowseHistory);
+        PushHistory(BrowseHistory, (channels ? "XM:List|" : "FILE:") + path);
+        desk_.SetTitle(name);
+    }
+    channels ? xmLists_.ShowChannelList(path) : builder_.ReadList(path);
 }
 
 void Browser::DropEditor() {

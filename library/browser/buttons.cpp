@@ -32,7 +32,7 @@ void Browser::ToggleApplications() {
     Run("Image14_Click", [&] {
         const bool applications = needs_.state.ListMode == ListApplications;
         needs_.state.ListMode = applications ? ListFromMenu : ListApplications;
-        Populate();
+        PopulateAnew();
     });
 }
 
@@ -43,20 +43,20 @@ void Browser::Eject() {
         const std::string& drive = builder_.Drives().DiscDrive();
         const bool opened = !needs_.app.CDReady || needs_.volumes.Eject(drive);
         needs_.state.CurrentPath = needs_.MediaDir();
-        Populate();
+        PopulateAnew();
         if (!opened) ShowNotice("The drive could not be opened.");
     });
 }
 
 void Browser::ShowGPS() {
-    if (needs_.app.ListBusy || !HasGPS()) return;
+    if (needs_.app.ListBusy || !HasGPS() || KeepsBuilding()) return;
     CloseToolFrame();
     switchingform();
     needs_.screens.Show("frmGPS");
 }
 
 void Browser::GoHome() {
-    if (needs_.app.ListBusy) return;
+    if (EndsRunning(&Browser::GoHome) || needs_.app.ListBusy || KeepsBuilding()) return;
     CloseToolFrame();
     needs_.state.FromPlayer = false;
     switchingform();
@@ -80,9 +80,12 @@ void Browser::SetPlayerButton() {
 }
 
 void Browser::ShowRadio() {
-    if (needs_.app.ListBusy || !HasRadio()) return;
+    if (needs_.app.ListBusy || !HasRadio() || KeepsBuilding()) return;
     const bool xm = RadioIsXM(needs_);
-    needs_.audio.PlayMode = xm ? PlayXM : PlayFM;
+    const std::int32_t mode = xm ? PlayXM : PlayFM;
+    if (!needs_.HasTuner || !needs_.HasTuner(mode))
+        return ShowNotice("The radio is not available.");
+    needs_.audio.PlayMode = mode;
     needs_.audio.ListTitle = xm ? XMSourceName : FMSourceName;
     needs_.audio.ListFile = needs_.settings.File("presets.lst");
     needs_.audio.VolumeSerial = -1;

@@ -1,5 +1,6 @@
 #include "library/browser/drives.h"
 
+#include "core/optical_drive.h"
 #include "core/text.h"
 #include "platform/paths.h"
 
@@ -16,19 +17,24 @@ bool LiesBelow(const std::string& path, const std::string& root) {
 } // namespace
 
 bool DriveRules::HasDiscDrive() const {
-    return !DiscDrive().empty() && !EqualNoCase(DiscDrive(), "NONE");
+    const std::string& drive = settings_.values.CDDriveLetter;
+    return !drive.empty() && !EqualNoCase(drive, "NONE");
+}
+
+void DriveRules::FindDisc() {
+    disc_ = OpticalRoot(volumes_, settings_.values.CDDriveLetter);
 }
 
 std::string DriveRules::DriveOf(const std::string& path) const {
     // Without a disc in it an optical drive may not be mounted, and its root is a plain folder.
-    if (HasDiscDrive() && LiesBelow(path, DiscDrive())) return DiscDrive();
+    if (!disc_.empty() && LiesBelow(path, disc_)) return disc_;
     return volumes_.DriveOf(path);
 }
 
 Place DriveRules::PlaceOf(const std::string& path) const {
     const std::string drive = DriveOf(path);
     if (EqualNoCase(drive, DriveOf(settings_.values.MediaDir))) return Place::Media;
-    return HasDiscDrive() && EqualNoCase(drive, DiscDrive()) ? Place::Disc : Place::Removable;
+    return EqualNoCase(drive, disc_) ? Place::Disc : Place::Removable;
 }
 
 bool DriveRules::IsDriveRoot(const std::string& path) const {

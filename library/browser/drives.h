@@ -16,11 +16,16 @@ enum class Place { Media, Disc, Removable };
 class DriveRules {
   public:
     DriveRules(const SettingsStore& settings, const Volumes& volumes)
-        : settings_(settings), volumes_(volumes) {}
+        : settings_(settings), volumes_(volumes) {
+        FindDisc();
+    }
 
     /// True when an optical drive is configured.
     bool HasDiscDrive() const;
-    const std::string& DiscDrive() const { return settings_.values.CDDriveLetter; }
+    /// The root that the disc drive had when it was last looked for.
+    const std::string& DiscDrive() const { return disc_; }
+    /// Looks for the disc drive: its root may be another one with each disc.
+    void FindDisc();
     /// The root of the drive that holds `path`; an optical drive counts even without a disc.
     std::string DriveOf(const std::string& path) const;
     /// A folder on the media folder's own drive is `Media`, wherever it lies there.
@@ -33,6 +38,7 @@ class DriveRules {
   private:
     const SettingsStore& settings_;
     const Volumes& volumes_;
+    std::string disc_; ///< "" without an optical drive
 };
 
 } // namespace vk

@@ -3,23 +3,27 @@
 #include "library/browser/browser.h"
 #include "library/list_file.h"
 #include "library/media_type.h"
+#include "platform/files.h"
 
 namespace vk {
 
-// Writes every row of that type; returns the one-based place of the selected one among them, 0 when
-// the list could not be written.
+// Writes every row of that type; returns the one-based place of the selected one among them, 0 with
+// a notice when there is nothing to be played.
 std::int32_t Browser::WritePlayList(int mediaType, const std::string& file) {
     std::vector<std::string> entries;
-    std::int32_t position = 1;
+    std::int32_t position = 0;
     for (int row = 0; row < list_.ItemCount(); ++row) {
         const RowDescriptor entry = SplitDescriptor(list_.GetFileNameListusercontrol(row));
         const std::string path = entry.Rest();
-        // A line end in a name would make two entries of it.
         if (entry.kind != "FILE" || GetMediaType(needs_.app, path) != mediaType ||
-            path.find_first_of("\r\n") != std::string::npos)
+            !FitsListLine(path))
             continue;
         entries.push_back(path);
         if (row == list_.GetSelectedSongNum()) position = static_cast<std::int32_t>(entries.size());
+    }
+    if (position == 0) {
+        ShowNotice(NameFitsNoList);
+        return 0;
     }
     const std::string comment = mediaType == MediaAudio ? desk_.ParentName : std::string();
     if (WriteListFile(file, comment, entries)) return position;
@@ -31,7 +35,7 @@ std::int32_t Browser::WritePlayList(int mediaType, const std::string& file) {
 void Browser::PlayAudioFiles(const RowDescriptor&) {
     const std::int32_t position = WritePlayList(MediaAudio, AudioList());
     if (position == 0) return;
-    if (DiscIsGone()) return FallBack();
+    if (DiscIsGone()) return FallBackWithoutDisc();
     const std::string& drive = builder_.Drives().DiscDrive();
     AudioState& audio = needs_.audio;
     audio.PlayMode = PlayAudio;
@@ -47,10 +51,21 @@ void Browser::PlayAudioFiles(const RowDescriptor&) {
     EnterPlayer();
 }
 
+// Another disc than the one on show is elsewhere.
+bool Browser::DiscIsGone() {
+    return builder_.BrowsingCD &&
+           (!builder_.CheckDisc() || !FolderExists(needs_.state.CurrentPath));
+}
+
+void Browser::FallBackWithoutDisc() {
+    FallBack();
+    desk_.Say("The disc is not in the drive.");
+}
+
 void Browser::EnterPlayer() {
+    if (!needs_.screens.Find("playmp3")) return ShowNotice("The player is not available.");
     enterNext_ = [this] {
         CloseToolFrame();
-        if (!needs_.screens.Find("playmp3")) return ShowNotice("The player is not available.");
         switchingform();
         if (std::exchange(needs_.state.FromPlayer, false))
             needs_.screens.ReDisplay("playmp3");
@@ -60,7 +75,7 @@ void Browser::EnterPlayer() {
 }
 
 void Browser::PlayDisc() {
-    if (!builder_.CheckDisc()) return FallBack();
+    if (!builder_.CheckDisc()) return FallBackWithoutDisc();
     const std::string& drive = builder_.Drives().DiscDrive();
     needs_.video = {.PlayDVD = true, .ListFile = {}, .VolumeSerial = needs_.volumes.Serial(drive)};
     EnterMoviePlayer();
@@ -70,7 +85,7 @@ void Browser::PlayVideoFiles(const RowDescriptor&) {
     const std::string file = needs_.settings.File("vk_video.m3u");
     const std::int32_t position = WritePlayList(MediaVideo, file);
     if (position == 0) return;
-    if (DiscIsGone()) return FallBack();
+    if (DiscIsGone()) return FallBackWithoutDisc();
     const std::string& drive = builder_.Drives().DiscDrive();
     needs_.video = {.ListFile = file,
                     .MovieToSelect = position,

@@ -5,28 +5,32 @@
 
 namespace vk {
 
+// Events run meanwhile: it takes no input before it is there, and none on its way out.
+void Browser::SlideKeyboard(bool open) {
+    needs_.app.ListBusy = sliding_ = true;
+    KeyboardShown = false;
+    view_.SlideKeyboard(open);
+    KeyboardShown = open;
+    needs_.app.ListBusy = sliding_ = false;
+}
+
 void Browser::ShowOSK(const std::string& caption, const std::string& value,
                       KeyboardPurposeValue purpose) {
-    needs_.app.ListBusy = true;
     SavedTitle = desk_.Title();
     KeyboardPurpose = purpose;
-    KeyboardShown = true;
     keyboard_.ClearInput();
     keyboard_.SetCaption(caption);
     keyboard_.SetValue(value);
-    view_.SlideKeyboard(true);
-    needs_.app.ListBusy = false;
+    SlideKeyboard(true);
 }
 
 void Browser::HideOSK() {
-    needs_.app.ListBusy = true;
-    KeyboardShown = false;
-    view_.SlideKeyboard(false);
-    needs_.app.ListBusy = false;
+    SlideKeyboard(false);
 }
 
 // Its own Escape: nothing was typed.
 void Browser::CloseKeyboard() {
+    if (!KeyboardShown || running_) return;
     HideOSK();
     desk_.SetTitle(SavedTitle);
     if (KeyboardPurpose <= KeyboardPurposeValue::SearchFileName) return MoveBack();
@@ -43,6 +47,7 @@ void Browser::TakeText(const std::string& text) {
         {KeyboardPurposeValue::SearchFileName, &Browser::SearchFor},
         {KeyboardPurposeValue::PresetLabel, &Browser::SavePreset},
         {KeyboardPurposeValue::ListName, &Browser::SaveUnder}};
+    if (!KeyboardShown) return;
     Run("UCKeyboard_OK", [&] {
         const auto handler = purposes.find(KeyboardPurpose);
         if (handler != purposes.end()) (this->*handler->second)(text);

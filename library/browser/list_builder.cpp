@@ -6,6 +6,7 @@
 namespace vk {
 
 bool ListBuilder::CheckDisc() {
+    drives_.FindDisc();
     desk_.needs.app.CDReady =
         drives_.HasDiscDrive() && desk_.needs.volumes.IsReady(drives_.DiscDrive());
     return desk_.needs.app.CDReady;
@@ -15,9 +16,8 @@ void ListBuilder::MarkPlace(const std::string& path) {
     const Place place = drives_.PlaceOf(path);
     BrowsingCD = place == Place::Disc;
     BrowsingRemovable = place == Place::Removable;
-    if (BrowsingCD) desk_.view.ShowLoading("Reading CD/DVD");
-    if (BrowsingRemovable)
-        desk_.view.ShowLoading("Reading removable drive " + drives_.DriveOf(path));
+    if (BrowsingCD) desk_.ShowBusy("Reading CD/DVD");
+    if (BrowsingRemovable) desk_.ShowBusy("Reading removable drive " + drives_.DriveOf(path));
 }
 
 std::string ListBuilder::ParentOf(const std::string& folder) const {
@@ -28,7 +28,7 @@ std::string ListBuilder::ParentOf(const std::string& folder) const {
 bool ListBuilder::AddPlainFiles(const std::vector<std::string>& files) {
     std::int32_t number = 0;
     for (const std::string& path : files) {
-        if (!desk_.Pulse()) break;
+        if (!desk_.Pulse(static_cast<std::size_t>(number))) break;
         TagRecord tag;
         ++number;
         if (OtherDrive() && EqualNoCase(ExtensionOf(path), "cda"))

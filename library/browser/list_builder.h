@@ -27,7 +27,8 @@ class ListBuilder {
     void ReadList(const std::string& path);
 
     const DriveRules& Drives() const { return drives_; }
-    /// Asks the configured disc drive whether it is ready and keeps the answer in `CDReady`.
+    /// Asks the configured disc drive where its disc is now and whether it is ready and keeps the
+    /// answer in `CDReady`.
     bool CheckDisc();
 
     bool BrowsingCD = false;        ///< the current folder is on the disc drive
@@ -53,7 +54,7 @@ class ListBuilder {
     // top_rows.cpp
     void AddTopRows();
     bool OffersDatabase() const { return desk_.needs.CatalogueOnLine(); }
-    bool OffersDisc() const { return NotBuilding() && desk_.needs.app.CDReady; }
+    bool OffersDisc() const;
     bool OffersFavorites() const;
     bool OffersPresets() const;
     bool OffersChannels() const;
@@ -67,6 +68,7 @@ class ListBuilder {
     void AddXM();
     // special_lists.cpp
     void AddEditRow(const std::string& path);
+    std::int32_t AddEntries(const std::string& path);
     void PopulateApplications();
     void Recurse(const std::string& folder, std::vector<std::string>& files,
                  std::set<std::string>& seen);

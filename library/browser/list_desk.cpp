@@ -8,13 +8,24 @@ namespace vk {
 namespace {
 
 constexpr std::int64_t PulseMs = 5;
+constexpr std::int64_t CountMs = 1000;
+
+// In groups of three digits.
+std::string Grouped(std::size_t number) {
+    std::string text = std::to_string(number);
+    for (std::size_t at = text.size(); at > 3;)
+        text.insert(at -= 3, ",");
+    return text;
+}
 
 } // namespace
 
 void ListDesk::Start() {
+    ++started_;
     needs.app.ListBusy = true;
     ParentName.clear();
     PlaylistView = XMView = false;
+    list.HideDupes = false;
     list.numberedList = needs.settings.values.numberedList;
     rows.Clear();
 }
@@ -25,22 +36,35 @@ void ListDesk::Finish() {
     view.HideLoading();
 }
 
-bool ListDesk::Pulse() {
+void ListDesk::ShowBusy(const std::string& label) {
+    busy_ = label;
+    lastCount_ = needs.clock.TickMs();
+    view.ShowLoading(label);
+}
+
+bool ListDesk::Pulse(std::size_t done) {
     const std::int64_t now = needs.clock.TickMs();
+    if (done > 0 && now - lastCount_ >= CountMs) {
+        lastCount_ = now;
+        view.ShowLoading(busy_ + "  " + Grouped(done));
+    }
     if (now - lastPulse_ >= PulseMs) {
         lastPulse_ = now;
         needs.clock.DoEvents();
         needs.app.ListBusy = true; // whatever ran may have finished a list of its own
     }
+    if (needs.screens.CurrentForm.empty()) Abort();
     return !aborted_;
 }
 
-void ListDesk::Try(const std::string& name, const std::function<void()>& build) {
+bool ListDesk::Try(const std::string& name, const std::function<void()>& build) {
     try {
         build();
+        return !aborted_;
     } catch (const std::exception& error) {
         needs.report.Log("An error occured in playlists." + name + " " + error.what());
         Say("The list could not be read.");
+        return false;
     }
 }
 
@@ -53,10 +77,14 @@ bool ListDesk::Showable(const std::string& path) const {
     return IsShowable(needs.app, needs.state.ListMode, path);
 }
 
+void ListDesk::AddEmptyNotice(const std::string& text, const std::string& picture) {
+    if (!aborted_) rows.AddNotice(text, picture);
+}
+
 int ListDesk::AddCatalogueFiles(const std::vector<CatalogueFile>& files) {
-    std::int32_t number = 0;
+    int number = 0;
     for (const CatalogueFile& file : files) {
-        if (!Pulse()) break;
+        if (!Pulse(static_cast<std::size_t>(number))) break;
         if (Showable(JoinPath(needs.MediaDir(), file.path)))
             rows.AddFileRow(++number, file.artist, file.title, file.path, false);
     }

@@ -32,15 +32,15 @@ bool ListEditor::EditChannelList(const std::string& path) {
 }
 
 bool ListEditor::Open(const std::string& path, bool ofChannels) {
-    message_.clear();
     channels_ = ofChannels;
     right_.ClearAllArrays();
     right_.HideDupes = false;
-    if (!Fill(path)) {
+    if (!desk_.Try(ofChannels ? "EditChannelList" : "EditPlaylist", [&] { Fill(path); })) {
         right_.ClearAllArrays();
         return false;
     }
     AddNoticeIfEmpty();
+    if (path.empty() && !ofChannels && !HasPlaylistFolder()) desk_.Say(NoPlaylistFolder);
     BrowserState& state = desk_.needs.state;
     before_ = {state.ListMode, desk_.SqlView, state.CurrentPath, desk_.Title(), path};
     desk_.SqlView = false;
@@ -55,26 +55,31 @@ bool ListEditor::Open(const std::string& path, bool ofChannels) {
 }
 
 // A list that is there but cannot be read must not be written over later, and half a list neither.
-bool ListEditor::Fill(const std::string& path) {
-    if (path.empty() || !FileExists(path)) return true;
-    const auto contents = ReadWholeFile(path, ListFileLimit);
-    if (!contents || FileLength(path) > ListFileLimit) {
-        message_ = "The list could not be read.";
-        return false;
-    }
-    if (channels_)
-        for (const int number : ChannelNumbers(*contents))
-            AddChannel(number);
-    else
-        for (const std::string& line : ListLines(*contents)) {
-            if (!desk_.Pulse()) return false;
-            AddFile(ResolveListEntry(line, FolderOf(path)));
-        }
-    return true;
+void ListEditor::Fill(const std::string& path) {
+    if (path.empty() || !FileExists(path)) return;
+    const std::string contents = ReadListText(path);
+    if (!channels_) return AddFiles(contents, FolderOf(path));
+    for (const int number : ChannelNumbers(contents))
+        AddChannel(number);
+}
+
+void ListEditor::AddFiles(const std::string& contents, const std::string& folder) {
+    int missing = 0;
+    const bool whole = ForEachListLine(contents, [&](const std::string& line) {
+        const std::string path = ResolveListEntry(line, folder);
+        if (!path.empty())
+            AddFile(path);
+        else if (!line.starts_with('#')) // a comment
+            ++missing;
+        return desk_.Pulse(static_cast<std::size_t>(right_.ItemCount()));
+    });
+    if (!whole || missing == 0) return;
+    desk_.Say(missing == 1
+                  ? "1 file is not there and will be left out."
+                  : std::to_string(missing) + " files are not there and will be left out.");
 }
 
 void ListEditor::AddFile(const std::string& path) {
-    if (path.empty()) return;
     TagRecord tag = desk_.needs.tags.GetDBTag(path);
     if (tag.Artist.empty()) tag.Artist.swap(tag.Title);
     const std::string number = std::to_string(right_.ItemCount() + 1) + " - ";
@@ -112,6 +117,7 @@ void ListEditor::End() {
 
 void ListEditor::Drop() {
     editing_ = false;
+    EditListPath.clear();
     right_.ClearAllArrays();
 }
 
@@ -119,8 +125,10 @@ bool ListEditor::Takes(const ListRow& row) {
     if (row.descriptor.starts_with(ChannelKind)) return channels_;
     if (channels_ || !row.descriptor.starts_with(FileKind)) return false;
     const std::string path = row.descriptor.substr(FileKind.size());
-    if (GetMediaType(desk_.needs.app, path) != MediaAudio) return false;
-    if (!FitsListLine(path)) message_ = "This file's name cannot be stored in a list.";
+    if (GetMediaType(desk_.needs.app, path) != MediaAudio)
+        message_ = "Only music can be put in a list.";
+    else if (!FitsListLine(path))
+        message_ = NameFitsNoList;
     return message_.empty();
 }
 

@@ -17,8 +17,7 @@ enum class SaveResult {
     Refused   ///< nothing was changed on the disk, and the rows are still there
 };
 
-/// One list at a time. What is given outlives it. Operations that do less than was asked leave
-/// their words in `Message`.
+/// One list at a time. What is given outlives it. `Add` and `Save` leave their words in `Message`.
 class ListEditor {
   public:
     ListEditor(ListDesk& desk, XMLists& xmLists, ListModel& right)
@@ -26,7 +25,7 @@ class ListEditor {
 
     /// Takes the existing files of a playlist into the right list, none for a new list (""), and
     /// turns to the mode that builds. False, with everything as it was, when the list cannot be
-    /// read or the user ended the reading.
+    /// read (which is said) or the user ended the reading.
     bool EditPlaylist(const std::string& path);
     /// The same for a channel list.
     bool EditChannelList(const std::string& path);
@@ -63,7 +62,7 @@ class ListEditor {
     /// For the user, UTF-8; "" when there is nothing to say.
     const std::string& Message() const { return message_; }
 
-    std::string EditListPath; ///< the list that is edited, "" for a new one
+    std::string EditListPath; ///< the list that is edited, "" for a new one and for none
 
   private:
     /// What the mode is left to.
@@ -73,8 +72,10 @@ class ListEditor {
         std::string CurrentPath, title, list;
     };
     bool Open(const std::string& path, bool ofChannels);
-    bool Fill(const std::string& path);
+    void Fill(const std::string& path);
+    void AddFiles(const std::string& contents, const std::string& folder);
     void AddFile(const std::string& path);
+    bool HasPlaylistFolder() const;
     void AddChannel(int number);
     bool Takes(const ListRow& row);
     void AddNoticeIfEmpty();

@@ -12,10 +12,17 @@ namespace vk {
 /// The first text of the row that leads back; it is always row 0.
 inline constexpr const char* BackRowText = "<...>";
 
+/// The notice of a list that came out empty.
+inline constexpr const char* NothingFound = "No Supported Media Found";
 /// The notice of a playlist of which no file is there.
 inline constexpr const char* NoValidFilenames = "<No Valid Filenames in the Playlist>";
 /// The same of a channel list.
 inline constexpr const char* NoValidChannels = "<No Valid Channels in List>";
+
+/// Said when new playlists have no place.
+inline constexpr const char* NoPlaylistFolder = "The playlist folder is missing.";
+/// Said of a file that `FitsListLine` refuses.
+inline constexpr const char* NameFitsNoList = "This file's name cannot be stored in a list.";
 
 /// Pictures of the rows: files in the skin's folder.
 inline constexpr const char* backpic = "back.gif";

@@ -48,13 +48,16 @@ std::string ListEditor::TargetPath(const std::string& name) const {
     return JoinPath(desk_.needs.settings.values.PlaylistDir, name + ".m3u");
 }
 
+bool ListEditor::HasPlaylistFolder() const {
+    const std::string& folder = desk_.needs.settings.values.PlaylistDir;
+    return !folder.empty() && FolderExists(folder);
+}
+
 std::string ListEditor::NameProblem(const std::string& name, const std::string& path) const {
     if (name.empty()) return "Please type a name.";
     if (!IsFileName(name)) return "A list cannot have this name.";
     if (FileNameOf(path).size() > LongestFileName) return "The name is too long.";
-    if (!channels_ && (desk_.needs.settings.values.PlaylistDir.empty() ||
-                       !FolderExists(desk_.needs.settings.values.PlaylistDir)))
-        return "The playlist folder is missing.";
+    if (!channels_ && !HasPlaylistFolder()) return NoPlaylistFolder;
     if (NameTaken(path)) return "There is a list of this name.";
     return {};
 }
@@ -76,7 +79,7 @@ SaveResult ListEditor::Refuse(const std::string& why) {
 
 SaveResult ListEditor::Save(const std::string& text) {
     message_ = "Not Saved ";
-    if (text.empty()) return SaveResult::NotSaved;
+    if (!editing_ || text.empty()) return SaveResult::NotSaved;
     const std::string name = Trim(text);
     const std::string path = TargetPath(name);
     const std::string problem = path == EditListPath ? "" : NameProblem(name, path);

@@ -9,11 +9,10 @@
 namespace vk {
 
 void ListBuilder::Populate() {
-    desk_.list.HideDupes = false;
     if (desk_.needs.state.ListMode == ListApplications) return PopulateApplications();
-    if (drives_.HasDiscDrive()) desk_.view.ShowLoading("Checking CD Rom");
+    if (drives_.HasDiscDrive()) desk_.ShowBusy("Checking CD Rom");
     CheckDisc();
-    desk_.view.ShowLoading("Busy");
+    desk_.ShowBusy("Busy");
     desk_.needs.state.CurrentPath = WithoutTrailingSeparator(desk_.needs.state.CurrentPath);
     if (!AtTop() && !FolderExists(desk_.needs.state.CurrentPath)) {
         desk_.needs.report.Log("the folder " + ToUtf8(desk_.needs.state.CurrentPath) + " is gone");
@@ -91,8 +90,7 @@ void ListBuilder::AddFiles(const Contents& contents) {
     } else {
         found = AddPlainFiles(contents.files);
     }
-    if (!found && !AtTop() && !contents.discRow)
-        desk_.rows.AddNotice("No Supported Media Found", alertPic);
+    if (!found && !AtTop() && !contents.discRow) desk_.AddEmptyNotice(NothingFound, alertPic);
 }
 
 } // namespace vk

@@ -14,11 +14,13 @@ void Browser::ReadPresets(const RowDescriptor& row) {
     desk_.Start();
     desk_.SetTitle("Radio Presets ");
     desk_.rows.AddBack(needs_.MediaDir());
-    const auto presets = ReadPresetFile(PresetPath);
-    for (const Preset& preset : presets)
-        list_.AddItem(preset.label + " - ", preset.frequency, "FREQ:" + preset.frequency);
-    if (presets.empty() && FileExists(PresetPath))
-        desk_.rows.AddNotice("<No Valid Preset Entries>");
+    desk_.Try("ReadPresets", [&] {
+        const auto presets = ReadPresetFile(PresetPath);
+        for (const Preset& preset : presets)
+            list_.AddItem(preset.label + " - ", preset.frequency, "FREQ:" + preset.frequency);
+        if (presets.empty() && FileExists(PresetPath))
+            desk_.rows.AddNotice("<No Valid Preset Entries>");
+    });
     desk_.Finish();
 }
 

@@ -39,9 +39,13 @@ void Browser::ChooseRow() {
     if (needs_.state.ListMode == ListApplications) return ChooseApplication(descriptor);
     const RowDescriptor row = SplitDescriptor(descriptor);
     if (desk_.Building() && (row.kind == "FILE" || row.kind == "XM")) return AddToList(row.kind);
+    const std::string before = BrowseHistory;
     const std::string comeFrom = TrackHistory(descriptor, row.kind);
-    const auto handler = kinds.find(row.kind);
-    if (handler != kinds.end()) (this->*handler->second)(row);
+    const int lists = desk_.ListsStarted();
+    if (const auto handler = kinds.find(row.kind); handler != kinds.end())
+        (this->*handler->second)(row);
+    // There is no way back from what was not entered.
+    if (lists == desk_.ListsStarted() && !enterNext_) BrowseHistory = before;
     if (needs_.settings.values.UseBrowseHistory) SelectMatch(comeFrom);
 }
 
@@ -50,8 +54,7 @@ std::string Browser::TrackHistory(const std::string& descriptor, const std::stri
     if (desk_.Building()) return {};
     const bool back = list_.GetSelectedSongNum() == 0 && desk_.rows.HasBack();
     if (back && !BrowseHistory.empty()) return PopHistory(BrowseHistory);
-    // What leaves the list as it is leads nowhere that there is a way back from.
-    if (kind != "EDIT" && kind != "FREQ") PushHistory(BrowseHistory, descriptor);
+    if (kind != "EDIT") PushHistory(BrowseHistory, descriptor);
     return {};
 }
 
@@ -76,7 +79,9 @@ void Browser::OpenPath(const RowDescriptor& row) {
     if (folder == needs_.MediaDir() && !desk_.Building()) BrowseHistory.clear();
     needs_.state.CurrentPath = folder;
     Populate();
-    if (needs_.state.CurrentPath != folder) ShowNotice("The folder is not available.");
+    if (needs_.state.CurrentPath == folder) return;
+    if (!desk_.Building()) BrowseHistory.clear();
+    ShowNotice("The folder is not available.");
 }
 
 void Browser::OpenFile(const RowDescriptor& row) {

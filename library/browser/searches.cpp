@@ -63,7 +63,6 @@ void Searches::ShowSaved(SearchKind kind) {
     const SearchRow& row = RowOf(kind);
     const std::string search = std::string("SQL:") + row.body + "|" + row.field + "='";
     desk_.Start();
-    desk_.list.HideDupes = false;
     desk_.SetTitle(row.title);
     desk_.rows.AddBackTo("SQL:TextSearch");
     desk_.rows.Add("<New Search>", search + "'", searchpic);
@@ -73,7 +72,7 @@ void Searches::ShowSaved(SearchKind kind) {
 }
 
 void Searches::RunSearch(SearchKind kind, const std::string& text) {
-    desk_.view.ShowLoading("Busy");
+    desk_.ShowBusy("Busy");
     desk_.Start();
     desk_.list.HideDupes = desk_.needs.settings.values.hideDupeArtist;
     desk_.SetTitle(RowOf(kind).title + std::string(" : ") + text);
@@ -84,10 +83,10 @@ void Searches::RunSearch(SearchKind kind, const std::string& text) {
 
 void Searches::AddFound(SearchKind kind, const std::string& text) {
     const auto found = desk_.needs.catalogue->Files(QueryFor(kind, Escape(text)));
-    if (desk_.AddCatalogueFiles(found) > 0) return;
+    if (desk_.AddCatalogueFiles(found) > 0 || desk_.Aborted()) return;
     desk_.rows.Clear();
     desk_.rows.AddBackTo("SQL:TextSearch");
-    desk_.rows.AddNotice("No Supported Media Found", alertPic);
+    desk_.rows.AddNotice(NothingFound, alertPic);
 }
 
 void Searches::Remember(SearchKind kind, const std::string& text) {

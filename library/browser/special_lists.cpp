@@ -25,8 +25,9 @@ void ListBuilder::Recurse(const std::string& folder, std::vector<std::string>& f
                           std::set<std::string>& seen) {
     if (!seen.insert(RealFolder(folder)).second) return;
     const std::string plain = WithoutTrailingSeparator(folder);
-    for (const FolderEntry& entry : ListFolder(plain)) {
-        if (!desk_.Pulse()) return;
+    const auto pulse = [&] { return desk_.Pulse(files.size()); };
+    for (const FolderEntry& entry : ListFolder(plain, pulse)) {
+        if (!pulse()) return;
         const std::string full = JoinPath(plain, entry.name);
         if (entry.isFolder)
             Recurse(full, files, seen);
@@ -36,13 +37,14 @@ void ListBuilder::Recurse(const std::string& folder, std::vector<std::string>& f
 }
 
 void ListBuilder::RecurseFolder(const std::string& path) {
+    desk_.ShowBusy("Busy");
     MarkPlace(path);
     desk_.Start();
     desk_.rows.AddBack(ParentOf(path));
     desk_.SetTitle((BrowsingCD ? "Recurse CD/DVD: " : "Recurse Folder: ") +
                    ShownName(FileNameOf(path)));
     bool found = false;
-    desk_.Try("RecurseFolder", [&] {
+    const bool whole = desk_.Try("RecurseFolder", [&] {
         if (desk_.needs.CatalogueOnLine() && !OtherDrive()) {
             found = desk_.AddCatalogueFiles(desk_.needs.catalogue->FilesBelow(path));
         } else {
@@ -53,7 +55,7 @@ void ListBuilder::RecurseFolder(const std::string& path) {
             found = AddPlainFiles(files);
         }
     });
-    if (!found) desk_.rows.AddNotice("No Supported Media Found", alertPic);
+    if (whole && !found) desk_.rows.AddNotice(NothingFound, alertPic);
     desk_.Finish();
 }
 
@@ -69,18 +71,28 @@ void ListBuilder::ReadList(const std::string& path) {
                                            : "PATH:" + desk_.needs.MediaDir());
     AddEditRow(path);
     std::int32_t number = 0;
-    for (const std::string& file : ReadListFile(path)) {
-        if (!desk_.Pulse()) break;
-        const TagRecord tag = desk_.needs.tags.GetDBTag(file);
-        desk_.rows.AddFileRow(++number, tag.Artist, tag.Title, file, true);
-    }
-    if (number == 0) {
+    const bool whole = desk_.Try("ReadList", [&] { number = AddEntries(path); });
+    if (whole && number == 0) {
         desk_.rows.Clear();
         desk_.rows.AddBack(BrowsingCD ? desk_.needs.state.CurrentPath : desk_.needs.MediaDir());
         AddEditRow(path);
         desk_.rows.AddNotice(NoValidFilenames);
     }
     desk_.Finish();
+}
+
+// Returns how many of its files are there.
+std::int32_t ListBuilder::AddEntries(const std::string& path) {
+    std::int32_t number = 0;
+    ForEachListLine(ReadListText(path), [&](const std::string& line) {
+        if (!desk_.Pulse(static_cast<std::size_t>(number))) return false;
+        const std::string file = ResolveListEntry(line, FolderOf(path));
+        if (file.empty()) return true;
+        const TagRecord tag = desk_.needs.tags.GetDBTag(file);
+        desk_.rows.AddFileRow(++number, tag.Artist, tag.Title, file, true);
+        return true;
+    });
+    return number;
 }
 
 void ListBuilder::PopulateApplications() {

@@ -33,7 +33,6 @@ const SqlLists::List* SqlLists::Find(const std::string& body) {
 void SqlLists::Show(const RowDescriptor& row, const std::string& chosen) {
     chosen_ = chosen;
     desk_.Start();
-    desk_.list.HideDupes = false;
     desk_.rows.AddBackTo(BackOf(row));
     if (const List* list = Find(row.body))
         desk_.Try(list->name, [&] { (this->*list->add)(row.argument); });
@@ -97,7 +96,7 @@ void SqlLists::BrowsePlaylists(const std::string&) {
     desk_.SetTitle("Browsing Playlists ");
     auto playlists = desk_.needs.catalogue->Files(
         "SELECT Path, Title FROM Media WHERE MediaType=3 ORDER BY Title");
-    if (desk_.AddCatalogueFiles(playlists) == 0) desk_.rows.AddNotice("No Playlists Found");
+    if (desk_.AddCatalogueFiles(playlists) == 0) desk_.AddEmptyNotice("No Playlists Found");
 }
 
 void SqlLists::BrowseMusic(const std::string&) {
@@ -124,12 +123,13 @@ void SqlLists::AddRecords(const std::string& sql, const std::string& descriptor,
         if (!desk_.Pulse()) return;
         desk_.rows.Add(Unescape(record.at(0)), descriptor + record.at(0) + end, "");
     }
+    if (desk_.list.ItemCount() == 1) desk_.AddEmptyNotice(NothingFound, alertPic);
 }
 
 void SqlLists::AddFiles(const std::string& sql) {
     desk_.list.HideDupes = desk_.needs.settings.values.hideDupeArtist;
     if (desk_.AddCatalogueFiles(desk_.needs.catalogue->Files(sql)) == 0)
-        desk_.rows.AddNotice("No Supported Media Found", alertPic);
+        desk_.AddEmptyNotice(NothingFound, alertPic);
 }
 
 } // namespace vk

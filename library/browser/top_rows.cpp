@@ -22,6 +22,11 @@ void ListBuilder::AddTopRows() {
         if ((this->*row.condition)()) (this->*row.add)();
 }
 
+// A disc that is not mounted cannot be browsed.
+bool ListBuilder::OffersDisc() const {
+    return NotBuilding() && desk_.needs.app.CDReady && FolderExists(drives_.DiscDrive());
+}
+
 bool ListBuilder::OffersFavorites() const {
     return NotBuilding() && FileExists(desk_.needs.settings.File("favorites.m3u"));
 }

@@ -63,6 +63,7 @@ void XMLists::ShowXMCategories(const std::string& category) {
     Begin("XM Categories ", "XM:");
     for (const std::string& name : channels_.Categories())
         desk_.rows.Add("XM Category: " + name, "XM:Categories|" + name, xmdefault);
+    if (channels_.Categories().empty()) desk_.AddEmptyNotice(NoValidChannels);
     desk_.Finish();
 }
 
@@ -75,7 +76,7 @@ void XMLists::ShowAllChannels() {
 void XMLists::ShowChannelList(const std::string& path) {
     Begin(ListName(path), "XM:");
     if (!desk_.Building()) desk_.rows.Add("<Edit This List>", "EDIT:" + path, playlistpic);
-    AddChannels(ReadChannelList(path));
+    desk_.Try("ShowChannelList", [&] { AddChannels(ReadChannelList(path)); });
     desk_.Finish();
 }
 

@@ -230,12 +230,13 @@ void playlists::ShowToolFrame(bool open) {
 
 // The keyboard comes up from below the screen and goes back there. Events run in each step.
 void playlists::SlideKeyboard(bool open) {
-    if (open == KBFrame.isVisible()) return;
+    if (open == !KBFrame.isHidden()) return; // whether or not this screen is in front
     const QRect up = PlaylistsLayout(width(), height()).keyboard;
     if (open) {
         UCListBox_.hide();
         UCListBox2_.hide();
     }
+    KBFrame.setEnabled(false);
     KBFrame.raise();
     lbLoading.raise();
     for (int step = 1; step <= SlideSteps; ++step) {
@@ -246,6 +247,7 @@ void playlists::SlideKeyboard(bool open) {
         context_.clock.Sleep(SlideStepMs);
     }
     KBFrame.setVisible(open);
+    KBFrame.setEnabled(true);
     UCListBox_.setVisible(!open);
     UCListBox2_.setVisible(!open && Building());
     update();

@@ -172,8 +172,11 @@ TEST_F(BrowseRadio, WithoutATableThereIsNothingToChoose) {
     channels = {};
     browser().ReShow();
     Choose("XM Presets & Categories");
-    Choose("Show All Channels");
-    EXPECT_THAT(Texts(), ElementsAre("<...>", "<No Valid Channels in List>"));
+    for (const char* row : {"Categories", "Show All Channels"}) {
+        Choose(row);
+        EXPECT_THAT(Texts(), ElementsAre("<...>", "<No Valid Channels in List>"));
+        if (std::string(row) == "Categories") Choose("<...>");
+    }
     Choose("<No Valid Channels in List>");
     EXPECT_EQ(audio.PlayMode, PlayNone);
 }

@@ -12,7 +12,8 @@
 
 namespace vk::test {
 
-/// Keeps what the logic shows; `onTitle` runs with each new heading.
+/// Keeps what the logic shows; `onTitle` runs with each new heading, `onSlide` while the
+/// keyboard is on its way.
 class FakeBrowserView : public BrowserView {
   public:
     void SetTitle(const std::string& text) override {
@@ -29,7 +30,10 @@ class FakeBrowserView : public BrowserView {
         pictures[button] = picture;
     }
     void ShowToolFrame(bool open) override { toolFrame = open; }
-    void SlideKeyboard(bool open) override { keyboard = open; }
+    void SlideKeyboard(bool open) override {
+        if (onSlide) onSlide();
+        keyboard = open;
+    }
     void ReDrawList() override { ++drawn; }
     void ReDrawRightList() override { ++rightDrawn; }
     void LayOut(std::int16_t listMode) override { laidOut = listMode; }
@@ -43,7 +47,7 @@ class FakeBrowserView : public BrowserView {
     std::int16_t laidOut = ListFromMenu;
     bool rightFocus = false;
     int drawn = 0, rightDrawn = 0, shown = 0;
-    std::function<void()> onTitle;
+    std::function<void()> onTitle, onSlide;
 };
 
 /// Folder rows as a test lists them.
@@ -104,6 +108,11 @@ class BrowserTest : public testing::Test {
             Media(name);
     }
     void InsertDisc() { core.volumes.ready.insert(cd); }
+    /// Makes a file that is there and cannot be read.
+    std::string Unreadable(const std::string& name) {
+        std::filesystem::create_symlink("/dev/null", disk.File(name));
+        return disk.File(name);
+    }
     void UseCatalogue(std::vector<CatalogueFile> files = {}) {
         known.files = std::move(files);
         catalogue = &known;
@@ -118,7 +127,8 @@ class BrowserTest : public testing::Test {
             made_ = std::make_unique<Browser>(
                 BrowserNeeds{core.settings, core.state, state, audio, video, core.screens,
                              core.clock, core.volumes, core.locale, core.report, tags, keys,
-                             catalogue, [this] { ++audioStopped; }, &channels},
+                             catalogue, [this] { ++audioStopped; }, &channels,
+                             [this](std::int32_t) { return tuner; }},
                 BrowserModels{list, rightList, keyboard}, view);
         return *made_;
     }
@@ -173,6 +183,7 @@ class BrowserTest : public testing::Test {
     FakeCatalogue known;
     Catalogue* catalogue = nullptr;
     int audioStopped = 0;
+    bool tuner = true; ///< those that are enabled are there
 
   private:
     std::unique_ptr<Browser> made_;

@@ -45,17 +45,25 @@ TEST_F(BrowserKeys, EscapeLeadsBackToWhereOneCameFromAndHomeToTheMenu) {
     EXPECT_EQ(menu.Count("ReShow"), 2) << "only the screen in front quits";
 }
 
-TEST_F(BrowserKeys, EscapeDuringABuildEndsItAndLeaves) {
+TEST_F(BrowserKeys, ABuildIsEndedByEscapeHomeBackAndTheEndOfTheSystem) {
     for (int i = 0; i < 20; ++i)
         Media("song" + std::to_string(i) + ".mp3");
-    int runs = 0;
     core.clock.workMs = 10;
-    core.clock.onEvents = [&] {
-        if (++runs == 5) browser().doquit();
-    };
-    browser().ReShow();
-    EXPECT_EQ(menu.Count("ReShow"), 1);
-    EXPECT_LT(list.ItemCount(), 10);
+    const std::pair<std::function<void()>, int> ends[] = {
+        {[this] { browser().doquit(); }, 1},
+        {[this] { browser().GoHome(); }, 1},
+        {[this] { browser().MoveBack(); }, 0},
+        {[this] { core.screens.CurrentForm.clear(); }, 0}};
+    for (const auto& [end, left] : ends) {
+        menu.calls.clear();
+        int runs = 0;
+        core.clock.onEvents = [&] {
+            if (++runs == 5) end();
+        };
+        browser().ReShow();
+        EXPECT_EQ(menu.Count("ReShow"), left);
+        EXPECT_LT(list.ItemCount(), 10);
+    }
     core.clock.onEvents = {};
     browser().ReShow();
     EXPECT_EQ(list.ItemCount(), 22) << "the next build is whole again";
@@ -69,9 +77,9 @@ TEST_F(BrowserKeys, PressesDuringABuildAreIgnored) {
     core.clock.onEvents = [&] {
         ++presses;
         EXPECT_TRUE(core.state.ListBusy);
-        for (const auto press : {&Browser::runok, &Browser::MoveDown, &Browser::MoveBack,
-                                 &Browser::MoveAhead, &Browser::PgDn, &Browser::ToggleApplications,
-                                 &Browser::Eject, &Browser::GoHome, &Browser::ReShow})
+        for (const auto press :
+             {&Browser::runok, &Browser::MoveDown, &Browser::MoveAhead, &Browser::PgDn,
+              &Browser::ToggleApplications, &Browser::Eject, &Browser::ReShow})
             (browser().*press)();
     };
     Choose("a");
@@ -198,6 +206,11 @@ TEST_F(BrowserKeys, TheRadioButtonIsForThoseWhoHaveOne) {
         EXPECT_EQ(audio.ListTitle, each.title);
     }
     EXPECT_EQ(audio.ListFile, core.app.File("presets.lst"));
+    EXPECT_EQ(player.Count("ReShow"), 4);
+    tuner = false;
+    browser().ReShow();
+    browser().ShowRadio();
+    EXPECT_EQ(view.loading, "The radio is not available.");
     EXPECT_EQ(player.Count("ReShow"), 4);
 }
 

@@ -86,7 +86,15 @@ TEST_F(ListEditing, AFolderWalkIsCollectedAndSavedUnderAName) {
 
 TEST_F(ListEditing, AnEditedListIsUpdatedAndShownAgain) {
     state.ListMode = ListFromAudio;
+    // Escape, the drawn keys and the ways out do nothing while the keyboard is on its way.
+    view.onSlide = [this] {
+        browser().doquit();
+        browser().GoHome();
+        keyboard.KeyClick(KeyboardModel::OKKey);
+        keyboard.KeyClick(KeyboardModel::EscKey);
+    };
     Edit("old", {"a.mp3", "gone.mp3", "b.mp3", "c/d.mp3"});
+    EXPECT_EQ(view.loading, "1 file is not there and will be left out.");
     EXPECT_THAT(Right(), ElementsAre("1 - (Unknown Artist) - a", "2 - (Unknown Artist) - b",
                                      "3 - (Unknown Artist) - d"));
     rightList.SelectItem(0);
@@ -94,12 +102,17 @@ TEST_F(ListEditing, AnEditedListIsUpdatedAndShownAgain) {
     EXPECT_THAT(Right(), ElementsAre("1 - (Unknown Artist) - b", "2 - (Unknown Artist) - d"));
     browser().doquit();
     EXPECT_EQ(keyboard.UserText(), "old");
+    EXPECT_EQ(keyboard.Mark(), KeyboardModel::OKKey);
     keyboard.KeyClick(KeyboardModel::EscKey);
     EXPECT_EQ(view.title, "Building Playlist | Browse By Directory ") << "Escape goes on editing";
     EXPECT_EQ(state.ListMode, ListBuild);
     std::string said;
-    core.clock.onSleep = [&] { said = view.title; };
+    core.clock.onSleep = [&] {
+        said = view.title;
+        view.onSlide();
+    };
     SaveAs("OLD");
+    EXPECT_EQ(menu.Count("ReShow"), 0);
     EXPECT_EQ(said, "OLD Has Been Updated ");
     EXPECT_EQ(disk.Read("media/old.m3u"), media + "/b.mp3\r\n" + media + "/c/d.mp3\r\n");
     EXPECT_EQ(view.title, "old");
@@ -110,11 +123,22 @@ TEST_F(ListEditing, AnEditedListIsUpdatedAndShownAgain) {
 }
 
 TEST_F(ListEditing, ANewNameTakesThePlaceOfTheOldOne) {
+    UseCatalogue();
+    known.state = DBStateValue::Offline;
+    core.settings.values.PlaylistDir = media;
     Edit("old", {"a.mp3"});
     SaveAs("new");
-    EXPECT_EQ(Saved("new.m3u"), media + "/a.mp3\r\n");
+    EXPECT_EQ(disk.Read("media/new.m3u"), media + "/a.mp3\r\n");
     EXPECT_FALSE(FileExists(media + "/old.m3u"));
     EXPECT_EQ(view.title, "new");
+    Choose("1 - (Unknown Artist) - a");
+    known.state = DBStateValue::OnLine;
+    known.files = {{"/new.m3u", "", "new"}};
+    state.RestoreHistory = true;
+    browser().ReShow();
+    EXPECT_EQ(view.title, "new");
+    browser().MoveBack();
+    EXPECT_EQ(Selected(), "1 - new");
 }
 
 TEST_F(ListEditing, WhatCannotBeSavedIsSaidAndLosesNothing) {
@@ -139,6 +163,9 @@ TEST_F(ListEditing, WhatCannotBeSavedIsSaidAndLosesNothing) {
         browser().doquit();
     }
     core.settings.values.PlaylistDir = disk.File("nowhere");
+    browser().GoHome();
+    EXPECT_TRUE(view.keyboard) << "what was built is not left behind";
+    browser().doquit();
     SaveAs("x");
     EXPECT_EQ(keyboard.Caption(), "The playlist folder is missing.");
     browser().doquit();
@@ -147,13 +174,17 @@ TEST_F(ListEditing, WhatCannotBeSavedIsSaidAndLosesNothing) {
     SaveAs("y");
     EXPECT_THAT(keyboard.Caption(), testing::StartsWith("Not saved: "));
     browser().doquit();
-    SaveAs("");
-    EXPECT_FALSE(view.keyboard);
-    EXPECT_EQ(state.ListMode, ListBuild) << "a new list without a name is still being built";
     EXPECT_THAT(Right(), ElementsAre("1 - (Unknown Artist) - a"));
     EXPECT_EQ(Saved("Taken.m3u"), "other");
     SaveAs("z");
     EXPECT_EQ(Saved("z.m3u"), media + "/a.mp3\r\n");
+    core.settings.values.PlaylistDir.clear();
+    BuildNew({});
+    EXPECT_EQ(view.loading, "The playlist folder is missing.");
+    Choose("1 - (Unknown Artist) - a");
+    SaveAs("");
+    EXPECT_FALSE(view.keyboard);
+    EXPECT_EQ(state.ListMode, ListFromMenu) << "a new list without a name is given up";
 }
 
 TEST_F(ListEditing, AFailedSaveKeepsTheOldListAndAnEmptyNameTheListOnDisk) {
@@ -201,7 +232,8 @@ TEST_F(ListEditing, TheArrowsChangeListsAndRemoveRows) {
 TEST_F(ListEditing, AnEmptiedListCanBeSavedEmpty) {
     Edit("old", {"a.mp3"});
     browser().ChooseRight();
-    SaveAs("old");
+    browser().doquit();
+    keyboard.ClickIt();
     EXPECT_EQ(disk.Read("media/old.m3u"), "");
     EXPECT_THAT(Texts(),
                 ElementsAre("<...>", "<Edit This List>", "<No Valid Filenames in the Playlist>"));
@@ -232,6 +264,11 @@ TEST_F(ListEditing, ChannelsAreCollectedInAListOfTheirOwn) {
     Choose("<Build New Channel List>");
     EXPECT_EQ(view.title, "Build XM Channel List ");
     const auto all = Texts();
+    UseCatalogue();
+    browser().JumpToSearch();
+    EXPECT_EQ(Texts(), all) << "the catalogue has no channels";
+    browser().ReShow();
+    EXPECT_EQ(Texts(), all);
     for (const char* row : {"200 - Channel200", "4 - Channel4", "200 - Channel200"})
         Choose(row);
     EXPECT_THAT(Right(), ElementsAre("200 - Channel200", "4 - Channel4"));
@@ -248,6 +285,13 @@ TEST_F(ListEditing, ChannelsAreCollectedInAListOfTheirOwn) {
     SaveAs("yours");
     EXPECT_EQ(core.app.Read("yours.xcl"), "4\r\n");
     EXPECT_FALSE(FileExists(core.app.File("mine.xcl")));
+    browser().MoveBack();
+    EXPECT_EQ(Selected(), "yours");
+    Choose("<Build New Channel List>");
+    browser().doquit();
+    EXPECT_EQ(view.title, "XM Channels and Categories ");
+    browser().MoveBack();
+    EXPECT_EQ(Selected(), "XM Presets & Categories");
 }
 
 TEST_F(ListEditing, WhatAListCannotHoldIsRefused) {
@@ -259,6 +303,10 @@ TEST_F(ListEditing, WhatAListCannotHoldIsRefused) {
     list.SelectItem(list.MatchItem("FILE:" + media + "/two\nlines.mp3"));
     browser().runok();
     EXPECT_EQ(view.loading, "This file's name cannot be stored in a list.");
+    list.AddItem("", "", "FILE:" + media + "/film.avi");
+    list.SelectItem(list.ItemCount() - 1);
+    browser().runok();
+    EXPECT_EQ(view.loading, "Only music can be put in a list.");
     state.CurrentPath = cd;
     browser().ReShow();
     Choose("1 - (Unknown Artist) - track");
@@ -295,7 +343,6 @@ TEST_F(ListEditing, EscapeWhileTheLeftListIsBuiltKeepsTheRightOne) {
 
 TEST_F(ListEditing, AnotherModeEndsTheBuilding) {
     BuildNew({"1 - (Unknown Artist) - a"});
-    browser().GoHome();
     browser().ReShow();
     EXPECT_EQ(Right().size(), 1u) << "the same mode finds its list again";
     EXPECT_EQ(view.laidOut, ListBuild);

@@ -64,6 +64,45 @@ TEST_F(Populate, TheTopOffersDiscDrivesAndFavouritesThatAreThere) {
     EXPECT_THAT(view.said, testing::Not(Contains("Checking CD Rom")));
 }
 
+TEST_F(Populate, OnlyTheArtistOfAllFilesIsLeftOut) {
+    core.settings.values.hideDupeArtist = true;
+    MediaFiles({"album/a.mp3", "empty/x.txt"});
+    core.app.Write("presets.lst", "96.5:A");
+    const auto shown = [this](const std::string& folder) {
+        Enter(media + folder);
+        if (folder.empty()) Choose("Edit Preset Radio Stations");
+        return list.ShownFirst(1);
+    };
+    EXPECT_EQ(shown("/empty"), "No Supported Media Found");
+    EXPECT_EQ(shown("/album"), "");
+    EXPECT_EQ(shown(""), "A - ");
+}
+
+TEST_F(Populate, TheTopFollowsTheCatalogueAndTheDisc) {
+    UseCatalogue();
+    known.state = DBStateValue::Rebuilding;
+    core.settings.values.CDDriveLetter = "/dev/sr0";
+    core.volumes.drives = {{"/dev/sr0", DriveType::CdRom}};
+    core.volumes.ready = {"/dev/sr0", cd};
+    MediaFiles({"a/x.mp3", "b/x.mp3"});
+    browser().ReShow();
+    EXPECT_THAT(Texts(), ElementsAre(NewList, "a", "b")) << "a disc that is not mounted";
+    core.volumes.drives = {{cd, DriveType::CdRom}};
+    list.SelectItem(2);
+    known.state = DBStateValue::OnLine;
+    core.clock.Advance(1000);
+    EXPECT_THAT(Descriptors(),
+                ElementsAre("SQL:BrowseAll", "PATH:cd", "EDIT:", "PATH:media/a", "PATH:media/b"));
+    EXPECT_EQ(Selected(), "b");
+    browser().MoveAhead();
+    known.state = DBStateValue::Offline;
+    core.clock.Advance(1000);
+    EXPECT_EQ(view.title, "Recurse Folder: b") << "elsewhere nothing changes by itself";
+    list.SelectItem(0);
+    browser().MoveAhead();
+    EXPECT_EQ(view.title, "Recurse Folder: b") << "the way back is no folder to be walked";
+}
+
 TEST_F(Populate, ASubfolderLeadsBackAndSaysSoWhenItIsEmpty) {
     Media("Live_1999/deep/x.txt");
     for (const char* end : {"", "/"}) { // a separator after the media folder makes no difference
@@ -194,12 +233,14 @@ TEST_F(Populate, RowsComeFromTheCatalogueWhileItIsOnLine) {
 
 TEST_F(Populate, AFolderIsListedWithAllBelowItOnce) {
     MediaFiles({"rock/b.mp3", "rock/live/a.mp3"});
+    core.clock.workMs = 400;
     std::filesystem::create_directory_symlink(media + "/rock", media + "/rock/live/loop");
     browser().ReShow();
     browser().ToggleRecurse();
     EXPECT_EQ(view.pictures[BrowserButton::Recurse], "recursesel.gif");
     Choose("rock");
     EXPECT_EQ(view.title, "Recurse Folder: rock");
+    EXPECT_THAT(view.said, Contains("Busy  1"));
     EXPECT_EQ(view.pictures[BrowserButton::Recurse], "recurse.gif");
     EXPECT_THAT(Descriptors(),
                 ElementsAre("PATH:media", "FILE:media/rock/b.mp3", "FILE:media/rock/live/a.mp3"));

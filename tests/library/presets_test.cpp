@@ -55,7 +55,7 @@ TEST(ChannelList, HoldsANumberALine) {
     EXPECT_THAT(ReadChannelList(path), ElementsAre(5, 200, 5));
     ASSERT_TRUE(WriteChannelList(path, {9, 10}));
     EXPECT_EQ(folder.Read("a.xcl"), "9\r\n10\r\n");
-    EXPECT_TRUE(ReadChannelList(folder.Path()).empty());
+    EXPECT_THROW(ReadChannelList(folder.Path()), Error);
 }
 
 } // namespace

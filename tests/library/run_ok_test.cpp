@@ -13,6 +13,10 @@ TEST_F(RunOk, AnAudioFileIsHandedOverWithAllOfItsKind) {
     MediaFiles({"rock/a.mp3", "rock/b.avi", "rock/a\nb.mp3", "rock/c|d.mp3"});
     browser().ReShow();
     Choose("rock");
+    list.SelectItem(list.MatchItem("FILE:" + media + "/rock/a\nb.mp3"));
+    browser().runok();
+    EXPECT_EQ(view.loading, NameFitsNoList);
+    EXPECT_EQ(player.Count("ReShow"), 0) << "nothing else is played for it";
     Choose("(Unknown Artist) - c|d");
     EXPECT_EQ(core.app.Read("vk_audio.m3u"),
               media + "/rock/a.mp3\r\n" + media + "/rock/c|d.mp3\r\n")
@@ -60,6 +64,7 @@ TEST_F(RunOk, ADiscThatWasTakenOutLeadsToTheTop) {
         core.volumes.ready.clear();
         Choose(row);
         EXPECT_EQ(state.CurrentPath, media) << row;
+        EXPECT_EQ(view.loading, "The disc is not in the drive.");
         EXPECT_EQ(state.ListMode, ListFromMenu) << row;
     }
     EXPECT_EQ(player.Count("ReShow"), 0);
@@ -128,6 +133,20 @@ TEST_F(RunOk, APlaylistIsReadUnderItsOwnName) {
     EXPECT_FALSE(core.state.ListBusy);
 }
 
+TEST_F(RunOk, AListThatCannotBeReadIsSaid) {
+    for (const std::string& descriptor :
+         {"FILE:" + Unreadable("x.m3u"), "EDIT:" + disk.File("x.m3u"),
+          "FILE:" + Unreadable("presets.lst"), "XM:List|" + Unreadable("x.xcl")}) {
+        browser().ReShow();
+        list.AddItem("", "", descriptor);
+        list.SelectItem(list.ItemCount() - 1);
+        browser().runok();
+        EXPECT_EQ(view.loading, "The list could not be read.") << descriptor;
+        EXPECT_TRUE(core.Logged("could not read " + descriptor.substr(descriptor.find('/'))));
+        EXPECT_EQ(state.ListMode, ListFromMenu);
+    }
+}
+
 TEST_F(RunOk, GoingBackLandsOnTheRowOneCameFrom) {
     MediaFiles({"a/x.mp3", "b/in/x.mp3", "c/x.mp3"});
     core.app.Write("favorites.m3u", media + "/a/x.mp3");
@@ -180,8 +199,8 @@ TEST(BrowseHistory, SeparatesOnlyBeforeKinds) {
 }
 
 TEST_F(RunOk, WhatWasPlayedIsRememberedAndWalkedAgain) {
-    UseCatalogue({{"/a/in/x.mp3", "Band", "Song"}});
-    Media("a/in/x.mp3");
+    UseCatalogue({{"/a/in/x.mp3", "Band", "Song"}, {"/a/in/f.avi", "", "Film"}});
+    MediaFiles({"a/in/x.mp3", "a/in/f.avi"});
     browser().ReShow();
     Choose("a");
     browser().doquit();
@@ -189,6 +208,7 @@ TEST_F(RunOk, WhatWasPlayedIsRememberedAndWalkedAgain) {
     Enter(media);
     Choose("a");
     Choose("in");
+    Choose("Film"); // cannot be played, so there is no way to it
     Choose("Band - Song");
     EXPECT_EQ(core.app.Read("vk_audio.m3u"), "#  in\r\n" + media + "/a/in/x.mp3\r\n");
     EXPECT_EQ(core.settings.Read("main", "BrowseHistory"),
@@ -222,9 +242,13 @@ TEST_F(RunOk, HistoryIsWalkedOnlyWhenItIsOnWantedAndStillThere) {
     for (const Case& each :
          {Case{way, DBStateValue::Rebuilding}, Case{.history = way, .wanted = false},
           Case{.history = way, .on = false}, Case{"PATH:" + media + "/gone/FILE:x.mp3"},
-          Case{"SQL:SearchTitle|Title='a'/FILE:x.mp3"}, Case{"junk"}, Case{"////"}, Case{"FILE:"}})
+          Case{"SQL:SearchTitle|Title='a'/FILE:x.mp3"}, Case{"junk"}, Case{"////"}, Case{"FILE:"},
+          Case{"FILE:" + media + "/f.avi/" + way}})
         expectWalkedTo(each, media);
-    expectWalkedTo({way}, media + "/a");
+    const std::string longWay =
+        "PATH:" + media + "/a/PATH:" + media + "/a/" + std::string(300, 'x');
+    for (const std::string& history : {way, longWay})
+        expectWalkedTo({history}, media + "/a");
 }
 
 } // namespace

@@ -47,10 +47,12 @@ class PlaylistsScreen : public testing::Test {
         core.state.ScreenWidth = size.width();
         core.state.ScreenHeight = size.height();
         host.resize(size);
+        BrowserNeeds needs{core.settings, core.state,   state,      audio,
+                           video,         core.screens, core.clock, core.volumes,
+                           core.locale,   core.report,  tags,       keys};
+        needs.HasTuner = [](std::int32_t) { return true; };
         screen = std::make_unique<playlists>(
-            playlists::Needs{{core.state, core.settings.values, skin, pictures, core.clock},
-                             {core.settings, core.state, state, audio, video, core.screens,
-                              core.clock, core.volumes, core.locale, core.report, tags, keys}},
+            playlists::Needs{{core.state, core.settings.values, skin, pictures, core.clock}, needs},
             &host);
         core.screens.Add(BrowserName, *screen);
         host.show();
