@@ -35,7 +35,7 @@ bool IsMark(std::string_view text, std::size_t at) {
     if (at + 1 >= text.size()) return false;
     const auto lead = static_cast<unsigned char>(text[at]);
     const auto next = static_cast<unsigned char>(text[at + 1]);
-    return lead == 0xCC || (lead == 0xCD && next < 0xB0);
+    return Continues(text[at + 1]) && (lead == 0xCC || (lead == 0xCD && next < 0xB0));
 }
 
 /// Letters that Unicode does not decompose, though people look for them under a base letter.
@@ -148,9 +148,10 @@ bool LikeKey(std::string_view pattern, std::string_view text) {
         if (p < pattern.size() && pattern[p] == '%') {
             star = p++;
             resume = t;
-        } else if (p < pattern.size() && pattern[p] == '_') {
+        } else if (const auto letter = SkipMarks(text, t);
+                   p < pattern.size() && pattern[p] == '_' && letter < text.size()) {
             ++p;
-            t = NextCharacter(text, t);
+            t = NextCharacter(text, letter);
         } else if (p < pattern.size() && pattern[p] == text[t]) {
             ++p;
             ++t;

@@ -28,7 +28,10 @@ class Translator {
             else
                 result_ += sql_[at_++];
         }
-        if (!limit_.empty()) result_ += " LIMIT " + limit_;
+        if (!limit_.empty()) {
+            result_.erase(result_.find_last_not_of("; \t\r\n") + 1);
+            result_ += " LIMIT " + limit_;
+        }
         return std::move(result_);
     }
 
