@@ -141,8 +141,9 @@ Changes CompareWithRows(const FoundFiles& found, Database* catalogue) {
     }
     for (std::size_t i = 0; i < same.size(); ++i)
         if (!same[i] && files.HasRow(i)) changes.toRead.push_back(&found.files[i]);
-    std::ranges::copy_if(found.drives, std::back_inserter(changes.drives),
-                         [&](const std::string& drive) { return HoldsFiles(found, drive); });
+    std::ranges::copy_if(
+        found.drives, std::back_inserter(changes.drives),
+        [&](const std::string& drive) { return HoldsFiles(found, drive) || unknown.Holds(drive); });
     std::ranges::sort(changes.drives);
     changes.otherDrives = changes.drives != known;
     return changes;

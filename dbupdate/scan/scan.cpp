@@ -6,6 +6,7 @@
 #include "dbupdate/scan/tag_pool.h"
 #include "dbupdate/scan/working_copy.h"
 #include "library/catalogue/schema.h"
+#include "platform/files.h"
 #include "platform/paths.h"
 
 #include <memory>
@@ -26,6 +27,7 @@ class Scan {
 
     void Run() {
         SendState(DBStateValue::Rebuilding);
+        DeleteFileAt(JoinPath(request_.appDir, WorkingCatalogueName)); // a killed scan leaves it
         try {
             OpenCatalogue();
             Work();
@@ -52,11 +54,18 @@ class Scan {
 
     void Work() {
         Progress(ScanStep::Counting, 0, "Getting File Count");
-        const FoundFiles found = WalkMedia(request_.mediaDir, types_, needs_.stop);
+        std::int64_t told = 0;
+        const FoundFiles found =
+            WalkMedia(request_.mediaDir, types_, needs_.stop, [&](std::int64_t count) {
+                if (count - told < FilesAProgress) return;
+                told = count;
+                Progress(ScanStep::Counting, count, "Getting File Count");
+            });
         if (found.stopped) return;
         Progress(ScanStep::Counted, Count(found.files), "Please Wait...");
-        if (found.files.empty() && found.unread.empty() && rows_ > 0)
-            throw Error("The media folder " + request_.mediaDir + " is empty", NoMediaFiles);
+        if (found.files.empty() && rows_ > 0)
+            throw Error("The media folder " + request_.mediaDir + " holds no media files",
+                        NoMediaFiles);
         const Changes changes = Compare(found);
         if (!changes.None() || !catalogue_) Write(found, changes);
         succeeded_ = !needs_.stop;

@@ -1,11 +1,13 @@
 #include "dbupdate/scan/walk.h"
 
 #include "core/error_report.h"
+#include "library/catalogue/collation.h"
 #include "library/catalogue/sql_text.h"
 #include "library/media_type.h"
 #include "platform/folder_reader.h"
 #include "platform/paths.h"
 
+#include <algorithm>
 #include <set>
 #include <string_view>
 #include <utility>
@@ -24,8 +26,9 @@ bool IsGone(std::error_code error) {
 
 class Walk {
   public:
-    Walk(const std::string& root, const AppState& types, const std::atomic<bool>& stop)
-        : path_(root), types_(types), stop_(stop), root_(root) {}
+    Walk(const std::string& root, const AppState& types, const std::atomic<bool>& stop,
+         const std::function<void(std::int64_t)>& tell)
+        : path_(root), types_(types), stop_(stop), tell_(tell), root_(root) {}
 
     FoundFiles Run() {
         if (root_.Error()) FailRoot(root_.Error().message());
@@ -35,9 +38,14 @@ class Walk {
             if (folders_.empty()) folders_ = std::exchange(links_, {});
             const Pending folder = std::move(folders_.back());
             folders_.pop_back();
+            const std::size_t files = found_.files.size(), folders = folders_.size();
             WalkFolder(folder);
+            Sort(files, folders);
+            if (tell_) tell_(static_cast<std::int64_t>(found_.files.size()));
             if (stop_) break;
         }
+        for (const Drive& drive : drives_)
+            CheckDrive(drive);
         found_.stopped = stop_;
         const FolderReader again(path_);
         if (again.Error()) FailRoot(again.Error().message());
@@ -52,6 +60,11 @@ class Walk {
         std::uint64_t volume; ///< of the folder that its name is in
     };
 
+    struct Drive {
+        std::string path;
+        std::uint64_t volume;
+    };
+
     [[noreturn]] void FailRoot(const std::string& why) const {
         throw Error("The media folder " + path_ + " cannot be read: " + why, PathError);
     }
@@ -62,8 +75,10 @@ class Walk {
         if (folder.Error()) return MissFolder(path, folder.Error());
         const FolderIdentity identity = folder.Identity();
         if (!walked_.insert(identity).second) return;
-        if (identity.volume != pending.volume)
+        if (identity.volume != pending.volume) {
             found_.drives.push_back(Escape(path + PathSeparator));
+            drives_.push_back({path, identity.volume});
+        }
         volume_ = identity.volume;
         folder_ = path;
         folderTaken_ = false;
@@ -72,6 +87,36 @@ class Walk {
             if (stop_) return;
         }
         if (folder.Error()) MissFolder(path, folder.Error());
+    }
+
+    /// A file system has no order of its own, and lists without another order show the walk's.
+    void Sort(std::size_t firstFile, std::size_t firstFolder) {
+        const auto begin = [](auto& all, std::size_t first) {
+            return all.begin() + static_cast<std::ptrdiff_t>(first);
+        };
+        const auto name = [this](const FoundFile& file) {
+            return std::string_view(found_.names).substr(file.name, file.nameLength);
+        };
+        const auto before = [](std::string_view a, std::string_view b) {
+            return ComparePaths(a, b) < 0;
+        };
+        std::ranges::sort(begin(found_.files, firstFile), found_.files.end(), before, name);
+        // The last one is walked first.
+        if (firstFolder < folders_.size())
+            std::ranges::sort(
+                begin(folders_, firstFolder), folders_.end(),
+                [&](const std::string& a, const std::string& b) { return before(b, a); },
+                &Pending::path);
+    }
+
+    /// What was read of a drive before it went away is no reason to take the rest as deleted.
+    void CheckDrive(const Drive& drive) {
+        const FolderReader again(drive.path.substr(1), &root_);
+        if (!again.Error() && again.Identity().volume == drive.volume) return;
+        Miss(drive.path);
+        std::erase_if(found_.files, [&](const FoundFile& file) {
+            return found_.folders[file.folder].starts_with(drive.path + PathSeparator);
+        });
     }
 
     void MissFolder(const std::string& folder, std::error_code error) {
@@ -145,9 +190,11 @@ class Walk {
     const std::string path_;
     const AppState& types_;
     const std::atomic<bool>& stop_;
+    const std::function<void(std::int64_t)>& tell_;
     FolderReader root_; ///< stays open: what is mounted over it meanwhile is not walked
     std::vector<Pending> folders_, links_;
     std::set<FolderIdentity> walked_;
+    std::vector<Drive> drives_;
     std::uint64_t volume_ = 0; ///< of the folder that is being read
     std::string folder_;       ///< the one that is being read
     bool folderTaken_ = false; ///< it is among the found folders
@@ -172,9 +219,9 @@ bool FoundFiles::IsPath(const FoundFile& file, std::string_view path) const {
            path.ends_with(std::string_view(names).substr(file.name, file.nameLength));
 }
 
-FoundFiles WalkMedia(const std::string& root, const AppState& types,
-                     const std::atomic<bool>& stop) {
-    return Walk(root, types, stop).Run();
+FoundFiles WalkMedia(const std::string& root, const AppState& types, const std::atomic<bool>& stop,
+                     const std::function<void(std::int64_t)>& tell) {
+    return Walk(root, types, stop, tell).Run();
 }
 
 } // namespace vk

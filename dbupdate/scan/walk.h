@@ -5,6 +5,7 @@
 
 #include <atomic>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -30,7 +31,8 @@ struct FoundFiles {
     /// looked at: nothing is known of what is behind them.
     std::vector<std::string> unread;
     /// Keys, with a separator at their end, of folders on another volume than the folder that their
-    /// name is in: mounted drives, and links that lead to one.
+    /// name is in: mounted drives, and links that lead to one. One that went away during the walk
+    /// counts as unread as a whole.
     std::vector<std::string> drives;
     bool stopped = false;
 
@@ -42,9 +44,12 @@ struct FoundFiles {
     bool IsPath(const FoundFile& file, std::string_view path) const;
 };
 
-/// Walks the folder `root` with all folders below it, links followed, each real folder once. Takes
-/// what `types` has in its extension lists, playlists and preset lists. Throws an `Error` when the
-/// folder is missing or cannot be read, or is another one at the end than at the beginning.
-FoundFiles WalkMedia(const std::string& root, const AppState& types, const std::atomic<bool>& stop);
+/// Walks the folder `root` with all folders below it, links followed, each real folder once, a
+/// folder's files in the order of paths. Takes what `types` has in its extension lists, playlists
+/// and preset lists. `tell` (optional) hears after each folder how many files there are so far.
+/// Throws an `Error` when the folder is missing or cannot be read, or is another one at the end
+/// than at the beginning.
+FoundFiles WalkMedia(const std::string& root, const AppState& types, const std::atomic<bool>& stop,
+                     const std::function<void(std::int64_t)>& tell = {});
 
 } // namespace vk

@@ -26,7 +26,8 @@ FileRow MakeFileRow(ID3& reader, const std::string& path, const std::string& rel
     row.Title = Escape(tag.Title);
     row.Artist = Escape(tag.Artist);
     row.Album = Escape(tag.Album);
-    row.Genre = tag.Genre.empty() ? EmptyGenre : Escape(tag.Genre);
+    const bool none = tag.Genre.empty() || tag.Genre == UnknownGenre;
+    row.Genre = none ? EmptyGenre : Escape(tag.Genre);
     row.MediaType = mediaType;
     row.ParentDir = row.Path.substr(0, row.Path.rfind(PathSeparator) + 1);
     row.Track = tag.Track;

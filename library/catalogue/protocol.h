@@ -32,7 +32,7 @@ struct ServerRequest {
 
 /// Steps of a scan, as the progress bar of the settings screen counts them.
 enum class ScanStep : int {
-    Counting = 0,    ///< the walk has begun
+    Counting = 0,    ///< `count`: files that the walk has found so far
     Counted = 1,     ///< `count`: files there are
     Comparing = 2,   ///< with the rows of the last time
     ToRead = 3,      ///< `count`: files that are new or changed

@@ -3,12 +3,14 @@
 #include "core/error_report.h"
 #include "platform/files.h"
 
+#include <sqlite3.h>
+
 namespace vk {
 
 namespace {
 
-constexpr int Layout = 2;
-constexpr int NotADatabase = 26;
+// Raised also when the rows of before would be made otherwise now: all files are read again then.
+constexpr int Layout = 3;
 
 constexpr char Tables[] =
     "CREATE TABLE Genres(GenreID INTEGER PRIMARY KEY,"
@@ -59,10 +61,17 @@ void MakeEmptyCatalogue(const std::string& file) {
 }
 
 void CheckCatalogue(Database& database) {
-    if (Number(database, "PRAGMA user_version") != Layout)
-        throw Error("a catalogue of another layout", NotADatabase);
+    const bool own = Number(database, "PRAGMA user_version") == Layout &&
+                     Number(database, "SELECT count(*) FROM sqlite_master WHERE type='table' AND"
+                                      " name IN ('Genres', 'Media', 'Drives')") == 3;
+    if (!own) throw Error("a catalogue of another layout", SQLITE_NOTADB);
     Number(database, "SELECT count(*) FROM (SELECT 1 FROM Media INNER JOIN Genres"
                      " ON Genres.GenreID = Media.GenreID LIMIT 1)");
+}
+
+bool IsDamage(const std::exception& error) {
+    const int number = ErrorNumber(error);
+    return number == SQLITE_NOTADB || number == SQLITE_CORRUPT;
 }
 
 std::int64_t CountFiles(Database& database) {

@@ -3,6 +3,7 @@
 
 #include "library/catalogue/sqlite.h"
 
+#include <exception>
 #include <string>
 
 namespace vk {
@@ -29,6 +30,9 @@ void MeasureIndexes(Database& database);
 /// Throws when the file is no catalogue, one of another layout or shorter than it says. Damage deep
 /// inside shows only when it is read.
 void CheckCatalogue(Database& database);
+
+/// True for what tells that the file itself is no good: its contents are to be made anew.
+bool IsDamage(const std::exception& error);
 
 /// The number of files that are catalogued.
 std::int64_t CountFiles(Database& database);

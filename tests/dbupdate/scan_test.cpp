@@ -57,7 +57,9 @@ TEST_F(ScanTest, ComparesDatesAndNothingElse) {
     Tagged("newer.mp3", "Old");
     Tagged("gone.mp3", "Old");
     Scan();
+    app.Write(WorkingCatalogueName, "of a killed scan");
     Scan();
+    EXPECT_FALSE(FileExists(app.File(WorkingCatalogueName)));
     EXPECT_EQ(unhooked, 0) << "nothing has changed";
     EXPECT_THAT(states, ElementsAre(3, 4));
     Tagged("same.mp3", "New");
@@ -86,7 +88,8 @@ TEST_F(ScanTest, AFolderThatDoesNotAnswerKeepsItsRows) {
     std::filesystem::rename(media.Path(), away);
     expectKept("cannot be read: No such file or directory");
     std::filesystem::create_directory(media.Path());
-    expectKept("is empty");
+    std::filesystem::create_symlink("nowhere", media.File("lost+found"));
+    expectKept("holds no media files");
     AppendToFile(media.Path(), "no folder");
     expectKept("cannot be read: Not a directory");
     std::filesystem::rename(away, media.Path());
@@ -112,13 +115,14 @@ TEST_F(ScanTest, ALinkToNowhereKeepsTheRowsBehindIt) {
     drive.Write("Album/a.mp3", "x");
     std::filesystem::create_symlink(drive.Path(), media.File("drive"));
     std::filesystem::create_symlink(drive.File("Album/a.mp3"), media.File("one.mp3"));
+    Tagged("gone.mp3", "Gone");
     Tagged("own.mp3", "Own");
     Scan();
-    EXPECT_THAT(Paths(), ElementsAre("/drive/Album/a.mp3", "/one.mp3", "/own.mp3"));
+    EXPECT_THAT(Paths(), SizeIs(4));
     std::filesystem::rename(drive.Path(), drive.Path() + ".off");
-    DeleteFileAt(media.File("own.mp3"));
+    DeleteFileAt(media.File("gone.mp3"));
     Scan();
-    EXPECT_THAT(Paths(), ElementsAre("/drive/Album/a.mp3", "/one.mp3"));
+    EXPECT_THAT(Paths(), ElementsAre("/drive/Album/a.mp3", "/one.mp3", "/own.mp3"));
     std::filesystem::rename(drive.Path() + ".off", drive.Path());
 }
 
@@ -157,6 +161,24 @@ TEST_F(ScanTest, AnUnpluggedDriveKeepsItsRows) {
     std::filesystem::remove(place);
     Scan();
     EXPECT_THAT(Paths(), both) << "the mount point is not there";
+    plug();
+    for (const char* folder : {"1", "2"}) {
+        std::filesystem::create_directory(JoinPath(stick.Path(), folder));
+        for (int file = 0; file < 600; ++file)
+            AppendToFile(JoinPath(stick.Path(), folder) + "/" + std::to_string(file) + ".mp3", "x");
+    }
+    Scan();
+    At(ScanStep::Counting,
+       [&] { At(ScanStep::Counting, [&] { std::filesystem::remove(place); }); });
+    Scan();
+    Scan();
+    EXPECT_THAT(Paths(), SizeIs(1202)) << "unplugged when its first folder had been walked over";
+    for (const char* folder : {"1", "2"})
+        std::filesystem::remove_all(JoinPath(stick.Path(), folder));
+    plug();
+    Scan();
+    EXPECT_THAT(Paths(), both);
+    std::filesystem::remove(place);
     Tagged("new.mp3", "New"); // so that something is written
     media.Write("st'ick/cover.jpg", "x");
     Scan();
