@@ -34,8 +34,9 @@ void modDB::InitDB(bool keep) {
             app.DBState = DBStateValue::Disabled;
             return;
         }
-        OpenOrRebuild();
-        if (manual) {
+        if (!OpenUnlessDamaged()) {
+            app.DBState = DBStateValue::Initialized;
+        } else if (manual) {
             if (!keep) app.DBState = DBStateValue::OnLine;
         } else if (app.DBState != DBStateValue::CheckPoint || !keep) {
             app.DBState = DBStateValue::Initialized;
@@ -54,16 +55,18 @@ void modDB::Open() {
     database_ = std::move(opened);
 }
 
-void modDB::OpenOrRebuild() {
+bool modDB::OpenUnlessDamaged() {
     try {
         Open();
+        return true;
     } catch (const std::exception& error) {
-        // All that is in it can be read from the files again.
+        if (!IsDamage(error)) throw;
+        // All that is in it can be read from the files again: the server makes a new one, which
+        // takes the damaged one's place. That one's journal must not meet the new file.
         needs_.report.Log(std::string("tags.mdb is made anew: ") + error.what());
         DeleteFileAt(File("tags.mdb-journal"));
-        if (!CopyTemplate()) throw;
-        Open();
-        if (!needs_.settings.values.manualdb) needs_.app.DBState = DBStateValue::CheckPoint;
+        RebuildDue = true;
+        return false;
     }
 }
 
@@ -72,16 +75,14 @@ bool modDB::CopyTemplate() {
            CopyFileTo(File(EmptyCatalogueName), File(CatalogueFileName));
 }
 
-void modDB::UnhookDB() {
+bool modDB::UnhookDB() {
     needs_.report.Log("db checkpoint");
     Close();
-    if (!RenameFlushed(File(WorkingCatalogueName), File(CatalogueFileName)))
-        needs_.report.Log("the new tags.mdb could not be taken; the old one stays");
+    const bool taken = RenameFlushed(File(WorkingCatalogueName), File(CatalogueFileName));
+    if (!taken) needs_.report.Log("the new tags.mdb could not be taken; the old one stays");
     InitDB(true);
-    Replaced = true;
-    for (const std::string& path : std::exchange(updated_, {}))
-        UpdateFileRow(path);
-    updated_.clear();
+    Replaced = Replaced || taken;
+    return taken;
 }
 
 void modDB::ShowOldRows() {
@@ -89,6 +90,7 @@ void modDB::ShowOldRows() {
     TrapAndLog(needs_.report, "An error occured in modDB.ShowOldRows ", [&] {
         if (database_ && CountFiles(*database_) > 0) needs_.app.DBState = DBStateValue::OnLine;
     });
+    RunUpdates();
 }
 
 Database& modDB::Opened() {
@@ -114,7 +116,7 @@ std::vector<CatalogueFile> modDB::FolderFiles(const std::string& folder, bool pl
     std::string sql = "SELECT Path, Artist, Title, MediaType FROM Media WHERE ParentDir='" +
                       ParentDirOf(folder) + "' ";
     if (playableOnly) sql += "AND (MediaType=1 OR MediaType=3 OR MediaType=2) ";
-    return Files(sql + (sortByFilename ? "ORDER BY Path" : "ORDER BY Artist, Title"));
+    return Files(sql + (sortByFilename ? "ORDER BY Path" : "ORDER BY Artist, Title, Path"));
 }
 
 std::vector<CatalogueFile> modDB::FilesBelow(const std::string& folder) {
@@ -195,11 +197,19 @@ std::optional<TagRecord> modDB::FindTag(const std::string& path) {
 }
 
 void modDB::UpdateFileRow(const std::string& path) {
+    // The server would lock a writer out while it copies the file, and its own is coming.
+    const DBStateValue state = State();
+    if (state == DBStateValue::Rebuilding || state == DBStateValue::CheckPoint)
+        return due_.push_back(path);
     const int type = GetMediaType(needs_.app, path);
     if (type == MediaUnknown || !database_) return;
-    if (State() == DBStateValue::Rebuilding) updated_.push_back(path);
     TrapAndLog(needs_.report, "An error occured in modDB.UpdateFileRow ",
                [&] { WriteRow(path, type); });
+}
+
+void modDB::RunUpdates() {
+    for (const std::string& path : std::exchange(due_, {}))
+        UpdateFileRow(path);
 }
 
 void modDB::WriteRow(const std::string& path, int mediaType) {

@@ -26,12 +26,15 @@ class modDB : public Catalogue {
 
     explicit modDB(Needs needs) : needs_(needs) {}
 
-    /// Opens tags.mdb, made from its template when it is missing and made anew when it is damaged,
-    /// and sets `DBState`; with `keep` an open catalogue keeps the state it has.
+    /// Opens tags.mdb, made from its template when it is missing, and sets `DBState`; with `keep`
+    /// an open catalogue keeps the state it has. A damaged file is not opened, and `RebuildDue`
+    /// set.
     void InitDB(bool keep);
-    /// Closes the connection, takes the server's new file in place of tags.mdb and opens that. What
-    /// `UpdateFileRow` did since the server began is done again.
-    void UnhookDB();
+    /// Closes the connection, takes the server's new file in place of tags.mdb and opens that.
+    /// False when it could not be taken: the old one is open again.
+    bool UnhookDB();
+    /// Does the updates that were put off while the server worked: when it has finished.
+    void RunUpdates();
     /// Closes the connection; the file can be deleted then.
     void Close() { database_.reset(); }
     bool IsOpen() const { return database_ != nullptr; }
@@ -40,6 +43,9 @@ class modDB : public Catalogue {
     void ShowOldRows();
     /// The server put its file in place of the old one; whoever acts on it clears the flag.
     bool Replaced = false;
+    /// The file is damaged: only a scan brings the catalogue back; whoever wants it clears the
+    /// flag.
+    bool RebuildDue = false;
 
     DBStateValue State() const override { return needs_.app.DBState; }
     std::vector<CatalogueFile> FolderFiles(const std::string& folder, bool playableOnly,
@@ -53,7 +59,7 @@ class modDB : public Catalogue {
   private:
     std::string File(const char* name) const;
     void Open();
-    void OpenOrRebuild();
+    bool OpenUnlessDamaged();
     bool CopyTemplate();
     Database& Opened();
     Statement Query(const std::string& sql);
@@ -65,7 +71,7 @@ class modDB : public Catalogue {
 
     Needs needs_;
     std::unique_ptr<Database> database_;
-    std::vector<std::string> updated_; ///< paths written while the server works on its copy
+    std::vector<std::string> due_; ///< paths to be updated when the server has finished
 };
 
 } // namespace vk

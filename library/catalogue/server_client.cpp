@@ -1,6 +1,7 @@
 #include "library/catalogue/server_client.h"
 
 #include <QProcess>
+#include <QTimer>
 
 #include <utility>
 #include <vector>
@@ -18,8 +19,8 @@ bool IsLast(const ServerEvent& event) {
 
 } // namespace
 
-DB_OBJ::DB_OBJ(std::string program, const DebugLog& log, Events events)
-    : program_(std::move(program)), log_(log), events_(std::move(events)),
+DB_OBJ::DB_OBJ(std::string program, const DebugLog& log, Events events, int stopMs)
+    : program_(std::move(program)), log_(log), events_(std::move(events)), stopMs_(stopMs),
       processes_(std::make_unique<QObject>()) {}
 
 // The server works on a file of its own, so that ending it without more ado loses nothing.
@@ -53,7 +54,10 @@ void DB_OBJ::Scan(const ScanRequest& request) {
 }
 
 void DB_OBJ::Stop() {
+    if (!process_) return;
     Send({ServerRequest::Kind::Stop, {}});
+    // It may hang on a drive. Its end is then taken as any sudden end.
+    QTimer::singleShot(stopMs_, process_, [process = process_] { process->kill(); });
 }
 
 void DB_OBJ::Send(const ServerRequest& request) {

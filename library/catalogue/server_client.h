@@ -28,8 +28,9 @@ class DB_OBJ {
         std::function<void()> Lost;
     };
 
-    /// `program` is the server's full path. All events must be set.
-    DB_OBJ(std::string program, const DebugLog& log, Events events);
+    /// `program` is the server's full path. All events must be set. A server that does not come to
+    /// its end within `stopMs` milliseconds of a `Stop` is killed.
+    DB_OBJ(std::string program, const DebugLog& log, Events events, int stopMs = 5000);
     /// Lets the server go; a scan that is under way comes to nothing.
     ~DB_OBJ();
     DB_OBJ(const DB_OBJ&) = delete;
@@ -39,7 +40,7 @@ class DB_OBJ {
     bool Scanning() const { return process_ != nullptr; }
     /// Begins a scan; while one is under way nothing is done.
     void Scan(const ScanRequest& request);
-    /// Asks the server to give the scan up; its last event comes soon after.
+    /// Asks the server to give the scan up; its last event, or its end, comes soon after.
     void Stop();
 
   private:
@@ -52,6 +53,7 @@ class DB_OBJ {
     const std::string program_;
     const DebugLog& log_;
     const Events events_;
+    const int stopMs_;
     std::unique_ptr<QObject> processes_; ///< parent of every process that has not ended yet
     QProcess* process_ = nullptr;        ///< the one that works; deletes itself once let go
     LineSplitter lines_;

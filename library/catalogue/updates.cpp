@@ -8,11 +8,24 @@
 namespace vk {
 
 DB_OBJ::Events CatalogueUpdates::Events() {
-    return {.StatusChanged = [this](DBStateValue state) { n_.app.DBState = state; },
+    return {.StatusChanged = [this](DBStateValue state) { ChangeStatus(state); },
             .ShowProgress = [this](const ScanProgress& progress) { ShowProgress(progress); },
-            .UnhookDB = [this] { n_.db.UnhookDB(); },
+            .UnhookDB =
+                [this] { failure_ = n_.db.UnhookDB() ? "" : "the new file could not be taken"; },
             .DBError = [this](const ServerError& error) { ReportServerError(error); },
-            .Lost = [this] { n_.db.ShowOldRows(); }};
+            .Lost =
+                [this] {
+                    waiting_ = false;
+                    failure_ = "DB_UPDATE has ended";
+                    n_.db.ShowOldRows();
+                }};
+}
+
+void CatalogueUpdates::ChangeStatus(DBStateValue state) {
+    waiting_ = false;
+    n_.app.DBState = state;
+    if (state == DBStateValue::Rebuilding) n_.app.quitAttempts = 0;
+    if (state == DBStateValue::OnLine || state == DBStateValue::Disabled) n_.db.RunUpdates();
 }
 
 void CatalogueUpdates::Open() {
@@ -27,11 +40,11 @@ bool CatalogueUpdates::FirstScanIsDue() const {
 }
 
 void CatalogueUpdates::Supervise() {
+    rescanWanted_ |= std::exchange(n_.db.RebuildDue, false);
     if (FirstScanIsDue()) {
         fired_ = true;
         Scan(true);
     } else if (rescanWanted_ && n_.app.DBState != DBStateValue::Disabled) {
-        rescanWanted_ = false;
         Scan(false);
     }
     if (std::exchange(stopWanted_, false)) n_.stop();
@@ -40,6 +53,11 @@ void CatalogueUpdates::Supervise() {
 void CatalogueUpdates::RequestScan() {
     if (n_.app.DBState == DBStateValue::Disabled) n_.db.InitDB(false);
     rescanWanted_ = true;
+    waiting_ = n_.app.DBState != DBStateValue::Disabled;
+}
+
+void CatalogueUpdates::RequestStop() {
+    stopWanted_ = waiting_ = true;
 }
 
 void CatalogueUpdates::Delete() {
@@ -57,6 +75,10 @@ void CatalogueUpdates::OpenAnew() {
 }
 
 void CatalogueUpdates::Scan(bool full) {
+    rescanWanted_ = false;
+    progress_ = {ScanStep::Counting, 0, ""};
+    toRead_ = 0;
+    failure_.clear();
     const Settings& settings = n_.settings.values;
     n_.scan({.full = full,
              .appDir = n_.settings.AppDir(),
@@ -67,10 +89,19 @@ void CatalogueUpdates::Scan(bool full) {
 }
 
 void CatalogueUpdates::ShowProgress(const ScanProgress& progress) {
-    if (n_.screens.CurrentForm != "settings") return;
     progress_ = progress;
     if (progress.step == ScanStep::ToRead) toRead_ = progress.count;
-    if (n_.progressShown) n_.progressShown();
+    if (n_.progressShown && n_.screens.CurrentForm == "settings") n_.progressShown();
+}
+
+std::string CatalogueUpdates::Action() const {
+    if (waiting_) return "Please Wait...";
+    if (!Busy()) return failure_.empty() ? "" : "The last update failed: " + failure_;
+    if (progress_.step == ScanStep::Counting && progress_.count > 0)
+        return progress_.text + "   " + std::to_string(progress_.count);
+    if (progress_.step == ScanStep::Reading)
+        return progress_.text + "   of " + std::to_string(toRead_);
+    return progress_.text;
 }
 
 // Nearly all the time goes into reading tags.
@@ -81,7 +112,8 @@ int CatalogueUpdates::Percent() const {
     return Before + static_cast<int>(std::min(progress_.count, toRead_) * Reading / toRead_);
 }
 
-void CatalogueUpdates::ReportServerError(const ServerError& error) const {
+void CatalogueUpdates::ReportServerError(const ServerError& error) {
+    failure_ = error.description; // unless the scan comes to its end all the same
     if (error.silent)
         n_.report.Log(std::to_string(error.number) + ", " + error.source + ", " +
                       error.description);

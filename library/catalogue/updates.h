@@ -22,7 +22,7 @@ class CatalogueUpdates {
         modDB& db;
         std::function<void(const ScanRequest&)> scan;
         std::function<void()> stop;
-        std::function<void()> progressShown = {}; ///< progress was told on the settings screen
+        std::function<void()> progressShown = {}; ///< only while the settings are in front
     };
     explicit CatalogueUpdates(Needs needs) : n_(std::move(needs)) {}
 
@@ -34,23 +34,24 @@ class CatalogueUpdates {
     void Supervise();
     /// Wants a scan; a catalogue that is not in use is opened for it.
     void RequestScan();
-    void RequestStop() { stopWanted_ = true; }
+    void RequestStop();
     /// Closes and deletes tags.mdb. It stays disabled until `OpenAnew`.
     void Delete();
     /// Makes an empty catalogue whose first scan is due.
     void OpenAnew();
     /// True while the server works.
     bool Busy() const { return n_.app.DBState == DBStateValue::Rebuilding; }
-    /// What the server is doing; told only while the settings screen is in front.
-    const std::string& Action() const { return progress_.text; }
+    /// What the server is doing; between two updates why the last one failed, "" when it did not.
+    std::string Action() const;
     /// How far the update is, of 100.
     int Percent() const;
 
   private:
     bool FirstScanIsDue() const;
     void Scan(bool full);
+    void ChangeStatus(DBStateValue state);
     void ShowProgress(const ScanProgress& progress);
-    void ReportServerError(const ServerError& error) const;
+    void ReportServerError(const ServerError& error);
 
     Needs n_;
     ScanProgress progress_;
@@ -58,6 +59,8 @@ class CatalogueUpdates {
     bool fired_ = false;      ///< the first scan of this run was started
     bool rescanWanted_ = false;
     bool stopWanted_ = false;
+    bool waiting_ = false; ///< the server has not answered a request yet
+    std::string failure_;  ///< of the last update
 };
 
 } // namespace vk

@@ -24,7 +24,7 @@ constexpr int PatienceMs = 100'000;
 
 class ServerTest : public ScanFixture {
   protected:
-    DB_OBJ Client(const std::string& executable) {
+    DB_OBJ Client(const std::string& executable, int stopMs = PatienceMs) {
         return DB_OBJ(executable, log,
                       {[this](DBStateValue value) {
                            ServerEvent event;
@@ -38,7 +38,8 @@ class ServerTest : public ScanFixture {
                        },
                        [this] { Take({}); },
                        [this](const ServerError& error) { errors.push_back(error.description); },
-                       [this] { ++lost; }});
+                       [this] { ++lost; }},
+                      stopMs);
     }
     void Finish(const DB_OBJ& client) {
         QElapsedTimer time;
@@ -196,6 +197,11 @@ TEST_F(ServerTest, ALostServerIsLoggedAndStartedAgain) {
     Finish(missing);
     EXPECT_EQ(lost, 2);
     EXPECT_TRUE(Logged("Could not reference DB_UPDATE.exe"));
+    DB_OBJ hung = Client(Script("exec sleep 1000\n"), 1);
+    hung.Scan(Request());
+    hung.Stop();
+    Finish(hung);
+    EXPECT_EQ(lost, 3);
 }
 
 TEST_F(ServerTest, AnswersWhatItDoesNotUnderstandAndEndsWithItsInput) {

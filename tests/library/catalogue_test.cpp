@@ -8,6 +8,7 @@
 #include "tests/support/core_fixture.h"
 
 #include <gmock/gmock.h>
+#include <sys/stat.h>
 #include <utime.h>
 
 namespace vk::test {
@@ -76,19 +77,24 @@ TEST_F(CatalogueTest, OpeningFollowsTheStates) {
     EXPECT_THROW(db.Files("SELECT Path FROM Media"), Error);
 }
 
-TEST_F(CatalogueTest, ADamagedFileIsMadeAnew) {
+TEST_F(CatalogueTest, ADamagedFileWaitsForTheServerAndAnyOtherFailureIsReported) {
     const std::string whole = app.Read(EmptyCatalogueName);
     for (const std::string& torn : {std::string(), std::string("no database"),
                                     whole.substr(0, 5000), std::string(40000, '\x55')}) {
         app.Write(CatalogueFileName, torn);
-        state.DBState = DBStateValue::Offline;
+        settings.values.manualdb = torn.empty();
         db.InitDB(false);
-        EXPECT_EQ(state.DBState, DBStateValue::Initialized);
-        EXPECT_THAT(db.Files("SELECT Path FROM Media"), IsEmpty());
-        db.Close();
+        EXPECT_EQ(state.DBState, DBStateValue::Initialized) << "not on-line and empty";
+        EXPECT_TRUE(std::exchange(db.RebuildDue, false));
+        EXPECT_EQ(app.Read(CatalogueFileName), torn);
     }
     EXPECT_TRUE(Logged("tags.mdb is made anew: "));
     EXPECT_TRUE(dialogs.shown.empty());
+    DeleteFileAt(app.File(CatalogueFileName));
+    ASSERT_EQ(::mkfifo(app.File(CatalogueFileName).c_str(), 0600), 0);
+    db.InitDB(false);
+    EXPECT_FALSE(db.RebuildDue);
+    EXPECT_TRUE(Logged("An error occured in modDB.InitDB "));
 }
 
 TEST_F(CatalogueTest, ReadsBackWhatItWasGiven) {
@@ -130,16 +136,17 @@ TEST_F(CatalogueTest, ReadsAFileAgainOnlyWhenItsDateHasChanged) {
 
 TEST_F(CatalogueTest, OtherKindsOfFilesAreKnownByTheirNames) {
     db.InitDB(false);
-    for (const char* name : {"My_Film.avi", "Lists/party.m3u", "presets.lst", "untagged.mp3"})
+    for (const char* name :
+         {"My_Film.avi", "Lists/party.m3u", "presets.lst", "untagged.mp3", "none.mp3"})
         db.UpdateFileRow(media.Write(name, "x"));
     EXPECT_THAT(First("SELECT Title FROM Media WHERE MediaType<>1 ORDER BY MediaType"),
                 ElementsAre("My Film", "party", "presets"));
     EXPECT_THAT(First("SELECT Genres.Description FROM Genres INNER JOIN Media ON Genres.GenreID = "
-                      "Media.GenreID WHERE MediaType=2"),
-                ElementsAre("(Empty)"));
-    const auto playable = db.FolderFiles(media.Path(), true, true);
-    ASSERT_THAT(playable, SizeIs(2));
-    EXPECT_EQ(playable[1].title, "untagged") << "shown by its name";
+                      "Media.GenreID WHERE MediaType<3"),
+                ElementsAre("(Empty)", "(Empty)", "(Empty)"));
+    const auto playable = db.FolderFiles(media.Path(), true, false);
+    ASSERT_THAT(playable, SizeIs(3));
+    EXPECT_EQ(playable[0].title, "none") << "shown by its name, and by the path in its place";
     EXPECT_EQ(playable[1].artist, "(Unknown Artist)");
 }
 
@@ -212,15 +219,20 @@ TEST_F(CatalogueTest, TakesTheServersFileAndRepeatsItsOwnUpdates) {
     CopyFileTo(app.File(CatalogueFileName), app.File(WorkingCatalogueName));
     state.DBState = DBStateValue::Rebuilding;
     Add("saved.mp3", "Saved", "A");
-    db.UnhookDB();
-    EXPECT_TRUE(db.Replaced);
+    EXPECT_THAT(First("SELECT Title FROM Media"), SizeIs(1)) << "not while the server copies";
+    EXPECT_TRUE(db.UnhookDB());
+    EXPECT_TRUE(std::exchange(db.Replaced, false));
+    db.RunUpdates();
     EXPECT_TRUE(Logged("db checkpoint"));
     EXPECT_THAT(First("SELECT Title FROM Media ORDER BY Title"), ElementsAre("Old", "Saved"));
     EXPECT_FALSE(FileExists(app.File(WorkingCatalogueName)));
-    db.UnhookDB();
-    EXPECT_TRUE(Logged("the old one stays")) << "there was no new file";
-    EXPECT_THAT(First("SELECT Title FROM Media"), SizeIs(2));
+    state.DBState = DBStateValue::Rebuilding;
+    Add("late.mp3", "Late", "A");
+    EXPECT_FALSE(db.UnhookDB()) << "there was no new file";
+    EXPECT_FALSE(db.Replaced);
+    EXPECT_TRUE(Logged("the old one stays"));
     db.ShowOldRows();
+    EXPECT_THAT(First("SELECT Title FROM Media"), SizeIs(3));
     EXPECT_EQ(state.DBState, DBStateValue::OnLine);
     DeleteFileAt(app.File(CatalogueFileName));
     db.InitDB(false);

@@ -51,26 +51,17 @@ TEST_F(UpdatesTest, TheFirstScanOfARunStartsOnceAndIsWhole) {
 
 TEST_F(UpdatesTest, NoScanStartsBeforeItsTime) {
     updates.Open();
-    const auto refuse = [&](const char* why, auto set, auto undo) {
-        set();
+    const auto refuse = [&](const char* why, auto& value, auto bad) {
+        const auto good = std::exchange(value, bad);
         Supervise(1);
         EXPECT_TRUE(scans.empty()) << why;
-        undo();
+        value = good;
     };
-    refuse(
-        "settings", [&] { screens.CurrentForm = "settings"; },
-        [&] { screens.CurrentForm = "velkorandum"; });
-    refuse(
-        "first run", [&] { state.Setup = false; }, [&] { state.Setup = true; });
-    refuse(
-        "manual", [&] { settings.values.manualdb = true; },
-        [&] { settings.values.manualdb = false; });
-    refuse(
-        "no folder", [&] { settings.values.MediaDir += "/gone"; },
-        [&] { settings.values.MediaDir = media.Path(); });
-    refuse(
-        "state", [&] { state.DBState = DBStateValue::OnLine; },
-        [&] { state.DBState = DBStateValue::CheckPoint; });
+    refuse("settings", screens.CurrentForm, "settings");
+    refuse("first run", state.Setup, false);
+    refuse("manual", settings.values.manualdb, true);
+    refuse("no folder", settings.values.MediaDir, media.File("gone"));
+    refuse("state", state.DBState, DBStateValue::OnLine);
     Supervise(1);
     EXPECT_EQ(scans.size(), 1u);
 }
@@ -102,6 +93,7 @@ TEST_F(UpdatesTest, AServerThatIsLostLeavesTheOldRows) {
     EXPECT_TRUE(updates.Busy());
     server.DBError({4, "DB_UPDATE", "no such folder", true});
     server.Lost();
+    EXPECT_EQ(updates.Action(), "The last update failed: DB_UPDATE has ended");
     EXPECT_EQ(state.DBState, DBStateValue::OnLine);
     EXPECT_NE(ReadWholeFile(log.FileName())->find("4, DB_UPDATE, no such folder"),
               std::string::npos);
@@ -109,16 +101,29 @@ TEST_F(UpdatesTest, AServerThatIsLostLeavesTheOldRows) {
 }
 
 TEST_F(UpdatesTest, ProgressIsToldToTheSettingsScreenAlone) {
+    updates.Open();
+    updates.RequestScan();
+    EXPECT_EQ(updates.Action(), "Please Wait...");
+    state.quitAttempts = 2;
+    server.StatusChanged(DBStateValue::Rebuilding);
+    EXPECT_EQ(state.quitAttempts, 0);
+    server.ShowProgress({ScanStep::Counting, 512, "Getting File Count"});
+    EXPECT_EQ(updates.Action(), "Getting File Count   512");
     server.ShowProgress({ScanStep::ToRead, 200, "Please Wait..."});
     EXPECT_EQ(shown, 0);
     screens.CurrentForm = "settings";
-    server.ShowProgress({ScanStep::ToRead, 200, "Please Wait..."});
     server.ShowProgress({ScanStep::Reading, 100, "100 reconciling db"});
-    EXPECT_EQ(shown, 2);
+    EXPECT_EQ(shown, 1);
     EXPECT_EQ(updates.Percent(), 50);
-    EXPECT_EQ(updates.Action(), "100 reconciling db");
+    EXPECT_EQ(updates.Action(), "100 reconciling db   of 200");
     server.ShowProgress({ScanStep::Ready, 0, "Ready"});
     EXPECT_EQ(updates.Percent(), 90);
+    server.DBError({4, "DB_UPDATE", "no such folder", true});
+    server.StatusChanged(DBStateValue::OnLine);
+    EXPECT_EQ(updates.Action(), "The last update failed: no such folder");
+    Supervise(1);
+    EXPECT_EQ(updates.Action(), "");
+    EXPECT_EQ(updates.Percent(), 0);
 }
 
 } // namespace
