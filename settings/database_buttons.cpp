@@ -30,9 +30,11 @@ void SettingsShell::AskForUpdate() {
 
 void SettingsShell::bDBForceUpdate_Click() {
     Trap(n_.report, "An error occured in settings.bDBForceUpdate_Click ", [&] {
-        if (n_.catalogue.Busy()) return n_.catalogue.RequestStop();
-        if (n_.dialogs.AskYesNo("Update the Velkorandum database now?", "Database Update"))
+        if (n_.catalogue.Busy())
+            n_.catalogue.RequestStop();
+        else if (n_.dialogs.AskYesNo("Update the Velkorandum database now?", "Database Update"))
             n_.catalogue.RequestScan();
+        view_.ShowTexts();
     });
 }
 
@@ -74,11 +76,6 @@ std::string SettingsShell::DBStatusText() const {
         return "Ready";
     }
     return {};
-}
-
-std::string SettingsShell::DBActionText() const {
-    if (!n_.catalogue.Busy()) return {};
-    return std::to_string(n_.catalogue.Percent()) + " %   " + n_.catalogue.Action();
 }
 
 } // namespace vk

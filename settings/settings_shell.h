@@ -74,8 +74,10 @@ class SettingsShell {
 
     /// The state of the catalogue as the screen shows it.
     std::string DBStatusText() const;
-    /// How far the update is and what it is doing; empty while there is none.
-    std::string DBActionText() const;
+    /// What an update is doing, or why the last one failed.
+    std::string DBActionText() const { return n_.catalogue.Action(); }
+    /// How far an update is, of 100.
+    int DBPercent() const { return n_.catalogue.Percent(); }
     bool DBUpdating() const { return n_.catalogue.Busy(); }
     const Settings& Values() const { return n_.settings.values; }
 

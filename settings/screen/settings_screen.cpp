@@ -28,7 +28,8 @@ constexpr int RefreshMs = 1000;
 
 settings::settings(const ControlContext& context, SettingsShell::Needs needs, QWidget* parent)
     : QWidget(parent), context_(context), shell_(needs, *this), keys_(needs.keys),
-      locale_(needs.locale), lblSettingsTopInfo(this), lblTime(this) {
+      locale_(needs.locale), lblSettingsTopInfo(this), lblTime(this), lblDBStatus(this),
+      pbDBStatus(this) {
     AddRow("Media folder", [this] { shell_.btnmediadir_Click(); });
     AddRow("Playlist folder", [this] { shell_.btnPlaylistDir_Click(); });
     AddRow("Update database", [this] { shell_.bDBForceUpdate_Click(); });
@@ -38,6 +39,8 @@ settings::settings(const ControlContext& context, SettingsShell::Needs needs, QW
     AddRow("Remote", [this] { shell_.ShowPage("settingsRemote"); });
     AddRow("Done", [this] { shell_.DoneButton_Click(); });
     AddRow("Exit App", [this] { shell_.bExitApp_Click(); });
+    pbDBStatus.setTextVisible(false);
+    pbDBStatus.hide();
     timer1_ = context_.clock.MakeTimer([this] { ShowTexts(); });
     hide();
     DoLayout();
@@ -113,8 +116,10 @@ void settings::ShowTexts() {
     for (const int row : {DeleteRow, KeyboardRow, RemoteRow, DoneRow, ExitRow})
         rows_[static_cast<std::size_t>(row)].label->SetText(
             rows_[static_cast<std::size_t>(row)].caption);
-    lblTime.SetText(locale_.ShortTime(context_.clock.Now()) +
-                    "     Database: " + shell_.DBStatusText() + "     " + shell_.DBActionText());
+    lblTime.SetText(locale_.ShortTime(context_.clock.Now()));
+    lblDBStatus.SetText("Database: " + shell_.DBStatusText() + "     " + shell_.DBActionText());
+    pbDBStatus.setValue(shell_.DBPercent());
+    pbDBStatus.setVisible(shell_.DBUpdating());
 }
 
 void settings::DoLayout() {
@@ -139,8 +144,12 @@ void settings::DoLayout() {
     place({PlaylistRow}, 7 * unit + unit * 3 / 4);
     place({UpdateRow, DeleteRow, ManualRow}, 11 * unit + unit / 4);
     place({KeyboardRow, RemoteRow, DoneRow, ExitRow}, 14 * unit + unit * 3 / 4);
-    lblTime.setGeometry(margin, 18 * unit + unit / 4, inner, unit + unit / 2);
-    lblTime.SetShrink(0.5);
+    const int bottom = 18 * unit + unit / 4, status = margin + inner / 6;
+    lblTime.setGeometry(margin, bottom, inner / 6, unit);
+    lblDBStatus.setGeometry(status, bottom, inner - inner / 6, unit);
+    pbDBStatus.setGeometry(status, bottom + unit, inner - inner / 6, unit / 2);
+    for (ShadedLabel* label : {&lblTime, &lblDBStatus})
+        label->SetShrink(0.5);
     DrawRows();
 }
 
@@ -148,8 +157,11 @@ void settings::DrawRows() {
     const RowLook look(context_.skin.data());
     for (std::size_t i = 0; i < rows_.size(); ++i)
         look.Dress(*rows_[i].label, static_cast<int>(i) == current_, rows_[i].enabled);
-    for (ShadedLabel* label : {&lblSettingsTopInfo, &lblTime})
+    for (ShadedLabel* label : {&lblSettingsTopInfo, &lblTime, &lblDBStatus})
         look.DressText(*label);
+    pbDBStatus.setStyleSheet(QStringLiteral("QProgressBar { border: 0; background: %1 } "
+                                            "QProgressBar::chunk { background: %2 }")
+                                 .arg(look.ground.name(), look.chosen.name()));
     update();
 }
 

@@ -5,6 +5,7 @@
 #include "skin/controls/control_context.h"
 #include "skin/controls/shaded_label.h"
 
+#include <QProgressBar>
 #include <QWidget>
 
 #include <functional>
@@ -64,6 +65,8 @@ class settings : public QWidget, public SettingsView {
     const LocaleInfo& locale_;
     ShadedLabel lblSettingsTopInfo;
     ShadedLabel lblTime;
+    ShadedLabel lblDBStatus; ///< state of the catalogue, and what an update is doing
+    QProgressBar pbDBStatus; ///< how far the update is
     std::vector<Row> rows_;
     std::unique_ptr<Timer> timer1_;
     int current_ = 0;
