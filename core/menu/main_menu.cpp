@@ -12,6 +12,7 @@ namespace {
 
 constexpr int ClockIntervalMs = 1000;
 constexpr int ClockTicks = 59; // the text is rewritten when the counter stands here
+constexpr char RefreshingText[] = "Refreshing Database";
 
 } // namespace
 
@@ -43,7 +44,7 @@ void MainMenu::ReShow() {
         SilencePlayer();
         Message(ClockText());
         n_.screens.HideOthers("velkorandum");
-        view_.ShowBanner("");
+        ShowRefreshing();
         view_.ShowFrame(true);
         if (n_.screens.Find("settings")) {
             settingsTicks_ = 0;
@@ -189,11 +190,16 @@ void MainMenu::FirstActivation() {
     else
         view_.ShowBanner("Loading");
     n_.state.WinampWatched = true;
-    view_.ShowBanner("");
+    ShowRefreshing();
     // The user may have gone elsewhere meanwhile, or ended the system.
     if (!n_.settings.values.LoadtoMP3 || n_.screens.CurrentForm != "velkorandum") return;
     LastStartSelection = 1;
     runok(LastStartSelection);
+}
+
+void MainMenu::ShowRefreshing() {
+    refreshing_ = n_.state.DBState == DBStateValue::Rebuilding;
+    view_.ShowBanner(refreshing_ ? RefreshingText : "");
 }
 
 void MainMenu::WaitForCatalogue() {
@@ -204,7 +210,7 @@ void MainMenu::WaitForCatalogue() {
          blank = (blank + 1) % Dots) {
         std::string dots(Dots, '.');
         dots[blank] = ' ';
-        view_.ShowBanner(dots + "\nRefreshing Database");
+        view_.ShowBanner(dots + "\n" + RefreshingText);
         n_.clock.DoEvents();
         n_.clock.Sleep(20); // one step of the moving blank; events run between
     }
@@ -212,6 +218,7 @@ void MainMenu::WaitForCatalogue() {
 
 void MainMenu::Timer1_Timer() {
     n_.daylight.Check();
+    if (refreshing_ != (n_.state.DBState == DBStateValue::Rebuilding)) ShowRefreshing();
     if (++clockTicks_ >= ClockTicks) {
         clockTicks_ = 0;
         view_.RefreshClockColours();

@@ -119,6 +119,8 @@ class MainMenu {
     void SilencePlayer();
     void FirstActivation();
     void WaitForCatalogue();
+    /// The banner says so while the server works.
+    void ShowRefreshing();
     void Timer1_Timer();
     void tmrSettingsReload_Timer();
 
@@ -131,6 +133,7 @@ class MainMenu {
     int clockTicks_ = 0;
     int settingsTicks_ = 0;
     bool activated_ = false;
+    bool refreshing_ = false; ///< the banner says that the server works
 };
 
 } // namespace vk

@@ -15,6 +15,7 @@ namespace {
 
 constexpr int BarShare = 20;   // the clock bar's height is the screen's divided by this
 constexpr int ButtonShare = 9; // and a bar button's width likewise
+constexpr int BannerShare = 8; // two lines, which lie between the pictures of two rows of icons
 constexpr int PlateRadius = 14;
 
 } // namespace
@@ -102,8 +103,9 @@ void velkorandum::LayOutBanner() {
     Label6.SetGround(ToQColor(skin.HeadingBarBackgroundClr), PlateRadius);
     Label6.SetWrap(true);
     Label6.SetShrink(0.5);
-    const QSize size(width() / 2, height() / 4);
+    const QSize size(width() / 2, height() / BannerShare);
     Label6.setGeometry(QRect(rect().center() - QPoint(size.width() / 2, size.height() / 2), size));
+    Label6.setAttribute(Qt::WA_TransparentForMouseEvents); // it may stand there for minutes
     Label6.raise();
 }
 

@@ -99,6 +99,11 @@ class astart {
     /// Before the screens go: `osShutdown` when the operating system ends the session, the user's
     /// wish otherwise.
     void Form_QueryUnload(bool osShutdown);
+    /// Makes what runs beside the screens: the catalogue server and, when it is enabled, the
+    /// remote's receiver. A missing program or device is left out.
+    void RefClass();
+    /// Lets both go; what fails at that is only logged.
+    void UnRefClass();
     /// The orderly exit. Runs once.
     void Form_Unload();
 
@@ -111,11 +116,13 @@ class astart {
     bool ProveEnvironment();
     bool CheckVersion();
     void MakeMissingFiles();
+    bool PrepareServerAndPlayer();
     bool ServerRegistered();
     void ForceWinampKeys();
     bool CreateWinamp();
     void ShowLoadingScreen();
     void FindOpticalDrives();
+    bool MakeServer();
     bool ReferenceServer();
     StartOutcome StartFirstRun();
     StartOutcome StartNormally();

@@ -44,9 +44,7 @@ StartOutcome astart::Form_Load() {
         n_.player.SendMessage(old, WM_COMMAND, WinampClose, 0);
     if (!CheckVersion()) return End();
     MakeMissingFiles();
-    if (!ServerRegistered()) return End();
-    n_.settings.Write("Temp", "PWR", "0");
-    ForceWinampKeys();
+    if (!PrepareServerAndPlayer()) return End();
     if (!CreateWinamp()) return End();
     n_.state.IsWindowsNT = n_.environment("OS") == "Windows_NT";
     n_.state.DecimalSymbol = n_.locale.DecimalSymbol();
@@ -119,18 +117,29 @@ void astart::MakeMissingFiles() {
 bool astart::ServerRegistered() {
     if (CatalogueServerRegistered(n_.registry)) return true;
     // One failed start is how the server gets registered.
-    n_.player.RunHidden(CatalogueServerProgram(n_.registry, n_.settings.AppDir()), "",
-                        n_.settings.AppDir());
+    const std::string program = CatalogueServerProgram(n_.registry, n_.settings.AppDir());
+    if (program.empty() || !n_.player.RunHidden(program, "", n_.settings.AppDir()))
+        throw Error("no catalogue server");
     n_.dialogs.ShowMessage("DB_UPDATE.exe registered!  Restart the application");
     return false;
 }
 
 void astart::ForceWinampKeys() {
     const std::string file = n_.settings.File("winamp.ini");
-    Trap(n_.report, "An activeX EXE is not correctly registered.", [&] {
-        for (const auto& [key, value] : ForcedWinampKeys)
-            n_.settings.ini().WriteINI(file, "Winamp", key, value);
-    });
+    for (const auto& [key, value] : ForcedWinampKeys)
+        n_.settings.ini().WriteINI(file, "Winamp", key, value);
+}
+
+bool astart::PrepareServerAndPlayer() {
+    try {
+        if (!ServerRegistered()) return false;
+        n_.settings.Write("Temp", "PWR", "0");
+        ForceWinampKeys();
+        return true;
+    } catch (const std::exception&) {
+        n_.dialogs.ShowMessage("An activeX EXE is not correctly registered.");
+        return false;
+    }
 }
 
 bool astart::CreateWinamp() {
@@ -207,12 +216,24 @@ void astart::FindOpticalDrives() {
     }
 }
 
-bool astart::ReferenceServer() {
+bool astart::MakeServer() {
     const std::string program = CatalogueServerProgram(n_.registry, n_.settings.AppDir());
-    if (!program.empty()) {
-        if (n_.catalogue.reference) n_.catalogue.reference(program);
-        return true;
-    }
+    if (!program.empty() && n_.catalogue.reference) n_.catalogue.reference(program);
+    return !program.empty();
+}
+
+void astart::RefClass() {
+    MakeServer();
+    if (n_.settings.values.remoteStatus && n_.initRemote) n_.initRemote();
+}
+
+void astart::UnRefClass() {
+    for (const auto& release : {n_.catalogue.release, n_.closeRemote})
+        TrapAndLog(n_.report, "astart.UnRefClass: ", [&] { Call(release); });
+}
+
+bool astart::ReferenceServer() {
+    if (MakeServer()) return true;
     n_.dialogs.ShowMessage("Could not reference DB_UPDATE.exe");
     n_.report.ReportError("Could not reference DB_UPDATE.exe", "Not Registered", 0);
     return false;

@@ -49,10 +49,9 @@ void astart::Form_Unload() {
     if (unloaded_) return;
     unloaded_ = true;
     timer1_->Stop();
-    Call(n_.catalogue.release);
+    UnRefClass();
     if (!keepRemoteLearning_)
         n_.settings.Write("remote", "learn", n_.remoteLearnText ? n_.remoteLearnText() : "0");
-    Call(n_.closeRemote);
     if (n_.settings.values.hidemouse) n_.window.ShowCursor(true);
 }
 

@@ -214,6 +214,11 @@ TEST_F(MainMenuTest, TheFirstAppearanceWaitsForTheCatalogue) {
     EXPECT_EQ(turns, 20);
     EXPECT_EQ(view.banner, "");
     EXPECT_TRUE(state.WinampWatched);
+    for (const auto value : {DBStateValue::Rebuilding, DBStateValue::CheckPoint}) {
+        state.DBState = value;
+        clock.Advance(1000);
+        EXPECT_EQ(view.banner, value == DBStateValue::Rebuilding ? "Refreshing Database" : "");
+    }
 }
 
 TEST_F(MainMenuTest, TheWaitForTheCatalogueEndsWithTheMenuAndStartsNothing) {
@@ -223,7 +228,6 @@ TEST_F(MainMenuTest, TheWaitForTheCatalogueEndsWithTheMenuAndStartsNothing) {
     clock.onEvents = [&] { screens.CurrentForm.clear(); };
     menu.ReShow();
     clock.Advance(1);
-    EXPECT_EQ(view.banner, "");
     EXPECT_FALSE(Told("playmp3.ReShow") || Told("playlists.ReShow"));
 }
 

@@ -37,9 +37,9 @@ TEST_F(StartupTest, ASetUpDirectoryLeadsToTheMenuInOrder) {
     const auto start = Make();
     EXPECT_EQ(start->Form_Load(), StartOutcome::Running);
     const std::vector<std::string> expected = {
-        "loading.Load", "loading.Init 0 13",
-                                            "server " + app.File("DB_UPDATE"), "load velkorandum", "load playlists",
-        "load playmp3", "loading.Max",       "loading.Clear",    "velkorandum.ReShow"};
+        "loading.Load",     "loading.Init 0 13", "server " + app.File("DB_UPDATE"),
+        "load velkorandum", "load playlists",    "load playmp3",
+        "loading.Max",      "loading.Clear",     "velkorandum.ReShow"};
     EXPECT_EQ(told, expected);
     EXPECT_EQ(start->BootStepCount, 12) << "the bar stops short when the player is there already";
     EXPECT_EQ(state.CurrentSkinFile, "Torque.skn");
@@ -120,7 +120,11 @@ TEST_F(StartupTest, AnUnregisteredServerIsRegisteredAndOneThatIsGoneReported) {
     EXPECT_EQ(Make()->Form_Load(), StartOutcome::Ended);
     EXPECT_EQ(dialogs.shown.back(), "DB_UPDATE.exe registered!  Restart the application");
     EXPECT_EQ(player.ran.at(0), app.File("DB_UPDATE") + " ");
+    player.canStart = false;
+    EXPECT_EQ(Make()->Form_Load(), StartOutcome::Ended);
+    EXPECT_EQ(dialogs.shown.back(), "An activeX EXE is not correctly registered.");
     EXPECT_EQ(settings.Read("Temp", "PWR"), "") << "stopped at once";
+    player.canStart = true;
     DeleteFileAt(app.File("DB_UPDATE"));
     registry.SetStringValue(Hive::ClassesRoot, "DB_UPDATE.clsDB", "", app.File("DB_UPDATE"));
     EXPECT_EQ(Make()->Form_Load(), StartOutcome::Ended);
@@ -206,7 +210,9 @@ TEST_F(StartupTest, ASystemShutdownSavesTheScreenInFront) {
     EXPECT_TRUE(Logged("Velkorandum terminated cleanly by user"));
     start->Form_Unload();
     EXPECT_EQ(settings.Read("remote", "learn"), "171");
-    EXPECT_TRUE(Told("close remote"));
+    EXPECT_TRUE(Told("close remote") && Told("server released"));
+    start->RefClass();
+    EXPECT_EQ(told.back(), "server " + app.File("DB_UPDATE"));
 }
 
 } // namespace
