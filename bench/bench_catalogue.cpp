@@ -15,7 +15,10 @@
 #include <sys/resource.h>
 #include <utime.h>
 
+#include <algorithm>
+#include <chrono>
 #include <filesystem>
+#include <utility>
 
 namespace vk::test {
 namespace {
@@ -307,6 +310,30 @@ BENCHMARK_CAPTURE(Pressed, path_search, "SQL:SearchPath|Path='title 12345'",
 BENCHMARK_CAPTURE(Pressed, newest, "SQL:BrowseNewMusic",
                   "SELECT TOP 50 Path FROM Media WHERE MediaType=1 ORDER BY TStamp DESC")
     ->Unit(benchmark::kMillisecond);
+
+/// All music; the files are looked for and not there. Between two of its pulses the interface
+/// stands still.
+void PressedAllMusic(benchmark::State& state) {
+    LargeBrowser shown;
+    shown.large.clock.workMs = 5; // events run after each row
+    double longest = 0;
+    auto last = std::chrono::steady_clock::now();
+    const auto note = [&] {
+        const auto now = std::chrono::steady_clock::now();
+        const std::chrono::duration<double, std::milli> gap = now - std::exchange(last, now);
+        longest = std::max(longest, gap.count());
+    };
+    shown.large.clock.onEvents = note;
+    for (auto _ : state) {
+        last = std::chrono::steady_clock::now();
+        shown.Choose("SQL:BrowseMusic");
+        note();
+    }
+    shown.large.clock.onEvents = {};
+    shown.large.clock.workMs = 0;
+    state.counters["longest_stall_ms"] = longest;
+}
+BENCHMARK(PressedAllMusic)->Unit(benchmark::kMillisecond)->Iterations(2);
 
 void PressedFolder(benchmark::State& state) {
     LargeBrowser shown;

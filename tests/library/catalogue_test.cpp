@@ -1,15 +1,10 @@
 #include "core/text.h"
 #include "library/catalogue/date_stamp.h"
 #include "library/catalogue/file_row.h"
-#include "library/catalogue/mod_db.h"
-#include "library/catalogue/schema.h"
 #include "library/media_tags.h"
-#include "tests/library/tag_bytes.h"
-#include "tests/support/core_fixture.h"
+#include "tests/library/catalogue_fixture.h"
 
-#include <gmock/gmock.h>
 #include <sys/stat.h>
-#include <utime.h>
 
 namespace vk::test {
 namespace {
@@ -18,41 +13,12 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
 
-class CatalogueTest : public testing::Test, public CoreFixture {
+class CatalogueTest : public CatalogueFixture {
   protected:
-    CatalogueTest() {
-        state.AudioExtensionList = {"MP3"};
-        state.VideoExtensionList = {"AVI"};
-        settings.values.MediaDir = media.Path();
-        MakeEmptyCatalogue(app.File(EmptyCatalogueName));
-    }
-
-    std::string Tagged(const std::string& name, const std::string& title, const std::string& artist,
-                       const std::string& genre = "Pop", std::time_t date = 1'000'000'000) {
-        const std::string path =
-            media.Write(name, ID3v2(3, TextFrame(3, "TIT2", title) + TextFrame(3, "TPE1", artist) +
-                                           TextFrame(3, "TCON", genre)));
-        SetDate(path, date);
-        return path;
-    }
-    static void SetDate(const std::string& path, std::time_t date) {
-        const utimbuf times{date, date};
-        ASSERT_EQ(::utime(path.c_str(), &times), 0);
-    }
     void Add(const std::string& name, const std::string& title, const std::string& artist,
              const std::string& genre = "Pop", std::time_t date = 1'000'000'000) {
-        db.UpdateFileRow(Tagged(name, title, artist, genre, date));
+        db.UpdateFileRow(Tagged(name, title, date, artist, genre));
     }
-    std::vector<std::string> First(const std::string& sql) {
-        std::vector<std::string> texts;
-        for (const CatalogueRecord& record : db.Records(sql))
-            texts.push_back(record.front());
-        return texts;
-    }
-
-    TempFolder media;
-    ID3 reader{{log, dialogs}, state.DecimalSymbol};
-    modDB db{{state, settings, report, reader}};
 };
 
 TEST_F(CatalogueTest, OpeningFollowsTheStates) {
@@ -99,7 +65,8 @@ TEST_F(CatalogueTest, ADamagedFileWaitsForTheServerAndAnyOtherFailureIsReported)
 
 TEST_F(CatalogueTest, ReadsBackWhatItWasGiven) {
     db.InitDB(false);
-    const std::string path = Tagged("Rock/O'Hanlon - It's.mp3", "It's 100% \"it\"\n", "O'Hanlon");
+    const std::string path =
+        Tagged("Rock/O'Hanlon - It's.mp3", "It's 100% \"it\"\n", 1, "O'Hanlon");
     db.UpdateFileRow(path);
     const auto files = db.FolderFiles(media.File("Rock"), false, true);
     ASSERT_THAT(files, SizeIs(1));

@@ -1,17 +1,12 @@
 // When scans start and stop, on a real catalogue; the server is a list of what it was asked.
-#include "library/catalogue/schema.h"
 #include "library/catalogue/updates.h"
-#include "tests/support/core_fixture.h"
-
-#include <gtest/gtest.h>
+#include "tests/library/catalogue_fixture.h"
 
 namespace vk::test {
 namespace {
 
-struct UpdatesTest : testing::Test, CoreFixture {
+struct UpdatesTest : CatalogueFixture {
     UpdatesTest() {
-        MakeEmptyCatalogue(app.File(EmptyCatalogueName));
-        settings.values.MediaDir = media.Path();
         settings.values.AudioExtensions = "MP3:OGG";
         state.DBState = DBStateValue::Offline;
         state.Setup = true;
@@ -21,9 +16,6 @@ struct UpdatesTest : testing::Test, CoreFixture {
         for (int i = 0; i < ticks; ++i)
             updates.Supervise();
     }
-    TempFolder media;
-    ID3 reader{{log, dialogs}, state.DecimalSymbol};
-    modDB db{{state, settings, report, reader}};
     std::vector<ScanRequest> scans;
     int stops = 0, shown = 0;
     CatalogueUpdates updates{{state, settings, screens, report, db,

@@ -1,0 +1,48 @@
+// A media folder of tagged files, an application directory with the empty template, and the
+// catalogue, not opened yet.
+#pragma once
+
+#include "library/catalogue/mod_db.h"
+#include "library/catalogue/schema.h"
+#include "tests/library/tag_bytes.h"
+#include "tests/support/core_fixture.h"
+
+#include <gmock/gmock.h>
+#include <utime.h>
+
+#include <filesystem>
+
+namespace vk::test {
+
+struct CatalogueFixture : testing::Test, CoreFixture {
+    CatalogueFixture() {
+        state.AudioExtensionList = {"MP3"};
+        state.VideoExtensionList = {"AVI"};
+        settings.values.MediaDir = media.Path();
+        MakeEmptyCatalogue(app.File(EmptyCatalogueName));
+    }
+    std::string Tagged(const std::string& name, const std::string& title,
+                       std::time_t date = 1'000'000'000, const std::string& artist = "Artist",
+                       const std::string& genre = "Pop") const {
+        const std::string path = media.File(name);
+        std::filesystem::create_directories(FolderOf(path));
+        DeleteFileAt(path);
+        AppendToFile(path, ID3v2(3, TextFrame(3, "TIT2", title) + TextFrame(3, "TPE1", artist) +
+                                        TextFrame(3, "TCON", genre)));
+        const utimbuf times{date, date};
+        EXPECT_EQ(::utime(path.c_str(), &times), 0);
+        return path;
+    }
+    std::vector<std::string> First(const std::string& sql) {
+        std::vector<std::string> cells;
+        for (const CatalogueRecord& record : db.Records(sql))
+            cells.push_back(record.front());
+        return cells;
+    }
+
+    TempFolder media;
+    ID3 reader{{log, dialogs}, state.DecimalSymbol};
+    modDB db{{state, settings, report, reader}};
+};
+
+} // namespace vk::test
