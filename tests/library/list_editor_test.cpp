@@ -353,20 +353,5 @@ TEST_F(ListEditing, AnotherModeEndsTheBuilding) {
     EXPECT_FALSE(view.rightFocus);
 }
 
-TEST_F(ListEditing, LongListsAreEditedWhole) {
-    constexpr int Count = 70000;
-    std::string text;
-    for (int i = 0; i < Count; ++i)
-        text += media + "/a.mp3\n";
-    Media("long.m3u", text);
-    browser().ReShow();
-    list.AddItem("", "", "EDIT:" + media + "/long.m3u");
-    list.SelectItem(list.ItemCount() - 1);
-    browser().runok();
-    browser().ChooseRight();
-    EXPECT_EQ(rightList.ItemCount(), Count - 1);
-    EXPECT_EQ(rightList.Row(Count - 2).first, std::to_string(Count - 1) + " - (Unknown Artist) - ");
-}
-
 } // namespace
 } // namespace vk

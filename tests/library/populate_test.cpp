@@ -164,10 +164,10 @@ TEST_F(Populate, AVideoDiscIsOneRow) {
 }
 
 TEST_F(Populate, ModesChooseWhatIsListed) {
-    MediaFiles({"a.mp3", "b.avi", "c.m3u"});
+    MediaFiles({"a.mp3", "b.avi", "c.m3u", "d.lst"});
     core.volumes.drives.clear();
     const std::vector<std::pair<std::int16_t, std::vector<std::string>>> modes = {
-        {ListFromMenu, {NewList, "(Unknown Artist) - a", "b", "c"}},
+        {ListFromMenu, {NewList, "(Unknown Artist) - a", "b", "c", "d"}},
         {ListFromAudio, {NewList, "(Unknown Artist) - a", "b", "c"}},
         {ListFromVideo, {NewList, "b"}}};
     for (const auto& [mode, rows] : modes) {

@@ -31,16 +31,6 @@ TEST_F(RunOk, AnAudioFileIsHandedOverWithAllOfItsKind) {
     EXPECT_FALSE(core.state.ListBusy);
 }
 
-TEST_F(RunOk, ThePlaceInTheListMayNeedMoreThan16Bits) {
-    constexpr int Count = 66000;
-    browser().ReShow();
-    for (int row = 0; row < Count; ++row)
-        list.AddItem("", "", "FILE:/m/" + std::to_string(row) + ".mp3");
-    list.SelectItem(list.ItemCount() - 1);
-    browser().runok();
-    EXPECT_EQ(audio.TrackToSelect, Count);
-}
-
 TEST_F(RunOk, FromADiscTheListBearsItsLabelAndSerial) {
     InsertDisc();
     disk.Write("cd/a.mp3", "x");

@@ -150,18 +150,6 @@ TEST_F(PlaylistsScreen, WhatIsNotThereHasNoButton) {
         EXPECT_FALSE(Part(name).isVisible()) << name;
 }
 
-TEST_F(PlaylistsScreen, WhileBusyPressesDoNothing) {
-    core.state.ListBusy = true;
-    for (const char* code : {"40", "13", "39"})
-        screen->Form_KeyDown(code);
-    for (const char* name : {"Image4", "Image6", "Image12", "Image19", "imgHome"})
-        Tap(name);
-    EXPECT_EQ(Title(), "Browse By Directory ");
-    EXPECT_EQ(List().iSelected, 0);
-    EXPECT_EQ(menu.Count("ReShow"), 0);
-    EXPECT_EQ(Loading(), "");
-}
-
 TEST_F(PlaylistsScreen, TheWheelAndAReloadKeepTheList) {
     const QPointF here(300, 200);
     QWheelEvent half(here, here, {}, {0, -60}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase,
