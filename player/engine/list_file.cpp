@@ -17,6 +17,11 @@ bool IsAddress(std::string_view entry) {
     return entry.find("://") != std::string_view::npos;
 }
 
+// The screen lists a track of an audio disc unseen; left out here it would shift all numbers.
+bool IsDiscTrack(const std::string& entry) {
+    return EqualNoCase(LastBytes(entry, 4), ".cda");
+}
+
 std::string Resolve(std::string_view entry, const std::string& folder) {
     const bool whole = entry.front() == PathSeparator || IsAddress(entry);
     return whole ? std::string(entry) : JoinPath(folder, std::string(entry));
@@ -68,8 +73,9 @@ std::vector<std::string> ParsePls(std::string_view contents, const std::string& 
 
 std::vector<std::string> ListEntries(const std::string& path) {
     std::vector<std::string> entries = EntriesOf(path);
-    std::erase_if(entries,
-                  [](const std::string& entry) { return !IsAddress(entry) && !FileExists(entry); });
+    std::erase_if(entries, [](const std::string& entry) {
+        return !IsAddress(entry) && !IsDiscTrack(entry) && !FileExists(entry);
+    });
     return entries;
 }
 

@@ -22,7 +22,7 @@ std::vector<std::string> ParsePls(std::string_view contents, const std::string& 
 
 /// What a file given to the player stands for: the entries of a list, or the file itself. Entries
 /// whose file is missing are left out, as the screens leave them out, so that both number the list
-/// alike; addresses ("http://…") stay.
+/// alike; addresses ("http://…") and ".cda" lines stay.
 std::vector<std::string> ListEntries(const std::string& path);
 
 } // namespace vk

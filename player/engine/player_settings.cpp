@@ -24,7 +24,9 @@ void ReadBands(const std::string& file, std::array<int, 10>& bands) {
 
 PlayerSettings ReadPlayerSettings(const std::string& file) {
     PlayerSettings settings;
-    settings.shuffle = ReadNumber(file, "shuffle", 0, 1) == 1;
+    // Any number but 0 is "on": other programs write -1.
+    const auto shuffle = ParseInteger(GetPrivateProfileString("winamp", "shuffle", "", file));
+    settings.shuffle = shuffle.value_or(0) != 0;
     settings.repeat = ReadNumber(file, "repeat", 0, 1) == 1;
     settings.advance = ReadNumber(file, "pladv", 1, 1) == 1;
     settings.volume = ReadNumber(file, "Volume", 255, 255);

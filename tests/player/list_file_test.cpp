@@ -38,9 +38,10 @@ TEST(ListEntries, LeavesMissingFilesOutSoThatNumbersMatchTheScreens) {
     folder.Write("a.mp3", "x");
     folder.Write("b.mp3", "x");
     folder.MakeFolder("c.mp3");
-    const std::string list = folder.Write("l.M3U", "a.mp3\ngone.mp3\nc.mp3\nb.mp3\nhttp://h/s\n");
-    EXPECT_THAT(ListEntries(list),
-                ElementsAre(folder.File("a.mp3"), folder.File("b.mp3"), "http://h/s"));
+    const std::string list =
+        folder.Write("l.M3U", "a.mp3\ngone.mp3\nc.mp3\nb.mp3\n1.CDA\nhttp://h/s\n");
+    EXPECT_THAT(ListEntries(list), ElementsAre(folder.File("a.mp3"), folder.File("b.mp3"),
+                                               folder.File("1.CDA"), "http://h/s"));
     EXPECT_THAT(ListEntries(folder.Write("l.pls", "File1=b.mp3")),
                 ElementsAre(folder.File("b.mp3")));
     EXPECT_THAT(ListEntries(folder.File("a.mp3")), ElementsAre(folder.File("a.mp3")));

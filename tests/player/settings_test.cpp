@@ -10,7 +10,7 @@ namespace {
 TEST(PlayerSettings, TakesItsKeysInAnySpelling) {
     TempFolder folder;
     const PlayerSettings settings = ReadPlayerSettings(
-        folder.Write("winamp.ini", "[Winamp]\r\nShuffle = 1\r\nrepeat=1\r\npladv = 0\r\n"
+        folder.Write("winamp.ini", "[Winamp]\r\nShuffle = -1\r\nrepeat=1\r\npladv = 0\r\n"
                                    "Volume = 200\r\nuse_eq = 1\r\npreamp = 20\r\n"
                                    "eq_data=4,31,x,99,63\r\n"));
     EXPECT_TRUE(settings.shuffle);
@@ -25,7 +25,7 @@ TEST(PlayerSettings, TakesItsKeysInAnySpelling) {
 
 TEST(PlayerSettings, NonsenseGivesTheDefaults) {
     TempFolder folder;
-    folder.Write("bad.ini", "[winamp]\nshuffle=7\nVolume=-3\npladv=yes\npreamp=64\n");
+    folder.Write("bad.ini", "[winamp]\nshuffle=on\nVolume=-3\npladv=yes\npreamp=64\n");
     for (const char* file : {"bad.ini", "none.ini"}) {
         const PlayerSettings settings = ReadPlayerSettings(folder.File(file));
         EXPECT_FALSE(settings.shuffle);

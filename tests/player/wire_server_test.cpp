@@ -97,11 +97,6 @@ TEST_F(WireServerTest, TakesALongListInOnePieceAndNothingOfOneThatBreaksOff) {
     EXPECT_TRUE(lists[0].first == expected);
 }
 
-TEST_F(WireServerTest, OnlyOneInstanceHasThePlace) {
-    EXPECT_FALSE(Instance(path).Claim());
-    EXPECT_EQ(Ask(Connect(), {2, 3, 0}), 3) << "the loser left the socket alone";
-}
-
 TEST(Instance, GivesThePlaceUpAndTakesItFromTheDead) {
     TempFolder folder;
     const std::string path = folder.Write("socket", "a leftover");
