@@ -4,10 +4,13 @@
 #include "platform/files.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace vk {
 
 namespace {
+
+constexpr std::int32_t MostTrack = std::numeric_limits<std::int32_t>::max() - 1;
 
 bool DiscIsIn(std::int32_t serial, const std::string& configured, const Volumes& volumes) {
     const std::string drive = OpticalRoot(volumes, configured);
@@ -35,7 +38,7 @@ ResumeResult PrepareResume(SettingsStore& settings, const Volumes& volumes, Audi
     const double position =
         settings.Read("audio_player", "CurrentPosition", IniType::Double).Double();
     audio.ResumePosition = static_cast<std::int32_t>(std::clamp(position, -1.0, 1e9));
-    audio.TrackToSelect = number("currenttrack") + 1;
+    audio.TrackToSelect = std::clamp(number("currenttrack"), 0, MostTrack) + 1;
     audio.VolumeSerial = serial;
     audio.ListFile = settings.File(AudioListName);
     return ResumeResult::Ready;

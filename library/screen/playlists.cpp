@@ -96,7 +96,7 @@ void playlists::WireVolume(const char* name, const char* pressed, void (Browser:
         (browser_.*change)();
         volumeTimer_->Start(VolumeRepeatMs);
     };
-    button.onRelease = [this] { volumeTimer_->Stop(); };
+    button.onRelease = [this](bool) { volumeTimer_->Stop(); };
 }
 
 void playlists::ReShow() {

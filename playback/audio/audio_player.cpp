@@ -22,7 +22,7 @@ AudioPlayer::AudioPlayer(Needs needs, ListModel& list, PlayerView& view)
       cover_({n_.audio, n_.app, n_.settings.AppDir(), n_.log, view_, n_.xmLogo}),
       clockLine_(n_.clock, n_.locale, view_),
       files_({n_.audio, n_.app, n_.winamp, n_.settings, n_.clock, n_.log, view_, rows_, cover_,
-              n_.query}),
+              n_.query, [this](const std::string& text) { clockLine_.ShowProblem(text); }}),
       volume_({n_.volume, n_.settings, n_.app, n_.clock, view_}), lineMute_(n_.volume),
       Timer2(n_.clock.MakeTimer([this] { Timer2_Timer(); })) {}
 
@@ -52,7 +52,7 @@ void AudioPlayer::Enter() {
 }
 
 void AudioPlayer::Ready() {
-    held_.Press(HeldNone);
+    LetGo();
     TickCount = 0;
     bForceUpdate = true;
     RefreshLater();
@@ -66,13 +66,14 @@ void AudioPlayer::ReShow() {
         const BusyGuard busy(n_.app.ListBusy);
         Enter();
         volume_.SetFirstLevel();
+        // Before anything can save it.
+        if (n_.audio.PlayMode == PlayAudio && FileLength(n_.audio.ListFile) > 0) ShowShuffle();
         if (n_.audio.PlayMode != PlayAudio)
-            EnterTuner();
+            EnterTuner(n_.audio.PlayMode);
         else if (n_.audio.bStartPlaying || n_.audio.ListFile != shownList_)
             LoadPlaylist();
         SetMediaTypeIcon();
         SetPlayerButton();
-        if (n_.audio.PlayMode == PlayAudio && FileLength(n_.audio.ListFile) > 0) ShowShuffle();
         Ready();
     });
     n_.volume.ShowHardwareProblem(); // it waits for an answer, and the music does not
@@ -82,16 +83,17 @@ void AudioPlayer::ReDisplay() {
     TrapAndLog(n_.report, "Error in Playmp3.Redisplay ", [&] {
         const BusyGuard busy(n_.app.ListBusy);
         Enter();
-        ShowShuffle();
+        n_.audio.PlayMode == PlayAudio ? ShowShuffle() : DrawShuffle(false);
+        SetMediaTypeIcon();
+        SetPlayerButton();
         if (n_.audio.bStartPlaying) {
             if (PlayerSource* source = Source()) source->LeaveScreen();
             SilenceOtherSources();
             n_.audio.bPaused = false;
             view_.SetButton(PlayerButton::Pause, "pause.gif");
             LoadPlaylist();
+            SetMediaTypeIcon(); // a disc's follows its track
         }
-        SetMediaTypeIcon();
-        SetPlayerButton();
         Ready();
     });
 }
@@ -121,7 +123,7 @@ void AudioPlayer::switchingform() {
     TrapAndLog(n_.report, ErrorIn("switchingform"), [&] {
         const BusyGuard busy(n_.app.ListBusy);
         Timer2->Stop();
-        held_.Press(HeldNone);
+        LetGo();
         volume_.Leave();
         view_.ShowFrame(false);
         n_.settings.Write("main", "LastPlayMode", std::to_string(n_.audio.PlayMode));
@@ -175,14 +177,17 @@ void AudioPlayer::Form_Unload(bool osShutdown) {
 // The sources' operations ------------------------------------------------------------------------
 
 void AudioPlayer::runok() {
+    bForceUpdate = true;
     WithSource("runok", [](PlayerSource& source) { source.runok(); });
 }
 
 void AudioPlayer::MoveAhead() {
+    bForceUpdate = true;
     WithSource("MoveAhead", [](PlayerSource& source) { source.MoveAhead(); });
 }
 
 void AudioPlayer::MoveBack() {
+    bForceUpdate = true;
     WithSource("MoveBack", [](PlayerSource& source) { source.MoveBack(); });
 }
 
@@ -270,8 +275,12 @@ void AudioPlayer::ShowShuffle() {
     std::string text;
     n_.audio.bShuffle = ReadShuffle(n_.settings, text);
     n_.log.WriteDebugLog("winamp.ini shuffle=" + text);
-    view_.ShowShuffle(n_.audio.bShuffle);
-    view_.SetButton(PlayerButton::Shuffle, n_.audio.bShuffle ? "shufflesel.gif" : "shuffle.gif");
+    DrawShuffle(n_.audio.bShuffle);
+}
+
+void AudioPlayer::DrawShuffle(bool on) {
+    view_.ShowShuffle(on);
+    view_.SetButton(PlayerButton::Shuffle, on ? "shufflesel.gif" : "shuffle.gif");
 }
 
 void AudioPlayer::setshuffle() {
@@ -280,8 +289,7 @@ void AudioPlayer::setshuffle() {
         const bool on = !ReadShuffle(n_.settings, text);
         n_.winamp.WinAMP_SCM(WinampToggleShuffle);
         n_.audio.bShuffle = on;
-        view_.ShowShuffle(on);
-        view_.SetButton(PlayerButton::Shuffle, on ? "shufflesel.gif" : "shuffle.gif");
+        DrawShuffle(on);
         n_.settings.ini().WriteINI(n_.settings.File("winamp.ini"), "winamp", "shuffle",
                                    on ? "1" : "0");
     });

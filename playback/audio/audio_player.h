@@ -129,7 +129,8 @@ class AudioPlayer {
 
     /// A button or list strip is pressed, and let go again.
     void Press(HeldAction action);
-    void Release();
+    /// Let go outside of a button that waits for its hold, it was no click.
+    void Release(bool inside = true);
     /// Brings the window to the front once a second for that many seconds.
     void BringToFront(int seconds) { pendingForeground_ += seconds; }
     /// Draws list and cover anew 2 seconds from now: what lay over them (a window that closes, a
@@ -152,17 +153,20 @@ class AudioPlayer {
     void Enter();
     void Ready();
     void ShowShuffle();
+    void DrawShuffle(bool on);
     void SilenceOtherSources();
     bool CanSwitchTo(std::int32_t mode);
     void SwitchTo(std::int32_t mode);
     void LeaveSource();
-    void EnterTuner();
-    bool StartTuner(PlayerSource& tuner);
-    std::int32_t TunerInput() const;
+    void EnterTuner(std::int32_t mode);
+    void ClearTrack();
+    void StartTuner(PlayerSource& tuner, std::int32_t mode);
+    void TakeXMList();
     void Tick();
     void ServeRefresh();
     void FirstTick();
     void ServeHeldButton();
+    void LetGo();
     void DoHeld(HeldAction action);
     bool DiscIsGone() const;
     void KeepInFront();

@@ -18,8 +18,12 @@ class ClockLine {
     void Refresh();
     /// Shows a text for so many milliseconds; then the time comes back.
     void ShowNotice(const std::string& text, int milliseconds);
+    /// The same for what went wrong, which takes longer to read.
+    void ShowProblem(const std::string& text) { ShowNotice(text, ProblemMs); }
 
   private:
+    static constexpr int ProblemMs = 4000;
+
     Clock& clock_;
     const LocaleInfo& locale_;
     PlayerView& view_;

@@ -1,6 +1,7 @@
 #include "playback/audio/file_source.h"
 
 #include "core/text.h"
+#include "library/list_file.h"
 #include "platform/files.h"
 #include "platform/paths.h"
 #include "playback/audio/busy_guard.h"
@@ -13,6 +14,13 @@ namespace {
 
 constexpr int PlayPolls = 100;
 constexpr int PollMs = 50;
+constexpr const char* ExpandedName = "vk_audio_expanded.m3u";
+
+/// Hides `lbLoading` at its end, however that comes.
+struct LoadingSign {
+    PlayerView& view;
+    ~LoadingSign() { view.ShowLoading(""); }
+};
 
 } // namespace
 
@@ -24,10 +32,25 @@ void FileSource::LoadPlaylist() {
     const BusyGuard busy(n_.app.ListBusy);
     n_.audio.CurrentTrack = n_.audio.TrackToSelect - 1;
     if (!FileExists(n_.audio.ListFile)) return UpdateScreen();
+    const LoadingSign sign{n_.view};
+    n_.view.ShowLoading("Loading");
+    if (n_.audio.bStartPlaying) BeginList();
     ReadList();
+    if (n_.audio.PlayMode != PlayAudio) return; // the player was left while the list was read
     if (n_.audio.bStartPlaying) return StartPlaying();
     Select(n_.audio.CurrentTrack);
     UpdateScreen();
+}
+
+// What is on show is no longer what is to be heard.
+void FileSource::BeginList() {
+    saved_.Loading(n_.audio.bResuming ? n_.audio.ResumePosition : 0);
+    position_.NewTrack();
+    bitRateKnown_ = true;
+    n_.view.ShowArtist("");
+    n_.view.ShowTitle("");
+    n_.view.ShowBitRate("");
+    ShowTrackTime();
 }
 
 void FileSource::Select(std::int32_t index) {
@@ -36,7 +59,6 @@ void FileSource::Select(std::int32_t index) {
 }
 
 void FileSource::ReadList() {
-    n_.view.ShowLoading("Loading");
     TrackListNeeds needs;
     needs.query = n_.query;
     needs.log = [this](const std::string& text) { n_.log.WriteDebugLog(text); };
@@ -45,12 +67,14 @@ void FileSource::ReadList() {
         n_.clock.DoEvents();
     };
     TrackList list = ReadTrackList(n_.audio.ListFile, n_.audio.TrackToSelect, needs);
-    if (list.wantedMissing) n_.audio.bResuming = false;
+    HandOver(list);
+    const auto last = static_cast<std::int32_t>(list.tracks.size()) - 1;
+    // Where no file is there the medium is missing, not the entry.
+    if (list.wantedMissing && last >= 0) n_.audio.bResuming = false;
     // A resumed list comes without a title, or with its own path for one.
     if (n_.audio.ListTitle.empty() || n_.audio.ListTitle == n_.audio.ListFile)
         n_.audio.ListTitle = list.title;
-    const auto last = static_cast<std::int32_t>(list.tracks.size()) - 1;
-    n_.audio.CurrentTrack = std::clamp(n_.audio.CurrentTrack, 0, std::max(0, last));
+    if (last >= 0) n_.audio.CurrentTrack = std::clamp(n_.audio.CurrentTrack, 0, last);
     // A resumed list without a name is called after the folder of its track.
     if (n_.audio.ListTitle.empty() && last >= 0) {
         const auto& track = list.tracks[static_cast<std::size_t>(n_.audio.CurrentTrack)];
@@ -58,7 +82,22 @@ void FileSource::ReadList() {
     }
     n_.rows.Load(std::move(list.tracks), n_.audio.CurrentTrack);
     n_.view.ShowListTitle(n_.audio.ListTitle);
-    n_.view.ShowLoading("");
+}
+
+// The player process knows no queries: it gets a copy with what they have found, so that both
+// number the list alike.
+void FileSource::HandOver(const TrackList& list) {
+    handedOver_ = n_.audio.ListFile;
+    if (!list.expanded) return;
+    std::vector<std::string> paths;
+    for (const Track& track : list.tracks)
+        paths.push_back(track.path);
+    const std::string copy = n_.settings.File(ExpandedName);
+    std::string reason;
+    if (WriteListFile(copy, "", paths, &reason))
+        handedOver_ = copy;
+    else
+        n_.log.WriteDebugLog("could not write " + ToUtf8(copy) + ": " + reason);
 }
 
 // The order of the messages is what the player process relies on: it must have stopped and emptied
@@ -67,32 +106,51 @@ void FileSource::StartPlaying() {
     Select(n_.audio.CurrentTrack);
     n_.audio.PlayingIndex = n_.audio.CurrentTrack;
     n_.audio.bStartPlaying = false;
+    started_ = false;
     Unpause();
     Command(WinampStop);
     n_.winamp.WinAMP_ClearPlaylist();
-    n_.winamp.WinAMP_OpenFile(n_.audio.ListFile);
+    if (n_.rows.Count() == 0) return NotStarted("The files of this list are not there.");
+    n_.winamp.WinAMP_OpenFile(handedOver_);
     n_.winamp.WinAMP_loadtracknum(n_.audio.CurrentTrack);
     Command(WinampPlay);
+    n_.view.ShowLoading("Loading");
     if (!WaitForPlay()) return;
-    Resume();
+    started_ = true;
+    const std::int32_t position = Resume();
+    if (n_.audio.PlayMode != PlayAudio) return; // left in the events of the seek
+    saved_.Started(position);
     UpdateScreen();
 }
 
-// Events run in here: the user may have left the player before it answers.
+bool FileSource::Playing() {
+    const std::string status = n_.winamp.WinAMP_GetStatus();
+    return status == "1" || status == "2";
+}
+
+void FileSource::NotStarted(const std::string& notice) {
+    saved_.NotStarted();
+    n_.notice(notice);
+}
+
+// Events run in here: the user may have left the player before it answers. A pause (the ignition)
+// may come in between as well.
 bool FileSource::WaitForPlay() {
     const std::string list = n_.audio.ListFile;
     for (int count = 1;; ++count) {
         n_.clock.DoEvents();
         n_.clock.Sleep(PollMs);
         if (n_.audio.PlayMode != PlayAudio || n_.audio.ListFile != list) return false;
-        if (n_.winamp.WinAMP_GetStatus() == "1") return true;
+        if (Playing()) return true;
         if (count < PlayPolls) continue;
         n_.log.WriteDebugLog("Winamp did not respond to play request in playmp3 form load");
+        NotStarted("This list cannot be played.");
         return false;
     }
 }
 
-void FileSource::Resume() {
+// The seconds that it goes on at.
+std::int32_t FileSource::Resume() {
     const bool seeks = n_.audio.bResuming && n_.audio.ResumePosition != 0;
     n_.audio.bResuming = false;
     if (seeks) {
@@ -100,7 +158,7 @@ void FileSource::Resume() {
         n_.winamp.WinAMP_SeekToPosition(n_.audio.ResumePosition);
         n_.log.WriteDebugLog("resume to position " + seconds + " of current track");
     }
-    saved_.Started(seeks ? n_.audio.ResumePosition : 0);
+    return seeks ? n_.audio.ResumePosition : 0;
 }
 
 void FileSource::UpdateScreen() {
@@ -126,6 +184,7 @@ void FileSource::ShowBitRate() {
 
 void FileSource::runok() {
     const std::int32_t selected = n_.rows.Selected();
+    if (!started_ && !Playing()) return StartAgain(selected);
     if (!n_.rows.Find(selected)) return;
     n_.audio.CurrentTrack = selected;
     if (n_.audio.bPaused) {
@@ -146,13 +205,31 @@ void FileSource::runok() {
     saved_.TrackChanged();
 }
 
+// The start of the list has failed: its files or the player process may be there by now.
+void FileSource::StartAgain(std::int32_t selected) {
+    if (n_.app.ListBusy) return;
+    if (n_.rows.Find(selected) && selected != n_.audio.CurrentTrack) {
+        n_.audio.TrackToSelect = selected + 1;
+        n_.audio.bResuming = false;
+    }
+    n_.audio.bStartPlaying = true;
+    LoadPlaylist();
+}
+
+// A process that has gone, or that is new and empty, answers 0 for the track as well: the number
+// counts only where the status behind it says that something plays.
 void FileSource::SkipTo(std::int32_t command) {
     Command(command);
-    n_.audio.CurrentTrack = n_.winamp.WinAMP_gettracknum();
-    n_.audio.TrackToSelect = n_.audio.PlayingIndex = n_.audio.CurrentTrack;
+    const std::int32_t track = n_.winamp.WinAMP_gettracknum();
+    if (!Playing()) return;
     // A skip out of the pause may have ended it.
     if (n_.audio.bPaused && n_.winamp.WinAMP_GetStatus() == "1") Unpause();
-    Select(n_.audio.CurrentTrack);
+    ShowPlaying(track);
+}
+
+void FileSource::ShowPlaying(std::int32_t track) {
+    n_.audio.CurrentTrack = n_.audio.PlayingIndex = n_.audio.TrackToSelect = track;
+    Select(track);
     UpdateScreen();
     saved_.TrackChanged();
 }
@@ -204,6 +281,7 @@ void FileSource::Unpause() {
 void FileSource::EverySecond() {
     if (n_.app.ListBusy) return; // a list is on its way to the player process
     position_.Refresh(n_.audio.bPaused);
+    if (n_.app.ListBusy || n_.audio.PlayMode != PlayAudio) return; // left in the events of it
     ShowTrackTime();
     if (!bitRateKnown_) ShowBitRate();
     FollowTrack();
@@ -212,11 +290,8 @@ void FileSource::EverySecond() {
 // There is no end-of-track event: the player process goes on by itself.
 void FileSource::FollowTrack() {
     const std::int32_t track = n_.winamp.WinAMP_gettracknum();
-    if (track == n_.audio.CurrentTrack) return;
-    n_.audio.CurrentTrack = n_.audio.PlayingIndex = n_.audio.TrackToSelect = track;
-    Select(track);
-    UpdateScreen();
-    saved_.TrackChanged();
+    if (track == n_.audio.CurrentTrack || !Playing()) return;
+    ShowPlaying(track);
 }
 
 void FileSource::ShowTrackTime() {

@@ -12,6 +12,8 @@
 #include "playback/c_winamp.h"
 
 #include <cstdint>
+#include <functional>
+#include <string>
 
 namespace vk {
 
@@ -27,7 +29,8 @@ class FileSource : public PlayerSource {
         PlayerView& view;
         TrackRows& rows;
         CoverArt& cover;
-        CatalogueQuery query; ///< empty without a catalogue
+        CatalogueQuery query;                           ///< empty without a catalogue
+        std::function<void(const std::string&)> notice; ///< tells the user what went wrong
     };
     explicit FileSource(Needs needs);
 
@@ -56,20 +59,28 @@ class FileSource : public PlayerSource {
     void ShowTrackTime();
 
   private:
+    void BeginList();
     void ReadList();
+    void HandOver(const TrackList& list);
     void Select(std::int32_t index);
     void StartPlaying();
     bool WaitForPlay();
-    void Resume();
+    bool Playing(); ///< or paused
+    void NotStarted(const std::string& notice);
+    void StartAgain(std::int32_t selected);
+    std::int32_t Resume();
     void Command(std::int32_t id) { n_.winamp.WinAMP_SCM(id); }
     void SkipTo(std::int32_t command);
     void Unpause();
     void FollowTrack();
+    void ShowPlaying(std::int32_t track);
     void ShowBitRate();
 
     Needs n_;
     PositionClock position_;
     SavedState saved_;
+    std::string handedOver_; ///< the list file as the player process gets it
+    bool started_ = true;    ///< the player process has begun to play what it was told last
     bool bitRateKnown_ = true;
 };
 

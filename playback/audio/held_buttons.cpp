@@ -1,5 +1,7 @@
 #include "playback/audio/held_buttons.h"
 
+#include <algorithm>
+
 namespace vk {
 
 void HeldButtons::Press(HeldAction action) {
@@ -12,7 +14,7 @@ HeldAction HeldButtons::Tick(std::int32_t repeatAfter) {
         ++RepeatCount;
         return RepeatAction;
     }
-    if (RepeatAction == HeldNone || RepeatCount >= repeatAfter) return RepeatAction;
+    if (RepeatAction == HeldNone || RepeatCount >= std::max(1, repeatAfter)) return RepeatAction;
     const bool scrolls = RepeatAction == HeldScrollUp || RepeatAction == HeldScrollDown;
     const bool first = RepeatCount++ == 0;
     return scrolls && first ? RepeatAction : HeldNone;
@@ -20,8 +22,8 @@ HeldAction HeldButtons::Tick(std::int32_t repeatAfter) {
 
 bool HeldButtons::Release(std::int32_t repeatAfter) {
     const bool waits = RepeatAction == HeldForward || RepeatAction == HeldRewind;
-    const bool click =
-        RepeatAction != HeldNone && (waits ? RepeatCount < repeatAfter : RepeatCount == 0);
+    const bool click = RepeatAction != HeldNone &&
+                       (waits ? RepeatCount < std::max(1, repeatAfter) : RepeatCount == 0);
     RepeatAction = HeldNone;
     RepeatCount = 0;
     return click;

@@ -20,8 +20,8 @@ class HeldButtons {
   public:
     void Press(HeldAction action);
     /// What this tick is to do, `HeldNone` while it waits: the volume moves from the first tick on;
-    /// forward and rewind wait until they were held for `repeatAfter` ticks (`TSRepeatVal`); the
-    /// list scrolls at once and then waits likewise.
+    /// forward and rewind wait until they were held for `repeatAfter` ticks (`TSRepeatVal`, less
+    /// than 1 counts as 1); the list scrolls at once and then waits likewise.
     HeldAction Tick(std::int32_t repeatAfter);
     /// Ends the press. True when it was too short for what holding does, thus a click.
     bool Release(std::int32_t repeatAfter);

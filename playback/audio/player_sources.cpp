@@ -10,7 +10,7 @@ namespace vk {
 namespace {
 
 constexpr int AddedMs = 800;
-constexpr int ProblemMs = 4000; // what went wrong takes longer to read
+constexpr const char* NoRadio = "The radio is not available.";
 constexpr const char* XMWait = "Please wait while the XM channel list is initialized...";
 
 Tuners EnabledTuners(const Settings& settings, const AppState& app) {
@@ -40,11 +40,11 @@ void AudioPlayer::TSRadio2MP3Btn_Click() {
 bool AudioPlayer::CanSwitchTo(std::int32_t mode) {
     if (mode == PlayAudio) {
         if (HasListToResume(n_.settings)) return true;
-        clockLine_.ShowNotice(NothingToResume, ProblemMs);
+        clockLine_.ShowProblem(NothingToResume);
         return false;
     }
     if (Source(mode)) return true;
-    clockLine_.ShowNotice("The radio is not available.", ProblemMs);
+    clockLine_.ShowProblem(NoRadio);
     return false;
 }
 
@@ -70,7 +70,7 @@ void AudioPlayer::TurnOffRadio() {
 
 void AudioPlayer::SwitchToAudio() {
     const ResumeResult result = PrepareResume(n_.settings, n_.volumes, n_.audio);
-    if (result == ResumeResult::NoList) return clockLine_.ShowNotice(NothingToResume, ProblemMs);
+    if (result == ResumeResult::NoList) return clockLine_.ShowProblem(NothingToResume);
     if (result == ResumeResult::DiscMissing) return doquit();
     n_.audio.bResuming = true; // the button means it, whatever the start of the system does
     n_.audio.ListTitle.clear();
@@ -82,67 +82,75 @@ void AudioPlayer::SwitchToAudio() {
 }
 
 void AudioPlayer::SwitchToFM() {
+    if (!CanSwitchTo(PlayFM)) return;
     n_.audio.bShuffle = false;
-    view_.ShowShuffle(false);
     files_.GiveWay();
     n_.audio.PlayMode = PlayFM;
     n_.audio.bStartPlaying = true;
     n_.audio.ListFile = n_.settings.File("presets.lst");
-    n_.audio.ListTitle = "D-Link FM Radio";
-    EnterTuner();
+    n_.audio.ListTitle = FMSourceName;
+    EnterTuner(PlayFM);
 }
 
+// The mode follows when the receiver is there: what is saved before then is the old source's.
 void AudioPlayer::SwitchToXM() {
+    if (!CanSwitchTo(PlayXM)) return;
     SaveAudioData();
-    if (n_.audio.bShuffle) view_.SetButton(PlayerButton::Shuffle, "shuffle.gif");
-    view_.ShowShuffle(false);
     files_.GiveWay();
-    n_.audio.PlayMode = PlayXM;
-    n_.audio.ListFile = n_.settings.Read("xmpcr_tuner", "PresetList");
-    n_.audio.ListTitle = n_.audio.ListFile.empty() ? "XM Satellite Radio"
-                                                   : n_.settings.Read("xmpcr_tuner", "ListTitle");
-    EnterTuner();
+    EnterTuner(PlayXM);
 }
 
-void AudioPlayer::EnterTuner() {
-    PlayerSource* tuner = Source();
+void AudioPlayer::EnterTuner(std::int32_t mode) {
+    PlayerSource* tuner = Source(mode);
     if (!tuner) return;
+    const BusyGuard busy(n_.app.ListBusy);
+    ClearTrack();
+    DrawShuffle(false);
+    if (mode == PlayXM) view_.ShowLoading(XMWait);
+    StartTuner(*tuner, mode);
+}
+
+void AudioPlayer::ClearTrack() {
     cover_.Hide();
     view_.ShowArtist("");
     view_.ShowTitle("");
     view_.ShowBitRate("");
     view_.ShowTrackTime("");
-    view_.ShowListTitle(n_.audio.ListTitle);
-    SetMediaTypeIcon();
-    SetPlayerButton();
-    if (n_.audio.PlayMode == PlayXM) view_.ShowLoading(XMWait);
-    const BusyGuard busy(n_.app.ListBusy);
-    if (StartTuner(*tuner)) clockLine_.Refresh();
-}
-
-std::int32_t AudioPlayer::TunerInput() const {
-    const Settings& s = n_.settings.values;
-    return n_.audio.PlayMode == PlayFM ? s.dlink_audio_input : s.xmpcr_audio_input;
 }
 
 // The line is silent until the tuner is on its station. The FM tuner is tuned as its list is
 // loaded; the satellite receiver plays by itself.
-bool AudioPlayer::StartTuner(PlayerSource& tuner) {
-    const bool fm = n_.audio.PlayMode == PlayFM;
-    const std::int32_t input = TunerInput();
+void AudioPlayer::StartTuner(PlayerSource& tuner, std::int32_t mode) {
+    const Settings& settings = n_.settings.values;
+    const std::int32_t input =
+        mode == PlayFM ? settings.dlink_audio_input : settings.xmpcr_audio_input;
+    const std::int32_t before = n_.audio.PlayMode;
     MuteLine(input, true);
     const bool ready = tuner.Start();
     view_.ShowLoading("");
-    const bool left = Source() != &tuner;
-    if (left || !ready) {
-        RestoreMuteState(input);
-        if (!left) clockLine_.ShowNotice("The radio is not available.", ProblemMs);
-        return false;
+    if (n_.audio.PlayMode != before) { // the player was left in the events of the wait
+        tuner.Stop();
+        return RestoreMuteState(input);
     }
-    if (fm) LoadPlaylist();
+    if (n_.audio.PlayMode != mode) TakeXMList();
+    view_.ShowListTitle(n_.audio.ListTitle);
+    SetMediaTypeIcon();
+    SetPlayerButton();
+    if (!ready) {
+        RestoreMuteState(input);
+        return clockLine_.ShowProblem(NoRadio);
+    }
+    if (mode == PlayFM) LoadPlaylist();
     UnMuteLine(input);
-    if (!fm) LoadPlaylist();
-    return true;
+    if (mode == PlayXM) LoadPlaylist();
+    clockLine_.Refresh();
+}
+
+void AudioPlayer::TakeXMList() {
+    n_.audio.PlayMode = PlayXM;
+    n_.audio.ListFile = n_.settings.Read("xmpcr_tuner", "PresetList");
+    n_.audio.ListTitle =
+        n_.audio.ListFile.empty() ? XMSourceName : n_.settings.Read("xmpcr_tuner", "ListTitle");
 }
 
 // Favourites -------------------------------------------------------------------------------------
@@ -157,7 +165,7 @@ void AudioPlayer::AddToFavorites() {
             if (AddFavorite(n_.settings.AppDir(), favorite))
                 clockLine_.ShowNotice("ADDING: " + ToUtf8(favorite.entry), AddedMs);
         } catch (const std::exception& error) {
-            clockLine_.ShowNotice(error.what(), ProblemMs);
+            clockLine_.ShowProblem(error.what());
             throw;
         }
     });

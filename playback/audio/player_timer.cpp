@@ -78,20 +78,27 @@ bool AudioPlayer::DiscIsGone() const {
 }
 
 void AudioPlayer::Press(HeldAction action) {
+    if (n_.app.ListBusy) return;
     held_.Press(action);
     ShowHeld(view_, action, true);
 }
 
-void AudioPlayer::Release() {
+void AudioPlayer::LetGo() {
+    ShowHeld(view_, held_.Action(), false);
+    held_.Press(HeldNone);
+}
+
+void AudioPlayer::Release(bool inside) {
     const HeldAction action = held_.Action();
     const bool click = held_.Release(n_.settings.values.TSRepeatVal);
     ShowHeld(view_, action, false);
-    if (!click) return;
-    if (action == HeldForward || action == HeldRewind)
-        WithSource(action == HeldForward ? "MoveAhead" : "MoveBack",
-                   [&](PlayerSource& source) { source.ShortPress(action == HeldForward); });
-    else
-        DoHeld(action); // a tap that fell between two ticks still counts
+    if (!click || !inside) return;
+    const bool ahead = action == HeldForward;
+    if (!ahead && action != HeldRewind)
+        return DoHeld(action); // a tap that fell between two ticks still counts
+    bForceUpdate = true;
+    WithSource(ahead ? "MoveAhead" : "MoveBack",
+               [&](PlayerSource& source) { source.ShortPress(ahead); });
 }
 
 void AudioPlayer::ServeHeldButton() {

@@ -2,6 +2,7 @@
 
 #include "core/time_of_day.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace vk {
@@ -26,15 +27,18 @@ void PositionClock::Refresh(bool paused) {
 
 void PositionClock::Synchronise() {
     dStartTime = clock_.Now().SecondsOfDay();
-    SetPosition(winamp_.WinAMP_GetTrackPosition());
+    // A process that has stopped or gone answers 0 as well, which is no position.
+    const std::int32_t position = winamp_.WinAMP_GetTrackPosition();
+    SetPosition(winamp_.WinAMP_GetStatus() == "0" ? -1 : position);
     dStartTime -= dPosition;
     dLength = static_cast<double>(winamp_.WinAMP_GetTrackLength()) - 1;
 }
 
 std::string PositionClock::TrackTime(bool elapsed) const {
-    const double left = dLength - dPosition;
+    const double gone = std::max(0.0, dPosition); // far below 0 in the second after midnight
+    const double left = dLength - gone;
     if (left <= 0 && dLength <= 0) return "TrackTime: -:--";
-    return "TrackTime: " + SetTimeFormat(std::lround(elapsed ? dPosition : left));
+    return "TrackTime: " + SetTimeFormat(std::lround(elapsed ? gone : left));
 }
 
 } // namespace vk

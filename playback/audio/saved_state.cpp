@@ -1,5 +1,6 @@
 #include "playback/audio/saved_state.h"
 
+#include <algorithm>
 #include <string>
 
 namespace vk {
@@ -13,10 +14,27 @@ constexpr int SaveEveryMs = 15000;
 SavedState::SavedState(Needs needs)
     : n_(needs), timer_(needs.clock.MakeTimer([this] { SaveProgress(); })) {}
 
+void SavedState::Loading(std::int32_t position) {
+    timer_->Stop();
+    loading_ = true;
+    wanted_ = Progress{n_.audio.CurrentTrack, std::max(0, position)};
+}
+
+void SavedState::NotStarted() {
+    loading_ = false;
+    timer_->Start(SaveEveryMs); // it may still come
+}
+
 void SavedState::Started(std::int32_t position) {
+    loading_ = false;
     WriteList();
     WriteProgress({n_.audio.CurrentTrack, position});
     timer_->Start(SaveEveryMs);
+}
+
+void SavedState::Stop() {
+    loading_ = false;
+    timer_->Stop();
 }
 
 void SavedState::TrackChanged() {
@@ -35,18 +53,20 @@ std::optional<SavedState::Progress> SavedState::Asked() {
 }
 
 // The stopwatch where it runs. Where it does not (paused, another screen in front) the player
-// process is asked; when that has gone too, what was written last is still the best that is known.
-SavedState::Progress SavedState::Now() {
-    if (n_.position.Known())
-        return {n_.audio.CurrentTrack, static_cast<std::int32_t>(n_.position.Position())};
-    if (const auto progress = Asked()) return *progress;
-    if (written_ && written_->track == n_.audio.CurrentTrack) return *written_;
-    return {n_.audio.CurrentTrack, 0};
+// process is asked; when that has gone too, what was wanted or written last is still the best that
+// is known.
+std::optional<SavedState::Progress> SavedState::Now() {
+    if (!loading_ && n_.position.Known())
+        return Progress{n_.audio.CurrentTrack, static_cast<std::int32_t>(n_.position.Position())};
+    const auto asked = loading_ ? std::nullopt : Asked();
+    if (asked) return asked;
+    return wanted_ ? wanted_ : written_;
 }
 
 // The position goes first: when the power fails between the two writes, the old track starts a
 // little off instead of the new one in its middle.
 void SavedState::WriteProgress(const Progress& progress) {
+    wanted_.reset();
     if (written_ == progress) return;
     n_.settings.Write("audio_player", "CurrentPosition", std::to_string(progress.position));
     n_.settings.Write("audio_player", "CurrentTrack", std::to_string(progress.track));
@@ -59,9 +79,9 @@ void SavedState::WriteList() {
 }
 
 void SavedState::SaveAll() {
-    const Progress progress = Now();
+    const auto progress = Now();
     written_.reset();
-    WriteProgress(progress);
+    if (progress) WriteProgress(*progress);
     WriteList();
     n_.settings.ini().WriteINI(n_.settings.File("winamp.ini"), "winamp", "Shuffle",
                                n_.audio.bShuffle ? "1" : "0");

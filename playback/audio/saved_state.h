@@ -27,15 +27,20 @@ class SavedState {
     };
     explicit SavedState(Needs needs);
 
+    /// A list is on its way: until it has been started it is to be resumed at `position` (seconds)
+    /// of the present track, whatever the player process says.
+    void Loading(std::int32_t position);
+    /// It has not been started: what the player process says counts again once it plays.
+    void NotStarted();
     /// A list has been started: writes all of it and keeps writing every 15 seconds, whichever
     /// screen is in front. `position` is in seconds.
     void Started(std::int32_t position);
-    void Stop() { timer_->Stop(); }
+    void Stop();
     /// Another track plays.
     void TrackChanged();
     /// Track and position as the player process tells them; nothing when it has stopped or gone.
     void SaveProgress();
-    /// Everything, shuffle included.
+    /// Everything, shuffle included; track and position stay as they are when nothing is known.
     void SaveAll();
 
   private:
@@ -45,13 +50,15 @@ class SavedState {
         bool operator==(const Progress&) const = default;
     };
     std::optional<Progress> Asked();
-    Progress Now();
+    std::optional<Progress> Now();
     void WriteProgress(const Progress& progress);
     void WriteList();
 
     Needs n_;
     std::unique_ptr<Timer> timer_;
+    std::optional<Progress> wanted_; ///< of a list that has not been started
     std::optional<Progress> written_;
+    bool loading_ = false;
 };
 
 } // namespace vk

@@ -5,6 +5,8 @@
 #include "platform/files.h"
 #include "platform/paths.h"
 
+#include <exception>
+
 namespace vk {
 
 namespace {
@@ -56,11 +58,22 @@ class Reader {
             if (needs_.log) needs_.log("No catalogue for the list's query: " + sql);
             return;
         }
-        for (const CatalogueRow& row : needs_.query(WithMediaType(sql))) {
+        list_.expanded = true;
+        for (const CatalogueRow& row : Ask(sql)) {
             if (FileExists(row.path) || EndsInCda(row.path))
                 list_.tracks.push_back({row.path, row.artist, row.title, true});
             else if (Counter() == wanted_ && wanted_ != 1)
                 list_.wantedMissing = true;
+        }
+    }
+
+    // A query that fails must not take the rest of the list with it.
+    std::vector<CatalogueRow> Ask(const std::string& sql) {
+        try {
+            return needs_.query(WithMediaType(sql));
+        } catch (const std::exception& error) {
+            if (needs_.log) needs_.log("The list's query failed: " + sql + ": " + error.what());
+            return {};
         }
     }
 

@@ -38,10 +38,12 @@ struct TrackList {
     std::string title; ///< the comment of the first line, such as the name of the folder
     /// The entry number `wanted` was not there: it must not be resumed at a position.
     bool wantedMissing = false;
+    bool expanded = false; ///< some tracks are a query's: the file itself does not name them
 };
 
 /// Reads a list: paths, ".CDA" lines and "# SELECT" queries side by side. Files that do not exist
-/// are left out. The file is closed before the entries are looked at. `wanted` counts from 1.
+/// are left out, a query that fails is logged and gives none. The file is closed before the entries
+/// are looked at. `wanted` counts from 1.
 TrackList ReadTrackList(const std::string& listFile, std::int32_t wanted,
                         const TrackListNeeds& needs);
 

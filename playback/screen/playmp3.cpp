@@ -114,7 +114,9 @@ void playmp3::MakeButtons() {
     HoldButton(TouchButtonId::VolumeDown, HeldVolDown);
     HoldButton(TouchButtonId::VolumeUp, HeldVolUp);
     const auto click = [this](TouchButtonId id, void (AudioPlayer::*operation)()) {
-        Button(id).onClick = [this, operation] { (player_.*operation)(); };
+        Button(id).onClick = [this, operation] {
+            if (!context_.state.ListBusy) (player_.*operation)();
+        };
     };
     click(TouchButtonId::DoQuit, &AudioPlayer::doquit);
     click(TouchButtonId::Swap, &AudioPlayer::Swap);
@@ -131,7 +133,7 @@ void playmp3::MakeButtons() {
 
 void playmp3::HoldButton(TouchButtonId id, HeldAction action) {
     Button(id).onPress = [this, action] { player_.Press(action); };
-    Button(id).onRelease = [this] { player_.Release(); };
+    Button(id).onRelease = [this](bool inside) { player_.Release(inside); };
 }
 
 void playmp3::ConnectList() {

@@ -68,19 +68,19 @@ void TouchButton::mouseReleaseEvent(QMouseEvent* event) {
     const bool inside = rect().contains(event->position().toPoint());
     const bool clicked = pressed_ && inside;
     const QPointer<TouchButton> alive(this);
-    Release();
+    Release(inside);
     if (alive && clicked && onClick) onClick();
 }
 
 void TouchButton::hideEvent(QHideEvent*) {
-    Release();
+    Release(false);
 }
 
-void TouchButton::Release() {
+void TouchButton::Release(bool inside) {
     if (!pressed_) return;
     pressed_ = false;
     update();
-    if (onRelease) onRelease();
+    if (onRelease) onRelease(inside);
 }
 
 } // namespace vk

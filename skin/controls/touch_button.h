@@ -25,8 +25,9 @@ class TouchButton : public QWidget {
     const std::string& Picture() const { return picture_; }
 
     std::function<void()> onPress;
-    std::function<void()> onRelease; ///< wherever the finger is, and when the button is hidden
-    std::function<void()> onClick;   ///< released inside
+    /// Wherever the finger is (`inside` or not), and when the button is hidden.
+    std::function<void(bool inside)> onRelease;
+    std::function<void()> onClick; ///< released inside
 
   protected:
     void paintEvent(QPaintEvent* event) override;
@@ -35,7 +36,7 @@ class TouchButton : public QWidget {
     void hideEvent(QHideEvent* event) override;
 
   private:
-    void Release();
+    void Release(bool inside);
     void DrawPlate(QPainter& painter) const;
 
     ControlContext context_;

@@ -13,7 +13,8 @@ TEST(HeldButtons, ActAtOnceOrAfterTheHold) {
         std::string ticks; ///< "x" where the action is due, one letter a tick
     } cases[] = {{HeldVolUp, 4, "xxxxxxx"},    {HeldVolDown, 4, "xxxxxxx"},
                  {HeldForward, 4, "....xxx"},  {HeldRewind, 2, "..xxxxx"},
-                 {HeldScrollUp, 4, "x...xxx"}, {HeldScrollDown, 0, "xxxxxxx"}};
+                 {HeldScrollUp, 4, "x...xxx"}, {HeldScrollDown, 0, "xxxxxxx"},
+                 {HeldForward, 0, ".xxxxxx"}};
     for (const auto& held : cases) {
         HeldButtons buttons;
         buttons.Press(held.action);

@@ -92,6 +92,7 @@ TEST_F(PlayerSourcesTest, OneButtonGoesThroughAllSourcesAndResumesTheMusic) {
     EXPECT_EQ(audio.PlayMode, PlayFM);
     EXPECT_EQ(process.status, 0);
     EXPECT_FALSE(audio.bShuffle || view.shuffle);
+    EXPECT_EQ(view.buttons[PlayerButton::Shuffle], "shuffle.gif");
     EXPECT_EQ(view.listTitle, "D-Link FM Radio");
     EXPECT_EQ(view.mediaType, "radio.gif");
     EXPECT_EQ(SourceButton(), "xm.gif");
@@ -102,6 +103,7 @@ TEST_F(PlayerSourcesTest, OneButtonGoesThroughAllSourcesAndResumesTheMusic) {
     std::string waiting;
     xmTuner.onStart = [&] {
         waiting = view.loading;
+        EXPECT_EQ(audio.PlayMode, PlayFM);
         player().TSRadio2MP3Btn_Click(); // pressed again while it starts
     };
     player().TSRadio2MP3Btn_Click();
@@ -164,6 +166,12 @@ TEST_F(PlayerSourcesTest, AReceiverThatDoesNotAnswerSaysSo) {
     EXPECT_EQ(view.clocks.back(), "The radio is not available.");
     EXPECT_EQ(view.loading, "");
     EXPECT_EQ(xmTuner.calls.back(), "Start");
+    EXPECT_EQ(audio.PlayMode, PlayXM);
+    Play(2);
+    xmTuner.onStart = [&] { player().doquit(); };
+    player().SwitchToXM();
+    EXPECT_EQ(xmTuner.calls.back(), "Stop");
+    EXPECT_EQ(menu.Count("ReShow"), 1);
 }
 
 TEST_F(PlayerSourcesTest, TheLineOfATunerIsMuteWhileItStartsAndStops) {

@@ -9,6 +9,7 @@ struct PositionClockTest : testing::Test, CoreFixture {
     SimulatedProcess process;
     cWinamp winamp{{process.wire, clock, report, app.Path()}};
     PositionClock position{winamp, clock, state.InSuspend};
+    PositionClockTest() { process.status = 1; }
     std::int64_t Asked() const { return process.Count(105); }
     double Second(bool paused = false) {
         clock.Advance(1000);
@@ -40,6 +41,7 @@ TEST_F(PositionClockTest, ReadsAgainTheSecondAfterMidnight) {
     Second(); // 23:59:58
     EXPECT_EQ(Second(), 61);
     EXPECT_LT(Second(), 0); // 0:00:00
+    EXPECT_EQ(position.TrackTime(false), "TrackTime: 2:59");
     process.positionMs = 63000;
     EXPECT_EQ(Second(), 63);
     EXPECT_EQ(Second(), 64);

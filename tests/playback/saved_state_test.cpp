@@ -7,7 +7,7 @@ namespace vk::test {
 
 struct SavedStateTest : testing::Test, AudioFixture {
     /// The process dies without a word, the system starts anew on the same folder and goes on.
-    void ExpectResumedAfterAKill(std::int32_t track, std::int32_t seconds) {
+    void StartAnew() {
         made.reset();
         audio = {};
         process.status = process.track = process.positionMs = 0;
@@ -16,8 +16,15 @@ struct SavedStateTest : testing::Test, AudioFixture {
         settings.values.CDDriveLetter = "/media/disc";
         ASSERT_EQ(PrepareResume(settings, volumes, audio), ResumeResult::Ready);
         player().ReShow();
+    }
+    void ExpectPlaying(std::int32_t track, std::int32_t seconds) {
+        EXPECT_EQ(process.status, 1);
         EXPECT_EQ(process.track, track);
         EXPECT_EQ(process.positionMs, seconds * 1000);
+    }
+    void ExpectResumedAfterAKill(std::int32_t track, std::int32_t seconds) {
+        StartAnew();
+        ExpectPlaying(track, seconds);
     }
     void PlayTo(std::int32_t seconds) {
         process.positionMs = seconds * 1000;
@@ -41,23 +48,53 @@ TEST_F(SavedStateTest, AKillResumesWhatWasPlayedLast) {
     ExpectResumedAfterAKill(6, 0);
 }
 
-TEST_F(SavedStateTest, APauseIsNotLostByQuitting) {
-    Play(9, 2);
-    process.positionMs = 44000;
-    player().DoPause();
-    clock.Advance(3000);
-    player().doquit();
-    EXPECT_EQ(Saved("CurrentPosition"), "44");
-    EXPECT_EQ(Saved("currenttrack"), "1");
+TEST_F(SavedStateTest, AStartThatFailsOrIsCutOffLosesNothingAndOkTriesAgain) {
+    app.Write("winamp.ini", "[winamp]\r\nshuffle=-1\r\n");
+    Play(9, 4);
+    PlayTo(33);
+    const std::string lines = app.Read("vk_audio.m3u");
+    const auto expectKept = [&] {
+        EXPECT_EQ(Saved("CurrentPosition"), "33");
+        EXPECT_EQ(Saved("currenttrack"), "3");
+        EXPECT_EQ(ini.ReadText(app.File("winamp.ini"), "winamp", "shuffle"), "1");
+    };
+    const std::pair<std::string, std::function<void()>> hurdles[] = {
+        {"The files of this list are not there.",
+         [&] { app.Write("vk_audio.m3u", "/media/stick/gone.mp3\n"); }},
+        {"This list cannot be played.", [&] { process.obeys = false; }},
+        {"Saturday, November 21, 2026    12:0", // the system ends while the list is on its way
+         [&] {
+             clock.onEvents = [&] {
+                 player().Form_Unload(true);
+                 expectKept();
+             };
+         }},
+    };
+    for (const auto& [notice, hurdle] : hurdles) {
+        hurdle();
+        StartAnew();
+        EXPECT_EQ(view.clocks.back(), notice);
+        clock.Advance(3000);
+        player().SaveAudioData();
+        expectKept();
+        clock.onEvents = {};
+        process.obeys = true;
+        app.Write("vk_audio.m3u", lines);
+        player().runok();
+        ExpectPlaying(3, 33);
+    }
 }
 
 TEST_F(SavedStateTest, AProcessThatHasGoneKeepsWhatWasSaved) {
     Play(9, 2);
     PlayTo(44);
-    player().Swap();
+    player().DoFF();
     process.status = process.positionMs = process.track = 0;
+    clock.Advance(1000);
+    player().MoveAhead();
+    player().Swap();
     player().SaveAudioData();
-    ExpectResumedAfterAKill(1, 44 + 14); // it was counted on until the swap
+    ExpectResumedAfterAKill(1, 44);
 }
 
 TEST_F(SavedStateTest, WritesOnlyWhatHasChanged) {
@@ -67,11 +104,12 @@ TEST_F(SavedStateTest, WritesOnlyWhatHasChanged) {
     app.Write("settings.ini", "");
     clock.Advance(60000);
     EXPECT_EQ(app.Read("settings.ini"), "");
+    player().doquit(); // which says all of it once more
+    EXPECT_EQ(Saved("CurrentPosition"), "20");
 }
 
 TEST_F(SavedStateTest, SavesAllOfItOnLeaving) {
     InsertDisc();
-    app.Write("winamp.ini", "[winamp]\r\nShuffle = 1\r\nVolume = 200\r\n");
     Play(3, 2);
     clock.Advance(2000);
     player().SaveAudioData();
@@ -79,7 +117,6 @@ TEST_F(SavedStateTest, SavesAllOfItOnLeaving) {
     EXPECT_EQ(Saved("CurrentPlaylist"), audio.ListFile);
     EXPECT_EQ(Saved("volumeserial"), "77");
     EXPECT_EQ(Saved("CurrentTrack"), "1");
-    EXPECT_EQ(ini.ReadText(app.File("winamp.ini"), "winamp", "shuffle"), "1");
     EXPECT_TRUE(Logged("saved audio data"));
     player().Form_Unload(true);
     EXPECT_TRUE(Logged("form unloaded by administrative request - os shutdown"));
@@ -122,8 +159,13 @@ TEST_F(ResumeTest, TakesWholeSecondsAndSurvivesNonsense) {
     EXPECT_EQ(audio.ResumePosition, 83);
     EXPECT_TRUE(audio.bResuming);
     settings.values.DoResume = false;
-    EXPECT_EQ(Prepare("currenttrack=x\r\nCurrentPosition=1e300\r\n"), ResumeResult::Ready);
-    EXPECT_EQ(audio.TrackToSelect, 1);
+    const std::pair<const char*, std::int32_t> nonsense[] = {
+        {"x", 1}, {"-9", 1}, {"2147483647", 2147483647}};
+    for (const auto& [track, selected] : nonsense) {
+        const std::string keys = std::string("currenttrack=") + track + "\r\n";
+        EXPECT_EQ(Prepare(keys + "CurrentPosition=1e300\r\n"), ResumeResult::Ready);
+        EXPECT_EQ(audio.TrackToSelect, selected);
+    }
     EXPECT_FALSE(audio.bResuming);
 }
 

@@ -178,13 +178,13 @@ TEST_F(ControlsTest, ATouchButtonKeepsItsPictureAndTellsPressReleaseAndClick) {
         calls += 'p';
         EXPECT_EQ(Count(Drawn(button), 0xFF000062), 80 * 80);
     };
-    button.onRelease = [&] { calls += 'r'; };
+    button.onRelease = [&](bool inside) { calls += inside ? 'r' : 'o'; };
     button.onClick = [&] { calls += 'c'; };
     Click(button, {6, 6});
     Click(button, {600, 6});
     test::Press(button, {5, 5});
     button.hide();
-    EXPECT_EQ(calls, "prcprpr");
+    EXPECT_EQ(calls, "prcpopo");
     EXPECT_EQ(button.focusPolicy(), Qt::NoFocus);
     TouchButton bare(context, &host);
     bare.resize(120, 80);
