@@ -3,13 +3,16 @@
 //   elements [ "Master Playback" … ]  each is a volume and a switch of that name
 //   state FILE        32-bit numbers, volume and switch of each element in turn; no file: no card
 //   minimum, maximum  of the volumes
-// While FILE.hang exists, a write does not return.
+// Controls that the file is too short for are gone. While FILE.hang exists, a write does not
+// return; while FILE.refuse exists, the first control takes none.
 #include <alsa/asoundlib.h>
 #include <alsa/control_external.h>
 #include <fcntl.h>
 #include <sys/inotify.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
 #include <string>
@@ -25,8 +28,15 @@ struct FakeCard {
     long minimum = 0, maximum = 100;
     int watch = -1;       ///< of the file's folder
     unsigned changed = 0; ///< controls that are still to be told of, from the last on
+    unsigned told = 0;    ///< controls that the user of the card knows of
 
-    unsigned Controls() const { return static_cast<unsigned>(elements.size()) * 2; }
+    bool Has(const char* file) const { return access((state + file).c_str(), F_OK) == 0; }
+    unsigned Controls() const {
+        struct stat info {};
+        stat(state.c_str(), &info);
+        return std::min(static_cast<unsigned>(elements.size()) * 2,
+                        static_cast<unsigned>(info.st_size / 4));
+    }
     std::string Name(unsigned control) const {
         return elements[control / 2] + (control % 2 == 0 ? " Volume" : " Switch");
     }
@@ -89,8 +99,9 @@ int Read(snd_ctl_ext_t* ext, snd_ctl_ext_key_t key, long* value) {
 }
 
 int Write(snd_ctl_ext_t* ext, snd_ctl_ext_key_t key, long* value) {
-    while (access((Card(ext).state + ".hang").c_str(), F_OK) == 0)
+    while (Card(ext).Has(".hang"))
         usleep(HangStepUs);
+    if (key == 0 && Card(ext).Has(".refuse")) return -EPERM;
     const int result = WithState(ext, [&](int file) {
         const auto number = static_cast<std::int32_t>(*value);
         if (pwrite(file, &number, 4, static_cast<off_t>(key * 4)) != 4) *value = 0;
@@ -104,8 +115,15 @@ int ReadEvent(snd_ctl_ext_t* ext, snd_ctl_elem_id_t* id, unsigned* mask) {
     char events[4096];
     while (read(card.watch, events, sizeof events) > 0)
         card.changed = card.Controls();
+    if (card.changed == 0 && card.told == card.Controls()) return -EAGAIN;
+    if (!card.Has("")) return -ENODEV;
+    if (card.told > card.Controls()) {
+        List(ext, --card.told, id);
+        *mask = SND_CTL_EVENT_MASK_REMOVE;
+        return 1;
+    }
+    card.told = card.Controls();
     if (card.changed == 0) return -EAGAIN;
-    if (access(card.state.c_str(), F_OK) != 0) return -ENODEV;
     List(ext, --card.changed, id);
     *mask = SND_CTL_EVENT_MASK_VALUE;
     return 1;
@@ -158,10 +176,11 @@ SND_CTL_PLUGIN_DEFINE_FUNC(fake) {
     static const snd_ctl_ext_callback_t calls = Callbacks();
     auto* card = new FakeCard;
     ReadConfiguration(conf, *card);
-    if (access(card->state.c_str(), F_OK) != 0) {
+    if (!card->Has("")) {
         delete card;
         return -ENODEV;
     }
+    card->told = card->Controls();
     card->watch = inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
     const std::string folder = card->state.substr(0, card->state.rfind('/'));
     inotify_add_watch(card->watch, folder.c_str(), IN_MODIFY | IN_MOVE | IN_DELETE);

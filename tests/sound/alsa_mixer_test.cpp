@@ -42,11 +42,31 @@ TEST(AlsaMixer, ReadsAMissingLineAsZeroAndFindsOthersUnderTheirOtherNames) {
     }));
 }
 
-TEST(AlsaMixer, FollowsWhatOtherProgramsChange) {
-    const FakeCard card(AllLines);
+TEST(AlsaMixer, FollowsWhatOthersChangeAndLinesThatGo) {
+    FakeCard card(AllLines);
     Sound sound;
     card.SetVolume("Master Playback", 77);
     EXPECT_TRUE(Soon([&] { return sound.volume.VolumeLevel() == 77; }));
+    card.Offer(5);
+    EXPECT_TRUE(Soon([&] { return sound.volume.WaveMax() == 0; }));
+    sound.volume.SynLevel(9);
+    EXPECT_TRUE(Soon([&] { return card.Volume("Synth Playback") == 9; }));
+    card.Offer(0);
+    EXPECT_TRUE(Soon([&] { return sound.logged == 1; })) << "no line for the volume";
+}
+
+TEST(AlsaMixer, ALineThatCannotBeSetHoldsUpNoOther) {
+    const FakeCard card(AllLines);
+    Sound sound({.retryMs = 20});
+    card.Refuse(true);
+    sound.volume.VolumeLevel(10), sound.volume.WaveLevel(30);
+    EXPECT_TRUE(Soon([&] { return card.Volume("PCM Playback") == 30; }));
+    EXPECT_TRUE(Soon([&] { return sound.volume.VolumeLevel() == 0; })) << "it is given up";
+    EXPECT_LE(sound.mixer.Session(), 3u);
+    EXPECT_EQ(sound.logged, 1);
+    card.Refuse(false);
+    sound.volume.VolumeLevel(20);
+    EXPECT_TRUE(Soon([&] { return card.Volume("Master Playback") == 20; }));
 }
 
 TEST(AlsaMixer, SurvivesACardThatGoesAndComesBack) {
@@ -98,8 +118,9 @@ TEST(AlsaMixer, EndsThoughAControlHangs) {
     {
         AlsaMixer mixer({.patienceMs = 20});
         MixerControl master;
-        ASSERT_TRUE(mixer.Open());
-        ASSERT_TRUE(mixer.GetLineControl(MixerLine::Master, MixerControlType::Volume, master));
+        ASSERT_TRUE(Soon([&] {
+            return mixer.GetLineControl(MixerLine::Master, MixerControlType::Volume, master);
+        }));
         card.Hang(true);
         mixer.SetControlDetails(master, 42);
     }

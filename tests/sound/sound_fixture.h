@@ -15,9 +15,10 @@ struct Sound : CoreFixture {
     explicit Sound(AlsaMixer::Options options = {.retryMs = 5})
         : mixer([&] {
               options.onChange = [this](bool present) { present ? ++returns : ++losses; };
+              options.log = [this](const std::string&) { ++logged; };
               return options;
           }()) {}
-    std::atomic<int> losses = 0, returns = 0;
+    std::atomic<int> losses = 0, returns = 0, logged = 0;
     AlsaMixer mixer;
     FakeWaveInput input;
     cVolume volume{{mixer, input, dialogs, report}};

@@ -47,19 +47,20 @@ class FakeCard {
     ~FakeCard() { ::unsetenv("ALSA_CONFIG_PATH"); }
 
     /// The card is there, as it was when it was pulled.
-    void PlugIn() {
+    void PlugIn() { Offer(elements_.size()); }
+    /// It has only the first elements of those that it had when it was plugged in.
+    void Offer(std::size_t elements) {
         folder_.Write("state", {reinterpret_cast<const char*>(numbers_.data()),
-                                numbers_.size() * sizeof(std::int32_t)});
+                                elements * 2 * sizeof(std::int32_t)});
     }
     void Pull() {
         for (std::size_t i = 0; i < numbers_.size(); ++i)
             numbers_[i] = Number(i);
         DeleteFileAt(State());
     }
-    /// Until it is told off, no write to a control returns.
-    void Hang(bool on) const {
-        on ? void(folder_.Write("state.hang", "")) : void(DeleteFileAt(State() + ".hang"));
-    }
+    /// Until it is told off, no write to a control returns, or the first volume takes none.
+    void Hang(bool on) const { Mark("state.hang", on); }
+    void Refuse(bool on) const { Mark("state.refuse", on); }
     std::int32_t Volume(const std::string& element) const { return Number(Index(element)); }
     std::int32_t Switch(const std::string& element) const { return Number(Index(element) + 1); }
     /// What another program does.
@@ -71,6 +72,9 @@ class FakeCard {
     }
 
   private:
+    void Mark(const char* name, bool on) const {
+        on ? void(folder_.Write(name, "")) : void(DeleteFileAt(folder_.File(name)));
+    }
     std::string State() const { return folder_.File("state"); }
     std::size_t Index(const std::string& element) const {
         const auto found = std::find(elements_.begin(), elements_.end(), element);

@@ -38,6 +38,10 @@ std::size_t AlsaLineIndex(MixerLine line) {
     return static_cast<std::size_t>(std::find(order.begin(), order.end(), line) - order.begin());
 }
 
+const char* AlsaLineName(std::size_t line) {
+    return Names.at(line).front();
+}
+
 void AlsaCard::Close::operator()(_snd_mixer* mixer) const {
     snd_mixer_close(mixer);
 }
@@ -52,7 +56,27 @@ std::unique_ptr<AlsaCard> AlsaCard::Open(const std::string& device) {
         snd_mixer_selem_register(mixer, nullptr, nullptr) < 0 || snd_mixer_load(mixer) < 0)
         return nullptr;
     card->FindLines();
+    card->FollowForm();
     return card;
+}
+
+// An element that goes takes its memory with it, and one that comes may be a line that was missing.
+void AlsaCard::FollowForm() {
+    snd_mixer_set_callback_private(mixer_.get(), &formChanged_);
+    snd_mixer_set_callback(mixer_.get(), [](snd_mixer_t* mixer, unsigned, snd_mixer_elem_t*) {
+        *static_cast<bool*>(snd_mixer_get_callback_private(mixer)) = true;
+        return 0;
+    });
+    for (const Element& line : lines_) {
+        if (!line.element) continue;
+        snd_mixer_elem_set_callback_private(line.element, &formChanged_);
+        snd_mixer_elem_set_callback(line.element, [](snd_mixer_elem_t* element, unsigned mask) {
+            // A removal has all bits set.
+            if (mask & SND_CTL_EVENT_MASK_INFO)
+                *static_cast<bool*>(snd_mixer_elem_get_callback_private(element)) = true;
+            return 0;
+        });
+    }
 }
 
 void AlsaCard::FindLines() {
@@ -130,7 +154,7 @@ std::vector<pollfd> AlsaCard::Descriptors() const {
 }
 
 bool AlsaCard::HandleEvents() {
-    return snd_mixer_handle_events(mixer_.get()) >= 0;
+    return snd_mixer_handle_events(mixer_.get()) >= 0 && !formChanged_;
 }
 
 } // namespace vk

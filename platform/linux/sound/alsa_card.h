@@ -31,6 +31,8 @@ using AlsaLines = std::array<AlsaLine, AlsaLineCount>;
 
 /// The place of a line in `AlsaLines`.
 std::size_t AlsaLineIndex(MixerLine line);
+/// What cards call the line at that place, as "Master".
+const char* AlsaLineName(std::size_t line);
 
 class AlsaCard {
   public:
@@ -38,11 +40,12 @@ class AlsaCard {
     static std::unique_ptr<AlsaCard> Open(const std::string& device);
 
     AlsaLines Read() const;
-    /// Sets one of them on all channels; false when the card is gone. A line without is no failure.
+    /// Sets one of them on all channels; false when the card is gone or does not take it. A line
+    /// without is no failure.
     bool SetLevel(std::size_t line, std::int32_t level);
     bool SetMute(std::size_t line, bool on);
-    /// What to wait for; `HandleEvents` is due when one is ready. It tells false when the card is
-    /// gone.
+    /// What to wait for; `HandleEvents` is due when one is ready. It tells false when this object
+    /// is of no more use: the card is gone, or its controls are not those of before.
     std::vector<pollfd> Descriptors() const;
     bool HandleEvents();
 
@@ -63,7 +66,9 @@ class AlsaCard {
 
     static Element Describe(_snd_mixer_elem* element);
     void FindLines();
+    void FollowForm();
 
+    bool formChanged_ = false; ///< ALSA writes it, at its closing too
     std::unique_ptr<_snd_mixer, Close> mixer_;
     std::array<Element, AlsaLineCount> lines_;
 };

@@ -13,6 +13,12 @@ namespace {
 constexpr unsigned LatencyUs = 200000;
 constexpr int WaitMs = 100; // how long a stop may have to wait
 
+// After an overrun the device stands ready and does not run.
+bool Recover(snd_pcm_t* pcm, int error) {
+    return snd_pcm_recover(pcm, error, 1) >= 0 &&
+           (snd_pcm_state(pcm) != SND_PCM_STATE_PREPARED || snd_pcm_start(pcm) >= 0);
+}
+
 } // namespace
 
 bool AlsaInput::Start(OnBuffer onBuffer) {
@@ -28,6 +34,7 @@ bool AlsaInput::Start(OnBuffer onBuffer) {
     }
     if (!ready) return false;
     stop_ = false;
+    running_ = true;
     thread_ = std::thread([this, pcm, onBuffer = std::move(onBuffer)] { Record(pcm, onBuffer); });
     return true;
 }
@@ -38,17 +45,18 @@ void AlsaInput::Stop() {
 }
 
 // Ends at a stop, or when the device is gone for good.
-void AlsaInput::Record(snd_pcm_t* pcm, const OnBuffer& onBuffer) const {
+void AlsaInput::Record(snd_pcm_t* pcm, const OnBuffer& onBuffer) {
     std::array<std::int16_t, BufferSamples> samples{};
     while (!stop_) {
         if (snd_pcm_wait(pcm, WaitMs) == 0) continue;
         const snd_pcm_sframes_t got = snd_pcm_readi(pcm, samples.data(), samples.size());
         if (got > 0)
             onBuffer({samples.data(), static_cast<std::size_t>(got)});
-        else if (got != -EAGAIN && snd_pcm_recover(pcm, static_cast<int>(got), 1) < 0)
+        else if (got != -EAGAIN && !Recover(pcm, static_cast<int>(got)))
             break;
     }
     snd_pcm_close(pcm);
+    running_ = false;
 }
 
 } // namespace vk

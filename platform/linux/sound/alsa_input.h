@@ -21,13 +21,14 @@ class AlsaInput : public WaveInput {
 
     bool Start(OnBuffer onBuffer) override;
     void Stop() override;
-    bool Running() const override { return thread_.joinable(); }
+    bool Running() const override { return running_; }
 
   private:
-    void Record(_snd_pcm* pcm, const OnBuffer& onBuffer) const;
+    void Record(_snd_pcm* pcm, const OnBuffer& onBuffer);
 
     std::string device_;
     std::atomic<bool> stop_ = false;
+    std::atomic<bool> running_ = false; ///< the thread ends by itself with its device
     std::thread thread_;
 };
 

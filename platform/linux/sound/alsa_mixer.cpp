@@ -8,6 +8,7 @@
 #include <chrono>
 #include <condition_variable>
 #include <mutex>
+#include <utility>
 
 namespace vk {
 
@@ -27,6 +28,13 @@ struct AlsaMixer::Shared {
 
     void Wake() const { ::eventfd_write(wakeUp.get(), 1); }
     const AlsaLine& LineOf(std::size_t control) const { return lines[control / 2]; }
+    /// Both with the lock held: whoever is told is there until `stop` is set.
+    void Tell(bool now) const {
+        if (!stop && options.onChange) options.onChange(now);
+    }
+    void Log(const std::string& text) const {
+        if (!stop && options.log) options.log(text);
+    }
 
     Options options;
     const FileDescriptor wakeUp; ///< there is something in `wanted`, or `stop`
@@ -35,6 +43,7 @@ struct AlsaMixer::Shared {
     AlsaLines lines;
     Wanted wanted;
     unsigned session = 0; ///< 0 until the first look is over
+    bool gaveUp = false;  ///< the first look took longer than `Open` waited
     bool present = false;
     bool stop = false;
     bool ended = false; ///< the thread is past its last use of this
@@ -46,15 +55,16 @@ class AlsaMixer::Worker {
     explicit Worker(std::shared_ptr<Shared> shared) : s_(std::move(shared)) {}
 
     void Run() {
+        const std::chrono::milliseconds retry(s_->options.retryMs);
         while (!Stopped()) {
+            const auto start = std::chrono::steady_clock::now();
             card_ = AlsaCard::Open(s_->options.device);
             Publish();
-            if (card_)
-                Serve();
-            else
-                WaitFor({}, s_->options.retryMs);
+            if (card_) Serve();
+            card_.reset();
+            // One that fails as soon as it is open would be opened again and again.
+            if (std::chrono::steady_clock::now() - start < retry) Pause(retry);
         }
-        card_.reset();
         const std::lock_guard lock(s_->mutex);
         s_->ended = true;
         s_->changed.notify_all();
@@ -66,29 +76,35 @@ class AlsaMixer::Worker {
         return s_->stop;
     }
 
+    void Pause(std::chrono::milliseconds time) const {
+        std::unique_lock lock(s_->mutex);
+        s_->changed.wait_for(lock, time, [this] { return s_->stop; });
+    }
+
     // A card was opened, or there is none.
     void Publish() {
         const AlsaLines lines = card_ ? card_->Read() : AlsaLines();
-        std::function<void(bool)> tell;
-        {
-            const std::lock_guard lock(s_->mutex);
-            const bool present = card_ != nullptr;
-            if (s_->session != 0 && present == s_->present && !present) return;
-            if (s_->session != 0 && present != s_->present && !s_->stop)
-                tell = s_->options.onChange;
-            s_->present = present;
-            s_->lines = lines;
-            if (!present) s_->wanted = {};
-            ++s_->session;
-            s_->changed.notify_all();
-        }
-        if (tell) tell(card_ != nullptr);
+        const std::lock_guard lock(s_->mutex);
+        const bool present = card_ != nullptr;
+        if (s_->session != 0 && !present && !s_->present) return;
+        if (s_->session != 0 || s_->gaveUp) s_->Tell(present);
+        if (present && !lines[0].hasLevel && !std::exchange(toldOfMaster_, true))
+            s_->Log("The sound card has no control for the volume");
+        s_->present = present;
+        s_->lines = lines;
+        if (!present) s_->wanted = {};
+        ++s_->session;
+        s_->changed.notify_all();
     }
 
     // Until the card is gone or the end; what was set before the end still reaches the card.
     void Serve() {
-        while (Apply() && !Stopped() && WaitFor(card_->Descriptors(), -1) && card_->HandleEvents())
+        bool fresh = true;
+        while (Apply(fresh) && !Stopped() && WaitFor(card_->Descriptors(), -1) &&
+               card_->HandleEvents()) {
             Refresh();
+            fresh = false;
+        }
     }
 
     // What the card's own side, or another program, has changed.
@@ -99,20 +115,28 @@ class AlsaMixer::Worker {
     }
 
     // A setting counts as wanted until the card has taken it, so that none is lost with a card that
-    // is opened anew.
-    bool Apply() {
+    // is opened anew. What a fresh one does not take it refuses: nothing says so for sure.
+    bool Apply(bool fresh) {
         for (std::size_t control = 0; control < ControlCount; ++control) {
             const auto value = Next(control);
             if (!value) continue;
             const bool done = control % 2 == 0 ? card_->SetLevel(control / 2, *value)
                                                : card_->SetMute(control / 2, *value != 0);
-            if (!done) return false;
+            if (!done && !fresh) return false;
             const AlsaLines lines = card_->Read();
             const std::lock_guard lock(s_->mutex);
+            if (!done) LogRefusal(control);
             s_->lines = lines;
             if (s_->wanted[control] == value) s_->wanted[control].reset();
         }
         return true;
+    }
+
+    void LogRefusal(std::size_t control) {
+        if (std::exchange(toldOfRefusal_[control], true)) return;
+        s_->Log(std::string("The sound card does not let the ") +
+                (control % 2 == 0 ? "level" : "mute") + " of its line " +
+                AlsaLineName(control / 2) + " be set");
     }
 
     std::optional<std::int32_t> Next(std::size_t control) const {
@@ -134,6 +158,8 @@ class AlsaMixer::Worker {
 
     std::shared_ptr<Shared> s_;
     std::unique_ptr<AlsaCard> card_;
+    bool toldOfMaster_ = false;
+    std::array<bool, ControlCount> toldOfRefusal_{};
 };
 
 AlsaMixer::AlsaMixer(Options options)
@@ -144,17 +170,21 @@ AlsaMixer::~AlsaMixer() {
     std::unique_lock lock(shared_->mutex);
     shared_->stop = true;
     shared_->Wake();
+    shared_->changed.notify_all();
     const auto patience = std::chrono::milliseconds(shared_->options.patienceMs);
     const bool ended = shared_->changed.wait_for(lock, patience, [this] { return shared_->ended; });
     lock.unlock();
     ended ? thread_.join() : thread_.detach();
 }
 
-// While the first look is still under way after all patience, there is a card, if a slow one.
+// While the first look is still under way after all patience, there is a card, if a slow one. One
+// wait is enough: the start asks twice.
 bool AlsaMixer::Open() {
     std::unique_lock lock(shared_->mutex);
     const auto patience = std::chrono::milliseconds(shared_->options.patienceMs);
-    shared_->changed.wait_for(lock, patience, [this] { return shared_->session != 0; });
+    if (!shared_->gaveUp)
+        shared_->gaveUp =
+            !shared_->changed.wait_for(lock, patience, [this] { return shared_->session != 0; });
     return shared_->present || shared_->session == 0;
 }
 

@@ -23,8 +23,12 @@ class AlsaMixer : public Mixer {
         std::string device = "default";
         int retryMs = 3000;    ///< between two looks for a missing card
         int patienceMs = 1000; ///< for the first look, in `Open`, and for the thread's end
-        /// Called on the card's thread when a card has gone or come back, not for the first one.
+        /// Called on the card's thread, and never after this object's end; both are to return at
+        /// once and must not call it. A card has gone or been opened anew; of the first look it is
+        /// told only when that took longer than `Open` waited.
         std::function<void(bool present)> onChange = {};
+        /// A peculiarity of the card, once for each.
+        std::function<void(const std::string& text)> log = {};
     };
     /// Starts looking for the card.
     explicit AlsaMixer(Options options);
