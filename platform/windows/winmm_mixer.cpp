@@ -16,12 +16,17 @@ static_assert(static_cast<DWORD>(MixerControlType::PeakMeter) ==
               MIXERCONTROL_CONTROLTYPE_PEAKMETER);
 
 struct WinmmMixer::Handle {
-    HMIXER mixer = nullptr;
+    explicit Handle(HMIXER opened) : mixer(opened) {}
     ~Handle() { ::mixerClose(mixer); }
+    Handle(const Handle&) = delete;
+    Handle& operator=(const Handle&) = delete;
+    const HMIXER mixer;
     HMIXEROBJ Object() const { return reinterpret_cast<HMIXEROBJ>(mixer); }
 };
 
 namespace {
+
+constexpr std::uint64_t RetryMs = 3000;
 
 /// One channel of one control, and the number in it.
 struct Details {
@@ -54,13 +59,30 @@ WinmmMixer::~WinmmMixer() = default;
 
 // The handle of before stays until the new one is there: there may be no second card.
 bool WinmmMixer::Open() {
+    Look();
+    return handle_ != nullptr;
+}
+
+void WinmmMixer::Look() const {
+    lookedAt_ = ::GetTickCount64();
     HMIXER mixer = nullptr;
     const bool opened = ::mixerGetNumDevs() > 0 &&
                         ::mixerOpen(&mixer, 0, 0, 0, MIXER_OBJECTF_MIXER) == MMSYSERR_NOERROR;
     const bool was = handle_ != nullptr;
-    handle_ = opened ? std::make_unique<Handle>(Handle{mixer}) : nullptr;
+    handle_ = opened ? std::make_unique<Handle>(mixer) : nullptr;
     if (was != opened) ++session_;
-    return opened;
+}
+
+unsigned WinmmMixer::Session() const {
+    if (!handle_ && ::GetTickCount64() - lookedAt_ >= RetryMs) Look();
+    return session_;
+}
+
+void WinmmMixer::Check(unsigned result) const {
+    if (result != MMSYSERR_INVALHANDLE && result != MMSYSERR_NODRIVER) return;
+    handle_.reset();
+    ++session_;
+    lookedAt_ = ::GetTickCount64();
 }
 
 bool WinmmMixer::GetLineControl(MixerLine line, MixerControlType type, MixerControl& control) {
@@ -89,7 +111,8 @@ bool WinmmMixer::GetLineControl(MixerLine line, MixerControlType type, MixerCont
 std::int32_t WinmmMixer::GetControlDetails(const MixerControl& control) const {
     if (!handle_ || control.id == 0) return 0;
     Details read(OnCard(control));
-    ::mixerGetControlDetailsA(handle_->Object(), &read.details, MIXER_GETCONTROLDETAILSF_VALUE);
+    Check(::mixerGetControlDetailsA(handle_->Object(), &read.details,
+                                    MIXER_GETCONTROLDETAILSF_VALUE));
     return read.value;
 }
 
@@ -97,7 +120,8 @@ void WinmmMixer::SetControlDetails(const MixerControl& control, std::int32_t val
     if (!handle_ || control.id == 0) return;
     Details write(OnCard(control));
     write.value = value;
-    ::mixerSetControlDetails(handle_->Object(), &write.details, MIXER_SETCONTROLDETAILSF_VALUE);
+    Check(::mixerSetControlDetails(handle_->Object(), &write.details,
+                                   MIXER_SETCONTROLDETAILSF_VALUE));
 }
 
 } // namespace vk
