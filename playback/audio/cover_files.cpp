@@ -24,9 +24,10 @@ CoverOutcome Decode(const std::string& picture, const DecodePicture& decode) {
 
 CoverOutcome DecodeEmbedded(const std::string& bytes, const CoverRequest& request,
                             const DecodePicture& decode) {
-    std::string reason;
-    if (!ReplaceFile(request.temporary, bytes, &reason))
-        return {true, {}, request.temporary + ": " + reason};
+    // Written plainly: it is gone in a moment, and need not reach the disk for that.
+    DeleteFileAt(request.temporary);
+    if (!AppendToFile(request.temporary, bytes))
+        return {true, {}, "Cannot be written: " + request.temporary};
     CoverOutcome outcome = Decode(request.temporary, decode);
     DeleteFileAt(request.temporary);
     outcome.pictures.clear();

@@ -7,11 +7,11 @@
 #include <QImage>
 #include <QObject>
 #include <QSize>
-#include <QThread>
 
 #include <functional>
-#include <mutex>
-#include <optional>
+#include <memory>
+#include <string>
+#include <thread>
 
 namespace vk {
 
@@ -21,9 +21,17 @@ class CoverLoader {
   public:
     /// The image is null when none was found or when it could not be decoded.
     using Done = std::function<void(const CoverOutcome& outcome, const QImage& image)>;
+    /// Reads a picture file into a box (pixels, aspect kept); null when that fails.
+    using Decoder = std::function<QImage(const std::string& path, QSize box)>;
 
-    CoverLoader() = default;
-    /// Waits for the picture under way.
+    struct Options {
+        Decoder decode = {};   ///< empty: as pictures are read everywhere
+        int patienceMs = 1000; ///< for the picture under way at the end
+    };
+    CoverLoader() : CoverLoader(Options{}) {}
+    explicit CoverLoader(Options options);
+    /// Waits for the picture under way, but not for a disk that does not answer: the thread is then
+    /// left behind.
     ~CoverLoader();
     CoverLoader(const CoverLoader&) = delete;
     CoverLoader& operator=(const CoverLoader&) = delete;
@@ -39,16 +47,15 @@ class CoverLoader {
         QSize box;
         unsigned ticket = 0;
     };
-    void Work();
+    struct Shared;
+    static void Work(Shared& shared);
     void Deliver(unsigned ticket, const CoverOutcome& outcome, const QImage& image);
 
-    std::mutex mutex_; ///< guards `waiting_`, the one thing that both threads see
-    std::optional<Job> waiting_;
-    unsigned ticket_ = 0; ///< of the newest request
+    std::shared_ptr<Shared> shared_; ///< with the thread, which may outlive this object
+    std::thread thread_;             ///< from the first request on
+    unsigned ticket_ = 0;            ///< of the newest request
     Done done_;
-    QThread thread_;
-    QObject worker_;   ///< lives on the thread
-    QObject receiver_; ///< lives on the user-interface thread; gone first, and late results with it
+    QObject receiver_; ///< gone first, and late results with it
 };
 
 } // namespace vk

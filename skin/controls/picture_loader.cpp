@@ -17,11 +17,16 @@ constexpr qint64 PixelLimit = 16'000'000;    // decoded whole: 64 MB
 // A JPEG decoded small never stands in memory whole: its coded bytes (32 MB), a few rows of it, and
 // the picture at four times the box at most or at an eighth of its own size: 4 MB.
 constexpr qint64 ScaledPixelLimit = 64'000'000;
-constexpr int ScanLimit = 64;   // of a JPEG
-constexpr int HonestSingle = 2; // its one scan and that of a thumbnail in it
+constexpr qint64 ScaledExcess = 4; // what is decoded of it may be twice as wide and high
+constexpr int ScanLimit = 64;      // of a JPEG
+constexpr int HonestSingle = 2;    // its one scan and that of a thumbnail in it
 
 Qt::AspectRatioMode Aspect(PictureFit fit) {
     return fit == PictureFit::Keep ? Qt::KeepAspectRatio : Qt::IgnoreAspectRatio;
+}
+
+qint64 Area(QSize size) {
+    return qint64{size.width()} * size.height();
 }
 
 // Decoded at twice the wanted size at most; the rest is done by the smooth scaling after it.
@@ -58,16 +63,20 @@ QImage Decode(QImageReader& reader, const QByteArray& data, QSize box) {
     const int scans = jpeg ? ScansOf(data) : 0;
     if (scans > ScanLimit) return {};
     const bool inScans = scans > HonestSingle || data.contains("\xFF\xC2");
-    const qint64 pixels = qint64{own.width()} * own.height();
+    const qint64 pixels = Area(own);
     if (pixels > (jpeg && !inScans ? ScaledPixelLimit : PixelLimit)) return {};
     if (jpeg) DecodeSmall(reader, box);
+    const QSize small = reader.scaledSize();
+    // A narrow picture, or a large box, leaves little or nothing to be scaled away.
+    if (pixels > PixelLimit && (!small.isValid() || Area(small) * ScaledExcess > PixelLimit))
+        return {};
     return reader.read();
 }
 
 } // namespace
 
 QImage PictureFromBytes(std::string_view bytes, QSize box, PictureFit fit) {
-    if (box.isEmpty()) return {};
+    if (box.isEmpty() || bytes.size() > FileLimit) return {};
     QByteArray data = QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()));
     QBuffer buffer(&data);
     QImageReader reader(&buffer);
@@ -82,7 +91,7 @@ QImage PictureFromBytes(std::string_view bytes, QSize box, PictureFit fit) {
 
 QImage LoadPicture(const std::string& path, QSize box, PictureFit fit) {
     if (path.empty() || box.isEmpty()) return {};
-    const auto bytes = ReadWholeFile(path, FileLimit);
+    const auto bytes = ReadWholeFile(path, FileLimit + 1);
     return bytes ? PictureFromBytes(*bytes, box, fit) : QImage();
 }
 

@@ -18,8 +18,8 @@ enum class PictureFit {
 /// Decodes a picture and scales it into `box` (pixels) smoothly, turned as its camera says. A null
 /// image when the file is missing, no regular file, over 32 MB, broken, of a foreign format (it is
 /// to be JPEG, PNG, GIF, BMP, WebP or ICO, whatever its name), or when decoding it would take too
-/// much time or memory: over 16 million pixels, of a JPEG without scans over 64 million, a JPEG of
-/// more than 64 scans. Any thread may call it.
+/// much time or memory: over 16 million pixels, of a JPEG without scans that is decoded small over
+/// 64 million, a JPEG of more than 64 scans. Any thread may call it.
 QImage LoadPicture(const std::string& path, QSize box, PictureFit fit);
 /// The same from the contents of a file.
 QImage PictureFromBytes(std::string_view bytes, QSize box, PictureFit fit);

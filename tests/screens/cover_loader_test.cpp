@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <future>
+#include <new>
 #include <utility>
 #include <vector>
 
@@ -30,11 +32,12 @@ struct CoverLoaderTest : testing::Test {
     std::vector<std::pair<CoverOutcome, QImage>> results;
     CoverLoader loader;
 
-    void Load(const std::string& path, QSize box = {100, 80}) {
-        loader.Load({path, {}, {}}, box, [this](const CoverOutcome& outcome, const QImage& image) {
+    void Load(const CoverRequest& request) {
+        loader.Load(request, {100, 80}, [this](const CoverOutcome& outcome, const QImage& image) {
             results.emplace_back(outcome, image);
         });
     }
+    void Load(const std::string& path) { Load(CoverRequest{path, {}, {}}); }
     /// Runs events until so many results are in, or for a while.
     void Wait(std::size_t count, int milliseconds = 20000) {
         QElapsedTimer timer;
@@ -51,10 +54,7 @@ TEST_F(CoverLoaderTest, DecodesIntoTheBoxAndTellsFromTheEventLoop) {
     EXPECT_EQ(results[0].second.size(), QSize(100, 50));
     EXPECT_EQ(results[0].second.pixelColor(50, 25), QColor(Qt::red));
     EXPECT_EQ(results[0].first.error, "");
-    loader.Load({{}, folder.File("none.mp3"), folder.File("t.tmp")}, {100, 80},
-                [this](const CoverOutcome& outcome, const QImage& image) {
-                    results.emplace_back(outcome, image);
-                });
+    Load({{}, folder.File("none.mp3"), folder.File("t.tmp")});
     Wait(2);
     ASSERT_EQ(results.size(), 2u);
     EXPECT_EQ(results[1].second.size(), QSize(100, 50)) << "the folder's picture";
@@ -89,6 +89,8 @@ TEST_F(CoverLoaderTest, RefusesWhatIsBrokenHostileOrHuge) {
                                png.substr(0, 60),
                                wide,
                                scans,
+                               jpeg + std::string(33 << 20, 'x'),       // what follows is ignored
+                               Encoded({60000, 300}, Qt::green, "jpg"), // nothing to scale away
                                "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'/>",
                                "/* XPM */ static char *x[] = {\"1 1 1 1\", \"a c red\", \"a\"};"};
     std::size_t count = 0;
@@ -102,6 +104,29 @@ TEST_F(CoverLoaderTest, RefusesWhatIsBrokenHostileOrHuge) {
     Load(folder.Write("good.jpg", jpeg));
     Wait(++count);
     EXPECT_EQ(results.back().second.size(), QSize(80, 80));
+}
+
+TEST_F(CoverLoaderTest, SurvivesADecoderThatFailsAndLeavesOneThatHangs) {
+    std::promise<void> reached, release;
+    const std::string picture = folder.Write("a.jpg", "x");
+    {
+        CoverLoader hanging({[&, go = release.get_future().share()](const std::string&, QSize) {
+                                 reached.set_value();
+                                 go.wait();
+                                 return QImage();
+                             },
+                             1});
+        hanging.Load({picture, {}, {}}, {9, 9}, [](const auto&, const auto&) { FAIL(); });
+        reached.get_future().wait();
+    }
+    release.set_value();
+    CoverLoader failing({[](const std::string&, QSize) -> QImage { throw std::bad_alloc(); }});
+    failing.Load({picture, {}, {}}, {9, 9}, [this](const auto& outcome, const auto& image) {
+        results.emplace_back(outcome, image);
+    });
+    Wait(1);
+    ASSERT_EQ(results.size(), 1u);
+    EXPECT_EQ(results[0].first.error, std::bad_alloc().what());
 }
 
 } // namespace vk::test
