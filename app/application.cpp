@@ -73,14 +73,21 @@ cVolume& Application::Volume() {
 }
 
 // Called on the card's thread.
-void Application::LogSoundCard(bool present) {
+void Application::SoundCardChanged(bool present) {
     QMetaObject::invokeMethod(
         &host_,
         [this, present] {
-            log_.WriteDebugLog(present ? "The sound card is there again"
-                                       : "The sound card is gone");
+            log_.WriteDebugLog(present ? "The sound card is there now"
+                                       : "There is no sound card now");
+            if (present && playerScreen_) playerScreen_->player().SoundCardCame();
         },
         Qt::QueuedConnection);
+}
+
+// Called on the card's thread.
+void Application::LogSoundCard(const std::string& text) {
+    QMetaObject::invokeMethod(
+        &host_, [this, text] { log_.WriteDebugLog(text); }, Qt::QueuedConnection);
 }
 
 ScreenLoader Application::MakeLoader() {

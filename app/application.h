@@ -76,7 +76,8 @@ class Application {
     void UnloadScreens();
     /// The one object for the sound card, made by the first screen that needs it.
     cVolume& Volume();
-    void LogSoundCard(bool present);
+    void SoundCardChanged(bool present);
+    void LogSoundCard(const std::string& text);
 
     // Ports.
     QtClock clock_;
@@ -90,7 +91,8 @@ class Application {
     HostWindow host_;
     QtWindowLayer window_{host_};
     SkinDialogs dialogs_{&host_, volumes_, clock_};
-    AlsaMixer mixer_{{.onChange = [this](bool present) { LogSoundCard(present); }}};
+    AlsaMixer mixer_{{.onChange = [this](bool present) { SoundCardChanged(present); },
+                      .log = [this](const std::string& text) { LogSoundCard(text); }}};
     AlsaInput soundInput_;
     std::unique_ptr<PlayerWindow> playerWindow_ = MakePlayerWindow();
 

@@ -40,7 +40,8 @@ struct AppState {
     bool ListBusy = false; ///< a list is being rebuilt: input handlers ignore presses
     bool Dimmed = false;
     bool InSuspend = false;         ///< from the suspend broadcast until the machine is back
-    bool bMuted = false;            ///< muted by the player, which keeps the level to go back to
+    bool bMuted = false;            ///< muted by the player
+    std::int32_t MutedLevel = 0;    ///< to go back to from a mute or the fade to it, card's units
     std::int32_t VolumePercent = 0; ///< of the master line, as last shown
     bool SafeVolumeDone = false;    ///< the loud level of the last run has been cut once
     std::string CurrentSkinFile;    ///< the skin in use, "Torque.skn"

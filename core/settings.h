@@ -4,6 +4,7 @@
 
 #include "core/ini_file.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <string>
 
@@ -81,6 +82,9 @@ struct Settings {
     bool hideDupeArtist = false;
     std::int16_t accSensePort = 0;
     std::int32_t accOffDelay = 0; ///< seconds
+
+    /// Volume steps of a wheel tick, no more than span the scale.
+    std::int32_t WheelSteps() const { return std::min(MouseIncrement, 50); }
 };
 
 /// settings.ini of one application directory, in memory and on the disk.

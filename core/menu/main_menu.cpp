@@ -161,13 +161,13 @@ std::string MainMenu::ClockText() const {
     return n_.locale.LongDate(now) + " " + n_.locale.ShortTime(now);
 }
 
-// Once a run. A player with a level of its own will bring that back, so there the mark is left to
-// it.
+// Once a run, and not without a card. A player with a level of its own will bring that back, so
+// there the mark is left to it.
 void MainMenu::ApplySafeVolume() {
     const Settings& s = n_.settings.values;
-    if (!s.safevolume || n_.state.SafeVolumeDone) return;
-    const auto safe =
-        static_cast<std::int32_t>(std::int64_t{n_.volume.VolumeMax()} * s.safevol_value / 100);
+    const std::int32_t maximum = n_.volume.VolumeMax();
+    if (!s.safevolume || n_.state.SafeVolumeDone || maximum <= 0) return;
+    const auto safe = static_cast<std::int32_t>(std::int64_t{maximum} * s.safevol_value / 100);
     if (n_.volume.VolumeLevel() > safe) n_.volume.VolumeLevel(safe);
     n_.state.SafeVolumeDone = !s.UseSplitVolume;
 }

@@ -180,11 +180,23 @@ void Browser::MoveAhead() {
 }
 
 void Browser::VolUp() {
-    if (const auto* player = needs_.screens.Find("playmp3")) player->VolUp();
+    const auto* player = needs_.screens.Find("playmp3");
+    if (player) ShowChangeOfVolume(player->VolUp);
 }
 
 void Browser::VolDown() {
-    if (const auto* player = needs_.screens.Find("playmp3")) player->VolDown();
+    const auto* player = needs_.screens.Find("playmp3");
+    if (player) ShowChangeOfVolume(player->VolDown);
+}
+
+// Not over what is said of a list that is on its way.
+void Browser::ShowChangeOfVolume(const std::function<void()>& change) {
+    const AppState& app = needs_.app;
+    const auto before = std::pair(app.VolumePercent, app.bMuted);
+    change();
+    if (before == std::pair(app.VolumePercent, app.bMuted)) return;
+    if (running_ || needs_.screens.CurrentForm != BrowserName) return;
+    ShowNotice("Volume : " + (app.bMuted ? "Muted" : std::to_string(app.VolumePercent) + "%"));
 }
 
 void Browser::doquit() {
@@ -216,7 +228,7 @@ void Browser::Swap() {
 void Browser::MouseWheel(int delta) {
     if (delta == 0) return;
     if (needs_.settings.values.MouseFunction == 0) return delta > 0 ? MoveUp() : MoveDown();
-    for (std::int32_t step = 0; step < needs_.settings.values.MouseIncrement; ++step)
+    for (std::int32_t step = 0; step < needs_.settings.values.WheelSteps(); ++step)
         delta > 0 ? VolUp() : VolDown();
 }
 

@@ -126,6 +126,7 @@ class Browser {
     void MoveList(void (ListModel::*move)());
     void Leave();
     void ShowNotice(const std::string& text);
+    void ShowChangeOfVolume(const std::function<void()>& change);
     void ShowState();
     void FollowCatalogue();
     void TickNotice();

@@ -39,9 +39,12 @@ bool Browser::Form_KeyDown(const std::string& code) {
 bool Browser::DoAction(const InputCode& code) {
     if (RunAction(*this, Rows, code)) return true;
     const auto* player = needs_.screens.Find("playmp3");
-    return player &&
-           std::ranges::any_of(PlayerActions, [&](Action action) { return code.Mapped(action); }) &&
-           player->DoAction(code);
+    if (!player ||
+        std::ranges::none_of(PlayerActions, [&](Action action) { return code.Mapped(action); }))
+        return false;
+    bool used = false;
+    ShowChangeOfVolume([&] { used = player->DoAction(code); });
+    return used;
 }
 
 } // namespace vk

@@ -42,7 +42,6 @@ void AudioPlayer::WithSource(const char* where,
 
 void AudioPlayer::Enter() {
     bInPlayer = false;
-    volume_.Enter();
     n_.screens.CurrentForm = FormName;
     clockLine_.Refresh();
     view_.ShowListTitle(n_.audio.ListTitle);
@@ -58,6 +57,7 @@ void AudioPlayer::Ready() {
     RefreshLater();
     Timer2->Start(TickMs);
     view_.ShowFrame(true);
+    volume_.Enter();
     bInPlayer = true;
 }
 
@@ -113,7 +113,8 @@ void AudioPlayer::LoadPlaylist() {
 
 void AudioPlayer::SaveAudioData(std::int32_t mode) {
     TrapAndLog(n_.report, ErrorIn("SaveAudioData"), [&] {
-        n_.settings.Write("audio_player", "Volume", std::to_string(volume_.Level()));
+        if (const auto level = volume_.LevelToKeep())
+            n_.settings.Write("audio_player", "Volume", std::to_string(*level));
         if (PlayerSource* source = Source(mode == PlayNone ? n_.audio.PlayMode : mode))
             source->Save();
     });
@@ -169,7 +170,7 @@ void AudioPlayer::Form_Unload(bool osShutdown) {
             n_.log.WriteDebugLog("form unloaded by administrative request - os shutdown");
         const BusyGuard busy(n_.app.ListBusy);
         SaveAudioData();
-        volume_.Leave();
+        volume_.Unload();
         Timer2->Stop();
     });
 }
@@ -308,7 +309,7 @@ void AudioPlayer::Wheel(int delta) {
     if (delta == 0) return;
     const bool up = delta > 0;
     if (n_.settings.values.MouseFunction == 1) {
-        for (std::int32_t i = 0; i < n_.settings.values.MouseIncrement; ++i)
+        for (std::int32_t i = 0; i < n_.settings.values.WheelSteps(); ++i)
             up ? VolUp() : VolDown();
     } else if (n_.audio.PlayMode == PlayFM) {
         WithSource(up ? "FineTuneUp" : "FineTuneDown",

@@ -83,6 +83,8 @@ class AudioPlayer {
     void VolUp();
     void VolDown();
     void domute();
+    /// A sound card has come, perhaps in place of another.
+    void SoundCardCame() { volume_.CardCame(); }
     void DoFF();
     void DoRW();
     void DoPlay();

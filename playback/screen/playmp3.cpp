@@ -270,7 +270,6 @@ void playmp3::ShowVolume(const std::string& text) {
     if (!text.empty()) Vol_.SetText(text);
     Vol_.setVisible(!text.empty());
     lbPlayListTitle_.setVisible(text.empty());
-    if (!text.empty()) Vol_.repaint(); // the fade of a mute runs no events
 }
 
 void playmp3::ShowLoading(const std::string& text) {

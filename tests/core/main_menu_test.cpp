@@ -49,6 +49,9 @@ TEST_F(MainMenuTest, CutsALoudLevelOnceARunAndEndsAForeignMute) {
     std::int32_t& master = mixer.Level(MixerLine::Master);
     settings.values.safevolume = true;
     settings.values.safevol_value = 36;
+    mixer.Change(false);
+    menu.ReShow();
+    mixer.Change(true);
     for (const int expected : {360, 900}) {
         master = 900;
         menu.ReShow();

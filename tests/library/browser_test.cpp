@@ -125,6 +125,12 @@ TEST_F(BrowserKeys, TheSelectionMovesByRowsPagesAndTheWheelUnlessThatTurnsTheVol
         EXPECT_EQ(player.Count("VolUp"), 3);
         EXPECT_EQ(player.Count("VolDown"), 3);
     }
+    player.onCall = [this](const std::string&) { core.state.VolumePercent = 52; };
+    browser().VolUp();
+    EXPECT_EQ(view.loading, "Volume : 52%");
+    core.clock.Advance(5000);
+    browser().VolUp(); // it did not change
+    EXPECT_EQ(view.loading, "");
 }
 
 TEST_F(BrowserKeys, SwapAndPauseNeedAPlayerThatPlays) {

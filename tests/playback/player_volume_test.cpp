@@ -18,7 +18,6 @@ struct PlayerVolumeTest : testing::Test, CoreFixture {
         settings.values.AdjMainVol = true;
         settings.values.mutespeed = 50;
         master = 500;
-        volume.Enter();
     }
 };
 
@@ -36,8 +35,14 @@ TEST_F(PlayerVolumeTest, MovesByAFiftiethOfItsLineAndStopsAtTheEnds) {
     EXPECT_EQ(master, 0);
     master = 500;
     settings.values.AdjMainVol = false; // the wave line goes along
-    volume.VolDown();
-    EXPECT_EQ(wave, 480);
+    mixer.waveMaximum = 500;
+    mixer.Change(true, 65536); // another card
+    master = 32768;
+    volume.VolUp();
+    EXPECT_EQ(master, 32768 + 1310);
+    EXPECT_EQ(wave, 259);
+    volume.domute();
+    EXPECT_EQ(clock.slept, 27 * 50);
 }
 
 TEST_F(PlayerVolumeTest, HidesTheTextAfterFourSeconds) {
@@ -69,8 +74,9 @@ TEST_F(PlayerVolumeTest, FadesOutAndInAgain) {
 
 TEST_F(PlayerVolumeTest, FadesAStepATickWithEventsAmongWhichKeysAreIgnored) {
     std::vector<std::int32_t> steps;
+    settings.values.mutespeed = 20; // of a slower one events run meanwhile, too
     clock.onEvents = [&] {
-        EXPECT_EQ(clock.slept, 50 * std::int64_t(steps.size() + 1));
+        EXPECT_EQ(clock.slept, 20 * std::int64_t(steps.size() + 1));
         steps.push_back(master);
         volume.domute();
         volume.VolUp();
@@ -99,33 +105,53 @@ TEST_F(PlayerVolumeTest, EndsTheFadeAtOnceWhenTheScreenIsLeft) {
     EXPECT_EQ(clock.eventRuns, 1);
     EXPECT_EQ(master, 0);
     EXPECT_EQ(muted, 1);
-    volume.Enter();
+    clock.onEvents = {};
+    volume.domute(); // from another screen it fades
+    EXPECT_EQ(clock.eventRuns, 1 + 25 * 3);
+    EXPECT_EQ(master, 500);
+}
+
+TEST_F(PlayerVolumeTest, AMuteOutlivesItsScreenAndEndsWithTheLevelOfBefore) {
+    clock.onEvents = [&] { EXPECT_EQ(volume.LevelToKeep(), 500); };
     volume.domute();
-    EXPECT_EQ(clock.eventRuns, 2);
+    PlayerVolume anew{{card, settings, state, clock, view}};
+    EXPECT_EQ(anew.LevelToKeep(), 500);
+    view.volumes.clear();
+    anew.Enter();
+    EXPECT_EQ(view.volumes, std::vector<std::string>{"      Volume : Muted"});
+    muted = 0;
+    anew.CardCame();
+    EXPECT_EQ(muted, 1);
+    anew.Unload();
+    EXPECT_EQ(master, 500);
+    EXPECT_EQ(muted, 1);
+    anew.domute();
+    EXPECT_EQ(clock.slept, 2 * 25 * 50);
     EXPECT_EQ(master, 500);
 }
 
 TEST_F(PlayerVolumeTest, ACardThatGoesEndsTheFade) {
-    clock.onEvents = [&] {
-        mixer.present = false;
-        ++mixer.session;
-    };
+    clock.onEvents = [&] { mixer.Change(false); };
     volume.domute();
+    EXPECT_EQ(volume.LevelToKeep(), std::nullopt);
     volume.domute();
-    EXPECT_EQ(clock.eventRuns, 2);
+    EXPECT_LE(clock.slept, 2 * 50);
     EXPECT_FALSE(state.bMuted);
 }
 
 TEST_F(PlayerVolumeTest, EntersWithALevelOfItsOwnCutOnceARunWhenItIsLoud) {
     settings.values.safevolume = true;
     settings.values.safevol_value = 36;
-    state.SafeVolumeDone = false;
-    for (const int expected : {360, 800}) {
-        master = 800;
-        volume.SetFirstLevel();
-        EXPECT_EQ(master, expected);
-    }
+    mixer.Change(false);
+    volume.SetFirstLevel();
+    mixer.Change(true);
+    master = 800;
+    volume.CardCame(); // it gets what it missed
+    EXPECT_EQ(master, 360);
     settings.values.UseSplitVolume = true;
+    master = 800;
+    volume.SetFirstLevel(); // none of its own yet
+    EXPECT_EQ(master, 800);
     settings.Write("audio_player", "Volume", "440");
     settings.values.AdjMainVol = false;
     wave = 7;

@@ -14,7 +14,8 @@
 
 namespace vk::test {
 
-/// Every line goes from 0 to 1000 and keeps what it is set to, unless it is listed as missing.
+/// Every line goes from 0 to its maximum and keeps what it is set to, unless it is listed as
+/// missing.
 class FakeMixer : public Mixer {
   public:
     bool Open() override {
@@ -25,7 +26,7 @@ class FakeMixer : public Mixer {
     bool GetLineControl(MixerLine line, MixerControlType type, MixerControl& control) override {
         asked.emplace_back(line, type);
         if (!present || missing.contains(line)) return false;
-        control = {Id(line, type), 0, maximum};
+        control = {Id(line, type), 0, line == MixerLine::Wave ? waveMaximum : maximum};
         return true;
     }
     std::int32_t GetControlDetails(const MixerControl& control) const override {
@@ -37,6 +38,12 @@ class FakeMixer : public Mixer {
         if (control.id != 0) values[control.id] = value;
     }
 
+    /// It is pulled, or there is one; `scale` is that of all lines but the wave.
+    void Change(bool there, std::int32_t scale = 1000) {
+        present = there;
+        maximum = scale;
+        ++session;
+    }
     std::int32_t& Level(MixerLine line) { return values[Id(line, MixerControlType::Volume)]; }
     std::int32_t& Mute(MixerLine line) { return values[Id(line, MixerControlType::Mute)]; }
 
@@ -45,7 +52,7 @@ class FakeMixer : public Mixer {
     int refusedOpen = 0; ///< the number of the one open that fails, from 1
     int opens = 0;
     unsigned session = 1;
-    std::int32_t maximum = 1000;
+    std::int32_t maximum = 1000, waveMaximum = 1000;
     std::set<MixerLine> missing;
     std::vector<std::pair<MixerLine, MixerControlType>> asked;
 
