@@ -10,14 +10,12 @@
 #include <QPointer>
 
 #include <algorithm>
-#include <cstdlib>
 
 namespace vk {
 
 namespace {
 
 constexpr int DeafMs = 250; // the second press of a double press belongs to what was there before
-constexpr int WheelNotch = 120;
 
 bool Answers(int key) {
     return key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Escape;
@@ -94,9 +92,15 @@ bool DialogOverlay::ContentKey(QKeyEvent&) {
 
 void DialogOverlay::keyPressEvent(QKeyEvent* event) {
     event->accept();
-    if (finished_ || (Answers(event->key()) && (event->isAutoRepeat() || TooEarly()))) return;
-    if (ContentKey(*event)) return update();
-    switch (event->key()) {
+    const Qt::Key key = meaning && !TakesText() ? meaning(*event) : Qt::Key_unknown;
+    if (key != Qt::Key_unknown) return Press(key, event->isAutoRepeat());
+    UseKey(*event);
+}
+
+void DialogOverlay::UseKey(QKeyEvent& event) {
+    if (finished_ || (Answers(event.key()) && (event.isAutoRepeat() || TooEarly()))) return;
+    if (ContentKey(event)) return update();
+    switch (event.key()) {
     case Qt::Key_Left:
         MoveMark(-1, 0);
         break;
@@ -119,9 +123,9 @@ void DialogOverlay::keyPressEvent(QKeyEvent* event) {
     }
 }
 
-void DialogOverlay::Press(Qt::Key key) {
-    QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
-    keyPressEvent(&event);
+void DialogOverlay::Press(Qt::Key key, bool repeat) {
+    QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier, {}, repeat);
+    UseKey(event);
 }
 
 bool DialogOverlay::MoveMark(int dx, int dy) {
@@ -182,10 +186,7 @@ void DialogOverlay::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void DialogOverlay::wheelEvent(QWheelEvent* event) {
-    const int notches = event->angleDelta().y() / WheelNotch;
-    for (int i = 0; i < std::abs(notches); ++i)
-        Press(notches > 0 ? Qt::Key_Up : Qt::Key_Down);
-    event->accept();
+    wheel_.Turn(*event, [this](int tick) { Press(tick > 0 ? Qt::Key_Up : Qt::Key_Down); });
 }
 
 } // namespace vk

@@ -3,6 +3,7 @@
 
 #include "platform/clock.h"
 #include "skin/controls/dialog_look.h"
+#include "skin/controls/wheel_ticks.h"
 
 #include <QWidget>
 
@@ -30,8 +31,8 @@ class DialogOverlay : public QWidget {
 
     /// Covers the host and takes the keyboard.
     void Open();
-    /// The same as a press of this key, for what is no key.
-    void Press(Qt::Key key);
+    /// The same as a press of this key, for what is no key; `repeat` when it is held on.
+    void Press(Qt::Key key, bool repeat = false);
     /// Ends the dialog; `accepted` false is the cancelling answer. The first answer counts.
     void Finish(bool accepted);
     bool Accepted() const { return accepted_; }
@@ -44,11 +45,15 @@ class DialogOverlay : public QWidget {
 
     /// Called once, when the dialog is answered or goes away.
     std::function<void()> onFinished;
+    /// The key that a key stands for by the user's map, Key_unknown for itself.
+    std::function<Qt::Key(const QKeyEvent&)> meaning;
 
   protected:
     /// Sets `panel_`, the cells and whatever else depends on the size.
     virtual void LayOut() = 0;
     virtual void DrawContent(QPainter& painter) = 0;
+    /// True where keys type a text, whatever else they are mapped to.
+    virtual bool TakesText() const { return false; }
     /// Has the first look at a key; true when it was used.
     virtual bool ContentKey(QKeyEvent& event);
     virtual void PressContent(QPoint) {}
@@ -83,12 +88,14 @@ class DialogOverlay : public QWidget {
 
   private:
     bool TooEarly() const;
+    void UseKey(QKeyEvent& event);
     int CellAt(QPoint point) const;
     void Activate(int cell);
     void DrawCell(QPainter& painter, int index) const;
 
     const Clock& clock_;
     std::int64_t openedMs_ = 0;
+    WheelTicks wheel_;
     int pressed_ = -1;
     bool pressOnContent_ = false;
     bool accepted_ = false;

@@ -18,6 +18,7 @@ class InputOverlay : public DialogOverlay {
   protected:
     void LayOut() override;
     void DrawContent(QPainter& painter) override;
+    bool TakesText() const override { return true; }
     bool ContentKey(QKeyEvent& event) override;
 
   private:

@@ -31,6 +31,7 @@ class MenuIcon : public QWidget {
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void hideEvent(QHideEvent*) override { pressed_ = false; }
 
   private:
     void DrawPlate(QPainter& painter) const;

@@ -40,6 +40,7 @@ class ShadedLabel : public QWidget {
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void hideEvent(QHideEvent*) override { pressed_ = false; }
 
   private:
     int Flags() const;

@@ -1,5 +1,6 @@
 #include "skin/controls/skin_dialogs.h"
 
+#include "platform/any/virtual_keys.h"
 #include "skin/controls/folder_overlay.h"
 #include "skin/controls/input_overlay.h"
 #include "skin/controls/message_overlay.h"
@@ -22,6 +23,19 @@ struct Closer {
     ~Closer() { delete overlay.data(); }
 };
 
+// The key that works a dialog as `code` works a screen; Key_unknown for none.
+Qt::Key DialogKey(const InputCode& code) {
+    static constexpr std::pair<Action, Qt::Key> Keys[] = {
+        {Action::ok, Qt::Key_Return},     {Action::quit, Qt::Key_Escape},
+        {Action::up, Qt::Key_Up},         {Action::down, Qt::Key_Down},
+        {Action::back, Qt::Key_Left},     {Action::forward, Qt::Key_Right},
+        {Action::pageup, Qt::Key_PageUp}, {Action::pagedown, Qt::Key_PageDown},
+    };
+    const auto* key =
+        std::ranges::find_if(Keys, [&](const auto& row) { return code.Mapped(row.first); });
+    return key == std::end(Keys) ? Qt::Key_unknown : key->second;
+}
+
 } // namespace
 
 SkinDialogs::SkinDialogs(QWidget* host, const Volumes& volumes, Clock& clock)
@@ -41,10 +55,15 @@ bool SkinDialogs::Run(const QPointer<DialogOverlay>& overlay) {
     open_.push_back(overlay);
     QEventLoop loop;
     overlay->onFinished = [&loop] { loop.quit(); };
+    overlay->meaning = [this](const QKeyEvent& event) {
+        return keys_ ? DialogKey(InputCode(VirtualKeyText(event), *keys_)) : Qt::Key_unknown;
+    };
+    ++changes_;
     overlay->SetFront(true);
     overlay->Open();
     if (!overlay->Finished()) loop.exec();
     open_.pop_back();
+    ++changes_;
     if (overlay) {
         overlay->onFinished = {};
         overlay->SetFront(false);
@@ -95,17 +114,10 @@ std::string SkinDialogs::ChooseFolder(const std::string& caption, const std::str
     return Run(dialog.overlay) ? chooser->Path() : std::string();
 }
 
-bool SkinDialogs::DoAction(const InputCode& code) {
-    static constexpr std::pair<Action, Qt::Key> Keys[] = {
-        {Action::ok, Qt::Key_Return},     {Action::quit, Qt::Key_Escape},
-        {Action::up, Qt::Key_Up},         {Action::down, Qt::Key_Down},
-        {Action::back, Qt::Key_Left},     {Action::forward, Qt::Key_Right},
-        {Action::pageup, Qt::Key_PageUp}, {Action::pagedown, Qt::Key_PageDown},
-    };
+bool SkinDialogs::DoAction(const InputCode& code, bool repeat) {
     if (open_.empty()) return false;
-    const auto* key =
-        std::ranges::find_if(Keys, [&](const auto& row) { return code.Mapped(row.first); });
-    if (key != std::end(Keys) && open_.back()) open_.back()->Press(key->second);
+    const Qt::Key key = DialogKey(code);
+    if (key != Qt::Key_unknown && open_.back()) open_.back()->Press(key, repeat);
     return true;
 }
 

@@ -27,6 +27,8 @@ class SkinDialogs : public Dialogs {
 
     /// From now on the dialogs wear the skin's colours (once it has been loaded).
     void SetSkin(const SkinStore* skin) { skin_ = skin; }
+    /// From now on the keys of this map work the dialogs, too, but for those that ask for a text.
+    void SetKeys(const KeyMap* keys) { keys_ = keys; }
 
     void ShowMessage(const std::string& text, const std::string& title = {},
                      MessageKind kind = MessageKind::Plain) override;
@@ -40,7 +42,9 @@ class SkinDialogs : public Dialogs {
     bool Active() const { return !open_.empty(); }
     /// Works the dialog in front: arrows, ok, quit and paging, as by keys. False when no dialog is
     /// open; what means nothing to it is used up.
-    bool DoAction(const InputCode& code);
+    bool DoAction(const InputCode& code, bool repeat = false);
+    /// How often a dialog has come or gone.
+    int Changes() const { return changes_; }
     /// Ends every open dialog with its cancelling answer; for the end of the program.
     void CloseAll();
 
@@ -55,6 +59,8 @@ class SkinDialogs : public Dialogs {
     const Volumes& volumes_;
     Clock& clock_;
     const SkinStore* skin_ = nullptr;
+    const KeyMap* keys_ = nullptr;
+    int changes_ = 0;                           ///< how often a dialog has come or gone
     std::vector<QPointer<DialogOverlay>> open_; ///< the last is in front
     bool closing_ = false; ///< dialogs that are asked for meanwhile are cancelled at once
 };

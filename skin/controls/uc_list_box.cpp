@@ -14,6 +14,9 @@ namespace {
 
 constexpr int Timer1Ms = 100;
 constexpr int TouchMs = 200; // the touched row stands so long before it is run
+// A touch that comes sooner after one that filled the list anew was meant for the row that has
+// gone.
+constexpr int DeafMs = 250;
 
 // Holds `ListBusy` while the list moves.
 class BusyHold {
@@ -74,6 +77,7 @@ void UCListBox::ClearAllArrays() {
 
 void UCListBox::LoadList() {
     model_.LoadList();
+    filled_ = true;
     context_.state.ListBusy = false;
     update();
 }
@@ -155,14 +159,18 @@ void UCListBox::PressStrip(int code) {
 void UCListBox::TouchRow(int row) {
     const bool onPage = row < model_.TopRow() + model_.iMaxVis && row < model_.ItemCount();
     if (!onPage || inTouch_ || context_.state.ListBusy) return;
+    if (context_.clock.TickMs() < deafUntilMs_) return;
     const QPointer<UCListBox> alive(this);
     inTouch_ = true;
     Move([&] { model_.SelectVisible(row); });
     context_.clock.DoEvents();
     if (!alive) return;
-    context_.clock.Sleep(TouchMs);
     inTouch_ = false;
+    if (!isVisible()) return;
+    context_.clock.Sleep(TouchMs);
+    filled_ = false;
     if (onItemClick && row < model_.ItemCount()) onItemClick(row);
+    if (alive && filled_) deafUntilMs_ = context_.clock.TickMs() + DeafMs;
 }
 
 // A tap that is shorter than the timer's interval pages once as well.

@@ -5,6 +5,7 @@
 
 #include <QKeyEvent>
 #include <QTimer>
+#include <QWheelEvent>
 
 #include <gtest/gtest.h>
 
@@ -237,21 +238,57 @@ TEST_F(DialogsTest, TheRemoteWorksTheDialogInFront) {
     RemoteMap codes;
     for (const ActionNames& names : Actions)
         codes[names.action] = names.remote;
-    const auto send = [&](const std::string& code) {
-        return skinDialogs.DoAction(InputCode(code, codes));
+    const auto send = [&](const std::string& code, bool repeat = false) {
+        return skinDialogs.DoAction(InputCode(code, codes), repeat);
     };
+    const int before = skinDialogs.Changes();
     EXPECT_FALSE(send("ok")) << "no dialog is open";
     QTimer::singleShot(0, &host, [&] {
         EXPECT_TRUE(send("ok")) << "it is deaf at first";
         clock.Advance(1000);
+        EXPECT_TRUE(send("ok", true)) << "a button that was held before";
+        EXPECT_EQ(skinDialogs.Changes(), before + 1);
         for (const char* code : {"mute", "4711", "forward", "ok"})
             EXPECT_TRUE(send(code));
     });
     EXPECT_FALSE(skinDialogs.AskYesNo("Sure?", ""));
+    EXPECT_EQ(skinDialogs.Changes(), before + 2);
     Then([&] { send("quit"); });
     EXPECT_FALSE(skinDialogs.AskYesNo("Sure?", ""));
     Then([&] { send("ok"); });
     EXPECT_TRUE(skinDialogs.AskYesNo("Sure?", ""));
+}
+
+TEST_F(DialogsTest, MappedKeysAndFineTurnsOfTheWheelWorkADialog) {
+    KeyMap keys;
+    keys[Action::ok] = "79"; // O
+    keys[Action::forward] = "37";
+    skinDialogs.SetKeys(&keys);
+    const auto type = [this](Qt::Key key, const char* text) {
+        QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, QString::fromLatin1(text));
+        QCoreApplication::sendEvent(&host, &press);
+    };
+    Then([&] {
+        type(Qt::Key_Left, "");
+        type(Qt::Key_O, "o");
+    });
+    EXPECT_FALSE(skinDialogs.AskYesNo("Sure?")) << "moved to No";
+    Then([&] {
+        type(Qt::Key_O, "o");
+        Keys("\n");
+    });
+    EXPECT_EQ(skinDialogs.InputBox("Name:", "", "x"), "xo") << "where a text is typed it types";
+    Then([&] {
+        auto* message = dynamic_cast<MessageOverlay*>(Front());
+        for (int part = 0; part < 4; ++part) {
+            EXPECT_EQ(message->Scrolled(), 0);
+            QWheelEvent turn({9, 9}, {9, 9}, {}, {0, -30}, {}, {}, Qt::NoScrollPhase, false);
+            QCoreApplication::sendEvent(message, &turn);
+        }
+        EXPECT_GT(message->Scrolled(), 0);
+        Keys("\n");
+    });
+    skinDialogs.ShowMessage(std::string(4000, 'w'));
 }
 
 TEST_F(DialogsTest, AFolderIsFoundByKeysAndTouch) {

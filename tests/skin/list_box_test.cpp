@@ -130,10 +130,26 @@ TEST_F(ListBoxTest, ATouchedRowIsSelectedShownAndThenReported) {
     EXPECT_EQ(clock.slept, 200);
     EXPECT_EQ(clock.eventRuns, 1);
     EXPECT_EQ(stops, 1);
-    list.ClearAllArrays();
-    Fill(2);
+    clock.onSleep = {};
+    Press(list, point);
+    EXPECT_EQ(clicked.size(), 2u) << "a second tap on a list as it was";
+    list.onItemClick = [this](int row) {
+        clicked.push_back(row);
+        list.ClearAllArrays();
+        Fill(2);
+    };
+    Press(list, point);
+    for (const int wait : {0, 0, 250}) {
+        clock.Advance(wait);
+        Press(list, {60, 5});
+    }
+    EXPECT_EQ(clicked.size(), 4u) << "another list lies under the finger at first";
+    clock.Advance(250);
     Press(list, {60, 5 * model.RowHeight});
-    EXPECT_EQ(clicked.size(), 1u) << "no row there";
+    EXPECT_EQ(clicked.size(), 4u) << "no row there";
+    clock.onEvents = [this] { list.hide(); };
+    Press(list, {60, 5});
+    EXPECT_EQ(clicked.size(), 4u) << "another screen came";
 }
 
 TEST_F(ListBoxTest, TheListMayGoAwayWhileATouchIsServed) {
