@@ -37,6 +37,12 @@ std::string KeyName(const std::string& code) {
     return named == std::end(Names) ? "No Key" : named->second;
 }
 
+KeyboardLearning::KeyboardLearning(Needs needs)
+    : n_(needs), limit_(n_.clock.MakeTimer([this] {
+          Cancel();
+          if (onTimeOut) onTimeOut();
+      })) {}
+
 void KeyboardLearning::Enter() {
     keys_ = ReadKeyMap(n_.settings.ini(), n_.settings.File(KeyboardFile));
     armed_.reset();
@@ -45,12 +51,25 @@ void KeyboardLearning::Enter() {
 }
 
 void KeyboardLearning::Arm(Action action) {
+    if (armed_ == action) return Cancel();
     armed_ = action;
     message_ = "Press any key to assign this funtion to it";
+    limit_->Start(WaitMs);
+}
+
+void KeyboardLearning::Cancel() {
+    limit_->Stop();
+    armed_.reset();
+    message_ = "Key Programming Canceled";
 }
 
 void KeyboardLearning::KeyDown(const std::string& code) {
-    if (!armed_ || code.empty()) return;
+    if (!armed_) return;
+    if (code.empty()) {
+        message_ = "This key cannot be used, press another one";
+        return;
+    }
+    limit_->Stop();
     const Action action = *std::exchange(armed_, std::nullopt);
     const std::string where =
         std::string("An error occured in settingskeyboard.btn") + NamesOf(action).key + "_Click ";
@@ -60,7 +79,7 @@ void KeyboardLearning::KeyDown(const std::string& code) {
 void KeyboardLearning::Program(Action action, const std::string& code) {
     status_ = "Pressed key " + KeyName(code);
     if (code == EscapeCode) {
-        message_ = "Key Programming Canceled";
+        Cancel();
     } else if (Taken(action, code)) {
         message_ = "This key is already programmed to another function";
     } else if (!WriteKey(n_.settings.ini(), n_.settings.File(KeyboardFile), action, code)) {
@@ -72,13 +91,15 @@ void KeyboardLearning::Program(Action action, const std::string& code) {
     }
 }
 
+// A fixed key does its own action first, whatever it is mapped to.
 bool KeyboardLearning::Taken(Action action, const std::string& code) const {
     return std::ranges::any_of(Actions, [&](const ActionNames& names) {
-        return names.action != action && keys_[names.action] == code;
+        return names.action != action && (keys_[names.action] == code || names.fixed == code);
     });
 }
 
 void KeyboardLearning::Leave() {
+    limit_->Stop();
     armed_.reset();
     n_.keys = ReadKeyMap(n_.settings.ini(), n_.settings.File(KeyboardFile));
 }

@@ -1,5 +1,7 @@
 #include "settings/remote_learning.h"
 
+#include "core/text.h"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -15,6 +17,7 @@ constexpr const char* Section = "remote";
 constexpr const char* RemoteFile = "keys.ini";
 constexpr std::size_t LongestList = 200;
 constexpr int Ports = 16;
+constexpr const char* Canceled = "Key Programming Canceled";
 constexpr int DelayStep = 50, LongestDelay = 2000; // milliseconds
 constexpr int SpeedStep = 10, LongestSpeed = 1000;
 // A pause that comes out a little shorter than measured must not be dropped.
@@ -42,16 +45,18 @@ const char* RemoteButton(Action action) {
     return Buttons[static_cast<std::size_t>(action)];
 }
 
+RemoteLearning::RemoteLearning(Needs needs)
+    : n_(std::move(needs)), limit_(n_.clock.MakeTimer([this] { TimeOut(); })) {}
+
 void RemoteLearning::Enter() {
     codes_ = ReadRemoteMap(n_.settings.ini(), n_.settings.File(RemoteFile));
-    armed_.reset();
-    measured_ = -1;
+    Disarm();
     last_.clear();
     n_.collect(true);
 }
 
 void RemoteLearning::Leave() {
-    armed_.reset();
+    Disarm();
     n_.collect(false);
     n_.codes = ReadRemoteMap(n_.settings.ini(), n_.settings.File(RemoteFile));
 }
@@ -67,8 +72,22 @@ bool RemoteLearning::Received(const std::string& code) {
     }
     if (held) return false;
     if (!armed_) return true;
-    Program(*std::exchange(armed_, std::nullopt), code);
+    const Action action = *armed_;
+    Disarm();
+    Program(action, code);
     return false;
+}
+
+void RemoteLearning::Disarm() {
+    limit_->Stop();
+    armed_.reset();
+    measured_ = -1;
+}
+
+void RemoteLearning::TimeOut() {
+    Add(Measuring() ? "No held button was heard" : Canceled);
+    Disarm();
+    if (onTimeOut) onTimeOut();
 }
 
 void RemoteLearning::Program(Action action, const std::string& code) {
@@ -85,7 +104,7 @@ void RemoteLearning::Program(Action action, const std::string& code) {
 void RemoteLearning::Measure(std::int64_t gapMs) {
     measuredMs_ += gapMs;
     if (++measured_ < MeasuredGaps) return;
-    measured_ = -1;
+    Disarm();
     const auto interval = static_cast<int>(measuredMs_ / MeasuredGaps);
     n_.setInterval(static_cast<float>(interval) / 1000);
     n_.settings.values.speed = static_cast<std::int16_t>(interval * SpeedPercent / 100);
@@ -99,12 +118,15 @@ void RemoteLearning::Add(const std::string& line) {
 }
 
 void RemoteLearning::Arm(Action action) {
-    measured_ = -1;
+    const bool again = armed_ == action;
+    Disarm();
+    if (again) return Add(Canceled);
     armed_ = action;
+    limit_->Start(WaitMs);
 }
 
 void RemoteLearning::ResetCodes() {
-    armed_.reset();
+    Disarm();
     n_.collect(false); // the codes that answer are filtered: the button is still held
     const bool sure = n_.dialogs.AskYesNo("Remove the codes of all buttons?", "Reset Remote");
     n_.collect(true);
@@ -122,9 +144,10 @@ void RemoteLearning::ClearList() {
 }
 
 void RemoteLearning::FixRepeat() {
-    armed_.reset();
+    Disarm();
     measured_ = 0;
     measuredMs_ = 0;
+    limit_->Start(MeasureMs);
     Add("Hold a button of the remote");
 }
 
@@ -141,7 +164,12 @@ void RemoteLearning::UseRepeatDelay(bool on) {
 
 std::string RemoteLearning::Type() const {
     const std::string type = n_.settings.Read(Section, "type");
-    return type.empty() ? Types.front() : type;
+    return type.empty() ? Types.front() : ToUpper(type);
+}
+
+std::string RemoteLearning::Obstacle() const {
+    if (!Values().remoteStatus) return "The remote is disabled: no code can be learnt";
+    return n_.ready() ? "" : "The receiver is not there yet: no code can be learnt";
 }
 
 std::string RemoteLearning::Port() const {

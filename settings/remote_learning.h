@@ -10,6 +10,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -26,10 +27,11 @@ class RemoteLearning {
         SettingsStore& settings;
         ErrorReport& report;
         Dialogs& dialogs;
-        const Clock& clock;
+        Clock& clock;
         Beeper& beeper;
         RemoteMap& codes;                 ///< the map in use, brought up to date by `Leave`
         std::function<bool()> initRemote; ///< opens the receiver of the settings; false: none
+        std::function<bool()> ready;      ///< the receiver is there
         /// All codes are handed over unfiltered from now on, or not.
         std::function<void(bool)> collect;
         std::function<void(float)> setInterval; ///< seconds between the codes of a held button
@@ -40,7 +42,11 @@ class RemoteLearning {
     /// So many pauses are measured by `bFixRepeat`.
     static constexpr int MeasuredGaps = 4;
 
-    explicit RemoteLearning(Needs needs) : n_(std::move(needs)) {}
+    /// An action waits so long for its code, and `bFixRepeat` for a held button; milliseconds.
+    static constexpr int WaitMs = 10'000;
+    static constexpr int MeasureMs = 5000;
+
+    explicit RemoteLearning(Needs needs);
 
     void Enter();
     void Leave();
@@ -48,7 +54,7 @@ class RemoteLearning {
     /// learnt nor measured nor a repeat, so that it may work the page.
     bool Received(const std::string& code);
 
-    /// A press on the action's button: its code is the next one.
+    /// A press on the action's button: its code is the next one. A second press cancels that.
     void Arm(Action action);
     std::optional<Action> ArmedAction() const { return armed_; }
     /// Asks, then forgets the codes of all actions.
@@ -67,14 +73,20 @@ class RemoteLearning {
     void StepDelay(int step);
     void StepSpeed(int step);
 
-    std::string Type() const;
+    /// Why no code can be learnt now, "" when one can.
+    std::string Obstacle() const;
+    std::string Type() const; ///< in capitals
     std::string Port() const;
     const Settings& Values() const { return n_.settings.values; }
     const RemoteMap& Codes() const { return codes_; }
     const std::vector<std::string>& List() const { return list_; }
     int Selected() const { return static_cast<int>(list_.size()) - 1; }
 
+    std::function<void()> onTimeOut; ///< what was waited for did not come in time
+
   private:
+    void TimeOut();
+    void Disarm();
     void Program(Action action, const std::string& code);
     void Measure(std::int64_t gapMs);
     void Add(const std::string& line);
@@ -88,6 +100,7 @@ class RemoteLearning {
     std::int64_t lastMs_ = 0;
     int measured_ = -1; ///< pauses measured so far; -1: none is to be
     std::int64_t measuredMs_ = 0;
+    std::unique_ptr<Timer> limit_;
 };
 
 } // namespace vk

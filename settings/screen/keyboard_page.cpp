@@ -5,6 +5,7 @@ namespace vk {
 settingsKeyboard::settingsKeyboard(const LearningPage::Needs& page, KeyboardLearning::Needs needs,
                                    QWidget* parent)
     : LearningPage(page, parent), learning_(needs) {
+    learning_.onTimeOut = [this] { Refresh(); };
     int number = 0;
     for (const ActionNames& names : Actions) {
         const Action action = names.action;

@@ -18,6 +18,7 @@ std::string Milliseconds(int value) {
 settingsRemote::settingsRemote(const LearningPage::Needs& page, RemoteLearning::Needs needs,
                                QWidget* parent)
     : LearningPage(page, parent), learning_(std::move(needs)) {
+    learning_.onTimeOut = [this] { Refresh(); };
     AddActions();
     AddReceiver();
     AddSwitch({0, LastRow, 1, 1}, "ClearListButton", "Clear list",
@@ -105,17 +106,19 @@ void settingsRemote::AddSwitch(QRect cell, const char* name, const char* caption
 }
 
 bool settingsRemote::DoAction(const InputCode& code) {
-    const bool works = learning_.Received(code.Text());
-    if (works) WorkPage(code);
+    const bool used = !learning_.Received(code.Text()) || WorkPage(code);
     Refresh();
-    return true;
+    return used;
 }
 
 std::string settingsRemote::Heading() const {
     const auto& list = learning_.List();
-    if (list.empty()) return "Choose a function, then press its button on the remote";
-    std::string text;
-    for (std::size_t i = list.size() - std::min(list.size(), ShownLines); i < list.size(); ++i)
+    std::string text = learning_.Obstacle();
+    if (list.empty())
+        return text.empty() ? "Choose a function, then press its button on the remote" : text;
+    const std::size_t lines = text.empty() ? ShownLines : ShownLines - 1;
+    if (!text.empty()) text += "\n";
+    for (std::size_t i = list.size() - std::min(list.size(), lines); i < list.size(); ++i)
         text += (i + 1 == list.size() ? "> " : "") + list[i] + (i + 1 == list.size() ? "" : "\n");
     return text;
 }

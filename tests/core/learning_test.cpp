@@ -25,10 +25,11 @@ struct LearningTest : testing::Test, CoreFixture {
     int opened = 0;
     bool collecting = false, found = true;
     float interval = 0;
-    KeyboardLearning keyboard{{settings, report, keys}};
-    RemoteLearning remote{
-        {settings, report, dialogs, clock, beeper, codes, [this] { return ++opened > 0 && found; },
-         [this](bool on) { collecting = on; }, [this](float seconds) { interval = seconds; }}};
+    KeyboardLearning keyboard{{settings, report, clock, keys}};
+    RemoteLearning remote{{settings, report, dialogs, clock, beeper, codes,
+                           [this] { return ++opened > 0 && found; }, [this] { return found; },
+                           [this](bool on) { collecting = on; },
+                           [this](float seconds) { interval = seconds; }}};
 };
 
 TEST_F(LearningTest, AKeyIsProgrammedRefusedOrCanceled) {
@@ -36,7 +37,8 @@ TEST_F(LearningTest, AKeyIsProgrammedRefusedOrCanceled) {
         const char *code, *message, *status, *written;
     } cases[] = {
         {"27", "Key Programming Canceled", "Pressed key Esc", ""},
-        {"38", "This key is already programmed to another function", "Pressed key Up Arrow", ""},
+        {"68", "This key is already programmed to another function", "Pressed key D", ""},
+        {"13", "This key is already programmed to another function", "Pressed key Enter", ""},
         {"70", "play has been programmed to keypress F", "Pressed key F", "70"},
         {"70", "play has been programmed to keypress F", "Pressed key F", "70"},
         {"116", "play has been programmed to keypress F5", "Pressed key F5", "116"}};
@@ -49,6 +51,14 @@ TEST_F(LearningTest, AKeyIsProgrammedRefusedOrCanceled) {
         EXPECT_EQ(ini.ReadText(settings.File("kb.ini"), "keyboard", "play"), c.written);
         EXPECT_FALSE(keyboard.Armed());
     }
+    keyboard.Arm(Action::up);
+    keyboard.KeyDown("");
+    EXPECT_EQ(keyboard.Message(), "This key cannot be used, press another one");
+    keyboard.KeyDown("38");
+    EXPECT_EQ(keyboard.Message(), "up has been programmed to keypress Up Arrow") << "its own";
+    keyboard.Arm(Action::play);
+    keyboard.Arm(Action::play);
+    EXPECT_EQ(keyboard.Message(), "Key Programming Canceled");
     keyboard.KeyDown("80");
     EXPECT_EQ(keyboard.Keys()[Action::play], "116") << "no function waits";
     EXPECT_EQ(keys[Action::play], "") << "the map in use is read when the page is left";
@@ -93,10 +103,37 @@ TEST_F(LearningTest, ACodeIsListedAndGivenToTheWaitingButton) {
     EXPECT_EQ(ini.ReadText(settings.File("keys.ini"), "remote_keys", "irpageup"), "");
 }
 
+TEST_F(LearningTest, WhatIsWaitedForTooLongOrTwiceIsGivenUp) {
+    int refreshed = 0;
+    keyboard.onTimeOut = remote.onTimeOut = [&] { ++refreshed; };
+    keyboard.Arm(Action::play);
+    remote.Arm(Action::ok);
+    remote.Arm(Action::ok);
+    EXPECT_FALSE(remote.ArmedAction());
+    remote.Arm(Action::ok);
+    clock.Advance(RemoteLearning::WaitMs);
+    EXPECT_EQ(keyboard.Message(), "Key Programming Canceled");
+    EXPECT_EQ(remote.List(), std::vector<std::string>(2, "Key Programming Canceled"));
+    EXPECT_FALSE(keyboard.Armed() || remote.ArmedAction());
+    remote.FixRepeat();
+    clock.Advance(RemoteLearning::MeasureMs);
+    EXPECT_EQ(remote.List().back(), "No held button was heard");
+    EXPECT_EQ(refreshed, 3);
+    for (const auto& [on, there, obstacle] :
+         {std::tuple(true, true, ""),
+          {true, false, "The receiver is not there yet: no code can be learnt"},
+          {false, true, "The remote is disabled: no code can be learnt"}}) {
+        settings.values.remoteStatus = on;
+        found = there;
+        EXPECT_EQ(remote.Obstacle(), obstacle);
+    }
+}
+
 TEST_F(LearningTest, TheReceiverIsSetAtOnce) {
     const auto stored = [this](const char* key) { return settings.Read("remote", key); };
     remote.StepType(-1);
     EXPECT_EQ(stored("type"), "LIRC");
+    settings.Write("remote", "type", "lirc");
     remote.StepType(2);
     EXPECT_EQ(stored("type"), "CREATIVE");
     settings.Write("remote", "comport", "/dev/serial/by-id/x");

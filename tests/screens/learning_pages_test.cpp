@@ -1,6 +1,7 @@
 #include "settings/screen/keyboard_page.h"
 #include "settings/screen/remote_page.h"
 #include "tests/core/start_fixture.h"
+#include "tests/support/page_table.h"
 #include "tests/support/widgets.h"
 
 #include <gtest/gtest.h>
@@ -39,23 +40,21 @@ struct LearningPagesTest : testing::Test, test::StartFixture {
     SilentBeeper beeper;
     RemoteMap codes, read;
     settingsKeyboard keyboard{
-        {context, screens, keys, "settingsKeyboard"}, {settings, report, keys}, &host};
+        {context, screens, keys, "settingsKeyboard"}, {settings, report, clock, keys}, &host};
     settingsRemote remote{{context, screens, keys, "settingsRemote"},
                           {settings, report, dialogs, clock, beeper, read, [] { return true; },
-                           [](bool) {}, [](float) {}},
+                           [] { return true; }, [](bool) {}, [](float) {}},
                           &host};
 };
 
 TEST_F(LearningPagesTest, AKeyIsGivenByKeysAlone) {
     keyboard.ReShow();
     EXPECT_EQ(screens.CurrentForm, "settingsKeyboard");
-    for (const char* code : {"39", "40", "38", "13", "%40"})
+    for (const char* code : {"39", "40", "38", "13", "%65"})
         EXPECT_TRUE(keyboard.Form_KeyDown(code)) << code;
-    EXPECT_EQ(keyboard.learning().Message(),
-              "MP3toRadio has been programmed to keypress Down Arrow");
-    EXPECT_FALSE(keyboard.Form_KeyDown("77"));
+    EXPECT_EQ(keyboard.learning().Message(), "MP3toRadio has been programmed to keypress A");
     EXPECT_TRUE(keyboard.Form_KeyDown("27"));
-    EXPECT_EQ(keys[Action::MP3toRadio], "40");
+    EXPECT_EQ(keys[Action::MP3toRadio], "65");
     EXPECT_TRUE(Told("settings.ReShow"));
 }
 
@@ -76,6 +75,17 @@ TEST_F(LearningPagesTest, ACodeIsLearntByTouchAndByTheRemoteAlone) {
     Send("quit");
     EXPECT_EQ(read[Action::Vdown], "0815");
     EXPECT_TRUE(Told("settings.ReShow"));
+}
+
+TEST_F(LearningPagesTest, EveryActionReachesItsOperationAndNoOther) {
+    const auto check = [this](auto& page) {
+        page.ReShow();
+        page.MoveDown();
+        page.MoveAhead();
+        test::ExpectPageTable(page, screens, keys, [&] { page.ReShow(); });
+    };
+    check(keyboard);
+    check(remote);
 }
 
 TEST_F(LearningPagesTest, EverythingIsLargeAndLiesOnTheScreen) {

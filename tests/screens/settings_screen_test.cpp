@@ -1,5 +1,6 @@
 #include "settings/screen/settings_screen.h"
 #include "tests/core/start_fixture.h"
+#include "tests/support/page_table.h"
 #include "tests/support/widgets.h"
 
 #include <gtest/gtest.h>
@@ -41,7 +42,12 @@ TEST_F(SettingsScreenTest, TheFoldersAreChosenByKeysAlone) {
     EXPECT_EQ(settings.values.PlaylistDir, lists);
     EXPECT_TRUE(screen->Form_KeyDown("27"));
     EXPECT_EQ(screens.CurrentForm, "velkorandum");
-    EXPECT_FALSE(screen->Form_KeyDown("65"));
+}
+
+TEST_F(SettingsScreenTest, EveryActionReachesItsOperationAndNoOther) {
+    for (int row = 0; row < 4; ++row)
+        screen->MoveDown(); // to a switch
+    test::ExpectPageTable(*screen, screens, keys, [this] { screen->runok(); });
 }
 
 TEST_F(SettingsScreenTest, AndByTouchAlone) {
