@@ -76,6 +76,8 @@ class MainMenu {
     void menuicon_Click(int index);
     /// The quit button.
     void Image1_Click();
+    /// The exit icon and the power key: the power action, which in mode 0 ends the system.
+    void Exit();
     /// The dim button.
     void Image2_Click();
     void ClockBar_Click();
@@ -104,12 +106,10 @@ class MainMenu {
     void StartApplications();
     void StartRadio();
     void StartGPS();
-    void Exit();
     void Start() { runok(); }
     void KeyUp();
     void KeyDown();
     void ShowPointer();
-    void LoadGPS() { n_.loadGPS(); }
     void OpenBrowser(std::int16_t mode);
     bool DiscMatches(std::int32_t serial) const;
     bool Leave(const char* screen);

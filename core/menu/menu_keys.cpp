@@ -4,15 +4,10 @@
 namespace vk {
 
 const ActionRow<MainMenu> MainMenu::Rows[] = {
-    {Action::gps, &MainMenu::LoadGPS},
-    {Action::ok, &MainMenu::Start},
-    {Action::up, &MainMenu::KeyUp},
-    {Action::down, &MainMenu::KeyDown},
-    {Action::SWMP, &MainMenu::ClockBar_Click},
-    {Action::back, &MainMenu::MoveLeft},
-    {Action::forward, &MainMenu::MoveRight},
-    {Action::quit, &MainMenu::ShowPointer},
-    {Action::power, &MainMenu::Exit},
+    {Action::ok, &MainMenu::Start},         {Action::up, &MainMenu::KeyUp},
+    {Action::down, &MainMenu::KeyDown},     {Action::SWMP, &MainMenu::ClockBar_Click},
+    {Action::back, &MainMenu::MoveLeft},    {Action::forward, &MainMenu::MoveRight},
+    {Action::quit, &MainMenu::ShowPointer}, {Action::power, &MainMenu::Exit},
 };
 
 bool MainMenu::Form_KeyDown(const std::string& code) {
@@ -24,8 +19,10 @@ bool MainMenu::Form_KeyDown(const std::string& code) {
 
 bool MainMenu::DoAction(const InputCode& code) {
     bool used = true; // also by an operation that fails
-    Trap(n_.report, "An error occured in velkorandum.Form_KeyDown ",
-         [&] { used = RunAction(*this, Rows, code); });
+    Trap(n_.report, "An error occured in velkorandum.Form_KeyDown ", [&] {
+        if (code.Mapped(Action::gps)) return StartGPS(); // on this screen before everything else
+        used = RunAction(*this, Rows, code);
+    });
     return used;
 }
 

@@ -311,11 +311,11 @@ void AudioPlayer::Wheel(int delta) {
     if (n_.settings.values.MouseFunction == 1) {
         for (std::int32_t i = 0; i < n_.settings.values.WheelSteps(); ++i)
             up ? VolUp() : VolDown();
-    } else if (n_.audio.PlayMode == PlayFM) {
+    } else if (n_.audio.PlayMode == PlayXM || n_.audio.PlayMode == PlayAudio) {
+        up ? MoveUp() : MoveDown();
+    } else {
         WithSource(up ? "FineTuneUp" : "FineTuneDown",
                    [&](PlayerSource& source) { up ? source.DoFF() : source.DoRW(); });
-    } else {
-        up ? MoveUp() : MoveDown();
     }
 }
 

@@ -179,7 +179,11 @@ TEST_F(AudioPlayerTest, WithoutTunerOrCardTheirOperationsDoNothing) {
     for (const auto press : {&AudioPlayer::MoveAhead, &AudioPlayer::DoFF, &AudioPlayer::runok,
                              &AudioPlayer::VolUp, &AudioPlayer::domute})
         (player().*press)();
-    player().Wheel(1);
+    for (const auto mode : {PlayFM, PlayNone}) {
+        audio.PlayMode = mode;
+        player().Wheel(-1);
+    }
+    EXPECT_EQ(list.iSelected, 0) << "it tunes";
     clock.Advance(2000);
     EXPECT_TRUE(process.wire.sent.empty());
     EXPECT_TRUE(view.volumes.empty());
