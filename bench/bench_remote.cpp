@@ -33,7 +33,7 @@ class Wired {
         settings_.Write("remote", "type", type);
         settings_.Write("remote", "comport", app_.File("receiver"));
         settings_.values.remoteStatus = true;
-        remote_.IRCommand = [this](const std::string&) {
+        remote_.IRCommand = [this](const std::string&, bool) {
             done_ = std::chrono::steady_clock::now();
         };
         opened = remote_.InitRemote();

@@ -14,6 +14,8 @@ class LocalStream {
     /// Never waits; false when nobody listens at `path`.
     virtual bool Connect(const std::string& path) = 0;
     virtual void Close() = 0;
+    /// Takes the bytes that wait, 64 KiB at most; never waits.
+    virtual std::string Input() = 0;
 
     /// Bytes as they come, in pieces of any length. Both may close the connection, but must not
     /// destroy it.

@@ -40,9 +40,7 @@ LircReceiver::LircReceiver(std::unique_ptr<LocalStream> stream, std::vector<std:
                            Clock& clock, const DebugLog& log)
     : stream_(std::move(stream)), sockets_(std::move(sockets)),
       link_(clock, log, "lircd", [this] { return Connect(); }) {
-    stream_->onBytes = [this](std::string_view bytes) {
-        lines_.Feed(bytes, [this](std::string_view line) { Line(line); });
-    };
+    stream_->onBytes = [this](std::string_view bytes) { Feed(bytes); };
     stream_->onClosed = [this] { link_.Lost(); };
 }
 
@@ -61,9 +59,22 @@ bool LircReceiver::Connect() {
                        [this](const std::string& path) { return stream_->Connect(path); });
 }
 
-void LircReceiver::Line(std::string_view line) {
-    const auto button = LircButton(line);
-    if (button && onCode) onCode(*button);
+// All lines are cut before the first is told: events run while a code is carried out, and further
+// bytes may come with them.
+void LircReceiver::Feed(std::string_view bytes) {
+    std::vector<std::string> buttons;
+    lines_.Feed(bytes, [&](std::string_view line) {
+        if (auto button = LircButton(line)) buttons.push_back(std::move(*button));
+    });
+    if (!buttons.empty()) link_.Works();
+    const int cleared = cleared_;
+    for (const std::string& button : buttons)
+        if (cleared == cleared_ && onCode) onCode(button);
+}
+
+void LircReceiver::ClearBuff() {
+    ++cleared_;
+    lines_.Feed(stream_->Input(), [](std::string_view) {});
 }
 
 } // namespace vk

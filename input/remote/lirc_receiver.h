@@ -34,14 +34,17 @@ class LircReceiver : public RemoteReceiver {
                  Clock& clock, const DebugLog& log);
     bool Start() override;
     void Stop() override;
+    bool Ready() const override { return link_.Connected(); }
+    void ClearBuff() override;
 
   private:
     bool Connect();
-    void Line(std::string_view line);
+    void Feed(std::string_view bytes);
 
     std::unique_ptr<LocalStream> stream_;
     std::vector<std::string> sockets_;
     LineSplitter lines_{MaxLine};
+    int cleared_ = 0; ///< how often the buffer was
     Reconnector link_;
 };
 

@@ -10,20 +10,26 @@
 
 namespace vk {
 
-/// Opens a device, and opens it again after it was lost.
+/// Opens a device, and opens it again after it was lost. A loose plug costs no log lines: the
+/// device counts as found only once it has proved to work.
 class Reconnector {
   public:
     /// Between two tries, in milliseconds.
     static constexpr int RetryMs = 3000;
+    /// A device that stays so long is found, in milliseconds.
+    static constexpr int HoldMs = 10'000;
 
     /// `connect` tries once and tells whether the device is there; `name` is for the log.
     Reconnector(Clock& clock, const DebugLog& log, std::string name, std::function<bool()> connect);
 
     /// The first try. When it fails the tries go on until `Stop`.
     bool Start();
+    /// To be called when the device has given a code.
+    void Works();
     /// To be called when the device has gone.
     void Lost();
     void Stop();
+    bool Connected() const { return connected_; }
 
   private:
     void Retry();
@@ -31,7 +37,10 @@ class Reconnector {
     const DebugLog& log_;
     std::string name_;
     std::function<bool()> connect_;
+    bool connected_ = false;
+    bool found_ = false; ///< what the log says, or its reader takes for granted
     std::unique_ptr<Timer> retry_;
+    std::unique_ptr<Timer> hold_;
 };
 
 } // namespace vk

@@ -77,17 +77,19 @@ std::unique_ptr<RemoteReceiver> Remote::MakeUuirt() {
 }
 
 void Remote::Received(const std::string& code) {
-    const bool dropped = busy_ && !(dialogOpen && dialogOpen());
-    if (!PassesFilter(code) || !n_.settings.values.remoteStatus || dropped) return;
-    RunCommand(code);
+    const bool dropped = busy_ && !(withinCommand && withinCommand(code));
+    const Heard heard = Filtered(code);
+    if (heard == Heard::Dropped || !n_.settings.values.remoteStatus || dropped) return;
+    RunCommand(code, heard == Heard::Repeat);
     ClearBuff();
+    filter_.Resume(n_.clock.Now().SecondsOfDay());
 }
 
-bool Remote::PassesFilter(const std::string& code) {
+Heard Remote::Filtered(const std::string& code) {
     const double now = n_.clock.Now().SecondsOfDay();
     if (!learn.empty()) {
         filter_.Note(code, now);
-        return true;
+        return Heard::Press;
     }
     const Settings& s = n_.settings.values;
     const float speed = static_cast<float>(s.speed) / 1000 * speedFactor_;
@@ -95,11 +97,11 @@ bool Remote::PassesFilter(const std::string& code) {
     return filter_.Accept(code, now, {speed, delay});
 }
 
-void Remote::RunCommand(const std::string& code) {
+void Remote::RunCommand(const std::string& code, bool repeat) {
     const auto command = IRCommand;
     if (!command) return;
     const bool before = std::exchange(busy_, true);
-    TrapAndLog(n_.report, "An error occured in astart.IRCommand ", [&] { command(code); });
+    TrapAndLog(n_.report, "An error occured in astart.IRCommand ", [&] { command(code, repeat); });
     busy_ = before;
 }
 

@@ -50,16 +50,19 @@ class Remote {
     void CloseRemote();
     /// Drops codes that were received and not yet carried out.
     void ClearBuff();
+    /// True while the receiver is there; false also when the remote is disabled.
+    bool Ready() const { return receiver_ && receiver_->Ready(); }
 
     /// The text that goes into key learn when the system ends: the interval in milliseconds, four
     /// characters at most, or "0".
     std::string LearnText() const;
 
-    /// Gets each code that is to be carried out. While it runs further codes are dropped. Its
-    /// exceptions are logged.
-    std::function<void(const std::string& code)> IRCommand;
-    /// True while a dialog waits for an answer: codes are carried out then, even within a command.
-    std::function<bool()> dialogOpen;
+    /// Gets each code that is to be carried out, and whether its button is just held on. While it
+    /// runs further codes are dropped. Its exceptions are logged.
+    std::function<void(const std::string& code, bool repeat)> IRCommand;
+    /// True for a code that is carried out even within a command: a dialog waits for an answer, or
+    /// the command may be ended.
+    std::function<bool(const std::string& code)> withinCommand;
 
     /// Not empty while the settings page collects codes: they come unfiltered then.
     std::string learn;
@@ -71,8 +74,8 @@ class Remote {
     std::unique_ptr<RemoteReceiver> MakeLirc();
     std::unique_ptr<RemoteReceiver> MakeUuirt();
     void Received(const std::string& code);
-    bool PassesFilter(const std::string& code);
-    void RunCommand(const std::string& code);
+    Heard Filtered(const std::string& code);
+    void RunCommand(const std::string& code, bool repeat);
 
     Needs n_;
     RepeatFilter filter_;

@@ -14,6 +14,8 @@ class RemoteReceiver {
     virtual bool Start() = 0;
     /// Closes the device and stops waiting for it.
     virtual void Stop() = 0;
+    /// True while the device is there.
+    virtual bool Ready() const = 0;
     /// Drops what was received and not yet told.
     virtual void ClearBuff() {}
 

@@ -11,23 +11,36 @@ struct RepeatBounds {
     float delay = 0; ///< how long a button is held before it repeats; 0 repeats at once
 };
 
+/// What a code is.
+enum class Heard {
+    Dropped, ///< too soon: not to be carried out
+    Press,
+    Repeat ///< of a button that is still held
+};
+
 /// Lets the first code of a press through, then, while the same code keeps coming, repeats at the
 /// pace `speed` from `delay` on. A code that comes back later than 1.4 times the delay is a new
 /// press, and so is any other code.
 class RepeatFilter {
   public:
-    /// True when `code`, received at `secondsOfDay`, is to be carried out.
-    bool Accept(const std::string& code, double secondsOfDay, const RepeatBounds& bounds);
+    /// The same code within this time is that of a button still held, whatever the bounds let
+    /// through; seconds. Receivers send about ten a second.
+    static constexpr float HeldSeconds = 0.4F;
+
+    /// What `code`, received at `secondsOfDay`, is.
+    Heard Accept(const std::string& code, double secondsOfDay, const RepeatBounds& bounds);
     /// Takes note of a code that is carried out without being filtered.
     void Note(const std::string& code, double secondsOfDay);
+    /// Time that passed without codes being heard does not count as a release of the button.
+    void Resume(double secondsOfDay) { heardTime_ = static_cast<float>(secondsOfDay); }
 
   private:
-    float SinceLast(float now) const;
-
     std::string lastIRCode;
     float lastIRTime = 0;      ///< seconds of the day of the last code let through
     bool repeatActive = false; ///< a code was let through: what follows may be its repeats
     bool firstCode = false;    ///< of the press only the first code was let through so far
+    std::string heard_;        ///< the last code, let through or not
+    float heardTime_ = 0;
 };
 
 } // namespace vk

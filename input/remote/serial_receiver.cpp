@@ -64,8 +64,8 @@ void SerialReceiver::WakeUpStep() {
 void SerialReceiver::MSComm1_OnComm(int commEvent) {
     if (commEvent == comEvReceive) return Receive();
     if (commEvent < comEventBreak) return;
-    if (commEvent != comEventDCB)
-        return n_.log.WriteDebugLog("Remote: CommEvent " + std::to_string(commEvent));
+    n_.log.WriteDebugLog("Remote: CommEvent " + std::to_string(commEvent));
+    if (commEvent != comEventDCB) return;
     Stop();
     link_.Lost();
 }
@@ -83,7 +83,9 @@ void SerialReceiver::EndOfBurst() {
     quiet_->Stop();
     skipBurst_ = false;
     const std::string code = CodeText(std::exchange(irBuffer, {}));
-    if (!code.empty() && onCode) onCode(code);
+    if (code.empty()) return;
+    link_.Works();
+    if (onCode) onCode(code);
 }
 
 void SerialReceiver::ClearBuff() {

@@ -50,6 +50,7 @@ class SerialReceiver : public RemoteReceiver {
     explicit SerialReceiver(Needs needs);
     bool Start() override;
     void Stop() override;
+    bool Ready() const override { return link_.Connected(); }
     /// Also drops the rest of a burst that is under way.
     void ClearBuff() override;
 

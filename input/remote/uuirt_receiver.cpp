@@ -1,5 +1,6 @@
 #include "input/remote/uuirt_receiver.h"
 
+#include <atomic>
 #include <cstring>
 #include <utility>
 
@@ -36,12 +37,18 @@ std::string Bit(std::uint32_t config, std::uint32_t bit) {
 
 } // namespace
 
-/// Where the driver's thread leaves codes. Constant once made; `owner` is used on the
-/// user-interface thread alone.
+/// Where the driver's thread leaves codes. Constant once made but for `cleared`; `owner` is used on
+/// the user-interface thread alone.
 struct UuirtReceiver::Inbox {
     UiThread& ui;
     UuirtReceiver* owner;
-    std::weak_ptr<Inbox> self;
+    std::weak_ptr<Inbox> self = {};
+    std::atomic<int> cleared = 0; ///< how often: codes from before do not count
+
+    void Tell(const std::string& text) const {
+        owner->link_.Works();
+        if (owner->onCode) owner->onCode(text);
+    }
 
     static void VK_UUIRT_CALL Receive(const char* code, void* userData) {
         if (!code || !userData) return;
@@ -49,16 +56,20 @@ struct UuirtReceiver::Inbox {
         const void* end = std::memchr(code, 0, MaxCode);
         const auto size =
             end ? static_cast<std::size_t>(static_cast<const char*>(end) - code) : MaxCode;
-        inbox.ui.Post([weak = inbox.self, text = std::string(code, size)] {
-            const auto alive = weak.lock();
-            if (alive && !text.empty() && alive->owner->onCode) alive->owner->onCode(text);
-        });
+        inbox.ui.Post(
+            [weak = inbox.self, text = std::string(code, size), cleared = inbox.cleared.load()] {
+                const auto alive = weak.lock();
+                if (alive && !text.empty() && cleared == alive->cleared) alive->Tell(text);
+            });
     }
 };
 
 UuirtReceiver::UuirtReceiver(Needs needs)
-    : n_(std::move(needs)), probe_(n_.clock.MakeTimer([this] { Probe(); })),
-      link_(n_.clock, n_.log, "USB-UIRT", [this] { return Open(); }) {}
+    : n_(std::move(needs)), inbox_(new Inbox{n_.ui, this}),
+      probe_(n_.clock.MakeTimer([this] { Probe(); })),
+      link_(n_.clock, n_.log, "USB-UIRT", [this] { return Open(); }) {
+    inbox_->self = inbox_;
+}
 
 UuirtReceiver::~UuirtReceiver() {
     CloseDevice();
@@ -106,6 +117,8 @@ bool UuirtReceiver::Open() {
         Fail(OpenErrorText(driver_->library->LastError()));
         return false;
     }
+    answered_ = false;
+    probe_->Start(ProbeMs);
     TellInfo();
     TellConfig();
     return ListenForCodes();
@@ -115,10 +128,10 @@ void UuirtReceiver::TellInfo() {
     UUINFO info{};
     if (!driver_->UUIRTGetUUIRTInfo(device_, &info))
         return Fail("*** ERROR Retrieving USB-UIRT Information! ***");
+    answered_ = true;
     Log("FirmwareVer=" + Version(info.fwVersion) + " ProtVer=" + Version(info.protVersion) +
         " FirmwareDate=" + std::to_string(info.fwDateMonth) + "/" + std::to_string(info.fwDateDay) +
         "/" + std::to_string(info.fwDateYear + 2000));
-    probe_->Start(ProbeMs);
 }
 
 void UuirtReceiver::TellConfig() {
@@ -131,8 +144,6 @@ void UuirtReceiver::TellConfig() {
 }
 
 bool UuirtReceiver::ListenForCodes() {
-    inbox_ = std::make_shared<Inbox>(Inbox{n_.ui, this, {}});
-    inbox_->self = inbox_;
     if (driver_->UUIRTSetReceiveCallback(device_, &Inbox::Receive, inbox_.get())) return true;
     CloseDevice();
     Fail(OpenErrorText(0));
@@ -142,7 +153,11 @@ bool UuirtReceiver::ListenForCodes() {
 // A device whose information could be had once, and cannot any more, was pulled out.
 void UuirtReceiver::Probe() {
     UUINFO info{};
-    if (driver_->UUIRTGetUUIRTInfo(device_, &info)) return;
+    const bool answers = driver_->UUIRTGetUUIRTInfo(device_, &info);
+    if (answers || !answered_) {
+        answered_ = answers;
+        return;
+    }
     CloseDevice();
     link_.Lost();
 }
@@ -154,7 +169,11 @@ void UuirtReceiver::CloseDevice() {
         driver_->UUIRTClose(device_);
     }
     device_ = UUIRTCalls::InvalidHandle();
-    inbox_.reset(); // the driver's thread has ended by now
+    ClearBuff();
+}
+
+void UuirtReceiver::ClearBuff() {
+    ++inbox_->cleared;
 }
 
 } // namespace vk

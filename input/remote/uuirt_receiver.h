@@ -40,6 +40,8 @@ class UuirtReceiver : public RemoteReceiver {
     /// there are no later tries.
     bool Start() override;
     void Stop() override;
+    bool Ready() const override { return link_.Connected(); }
+    void ClearBuff() override;
 
   private:
     struct Inbox;
@@ -57,8 +59,9 @@ class UuirtReceiver : public RemoteReceiver {
     Needs n_;
     std::optional<UUIRTCalls> driver_;
     UUIRTCalls::Handle device_ = UUIRTCalls::InvalidHandle();
-    std::shared_ptr<Inbox> inbox_;
-    bool starting_ = false; ///< failures are shown, and what the device says is logged
+    std::shared_ptr<Inbox> inbox_; ///< as long as this: a driver may tell a code late
+    bool answered_ = false;        ///< the device has told about itself
+    bool starting_ = false;        ///< failures are shown, and what the device says is logged
     std::unique_ptr<Timer> probe_;
     Reconnector link_;
 };

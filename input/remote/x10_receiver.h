@@ -27,6 +27,8 @@ class X10Receiver : public RemoteReceiver {
     // The object stays until this goes: the call may come out of its own event.
     void Stop() override { stopped_ = true; }
 
+    bool Ready() const override { return CPRemote_ != nullptr; }
+
   private:
     void CPRemote_X10Command(const std::string& house, const std::string& command) {
         if (onCode && !stopped_) onCode(house + command);

@@ -31,8 +31,9 @@ struct RemoteFixture : testing::Test, CoreFixture {
         settings.values.speed = 171;
         settings.values.delay = 700;
         settings.values.UseDelay = true;
-        remote.IRCommand = [this](const std::string& code) {
+        remote.IRCommand = [this](const std::string& code, bool repeat) {
             commands.push_back(code);
+            repeats += repeat;
             if (onCommand) onCommand();
         };
     }
@@ -63,6 +64,7 @@ struct RemoteFixture : testing::Test, CoreFixture {
 
     using Commands = std::vector<std::string>;
     Commands commands;
+    int repeats = 0; ///< of the commands: those of a button held on
     std::function<void()> onCommand;
     FakeUiThread ui;
     FakeSerialPort* port = nullptr; ///< of the receiver that was opened last

@@ -1,4 +1,5 @@
 // From the bytes on the line to the command, by settings, filter and busy flag.
+#include "input/remote/reconnector.h"
 #include "tests/input/remote_fixture.h"
 
 #include <stdexcept>
@@ -73,13 +74,14 @@ TEST_F(RemoteTest, CodesDuringACommandAreDropped) {
     EXPECT_EQ(commands, Commands{"1"});
     Burst("\x05");
     EXPECT_EQ(commands, (Commands{"1", "5"}));
-    remote.dialogOpen = [] { return true; };
+    remote.withinCommand = [](const std::string& code) { return code == "6"; };
     onCommand = [this] {
         onCommand = {};
+        Burst("\x04");
         Burst("\x06");
     };
     Burst("\x07");
-    EXPECT_EQ(commands, (Commands{"1", "5", "7", "6"})) << "a dialog is answered within a command";
+    EXPECT_EQ(commands, (Commands{"1", "5", "7", "6"})) << "this one may come within a command";
 }
 
 TEST_F(RemoteTest, AHeldButtonRepeatsAndTheLearningPageGetsEveryCode) {
@@ -87,6 +89,7 @@ TEST_F(RemoteTest, AHeldButtonRepeatsAndTheLearningPageGetsEveryCode) {
     OpenCreative();
     const auto hold = [this](int bursts) {
         commands.clear();
+        repeats = 0;
         for (int i = 0; i < bursts; ++i) {
             Burst("\x01");
             clock.Advance(80); // a burst every 100 ms
@@ -94,10 +97,18 @@ TEST_F(RemoteTest, AHeldButtonRepeatsAndTheLearningPageGetsEveryCode) {
         return commands.size();
     };
     EXPECT_EQ(hold(8), 2u) << "at once and after the delay";
+    EXPECT_EQ(repeats, 1);
     EXPECT_EQ(hold(8), 4u) << "then at the pace, to the next burst";
     settings.values.UseDelay = false;
     clock.Advance(5000);
     EXPECT_EQ(hold(8), 4u) << "without the delay at the pace from the start";
+    EXPECT_EQ(repeats, 3);
+    onCommand = [this] {
+        onCommand = {};
+        clock.Sleep(2000); // a command that lets no events run
+    };
+    EXPECT_EQ(hold(3), 2u);
+    EXPECT_EQ(repeats, 2) << "the button was held all the time";
     remote.learn = "learn";
     EXPECT_EQ(hold(8), 8u);
     settings.values.remoteStatus = false;
@@ -112,15 +123,21 @@ TEST_F(RemoteTest, AReceiverThatComesAndGoesCostsOneLineEach) {
     EXPECT_EQ(app.Read("debug.log"), "") << "what is missing from the start is the caller's line";
     port->present = true;
     clock.Advance(3010);
-    EXPECT_EQ(LinesLogged("Remote receiver found: /dev/ttyS1"), 1);
+    EXPECT_FALSE(Logged("found")) << "it has not proved to work";
     Burst("\x01");
+    EXPECT_EQ(LinesLogged("Remote receiver found: /dev/ttyS1"), 1);
     port->OnComm(comEventFrame);
-    port->Unplug();
-    clock.Advance(60'000);
+    for (int loosePlug = 0; loosePlug < 5; ++loosePlug) {
+        port->Unplug();
+        EXPECT_FALSE(remote.Ready());
+        port->present = true;
+        clock.Advance(9000);
+        EXPECT_TRUE(remote.Ready());
+    }
     EXPECT_EQ(LinesLogged("Remote: CommEvent 1004"), 1);
+    EXPECT_EQ(LinesLogged("Remote: CommEvent 1011"), 5);
     EXPECT_EQ(LinesLogged("Remote receiver lost: /dev/ttyS1"), 1);
-    port->present = true;
-    clock.Advance(3010);
+    clock.Advance(Reconnector::HoldMs);
     EXPECT_EQ(LinesLogged("found"), 2);
     Burst("\x01");
     EXPECT_EQ(commands.size(), 2u);

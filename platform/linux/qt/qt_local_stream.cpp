@@ -35,6 +35,14 @@ void QtLocalStream::Close() {
     socket_.Close();
 }
 
+// An end of the stream that is met here is met again by `Read`.
+std::string QtLocalStream::Input() {
+    std::string bytes(65536, '\0');
+    const ssize_t got = socket_ ? ::recv(socket_.get(), bytes.data(), bytes.size(), 0) : 0;
+    bytes.resize(got > 0 ? static_cast<std::size_t>(got) : 0);
+    return bytes;
+}
+
 // One piece a turn of the event loop: a peer that never stops must not hold up everything else.
 void QtLocalStream::Read() {
     std::array<char, 4096> buffer;

@@ -14,6 +14,7 @@ class QtLocalStream : public LocalStream {
   public:
     bool Connect(const std::string& path) override;
     void Close() override;
+    std::string Input() override;
 
   private:
     void Read();
