@@ -27,12 +27,36 @@ Application::Application(const std::string& appDir)
     report_.unloadAll = [this] { Quit(false); };
     background_.hide(); // until the start reaches it: messages may come before
     dialogs_.SetSkin(&skin_);
-    host_.onKey = [this](const std::string& code) { return !ending_ && input_.Key(code); };
-    host_.onClose = [this] { Quit(false); };
-    remote_.IRCommand = [this](const std::string& code) {
-        if (!ending_) input_.IRCommand(code);
+    dialogs_.SetKeys(&keys_);
+    QCoreApplication::instance()->installEventFilter(&touches_);
+    host_.onKey = [this](const std::string& code, bool repeat) {
+        return !ending_ && input_.Key(code, repeat);
     };
-    remote_.dialogOpen = [this] { return dialogs_.Active(); };
+    host_.onClose = [this] { Quit(false); };
+    remote_.IRCommand = [this](const std::string& code, bool repeat) {
+        if (!ending_) input_.IRCommand(code, repeat);
+    };
+    remote_.withinCommand = [this](const std::string& code) {
+        return dialogs_.Active() || InputCode(code, remoteKeys_).Mapped(Action::quit);
+    };
+}
+
+InputRouter::Needs Application::RouterNeeds() {
+    return {.screens = screens_,
+            .newScreen = newScreen_,
+            .clock = clock_,
+            .keys = keys_,
+            .remoteKeys = remoteKeys_,
+            .dialog = [this](const InputCode& code,
+                             bool repeat) { return dialogs_.DoAction(code, repeat); },
+            .dialogChanges = [this] { return dialogs_.Changes(); },
+            .powerAction =
+                [this] {
+                    const bool ends = settings_.values.ShutDownMode == 0;
+                    const ScreenOperations* screen = screens_.Current();
+                    if (ends && screen) screen->switchingform();
+                    if (menuScreen_) menuScreen_->menu().Exit();
+                }};
 }
 
 Application::~Application() {
@@ -128,7 +152,7 @@ void Application::LoadSettingsScreen() {
 void Application::LoadSettingsPages() {
     keyboardPage_ = std::make_unique<settingsKeyboard>(
         LearningPage::Needs{controls_, screens_, keys_, "settingsKeyboard"},
-        KeyboardLearning::Needs{settings_, report_, keys_}, &host_);
+        KeyboardLearning::Needs{settings_, report_, clock_, keys_}, &host_);
     remotePage_ = std::make_unique<settingsRemote>(
         LearningPage::Needs{controls_, screens_, keys_, "settingsRemote"}, LearningNeeds(), &host_);
     screens_.Add("settingsKeyboard", *keyboardPage_);
@@ -143,6 +167,7 @@ RemoteLearning::Needs Application::LearningNeeds() {
             .beeper = beeper_,
             .codes = remoteKeys_,
             .initRemote = [this] { return remote_.InitRemote(); },
+            .ready = [this] { return remote_.Ready(); },
             .collect = [this](bool on) { remote_.learn = on ? "learn" : ""; },
             .setInterval = [this](float seconds) { remote_.learnInterval = seconds; }};
 }
@@ -242,9 +267,16 @@ MainMenu::Needs Application::MenuNeeds() {
             .unloadSettings = [this] { UnloadSettingsScreen(); },
             .loadGPS = [this] { start_.LoadGPS(); },
             .exitApplication = [this] { Quit(false); },
-            .powerAction = {},
+            .powerAction = [this] { PowerAction(); },
             .setDimmer = {},
             .clearRemote = [this] { remote_.ClearBuff(); }};
+}
+
+// In mode 0 the menu ends the system; who turns the machine off then is not up to this version.
+void Application::PowerAction() {
+    const auto mode = settings_.values.ShutDownMode;
+    if (mode == 1 || mode == 2)
+        dialogs_.ShowMessage("Hibernation and standby are not part of this version.");
 }
 
 BrowserNeeds Application::BrowserScreenNeeds() {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "app/host_window.h"
+#include "app/touch_filter.h"
 #include "core/app_state.h"
 #include "core/file_registry.h"
 #include "core/menu/daylight.h"
@@ -11,6 +12,7 @@
 #include "core/startup/astart.h"
 #include "input/input_router.h"
 #include "input/key_map.h"
+#include "input/new_screen.h"
 #include "input/remote/remote.h"
 #include "library/browser_state.h"
 #include "library/catalogue/updates.h"
@@ -60,6 +62,7 @@ class Application {
   private:
     ScreenLoader MakeLoader();
     Remote::Needs RemoteNeeds();
+    InputRouter::Needs RouterNeeds();
     astart::Needs StartNeeds();
     MainMenu::Needs MenuNeeds();
     BrowserNeeds BrowserScreenNeeds();
@@ -74,6 +77,7 @@ class Application {
     RemoteLearning::Needs LearningNeeds();
     void UnloadSettingsScreen();
     void UnloadScreens();
+    void PowerAction();
     /// The one object for the sound card, made by the first screen that needs it.
     cVolume& Volume();
     void SoundCardChanged(bool present);
@@ -103,12 +107,13 @@ class Application {
     Ini ini_{state_.DecimalSymbol, report_};
     SettingsStore settings_;
     Screens screens_;
+    NewScreen newScreen_{screens_, clock_};
+    TouchFilter touches_{newScreen_};
     SkinStore skin_;
     KeyMap keys_;
     RemoteMap remoteKeys_;
     Remote remote_{RemoteNeeds()};
-    InputRouter input_{{screens_, clock_, keys_, remoteKeys_,
-                        [this](const InputCode& code) { return dialogs_.DoAction(code); }}};
+    InputRouter input_{RouterNeeds()};
     AudioState audio_;
     BrowserState browser_;
     VideoState video_;

@@ -31,8 +31,7 @@ bool HostWindow::Exposed() const {
 
 void HostWindow::keyPressEvent(QKeyEvent* event) {
     const std::string code = VirtualKeyText(*event);
-    const bool used = !code.empty() && onKey && onKey(code);
-    event->setAccepted(used);
+    event->setAccepted(onKey && onKey(code, event->isAutoRepeat()));
 }
 
 void HostWindow::closeEvent(QCloseEvent* event) {

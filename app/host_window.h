@@ -18,8 +18,9 @@ class HostWindow : public QWidget {
     /// True once the window can be seen.
     bool Exposed() const;
 
-    /// Takes the key's code as decimal text; tells whether it was used.
-    std::function<bool(const std::string&)> onKey;
+    /// Takes the key's code as decimal text, empty for a key without one, and whether the key is
+    /// just held on; tells whether it was used.
+    std::function<bool(const std::string&, bool repeat)> onKey;
     /// The user or the session wants the window closed.
     std::function<void()> onClose;
 

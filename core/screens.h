@@ -6,6 +6,7 @@
 #include <functional>
 #include <map>
 #include <string>
+#include <string_view>
 #include <utility>
 
 namespace vk {
@@ -44,11 +45,34 @@ struct ScreenOperations {
     std::function<void()> ReDisplay, DoPause;
 };
 
+/// The name of the screen in front. A change of it is told, whoever makes it.
+class FrontName {
+  public:
+    FrontName& operator=(std::string_view name) {
+        if (name == name_) return *this;
+        name_ = name;
+        if (onChange) onChange();
+        return *this;
+    }
+    void clear() { *this = std::string_view(); }
+    bool starts_with(std::string_view text) const { return name_.starts_with(text); }
+    const std::string& Text() const { return name_; }
+    operator std::string_view() const { return name_; }
+    friend bool operator==(const FrontName& form, std::string_view name) {
+        return form.name_ == name;
+    }
+
+    std::function<void()> onChange;
+
+  private:
+    std::string name_;
+};
+
 /// The loaded screens and `CurrentForm`, the name of the one in front: the one truth for routing
 /// input.
 class Screens {
   public:
-    std::string CurrentForm;
+    FrontName CurrentForm;
 
     /// Registers a loaded screen; it must outlive this object or be removed.
     template<Screen T> void Add(const std::string& name, T& screen) {
@@ -80,7 +104,7 @@ class Screens {
     /// The named screen's operations, null when it is not loaded.
     const ScreenOperations* Find(const std::string& name) const;
     /// The screen in front, null when `CurrentForm` names none that is loaded.
-    const ScreenOperations* Current() const { return Find(CurrentForm); }
+    const ScreenOperations* Current() const { return Find(CurrentForm.Text()); }
     /// Shows a screen by its `ReShow`; false when it is not loaded.
     bool Show(const std::string& name) const;
     /// The same by its `ReDisplay`; a screen without one is shown by `ReShow`.

@@ -54,6 +54,11 @@ inline const ActionNames& NamesOf(Action action) {
     return Actions[static_cast<std::size_t>(action)];
 }
 
+/// True for those that every screen is worked by: ok, quit and the four arrows.
+inline bool HasFixedKey(Action action) {
+    return *NamesOf(action).fixed != 0;
+}
+
 /// A code text for each action; empty where there is none.
 class ActionCodes {
   public:
@@ -83,8 +88,7 @@ class InputCode {
     /// As it came.
     const std::string& Text() const { return text_; }
     bool FromKeyboard() const { return key_; }
-    /// True when this is the fixed key of `action`. Counts only after everything mapped, so that a
-    /// map may give it another meaning.
+    /// True when this is the fixed key of `action`.
     bool Fixed(Action action) const {
         return key_ && !text_.empty() && text_ == NamesOf(action).fixed;
     }
@@ -102,15 +106,21 @@ template<class Screen> struct ActionRow {
 };
 
 /// Runs the operation of the first row whose action `code` stands for; false when there is none.
+/// What moves about comes first, as mapped, then by its fixed keys: a map may exchange the arrows,
+/// but no other action can take them away, nor Enter and Escape.
 template<class Screen, class Rows>
 bool RunAction(Screen& screen, const Rows& rows, const InputCode& code) {
-    for (const auto matches : {&InputCode::Mapped, &InputCode::Fixed})
+    const auto run = [&](const auto& matches) {
         for (const ActionRow<Screen>& row : rows)
-            if ((code.*matches)(row.action)) {
+            if (matches(row.action)) {
                 (screen.*row.operation)();
                 return true;
             }
-    return false;
+        return false;
+    };
+    return run([&](Action action) { return HasFixedKey(action) && code.Mapped(action); }) ||
+           run([&](Action action) { return code.Fixed(action); }) ||
+           run([&](Action action) { return code.Mapped(action); });
 }
 
 } // namespace vk

@@ -1,46 +1,60 @@
 #include "input/input_router.h"
 
-#include <utility>
+#include <algorithm>
+#include <array>
 
 namespace vk {
 
-bool InputRouter::Key(const std::string& code) {
+bool InputRouter::Key(const std::string& code, bool repeat) {
     const InputCode key(code, n_.keys);
     const ScreenOperations* screen = n_.screens.Current();
-    if (!screen || code.empty()) return false;
-    if (Dropped(key, true)) return true;
+    if (!screen) return false;
+    if (!repeat) key_ = Now(code);
+    if (repeat && (key_ != Now(code) || !Repeats(key))) return true;
+    if (Dropped(key, repeat)) return true;
     return Run([&] { return screen->Form_KeyDown(code) || Power(key); });
 }
 
-void InputRouter::IRCommand(const std::string& code) {
+void InputRouter::IRCommand(const std::string& code, bool repeat) {
     const InputCode input(code, n_.remoteKeys);
-    if (n_.dialog && n_.dialog(input)) return;
+    if (!repeat) button_ = Now(code);
+    if (repeat && button_ != Now(code)) return;
+    if (n_.dialog && n_.dialog(input, repeat)) return;
     const ScreenOperations* screen = n_.screens.Current();
-    if (!screen || code.empty() || Dropped(input, false)) return;
+    if (!screen || code.empty() || Dropped(input, repeat)) return;
     Run([&] { return Power(input) || screen->DoAction(input); });
 }
 
-bool InputRouter::Dropped(const InputCode& code, bool mayInterrupt) const {
-    const std::int64_t now = n_.clock.TickMs();
-    if (!running_) return now < deafUntilMs_;
+InputRouter::Press InputRouter::Now(const std::string& code) const {
+    return {code, n_.screens.CurrentForm.Text(), n_.dialogChanges ? n_.dialogChanges() : 0};
+}
+
+// What goes on while its key is held. On the page that learns keys nothing does: the key that armed
+// a function may still be held.
+bool InputRouter::Repeats(const InputCode& key) const {
+    static constexpr std::array Held = {
+        Action::up,       Action::down, Action::back,  Action::forward, Action::pageup,
+        Action::pagedown, Action::vup,  Action::Vdown, Action::FF,      Action::REW};
+    if (n_.screens.CurrentForm == "settingsKeyboard") return false;
+    return std::ranges::any_of(
+        Held, [&](Action action) { return key.Mapped(action) || key.Fixed(action); });
+}
+
+bool InputRouter::Dropped(const InputCode& code, bool repeat) const {
+    if (!running_) return n_.newScreen.Deaf();
     const bool quit = code.Mapped(Action::quit) || code.Fixed(Action::quit);
-    return !mayInterrupt || !quit || now - startedMs_ < InterruptMs;
+    return repeat || !quit || n_.clock.TickMs() - startedMs_ < InterruptMs;
 }
 
 bool InputRouter::Run(const std::function<bool()>& command) {
     if (running_) return command();
     struct Running {
-        InputRouter& router;
-        const std::string form = router.n_.screens.CurrentForm;
-        ~Running() {
-            router.running_ = false;
-            if (router.n_.screens.CurrentForm != form)
-                router.deafUntilMs_ = router.n_.clock.TickMs() + NewScreenMs;
-        }
+        bool& running;
+        ~Running() { running = false; }
     };
     running_ = true;
     startedMs_ = n_.clock.TickMs();
-    const Running running{*this};
+    const Running running{running_};
     return command();
 }
 

@@ -3,52 +3,65 @@
 
 #include "core/screens.h"
 #include "input/actions.h"
+#include "input/new_screen.h"
 #include "platform/clock.h"
 
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <utility>
 
 namespace vk {
 
 /// While a command runs, and events with it, keys and codes are dropped. So is what comes right
-/// after a change of screen: it was pressed for the screen that has gone.
+/// after a change of screen, and what a key or button goes on sending that is held since before it:
+/// it was pressed for the screen that has gone.
 class InputRouter {
   public:
-    /// After a change of screen; milliseconds. Nobody answers a new screen faster.
-    static constexpr int NewScreenMs = 100;
-    /// A key quit that comes later than this into a command ends it (a long list that is being
-    /// built); milliseconds.
+    /// A quit that comes later than this into a command ends it (a long list that is being built);
+    /// milliseconds.
     static constexpr int InterruptMs = 250;
 
     /// All of it outlives the router.
     struct Needs {
         Screens& screens;
+        const NewScreen& newScreen;
         const Clock& clock;
         const KeyMap& keys;
         const RemoteMap& remoteKeys;
         /// Works the dialog in front; false when there is none. Keys reach dialogs by themselves.
-        std::function<bool(const InputCode&)> dialog = {};
+        std::function<bool(const InputCode&, bool repeat)> dialog = {};
+        /// Another number whenever a dialog has come or gone.
+        std::function<int()> dialogChanges = {};
         std::function<void()> powerAction = {}; ///< empty: power does what the screen makes of it
     };
 
     explicit InputRouter(Needs needs) : n_(std::move(needs)) {}
 
-    /// A key, the decimal text of its code, with "%" in front while Alt is held; true when it was
-    /// used.
-    bool Key(const std::string& code);
+    /// A key, the decimal text of its code, with "%" in front while Alt is held, empty for a key
+    /// that has none; `repeat` when it is being held. True when it was used.
+    bool Key(const std::string& code, bool repeat = false);
     /// A code of the remote.
-    void IRCommand(const std::string& code);
+    void IRCommand(const std::string& code, bool repeat = false);
 
   private:
-    bool Dropped(const InputCode& code, bool mayInterrupt) const;
+    /// What was pressed last, and where.
+    struct Press {
+        std::string code, form;
+        int dialogs = 0;
+        bool operator==(const Press&) const = default;
+    };
+
+    Press Now(const std::string& code) const;
+    bool Repeats(const InputCode& key) const;
+    bool Dropped(const InputCode& code, bool repeat) const;
     bool Run(const std::function<bool()>& command);
     bool Power(const InputCode& code);
 
     Needs n_;
+    Press key_, button_;
     bool running_ = false;
-    std::int64_t startedMs_ = 0;   ///< when the running command began
-    std::int64_t deafUntilMs_ = 0; ///< after a change of screen
+    std::int64_t startedMs_ = 0; ///< when the running command began
 };
 
 } // namespace vk

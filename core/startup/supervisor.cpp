@@ -25,7 +25,8 @@ void astart::WatchPlayer() {
     // The browser would go back to the player screen, whose player has lost its state as well.
     for (int i = 0; i < MostScreensToLeave && n_.screens.CurrentForm != "velkorandum"; ++i)
         if (const ScreenOperations* screen = n_.screens.Current())
-            TrapAndLog(n_.report, "Leaving " + n_.screens.CurrentForm + ": ", screen->doquit);
+            TrapAndLog(n_.report, "Leaving " + n_.screens.CurrentForm.Text() + ": ",
+                       screen->doquit);
 }
 
 void astart::LoadGPS() {
@@ -38,7 +39,7 @@ void astart::Form_QueryUnload(bool osShutdown) {
         return;
     }
     n_.log.WriteDebugLog("shutdown initiated by administrative request - os shutdown");
-    const std::string& form = n_.screens.CurrentForm;
+    const std::string& form = n_.screens.CurrentForm.Text();
     const bool saves =
         form == "playlists" || form == "playmp3" || form == "playmovie" || form == "ExtAppTools";
     if (const ScreenOperations* screen = saves ? n_.screens.Current() : nullptr)

@@ -53,7 +53,7 @@ bool ListDesk::Pulse(std::size_t done) {
         needs.clock.DoEvents();
         needs.app.ListBusy = true; // whatever ran may have finished a list of its own
     }
-    if (needs.screens.CurrentForm.empty()) Abort();
+    if (needs.screens.CurrentForm.Text().empty()) Abort();
     return !aborted_;
 }
 
