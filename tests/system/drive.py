@@ -64,9 +64,9 @@ class SystemTest(Driven):
         self.keys("m")
         wait_for("sound again", lambda: self.master() == (52, 1))
         self.card.unlink()
-        wait_for("the loss", lambda: "The sound card is gone" in self.log())
+        wait_for("the loss", lambda: "There is no sound card now" in self.log())
         self.card.write_bytes(struct.pack("4i", 50, 1, 50, 1))
-        wait_for("the return", lambda: "The sound card is there again" in self.log())
+        wait_for("the return", lambda: "The sound card is there now" in self.log())
         self.keys("u")
         wait_for("a step up", lambda: self.master() == (52, 1))
 
