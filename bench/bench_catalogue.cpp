@@ -250,7 +250,10 @@ class NoView : public BrowserView {
 
 /// The browser on the large catalogue.
 struct LargeBrowser {
-    LargeBrowser() { list.SetGeometry(20, "3", 400); }
+    LargeBrowser() {
+        list.SetGeometry(20, "3", 400);
+        large.screens.CurrentForm = "playlists"; // without a screen the system is ending
+    }
 
     /// "OK" on a row of that descriptor, until the list that it stands for is loaded.
     void Choose(const std::string& descriptor) {
