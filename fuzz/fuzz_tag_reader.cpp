@@ -13,20 +13,19 @@
 
 namespace {
 
-using Reader = void (*)(vk::MediaFile&, const vk::GenreTable&, vk::TagRecord&);
-
 void Check(const vk::TagRecord& tag) {
     for (const std::string* text : {&tag.Title, &tag.Artist, &tag.Album, &tag.Genre})
         if (text->find('\0') != std::string::npos || text->size() > 4 * vk::TagTextLength)
             std::abort();
 }
 
-void Run(Reader reader, const std::string& bytes, const vk::GenreTable& genres) {
+template<class Reader>
+void Run(Reader reader, const std::string& bytes, const vk::GenreTable& genres, auto... options) {
     std::istringstream stream(bytes);
     vk::MediaFile file(stream);
     vk::TagRecord tag;
     try {
-        reader(file, genres, tag);
+        reader(file, genres, tag, options...);
     } catch (const std::exception&) {
         // A damaged tag: what was read before the damage stays.
     }
@@ -44,9 +43,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         return table;
     }();
     const std::string bytes(reinterpret_cast<const char*>(data), size);
-    for (const Reader reader :
-         {vk::ReadID3v22, vk::ReadID3v23, vk::ReadID3v24, vk::ReadVorbisComment})
-        Run(reader, bytes, genres);
+    for (const auto reader : {vk::ReadID3v22, vk::ReadID3v23, vk::ReadID3v24})
+        for (const vk::Picture picture : {vk::Picture::Read, vk::Picture::Skip})
+            Run(reader, bytes, genres, picture);
+    Run(vk::ReadVorbisComment, bytes, genres);
     if (size >= vk::ID3v1Length) Run(vk::ReadID3v1, bytes, genres);
     Check(vk::GetFileNameTag(bytes, vk::MediaAudio));
     return 0;

@@ -18,8 +18,8 @@ bool Between(char32_t value, char32_t first, char32_t last) {
 
 // Takes one unit off the front.
 char32_t TakeUnit(std::string_view& bytes, Utf16Order order) {
-    const auto first = static_cast<std::uint8_t>(bytes[0]);
-    const auto second = static_cast<std::uint8_t>(bytes[1]);
+    const char32_t first = static_cast<std::uint8_t>(bytes[0]);
+    const char32_t second = static_cast<std::uint8_t>(bytes[1]);
     bytes.remove_prefix(2);
     return order == Utf16Order::Little ? first | second << 8 : first << 8 | second;
 }

@@ -58,11 +58,12 @@ class FilesByKey {
     std::optional<std::size_t> Search(std::string_view key) {
         if (sorted_.empty()) Sort();
         std::optional<std::size_t> found;
-        const auto same = std::ranges::equal_range(sorted_, Hash(key), {}, &Entry::hash);
-        for (const Entry& entry : same) {
-            const std::string path = found_.Path(found_.files[entry.index]);
+        const std::size_t hash = Hash(key);
+        auto entry = std::ranges::lower_bound(sorted_, hash, {}, &Entry::hash);
+        for (; entry != sorted_.end() && entry->hash == hash; ++entry) {
+            const std::string path = found_.Path(found_.files[entry->index]);
             if (Escape(path) != key) continue;
-            if (!found || path.find('"') == std::string::npos) found = entry.index;
+            if (!found || path.find('"') == std::string::npos) found = entry->index;
         }
         return found;
     }

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <string>
 #include <vector>
 
 namespace vk {
@@ -59,10 +60,9 @@ using Entry = std::array<char, 12>; // a decomposition as UTF-8, NUL at its end
 std::vector<Entry> MakeEntries() {
     std::vector<Entry> entries(EndListed - FirstListed);
     for (char32_t letter = FirstListed; letter < EndListed; ++letter) {
-        const QByteArray bytes = Expanded(letter).toUtf8();
+        const std::string bytes = Expanded(letter).toUtf8().toStdString();
         Entry& entry = entries[letter - FirstListed];
-        std::copy_n(bytes.begin(), std::min<std::size_t>(bytes.size(), entry.size() - 1),
-                    entry.begin());
+        std::copy_n(bytes.begin(), std::min(bytes.size(), entry.size() - 1), entry.begin());
     }
     return entries;
 }

@@ -17,9 +17,7 @@ constexpr int LongestValue = 400; // characters
 
 constexpr const char* Small[KeyRows] = {"1234567890", "qwertyuiop", "asdfghjkl'", "zxcvbnm,.-"};
 constexpr const char* Capital[KeyRows] = {"1234567890", "QWERTYUIOP", "ASDFGHJKL'", "ZXCVBNM,.-"};
-constexpr const char* Signs[KeyRows] = {"!?@#$%&*+=", "()[]{}<>/\\", "\"'`:;_-~|^",
-                                        "\xC3\xA4\xC3\xB6\xC3\xBC\xC3\x9F\xC3\xA5\xC3\xA6\xC3\xB8"
-                                        "\xC3\xA9\xC3\xA8\xC3\xB1"};
+constexpr const char* Signs[KeyRows] = {"!?@#$%&*+=", "()[]{}<>/\\", "\"'`:;_-~|^", "äöüßåæøéèñ"};
 
 } // namespace
 
