@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# screenshots.sh OUT: drives the demo (./run demo makes it) on virtual displays of two sizes, by keys and by
-# touch, and leaves pictures of every screen in the folder OUT.
+# screenshots.sh OUT: drives the demo (./run demo makes it) on virtual displays of three sizes, by keys
+# and by touch, and leaves pictures of every screen in the folder OUT.
 set -euo pipefail
 out="$(mkdir -p "${1:?usage: screenshots.sh OUT}" && cd "$1" && pwd)"
 cd "$(dirname "$0")/.."
@@ -18,7 +18,7 @@ export XDG_RUNTIME_DIR="$work" XDG_CONFIG_HOME="$work/config"
 fresh_app() {
     rm -rf "$app"
     mkdir "$app"
-    cp -r "$demo"/{velkorandum,winamp,DB_UPDATE,skins,settings.ini} "$app/"
+    cp -r "$demo"/{velkorandum,winamp,DB_UPDATE,tags_empty.mdb,skins,settings.ini} "$app/"
     "$app/DB_UPDATE"
     set_key main Time1 "12:00:00 AM"
     set_key main Time2 "11:59:00 PM"
@@ -74,11 +74,11 @@ by_keys() {
     key Left Down Return; sleep 1; shot browser-top
     key Down Down Return; sleep 0.5; shot browser-artist
     key Down Return; sleep 0.5; shot browser-album
-    key Down Down Return; sleep 4; shot player
+    key Down Down Return; sleep 3; key Return; sleep 1; shot player # without a sound card a box came
     key Right; sleep 17 # the position is saved every 15 seconds
     kill -KILL "$system"; wait "$system" 2>/dev/null || true
     start
-    key Up Return; sleep 3; shot resumed
+    key Up Return; sleep 3; key Return; sleep 1; shot resumed
     key Escape; sleep 0.5
     stop -TERM
     set_key main Time1 "11:58:00 PM"
@@ -88,22 +88,42 @@ by_keys() {
     stop -TERM
 }
 
+# The catalogue, the keyboard, a list in the making and the settings.
+library() {
+    fresh_app
+    start
+    key Down Return Return; sleep 1; shot database
+    key Down Return; sleep 1; shot database-artists
+    key Down Return; sleep 1; shot database-titles
+    stop -TERM
+    fresh_app
+    start
+    key Down Return Down Return; sleep 1; shot build
+    key Down Down Return Down Return Down Return; sleep 1; shot build-list
+    stop -TERM
+    start
+    key p; sleep 1; shot settings
+    for page in $(seq 1 6); do key Down; shot "settings-$page"; done
+    stop -TERM
+}
+
 by_touch() {
     fresh_app
     start
     tap 37 25; shot touch-browser
     row 3; shot touch-artist
     row 2; shot touch-album
-    row 3; sleep 3; shot touch-player
+    row 3; sleep 3; tap 50 57; sleep 1; shot touch-player
     tap 50 92; sleep 1; shot touch-playing
     tap 5 92; sleep 1; shot touch-menu
     stop -TERM
 }
 
-for size in 800x480 1024x600; do
+for size in 640x480 800x480 1024x768; do
     width=${size%x*} height=${size#*x}
     start_virtual_display "$size"
     by_keys
+    library
     by_touch
     stop_virtual_display
 done
