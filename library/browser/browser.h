@@ -125,6 +125,7 @@ class Browser {
     void FallBack();
     void MoveList(void (ListModel::*move)());
     void Leave();
+    void EndPlayer();
     void ShowNotice(const std::string& text);
     void ShowChangeOfVolume(const std::function<void()>& change);
     void ShowState();

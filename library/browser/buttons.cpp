@@ -60,7 +60,14 @@ void Browser::GoHome() {
     CloseToolFrame();
     needs_.state.FromPlayer = false;
     switchingform();
+    EndPlayer();
     needs_.screens.Show("velkorandum");
+}
+
+// The menu silences what plays: better that the player saves it before.
+void Browser::EndPlayer() {
+    const auto* player = needs_.screens.Find("playmp3");
+    if (player && needs_.audio.PlayMode != PlayNone) player->doquit();
 }
 
 bool Browser::HasRadio() const {

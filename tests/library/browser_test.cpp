@@ -37,9 +37,11 @@ TEST_F(BrowserKeys, EscapeLeadsBackToWhereOneCameFromAndHomeToTheMenu) {
     EXPECT_FALSE(audio.bStartPlaying) << "what plays is not started anew";
     EXPECT_FALSE(state.FromPlayer);
     state.FromPlayer = true;
+    audio.PlayMode = PlayAudio;
     browser().ReShow();
     browser().GoHome();
     EXPECT_FALSE(state.FromPlayer);
+    EXPECT_EQ(player.Count("doquit"), 1) << "it is saved before the menu silences it";
     core.screens.CurrentForm = "playmp3";
     browser().doquit();
     EXPECT_EQ(menu.Count("ReShow"), 2) << "only the screen in front quits";
