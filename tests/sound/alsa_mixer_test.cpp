@@ -64,6 +64,10 @@ TEST(AlsaMixer, ALineThatCannotBeSetHoldsUpNoOther) {
     EXPECT_TRUE(Soon([&] { return sound.volume.VolumeLevel() == 0; })) << "it is given up";
     EXPECT_LE(sound.mixer.Session(), 3u);
     EXPECT_EQ(sound.logged, 1);
+    const unsigned session = sound.mixer.Session();
+    sound.volume.VolumeLevel(15);
+    EXPECT_TRUE(Soon([&] { return sound.volume.VolumeLevel() == 0; }));
+    EXPECT_EQ(sound.mixer.Session(), session) << "the card is not opened anew for it again";
     card.Refuse(false);
     sound.volume.VolumeLevel(20);
     EXPECT_TRUE(Soon([&] { return card.Volume("Master Playback") == 20; }));

@@ -122,7 +122,7 @@ class AlsaMixer::Worker {
             if (!value) continue;
             const bool done = control % 2 == 0 ? card_->SetLevel(control / 2, *value)
                                                : card_->SetMute(control / 2, *value != 0);
-            if (!done && !fresh) return false;
+            if (!done && !fresh && !toldOfRefusal_[control]) return false;
             const AlsaLines lines = card_->Read();
             const std::lock_guard lock(s_->mutex);
             if (!done) LogRefusal(control);
