@@ -5,6 +5,8 @@
 #include "platform/files.h"
 #include "platform/paths.h"
 
+#include <mutex>
+
 namespace vk {
 
 namespace {
@@ -22,8 +24,11 @@ CoverOutcome Decode(const std::string& picture, const DecodePicture& decode) {
     return outcome;
 }
 
+// One at a time: a thread that a slow disk has held up may come back to find another at work.
 CoverOutcome DecodeEmbedded(const std::string& bytes, const CoverRequest& request,
                             const DecodePicture& decode) {
+    static std::mutex temporaryInUse;
+    const std::lock_guard lock(temporaryInUse);
     // Written plainly: it is gone in a moment, and need not reach the disk for that.
     DeleteFileAt(request.temporary);
     if (!AppendToFile(request.temporary, bytes))
