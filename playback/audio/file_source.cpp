@@ -193,6 +193,7 @@ void FileSource::runok() {
     }
     if (selected == n_.audio.PlayingIndex) {
         Command(WinampPlay);
+        saved_.TrackChanged(); // to its beginning
         return position_.Forget();
     }
     n_.audio.TrackToSelect = selected + 1;
@@ -280,11 +281,19 @@ void FileSource::Unpause() {
 
 void FileSource::EverySecond() {
     if (n_.app.ListBusy) return; // a list is on its way to the player process
+    if (!started_ && Playing()) StartedLate();
     position_.Refresh(n_.audio.bPaused);
     if (n_.app.ListBusy || n_.audio.PlayMode != PlayAudio) return; // left in the events of it
     ShowTrackTime();
     if (!bitRateKnown_) ShowBitRate();
     FollowTrack();
+}
+
+// After all patience; where it was to go on at is left to the next start.
+void FileSource::StartedLate() {
+    started_ = true;
+    saved_.StartedLate();
+    UpdateScreen();
 }
 
 // There is no end-of-track event: the player process goes on by itself.

@@ -72,6 +72,7 @@ class FileSource : public PlayerSource {
     void Command(std::int32_t id) { n_.winamp.WinAMP_SCM(id); }
     void SkipTo(std::int32_t command);
     void Unpause();
+    void StartedLate();
     void FollowTrack();
     void ShowPlaying(std::int32_t track);
     void ShowBitRate();

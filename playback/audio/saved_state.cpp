@@ -32,6 +32,11 @@ void SavedState::Started(std::int32_t position) {
     timer_->Start(SaveEveryMs);
 }
 
+void SavedState::StartedLate() {
+    WriteList();
+    if (wanted_) Write(*wanted_);
+}
+
 void SavedState::Stop() {
     loading_ = false;
     timer_->Stop();
@@ -42,7 +47,10 @@ void SavedState::TrackChanged() {
 }
 
 void SavedState::SaveProgress() {
-    if (const auto progress = Asked()) WriteProgress(*progress);
+    const auto progress = Asked();
+    const bool behind = wanted_ && progress && progress->track == wanted_->track &&
+                        progress->position < wanted_->position;
+    if (progress && !behind) WriteProgress(*progress);
 }
 
 std::optional<SavedState::Progress> SavedState::Asked() {
@@ -67,6 +75,10 @@ std::optional<SavedState::Progress> SavedState::Now() {
 // little off instead of the new one in its middle.
 void SavedState::WriteProgress(const Progress& progress) {
     wanted_.reset();
+    Write(progress);
+}
+
+void SavedState::Write(const Progress& progress) {
     if (written_ == progress) return;
     n_.settings.Write("audio_player", "CurrentPosition", std::to_string(progress.position));
     n_.settings.Write("audio_player", "CurrentTrack", std::to_string(progress.track));

@@ -30,8 +30,11 @@ class SavedState {
     /// A list is on its way: until it has been started it is to be resumed at `position` (seconds)
     /// of the present track, whatever the player process says.
     void Loading(std::int32_t position);
-    /// It has not been started: what the player process says counts again once it plays.
+    /// It has not been started. Should it come by itself, then from the beginning of the track:
+    /// what the player process says counts again once it is past the wanted position.
     void NotStarted();
+    /// It came by itself: writes the list and what was wanted of it.
+    void StartedLate();
     /// A list has been started: writes all of it and keeps writing every 15 seconds, whichever
     /// screen is in front. `position` is in seconds.
     void Started(std::int32_t position);
@@ -52,6 +55,7 @@ class SavedState {
     std::optional<Progress> Asked();
     std::optional<Progress> Now();
     void WriteProgress(const Progress& progress);
+    void Write(const Progress& progress);
     void WriteList();
 
     Needs n_;

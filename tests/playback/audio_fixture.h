@@ -101,6 +101,11 @@ struct SimulatedProcess {
             {104, status}, {105, positionMs}, {125, track}, {126, bitRate}};
         return values.contains(function) ? values.at(function) : 0;
     }
+    /// "playing 3 at 42" (seconds).
+    std::string State() const {
+        const char* states[] = {"stopped ", "playing ", "", "paused "};
+        return states[status] + std::to_string(track) + " at " + std::to_string(positionMs / 1000);
+    }
     /// The ids of all commands and the functions of all queries, in the order they were sent.
     std::vector<std::int32_t> Sent() const {
         std::vector<std::int32_t> ids;

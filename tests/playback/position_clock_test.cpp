@@ -1,81 +1,74 @@
 #include "playback/audio/position_clock.h"
 #include "tests/playback/audio_fixture.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 namespace vk::test {
+
+using testing::ElementsAre;
 
 struct PositionClockTest : testing::Test, CoreFixture {
     SimulatedProcess process;
     cWinamp winamp{{process.wire, clock, report, app.Path()}};
     PositionClock position{winamp, clock, state.InSuspend};
     PositionClockTest() { process.status = 1; }
-    std::int64_t Asked() const { return process.Count(105); }
-    double Second(bool paused = false) {
-        clock.Advance(1000);
-        position.Refresh(paused);
-        return position.Position();
+    /// The position after each of so many seconds.
+    std::vector<double> Seconds(int count, bool paused = false) {
+        std::vector<double> seen;
+        for (int second = 0; second < count; ++second) {
+            clock.Advance(1000);
+            position.Refresh(paused);
+            seen.push_back(position.Position());
+        }
+        return seen;
     }
 };
 
-TEST_F(PositionClockTest, AsksOnceAndThenCountsByItself) {
-    process.positionMs = 5900;
-    EXPECT_EQ(Second(), 5);
-    const auto asked = Asked();
-    for (int i = 6; i <= 35; ++i)
-        EXPECT_EQ(Second(), i);
-    EXPECT_EQ(Asked(), asked);
-}
-
-TEST_F(PositionClockTest, AsksAgainWhenItPassesTheEnd) {
+TEST_F(PositionClockTest, AsksOnceCountsByItselfAndAsksAgainWhenItPassesTheEnd) {
     process.length = 11; // counted as 10
-    for (int i = 0; i <= 10; ++i)
-        EXPECT_EQ(Second(), i);
+    process.positionMs = 4900;
+    EXPECT_THAT(Seconds(1), ElementsAre(4));
+    const auto asked = process.Count(105);
+    EXPECT_THAT(Seconds(6), ElementsAre(5, 6, 7, 8, 9, 10));
+    EXPECT_EQ(process.Count(105), asked);
     process.positionMs = 2000;
-    EXPECT_EQ(Second(), 2);
+    EXPECT_THAT(Seconds(2), ElementsAre(2, 3));
+    position.Stepped(); // from then on it asks each time
+    for (const int second : {8, 50, 9}) {
+        process.positionMs = second * 1000;
+        EXPECT_THAT(Seconds(1), ElementsAre(second));
+    }
 }
 
 TEST_F(PositionClockTest, ReadsAgainTheSecondAfterMidnight) {
     clock.SetNow({2026, 11, 21, 23, 59, 57, 0, 6});
     process.positionMs = 60000;
-    Second(); // 23:59:58
-    EXPECT_EQ(Second(), 61);
-    EXPECT_LT(Second(), 0); // 0:00:00
+    EXPECT_THAT(Seconds(3), ElementsAre(60, 61, testing::Lt(0)));
     EXPECT_EQ(position.TrackTime(false), "TrackTime: 2:59");
     process.positionMs = 63000;
-    EXPECT_EQ(Second(), 63);
-    EXPECT_EQ(Second(), 64);
-}
-
-TEST_F(PositionClockTest, AsksEverySecondForGoodAfterAStep) {
-    Second();
-    position.Stepped();
-    for (int i = 1; i <= 3; ++i) {
-        process.positionMs = i * 50000;
-        EXPECT_EQ(Second(), i * 50);
-    }
+    EXPECT_THAT(Seconds(2), ElementsAre(63, 64));
 }
 
 TEST_F(PositionClockTest, IsUnknownWhilePausedAndStandsStillWhileSuspended) {
     process.positionMs = 7000;
-    Second();
+    Seconds(1);
     state.InSuspend = true;
-    Second();
-    EXPECT_EQ(Second(true), 7);
+    EXPECT_THAT(Seconds(1), ElementsAre(7));
+    EXPECT_THAT(Seconds(1, true), ElementsAre(7));
     state.InSuspend = false;
-    Second(true);
+    Seconds(1, true);
     EXPECT_FALSE(position.Known());
 }
 
 TEST_F(PositionClockTest, TellsTheTimeGoneOrLeft) {
     process.length = 66; // counted as 65
     process.positionMs = 4000;
-    Second();
+    Seconds(1);
     EXPECT_EQ(position.TrackTime(true), "TrackTime: 0:04");
     EXPECT_EQ(position.TrackTime(false), "TrackTime: 1:01");
     process.length = 0;
     position.NewTrack();
-    Second();
+    Seconds(1);
     for (const bool elapsed : {true, false})
         EXPECT_EQ(position.TrackTime(elapsed), "TrackTime: -:--");
 }

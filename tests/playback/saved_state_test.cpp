@@ -7,45 +7,38 @@ namespace vk::test {
 
 struct SavedStateTest : testing::Test, AudioFixture {
     /// The process dies without a word, the system starts anew on the same folder and goes on.
-    void StartAnew() {
+    std::string AfterAKill() {
         made.reset();
         audio = {};
         process.status = process.track = process.positionMs = 0;
         settings.LoadSettings();
         settings.values.DoResume = true;
         settings.values.CDDriveLetter = "/media/disc";
-        ASSERT_EQ(PrepareResume(settings, volumes, audio), ResumeResult::Ready);
+        EXPECT_EQ(PrepareResume(settings, volumes, audio), ResumeResult::Ready);
         player().ReShow();
-    }
-    void ExpectPlaying(std::int32_t track, std::int32_t seconds) {
-        EXPECT_EQ(process.status, 1);
-        EXPECT_EQ(process.track, track);
-        EXPECT_EQ(process.positionMs, seconds * 1000);
-    }
-    void ExpectResumedAfterAKill(std::int32_t track, std::int32_t seconds) {
-        StartAnew();
-        ExpectPlaying(track, seconds);
+        return process.State();
     }
     void PlayTo(std::int32_t seconds) {
         process.positionMs = seconds * 1000;
         clock.Advance(15000);
     }
+    std::string SavedPlace() { return Saved("currenttrack") + " at " + Saved("CurrentPosition"); }
 };
 
 TEST_F(SavedStateTest, AKillResumesWhatWasPlayedLast) {
     Play(9, 4);
     PlayTo(33);
-    ExpectResumedAfterAKill(3, 33);
+    EXPECT_EQ(AfterAKill(), "playing 3 at 33");
     Play(9, 7); // killed in the first seconds of a new list
-    ExpectResumedAfterAKill(6, 0);
+    EXPECT_EQ(AfterAKill(), "playing 6 at 0");
     EXPECT_EQ(view.title, "Song7");
     player().Swap(); // it is saved behind another screen, too
     process.track = 5;
     PlayTo(12);
-    ExpectResumedAfterAKill(5, 12);
+    EXPECT_EQ(AfterAKill(), "playing 5 at 12");
     process.positionMs = 0;
     player().MoveAhead(); // saved at once
-    ExpectResumedAfterAKill(6, 0);
+    EXPECT_EQ(AfterAKill(), "playing 6 at 0");
 }
 
 TEST_F(SavedStateTest, AStartThatFailsOrIsCutOffLosesNothingAndOkTriesAgain) {
@@ -54,8 +47,7 @@ TEST_F(SavedStateTest, AStartThatFailsOrIsCutOffLosesNothingAndOkTriesAgain) {
     PlayTo(33);
     const std::string lines = app.Read("vk_audio.m3u");
     const auto expectKept = [&] {
-        EXPECT_EQ(Saved("CurrentPosition"), "33");
-        EXPECT_EQ(Saved("currenttrack"), "3");
+        EXPECT_EQ(SavedPlace(), "3 at 33");
         EXPECT_EQ(ini.ReadText(app.File("winamp.ini"), "winamp", "shuffle"), "1");
     };
     const std::pair<std::string, std::function<void()>> hurdles[] = {
@@ -72,7 +64,7 @@ TEST_F(SavedStateTest, AStartThatFailsOrIsCutOffLosesNothingAndOkTriesAgain) {
     };
     for (const auto& [notice, hurdle] : hurdles) {
         hurdle();
-        StartAnew();
+        AfterAKill();
         EXPECT_EQ(view.clocks.back(), notice);
         clock.Advance(3000);
         player().SaveAudioData();
@@ -81,8 +73,26 @@ TEST_F(SavedStateTest, AStartThatFailsOrIsCutOffLosesNothingAndOkTriesAgain) {
         process.obeys = true;
         app.Write("vk_audio.m3u", lines);
         player().runok();
-        ExpectPlaying(3, 33);
+        EXPECT_EQ(process.State(), "playing 3 at 33");
     }
+}
+
+TEST_F(SavedStateTest, AListThatStartsAfterAllPatienceIsShownAndDoesNotForgetItsPlaceAtOnce) {
+    Play(9, 4);
+    PlayTo(33);
+    process.obeys = false;
+    AfterAKill();
+    EXPECT_EQ(view.title, "");
+    process.status = 1;
+    clock.Advance(1100);
+    EXPECT_EQ(view.title, "Song4");
+    EXPECT_EQ(process.Count(106), 0) << "no seek any more";
+    PlayTo(32);
+    EXPECT_EQ(SavedPlace(), "3 at 33");
+    PlayTo(48);
+    EXPECT_EQ(SavedPlace(), "3 at 48");
+    player().runok(); // back to the track's beginning
+    EXPECT_EQ(SavedPlace(), "3 at 0");
 }
 
 TEST_F(SavedStateTest, AProcessThatHasGoneKeepsWhatWasSaved) {
@@ -94,29 +104,21 @@ TEST_F(SavedStateTest, AProcessThatHasGoneKeepsWhatWasSaved) {
     player().MoveAhead();
     player().Swap();
     player().SaveAudioData();
-    ExpectResumedAfterAKill(1, 44);
+    EXPECT_EQ(AfterAKill(), "playing 1 at 44");
 }
 
-TEST_F(SavedStateTest, WritesOnlyWhatHasChanged) {
-    Play(9);
+TEST_F(SavedStateTest, SavesAllOfItOnLeavingAndMeanwhileOnlyWhatHasChanged) {
+    InsertDisc();
+    Play(3, 2);
     player().DoPause();
     PlayTo(20);
     app.Write("settings.ini", "");
     clock.Advance(60000);
     EXPECT_EQ(app.Read("settings.ini"), "");
-    player().doquit(); // which says all of it once more
-    EXPECT_EQ(Saved("CurrentPosition"), "20");
-}
-
-TEST_F(SavedStateTest, SavesAllOfItOnLeaving) {
-    InsertDisc();
-    Play(3, 2);
-    clock.Advance(2000);
     player().SaveAudioData();
-    EXPECT_EQ(Saved("Volume"), "0");
+    EXPECT_EQ(Saved("Volume") + " " + Saved("volumeserial"), "0 77");
     EXPECT_EQ(Saved("CurrentPlaylist"), audio.ListFile);
-    EXPECT_EQ(Saved("volumeserial"), "77");
-    EXPECT_EQ(Saved("CurrentTrack"), "1");
+    EXPECT_EQ(SavedPlace(), "1 at 20");
     EXPECT_TRUE(Logged("saved audio data"));
     player().Form_Unload(true);
     EXPECT_TRUE(Logged("form unloaded by administrative request - os shutdown"));
