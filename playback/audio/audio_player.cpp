@@ -23,7 +23,7 @@ AudioPlayer::AudioPlayer(Needs needs, ListModel& list, PlayerView& view)
       clockLine_(n_.clock, n_.locale, view_),
       files_({n_.audio, n_.app, n_.winamp, n_.settings, n_.clock, n_.log, view_, rows_, cover_,
               n_.query, [this](const std::string& text) { clockLine_.ShowProblem(text); }}),
-      volume_({n_.volume, n_.settings, n_.app, n_.clock, view_}), lineMute_(n_.volume),
+      volume_({n_.volume, n_.settings, n_.app, n_.screens, n_.clock, view_}), lineMute_(n_.volume),
       Timer2(n_.clock.MakeTimer([this] { Timer2_Timer(); })) {}
 
 PlayerSource* AudioPlayer::Source(std::int32_t mode) {
@@ -125,7 +125,6 @@ void AudioPlayer::switchingform() {
         const BusyGuard busy(n_.app.ListBusy);
         Timer2->Stop();
         LetGo();
-        volume_.Leave();
         view_.ShowFrame(false);
         n_.settings.Write("main", "LastPlayMode", std::to_string(n_.audio.PlayMode));
         if (PlayerSource* source = Source()) source->LeaveScreen();

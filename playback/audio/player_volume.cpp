@@ -28,20 +28,27 @@ void PlayerVolume::FollowWave() {
         static_cast<std::int32_t>(std::int64_t{Level()} * n_.volume.WaveMax() / Max()));
 }
 
-// Behind a mute, and behind the fade to it, the level itself says nothing.
+std::int32_t PlayerVolume::Kept() const {
+    return static_cast<std::int32_t>(std::lround(n_.app.MasterShare.value_or(0) * Max()));
+}
+
+// Behind a mute, and in the fades, the level itself says nothing.
 std::int32_t PlayerVolume::Wanted() const {
-    return n_.app.bMuted || bMuteInProgress ? n_.app.MutedLevel : Level();
+    return Faded() ? Kept() : Level();
 }
 
 void PlayerVolume::SetWanted(std::int32_t level) {
-    if (n_.app.bMuted || bMuteInProgress)
-        n_.app.MutedLevel = level;
-    else
-        SetLevel(level);
+    Remember(level);
+    if (!Faded()) SetLevel(level);
+}
+
+void PlayerVolume::Remember(std::int32_t level) {
+    if (Max() > 0) n_.app.MasterShare = static_cast<double>(level) / Max();
 }
 
 std::optional<std::int32_t> PlayerVolume::LevelToKeep() const {
-    if (Max() <= 0) return std::nullopt;
+    const bool others = n_.settings.values.UseSplitVolume && !entered_;
+    if (Max() <= 0 || others) return std::nullopt;
     return Wanted();
 }
 
@@ -56,6 +63,7 @@ void PlayerVolume::CutLoudLevel() {
 }
 
 void PlayerVolume::Enter() {
+    entered_ = true;
     if (!n_.app.bMuted) return;
     showvol();
     ShowMuted();
@@ -65,20 +73,33 @@ void PlayerVolume::SetFirstLevel() {
     firstLevelDue_ = Max() <= 0;
     if (firstLevelDue_) return;
     if (n_.settings.values.UseSplitVolume) {
-        const bool kept = !n_.settings.Read("audio_player", "Volume").empty();
-        const auto wanted =
-            kept ? n_.settings.Read("audio_player", "Volume", IniType::Long).Long() : Wanted();
+        const std::int32_t wanted = OwnLevel();
         FollowWave();
-        SetWanted(std::clamp(SafeLevel(wanted), 0, Max())); // the file may come from another card
+        SetWanted(SafeLevel(wanted));
     } else {
         CutLoudLevel();
+        Remember(Wanted());
     }
     n_.app.SafeVolumeDone = true;
 }
 
-// A level of the player's own comes when the player is entered; a loud one is cut before, too.
+// One off the scale is another card's, and says nothing of this one.
+std::int32_t PlayerVolume::OwnLevel() {
+    if (n_.settings.Read("audio_player", "Volume").empty()) return Wanted();
+    const auto kept = n_.settings.Read("audio_player", "Volume", IniType::Long).Long();
+    return kept >= 0 && kept <= Max() ? kept : Wanted();
+}
+
+// It comes with a level and a mute of its own, such as it was switched on with. A level of the
+// player's own comes when the player is entered; a loud one is cut before, too.
 void PlayerVolume::CardCame() {
-    if (n_.app.bMuted) n_.volume.VolumeMute(true);
+    n_.volume.VolumeMute(n_.app.bMuted);
+    if (Faded()) {
+        SetLevel(0);
+    } else if (n_.app.MasterShare) {
+        SetLevel(Kept());
+        FollowWave();
+    }
     if (firstLevelDue_ || !n_.settings.values.UseSplitVolume)
         SetFirstLevel();
     else
@@ -86,19 +107,22 @@ void PlayerVolume::CardCame() {
 }
 
 void PlayerVolume::Unload() {
-    Leave();
     unloaded_ = true;
-    if (n_.app.bMuted && !bMuteInProgress) SetLevel(n_.app.MutedLevel);
+    if (n_.app.bMuted) RestoreBehindMute();
+}
+
+void PlayerVolume::RestoreBehindMute() {
+    if (n_.volume.VolumeMute()) SetLevel(Kept());
 }
 
 bool PlayerVolume::Locked() const {
-    return bMuteInProgress || n_.volume.VolumeMute();
+    return Faded() || n_.volume.VolumeMute();
 }
 
 void PlayerVolume::VolUp() {
     if (Locked() || Level() >= Max() * 0.99) return;
     showvol();
-    SetLevel(std::min(Level() + Step(), Max()));
+    SetWanted(std::min(Level() + Step(), Max()));
     FollowWave();
     ShowPercent();
 }
@@ -106,7 +130,7 @@ void PlayerVolume::VolUp() {
 void PlayerVolume::VolDown() {
     if (Locked()) return;
     showvol();
-    SetLevel(Level() > Step() ? Level() - Step() : 0);
+    SetWanted(Level() > Step() ? Level() - Step() : 0);
     FollowWave();
     ShowPercent();
 }
@@ -146,49 +170,51 @@ void PlayerVolume::ShowLonger() {
 
 void PlayerVolume::WaitAStep() {
     std::int32_t rest = std::clamp(n_.settings.values.mutespeed, 1, LongestStepMs);
-    for (; rest > 0 && !left_; rest -= SliceMs) {
+    for (; rest > 0 && !Left(); rest -= SliceMs) {
         n_.clock.Sleep(std::min(rest, SliceMs));
         n_.clock.DoEvents();
     }
 }
 
-void PlayerVolume::Ramp(std::int32_t target) {
-    for (int step = 0; step < RampSteps && !left_ && Level() != target; ++step) {
+void PlayerVolume::Ramp(bool in) {
+    const auto target = [&] { return in ? Kept() : 0; }; // a card that comes may change it
+    for (int step = 0; step < RampSteps && !Left() && Level() != target(); ++step) {
         const std::int32_t before = Level();
-        SetLevel(before < target ? std::min(before + Step(), target)
-                                 : std::max(before - Step(), target));
+        SetLevel(before < target() ? std::min(before + Step(), target())
+                                   : std::max(before - Step(), target()));
         WaitAStep();
         ShowPercent();
         // A card with coarse steps may not take one of these, and one that is gone takes none.
         if (Level() == before) break;
     }
-    if (Level() != target) SetLevel(target);
+    if (Level() != target()) SetLevel(target());
 }
 
 void PlayerVolume::FadeOut() {
-    n_.app.MutedLevel = Level();
-    Ramp(0);
+    Remember(Level());
+    Ramp(false);
     n_.volume.VolumeMute(true);
     ShowLonger();
     ShowMuted();
     n_.app.bMuted = true;
-    if (unloaded_) SetLevel(n_.app.MutedLevel);
+    if (unloaded_) RestoreBehindMute();
 }
 
-// From silence, whatever has become of the level meanwhile.
+// From silence, whatever has become of the level meanwhile. The mute has ended when the fade
+// begins: a screen or a card that comes among its events is not to put it back.
 void PlayerVolume::FadeIn() {
     SetLevel(0);
+    n_.app.bMuted = false;
     n_.volume.VolumeMute(false);
-    Ramp(std::min(n_.app.MutedLevel, Max()));
+    Ramp(true);
     ShowLonger();
     ShowPercent();
     FollowWave();
-    n_.app.bMuted = false;
 }
 
 void PlayerVolume::domute() {
     if (bMuteInProgress || (!n_.app.bMuted && Level() == 0)) return;
-    left_ = false; // of the screen; from another one it works, too
+    fadeForm_ = n_.screens.CurrentForm.Text();
     bMuteInProgress = true;
     // Not across the title of a list that is still coming.
     if (n_.app.bMuted || !n_.app.ListBusy) showvol();

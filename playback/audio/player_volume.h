@@ -3,6 +3,7 @@
 #pragma once
 
 #include "core/app_state.h"
+#include "core/screens.h"
 #include "core/settings.h"
 #include "platform/clock.h"
 #include "playback/audio/player_view.h"
@@ -21,6 +22,7 @@ class PlayerVolume {
         cVolume& volume;
         SettingsStore& settings;
         AppState& app;
+        const Screens& screens;
         Clock& clock;
         PlayerView& view;
     };
@@ -31,30 +33,34 @@ class PlayerVolume {
     /// The player's own level where it has one (`UseSplitVolume`); a loud level is cut to the safe
     /// one, once a run. Without a card both wait for the one that comes.
     void SetFirstLevel();
-    /// A card has come, perhaps in place of another: it is muted when the player is, and gets the
-    /// first level that still waits.
+    /// A card has come, perhaps in place of another: it gets the mute and the level of the one
+    /// before, or the first level when that still waits.
     void CardCame();
     void VolUp();
     void VolDown();
     /// Fades out and mutes, or fades in again, a step each `mutespeed` milliseconds, and returns
-    /// when it is done. Events run meanwhile; a second call among them is ignored.
+    /// when it is done, or at once when another screen comes to the front. Events run meanwhile; a
+    /// second call among them is ignored.
     void domute();
-    /// The screen is left: a fade under way ends at once at its end.
-    void Leave() { left_ = true; }
-    /// The system ends: a muted card goes back to the level of before, with the mute left on.
+    /// The system ends: a muted card goes back to the level of before, with the mute left on, and
+    /// stays silent when it has no such switch.
     void Unload();
     /// Once a second: hides the text after 4 seconds unless a volume button is held.
     void HideWhenOld(bool held);
     /// What the next run is to find, in the card's units: the level, or that behind a mute. None
-    /// without a card.
+    /// without a card, nor of a level of the player's own that it has not been entered with.
     std::optional<std::int32_t> LevelToKeep() const;
 
   private:
     std::int32_t Level() const { return n_.volume.VolumeLevel(); }
     std::int32_t Max() const { return n_.volume.VolumeMax(); }
     std::int32_t Step() const;
+    bool Faded() const { return n_.app.bMuted || bMuteInProgress; }
+    std::int32_t Kept() const;
     std::int32_t Wanted() const;
     void SetWanted(std::int32_t level);
+    void Remember(std::int32_t level);
+    std::int32_t OwnLevel();
     void CutLoudLevel();
     void SetLevel(std::int32_t level) { n_.volume.VolumeLevel(level); }
     void FollowWave();
@@ -65,8 +71,10 @@ class PlayerVolume {
     void ShowText(const std::string& level);
     void ShowMuted();
     void ShowLonger();
+    bool Left() const { return unloaded_ || n_.screens.CurrentForm != fadeForm_; }
     void WaitAStep();
-    void Ramp(std::int32_t target);
+    void Ramp(bool in);
+    void RestoreBehindMute();
     void FadeOut();
     void FadeIn();
 
@@ -74,7 +82,8 @@ class PlayerVolume {
     std::int32_t VolumeShownAt = 0; ///< whole seconds of the timer value
     bool shown_ = false;
     bool bMuteInProgress = false;
-    bool left_ = false;
+    std::string fadeForm_; ///< the screen in front when the last fade began
+    bool entered_ = false;
     bool unloaded_ = false;
     bool firstLevelDue_ = false; ///< it waits for a card
 };

@@ -10,7 +10,7 @@ struct PlayerVolumeTest : testing::Test, CoreFixture {
     FakeWaveInput input;
     cVolume card{{mixer, input, dialogs, report}};
     RecordingView view;
-    PlayerVolume volume{{card, settings, state, clock, view}};
+    PlayerVolume volume = Anew();
     std::int32_t& master = mixer.Level(MixerLine::Master);
     std::int32_t& wave = mixer.Level(MixerLine::Wave);
     std::int32_t& muted = mixer.Mute(MixerLine::Master);
@@ -18,6 +18,20 @@ struct PlayerVolumeTest : testing::Test, CoreFixture {
         settings.values.AdjMainVol = true;
         settings.values.mutespeed = 50;
         master = 500;
+    }
+    PlayerVolume Anew() { return PlayerVolume({card, settings, state, screens, clock, view}); }
+    std::string Card() const { return std::to_string(master) + (muted ? " muted" : ""); }
+    /// A card comes, or another one, as loud or as silent as it was switched on.
+    std::string CardComes(std::int32_t scale, std::int32_t level, bool mute) {
+        mixer.Change(true, scale);
+        master = level;
+        muted = mute;
+        volume.CardCame();
+        return Card();
+    }
+    std::int32_t FirstLevel() {
+        volume.SetFirstLevel();
+        return master;
     }
 };
 
@@ -33,20 +47,13 @@ TEST_F(PlayerVolumeTest, MovesByAFiftiethOfItsLineAndStopsAtTheEnds) {
     master = 15;
     volume.VolDown();
     EXPECT_EQ(master, 0);
-    master = 500;
     settings.values.AdjMainVol = false; // the wave line goes along
     mixer.waveMaximum = 500;
-    mixer.Change(true, 65536); // another card
+    CardComes(65536, 0, false);
     master = 32768;
     volume.VolUp();
     EXPECT_EQ(master, 32768 + 1310);
     EXPECT_EQ(wave, 259);
-    volume.domute();
-    EXPECT_EQ(clock.slept, 27 * 50);
-}
-
-TEST_F(PlayerVolumeTest, HidesTheTextAfterFourSeconds) {
-    volume.VolUp();
     clock.Advance(4000);
     volume.HideWhenOld(false);
     EXPECT_NE(view.volumes.back(), "");
@@ -55,24 +62,11 @@ TEST_F(PlayerVolumeTest, HidesTheTextAfterFourSeconds) {
     EXPECT_NE(view.volumes.back(), "");
     volume.HideWhenOld(false);
     EXPECT_EQ(view.volumes.back(), "");
+    volume.domute();
+    EXPECT_EQ(clock.slept, 27 * 50);
 }
 
-TEST_F(PlayerVolumeTest, FadesOutAndInAgain) {
-    volume.domute();
-    EXPECT_EQ(muted, 1);
-    EXPECT_EQ(master, 0);
-    EXPECT_EQ(clock.slept, 25 * 50);
-    EXPECT_EQ(view.volumes.back(), "      Volume : Muted");
-    volume.VolUp();
-    EXPECT_EQ(master, 0);
-    settings.values.mutespeed = 0;
-    volume.domute();
-    EXPECT_EQ(muted, 0);
-    EXPECT_EQ(master, 500);
-    EXPECT_EQ(clock.slept, 25 * 50 + 25);
-}
-
-TEST_F(PlayerVolumeTest, FadesAStepATickWithEventsAmongWhichKeysAreIgnored) {
+TEST_F(PlayerVolumeTest, FadesOutAndInAStepATickWithEventsAmongWhichKeysAreIgnored) {
     std::vector<std::int32_t> steps;
     settings.values.mutespeed = 20; // of a slower one events run meanwhile, too
     clock.onEvents = [&] {
@@ -87,7 +81,17 @@ TEST_F(PlayerVolumeTest, FadesAStepATickWithEventsAmongWhichKeysAreIgnored) {
     EXPECT_EQ(steps.front(), 480);
     EXPECT_EQ(steps.back(), 0);
     EXPECT_EQ(view.volumes.size(), 26u);
+    EXPECT_EQ(view.volumes.back(), "      Volume : Muted");
     EXPECT_TRUE(state.bMuted);
+    clock.onEvents = {};
+    volume.VolUp();
+    EXPECT_EQ(Card(), "0 muted");
+    settings.values.mutespeed = 0;
+    clock.slept = 0;
+    volume.domute();
+    EXPECT_EQ(Card(), "500");
+    EXPECT_EQ(clock.slept, 25);
+    EXPECT_FALSE(state.bMuted);
 }
 
 TEST_F(PlayerVolumeTest, AMuteWhileAListIsLoadedLeavesTheTitleAlone) {
@@ -100,43 +104,70 @@ TEST_F(PlayerVolumeTest, AMuteWhileAListIsLoadedLeavesTheTitleAlone) {
 }
 
 TEST_F(PlayerVolumeTest, EndsTheFadeAtOnceWhenTheScreenIsLeft) {
-    clock.onEvents = [&] { volume.Leave(); };
-    volume.domute();
-    EXPECT_EQ(clock.eventRuns, 1);
-    EXPECT_EQ(master, 0);
-    EXPECT_EQ(muted, 1);
+    for (const char* end : {"0 muted", "500"}) {
+        clock.onEvents = [&] {
+            screens.CurrentForm = "velkorandum";
+            card.VolumeMute(state.bMuted); // as the menu does
+        };
+        screens.CurrentForm = "playmp3";
+        clock.eventRuns = 0;
+        volume.domute();
+        EXPECT_EQ(clock.eventRuns, 1);
+        EXPECT_EQ(Card(), end);
+    }
     clock.onEvents = {};
     volume.domute(); // from another screen it fades
     EXPECT_EQ(clock.eventRuns, 1 + 25 * 3);
-    EXPECT_EQ(master, 500);
 }
 
 TEST_F(PlayerVolumeTest, AMuteOutlivesItsScreenAndEndsWithTheLevelOfBefore) {
     clock.onEvents = [&] { EXPECT_EQ(volume.LevelToKeep(), 500); };
     volume.domute();
-    PlayerVolume anew{{card, settings, state, clock, view}};
+    PlayerVolume anew = Anew();
     EXPECT_EQ(anew.LevelToKeep(), 500);
     view.volumes.clear();
     anew.Enter();
     EXPECT_EQ(view.volumes, std::vector<std::string>{"      Volume : Muted"});
-    muted = 0;
-    anew.CardCame();
-    EXPECT_EQ(muted, 1);
     anew.Unload();
-    EXPECT_EQ(master, 500);
-    EXPECT_EQ(muted, 1);
-    anew.domute();
+    EXPECT_EQ(Card(), "500 muted");
+    volume.domute(); // from silence all the same
     EXPECT_EQ(clock.slept, 2 * 25 * 50);
-    EXPECT_EQ(master, 500);
+    EXPECT_EQ(Card(), "500");
+    clock.onEvents = [&] { volume.Unload(); }; // the system ends in the fade
+    volume.domute();
+    EXPECT_EQ(Card(), "500 muted");
 }
 
-TEST_F(PlayerVolumeTest, ACardThatGoesEndsTheFade) {
-    clock.onEvents = [&] { mixer.Change(false); };
+TEST_F(PlayerVolumeTest, ACardWithoutAMuteIsSilencedByItsLevel) {
+    mixer.mutes = false;
+    mixer.Change(true);
     volume.domute();
+    volume.VolUp(); // locked
+    EXPECT_EQ(CardComes(1000, 800, false), "0");
+    volume.Unload();
+    EXPECT_EQ(Card(), "0");
+    Anew().domute();
+    EXPECT_EQ(Card(), "500");
+}
+
+TEST_F(PlayerVolumeTest, ACardThatComesTakesOverMuteAndLevel) {
+    volume.VolUp();
+    EXPECT_EQ(CardComes(100, 100, true), "52");
+    volume.domute();
+    EXPECT_EQ(CardComes(1000, 900, false), "0 muted");
+    mixer.Change(false);
     EXPECT_EQ(volume.LevelToKeep(), std::nullopt);
-    volume.domute();
-    EXPECT_LE(clock.slept, 2 * 50);
-    EXPECT_FALSE(state.bMuted);
+    volume.domute(); // while there is none
+    EXPECT_LE(clock.slept, (26 + 1) * 50) << "nothing to fade";
+    EXPECT_EQ(CardComes(1000, 1000, true), "520");
+    for (const char* end : {"0 muted", "52"}) { // into a fade
+        clock.onEvents = [&] {
+            if (mixer.maximum == 1000) CardComes(100, 100, true);
+        };
+        mixer.Change(true);
+        volume.domute();
+        EXPECT_EQ(Card(), end);
+    }
 }
 
 TEST_F(PlayerVolumeTest, EntersWithALevelOfItsOwnCutOnceARunWhenItIsLoud) {
@@ -144,26 +175,24 @@ TEST_F(PlayerVolumeTest, EntersWithALevelOfItsOwnCutOnceARunWhenItIsLoud) {
     settings.values.safevol_value = 36;
     mixer.Change(false);
     volume.SetFirstLevel();
-    mixer.Change(true);
-    master = 800;
-    volume.CardCame(); // it gets what it missed
-    EXPECT_EQ(master, 360);
+    EXPECT_EQ(CardComes(1000, 800, false), "360"); // it gets what it missed
     settings.values.UseSplitVolume = true;
+    EXPECT_EQ(volume.LevelToKeep(), std::nullopt) << "another's, until the player is entered";
+    volume.Enter();
+    EXPECT_EQ(volume.LevelToKeep(), 360);
     master = 800;
-    volume.SetFirstLevel(); // none of its own yet
-    EXPECT_EQ(master, 800);
+    EXPECT_EQ(FirstLevel(), 800) << "none of its own yet";
     settings.Write("audio_player", "Volume", "440");
     settings.values.AdjMainVol = false;
     wave = 7;
-    volume.SetFirstLevel();
-    EXPECT_EQ(master, 440);
-    EXPECT_EQ(wave, 800); // the level of before
+    EXPECT_EQ(FirstLevel(), 440);
+    EXPECT_EQ(wave, 800) << "the level of before";
+    for (const char* otherCards : {"70000", "-1"}) {
+        settings.Write("audio_player", "Volume", otherCards);
+        EXPECT_EQ(FirstLevel(), 440);
+    }
     state.SafeVolumeDone = false;
-    volume.SetFirstLevel();
-    EXPECT_EQ(master, 360);
-    settings.Write("audio_player", "Volume", "70000"); // from another card
-    volume.SetFirstLevel();
-    EXPECT_EQ(master, 1000);
+    EXPECT_EQ(FirstLevel(), 360);
 }
 
 } // namespace vk::test

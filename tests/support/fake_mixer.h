@@ -26,6 +26,7 @@ class FakeMixer : public Mixer {
     bool GetLineControl(MixerLine line, MixerControlType type, MixerControl& control) override {
         asked.emplace_back(line, type);
         if (!present || missing.contains(line)) return false;
+        if (type == MixerControlType::Mute && !mutes) return false;
         control = {Id(line, type), 0, line == MixerLine::Wave ? waveMaximum : maximum};
         return true;
     }
@@ -49,6 +50,7 @@ class FakeMixer : public Mixer {
 
     bool present = true;
     bool broken = false;
+    bool mutes = true;   ///< the card has them
     int refusedOpen = 0; ///< the number of the one open that fails, from 1
     int opens = 0;
     unsigned session = 1;
