@@ -7,35 +7,52 @@ namespace vk::test {
 using testing::ElementsAre;
 
 struct AudioPlayerTest : testing::Test, AudioFixture {
-    std::string Shuffle() { return ini.ReadText(app.File("winamp.ini"), "winamp", "shuffle"); }
-    void Hold(HeldAction action, int milliseconds) {
+    /// What each tick of a held button does, then its release and the time after: one letter each,
+    /// "." for nothing.
+    std::string Trace(HeldAction action, std::int16_t repeatAfter, int ticks, bool inside = true) {
+        const std::pair<int, char> letters[] = {
+            {WinampForward, 'F'}, {WinampRewind, 'R'}, {WinampNext, 'N'}, {WinampPrevious, 'P'}};
+        std::string seen;
+        const auto watch = [&](const std::function<void()>& act) {
+            const int row = list.iSelected, level = mixer.Level(MixerLine::Master);
+            process.wire.sent.clear();
+            act();
+            seen += list.iSelected > row ? 'D' : list.iSelected < row ? 'U' : '.';
+            const int change = mixer.Level(MixerLine::Master) - level;
+            if (change != 0) seen.back() = change > 0 ? '+' : '-';
+            for (const auto& [command, letter] : letters)
+                if (process.Count(command) > 0) seen.back() = letter;
+        };
+        settings.values.TSRepeatVal = repeatAfter;
         player().Press(action);
-        clock.Advance(milliseconds);
-        player().Release();
+        for (int tick = 0; tick < ticks; ++tick)
+            watch([this] { clock.Advance(100); });
+        watch([&] { player().Release(inside); });
+        watch([this] { clock.Advance(600); });
+        return seen;
     }
 };
 
 TEST_F(AudioPlayerTest, EntersWithClockFrameAndTheTimeGoneOrLeft) {
     Play(3);
     EXPECT_EQ(screens.CurrentForm, "playmp3");
-    EXPECT_TRUE(view.frame);
-    EXPECT_EQ(view.shows, 1);
+    EXPECT_TRUE(view.frame && view.shows == 1);
     EXPECT_THAT(view.clocks, ElementsAre("Saturday, November 21, 2026    12:0"));
     clock.Advance(500);
     EXPECT_EQ(view.time, "TrackTime: 2:59");
     clock.Advance(4700);
-    player().TrackTimeLabel_Click();
-    EXPECT_EQ(view.time, "TrackTime: 0:05");
-    EXPECT_EQ(Saved("ShowElapsedTime"), "true");
-    player().TrackTimeLabel_Click();
-    EXPECT_EQ(Saved("ShowElapsedTime"), "false");
+    for (const auto& [elapsed, time] : {std::pair("true", "0:05"), {"false", "2:54"}}) {
+        player().TrackTimeLabel_Click();
+        EXPECT_EQ(view.time, std::string("TrackTime: ") + time);
+        EXPECT_EQ(Saved("ShowElapsedTime"), elapsed);
+    }
     clock.Advance(30000);
     EXPECT_EQ(view.clocks.size(), 1u); // written only when it has changed
     clock.Advance(30000);
     EXPECT_EQ(view.clocks.size(), 2u);
 }
 
-TEST_F(AudioPlayerTest, SwapsToTheBrowserAndReturnsWhenNothingWasChosen) {
+TEST_F(AudioPlayerTest, SwapsToTheBrowserAndReturnsWithOrWithoutAChoice) {
     Play(3);
     player().Swap();
     EXPECT_EQ(playlists.Count("ReShow"), 1);
@@ -55,17 +72,13 @@ TEST_F(AudioPlayerTest, SwapsToTheBrowserAndReturnsWhenNothingWasChosen) {
     EXPECT_EQ(process.Count(WinampPlay), 0);
     clock.Advance(100);
     EXPECT_EQ(view.title, "Song3");
-}
-
-TEST_F(AudioPlayerTest, ReDisplayStartsWhatTheBrowserChose) {
-    Play(3);
     player().DoPause();
     player().Swap();
     Choose(8, 6);
     process.wire.sent.clear();
     player().ReDisplay();
     EXPECT_EQ(process.Count(WinampStop), 2); // the old sound first, then the list's own
-    EXPECT_EQ(process.track, 5);
+    EXPECT_EQ(process.State(), "playing 5 at 0");
     EXPECT_FALSE(audio.bPaused);
     EXPECT_EQ(view.buttons[PlayerButton::Pause], "pause.gif");
     EXPECT_EQ(view.title, "Song6");
@@ -97,27 +110,26 @@ TEST_F(AudioPlayerTest, QuitsToTheMenu) {
 }
 
 TEST_F(AudioPlayerTest, HoldsAndClicksTheStepButtonsAndStrips) {
-    Play(50);
-    process.wire.sent.clear();
+    Play(50, 25);
+    mixer.Level(MixerLine::Master) = 500;
+    const struct {
+        HeldAction action;
+        std::int16_t repeatAfter;
+        int ticks;
+        const char* trace;
+    } cases[] = {{HeldVolUp, 4, 7, "+++++++.."},    {HeldVolDown, 4, 7, "-------.."},
+                 {HeldForward, 4, 7, "....FFF.."},  {HeldRewind, 2, 7, "..RRRRR.."},
+                 {HeldScrollUp, 4, 7, "U...UUU.."}, {HeldScrollDown, 0, 7, "DDDDDDD.."},
+                 {HeldForward, 0, 7, ".FFFFFF.."},  {HeldForward, 4, 4, "......"},
+                 {HeldForward, 4, 3, "...N."},      {HeldRewind, 4, 3, "...P."},
+                 {HeldForward, 4, 0, "N."},         {HeldVolUp, 4, 0, "+."},
+                 {HeldScrollDown, 4, 0, "D."}};
+    for (const auto& held : cases)
+        EXPECT_EQ(Trace(held.action, held.repeatAfter, held.ticks), held.trace) << held.action;
+    EXPECT_EQ(Trace(HeldForward, 4, 2, false), "....") << "the finger has slid off";
+    EXPECT_EQ(view.buttons[PlayerButton::FastForward], "ff.gif");
     player().Press(HeldForward);
     EXPECT_EQ(view.buttons[PlayerButton::FastForward], "ffsel.gif");
-    player().Release(false); // the finger has slid off
-    EXPECT_EQ(view.buttons[PlayerButton::FastForward], "ff.gif");
-    Hold(HeldForward, 700);
-    Hold(HeldRewind, 500);
-    EXPECT_EQ(process.Count(WinampForward), 3);
-    EXPECT_EQ(process.Count(WinampRewind), 1);
-    EXPECT_EQ(process.Count(WinampNext) + process.Count(WinampPrevious), 0);
-    Hold(HeldForward, 300);
-    Hold(HeldForward, 300);
-    Hold(HeldRewind, 300);
-    EXPECT_EQ(process.Count(WinampNext), 2);
-    EXPECT_EQ(process.Count(WinampPrevious), 1);
-    const int before = list.iSelected;
-    Hold(HeldScrollDown, 700);
-    clock.Advance(600);
-    EXPECT_EQ(list.iSelected, before + 4);
-    player().Press(HeldForward);
     player().Swap(); // the screen goes under the finger
     EXPECT_EQ(view.buttons[PlayerButton::FastForward], "ff.gif");
 }
@@ -127,32 +139,33 @@ TEST_F(AudioPlayerTest, TogglesShuffle) {
     Play(2);
     EXPECT_TRUE(audio.bShuffle);
     EXPECT_TRUE(Logged("winamp.ini shuffle=1"));
-    player().setshuffle();
-    EXPECT_EQ(process.Count(WinampToggleShuffle), 1);
-    EXPECT_FALSE(view.shuffle);
-    EXPECT_EQ(view.buttons[PlayerButton::Shuffle], "shuffle.gif");
-    EXPECT_EQ(Shuffle(), "0");
-    player().setshuffle();
-    EXPECT_TRUE(view.shuffle);
-    EXPECT_EQ(Shuffle(), "1");
+    for (const bool on : {false, true}) {
+        process.wire.sent.clear();
+        player().setshuffle();
+        EXPECT_EQ(process.Count(WinampToggleShuffle), 1);
+        EXPECT_EQ(view.shuffle, on);
+        EXPECT_EQ(view.buttons[PlayerButton::Shuffle], on ? "shufflesel.gif" : "shuffle.gif");
+        EXPECT_EQ(ini.ReadText(app.File("winamp.ini"), "winamp", "shuffle"), on ? "1" : "0");
+    }
 }
 
 TEST_F(AudioPlayerTest, ComesToTheFrontEachSecondWhenToldTo) {
+    const auto times = [this](int seconds) {
+        const int before = window.foreground;
+        clock.Advance(seconds * 1000);
+        return window.foreground - before;
+    };
     Play(2);
-    clock.Advance(3000);
-    EXPECT_EQ(window.foreground, 0);
+    EXPECT_EQ(times(3), 0);
     player().BringToFront(2);
-    clock.Advance(5000);
-    EXPECT_EQ(window.foreground, 2);
+    EXPECT_EQ(times(5), 2);
     settings.values.alwaysontop = true;
-    clock.Advance(3000);
-    EXPECT_EQ(window.foreground, 5);
+    EXPECT_EQ(times(3), 3);
     screens.CurrentForm = "playlists";
-    clock.Advance(3000);
-    EXPECT_EQ(window.foreground, 5);
+    EXPECT_EQ(times(3), 0);
 }
 
-TEST_F(AudioPlayerTest, IgnoresKeysWhileAListIsLoaded) {
+TEST_F(AudioPlayerTest, IgnoresKeysWhileAListIsLoadedAndGoesOnAfterAFailure) {
     int tried = 0;
     clock.onEvents = [&] {
         if (!state.ListBusy || audio.PlayMode != PlayAudio) return;
@@ -162,6 +175,12 @@ TEST_F(AudioPlayerTest, IgnoresKeysWhileAListIsLoaded) {
     Play(2);
     EXPECT_GT(tried, 0);
     EXPECT_EQ(menu.Count("ReShow"), 0);
+    process.wire.broken = true;
+    player().MoveAhead();
+    EXPECT_TRUE(Logged("Error occured in Playmp3.MoveAhead wire cut"));
+    process.wire.broken = false;
+    player().MoveAhead();
+    EXPECT_EQ(view.title, "Song2");
 }
 
 TEST_F(AudioPlayerTest, WithoutTunerOrCardTheirOperationsDoNothing) {
@@ -187,16 +206,6 @@ TEST_F(AudioPlayerTest, WithoutTunerOrCardTheirOperationsDoNothing) {
     clock.Advance(2000);
     EXPECT_TRUE(process.wire.sent.empty());
     EXPECT_TRUE(view.volumes.empty());
-}
-
-TEST_F(AudioPlayerTest, LogsAFailureAndGoesOn) {
-    Play(2);
-    process.wire.broken = true;
-    player().MoveAhead();
-    EXPECT_TRUE(Logged("Error occured in Playmp3.MoveAhead wire cut"));
-    process.wire.broken = false;
-    player().MoveAhead();
-    EXPECT_EQ(view.title, "Song2");
 }
 
 TEST_F(AudioPlayerTest, EnteredFromTheBrowserItHasAVolumeStepAndDrawsOnceMoreAfterTwoSeconds) {

@@ -2,11 +2,13 @@
 #include "tests/support/core_fixture.h"
 #include "tests/support/fake_mixer.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <vector>
 
 namespace vk::test {
+
+using testing::ElementsAre;
 
 struct VolumeTest : testing::Test, CoreFixture {
     FakeMixer mixer;
@@ -24,21 +26,15 @@ struct LineNames {
     void (cVolume::*setMute)(bool);
 };
 
+#define LINE_NAMES(line, level, mute)                                                              \
+    {                                                                                              \
+        MixerLine::line, &cVolume::level##Min, &cVolume::level##Max, &cVolume::level##Level,       \
+            &cVolume::level##Level, &cVolume::mute##Mute, &cVolume::mute##Mute                     \
+    }
 // In the order in which the controls are looked up.
-const LineNames Names[] = {
-    {MixerLine::Master, &cVolume::VolumeMin, &cVolume::VolumeMax, &cVolume::VolumeLevel,
-     &cVolume::VolumeLevel, &cVolume::VolumeMute, &cVolume::VolumeMute},
-    {MixerLine::Mic, &cVolume::MicMin, &cVolume::MicMax, &cVolume::MicLevel, &cVolume::MicLevel,
-     &cVolume::MikrofonMute, &cVolume::MikrofonMute},
-    {MixerLine::Line, &cVolume::LineMin, &cVolume::LineMax, &cVolume::LineLevel,
-     &cVolume::LineLevel, &cVolume::LineMute, &cVolume::LineMute},
-    {MixerLine::CD, &cVolume::CDMin, &cVolume::CDMax, &cVolume::CDLevel, &cVolume::CDLevel,
-     &cVolume::CompactDiscMute, &cVolume::CompactDiscMute},
-    {MixerLine::Synth, &cVolume::SynMin, &cVolume::SynMax, &cVolume::SynLevel, &cVolume::SynLevel,
-     &cVolume::SynthesizerMute, &cVolume::SynthesizerMute},
-    {MixerLine::Wave, &cVolume::WaveMin, &cVolume::WaveMax, &cVolume::WaveLevel,
-     &cVolume::WaveLevel, &cVolume::WaveMute, &cVolume::WaveMute},
-};
+const LineNames Names[] = {LINE_NAMES(Master, Volume, Volume),  LINE_NAMES(Mic, Mic, Mikrofon),
+                           LINE_NAMES(Line, Line, Line),        LINE_NAMES(CD, CD, CompactDisc),
+                           LINE_NAMES(Synth, Syn, Synthesizer), LINE_NAMES(Wave, Wave, Wave)};
 
 TEST_F(VolumeTest, LooksUpTwelveControlsAndReachesEachLineByItsNames) {
     mixer.missing = {MixerLine::Mic};
@@ -72,37 +68,31 @@ TEST_F(VolumeTest, TellsOnceOfAMissingCardAndUsesOneThatComesLater) {
     EXPECT_TRUE(dialogs.shown.empty());
     for (int i = 0; i < 2; ++i)
         volume.ShowHardwareProblem();
-    EXPECT_EQ(dialogs.shown,
-              std::vector<std::string>{"No sound card detected.  You must install a sound card."});
-    EXPECT_EQ(dialogs.titles, std::vector<std::string>{"Hardware Problem"});
     volume.VolumeLevel(7);
     EXPECT_EQ(volume.VolumeMax(), 0);
-    mixer.present = true;
-    ++mixer.session;
+    mixer.Change(true);
     EXPECT_EQ(volume.VolumeMax(), 1000);
-}
-
-TEST_F(VolumeTest, TellsOfMetersThatCannotBeOpenedUnlessTheyCanByThen) {
-    for (const int refused : {2, 3}) {
+    for (const int refused : {2, 3}) { // the meters' open
         mixer.opens = 0;
         mixer.refusedOpen = 2;
-        cVolume volume(Needs());
+        cVolume another(Needs());
         mixer.refusedOpen = refused; // the third open asks again
-        volume.ShowHardwareProblem();
+        another.ShowHardwareProblem();
     }
-    EXPECT_EQ(dialogs.shown, std::vector<std::string>{"Unable to open the requested device."});
-    EXPECT_EQ(dialogs.titles, std::vector<std::string>{"Velkorandum - Mixercontrol Failure"});
+    EXPECT_THAT(dialogs.shown,
+                ElementsAre("No sound card detected.  You must install a sound card.",
+                            "Unable to open the requested device."));
+    EXPECT_THAT(dialogs.titles,
+                ElementsAre("Hardware Problem", "Velkorandum - Mixercontrol Failure"));
 }
 
 TEST_F(VolumeTest, ReportsAFailureUnderThePropertysName) {
     cVolume volume(Needs());
     mixer.broken = true;
-    EXPECT_EQ(volume.VolumeLevel(), 0);
-    EXPECT_TRUE(Logged("An error occured in cVolume.VolumeLevel   : wire cut"));
+    EXPECT_EQ(volume.VolumeLevel() + volume.CurrentVolumeMeterOutput(), 0);
     volume.CompactDiscMute(true);
-    EXPECT_TRUE(Logged("An error occured in cVolume.CompactDiscMute   : wire cut"));
-    EXPECT_EQ(volume.CurrentVolumeMeterOutput(), 0);
-    EXPECT_TRUE(Logged("An error occured in cVolume.CurrentVolumeMeterOutput   : wire cut"));
+    for (const std::string name : {"VolumeLevel", "CurrentVolumeMeterOutput", "CompactDiscMute"})
+        EXPECT_TRUE(Logged("An error occured in cVolume." + name + "   : wire cut"));
 }
 
 TEST_F(VolumeTest, MetersShowThePeakOfTheLatestBuffer) {

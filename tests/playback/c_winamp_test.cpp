@@ -39,36 +39,25 @@ TEST_F(WinampTest, FindsTheWindowByClassAndSpeaksToItUntilItIsGone) {
     EXPECT_EQ(player.windows.back(), 0u);
 }
 
-TEST_F(WinampTest, OneMessageAnOperation) {
+TEST_F(WinampTest, OneMessageAnOperationAndNoneForAValueOutOfRange) {
     winamp.WinAMP_FF();
     winamp.WinAMP_RW();
     winamp.WinAMP_ClearPlaylist();
     winamp.WinAMP_loadtracknum(4);
-    winamp.WinAMP_SetVolume(255);
     winamp.WinAMP_setvol(300);
-    for (const int balance : {127, -1, -127})
-        winamp.WinAMP_SetBalance(balance);
-    EXPECT_THAT(player.sent,
-                ElementsAre(Cmd(40148), Cmd(40144), Ask(101), Ask(121, 4), Ask(122, 255),
-                            Ask(122, 300), Ask(123, 127), Ask(123, 254), Ask(123, 128)));
-}
-
-TEST_F(WinampTest, ValuesOutOfRangeSendNothing) {
-    for (const int volume : {-1, 256})
+    for (const int volume : {-1, 255, 256})
         winamp.WinAMP_SetVolume(volume);
-    for (const int balance : {128, -128})
+    for (const int balance : {128, 127, -1, -127, -128})
         winamp.WinAMP_SetBalance(balance);
-    for (const auto& [band, value] : {std::pair{10, 5}, {-1, 5}, {0, 64}})
-        winamp.WinAMP_SetEQValue(band, value);
-    winamp.WinAMP_SetPreAmpValue(-1);
+    for (const auto& [band, value] : {std::pair{10, 5}, {-1, 5}, {0, 64}, {9, 63}})
+        winamp.WinAMP_SetEQValue(band, value); // the band is chosen before it is set
+    for (const int value : {-1, 0})
+        winamp.WinAMP_SetPreAmpValue(value);
     EXPECT_EQ(winamp.WinAMP_GetEQValue(10), -1);
-    EXPECT_THAT(player.sent, IsEmpty());
-}
-
-TEST_F(WinampTest, EqualiserSelectsTheBandBeforeItSetsIt) {
-    winamp.WinAMP_SetEQValue(9, 63);
-    winamp.WinAMP_SetPreAmpValue(0);
-    EXPECT_THAT(player.sent, ElementsAre(Ask(127, 9), Ask(128, 63), Ask(127, 10), Ask(128, 0)));
+    EXPECT_THAT(player.sent,
+                ElementsAre(Cmd(40148), Cmd(40144), Ask(101), Ask(121, 4), Ask(122, 300),
+                            Ask(122, 255), Ask(123, 127), Ask(123, 254), Ask(123, 128), Ask(127, 9),
+                            Ask(128, 63), Ask(127, 10), Ask(128, 0)));
     Answer(31);
     EXPECT_EQ(winamp.WinAMP_GetEQValue(3), 31);
     EXPECT_EQ(winamp.WinAMP_GetPreAmpValue(), 31);

@@ -4,6 +4,7 @@
 
 namespace vk::test {
 
+using testing::Each;
 using testing::ElementsAre;
 using testing::HasSubstr;
 
@@ -19,6 +20,11 @@ struct FileSourceTest : testing::Test, AudioFixture {
         tags[FileNameOf(Song(song))] = tag;
     }
     std::string Text(int row) const { return list.Row(row).first + list.Row(row).second; }
+    std::string Shown() const { return view.artist + " - " + view.title + ", " + view.bitRate; }
+    /// All that count tracks, which agree but after a choice of the user.
+    std::vector<std::int32_t> Places() const {
+        return {audio.CurrentTrack, audio.PlayingIndex, audio.TrackToSelect, list.iSelected};
+    }
 };
 
 TEST_F(FileSourceTest, StartsAListInTheFixedOrder) {
@@ -27,15 +33,12 @@ TEST_F(FileSourceTest, StartsAListInTheFixedOrder) {
     start.resize(5);
     EXPECT_THAT(start, ElementsAre(WinampStop, 101, 121, WinampPlay, 104));
     EXPECT_THAT(process.wire.ran, ElementsAre(HasSubstr("/ADD \"" + audio.ListFile + "\"")));
-    EXPECT_EQ(process.track, 1);
-    EXPECT_EQ(audio.PlayingIndex, 1);
-    EXPECT_FALSE(audio.bStartPlaying);
-    EXPECT_EQ(list.iSelected, 1);
+    EXPECT_EQ(process.State(), "playing 1 at 0");
+    EXPECT_THAT(Places(), ElementsAre(1, 1, 2, 1));
     EXPECT_EQ(list.iHighlight, 1);
-    EXPECT_EQ(view.artist + " - " + view.title, "Artist2 - Song2");
-    EXPECT_EQ(view.bitRate, "128 KB/s");
+    EXPECT_EQ(Shown(), "Artist2 - Song2, 128 KB/s");
     EXPECT_EQ(view.loading, "");
-    EXPECT_FALSE(state.ListBusy);
+    EXPECT_FALSE(audio.bStartPlaying || state.ListBusy);
 }
 
 TEST_F(FileSourceTest, GivesUpAfterAHundredPollsOrWhenTheModeChangesMeanwhile) {
@@ -64,29 +67,30 @@ TEST_F(FileSourceTest, ResumesOnceAtThePositionUnlessTheEntryIsMissing) {
     Resume(42);
     ChooseList(app.Write("gone.m3u", Song(1) + "\n/gone.mp3\n" + Song(3)), 2);
     player().ReShow();
-    EXPECT_EQ(process.track, 1);
+    EXPECT_EQ(process.State(), "playing 1 at 0");
     EXPECT_EQ(process.Count(106), 0);
-    EXPECT_EQ(process.status, 1);
     Resume(42);
     Play(3, 2);
-    EXPECT_EQ(process.positionMs, 42000);
+    EXPECT_EQ(process.State(), "playing 1 at 42");
     EXPECT_TRUE(Logged("resume to position 42 of current track"));
     EXPECT_EQ(Saved("CurrentPosition"), "42");
     Play(3, 1);
-    EXPECT_EQ(process.positionMs, 0);
+    EXPECT_EQ(process.State(), "playing 0 at 0");
 }
 
 TEST_F(FileSourceTest, BuildsRowsFromTagsAndNamesOfAListThatIsOnlyShown) {
     settings.values.numberedList = true;
     Tag(1, "The Band", "The Tune");
     Tag(2, "", "The Tune");
+    InsertDisc();
     MakeList(2);
     Show(app.Write("l.m3u", "# Road music\n" + Song(1) + "\n" + Song(2) + "\nTrack01.CDA\n" +
                                 app.Write("media/x.wma", "x") + "\n"),
          3);
     EXPECT_EQ(process.Count(WinampPlay), 0);
     EXPECT_EQ(view.listTitle, "Road music");
-    EXPECT_EQ(view.title, "CD Audio Track #3");
+    EXPECT_EQ(Shown(), " - CD Audio Track #3, ");
+    EXPECT_EQ(view.mediaType, "cdicon.gif");
     EXPECT_EQ(list.iSelected, 2);
     EXPECT_EQ(Text(0), "1 - The Band - The Tune");
     EXPECT_EQ(Text(1), "2 - The Tune");
@@ -94,6 +98,8 @@ TEST_F(FileSourceTest, BuildsRowsFromTagsAndNamesOfAListThatIsOnlyShown) {
     EXPECT_EQ(list.Row(0).picture, "mp3.gif");
     EXPECT_EQ(list.Row(2).picture, "audiocd.gif");
     EXPECT_EQ(list.Row(3).picture, "wmafile.gif");
+    Play(1); // a file on the disc
+    EXPECT_EQ(view.mediaType, "mp3icon.gif");
 }
 
 TEST_F(FileSourceTest, ReadsOnlyTheTagsOfRowsThatCameOnShow) {
@@ -137,28 +143,21 @@ TEST_F(FileSourceTest, OkRestartsTheRunningTrackOrPlaysAnotherOne) {
     process.wire.sent.clear();
     player().runok();
     EXPECT_THAT(process.Sent(), ElementsAre(WinampPlay, 121, WinampPlay, 126));
-    EXPECT_EQ(process.track, 2);
-    EXPECT_EQ(audio.TrackToSelect, 3);
-    EXPECT_EQ(audio.PlayingIndex, 2);
+    EXPECT_THAT(Places(), ElementsAre(2, 2, 3, 2));
     EXPECT_FALSE(audio.bPaused);
     EXPECT_EQ(view.title, "Song3");
     EXPECT_EQ(Saved("currenttrack"), "2");
-}
-
-TEST_F(FileSourceTest, PausesAndGoesOn) {
-    Play(2);
     process.positionMs = 61000;
-    player().DoPause();
-    EXPECT_EQ(process.status, 3);
-    EXPECT_EQ(view.buttons[PlayerButton::Pause], "play.gif");
-    EXPECT_EQ(Saved("CurrentPosition"), "61");
-    player().DoPlay();
-    EXPECT_EQ(process.status, 1);
-    EXPECT_FALSE(audio.bPaused);
-    player().DoPause();
-    player().DoPause();
-    EXPECT_EQ(process.status, 1);
-    EXPECT_EQ(view.buttons[PlayerButton::Pause], "pause.gif");
+    for (const auto goOn : {&AudioPlayer::DoPlay, &AudioPlayer::DoPause}) {
+        player().DoPause();
+        EXPECT_EQ(process.State(), "paused 2 at 61");
+        EXPECT_EQ(view.buttons[PlayerButton::Pause], "play.gif");
+        EXPECT_EQ(Saved("CurrentPosition"), "61");
+        (player().*goOn)();
+        EXPECT_EQ(process.State(), "playing 2 at 61");
+        EXPECT_EQ(view.buttons[PlayerButton::Pause], "pause.gif");
+        EXPECT_FALSE(audio.bPaused);
+    }
 }
 
 TEST_F(FileSourceTest, FollowsTheProcessToWhateverItChooses) {
@@ -167,22 +166,18 @@ TEST_F(FileSourceTest, FollowsTheProcessToWhateverItChooses) {
     process.track = 1;
     process.bitRate = 0;
     clock.Advance(1000);
-    EXPECT_EQ(audio.CurrentTrack, 1);
-    EXPECT_EQ(audio.PlayingIndex, 1);
-    EXPECT_EQ(view.title, "Song2");
-    EXPECT_EQ(view.bitRate, "");
+    EXPECT_THAT(Places(), Each(1));
+    EXPECT_EQ(Shown(), "Artist2 - Song2, ");
     EXPECT_EQ(Saved("currenttrack"), "1");
     process.bitRate = 320; // known only a little later
     clock.Advance(1000);
-    EXPECT_EQ(view.bitRate, "320 KB/s");
+    EXPECT_EQ(Shown(), "Artist2 - Song2, 320 KB/s");
     process.track = 2; // its own shuffle
     player().MoveAhead();
     process.positionMs = 7000;
     clock.Advance(200); // the time follows at once
     EXPECT_EQ(view.time, "TrackTime: 2:52");
-    EXPECT_EQ(audio.CurrentTrack, 3);
-    EXPECT_EQ(audio.TrackToSelect, 3);
-    EXPECT_EQ(list.iSelected, 3);
+    EXPECT_THAT(Places(), Each(3));
     player().MoveBack();
     EXPECT_EQ(view.title, "Song3");
 }
@@ -211,16 +206,6 @@ TEST_F(FileSourceTest, AQuerysTracksAreHandedOverByName) {
     EXPECT_EQ(app.Read("vk_audio_expanded.m3u"),
               Song(3) + "\r\n" + Song(1) + "\r\n" + Song(2) + "\r\n");
     EXPECT_EQ(audio.ListFile, app.File("q.m3u"));
-}
-
-TEST_F(FileSourceTest, ADiscTrackShowsItsTextAndTheDiscsSign) {
-    InsertDisc();
-    Show(app.Write("cd.m3u", "/media/disc/Track01.cda\n"));
-    EXPECT_EQ(view.title, "CD Audio Track #1");
-    EXPECT_EQ(view.artist + view.bitRate, "");
-    EXPECT_EQ(view.mediaType, "cdicon.gif");
-    Play(1);
-    EXPECT_EQ(view.mediaType, "mp3icon.gif");
 }
 
 } // namespace vk::test

@@ -55,37 +55,32 @@ struct PlayerSourcesTest : testing::Test, AudioFixture {
         xm = &xmTuner;
         settings.values.dlink_enabled = settings.values.xmpcr_enabled = true;
     }
-    std::string SourceButton() { return view.buttons[PlayerButton::Source]; }
-    void PlayFavorites(const std::string& contents) {
-        if (!contents.empty()) app.Write("favorites.m3u", contents);
-        Play(3, 2);
+    /// What the screen says of the source, and of the one that a press selects.
+    std::string Said() {
+        return view.listTitle + ", " + view.mediaType + ", " + view.buttons[PlayerButton::Source];
     }
 };
 
 TEST(SourceTable, GoesRound) {
-    struct Case {
+    const struct {
         Tuners tuners;
-        PlayModeValue fromAudio, fromFM, fromXM;
+        PlayModeValue next[4]; ///< after none, FM, XM and audio files
+    } cases[] = {
+        {{true, true, false}, {PlayNone, PlayXM, PlayAudio, PlayFM}},
+        {{true, true, true}, {PlayNone, PlayAudio, PlayFM, PlayXM}},
+        {{true, false, true}, {PlayNone, PlayAudio, PlayNone, PlayFM}},
+        {{false, true, false}, {PlayNone, PlayNone, PlayAudio, PlayXM}},
+        {{false, false, false}, {PlayNone, PlayNone, PlayNone, PlayNone}},
     };
-    const Case cases[] = {
-        {{true, true, false}, PlayFM, PlayXM, PlayAudio},
-        {{true, true, true}, PlayXM, PlayAudio, PlayFM},
-        {{true, false, true}, PlayFM, PlayAudio, PlayNone},
-        {{false, true, false}, PlayXM, PlayNone, PlayAudio},
-        {{false, false, false}, PlayNone, PlayNone, PlayNone},
-    };
-    for (const Case& c : cases) {
-        EXPECT_EQ(NextSource(PlayAudio, c.tuners), c.fromAudio);
-        EXPECT_EQ(NextSource(PlayFM, c.tuners), c.fromFM);
-        EXPECT_EQ(NextSource(PlayXM, c.tuners), c.fromXM);
-        EXPECT_EQ(NextSource(PlayNone, c.tuners), PlayNone);
-    }
+    for (const auto& c : cases)
+        for (int mode = PlayNone; mode <= PlayAudio; ++mode)
+            EXPECT_EQ(NextSource(mode, c.tuners), c.next[mode]) << mode << " in " << &c - cases;
 }
 
 TEST_F(PlayerSourcesTest, OneButtonGoesThroughAllSourcesAndResumesTheMusic) {
     app.Write("winamp.ini", "[Winamp]\r\nshuffle=1\r\n");
     Play(9, 4);
-    EXPECT_EQ(SourceButton(), "fm.gif");
+    EXPECT_EQ(Said(), "media, mp3icon.gif, fm.gif");
     process.positionMs = 61000;
     clock.Advance(1000);
     player().TSRadio2MP3Btn_Click();
@@ -93,9 +88,7 @@ TEST_F(PlayerSourcesTest, OneButtonGoesThroughAllSourcesAndResumesTheMusic) {
     EXPECT_EQ(process.status, 0);
     EXPECT_FALSE(audio.bShuffle || view.shuffle);
     EXPECT_EQ(view.buttons[PlayerButton::Shuffle], "shuffle.gif");
-    EXPECT_EQ(view.listTitle, "D-Link FM Radio");
-    EXPECT_EQ(view.mediaType, "radio.gif");
-    EXPECT_EQ(SourceButton(), "xm.gif");
+    EXPECT_EQ(Said(), "D-Link FM Radio, radio.gif, xm.gif");
     EXPECT_TRUE(audio.bStartPlaying);
     EXPECT_THAT(fmTuner.calls, ElementsAre("Start", "LoadPlaylist"));
     EXPECT_EQ(view.title + view.artist + view.time, "");
@@ -109,20 +102,16 @@ TEST_F(PlayerSourcesTest, OneButtonGoesThroughAllSourcesAndResumesTheMusic) {
     player().TSRadio2MP3Btn_Click();
     EXPECT_EQ(waiting, "Please wait while the XM channel list is initialized...");
     EXPECT_EQ(view.loading, "");
-    EXPECT_EQ(view.listTitle, "XM Satellite Radio");
+    EXPECT_EQ(Said(), "XM Satellite Radio, radio.gif, player.gif");
     EXPECT_THAT(fmTuner.calls, testing::Contains("Stop"));
     EXPECT_EQ(xmTuner.calls.size(), 2u);
-    EXPECT_EQ(SourceButton(), "player.gif");
 
-    process.wire.sent.clear();
     player().TSRadio2MP3Btn_Click();
     EXPECT_EQ(xmTuner.calls.back(), "Stop");
     EXPECT_EQ(audio.PlayMode, PlayAudio);
-    EXPECT_EQ(process.track, 3);
-    EXPECT_EQ(process.positionMs, 61000);
+    EXPECT_EQ(process.State(), "playing 3 at 61");
     EXPECT_TRUE(view.shuffle);
-    EXPECT_EQ(view.title, "Song4");
-    EXPECT_EQ(SourceButton(), "fm.gif");
+    EXPECT_EQ(view.title + ", " + Said(), "Song4, media, mp3icon.gif, fm.gif");
 }
 
 TEST_F(PlayerSourcesTest, StaysWhereItIsWhenTheNextSourceCannotPlay) {
@@ -136,22 +125,16 @@ TEST_F(PlayerSourcesTest, StaysWhereItIsWhenTheNextSourceCannotPlay) {
     EXPECT_THAT(fmTuner.calls, ElementsAre("Save"));
     clock.Advance(5000);
     EXPECT_EQ(view.clocks.back(), "Saturday, November 21, 2026    12:0");
-
     settings.values.dlink_enabled = false;
     Play(2);
-    EXPECT_EQ(SourceButton(), "player.gif");
-    player().TSRadio2MP3Btn_Click();
-    EXPECT_EQ(audio.PlayMode, PlayAudio);
-    state.ListBusy = true;
-    settings.values.dlink_enabled = true;
-    player().TSRadio2MP3Btn_Click();
-    EXPECT_EQ(audio.PlayMode, PlayAudio);
-}
-
-TEST_F(PlayerSourcesTest, AListOnADiscThatIsGoneIsNotResumed) {
-    Play(3);
-    settings.Write("audio_player", "VolumeSerial", "77");
-    settings.values.xmpcr_enabled = false;
+    EXPECT_EQ(Said(), "media, mp3icon.gif, player.gif");
+    for (const bool enabled : {false, true}) {
+        settings.values.dlink_enabled = state.ListBusy = enabled;
+        player().TSRadio2MP3Btn_Click();
+        EXPECT_EQ(audio.PlayMode, PlayAudio);
+    }
+    state.ListBusy = false;
+    settings.Write("audio_player", "VolumeSerial", "77"); // a list on a disc that is gone
     audio.PlayMode = PlayFM;
     player().TSRadio2MP3Btn_Click();
     EXPECT_EQ(menu.Count("ReShow"), 1);
@@ -200,7 +183,8 @@ TEST_F(PlayerSourcesTest, TheLineOfATunerIsMuteWhileItStartsAndStops) {
 }
 
 TEST_F(PlayerSourcesTest, AddsEachSourcesFavouriteOnce) {
-    PlayFavorites("#EXTM3U\n" + Song(1));
+    app.Write("favorites.m3u", "#EXTM3U\n" + Song(1));
+    Play(3, 2);
     for (int press = 0; press < 2; ++press)
         player().AddFavKBIR();
     EXPECT_EQ(app.Read("favorites.m3u"), "#EXTM3U\n" + Song(1) + "\r\n" + Song(2) + "\r\n");
@@ -223,7 +207,7 @@ TEST_F(PlayerSourcesTest, AddsEachSourcesFavouriteOnce) {
 }
 
 TEST_F(PlayerSourcesTest, RefusesDiscsAndSaysWhatFailed) {
-    PlayFavorites("");
+    Play(3, 2);
     state.ListBusy = true;
     player().TSAddFavBtn_Click();
     state.ListBusy = false;
