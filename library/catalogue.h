@@ -4,6 +4,7 @@
 #include "core/app_state.h"
 #include "library/tag_record.h"
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -36,6 +37,10 @@ class Catalogue {
     virtual std::vector<CatalogueFile> FilesBelow(const std::string& folder) = 0;
     /// The files of any query that selects Path and, where it likes, Artist and Title.
     virtual std::vector<CatalogueFile> Files(const std::string& sql) = 0;
+    /// The same one by one, until `take` returns false. Events may run in it, whatever they do to
+    /// the catalogue: the files are those of the moment of the query.
+    virtual void EachFile(const std::string& sql,
+                          const std::function<bool(const CatalogueFile&)>& take) = 0;
     /// The records of any query, for lists of artists, albums and genres.
     virtual std::vector<CatalogueRecord> Records(const std::string& sql) = 0;
     /// What is catalogued of the file at a full path; nothing when it has no row. Never throws.

@@ -67,11 +67,11 @@ class Scan {
             throw Error("The media folder " + request_.mediaDir + " holds no media files",
                         NoMediaFiles);
         const Changes changes = Compare(found);
-        if (!changes.None() || !catalogue_) Write(found, changes);
+        if (!changes.None() || !catalogue_) WriteOrRenew(found, changes);
         succeeded_ = !needs_.stop;
     }
 
-    /// A catalogue that is damaged inside shows it here: it is given up.
+    /// Damage of the table shows here, at the latest: the catalogue is given up.
     Changes Compare(const FoundFiles& found) {
         Progress(ScanStep::Comparing, 0, "Please Wait...");
         try {
@@ -80,6 +80,18 @@ class Scan {
             SendError(error);
             catalogue_.reset();
             return CompareWithRows(found, nullptr);
+        }
+    }
+
+    /// Damage of an index shows only when rows change: all is written anew, once.
+    void WriteOrRenew(const FoundFiles& found, const Changes& changes) {
+        try {
+            Write(found, changes);
+        } catch (const std::exception& error) {
+            if (!catalogue_ || !IsDamage(error)) throw;
+            SendError(error);
+            catalogue_.reset();
+            Write(found, CompareWithRows(found, nullptr));
         }
     }
 

@@ -83,12 +83,16 @@ void ListDesk::AddEmptyNotice(const std::string& text, const std::string& pictur
 
 int ListDesk::AddCatalogueFiles(const std::vector<CatalogueFile>& files) {
     int number = 0;
-    for (const CatalogueFile& file : files) {
-        if (!Pulse(static_cast<std::size_t>(number))) break;
-        if (Showable(JoinPath(needs.MediaDir(), file.path)))
-            rows.AddFileRow(++number, file.artist, file.title, file.path, false);
-    }
+    for (const CatalogueFile& file : files)
+        if (!AddCatalogueFile(file, number)) break;
     return number;
+}
+
+bool ListDesk::AddCatalogueFile(const CatalogueFile& file, int& number) {
+    if (!Pulse(static_cast<std::size_t>(number))) return false;
+    if (Showable(JoinPath(needs.MediaDir(), file.path)))
+        rows.AddFileRow(++number, file.artist, file.title, file.path, false);
+    return true;
 }
 
 } // namespace vk

@@ -57,6 +57,8 @@ class ListDesk {
     void AddEmptyNotice(const std::string& text, const std::string& picture = {});
     /// A numbered row for each file that is still there; returns how many rows that made.
     int AddCatalogueFiles(const std::vector<CatalogueFile>& files);
+    /// The row after `number` for one of them; false when the build is to end early.
+    bool AddCatalogueFile(const CatalogueFile& file, int& number);
 
     BrowserNeeds& needs;
     ListModel& list;

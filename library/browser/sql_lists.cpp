@@ -128,8 +128,10 @@ void SqlLists::AddRecords(const std::string& sql, const std::string& descriptor,
 
 void SqlLists::AddFiles(const std::string& sql) {
     desk_.list.HideDupes = desk_.needs.settings.values.hideDupeArtist;
-    if (desk_.AddCatalogueFiles(desk_.needs.catalogue->Files(sql)) == 0)
-        desk_.AddEmptyNotice(NothingFound, alertPic);
+    int number = 0;
+    desk_.needs.catalogue->EachFile(
+        sql, [&](const CatalogueFile& file) { return desk_.AddCatalogueFile(file, number); });
+    if (number == 0) desk_.AddEmptyNotice(NothingFound, alertPic);
 }
 
 } // namespace vk

@@ -70,6 +70,32 @@ bool modDB::OpenUnlessDamaged() {
     }
 }
 
+bool modDB::ServerWorks() const {
+    const DBStateValue state = State();
+    return state == DBStateValue::Rebuilding || state == DBStateValue::CheckPoint;
+}
+
+template<class Work> auto modDB::Guarded(const Work& work) {
+    const Database* const read = database_.get();
+    try {
+        return work();
+    } catch (const std::exception& error) {
+        if (IsDamage(error) && database_.get() == read && !ServerWorks()) GiveUp(error);
+        throw;
+    }
+}
+
+// The server may find nothing wrong with it, as it reads the table and not the indexes: it must
+// not find the file.
+void modDB::GiveUp(const std::exception& damage) {
+    needs_.report.Log(std::string("tags.mdb is made anew: ") + damage.what());
+    Close();
+    DeleteFileAt(File(CatalogueFileName));
+    DeleteFileAt(File("tags.mdb-journal"));
+    needs_.app.DBState = DBStateValue::Initialized;
+    RebuildDue = true;
+}
+
 bool modDB::CopyTemplate() {
     return FileExists(File(EmptyCatalogueName)) &&
            CopyFileTo(File(EmptyCatalogueName), File(CatalogueFileName));
@@ -128,11 +154,22 @@ std::vector<CatalogueFile> modDB::FilesBelow(const std::string& folder) {
 }
 
 std::vector<CatalogueFile> modDB::Files(const std::string& sql) {
-    Statement query = Query(sql);
     std::vector<CatalogueFile> files;
-    while (query.Step())
-        files.push_back(ReadFile(query));
+    EachFile(sql, [&](const CatalogueFile& file) {
+        files.push_back(file);
+        return true;
+    });
     return files;
+}
+
+// The connection may be closed by an event: it lives on for the statement.
+void modDB::EachFile(const std::string& sql,
+                     const std::function<bool(const CatalogueFile&)>& take) {
+    Guarded([&] {
+        Statement query = Query(sql);
+        while (query.Step() && take(ReadFile(query)))
+            ;
+    });
 }
 
 CatalogueFile modDB::ReadFile(const Statement& record) const {
@@ -162,19 +199,21 @@ std::string modDB::StoredPath(std::string_view stored) const {
 }
 
 std::vector<CatalogueRecord> modDB::Records(const std::string& sql) {
-    Statement query = Query(sql);
-    std::vector<CatalogueRecord> records;
-    while (query.Step()) {
-        CatalogueRecord& record = records.emplace_back();
-        for (int i = 0; i < query.Columns(); ++i)
-            record.emplace_back(query.Text(i));
-    }
-    return records;
+    return Guarded([&] {
+        Statement query = Query(sql);
+        std::vector<CatalogueRecord> records;
+        while (query.Step()) {
+            CatalogueRecord& record = records.emplace_back();
+            for (int i = 0; i < query.Columns(); ++i)
+                record.emplace_back(query.Text(i));
+        }
+        return records;
+    });
 }
 
 std::optional<TagRecord> modDB::StoredTag(const std::string& path) {
     try {
-        return database_ ? FindTag(path) : std::nullopt;
+        return database_ ? Guarded([&] { return FindTag(path); }) : std::nullopt;
     } catch (const std::exception& error) {
         needs_.report.Log(std::string("An error occured in modDB.GetDBTag ") + error.what());
         return std::nullopt;
@@ -198,13 +237,11 @@ std::optional<TagRecord> modDB::FindTag(const std::string& path) {
 
 void modDB::UpdateFileRow(const std::string& path) {
     // The server would lock a writer out while it copies the file, and its own is coming.
-    const DBStateValue state = State();
-    if (state == DBStateValue::Rebuilding || state == DBStateValue::CheckPoint)
-        return due_.push_back(path);
+    if (ServerWorks()) return due_.push_back(path);
     const int type = GetMediaType(needs_.app, path);
     if (type == MediaUnknown || !database_) return;
     TrapAndLog(needs_.report, "An error occured in modDB.UpdateFileRow ",
-               [&] { WriteRow(path, type); });
+               [&] { Guarded([&] { WriteRow(path, type); }); });
 }
 
 void modDB::RunUpdates() {

@@ -43,8 +43,8 @@ class modDB : public Catalogue {
     void ShowOldRows();
     /// The server put its file in place of the old one; whoever acts on it clears the flag.
     bool Replaced = false;
-    /// The file is damaged: only a scan brings the catalogue back; whoever wants it clears the
-    /// flag.
+    /// The file was damaged, which may show first in a query: only a scan brings the catalogue
+    /// back; whoever wants it clears the flag.
     bool RebuildDue = false;
 
     DBStateValue State() const override { return needs_.app.DBState; }
@@ -52,6 +52,8 @@ class modDB : public Catalogue {
                                            bool sortByFilename) override;
     std::vector<CatalogueFile> FilesBelow(const std::string& folder) override;
     std::vector<CatalogueFile> Files(const std::string& sql) override;
+    void EachFile(const std::string& sql,
+                  const std::function<bool(const CatalogueFile&)>& take) override;
     std::vector<CatalogueRecord> Records(const std::string& sql) override;
     std::optional<TagRecord> StoredTag(const std::string& path) override;
     void UpdateFileRow(const std::string& path) override;
@@ -60,6 +62,9 @@ class modDB : public Catalogue {
     std::string File(const char* name) const;
     void Open();
     bool OpenUnlessDamaged();
+    bool ServerWorks() const;
+    template<class Work> auto Guarded(const Work& work);
+    void GiveUp(const std::exception& damage);
     bool CopyTemplate();
     Database& Opened();
     Statement Query(const std::string& sql);

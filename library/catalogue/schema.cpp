@@ -10,7 +10,7 @@ namespace vk {
 namespace {
 
 // Raised also when the rows of before would be made otherwise now: all files are read again then.
-constexpr int Layout = 3;
+constexpr int Layout = 4;
 
 constexpr char Tables[] =
     "CREATE TABLE Genres(GenreID INTEGER PRIMARY KEY,"
@@ -25,7 +25,9 @@ constexpr char Tables[] =
 constexpr char Indexes[] = "CREATE INDEX MediaParentDir ON Media(ParentDir);"
                            "CREATE INDEX MediaArtist ON Media(Artist);"
                            "CREATE INDEX MediaGenre ON Media(GenreID);"
-                           "CREATE INDEX MediaStamp ON Media(MediaType, TStamp);";
+                           "CREATE INDEX MediaNew ON Media(TStamp) WHERE MediaType=1;"
+                           // Of one kind it gives the rows as they were written.
+                           "CREATE INDEX MediaKind ON Media(MediaType);";
 
 std::int64_t Number(Database& database, std::string_view sql) {
     Statement statement(database, sql);

@@ -28,7 +28,7 @@ void CreateIndexes(Database& database);
 void MeasureIndexes(Database& database);
 
 /// Throws when the file is no catalogue, one of another layout or shorter than it says. Damage deep
-/// inside shows only when it is read.
+/// inside shows only when that place is read: in the table to a scan, in an index to a query.
 void CheckCatalogue(Database& database);
 
 /// True for what tells that the file itself is no good: its contents are to be made anew.

@@ -55,6 +55,8 @@ std::string_view ColumnText(sqlite3_stmt* statement, int column) {
 } // namespace
 
 void Database::Close::operator()(sqlite3* handle) const {
+    // A statement that is still there goes on with the connection, but not with this object.
+    sqlite3_progress_handler(handle, 0, nullptr, nullptr);
     sqlite3_close_v2(handle);
 }
 
