@@ -5,6 +5,7 @@
 #include "library/browser/drives.h"
 #include "library/browser/list_desk.h"
 
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
@@ -50,6 +51,7 @@ class ListBuilder {
     void TitleFolder(const std::string& path);
     Contents Walk(const std::string& path);
     bool TakeDiscVideo(const std::string& path, const std::string& name, Contents& contents);
+    std::optional<std::vector<CatalogueFile>> CataloguedFiles();
     void AddFiles(const Contents& contents);
     // top_rows.cpp
     void AddTopRows();

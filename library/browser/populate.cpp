@@ -1,4 +1,5 @@
 // The list of one folder.
+#include "core/error_report.h"
 #include "core/text.h"
 #include "library/browser/disc_video.h"
 #include "library/browser/list_builder.h"
@@ -80,16 +81,22 @@ ListBuilder::Contents ListBuilder::Walk(const std::string& path) {
     return contents;
 }
 
+// Nothing when the folder itself is to be read, as when the catalogue fails.
+std::optional<std::vector<CatalogueFile>> ListBuilder::CataloguedFiles() {
+    if (!desk_.needs.CatalogueOnLine() || OtherDrive()) return std::nullopt;
+    std::optional<std::vector<CatalogueFile>> files;
+    TrapAndLog(desk_.needs.report, "An error occured in playlists.Populate ", [&] {
+        files = desk_.needs.catalogue->FolderFiles(desk_.needs.state.CurrentPath,
+                                                   desk_.needs.state.ListMode == ListFromAudio,
+                                                   desk_.needs.settings.values.SortByFilename);
+    });
+    return files;
+}
+
 void ListBuilder::AddFiles(const Contents& contents) {
-    bool found = false;
-    if (desk_.needs.CatalogueOnLine() && !OtherDrive()) {
-        found = desk_.AddCatalogueFiles(desk_.needs.catalogue->FolderFiles(
-            desk_.needs.state.CurrentPath, desk_.needs.state.ListMode == ListFromAudio,
-            desk_.needs.settings.values.SortByFilename));
-        if (found) desk_.ParentName = desk_.Title();
-    } else {
-        found = AddPlainFiles(contents.files);
-    }
+    const auto known = CataloguedFiles();
+    const bool found = known ? desk_.AddCatalogueFiles(*known) > 0 : AddPlainFiles(contents.files);
+    if (known && found) desk_.ParentName = desk_.Title();
     if (!found && !AtTop() && !contents.discRow) desk_.AddEmptyNotice(NothingFound, alertPic);
 }
 
