@@ -1,5 +1,6 @@
 #include "library/catalogue/server_client.h"
 
+#include <QPointer>
 #include <QProcess>
 #include <QTimer>
 
@@ -30,7 +31,8 @@ DB_OBJ::~DB_OBJ() {
         process->disconnect();
         if (process->waitForFinished(GraceMs)) continue;
         process->kill();
-        process->waitForFinished(GraceMs);
+        // It may hang in the kernel, on a drive: its destructor would wait for it.
+        if (!process->waitForFinished(GraceMs)) process->setParent(nullptr);
     }
 }
 
@@ -56,8 +58,12 @@ void DB_OBJ::Scan(const ScanRequest& request) {
 void DB_OBJ::Stop() {
     if (!process_) return;
     Send({ServerRequest::Kind::Stop, {}});
-    // It may hang on a drive. Its end is then taken as any sudden end.
-    QTimer::singleShot(stopMs_, process_, [process = process_] { process->kill(); });
+    // It may hang on a drive, and then even survive being killed.
+    const QPointer<QProcess> process = process_;
+    QTimer::singleShot(stopMs_, processes_.get(), [this, process] {
+        if (process) process->kill();
+        if (process && process == process_) Lose("DB_UPDATE does not stop");
+    });
 }
 
 void DB_OBJ::Send(const ServerRequest& request) {
