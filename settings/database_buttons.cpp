@@ -42,6 +42,7 @@ void SettingsShell::bDeleteDB_Click() {
     Trap(n_.report, "An error occured in settings.bDeleteDB_Click ", [&] {
         if (RefusedWhileBusy()) return;
         if (!n_.dialogs.AskYesNo("Are you sure?", "Delete Velkorandum Database")) return;
+        if (RefusedWhileBusy()) return; // a scan may have begun meanwhile
         n_.catalogue.Delete();
         if (n_.dialogs.AskYesNo("Update the media database now?\nThis may take a few minutes",
                                 "Velkorandum Database"))

@@ -15,7 +15,7 @@ DB_OBJ::Events CatalogueUpdates::Events() {
             .DBError = [this](const ServerError& error) { ReportServerError(error); },
             .Lost =
                 [this] {
-                    waiting_ = false;
+                    EndScan();
                     failure_ = "DB_UPDATE has ended";
                     n_.db.ShowOldRows();
                 }};
@@ -25,7 +25,13 @@ void CatalogueUpdates::ChangeStatus(DBStateValue state) {
     waiting_ = false;
     n_.app.DBState = state;
     if (state == DBStateValue::Rebuilding) n_.app.quitAttempts = 0;
-    if (state == DBStateValue::OnLine || state == DBStateValue::Disabled) n_.db.RunUpdates();
+    if (state != DBStateValue::OnLine && state != DBStateValue::Disabled) return;
+    EndScan();
+    n_.db.RunUpdates();
+}
+
+void CatalogueUpdates::EndScan() {
+    scanning_ = waiting_ = false;
 }
 
 void CatalogueUpdates::Open() {
@@ -44,7 +50,7 @@ void CatalogueUpdates::Supervise() {
     if (FirstScanIsDue()) {
         fired_ = true;
         Scan(true);
-    } else if (rescanWanted_ && n_.app.DBState != DBStateValue::Disabled) {
+    } else if (ScanWanted() && !scanning_) {
         Scan(false);
     }
     if (std::exchange(stopWanted_, false)) n_.stop();
@@ -53,7 +59,6 @@ void CatalogueUpdates::Supervise() {
 void CatalogueUpdates::RequestScan() {
     if (n_.app.DBState == DBStateValue::Disabled) n_.db.InitDB(false);
     rescanWanted_ = true;
-    waiting_ = n_.app.DBState != DBStateValue::Disabled;
 }
 
 void CatalogueUpdates::RequestStop() {
@@ -76,6 +81,7 @@ void CatalogueUpdates::OpenAnew() {
 
 void CatalogueUpdates::Scan(bool full) {
     rescanWanted_ = false;
+    scanning_ = waiting_ = true;
     progress_ = {ScanStep::Counting, 0, ""};
     toRead_ = 0;
     failure_.clear();
@@ -95,8 +101,8 @@ void CatalogueUpdates::ShowProgress(const ScanProgress& progress) {
 }
 
 std::string CatalogueUpdates::Action() const {
-    if (waiting_) return "Please Wait...";
     if (!Busy()) return failure_.empty() ? "" : "The last update failed: " + failure_;
+    if (waiting_ || !scanning_) return "Please Wait...";
     if (progress_.step == ScanStep::Counting && progress_.count > 0)
         return progress_.text + "   " + std::to_string(progress_.count);
     if (progress_.step == ScanStep::Reading)

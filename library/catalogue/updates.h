@@ -39,8 +39,10 @@ class CatalogueUpdates {
     void Delete();
     /// Makes an empty catalogue whose first scan is due.
     void OpenAnew();
-    /// True while the server works.
-    bool Busy() const { return n_.app.DBState == DBStateValue::Rebuilding; }
+    /// True while the server works, or is about to.
+    bool Busy() const {
+        return scanning_ || ScanWanted() || n_.app.DBState == DBStateValue::Rebuilding;
+    }
     /// What the server is doing; between two updates why the last one failed, "" when it did not.
     std::string Action() const;
     /// How far the update is, of 100.
@@ -48,6 +50,8 @@ class CatalogueUpdates {
 
   private:
     bool FirstScanIsDue() const;
+    bool ScanWanted() const { return rescanWanted_ && n_.app.DBState != DBStateValue::Disabled; }
+    void EndScan();
     void Scan(bool full);
     void ChangeStatus(DBStateValue state);
     void ShowProgress(const ScanProgress& progress);
@@ -57,6 +61,7 @@ class CatalogueUpdates {
     ScanProgress progress_;
     std::int64_t toRead_ = 0; ///< files that the update has to read
     bool fired_ = false;      ///< the first scan of this run was started
+    bool scanning_ = false;   ///< the server was started and has not come to its end
     bool rescanWanted_ = false;
     bool stopWanted_ = false;
     bool waiting_ = false; ///< the server has not answered a request yet
