@@ -28,6 +28,9 @@ class Dialogs {
     /// The folder that the user picked, starting at `start` (empty: the home folder); empty on
     /// cancel. `caption` stands above the folders.
     virtual std::string ChooseFolder(const std::string& caption, const std::string& start) = 0;
+    /// True when the program ends: every dialog is cancelled at once, so that nothing may be asked
+    /// until the answer fits.
+    virtual bool Ending() const { return false; }
 };
 
 } // namespace vk

@@ -3,6 +3,8 @@
 #include "platform/files.h"
 #include "platform/paths.h"
 
+#include <utility>
+
 namespace vk {
 
 namespace {
@@ -34,8 +36,11 @@ bool MediaFolders::ChooseMediaDir() {
         if (!dialogs_.AskOkCancel(MediaRefused)) return false;
     }
     const bool playlistsElsewhere = !Within(settings_.values.PlaylistDir, chosen);
-    settings_.values.MediaDir = chosen;
-    if (playlistsElsewhere) ChoosePlaylistDir(false);
+    const std::string before = std::exchange(settings_.values.MediaDir, chosen);
+    if (playlistsElsewhere && !ChoosePlaylistDir(false)) {
+        settings_.values.MediaDir = before;
+        return false;
+    }
     for (const char* list : {"vk_audio.m3u", "vk_video.m3u"})
         if (FileExists(settings_.File(list))) DeleteFileAt(settings_.File(list));
     settings_.Write("main", "MediaDir", chosen);
@@ -50,7 +55,7 @@ bool MediaFolders::ChoosePlaylistDir(bool mayKeep) {
     for (;;) {
         const std::string chosen = WithoutTrailingSeparator(
             dialogs_.ChooseFolder(PlaylistCaption, settings_.values.MediaDir));
-        if (chosen.empty() && mayKeep) return false;
+        if (chosen.empty() && (mayKeep || dialogs_.Ending())) return false;
         if (chosen.empty()) {
             dialogs_.ShowMessage(PlaylistMissing);
         } else if (!Within(chosen, settings_.values.MediaDir)) {

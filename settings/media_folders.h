@@ -19,7 +19,8 @@ class MediaFolders {
     /// False when the user cancelled, which ends the process.
     bool ChooseMediaDir();
     /// The playlist folder, which must lie within the media folder. Asks until the answer fits;
-    /// with `mayKeep` a cancelled choice leaves the folder as it is and gives false.
+    /// with `mayKeep`, or when the program ends, a cancelled choice leaves the folder as it is and
+    /// gives false.
     bool ChoosePlaylistDir(bool mayKeep);
 
     /// True when `path` is `folder` or lies in it.

@@ -70,7 +70,6 @@ bool SkinDialogs::Run(const QPointer<DialogOverlay>& overlay) {
         overlay->hide();
     }
     if (!open_.empty() && open_.back()) open_.back()->SetFront(true);
-    if (open_.empty()) closing_ = false;
     if (focus) focus->setFocus();
     return overlay && overlay->Accepted();
 }
@@ -122,7 +121,7 @@ bool SkinDialogs::DoAction(const InputCode& code, bool repeat) {
 }
 
 void SkinDialogs::CloseAll() {
-    closing_ = !open_.empty();
+    closing_ = true;
     for (auto dialog = open_.rbegin(); dialog != open_.rend(); ++dialog)
         if (*dialog) (*dialog)->Finish(false);
 }

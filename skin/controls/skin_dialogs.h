@@ -40,12 +40,14 @@ class SkinDialogs : public Dialogs {
 
     /// True while a dialog is open.
     bool Active() const { return !open_.empty(); }
+    bool Ending() const override { return closing_; }
     /// Works the dialog in front: arrows, ok, quit and paging, as by keys. False when no dialog is
     /// open; what means nothing to it is used up.
     bool DoAction(const InputCode& code, bool repeat = false);
     /// How often a dialog has come or gone.
     int Changes() const { return changes_; }
-    /// Ends every open dialog with its cancelling answer; for the end of the program.
+    /// Ends every open dialog with its cancelling answer, and any that is asked for later; for the
+    /// end of the program.
     void CloseAll();
 
   private:
@@ -62,7 +64,7 @@ class SkinDialogs : public Dialogs {
     const KeyMap* keys_ = nullptr;
     int changes_ = 0;                           ///< how often a dialog has come or gone
     std::vector<QPointer<DialogOverlay>> open_; ///< the last is in front
-    bool closing_ = false; ///< dialogs that are asked for meanwhile are cancelled at once
+    bool closing_ = false;
 };
 
 } // namespace vk

@@ -87,6 +87,11 @@ TEST_F(SettingsShellTest, BadFoldersAreAskedAgainAndCancelEnds) {
     EXPECT_EQ(dialogs.shown.at(2),
               "You must select a directory WITHIN your Media Directory.  Press ok to return.");
     EXPECT_EQ(settings.values.PlaylistDir, media);
+    dialogs.ending = true;
+    dialogs.folders = {app.MakeFolder("music3"), ""};
+    shell->btnmediadir_Click();
+    EXPECT_EQ(exits, 2) << "nothing is asked again when the program ends";
+    EXPECT_EQ(settings.values.MediaDir, media);
 }
 
 TEST_F(SettingsShellTest, LeavingLaterLoadsTheScreensAnew) {
@@ -124,7 +129,7 @@ TEST_F(SettingsShellTest, TheCatalogueButtonsAskBeforeTheyAct) {
     shell->bDBForceUpdate_Click();
     updates.Supervise();
     EXPECT_EQ(stops, 1);
-    state.DBState = DBStateValue::OnLine;
+    updates.Events().StatusChanged(DBStateValue::OnLine);
     shell->bDeleteDB_Click();
     EXPECT_EQ(shell->DBStatusText(), "Initialized");
     shell->chkDBManualUpdate_Click();

@@ -38,6 +38,9 @@ class FakeDialogs : public Dialogs {
         return folders.empty() ? std::string() : Next(folders);
     }
 
+    bool Ending() const override { return ending; }
+
+    bool ending = false;
     std::vector<std::string> shown, titles, captions;
     std::deque<bool> answers;
     std::deque<std::string> inputs, folders;
