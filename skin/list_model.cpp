@@ -42,7 +42,9 @@ void ListModel::AddItem(const std::string& first, const std::string& second,
 }
 
 void ListModel::RemoveItem(int index) {
-    if (Valid(index)) rows_.erase(rows_.begin() + index);
+    if (!Valid(index)) return;
+    ++changes_;
+    rows_.erase(rows_.begin() + index);
 }
 
 void ListModel::ClearArraysXM() {
@@ -56,6 +58,7 @@ void ListModel::ClearAllArrays() {
 }
 
 void ListModel::LoadList() {
+    ++changes_;
     DupeText.clear();
     if (HideDupes) FindDuplicateText();
     if (!CanDraw()) return;

@@ -79,6 +79,8 @@ class ListModel {
     int ItemCount() const { return static_cast<int>(rows_.size()); }
     bool CanDraw() const { return RowHeight > 0; }
     bool Loaded() const { return loaded_; }
+    /// How often the list was loaded or lost a row: at the same place is another row since.
+    int Changes() const { return changes_; }
 
     int iFirstVisible = 0; ///< top row of the page
     int iMaxVis = 0;       ///< rows that fit
@@ -105,6 +107,7 @@ class ListModel {
 
     std::vector<ListRow> rows_;
     int height_ = 0;
+    int changes_ = 0;
     bool loaded_ = false;
 };
 

@@ -14,8 +14,7 @@ namespace {
 
 constexpr int Timer1Ms = 100;
 constexpr int TouchMs = 200; // the touched row stands so long before it is run
-// A touch that comes sooner after one that filled the list anew was meant for the row that has
-// gone.
+// A touch that comes sooner after one that changed the list was meant for the row that has gone.
 constexpr int DeafMs = 250;
 
 // Holds `ListBusy` while the list moves.
@@ -77,7 +76,6 @@ void UCListBox::ClearAllArrays() {
 
 void UCListBox::LoadList() {
     model_.LoadList();
-    filled_ = true;
     context_.state.ListBusy = false;
     update();
 }
@@ -168,9 +166,9 @@ void UCListBox::TouchRow(int row) {
     inTouch_ = false;
     if (!isVisible()) return;
     context_.clock.Sleep(TouchMs);
-    filled_ = false;
+    const int changes = model_.Changes();
     if (onItemClick && row < model_.ItemCount()) onItemClick(row);
-    if (alive && filled_) deafUntilMs_ = context_.clock.TickMs() + DeafMs;
+    if (alive && model_.Changes() != changes) deafUntilMs_ = context_.clock.TickMs() + DeafMs;
 }
 
 // A tap that is shorter than the timer's interval pages once as well.

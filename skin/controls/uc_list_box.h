@@ -121,7 +121,6 @@ class UCListBox : public QWidget {
     int heldTicks_ = 0; ///< since the first page of the held strip
     bool paged_ = true; ///< the held strip has paged already
     bool inTouch_ = false;
-    bool filled_ = false; ///< since the last touch
     std::int64_t deafUntilMs_ = 0;
 };
 

@@ -20,8 +20,8 @@ struct ListBoxTest : testing::Test, test::ControlsFixture {
     }
     void Fill(int count) {
         for (int i = 0; i < count; ++i)
-            list.AddItem("Row", " text", "FILE:/x");
-        list.LoadList();
+            model.AddItem("Row", " text", "FILE:/x");
+        model.LoadList(); // as the screens do
     }
     QImage RowImage(int row) {
         const int y = (row - model.TopRow()) * model.RowHeight;
@@ -135,7 +135,7 @@ TEST_F(ListBoxTest, ATouchedRowIsSelectedShownAndThenReported) {
     EXPECT_EQ(clicked.size(), 2u) << "a second tap on a list as it was";
     list.onItemClick = [this](int row) {
         clicked.push_back(row);
-        list.ClearAllArrays();
+        model.ClearAllArrays();
         Fill(2);
     };
     Press(list, point);
