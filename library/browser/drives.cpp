@@ -34,11 +34,16 @@ std::string DriveRules::DriveOf(const std::string& path) const {
 Place DriveRules::PlaceOf(const std::string& path) const {
     const std::string drive = DriveOf(path);
     if (EqualNoCase(drive, DriveOf(settings_.values.MediaDir))) return Place::Media;
-    return EqualNoCase(drive, disc_) ? Place::Disc : Place::Removable;
+    if (EqualNoCase(drive, disc_)) return Place::Disc;
+    return InMediaFolder(path) ? Place::Media : Place::Removable;
 }
 
 bool DriveRules::IsDriveRoot(const std::string& path) const {
-    return EqualNoCase(path, DriveOf(path));
+    return EqualNoCase(path, DriveOf(path)) && !InMediaFolder(path);
+}
+
+bool DriveRules::InMediaFolder(const std::string& path) const {
+    return LiesBelow(path, settings_.values.MediaDir);
 }
 
 std::vector<std::string> DriveRules::RemovableDrives() const {
@@ -48,7 +53,8 @@ std::vector<std::string> DriveRules::RemovableDrives() const {
     for (const Drive& drive : volumes_.Drives()) {
         const bool kind = drive.type == DriveType::Removable || drive.type == DriveType::Fixed;
         const auto same = [&](const std::string& root) { return EqualNoCase(root, drive.root); };
-        if (kind && std::ranges::none_of(taken, same)) offered.push_back(drive.root);
+        if (kind && !InMediaFolder(drive.root) && std::ranges::none_of(taken, same))
+            offered.push_back(drive.root);
     }
     return offered;
 }

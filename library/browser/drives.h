@@ -28,14 +28,18 @@ class DriveRules {
     void FindDisc();
     /// The root of the drive that holds `path`; an optical drive counts even without a disc.
     std::string DriveOf(const std::string& path) const;
-    /// A folder on the media folder's own drive is `Media`, wherever it lies there.
+    /// A folder on the media folder's own drive is `Media`, wherever it lies there, and so is one
+    /// on a drive that is mounted in the media folder, unless it is the disc.
     Place PlaceOf(const std::string& path) const;
-    /// True for the root of a drive: the way back from there leads to the media folder.
+    /// True for the root of a drive outside the media folder: the way back from there leads to the
+    /// media folder.
     bool IsDriveRoot(const std::string& path) const;
-    /// Removable and fixed drives but those of the media folder, the discs and the system.
+    /// Removable and fixed drives but those of and in the media folder, the discs and the system.
     std::vector<std::string> RemovableDrives() const;
 
   private:
+    bool InMediaFolder(const std::string& path) const;
+
     const SettingsStore& settings_;
     const Volumes& volumes_;
     std::string disc_; ///< "" without an optical drive
