@@ -2,6 +2,7 @@
 
 #include "core/error_report.h"
 #include "core/text.h"
+#include "library/utf16.h"
 #include "platform/files.h"
 
 #include <algorithm>
@@ -50,7 +51,8 @@ std::string Replaced(std::string_view text, const std::string& frequency, const 
 std::string ReadAll(const std::string& path) {
     auto text = ReadWholeFile(path, LargestFile);
     if (!text || FileLength(path) > LargestFile) throw Error("could not read " + ToUtf8(path), 53);
-    return std::move(*text);
+    const auto order = Utf16OrderOf(*text);
+    return order ? Utf16ToUtf8(*text, *order) : std::move(*text);
 }
 
 void Change(const std::string& path, const std::function<std::string(const std::string&)>& change) {
