@@ -23,10 +23,12 @@ void astart::WatchPlayer() {
     n_.log.WriteDebugLog("Winamp was restarted");
     winamp_->WinAMP_Start();
     // The browser would go back to the player screen, whose player has lost its state as well.
-    for (int i = 0; i < MostScreensToLeave && n_.screens.CurrentForm != "velkorandum"; ++i)
+    for (int i = 0; i < MostScreensToLeave && n_.screens.CurrentForm != "velkorandum"; ++i) {
+        const std::string form = n_.screens.CurrentForm.Text();
         if (const ScreenOperations* screen = n_.screens.Current())
-            TrapAndLog(n_.report, "Leaving " + n_.screens.CurrentForm.Text() + ": ",
-                       screen->doquit);
+            TrapAndLog(n_.report, "Leaving " + form + ": ", screen->doquit);
+        if (n_.screens.CurrentForm == form) return; // it asks something first
+    }
 }
 
 void astart::LoadGPS() {

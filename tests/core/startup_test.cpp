@@ -194,6 +194,12 @@ TEST_F(StartupTest, ALostPlayerIsBroughtBackAndTheMenuIsInFront) {
     EXPECT_EQ(screens.CurrentForm, "velkorandum");
     clock.Advance(4000);
     EXPECT_EQ(player.started.size(), 1u);
+    leadsTo.clear();
+    told.clear();
+    screens.CurrentForm = "playlists";
+    player.running = false;
+    clock.Advance(400);
+    EXPECT_EQ(std::ranges::count(told, "playlists.doquit"), 1) << "a screen that stays has asked";
 }
 
 TEST_F(StartupTest, ASystemShutdownSavesTheScreenInFront) {
