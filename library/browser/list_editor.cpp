@@ -21,6 +21,19 @@ std::string WithoutNumber(const std::string& text, bool numbered) {
     return number ? text.substr(dash + 1) : " " + text;
 }
 
+std::string Counted(int count, const std::string& one, const std::string& many) {
+    if (count == 0) return {};
+    return count == 1 ? "1 " + one : std::to_string(count) + " " + many;
+}
+
+std::string LeftOut(int missing, int queries) {
+    const std::string files = Counted(missing, "file is not there", "files are not there");
+    const std::string rest = Counted(queries, "query of the database", "queries of the database");
+    if (files.empty() && rest.empty()) return {};
+    const std::string joint = files.empty() || rest.empty() ? "" : " and ";
+    return files + joint + rest + " will be left out.";
+}
+
 } // namespace
 
 bool ListEditor::EditPlaylist(const std::string& path) {
@@ -64,19 +77,18 @@ void ListEditor::Fill(const std::string& path) {
 }
 
 void ListEditor::AddFiles(const std::string& contents, const std::string& folder) {
-    int missing = 0;
+    int missing = 0, queries = 0;
     const bool whole = ForEachListLine(contents, [&](const std::string& line) {
         const std::string path = ResolveListEntry(line, folder);
         if (!path.empty())
             AddFile(path);
+        else if (line.starts_with("# SELECT")) // the player runs it
+            ++queries;
         else if (!line.starts_with('#')) // a comment
             ++missing;
         return desk_.Pulse(static_cast<std::size_t>(right_.ItemCount()));
     });
-    if (!whole || missing == 0) return;
-    desk_.Say(missing == 1
-                  ? "1 file is not there and will be left out."
-                  : std::to_string(missing) + " files are not there and will be left out.");
+    if (whole) desk_.Say(LeftOut(missing, queries));
 }
 
 void ListEditor::AddFile(const std::string& path) {
