@@ -1,5 +1,4 @@
 // Radio presets and satellite channels in the browser.
-#include "library/browser/browse_history.h"
 #include "tests/library/browser_fixture.h"
 
 namespace vk {
@@ -10,19 +9,11 @@ using testing::ElementsAre;
 class BrowseRadio : public test::BrowserTest {
   protected:
     void SetUp() override {
-        Channel(9, "Nine", "Rock");
-        Channel(40, "Deep!", "Rock");
-        Channel(7, "News", "Talk/Info");
+        AddChannel(9, "Nine", "Rock");
+        AddChannel(40, "Deep!", "Rock");
+        AddChannel(7, "News", "Talk/Info");
         core.settings.values.xmpcr_enabled = true;
         core.settings.values.PlaylistDir = disk.MakeFolder("lists");
-    }
-    void Channel(std::size_t number, const std::string& name, const std::string& category) {
-        channels.channelTable[number] = {.name = name,
-                                         .artist = {},
-                                         .title = {},
-                                         .category = category,
-                                         .valid = true,
-                                         .lastSeen = {}};
     }
     std::string Presets() const { return core.app.Read("presets.lst"); }
     void OpenPresets(const std::string& text) {
@@ -36,34 +27,25 @@ class BrowseRadio : public test::BrowserTest {
 TEST_F(BrowseRadio, TheTopOffersWhatThereIs) {
     core.app.Write("favorites.m3u", "x");
     Media("a.mp3");
-    const struct {
-        bool presets, xm;
-        std::int16_t mode;
-        std::vector<std::string> rows;
-    } cases[] = {
-        {true, true, ListFromMenu, {"Edit Preset Radio Stations", "XM Presets & Categories"}},
-        {true, false, ListFromAudio, {}},
-        {false, true, ListFromAudio, {"XM Presets & Categories"}},
-    };
-    for (const auto& each : cases) {
-        core.app.Write("presets.lst", "96.5:A");
-        if (!each.presets) DeleteFileAt(core.app.File("presets.lst"));
-        core.settings.values.xmpcr_enabled = each.xm;
-        state.ListMode = each.mode;
+    core.volumes.drives.clear();
+    const std::string presets = " | Edit Preset Radio Stations", xm = " | XM Presets & Categories";
+    const auto expect = [this](std::int16_t mode, bool enabled, const std::string& rows) {
+        state.ListMode = mode;
+        core.settings.values.xmpcr_enabled = enabled;
         browser().ReShow();
-        auto texts = Texts();
-        std::erase_if(texts, [](const std::string& text) {
-            return text.find("Preset") == std::string::npos;
-        });
-        EXPECT_EQ(texts, each.rows);
-    }
+        EXPECT_EQ(Shown(), "Browse By Directory  | [Build a new PlayList] | Favorites" + rows +
+                               " | (Unknown Artist) - a");
+    };
+    expect(ListFromAudio, true, xm);
+    core.app.Write("presets.lst", "96.5:A");
+    expect(ListFromAudio, false, "");
+    expect(ListFromMenu, true, presets + xm);
 }
 
 TEST_F(BrowseRadio, PresetsAreShownByTheirLabels) {
     OpenPresets("96.5:Rock\r\nnote\r\n101.1:\r\n");
-    EXPECT_THAT(Texts(), ElementsAre("<...>", "Rock - 96.5", " - 101.1"));
+    EXPECT_EQ(Shown(), "Radio Presets  | [<...>] | Rock - 96.5 |  - 101.1");
     EXPECT_EQ(Descriptors().at(1), "FREQ:96.5");
-    EXPECT_EQ(view.title, "Radio Presets ");
     OpenPresets("note");
     EXPECT_THAT(Texts(), ElementsAre("<...>", "<No Valid Preset Entries>"));
     Choose("<No Valid Preset Entries>");
@@ -105,31 +87,23 @@ TEST_F(BrowseRadio, ChannelsAreReachedByCategoryListAndAllAtOnce) {
     core.app.Write("favorites.xcl", "7");
     const std::string logo = core.app.Write("COMMON/XMPICS/deep.gif", "x");
     browser().ReShow();
-    Choose("XM Presets & Categories");
-    EXPECT_EQ(view.title, "XM Channels and Categories ");
-    EXPECT_THAT(Texts(), ElementsAre("<...>", "Categories", "<Build New Channel List>", "My_List",
-                                     "none", "favorites", "Show All Channels"));
-    Choose("Categories");
-    EXPECT_EQ(view.title, "XM Categories ");
-    EXPECT_THAT(Texts(), ElementsAre("<...>", "XM Category: Talk/Info", "XM Category: Rock"));
-    Choose("XM Category: Rock");
-    EXPECT_THAT(Texts(), ElementsAre("<...>", "9 - Nine", "40 - Deep!"));
+    const std::string top = "XM Channels and Categories  | ",
+                      edit = " | [<...>] | <Edit This List> | ";
+    Steps({{"XM Presets & Categories", top + "[<...>] | Categories | <Build New Channel List> | "
+                                             "My_List | none | favorites | Show All Channels"},
+           {"Categories", "XM Categories  | [<...>] | XM Category: Talk/Info | XM Category: Rock"},
+           {"XM Category: Rock", "XM Category: Rock | [<...>] | 9 - Nine | 40 - Deep!"}});
     EXPECT_THAT(Pictures(), ElementsAre("back.gif", "xm_default.gif", logo));
+    Steps({{"<...>", "XM Categories  | <...> | XM Category: Talk/Info | [XM Category: Rock]"}});
     Choose("<...>");
-    EXPECT_EQ(Selected(), "XM Category: Rock") << "where one came from";
+    Steps({{"My_List",
+            "My_List" + edit + "40 - Deep! | 9 - Nine | 200",
+            {"XM:", "EDIT:lists/My_List.XCL", "XM:Channel|40", "XM:Channel|9", "XM:Channel|200"}}});
     Choose("<...>");
-    Choose("My_List");
-    EXPECT_EQ(view.title, "My_List");
-    EXPECT_THAT(Texts(), ElementsAre("<...>", "<Edit This List>", "40 - Deep!", "9 - Nine", "200"));
-    EXPECT_EQ(Descriptors().at(1), "EDIT:lists/My_List.XCL");
-    Choose("<...>");
-    Choose("none");
-    EXPECT_THAT(Texts(), ElementsAre("<...>", "<Edit This List>", "<No Valid Channels in List>"));
+    Steps({{"none", "none" + edit + "<No Valid Channels in List>"}});
     core.settings.values.hideXMChanNo = true;
     Choose("<...>");
-    Choose("Show All Channels");
-    EXPECT_EQ(view.title, "All XM Channels ");
-    EXPECT_THAT(Texts(), ElementsAre("<...>", "News", "Nine", "Deep!"));
+    Steps({{"Show All Channels", "All XM Channels  | [<...>] | News | Nine | Deep!"}});
     Choose("<...>");
     Choose("<...>");
     EXPECT_EQ(view.title, "Browse By Directory ");
@@ -143,12 +117,8 @@ TEST_F(BrowseRadio, AChosenChannelGoesToThePlayerWithItsList) {
     Choose("mine");
     Choose("9 - Nine");
     EXPECT_EQ(core.app.Read("xm_current.lst"), "40\r\n9\r\n");
-    EXPECT_EQ(audio.PlayMode, PlayXM);
-    EXPECT_EQ(audio.ListTitle, "XM Satellite Radio");
-    EXPECT_EQ(audio.ListFile, core.app.File("xm_current.lst"));
+    EXPECT_EQ(Handed(), std::to_string(PlayXM) + " XM Satellite Radio xm_current.lst 2 -1 start");
     EXPECT_EQ(audio.CurrentChannel, 9);
-    EXPECT_EQ(audio.TrackToSelect, 2);
-    EXPECT_TRUE(audio.bStartPlaying);
     EXPECT_EQ(player.Count("ReShow"), 1);
     EXPECT_EQ(Saved("CurrentChannel"), "9");
     EXPECT_EQ(Saved("ListTitle"), "mine");

@@ -67,6 +67,7 @@ class FakeCatalogue : public Catalogue {
         asked = sql;
         return files;
     }
+    void EachFile(const std::string&, const std::function<bool(const CatalogueFile&)>&) override {}
     std::vector<CatalogueRecord> Records(const std::string& sql) override {
         asked = sql;
         return records;
@@ -132,26 +133,66 @@ class BrowserTest : public testing::Test {
                 BrowserModels{list, rightList, keyboard}, view);
         return *made_;
     }
-    template<class Part> std::vector<std::string> Rows(Part part) const {
+    void AddChannel(int number, const std::string& name, const std::string& category = {}) {
+        XMChannel& channel = channels.channelTable.at(static_cast<std::size_t>(number));
+        channel.name = name;
+        channel.category = category;
+        channel.valid = true;
+    }
+    template<class Part> std::vector<std::string> Rows(const ListModel& of, Part part) const {
         std::vector<std::string> parts;
-        for (int row = 0; row < list.ItemCount(); ++row)
-            parts.push_back(part(list.Row(row)));
-        return parts;
-    }
-    std::vector<std::string> Texts() const {
-        return Rows([](const ListRow& row) { return row.first + row.second; });
-    }
-    /// Without the temporary folder in front.
-    std::vector<std::string> Descriptors() const {
-        return Rows([this](const ListRow& row) {
-            std::string text = row.descriptor;
+        for (int row = 0; row < of.ItemCount(); ++row) {
+            std::string text = part(of.Row(row));
             if (const auto at = text.find(disk.Path()); at != std::string::npos)
                 text.erase(at, disk.Path().size() + 1);
-            return text;
-        });
+            parts.push_back(text);
+        }
+        return parts;
+    }
+    // All without the temporary folder in front.
+    std::vector<std::string> TextsOf(const ListModel& of) const {
+        return Rows(of, [](const ListRow& row) { return row.first + row.second; });
+    }
+    std::vector<std::string> Texts() const { return TextsOf(list); }
+    std::vector<std::string> Descriptors() const {
+        return Rows(list, [](const ListRow& row) { return row.descriptor; });
     }
     std::vector<std::string> Pictures() const {
-        return Rows([](const ListRow& row) { return row.picture; });
+        return Rows(list, [](const ListRow& row) { return row.picture; });
+    }
+    /// The heading and the texts of the rows, the selected one in brackets.
+    std::string Shown() const {
+        std::string shown = view.title;
+        for (int row = 0; const std::string& text : Texts())
+            shown += " | " + (row++ == list.iSelected ? "[" + text + "]" : text);
+        return shown;
+    }
+    struct Step {
+        std::string how; ///< the text of the row that is chosen, "<" for back, ">" for right
+        std::string shown;
+        std::vector<std::string> descriptors = {}; ///< none: not looked at
+    };
+    void Steps(const std::vector<Step>& steps) {
+        for (const Step& step : steps) {
+            if (step.how == "<")
+                browser().MoveBack();
+            else if (step.how == ">")
+                browser().MoveAhead();
+            else
+                Choose(step.how);
+            EXPECT_EQ(Shown(), step.shown) << step.how;
+            if (!step.descriptors.empty()) {
+                EXPECT_EQ(Descriptors(), step.descriptors) << step.how;
+            }
+        }
+    }
+    /// What the player is given: mode, heading, list, track, volume, and whether it is to start.
+    std::string Handed() const {
+        const std::string name = FileNameOf(audio.ListFile);
+        return std::to_string(audio.PlayMode) + " " + audio.ListTitle + " " +
+               (audio.ListFile == core.app.File(name) ? name : audio.ListFile) + " " +
+               std::to_string(audio.TrackToSelect) + " " + std::to_string(audio.VolumeSerial) +
+               (audio.bStartPlaying ? " start" : "");
     }
     /// Chooses the row that shows this text.
     void Choose(const std::string& text) {

@@ -6,7 +6,7 @@ namespace {
 
 using testing::ElementsAre;
 
-class BrowserKeys : public test::BrowserTest {};
+using BrowserKeys = test::BrowserTest;
 
 TEST_F(BrowserKeys, EnteringShowsClockListAndHidesTheOthers) {
     core.state.ListBusy = true; // as the screen before may have left it
@@ -103,14 +103,11 @@ TEST_F(BrowserKeys, TheSelectionMovesByRowsPagesAndTheWheelUnlessThatTurnsTheVol
     core.volumes.drives.clear();
     browser().ReShow();
     browser().MoveDown();
-    browser().MoveDown();
-    browser().MoveUp();
     EXPECT_EQ(list.iSelected, 1);
-    browser().MouseWheel(-120);
-    EXPECT_EQ(list.iSelected, 2);
-    browser().MouseWheel(120);
-    browser().MouseWheel(0);
-    EXPECT_EQ(list.iSelected, 1);
+    for (const auto& [delta, row] : {std::pair{-120, 2}, {120, 1}, {0, 1}}) {
+        browser().MouseWheel(delta);
+        EXPECT_EQ(list.iSelected, row);
+    }
     browser().MoveUp();
     browser().MoveUp();
     EXPECT_EQ(list.iSelected, 50) << "past the top comes the last row";
@@ -136,22 +133,18 @@ TEST_F(BrowserKeys, TheSelectionMovesByRowsPagesAndTheWheelUnlessThatTurnsTheVol
 }
 
 TEST_F(BrowserKeys, SwapAndPauseNeedAPlayerThatPlays) {
-    struct Case {
-        std::int32_t mode;
-        bool paused;
-        std::string picture;
-    };
-    for (const Case& each : {Case{PlayNone, false, "play.gif"}, Case{PlayAudio, false, "pause.gif"},
-                             Case{PlayAudio, true, "play.gif"}}) {
-        audio.PlayMode = each.mode;
-        audio.bPaused = each.paused;
+    for (const auto& [mode, paused, picture] :
+         {std::tuple{PlayNone, false, "play.gif"}, std::tuple{PlayAudio, false, "pause.gif"},
+          std::tuple{PlayAudio, true, "play.gif"}}) {
+        audio.PlayMode = mode;
+        audio.bPaused = paused;
         player.calls.clear();
         browser().ReShow();
         browser().PlayPause();
-        EXPECT_EQ(view.pictures[BrowserButton::PlayPause], each.picture);
+        EXPECT_EQ(view.pictures[BrowserButton::PlayPause], picture);
         browser().Swap();
-        EXPECT_EQ(player.Count("DoPause"), each.mode == PlayAudio);
-        EXPECT_EQ(player.Count("ReDisplay"), each.mode == PlayAudio);
+        EXPECT_EQ(player.Count("DoPause"), mode == PlayAudio);
+        EXPECT_EQ(player.Count("ReDisplay"), mode == PlayAudio);
     }
 }
 
@@ -170,29 +163,22 @@ TEST_F(BrowserKeys, TheApplicationsAreAnotherListOfTheSameScreen) {
 }
 
 TEST_F(BrowserKeys, TheRadioButtonIsForThoseWhoHaveOne) {
-    struct Case {
-        bool fm, xm;
-        int first;
-        std::string picture, title;
-        int mode;
-    };
-    const std::vector<Case> cases = {{false, false, 0, "", "", PlayNone},
-                                     {true, false, 1, "fm.gif", "D-Link FM Radio", PlayFM},
-                                     {false, true, 0, "xm.gif", "XM Satellite Radio", PlayXM},
-                                     {true, true, 0, "fm.gif", "D-Link FM Radio", PlayFM},
-                                     {true, true, 1, "xm.gif", "XM Satellite Radio", PlayXM}};
-    for (const Case& each : cases) {
-        core.settings.values.dlink_enabled = each.fm;
-        core.settings.values.xmpcr_enabled = each.xm;
-        core.state.FirstRadioType = each.first;
+    const std::string toFM = std::to_string(PlayFM) + " D-Link FM Radio presets.lst 1 -1 start",
+                      toXM = std::to_string(PlayXM) + " XM Satellite Radio presets.lst 1 -1 start";
+    for (const auto& [fm, xm, first, picture, handed] : {std::tuple{false, false, 0, "", Handed()},
+                                                         {true, false, 1, "fm.gif", toFM},
+                                                         {false, true, 0, "xm.gif", toXM},
+                                                         {true, true, 0, "fm.gif", toFM},
+                                                         {true, true, 1, "xm.gif", toXM}}) {
+        core.settings.values.dlink_enabled = fm;
+        core.settings.values.xmpcr_enabled = xm;
+        core.state.FirstRadioType = first;
         view.pictures.clear();
         browser().ReShow();
-        EXPECT_EQ(view.pictures[BrowserButton::Radio], each.picture);
+        EXPECT_EQ(view.pictures[BrowserButton::Radio], picture);
         browser().ShowRadio();
-        EXPECT_EQ(audio.PlayMode, each.mode);
-        EXPECT_EQ(audio.ListTitle, each.title);
+        EXPECT_EQ(Handed(), handed);
     }
-    EXPECT_EQ(audio.ListFile, core.app.File("presets.lst"));
     EXPECT_EQ(player.Count("ReShow"), 4);
     tuner = false;
     browser().ReShow();
@@ -227,12 +213,9 @@ TEST_F(BrowserKeys, ResumeNeedsAListAndItsDiscOrShowsWhatPlays) {
     InsertDisc();
     browser().Resume();
     EXPECT_EQ(player.Count("ReShow"), 1);
-    EXPECT_EQ(audio.PlayMode, PlayAudio);
-    EXPECT_EQ(audio.ListFile, core.app.File("vk_audio.m3u"));
-    EXPECT_EQ(audio.VolumeSerial, 4711);
-    EXPECT_EQ(audio.TrackToSelect, 7);
+    EXPECT_EQ(Handed(), std::to_string(PlayAudio) + "  vk_audio.m3u 7 4711 start");
     EXPECT_EQ(audio.ResumePosition, 83);
-    EXPECT_TRUE(audio.bResuming && audio.bStartPlaying);
+    EXPECT_TRUE(audio.bResuming);
     audio.PlayMode = PlayFM;
     browser().ReShow();
     browser().Resume();

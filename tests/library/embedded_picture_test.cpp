@@ -2,6 +2,8 @@
 #include "tests/library/tag_bytes.h"
 #include "tests/support/temp_folder.h"
 
+#include <QByteArray>
+
 #include <gtest/gtest.h>
 
 #include <vector>
@@ -20,18 +22,7 @@ std::string Picture(const std::string& bytes) {
 }
 
 std::string Base64(const std::string& bytes) {
-    const std::string digits = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-    std::string text;
-    for (std::size_t i = 0; i < bytes.size(); i += 3) {
-        std::string three = bytes.substr(i, 3);
-        const std::size_t padding = 3 - three.size();
-        three.resize(3);
-        const auto byte = [&](std::size_t k) { return static_cast<unsigned char>(three[k]); };
-        const unsigned value = byte(0) << 16 | byte(1) << 8 | byte(2);
-        for (std::size_t k = 0; k < 4; ++k)
-            text += k + padding < 4 ? digits[value >> (18 - 6 * k) & 63] : '=';
-    }
-    return text;
+    return QByteArray::fromStdString(bytes).toBase64().toStdString();
 }
 
 } // namespace

@@ -97,18 +97,15 @@ TEST_F(ListFile, WhatIsWrittenReadsBackWithItsCommentOnTop) {
 }
 
 TEST(Sort, OrdersArraysOfEveryLengthByPlainComparison) {
-    std::vector<std::string> names = {"b", "a", "B", "10", "9", "", "a b", "\xC3\xA9", "a"};
-    ShellSortVariantArray(names);
-    EXPECT_THAT(names, ElementsAre("", "10", "9", "B", "a", "a", "a b", "b", "\xC3\xA9"));
     std::mt19937 random(1);
-    for (std::size_t count = 0; count < 70; ++count) {
-        names.resize(count);
-        for (std::string& name : names)
-            name = std::to_string(random() % 50);
-        std::vector<std::string> expected = names;
+    std::vector<std::string> names = {"b", "a", "B", "10", "9", "", "a b", "\xC3\xA9", "a"};
+    while (names.size() < 70)
+        names.push_back(std::to_string(random() % 50));
+    for (; !names.empty(); names.erase(names.begin())) {
+        std::vector<std::string> sorted = names, expected = names;
         std::ranges::sort(expected);
-        ShellSortVariantArray(names);
-        EXPECT_EQ(names, expected) << count;
+        ShellSortVariantArray(sorted);
+        EXPECT_EQ(sorted, expected);
     }
 }
 

@@ -9,6 +9,7 @@
 namespace vk {
 namespace {
 
+using namespace std::string_literals;
 using testing::ElementsAre;
 
 TEST(Presets, ALineNeedsAColonAndFourCharacters) {
@@ -46,6 +47,11 @@ TEST(Presets, AFileThatCannotBeReadWholeIsLeftAlone) {
     const std::string path = folder.Write("huge.lst", huge);
     EXPECT_THROW(DeleteFreq(path, "96.5"), Error);
     EXPECT_EQ(folder.Read("huge.lst"), huge);
+    const std::string wide = folder.Write("wide.lst", "\xFF\xFE"
+                                                      "9\0:\0a\0\xE9\0\r\0\n\0"s);
+    EXPECT_EQ(ReadPresetFile(wide).at(0).label, "a\xC3\xA9");
+    SavePreset(wide, "9", "new");
+    EXPECT_EQ(folder.Read("wide.lst"), "9:new\r\n");
 }
 
 TEST(ChannelList, HoldsANumberALine) {

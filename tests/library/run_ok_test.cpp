@@ -1,5 +1,4 @@
 // What choosing rows does: playing, walking, lists, history.
-#include "library/browser/browse_history.h"
 #include "tests/library/browser_fixture.h"
 
 namespace vk {
@@ -7,7 +6,7 @@ namespace {
 
 using testing::ElementsAre;
 
-class RunOk : public test::BrowserTest {};
+using RunOk = test::BrowserTest;
 
 TEST_F(RunOk, AnAudioFileIsHandedOverWithAllOfItsKind) {
     MediaFiles({"rock/a.mp3", "rock/b.avi", "rock/a\nb.mp3", "rock/c|d.mp3"});
@@ -21,24 +20,15 @@ TEST_F(RunOk, AnAudioFileIsHandedOverWithAllOfItsKind) {
     EXPECT_EQ(core.app.Read("vk_audio.m3u"),
               media + "/rock/a.mp3\r\n" + media + "/rock/c|d.mp3\r\n")
         << "without the name that a line cannot hold";
-    EXPECT_EQ(audio.PlayMode, PlayAudio);
-    EXPECT_EQ(audio.ListFile, core.app.File("vk_audio.m3u"));
-    EXPECT_EQ(audio.TrackToSelect, 2);
-    EXPECT_TRUE(audio.bStartPlaying);
-    EXPECT_EQ(audio.ListTitle, "rock");
-    EXPECT_EQ(audio.VolumeSerial, 0);
+    EXPECT_EQ(Handed(), std::to_string(PlayAudio) + " rock vk_audio.m3u 2 0 start");
     EXPECT_EQ(player.Count("ReShow"), 1);
     EXPECT_FALSE(core.state.ListBusy);
-}
-
-TEST_F(RunOk, FromADiscTheListBearsItsLabelAndSerial) {
     InsertDisc();
     disk.Write("cd/a.mp3", "x");
     state.FromPlayer = true;
     Enter(cd);
     Choose("(Unknown Artist) - a");
-    EXPECT_EQ(audio.ListTitle, "DISC_1");
-    EXPECT_EQ(audio.VolumeSerial, 4711);
+    EXPECT_EQ(Handed(), std::to_string(PlayAudio) + " DISC_1 vk_audio.m3u 1 4711 start");
     EXPECT_EQ(player.Count("ReDisplay"), 1) << "the player was left running";
     EXPECT_FALSE(state.FromPlayer);
 }
@@ -90,16 +80,6 @@ TEST_F(RunOk, AMoviePlayerGetsListPositionAndDiscWithoutOneFilmsSaySo) {
     EXPECT_EQ(movie.Count("ReShow"), 2);
 }
 
-TEST_F(RunOk, AListThatCannotBeWrittenIsSaid) {
-    Media("a.mp3");
-    browser().ReShow();
-    core.app.MakeFolder("vk_audio.m3u");
-    Choose("(Unknown Artist) - a");
-    EXPECT_EQ(view.loading, "The play list could not be written.");
-    EXPECT_EQ(audio.PlayMode, PlayNone);
-    EXPECT_EQ(player.Count("ReShow"), 0);
-}
-
 TEST_F(RunOk, APlaylistIsReadUnderItsOwnName) {
     core.settings.values.numberedList = true;
     MediaFiles({"a.mp3", "sub/One - Song.mp3"});
@@ -107,23 +87,20 @@ TEST_F(RunOk, APlaylistIsReadUnderItsOwnName) {
     Media("z.m3u", "#EXTM3U\nsub/One - Song.mp3\nmissing.mp3\n" + media + "/a.mp3");
     core.volumes.drives.clear();
     browser().ReShow();
-    Choose("3 - z");
-    EXPECT_EQ(view.title, "z");
-    EXPECT_THAT(Texts(), ElementsAre("<...>", "<Edit This List>", "1 - One - Song",
-                                     "2 - (Unknown Artist) - a"));
-    EXPECT_THAT(Descriptors(), ElementsAre("PATH:media", "EDIT:media/z.m3u",
-                                           "FILE:media/sub/One - Song.mp3", "FILE:media/a.mp3"));
+    Steps({{"3 - z",
+            "z | [<...>] | <Edit This List> | 1 - One - Song | 2 - (Unknown Artist) - a",
+            {"PATH:media", "EDIT:media/z.m3u", "FILE:media/sub/One - Song.mp3",
+             "FILE:media/a.mp3"}}});
     Choose("<...>");
-    Choose("2 - y");
-    EXPECT_THAT(Texts(),
-                ElementsAre("<...>", "<Edit This List>", "<No Valid Filenames in the Playlist>"));
-    EXPECT_THAT(Descriptors(), ElementsAre("PATH:media", "EDIT:media/y.m3u", ""));
-    Choose("<No Valid Filenames in the Playlist>");
-    EXPECT_EQ(view.title, "y") << "a notice is inert";
+    Steps({{"2 - y",
+            "y | [<...>] | <Edit This List> | <No Valid Filenames in the Playlist>",
+            {"PATH:media", "EDIT:media/y.m3u", ""}},
+           {"<No Valid Filenames in the Playlist>",
+            "y | <...> | <Edit This List> | [<No Valid Filenames in the Playlist>]"}});
     EXPECT_FALSE(core.state.ListBusy);
 }
 
-TEST_F(RunOk, AListThatCannotBeReadIsSaid) {
+TEST_F(RunOk, AListThatCannotBeReadOrWrittenIsSaid) {
     for (const std::string& descriptor :
          {"FILE:" + Unreadable("x.m3u"), "EDIT:" + disk.File("x.m3u"),
           "FILE:" + Unreadable("presets.lst"), "XM:List|" + Unreadable("x.xcl")}) {
@@ -135,27 +112,28 @@ TEST_F(RunOk, AListThatCannotBeReadIsSaid) {
         EXPECT_TRUE(core.Logged("could not read " + descriptor.substr(descriptor.find('/'))));
         EXPECT_EQ(state.ListMode, ListFromMenu);
     }
+    Media("a.mp3");
+    browser().ReShow();
+    core.app.MakeFolder("vk_audio.m3u");
+    Choose("(Unknown Artist) - a");
+    EXPECT_EQ(view.loading, "The play list could not be written.");
+    EXPECT_EQ(audio.PlayMode, PlayNone);
+    EXPECT_EQ(player.Count("ReShow"), 0);
 }
 
 TEST_F(RunOk, GoingBackLandsOnTheRowOneCameFrom) {
     MediaFiles({"a/x.mp3", "b/in/x.mp3", "c/x.mp3"});
     core.app.Write("favorites.m3u", media + "/a/x.mp3");
+    core.volumes.drives.clear();
     browser().ReShow();
-    Choose("Favorites");
-    EXPECT_THAT(Texts(), ElementsAre("<Edit This List>", "(Unknown Artist) - x"));
-    browser().MoveBack();
-    EXPECT_EQ(view.title, "Browse By Directory ");
-    EXPECT_EQ(Selected(), "Favorites");
-    Choose("b");
-    Choose("in");
-    EXPECT_EQ(view.title, " in");
-    browser().MoveBack();
-    EXPECT_EQ(Selected(), "in");
-    browser().MoveBack();
-    EXPECT_EQ(Selected(), "b");
-    const auto top = Texts();
-    browser().MoveBack();
-    EXPECT_EQ(Texts(), top) << "there is nothing above the media folder";
+    const std::string top = "Browse By Directory  | Build a new PlayList | ";
+    Steps({{"Favorites", "Favorites | [<Edit This List>] | (Unknown Artist) - x"},
+           {"<", top + "[Favorites] | a | b | c"},
+           {"b", " b | [<...>] | in | No Supported Media Found"},
+           {"in", " in | [<...>] | (Unknown Artist) - x"},
+           {"<", " b | <...> | [in] | No Supported Media Found"},
+           {"<", top + "Favorites | a | [b] | c"},
+           {"<", top + "Favorites | a | [b] | c"}});
 }
 
 TEST_F(RunOk, AFailureLeadsToTheTopAndIsReported) {
@@ -172,20 +150,6 @@ TEST_F(RunOk, AFailureLeadsToTheTopAndIsReported) {
     EXPECT_EQ(state.ListMode, ListFromMenu);
     EXPECT_EQ(state.CurrentPath, media);
     EXPECT_FALSE(core.state.ListBusy);
-}
-
-TEST(BrowseHistory, SeparatesOnlyBeforeKinds) {
-    std::string history;
-    EXPECT_EQ(PopHistory(history), "");
-    EXPECT_THAT(SplitHistory(history), testing::IsEmpty());
-    const std::vector<std::string> steps = {"PATH:/m/a", "PATH:/m/a/b", "FILE:/m/a/b/c.mp3"};
-    for (const std::string& step : steps)
-        PushHistory(history, step);
-    EXPECT_EQ(history, "PATH:/m/a/PATH:/m/a/b/FILE:/m/a/b/c.mp3");
-    EXPECT_EQ(SplitHistory(history), steps);
-    for (const int step : {2, 1, 0})
-        EXPECT_EQ(PopHistory(history), steps[static_cast<std::size_t>(step)]);
-    EXPECT_EQ(history, "");
 }
 
 TEST_F(RunOk, WhatWasPlayedIsRememberedAndWalkedAgain) {

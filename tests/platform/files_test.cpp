@@ -8,18 +8,20 @@
 
 #include <QProcess>
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 namespace vk {
 namespace {
 
+using testing::ElementsAre, testing::Pair;
+
 struct FilesTest : testing::Test {
     test::TempFolder folder;
 };
 
-TEST_F(FilesTest, AReplaceIsWholeAndKeepsModeAndLinks) {
+TEST_F(FilesTest, AReplaceIsWholeAndKeepsModeAndLinksAndWhenItFailsTheOldFile) {
     const std::string file = folder.Write("a.ini", "old");
     ::chmod(file.c_str(), 0600);
     ::symlink(file.c_str(), folder.File("link.ini").c_str());
@@ -30,23 +32,18 @@ TEST_F(FilesTest, AReplaceIsWholeAndKeepsModeAndLinks) {
     EXPECT_TRUE(S_ISLNK(info.st_mode));
     ::stat(file.c_str(), &info);
     EXPECT_EQ(info.st_mode & 0777, 0600u);
-}
-
-TEST_F(FilesTest, AFailedReplaceSaysWhyAndLeavesTheOldFile) {
+    folder.MakeFolder("a.ini.new"); // the temporary name is taken by a folder
+    EXPECT_FALSE(ReplaceFile(file, "x"));
+    EXPECT_EQ(folder.Read("a.ini"), "new");
     std::string reason;
     EXPECT_FALSE(ReplaceFile(folder.File("none/a"), "x", &reason));
     EXPECT_FALSE(reason.empty());
-    folder.Write("a", "old");
-    folder.MakeFolder("a.new"); // the temporary name is taken by a folder
-    EXPECT_FALSE(ReplaceFile(folder.File("a"), "x"));
-    EXPECT_EQ(folder.Read("a"), "old");
 }
 
 TEST_F(FilesTest, OnlyRegularFilesAreRead) {
     ::mkfifo(folder.File("pipe").c_str(), 0600);
-    EXPECT_FALSE(ReadWholeFile(folder.File("pipe")));
-    EXPECT_FALSE(ReadWholeFile(folder.Path()));
-    EXPECT_FALSE(ReadWholeFile(folder.File("none")));
+    for (const std::string& path : {folder.File("pipe"), folder.Path(), folder.File("none")})
+        EXPECT_FALSE(ReadWholeFile(path)) << path;
     folder.Write("long", std::string(100, 'x'));
     EXPECT_EQ(ReadWholeFile(folder.File("long"), 10)->size(), 10u);
     EXPECT_EQ(FileLength(folder.File("pipe")), 0u);
@@ -60,11 +57,11 @@ TEST_F(FilesTest, ListsAFolder) {
     folder.Write("b/x", "");
     folder.Write("a", "12");
     ::symlink("/no/such", folder.File("broken").c_str());
-    auto entries = ListFolder(folder.Path());
-    ASSERT_EQ(entries.size(), 2u);
-    if (entries[0].name != "a") std::swap(entries[0], entries[1]);
-    EXPECT_EQ(entries[0].length, 2u);
-    EXPECT_TRUE(entries[1].isFolder);
+    using Entry = std::tuple<std::string, bool, std::uint64_t>;
+    std::vector<Entry> entries;
+    for (const FolderEntry& entry : ListFolder(folder.Path()))
+        entries.emplace_back(entry.name, entry.isFolder, entry.length);
+    EXPECT_THAT(entries, testing::UnorderedElementsAre(Entry("a", false, 2), Entry("b", true, 0)));
     EXPECT_TRUE(ListFolder(folder.File("none")).empty());
 }
 
@@ -79,14 +76,13 @@ TEST_F(FilesTest, DrivesComeFromTheKernelsTables) {
     folder.Write("block/8:17/removable", "1\n");
     folder.Write("block/8:33/removable", "0\n");
     LinuxVolumes volumes(folder.File("mounts"), folder.File("cdrom"), folder.File("block"));
-    const auto drives = volumes.Drives();
-    const std::pair<std::string, DriveType> expected[] = {{"/dev/sr1", DriveType::CdRom},
-                                                          {"/media/cd", DriveType::CdRom},
-                                                          {"/media/my stick", DriveType::Removable},
-                                                          {"/data", DriveType::Fixed}};
-    ASSERT_EQ(drives.size(), std::size(expected));
-    for (std::size_t i = 0; i < drives.size(); ++i)
-        EXPECT_TRUE(std::pair(drives[i].root, drives[i].type) == expected[i]) << drives[i].root;
+    std::vector<std::pair<std::string, DriveType>> drives;
+    for (const Drive& drive : volumes.Drives())
+        drives.emplace_back(drive.root, drive.type);
+    EXPECT_THAT(drives,
+                ElementsAre(Pair("/dev/sr1", DriveType::CdRom), Pair("/media/cd", DriveType::CdRom),
+                            Pair("/media/my stick", DriveType::Removable),
+                            Pair("/data", DriveType::Fixed)));
     EXPECT_EQ(volumes.DriveOf("/media/my stick/a/b.mp3"), "/media/my stick");
     EXPECT_EQ(volumes.DriveOf("/data2/x"), "/");
     EXPECT_FALSE(volumes.IsReady("/dev/no-such-drive"));

@@ -27,14 +27,11 @@ class DemoLibrary(unittest.TestCase):
 
     @classmethod
     def setUpClass(cls):
-        cls.temporary = tempfile.TemporaryDirectory()
-        cls.folder = pathlib.Path(cls.temporary.name) / "Müsic & more"
+        temporary = tempfile.TemporaryDirectory()
+        cls.addClassCleanup(temporary.cleanup)
+        cls.folder = pathlib.Path(temporary.name) / "Müsic & more"
         cls.result = run(cls.folder, "--tracks", str(TRACKS))
         cls.files = sorted(p for p in cls.folder.rglob("*") if p.suffix in (".mp3", ".ogg", ".flac"))
-
-    @classmethod
-    def tearDownClass(cls):
-        cls.temporary.cleanup()
 
     def test_says_what_it_made(self):
         self.assertEqual((self.result.returncode, self.result.stderr), (0, ""))

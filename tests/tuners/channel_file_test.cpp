@@ -36,13 +36,11 @@ TEST(ChannelFile, HoldsTheNamedChannelsInTheirOrder) {
     EXPECT_EQ(again.channelTable[10].name, "Caf\xC3\xA9 \xE2\x82\xAC ?");
     EXPECT_EQ(again.channelTable[10].lastSeen->year, 2026);
     EXPECT_EQ(FormatChannels(again), bytes);
-}
-
-TEST(ChannelFile, AnAnsiTextIsNeverTakenForUtf8) {
-    ChannelTable table;
-    ParseChannels("\x05\xC3\xA9\0x\r\n"s, Now, table);
-    EXPECT_EQ(table.channelTable[5].name, "\xC3\x83\xC2\xA9");
-    EXPECT_EQ(FormatChannels(table), "\x05\xC3\xA9\0x\r\n"s);
+    const std::string ansi = "\x05\xC3\xA9\0x\r\n"s; // not to be taken for UTF-8
+    ChannelTable other;
+    ParseChannels(ansi, Now, other);
+    EXPECT_EQ(other.channelTable[5].name, "\xC3\x83\xC2\xA9");
+    EXPECT_EQ(FormatChannels(other), ansi);
 }
 
 TEST(ChannelFile, GivesWhatCanBeHad) {
@@ -73,36 +71,30 @@ TEST(ChannelFile, GivesWhatCanBeHad) {
     }
 }
 
-class ChannelFiles : public testing::Test, public test::CoreFixture {
-  protected:
+TEST(ChannelFile, MakesAListReadyOnceAnyChannelIsKnownAndAFailedSaveIsLogged) {
+    test::CoreFixture core;
     ChannelTable table;
-    const std::string path = app.File(ChannelFileName);
-    void Load() { LoadChannels(path, Now, report, table); }
-};
-
-TEST_F(ChannelFiles, AListIsReadyOnceAnyChannelIsKnown) {
-    Load();
+    const std::string path = core.app.File(ChannelFileName);
+    const auto readyAfter = [&](const std::string& bytes) {
+        core.app.Write(ChannelFileName, bytes);
+        LoadChannels(path, Now, core.report, table);
+        return table.channelListReady;
+    };
+    LoadChannels(path, Now, core.report, table);
     EXPECT_FALSE(table.channelListReady) << "no file yet";
-    EXPECT_FALSE(Logged("xm_channels"));
-    app.Write(ChannelFileName, "foreign\r\nstuff");
-    Load();
-    EXPECT_FALSE(table.channelListReady);
-    EXPECT_TRUE(Logged("xm_channels.dat: 2 lines are no channels"));
-    app.Write(ChannelFileName, "\x07One\0Rock\r\n"s + std::string(1 << 20, 'x'));
-    Load();
-    EXPECT_TRUE(table.channelListReady);
-    EXPECT_TRUE(Logged("xm_channels.dat is too long"));
-}
-
-TEST_F(ChannelFiles, AFailedSaveIsLoggedAndASecondOneReplacesTheFirst) {
-    Put(table, 1, "Preview", "News");
-    EXPECT_FALSE(SaveChannels(app.File("no/such/folder.dat"), report, table));
-    EXPECT_TRUE(Logged("could not write"));
+    EXPECT_FALSE(core.Logged("xm_channels"));
+    EXPECT_FALSE(readyAfter("foreign\r\nstuff"));
+    EXPECT_TRUE(core.Logged("xm_channels.dat: 2 lines are no channels"));
+    EXPECT_TRUE(readyAfter("\x07One\0Rock\r\n"s + std::string(1 << 20, 'x')));
+    EXPECT_TRUE(core.Logged("xm_channels.dat is too long"));
+    table = {};
+    EXPECT_FALSE(SaveChannels(core.app.File("no/such/folder.dat"), core.report, table));
+    EXPECT_TRUE(core.Logged("could not write"));
     for (const char* name : {"Preview", "Pre"}) {
         Put(table, 1, name, "News");
-        ASSERT_TRUE(SaveChannels(path, report, table));
+        ASSERT_TRUE(SaveChannels(path, core.report, table));
     }
-    EXPECT_EQ(app.Read(ChannelFileName), "\x01Pre\0News\r\n"s);
+    EXPECT_EQ(core.app.Read(ChannelFileName), "\x01Pre\0News\r\n"s);
 }
 
 TEST(ChannelTable, TellsItsCategories) {
