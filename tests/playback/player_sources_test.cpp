@@ -183,27 +183,33 @@ TEST_F(PlayerSourcesTest, TheLineOfATunerIsMuteWhileItStartsAndStops) {
 }
 
 TEST_F(PlayerSourcesTest, AddsEachSourcesFavouriteOnce) {
-    app.Write("favorites.m3u", "#EXTM3U\n" + Song(1));
     Play(3, 2);
-    for (int press = 0; press < 2; ++press)
+    const struct {
+        std::int32_t mode;
+        const char* file;
+        std::string before, after;
+    } cases[] = {
+        {PlayAudio, "favorites.m3u", "#EXTM3U\n" + Song(1),
+         "#EXTM3U\n" + Song(1) + "\r\n" + Song(2) + "\r\n"},
+        {PlayXM, "favorites.xcl", "112\r\n", "112\r\n12\r\n"},
+        {PlayFM, "presets.lst", "", "96.50:96.50 MHz\r\n"},
+        {PlayFM, "presets.lst", " 96.5 :Radio One\r\n", " 96.5 :Radio One\r\n"},
+    };
+    for (const auto& c : cases) {
+        app.Write(c.file, c.before);
+        audio.PlayMode = c.mode;
         player().AddFavKBIR();
-    EXPECT_EQ(app.Read("favorites.m3u"), "#EXTM3U\n" + Song(1) + "\r\n" + Song(2) + "\r\n");
+        player().TSAddFavBtn_Click();
+        EXPECT_EQ(app.Read(c.file), c.after);
+    }
+    app.Write("favorites.m3u", "");
+    audio.PlayMode = PlayAudio;
+    player().AddToFavorites();
     EXPECT_EQ(view.clocks.back(), "ADDING: " + Song(2));
     clock.Advance(700);
     EXPECT_EQ(view.clocks.back(), "ADDING: " + Song(2));
     clock.Advance(100);
     EXPECT_EQ(view.clocks.back(), "Saturday, November 21, 2026    12:0");
-    audio.PlayMode = PlayXM;
-    app.Write("favorites.xcl", "112\r\n");
-    player().TSAddFavBtn_Click();
-    player().AddFavKBIR();
-    EXPECT_EQ(app.Read("favorites.xcl"), "112\r\n12\r\n");
-    audio.PlayMode = PlayFM;
-    player().AddToFavorites();
-    EXPECT_EQ(app.Read("presets.lst"), "96.50:96.50 MHz\r\n");
-    app.Write("presets.lst", " 96.5 :Radio One\r\n");
-    player().AddToFavorites();
-    EXPECT_EQ(app.Read("presets.lst"), " 96.5 :Radio One\r\n");
 }
 
 TEST_F(PlayerSourcesTest, RefusesDiscsAndSaysWhatFailed) {

@@ -59,6 +59,16 @@ TEST_F(TrackListTest, AsksTheCatalogueForAStoredQuery) {
     EXPECT_EQ(list.tracks[1].path, "/disc/Track01.cda");
     EXPECT_TRUE(list.wantedMissing); // the second missing one stood where entry 2 was wanted
     EXPECT_FALSE(Read("# SELECT Path FROM Media\n", 1).wantedMissing);
+    const std::string with = "SELECT Path, MediaType FROM Media";
+    const std::pair<std::string, std::string> queries[] = {
+        {"SELECT Path FROM Media", with},
+        {with, with}, // it is there already, and behind " FROM" it does not count
+        {"SELECT Path FROM Media WHERE MediaType=1", with + " WHERE MediaType=1"},
+        {"SELECT 1", "SELECT 1"}};
+    for (const auto& [query, passedOn] : queries) {
+        Read("# " + query);
+        EXPECT_EQ(asked, passedOn);
+    }
 }
 
 TEST_F(TrackListTest, LogsAQueryThatNoCatalogueCanAnswer) {
@@ -70,15 +80,6 @@ TEST_F(TrackListTest, LogsAQueryThatNoCatalogueCanAnswer) {
     };
     EXPECT_EQ(Read("# SELECT Path FROM Media\n" + song).tracks.size(), 1u);
     EXPECT_EQ(lines.size(), 2u);
-}
-
-TEST(WithMediaType, AddsTheColumnOnlyWhereItIsMissing) {
-    const std::string with = "SELECT Path, MediaType FROM Media";
-    EXPECT_EQ(WithMediaType("SELECT Path FROM Media"), with);
-    EXPECT_EQ(WithMediaType(with), with);
-    EXPECT_EQ(WithMediaType("SELECT Path FROM Media WHERE MediaType=1"),
-              with + " WHERE MediaType=1");
-    EXPECT_EQ(WithMediaType("SELECT 1"), "SELECT 1");
 }
 
 } // namespace vk::test
