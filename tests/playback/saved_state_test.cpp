@@ -83,9 +83,11 @@ TEST_F(SavedStateTest, AListThatStartsAfterAllPatienceIsShownAndDoesNotForgetIts
     process.obeys = false;
     AfterAKill();
     EXPECT_EQ(view.title, "");
+    settings.Write("audio_player", "VolumeSerial", "77"); // of the list before
     process.status = 1;
     clock.Advance(1100);
     EXPECT_EQ(view.title, "Song4");
+    EXPECT_EQ(Saved("VolumeSerial"), std::to_string(audio.VolumeSerial));
     EXPECT_EQ(process.Count(106), 0) << "no seek any more";
     PlayTo(32);
     EXPECT_EQ(SavedPlace(), "3 at 33");
