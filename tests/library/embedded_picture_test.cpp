@@ -33,12 +33,15 @@ TEST(EmbeddedPicture, ComesOutOfEveryVersionOfTheTag) {
              {2, "PIC", "\0JPG\3Front\0"s},
              {3, "APIC", "\0image/jpeg\0\3Front\0"s},
              {4, "APIC", "\0image/jpeg\0\3\0"s},
+             {3, "APIC", "\0image/png\0\0\0"s},
              {3, "APIC", utf16}}) {
         const std::string tag = ID3v2(version, Frame(version, id, head + Jpeg));
         EXPECT_EQ(Picture(tag + "sound"), Jpeg) << version;
         EXPECT_EQ(Picture(tag.substr(0, tag.size() - 2)), "") << version;
     }
     EXPECT_EQ(Picture(ID3v2(3, Frame(3, "APIC", "\0image/jpeg\0\3\0"s + Jpeg), 0, 0x80)), "");
+    for (const std::string& torn : {"\0"s, "\0image/jpeg"s, "\0image/jpeg\0\3Front"s})
+        EXPECT_EQ(Picture(ID3v2(3, Frame(3, "APIC", torn))), "");
     EXPECT_EQ(Picture("no tag at all"), "");
 }
 

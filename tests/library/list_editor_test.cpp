@@ -199,25 +199,23 @@ TEST_F(ListEditing, AFailedSaveKeepsTheOldListAndAnEmptyNameTheListOnDisk) {
 }
 
 TEST_F(ListEditing, TheArrowsChangeListsAndRemoveRows) {
+    const auto press = [this](void (Browser::*key)(), bool right, std::vector<std::string> rows) {
+        (browser().*key)();
+        EXPECT_EQ(view.rightFocus, right);
+        EXPECT_EQ(Right(), rows);
+    };
     BuildNew({});
-    browser().MoveAhead();
-    EXPECT_FALSE(view.rightFocus) << "there is nothing on the right";
+    press(&Browser::MoveAhead, false, {NoFiles});
     Choose(A);
     Choose(B);
-    browser().MoveAhead();
-    EXPECT_TRUE(view.rightFocus);
+    press(&Browser::MoveAhead, true, {A, B});
     EXPECT_EQ(rightList.iSelected, 0);
-    browser().MoveDown();
-    browser().runok();
-    EXPECT_THAT(Right(), ElementsAre(A));
-    browser().MoveBack();
-    EXPECT_FALSE(view.rightFocus);
-    browser().ToggleListFocus();
-    browser().runok();
-    EXPECT_THAT(Right(), ElementsAre(NoFiles));
-    EXPECT_FALSE(view.rightFocus);
-    browser().ChooseRight();
-    EXPECT_EQ(rightList.ItemCount(), 1) << "the notice stays";
+    press(&Browser::MoveDown, true, {A, B});
+    press(&Browser::runok, true, {A});
+    press(&Browser::MoveBack, false, {A});
+    press(&Browser::ToggleListFocus, true, {A});
+    press(&Browser::runok, false, {NoFiles});
+    press(&Browser::ChooseRight, false, {NoFiles}); // the notice stays
     browser().doquit();
     EXPECT_FALSE(view.keyboard);
     EXPECT_EQ(state.ListMode, ListFromMenu);
@@ -240,9 +238,8 @@ TEST_F(ListEditing, FavouritesStayOutOfTheCatalogue) {
 
 TEST_F(ListEditing, ChannelsAreCollectedInAListOfTheirOwn) {
     core.settings.values.xmpcr_enabled = true;
-    for (const int channel : {4, 10, 200}) {
+    for (const int channel : {4, 10, 200})
         AddChannel(channel, "Channel" + std::to_string(channel));
-    }
     browser().ReShow();
     Choose("XM Presets & Categories");
     Choose("<Build New Channel List>");
@@ -253,19 +250,19 @@ TEST_F(ListEditing, ChannelsAreCollectedInAListOfTheirOwn) {
     EXPECT_EQ(Texts(), all) << "the catalogue has no channels";
     browser().ReShow();
     EXPECT_EQ(Texts(), all);
-    for (const char* row : {"200 - Channel200", "4 - Channel4", "200 - Channel200"})
+    const std::string first = "200 - Channel200", second = "4 - Channel4";
+    for (const std::string& row : {first, second, first})
         Choose(row);
-    EXPECT_THAT(Right(), ElementsAre("200 - Channel200", "4 - Channel4"));
+    EXPECT_THAT(Right(), ElementsAre(first, second));
     SaveAs("mine");
     EXPECT_EQ(core.app.Read("mine.xcl"), "200\r\n4\r\n");
-    EXPECT_THAT(Texts(),
-                ElementsAre("<...>", "<Edit This List>", "200 - Channel200", "4 - Channel4"));
+    EXPECT_THAT(Texts(), ElementsAre("<...>", "<Edit This List>", first, second));
     Choose("<Edit This List>");
     EXPECT_EQ(view.title, "Edit XM Channel List ");
     EXPECT_EQ(Texts(), all);
     browser().ToggleListFocus();
     browser().runok();
-    EXPECT_THAT(Right(), ElementsAre("4 - Channel4"));
+    EXPECT_THAT(Right(), ElementsAre(second));
     SaveAs("yours");
     EXPECT_EQ(core.app.Read("yours.xcl"), "4\r\n");
     EXPECT_FALSE(FileExists(core.app.File("mine.xcl")));

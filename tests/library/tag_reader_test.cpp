@@ -118,15 +118,6 @@ TEST_F(TagReader, DamageEndsTheReadingAndIsLogged) {
     EXPECT_EQ(TitleOf(ID3v2(3, many + TextFrame(3, "TIT2", "late"))), "kept");
 }
 
-TEST_F(TagReader, TakesThePictureOutOfItsFrame) {
-    const std::string picture = "\xFF\xD8\0pixels\0"s;
-    for (const auto& [body, found] :
-         {std::pair{"\0image/jpeg\0\3Front\0"s + picture, picture},
-          std::pair{"\0image/png\0\0\0"s + picture, picture}, std::pair{"\0image/jpeg"s, ""s},
-          std::pair{"\0image/jpeg\0\3Front"s, ""s}, std::pair{"\0"s, ""s}})
-        EXPECT_EQ(Read(ID3v2(3, Frame(3, "APIC", body))).PictureData, found);
-}
-
 TEST_F(TagReader, TextsHaveNoNulAndAtMostFiftyWholeCharacters) {
     const std::string utf16 = "\1\xFF\xFEH\0i\0"s;
     EXPECT_EQ(TitleOf(ID3v2(3, Frame(3, "TIT2", utf16))), "ÿþHi") << "not decoded";
