@@ -18,8 +18,7 @@ class BrowseRadio : public test::BrowserTest {
     std::string Presets() const { return core.app.Read("presets.lst"); }
     void OpenPresets(const std::string& text) {
         core.app.Write("presets.lst", text);
-        browser().ReShow();
-        Choose("Edit Preset Radio Stations");
+        Walk({"Edit Preset Radio Stations"});
     }
     std::string Saved(const char* key) { return core.settings.Read("xmpcr_tuner", key); }
 };
@@ -112,10 +111,7 @@ TEST_F(BrowseRadio, ChannelsAreReachedByCategoryListAndAllAtOnce) {
 TEST_F(BrowseRadio, AChosenChannelGoesToThePlayerWithItsList) {
     disk.Write("lists/mine.xcl", "40\r\n9\r\n");
     UseCatalogue();
-    browser().ReShow();
-    Choose("XM Presets & Categories");
-    Choose("mine");
-    Choose("9 - Nine");
+    Walk({"XM Presets & Categories", "mine", "9 - Nine"});
     EXPECT_EQ(core.app.Read("xm_current.lst"), "40\r\n9\r\n");
     EXPECT_EQ(Handed(), std::to_string(PlayXM) + " XM Satellite Radio xm_current.lst 2 -1 start");
     EXPECT_EQ(audio.CurrentChannel, 9);
@@ -140,8 +136,7 @@ TEST_F(BrowseRadio, AChosenChannelGoesToThePlayerWithItsList) {
 
 TEST_F(BrowseRadio, WithoutATableThereIsNothingToChoose) {
     channels = {};
-    browser().ReShow();
-    Choose("XM Presets & Categories");
+    Walk({"XM Presets & Categories"});
     for (const char* row : {"Categories", "Show All Channels"}) {
         Choose(row);
         EXPECT_THAT(Texts(), ElementsAre("<...>", "<No Valid Channels in List>"));

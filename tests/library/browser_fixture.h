@@ -101,6 +101,7 @@ class BrowserTest : public testing::Test {
         rightList.SetGeometry(20, "3", 400);
         state.CurrentPath = media;
     }
+    void TearDown() override { EXPECT_FALSE(core.state.ListBusy); }
     std::string Media(const std::string& name, const std::string& contents = "x") {
         return disk.Write("media/" + name, contents);
     }
@@ -201,6 +202,12 @@ class BrowserTest : public testing::Test {
         ASSERT_NE(found, texts.end()) << text << " in " << testing::PrintToString(texts);
         list.SelectItem(static_cast<int>(found - texts.begin()));
         browser().runok();
+    }
+    /// Enters the browser at the top and chooses rows, each by its text.
+    void Walk(const std::vector<std::string>& texts) {
+        Enter(media);
+        for (const std::string& text : texts)
+            Choose(text);
     }
     std::string Selected() const { return Texts().at(static_cast<std::size_t>(list.iSelected)); }
 

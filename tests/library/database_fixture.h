@@ -43,12 +43,6 @@ class DatabaseTest : public BrowserTest {
         }
         database.Execute("COMMIT");
     }
-    /// Enters the browser and chooses rows, each by its text.
-    void Walk(std::initializer_list<const char*> texts) {
-        Enter(media);
-        for (const char* text : texts)
-            Choose(text);
-    }
     void Type(const std::string& text) {
         keyboard.SetValue(text);
         keyboard.KeyClick(KeyboardModel::OKKey);

@@ -33,8 +33,7 @@ class ListEditing : public test::BrowserTest {
         Choose("<Edit This List>");
     }
     void BuildNew(const std::vector<std::string>& rows) {
-        browser().ReShow();
-        Choose("Build a new PlayList");
+        Walk({"Build a new PlayList"});
         for (const std::string& row : rows)
             Choose(row);
     }
@@ -227,9 +226,7 @@ TEST_F(ListEditing, FavouritesStayOutOfTheCatalogue) {
     UseCatalogue();
     known.state = DBStateValue::Offline;
     core.app.Write("favorites.m3u", media + "/a.mp3");
-    browser().ReShow();
-    Choose("Favorites");
-    Choose("<Edit This List>");
+    Walk({"Favorites", "<Edit This List>"});
     SaveAs("favorites");
     EXPECT_EQ(core.app.Read("favorites.m3u"), media + "/a.mp3\r\n");
     EXPECT_THAT(known.updated, IsEmpty());
@@ -240,9 +237,7 @@ TEST_F(ListEditing, ChannelsAreCollectedInAListOfTheirOwn) {
     core.settings.values.xmpcr_enabled = true;
     for (const int channel : {4, 10, 200})
         AddChannel(channel, "Channel" + std::to_string(channel));
-    browser().ReShow();
-    Choose("XM Presets & Categories");
-    Choose("<Build New Channel List>");
+    Walk({"XM Presets & Categories", "<Build New Channel List>"});
     EXPECT_EQ(view.title, "Build XM Channel List ");
     const auto all = Texts();
     UseCatalogue();
@@ -288,8 +283,7 @@ TEST_F(ListEditing, WhatAListCannotHoldIsRefused) {
     list.SelectItem(list.ItemCount() - 1);
     browser().runok();
     EXPECT_EQ(view.loading, "Only music can be put in a list.");
-    state.CurrentPath = cd;
-    browser().ReShow();
+    Enter(cd);
     Choose("1 - (Unknown Artist) - track");
     EXPECT_EQ(view.loading, "Tracks of a CD cannot be put in a list.");
     EXPECT_THAT(Right(), ElementsAre(NoFiles));
@@ -300,8 +294,7 @@ TEST_F(ListEditing, AListThatIsNotReadWholeIsNotEdited) {
     for (int i = 0; i < 20; ++i)
         text += media + "/a.mp3\n" + media + "/b.mp3\n";
     Media("long.m3u", text);
-    browser().ReShow();
-    Choose("4 - long");
+    Walk({"4 - long"});
     int runs = 0;
     core.clock.workMs = 10;
     core.clock.onEvents = [&] {
