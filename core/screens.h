@@ -43,6 +43,8 @@ struct ScreenOperations {
     /// Offered by players alone, empty on other screens: enters with what the browser has set or
     /// left as it was; pauses or goes on.
     std::function<void()> ReDisplay, DoPause;
+    /// Whether a held key goes on; empty on screens on which only what moves does.
+    std::function<bool(const InputCode&)> Repeats;
 };
 
 /// The name of the screen in front. A change of it is told, whoever makes it.
@@ -92,11 +94,14 @@ class Screens {
             [&screen](const std::string& code) { return screen.Form_KeyDown(code); },
             [&screen](const InputCode& code) { return screen.DoAction(code); },
             {},
+            {},
             {}};
         if constexpr (requires { screen.ReDisplay(); })
             operations.ReDisplay = [&screen] { screen.ReDisplay(); };
         if constexpr (requires { screen.DoPause(); })
             operations.DoPause = [&screen] { screen.DoPause(); };
+        if constexpr (requires(const InputCode& key) { screen.Repeats(key); })
+            operations.Repeats = [&screen](const InputCode& key) { return screen.Repeats(key); };
         screens_[name] = std::move(operations);
     }
     void Remove(const std::string& name) { screens_.erase(name); }

@@ -29,4 +29,12 @@ const std::array<ActionNames, ActionCount> Actions = {{
     {Action::power, "power", "POWER", "", "Power"},
 }};
 
+bool GoesOnWhileHeld(const InputCode& key) {
+    static constexpr Action Held[] = {
+        Action::up,       Action::down, Action::back,  Action::forward, Action::pageup,
+        Action::pagedown, Action::vup,  Action::Vdown, Action::FF,      Action::REW};
+    return std::ranges::any_of(
+        Held, [&](Action action) { return key.Mapped(action) || key.Fixed(action); });
+}
+
 } // namespace vk

@@ -1,8 +1,10 @@
 // What a key, a button of the remote or a screen's table of operations can mean.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
+#include <iterator>
 #include <string>
 #include <string_view>
 
@@ -81,13 +83,16 @@ struct RemoteMap : ActionCodes {};
 class InputCode {
   public:
     InputCode(const std::string& text, const KeyMap& map) : text_(text), map_(map), key_(true) {}
-    InputCode(const std::string& text, const RemoteMap& map) : text_(text), map_(map) {}
+    /// `held`: the button sent it before and was not let go since.
+    InputCode(const std::string& text, const RemoteMap& map, bool held = false)
+        : text_(text), map_(map), held_(held) {}
 
     /// True when the map gives this code to `action`; an empty text never matches.
     bool Mapped(Action action) const { return !text_.empty() && text_ == map_[action]; }
     /// As it came.
     const std::string& Text() const { return text_; }
     bool FromKeyboard() const { return key_; }
+    bool Held() const { return held_; }
     /// True when this is the fixed key of `action`.
     bool Fixed(Action action) const {
         return key_ && !text_.empty() && text_ == NamesOf(action).fixed;
@@ -97,7 +102,11 @@ class InputCode {
     const std::string& text_;
     const ActionCodes& map_;
     bool key_ = false;
+    bool held_ = false;
 };
+
+/// True for a key that moves, pages or changes by steps: such a one goes on while it is held.
+bool GoesOnWhileHeld(const InputCode& key);
 
 /// One row of a screen's table of operations.
 template<class Screen> struct ActionRow {
@@ -105,22 +114,30 @@ template<class Screen> struct ActionRow {
     void (Screen::*operation)();
 };
 
-/// Runs the operation of the first row whose action `code` stands for; false when there is none.
-/// What moves about comes first, as mapped, then by its fixed keys: a map may exchange the arrows,
-/// but no other action can take them away, nor Enter and Escape.
+/// The first of `rows` whose action `code` stands for; null when there is none. Of a key, what
+/// moves about comes first, as mapped, then by its fixed keys: a map may exchange the arrows, but
+/// no other action can take them away, nor Enter and Escape. A remote's codes know the order of
+/// rows alone.
+template<class Rows> auto FindRow(const Rows& rows, const InputCode& code) {
+    const auto find = [&](const auto& matches) {
+        const auto row =
+            std::ranges::find_if(rows, [&](const auto& each) { return matches(each.action); });
+        return row == std::end(rows) ? nullptr : &*row;
+    };
+    const auto moves = [&](Action action) {
+        return code.FromKeyboard() && HasFixedKey(action) && code.Mapped(action);
+    };
+    const auto* row = find(moves);
+    if (!row) row = find([&](Action action) { return code.Fixed(action); });
+    return row ? row : find([&](Action action) { return code.Mapped(action); });
+}
+
+/// Runs the operation of the row that `FindRow` finds; false when there is none.
 template<class Screen, class Rows>
 bool RunAction(Screen& screen, const Rows& rows, const InputCode& code) {
-    const auto run = [&](const auto& matches) {
-        for (const ActionRow<Screen>& row : rows)
-            if (matches(row.action)) {
-                (screen.*row.operation)();
-                return true;
-            }
-        return false;
-    };
-    return run([&](Action action) { return HasFixedKey(action) && code.Mapped(action); }) ||
-           run([&](Action action) { return code.Fixed(action); }) ||
-           run([&](Action action) { return code.Mapped(action); });
+    const ActionRow<Screen>* row = FindRow(rows, code);
+    if (row) (screen.*row->operation)();
+    return row;
 }
 
 } // namespace vk

@@ -1,8 +1,5 @@
 #include "input/input_router.h"
 
-#include <algorithm>
-#include <array>
-
 namespace vk {
 
 bool InputRouter::Key(const std::string& code, bool repeat) {
@@ -10,13 +7,13 @@ bool InputRouter::Key(const std::string& code, bool repeat) {
     const ScreenOperations* screen = n_.screens.Current();
     if (!screen) return false;
     if (!repeat) key_ = Now(code);
-    if (repeat && (key_ != Now(code) || !Repeats(key))) return true;
+    if (repeat && (key_ != Now(code) || !Repeats(*screen, key))) return true;
     if (Dropped(key, repeat)) return true;
     return Run([&] { return screen->Form_KeyDown(code) || Power(key); });
 }
 
 void InputRouter::IRCommand(const std::string& code, bool repeat) {
-    const InputCode input(code, n_.remoteKeys);
+    const InputCode input(code, n_.remoteKeys, repeat);
     if (!repeat) button_ = Now(code);
     if (repeat && button_ != Now(code)) return;
     if (n_.dialog && n_.dialog(input, repeat)) return;
@@ -29,15 +26,8 @@ InputRouter::Press InputRouter::Now(const std::string& code) const {
     return {code, n_.screens.CurrentForm.Text(), n_.dialogChanges ? n_.dialogChanges() : 0};
 }
 
-// What goes on while its key is held. On the page that learns keys nothing does: the key that armed
-// a function may still be held.
-bool InputRouter::Repeats(const InputCode& key) const {
-    static constexpr std::array Held = {
-        Action::up,       Action::down, Action::back,  Action::forward, Action::pageup,
-        Action::pagedown, Action::vup,  Action::Vdown, Action::FF,      Action::REW};
-    if (n_.screens.CurrentForm == "settingsKeyboard") return false;
-    return std::ranges::any_of(
-        Held, [&](Action action) { return key.Mapped(action) || key.Fixed(action); });
+bool InputRouter::Repeats(const ScreenOperations& screen, const InputCode& key) {
+    return screen.Repeats ? screen.Repeats(key) : GoesOnWhileHeld(key);
 }
 
 bool InputRouter::Dropped(const InputCode& code, bool repeat) const {
@@ -58,11 +48,11 @@ bool InputRouter::Run(const std::function<bool()>& command) {
     return command();
 }
 
-// The settings and their pages keep the code of power to themselves: it may be being learnt.
+// The remote's power does nothing on the settings, and on the page of codes it may be being learnt.
 bool InputRouter::Power(const InputCode& code) {
-    if (!n_.powerAction || !code.Mapped(Action::power) ||
-        n_.screens.CurrentForm.starts_with("settings"))
-        return false;
+    const FrontName& form = n_.screens.CurrentForm;
+    if (!n_.powerAction || !code.Mapped(Action::power)) return false;
+    if (!code.FromKeyboard() && (form == "settings" || form == "settingsRemote")) return false;
     n_.powerAction();
     return true;
 }

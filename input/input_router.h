@@ -53,7 +53,7 @@ class InputRouter {
     };
 
     Press Now(const std::string& code) const;
-    bool Repeats(const InputCode& key) const;
+    static bool Repeats(const ScreenOperations& screen, const InputCode& key);
     bool Dropped(const InputCode& code, bool repeat) const;
     bool Run(const std::function<bool()>& command);
     bool Power(const InputCode& code);

@@ -1,4 +1,4 @@
-// The moment after a change of screen.
+// The moment after a change of what is in front.
 #pragma once
 
 #include "core/screens.h"
@@ -21,13 +21,17 @@ class NewScreen {
               settled_->Stop();
               deafUntilMs_ = clock_.TickMs() + DeafMs;
           })) {
-        // What a screen does as it opens may take its time: presses wait meanwhile in the queue.
-        screens_.CurrentForm.onChange = [this] { settled_->Start(1); };
+        screens_.CurrentForm.onChange = [this] { Changed(); };
     }
     ~NewScreen() { screens_.CurrentForm.onChange = {}; }
     NewScreen(const NewScreen&) = delete;
     NewScreen& operator=(const NewScreen&) = delete;
 
+    /// Another screen is in front, or the last dialog has gone.
+    void Changed() {
+        // What a screen does as it opens may take its time: presses wait meanwhile in the queue.
+        settled_->Start(1);
+    }
     /// True from the change on until `DeafMs` after the event loop went on.
     bool Deaf() const { return settled_->Enabled() || clock_.TickMs() < deafUntilMs_; }
 

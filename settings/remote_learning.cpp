@@ -51,7 +51,6 @@ RemoteLearning::RemoteLearning(Needs needs)
 void RemoteLearning::Enter() {
     codes_ = ReadRemoteMap(n_.settings.ini(), n_.settings.File(RemoteFile));
     Disarm();
-    last_.clear();
     n_.collect(true);
 }
 
@@ -61,9 +60,8 @@ void RemoteLearning::Leave() {
     n_.codes = ReadRemoteMap(n_.settings.ini(), n_.settings.File(RemoteFile));
 }
 
-bool RemoteLearning::Received(const std::string& code) {
+bool RemoteLearning::Received(const std::string& code, bool held) {
     const std::int64_t gap = n_.clock.TickMs() - std::exchange(lastMs_, n_.clock.TickMs());
-    const bool held = code == std::exchange(last_, code) && gap < HeldMs;
     Add(code);
     n_.beeper.Beep();
     if (Measuring()) {

@@ -37,8 +37,6 @@ class RemoteLearning {
         std::function<void(float)> setInterval; ///< seconds between the codes of a held button
     };
 
-    /// The same code within this time is that of a button still held; milliseconds.
-    static constexpr int HeldMs = 400;
     /// So many pauses are measured by `bFixRepeat`.
     static constexpr int MeasuredGaps = 4;
 
@@ -50,9 +48,10 @@ class RemoteLearning {
 
     void Enter();
     void Leave();
-    /// A code of the remote: goes into the list, and to the armed action. True when it is neither
-    /// learnt nor measured nor a repeat, so that it may work the page.
-    bool Received(const std::string& code);
+    /// A code of the remote, `held` when its button was not let go since the last: goes into the
+    /// list, and to the armed action. True when it is neither learnt nor measured nor a repeat, so
+    /// that it may work the page.
+    bool Received(const std::string& code, bool held);
 
     /// A press on the action's button: its code is the next one. A second press cancels that.
     void Arm(Action action);
@@ -96,7 +95,6 @@ class RemoteLearning {
     RemoteMap codes_; ///< as in the file
     std::optional<Action> armed_;
     std::vector<std::string> list_;
-    std::string last_;
     std::int64_t lastMs_ = 0;
     int measured_ = -1; ///< pauses measured so far; -1: none is to be
     std::int64_t measuredMs_ = 0;

@@ -113,16 +113,19 @@ void KeyboardModel::DeleteLast() {
     SetText(left, left.empty() || left.back() == ' ' || capital_);
 }
 
-bool KeyboardModel::KeyDown(const std::string& code) {
+bool KeyboardModel::Types(const std::string& code) {
     const auto number = ParseInteger(code);
-    if (!number) return false;
-    if (*number == VkShift) {
+    return number && (*number == VkShift || KeyOf(*number) >= 0);
+}
+
+bool KeyboardModel::KeyDown(const std::string& code) {
+    if (!Types(code)) return false;
+    const std::int64_t number = *ParseInteger(code);
+    if (number == VkShift)
         SetText(text_, true);
-        return true;
-    }
-    const int key = KeyOf(*number);
-    KeyClick(key);
-    return key >= 0;
+    else
+        KeyClick(KeyOf(number));
+    return true;
 }
 
 void KeyboardModel::SetText(const std::string& text, bool capital) {

@@ -46,6 +46,8 @@ class KeyboardModel {
     /// next letter a capital. False for every other key: arrows, Enter and Escape are the host's to
     /// route.
     bool KeyDown(const std::string& code);
+    /// True for a key that `KeyDown` uses.
+    static bool Types(const std::string& code);
 
     void ClearInput() { SetValue({}); }
     /// The prompt; an empty one reads "Search For...".

@@ -10,8 +10,8 @@
 
 namespace vk {
 
-/// Opens a device, and opens it again after it was lost. A loose plug costs no log lines: the
-/// device counts as found only once it has proved to work.
+/// Opens a device, and opens it again after it was lost. A loose plug costs no lines of
+/// found and lost: the device counts as found only once it has proved to work.
 class Reconnector {
   public:
     /// Between two tries, in milliseconds.

@@ -87,10 +87,7 @@ void Remote::Received(const std::string& code) {
 
 Heard Remote::Filtered(const std::string& code) {
     const double now = n_.clock.Now().SecondsOfDay();
-    if (!learn.empty()) {
-        filter_.Note(code, now);
-        return Heard::Press;
-    }
+    if (!learn.empty()) return filter_.Note(code, now);
     const Settings& s = n_.settings.values;
     const float speed = static_cast<float>(s.speed) / 1000 * speedFactor_;
     const float delay = s.UseDelay ? static_cast<float>(s.delay) / 1000 : 0;

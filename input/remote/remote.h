@@ -64,7 +64,7 @@ class Remote {
     /// the command may be ended.
     std::function<bool(const std::string& code)> withinCommand;
 
-    /// Not empty while the settings page collects codes: they come unfiltered then.
+    /// Not empty while the settings page collects codes: none is dropped then.
     std::string learn;
     float learnInterval = 0; ///< between codes of a held button, as measured there; seconds
 

@@ -1,5 +1,7 @@
 #include "input/remote/repeat_filter.h"
 
+#include <utility>
+
 namespace vk {
 
 namespace {
@@ -17,25 +19,34 @@ float Since(float earlier, float now) {
 
 } // namespace
 
+bool RepeatFilter::StillHeld(const std::string& code, float now) {
+    const bool soon = Since(std::exchange(heardTime_, now), now) < HeldSeconds;
+    return repeatActive && code == lastIRCode && soon;
+}
+
 Heard RepeatFilter::Accept(const std::string& code, double secondsOfDay,
                            const RepeatBounds& bounds) {
     const auto now = static_cast<float>(secondsOfDay);
-    const bool pressed = repeatActive && code == heard_ && Since(heardTime_, now) < HeldSeconds;
-    heard_ = code;
-    heardTime_ = now;
     const bool same = repeatActive && code == lastIRCode;
+    const bool held = StillHeld(code, now);
     const float since = Since(lastIRTime, now);
     if (same && since < bounds.speed) return Heard::Dropped;
-    const bool held = same && since < bounds.delay + StartTolerance * bounds.delay;
     if (held && firstCode && since < bounds.delay) return Heard::Dropped;
-    Note(code, secondsOfDay);
-    firstCode = !held;
-    return pressed ? Heard::Repeat : Heard::Press;
+    LetThrough(code, now);
+    firstCode = !held || since >= bounds.delay + StartTolerance * bounds.delay;
+    return held ? Heard::Repeat : Heard::Press;
 }
 
-void RepeatFilter::Note(const std::string& code, double secondsOfDay) {
-    lastIRCode = heard_ = code;
-    lastIRTime = heardTime_ = static_cast<float>(secondsOfDay);
+Heard RepeatFilter::Note(const std::string& code, double secondsOfDay) {
+    const auto now = static_cast<float>(secondsOfDay);
+    const bool held = StillHeld(code, now);
+    LetThrough(code, now);
+    return held ? Heard::Repeat : Heard::Press;
+}
+
+void RepeatFilter::LetThrough(const std::string& code, float now) {
+    lastIRCode = code;
+    lastIRTime = now;
     repeatActive = true;
     firstCode = true;
 }

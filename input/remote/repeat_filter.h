@@ -19,28 +19,31 @@ enum class Heard {
 };
 
 /// Lets the first code of a press through, then, while the same code keeps coming, repeats at the
-/// pace `speed` from `delay` on. A code that comes back later than 1.4 times the delay is a new
-/// press, and so is any other code.
+/// pace `speed` from `delay` on. A code that comes back after a pause, or later than 1.4 times the
+/// delay, is a new press, and so is any other code; but nothing comes faster than `speed`.
 class RepeatFilter {
   public:
     /// The same code within this time is that of a button still held, whatever the bounds let
     /// through; seconds. Receivers send about ten a second.
-    static constexpr float HeldSeconds = 0.4F;
+    static constexpr float HeldSeconds = 0.25F;
 
     /// What `code`, received at `secondsOfDay`, is.
     Heard Accept(const std::string& code, double secondsOfDay, const RepeatBounds& bounds);
-    /// Takes note of a code that is carried out without being filtered.
-    void Note(const std::string& code, double secondsOfDay);
+    /// Takes note of a code that is carried out without being filtered: `Press` or `Repeat`.
+    Heard Note(const std::string& code, double secondsOfDay);
     /// Time that passed without codes being heard does not count as a release of the button.
     void Resume(double secondsOfDay) { heardTime_ = static_cast<float>(secondsOfDay); }
 
   private:
-    std::string lastIRCode;
+    /// Hears a code; true when its button is still held.
+    bool StillHeld(const std::string& code, float now);
+    void LetThrough(const std::string& code, float now);
+
+    std::string lastIRCode;    ///< the last code
     float lastIRTime = 0;      ///< seconds of the day of the last code let through
     bool repeatActive = false; ///< a code was let through: what follows may be its repeats
     bool firstCode = false;    ///< of the press only the first code was let through so far
-    std::string heard_;        ///< the last code, let through or not
-    float heardTime_ = 0;
+    float heardTime_ = 0;      ///< of the last code, let through or not
 };
 
 } // namespace vk

@@ -76,6 +76,8 @@ class Browser {
     bool Form_KeyDown(const std::string& code);
     /// The same for what any map gives a meaning.
     bool DoAction(const InputCode& code);
+    /// True for a key that goes on while it is held.
+    bool Repeats(const InputCode& key) const;
 
     /// Play or pause of the player (`Image6`).
     void PlayPause();

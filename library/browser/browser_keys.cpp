@@ -36,6 +36,13 @@ bool Browser::Form_KeyDown(const std::string& code) {
     return DoAction(key);
 }
 
+// Of the keys that type only the one that deletes goes on.
+bool Browser::Repeats(const InputCode& key) const {
+    constexpr const char* Backspace = "8";
+    if (KeyboardShown && KeyboardModel::Types(key.Text())) return key.Text() == Backspace;
+    return GoesOnWhileHeld(key);
+}
+
 bool Browser::DoAction(const InputCode& code) {
     if (RunAction(*this, Rows, code)) return true;
     const auto* player = needs_.screens.Find("playmp3");

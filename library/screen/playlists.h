@@ -44,6 +44,7 @@ class playlists : public QWidget, private BrowserView {
     void Form_Unload(bool osShutdown) { browser_.Form_Unload(osShutdown); }
     bool Form_KeyDown(const std::string& code) { return browser_.Form_KeyDown(code); }
     bool DoAction(const InputCode& code) { return browser_.DoAction(code); }
+    bool Repeats(const InputCode& key) const { return browser_.Repeats(key); }
 
   protected:
     void paintEvent(QPaintEvent* event) override;

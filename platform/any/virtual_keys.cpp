@@ -52,7 +52,7 @@ int VirtualKey(int qtKey, Qt::KeyboardModifiers modifiers) {
 std::string VirtualKeyText(const QKeyEvent& event) {
     const int code = VirtualKey(event.key(), event.modifiers());
     if (code == 0) return {};
-    const bool alt = event.modifiers().testFlag(Qt::AltModifier);
+    const bool alt = event.key() != Qt::Key_Alt && event.modifiers().testFlag(Qt::AltModifier);
     return (alt ? "%" : "") + std::to_string(code);
 }
 

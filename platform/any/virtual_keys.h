@@ -7,8 +7,8 @@
 
 namespace vk {
 
-/// The decimal text of the Windows virtual-key code (winuser.h), with "%" in front while Alt is
-/// held; "" for a key that has none.
+/// The decimal text of the Windows virtual-key code (winuser.h), with "%" in front of another
+/// key while Alt is held; "" for a key that has none.
 std::string VirtualKeyText(const QKeyEvent& event);
 
 /// The code alone; 0 for none. Letters and digits are their ASCII codes, whatever the layout's

@@ -5,7 +5,7 @@ namespace vk {
 
 namespace {
 
-// In the order in which a code that stands for several actions is compared.
+// In the order in which codes of the remote are compared.
 constexpr ActionRow<AudioPlayer> Rows[] = {
     {Action::shuffle, &AudioPlayer::setshuffle},
     {Action::pagedown, &AudioPlayer::PgDn},

@@ -14,6 +14,8 @@ class settingsKeyboard : public LearningPage {
     /// While an action waits for its key, any key is that.
     bool Form_KeyDown(const std::string& code);
     bool DoAction(const InputCode& code);
+    /// The key that armed a function may still be held.
+    bool Repeats(const InputCode&) const { return false; }
 
     const KeyboardLearning& learning() const { return learning_; }
 

@@ -106,7 +106,7 @@ void settingsRemote::AddSwitch(QRect cell, const char* name, const char* caption
 }
 
 bool settingsRemote::DoAction(const InputCode& code) {
-    const bool used = !learning_.Received(code.Text()) || WorkPage(code);
+    const bool used = !learning_.Received(code.Text(), code.Held()) || WorkPage(code);
     Refresh();
     return used;
 }

@@ -79,18 +79,17 @@ TEST_F(LearningTest, AKeyIsProgrammedRefusedOrCanceled) {
 
 TEST_F(LearningTest, ACodeIsListedAndGivenToTheWaitingButton) {
     EXPECT_TRUE(collecting);
-    EXPECT_TRUE(remote.Received("111")) << "free to work the page";
-    EXPECT_FALSE(remote.Received("111")) << "the button is still held";
+    EXPECT_TRUE(remote.Received("111", false)) << "free to work the page";
+    EXPECT_FALSE(remote.Received("111", true));
     remote.Arm(Action::pageup);
-    EXPECT_FALSE(remote.Received("111"));
+    EXPECT_FALSE(remote.Received("111", true));
     EXPECT_EQ(remote.Codes()[Action::pageup], "") << "it was held when the page was told to learn";
-    clock.Advance(RemoteLearning::HeldMs);
-    EXPECT_FALSE(remote.Received("111"));
+    EXPECT_FALSE(remote.Received("111", false));
     EXPECT_EQ(remote.List().back(), "irpageup has been programmed to keycode 111");
     EXPECT_EQ(remote.Selected(), 4);
     EXPECT_EQ(beeper.beeps, 4);
     EXPECT_EQ(ini.ReadText(settings.File("keys.ini"), "remote_keys", "irpageup"), "111");
-    EXPECT_TRUE(remote.Received("222")) << "no button waits any more";
+    EXPECT_TRUE(remote.Received("222", false)) << "no button waits any more";
     remote.Leave();
     EXPECT_FALSE(collecting);
     EXPECT_EQ(codes[Action::pageup], "111");
@@ -157,7 +156,7 @@ TEST_F(LearningTest, TheReceiverIsSetAtOnce) {
     remote.FixRepeat();
     for (int burst = 0; burst <= RemoteLearning::MeasuredGaps; ++burst) {
         EXPECT_TRUE(remote.Measuring());
-        remote.Received("9");
+        remote.Received("9", burst > 0);
         clock.Advance(110);
     }
     EXPECT_FALSE(remote.Measuring());

@@ -9,26 +9,48 @@
 
 #include <gmock/gmock.h>
 
+#include <cctype>
+
 namespace vk::test {
 namespace {
 
 using Calls = std::vector<std::string>;
+
+/// Knows no keys, and no key goes on here.
+struct LearningScreen : RecordingScreen {
+    bool Form_KeyDown(const std::string&) { return false; }
+    bool Repeats(const InputCode&) const { return false; }
+};
 
 struct InputRouterTest : testing::Test, CoreFixture {
     InputRouterTest() {
         screens.Add("playlists", browser);
         screens.Add("velkorandum", menu);
         screens.CurrentForm = "playlists";
-        clock.Advance(1000);
+        Settle();
         keys[Action::quit] = "81";
         remoteKeys[Action::power] = "off";
         remoteKeys[Action::ok] = "enter";
         remoteKeys[Action::quit] = "out";
     }
-    Calls TakeCalls() { return std::exchange(browser.calls, {}); }
+    /// Sends keys, and codes of the remote where they are words; "~" behind one that is held on.
+    /// Gives what the browser got.
+    Calls Sent(std::initializer_list<std::string> codes) {
+        for (std::string code : codes) {
+            const bool held = code.ends_with("~");
+            if (held) code.pop_back();
+            if (std::isalpha(code[0]))
+                router.IRCommand(code, held);
+            else
+                EXPECT_TRUE(router.Key(code, held)) << code;
+        }
+        return std::exchange(browser.calls, {});
+    }
+    void Settle() { clock.Advance(1000); }
     KeyMap keys;
     RemoteMap remoteKeys;
     RecordingScreen browser, menu;
+    LearningScreen learning;
     bool dialogOpen = false;
     int powered = 0, dialogs = 0;
     NewScreen newScreen{screens, clock};
@@ -62,100 +84,88 @@ TEST_F(InputRouterTest, ATableIsComparedInOrderAndFixedKeysBeforeWhatIsNoMovemen
     keys[Action::up] = "13"; // the fixed keys may change their places
     keys[Action::ok] = keys[Action::quit];
     keys[Action::vup] = "38"; // but nothing else may take one
-    const auto run = [&](const std::string& code, const auto& map) {
-        const bool used = RunAction(browser, rows, InputCode(code, map));
-        EXPECT_EQ(used, !browser.calls.empty());
-        return TakeCalls();
-    };
-    EXPECT_EQ(run("81", keys), Calls{"doquit"});
-    EXPECT_EQ(run("13", keys), Calls{"MoveUp"});
-    EXPECT_EQ(run("38", keys), Calls{"MoveUp"});
-    EXPECT_EQ(run("40", keys), Calls{}) << "not in this table";
-    EXPECT_EQ(run("", keys), Calls{});
-    EXPECT_EQ(run("enter", remoteKeys), Calls{"runok"});
-    EXPECT_EQ(run("27", remoteKeys), Calls{}) << "a remote has no fixed codes";
+    remoteKeys[Action::vup] = "out";
+    const struct {
+        const char* code;
+        bool remote;
+        const char* call;
+    } cases[] = {{"81", false, "doquit"}, {"13", false, "MoveUp"}, {"38", false, "MoveUp"},
+                 {"40", false, ""},       {"", false, ""},         {"enter", true, "runok"},
+                 {"out", true, "VolUp"},  {"27", true, ""}};
+    for (const auto& c : cases) {
+        const std::string code = c.code;
+        const bool used = RunAction(browser, rows,
+                                    c.remote ? InputCode(code, remoteKeys) : InputCode(code, keys));
+        EXPECT_EQ(used, *c.call != 0) << code;
+        EXPECT_EQ(std::exchange(browser.calls, {}), used ? Calls{c.call} : Calls{}) << code;
+    }
 }
 
 TEST_F(InputRouterTest, WhileACommandRunsCodesAreDroppedAndOnlyALateQuitIsNot) {
     browser.onCall = [this](const std::string&) {
         browser.onCall = {};
-        for (const char* code : {"40", "81"})
-            EXPECT_TRUE(router.Key(code));
-        router.IRCommand("out");
+        EXPECT_EQ(Sent({"40", "81", "out"}), Calls{"DoAction"}) << "this command";
         clock.Advance(InputRouter::InterruptMs);
-        router.IRCommand("out", true);
-        router.Key("40");
-        router.IRCommand("enter");
-        router.Key("27");
-        router.IRCommand("out");
+        EXPECT_EQ(Sent({"out~", "40", "enter", "27", "out"}), (Calls{"key 27", "DoAction"}));
     };
-    router.IRCommand("enter");
-    EXPECT_EQ(TakeCalls(), (Calls{"DoAction", "key 27", "DoAction"}));
-    router.Key("40");
-    EXPECT_EQ(TakeCalls(), Calls{"key 40"});
+    Sent({"enter"});
+    EXPECT_EQ(Sent({"40"}), Calls{"key 40"});
 }
 
-TEST_F(InputRouterTest, WhatWasPressedForTheScreenBeforeDoesNotReachTheNewOne) {
+TEST_F(InputRouterTest, WhatWasPressedForTheScreenOrDialogBeforeDoesNotReachTheNewOne) {
     browser.onCall = [this](const std::string&) {
+        browser.onCall = {};
         screens.CurrentForm = "velkorandum";
         EXPECT_TRUE(router.Key("13"));
     };
-    router.Key("27");
-    EXPECT_TRUE(router.Key("13"));
-    router.IRCommand("enter");
+    Sent({"27", "13", "enter"});
     EXPECT_EQ(menu.calls, Calls{});
     clock.Advance(NewScreen::DeafMs + 1);
-    router.Key("13");
-    router.IRCommand("enter");
+    Sent({"13", "enter"});
     EXPECT_EQ(menu.calls, (Calls{"key 13", "DoAction"}));
     screens.CurrentForm = "playlists"; // by itself, or by touch
-    EXPECT_TRUE(router.Key("13"));
-    EXPECT_EQ(TakeCalls(), Calls{"key 27"}) << "the first alone";
+    EXPECT_EQ(Sent({"13"}), Calls{});
+    Settle();
+    newScreen.Changed(); // a dialog has gone
+    EXPECT_EQ(Sent({"13", "enter"}), Calls{});
+    clock.Advance(NewScreen::DeafMs + 1);
+    EXPECT_EQ(Sent({"13"}), Calls{"key 13"});
 }
 
 TEST_F(InputRouterTest, AHeldKeyRepeatsWhatMovesAndOnlyOnItsOwnScreen) {
     keys[Action::pageup] = "33";
-    for (const char* code : {"38", "13", "33", "81", "65", "%38"}) {
-        router.Key(code);
-        EXPECT_TRUE(router.Key(code, true));
-    }
-    EXPECT_EQ(TakeCalls(), (Calls{"key 38", "key 38", "key 13", "key 33", "key 33", "key 81",
-                                  "key 65", "key %38"}));
-    router.Key("40");
-    screens.Add("settingsKeyboard", menu);
-    for (const char* form : {"velkorandum", "settingsKeyboard"}) {
-        screens.CurrentForm = form;
-        clock.Advance(1000);
-        router.Key("40", true);
-    }
-    router.Key("40");
-    router.Key("40", true); // it may be a key that is learnt
-    EXPECT_EQ(menu.calls, Calls{"key 40"});
+    EXPECT_EQ(
+        Sent({"38", "38~", "13", "13~", "33", "33~", "81", "81~", "65", "65~", "%38", "%38~"}),
+        (Calls{"key 38", "key 38", "key 13", "key 33", "key 33", "key 81", "key 65", "key %38"}));
+    Sent({"40"});
+    screens.CurrentForm = "velkorandum";
+    Settle();
+    Sent({"40~"});
+    EXPECT_EQ(menu.calls, Calls{});
+    screens.Add("settingsKeyboard", learning);
+    screens.CurrentForm = "settingsKeyboard";
+    Settle();
+    EXPECT_FALSE(router.Key("40"));
+    EXPECT_TRUE(router.Key("40", true)) << "it was not asked for";
     screens.CurrentForm = "playlists";
-    clock.Advance(1000);
-    router.Key("38");
+    Settle();
+    Sent({"38"});
     ++dialogs; // in which the key was pressed anew
-    router.Key("38", true);
-    EXPECT_EQ(TakeCalls(), (Calls{"key 40", "key 38"}));
+    EXPECT_EQ(Sent({"38~"}), Calls{});
 }
 
 TEST_F(InputRouterTest, AHeldButtonOfTheRemoteStopsAtTheNextScreenOrDialog) {
-    router.IRCommand("enter");
-    router.IRCommand("enter", true);
-    EXPECT_EQ(TakeCalls(), (Calls{"DoAction", "DoAction"}));
+    EXPECT_EQ(Sent({"enter", "enter~"}), (Calls{"DoAction", "DoAction"}));
     screens.Add("playmp3", browser);
     const std::function<void()> changes[] = {[this] { ++dialogs; },
                                              [this] { screens.CurrentForm = "playmp3"; }};
     for (const auto& change : changes) {
         change();
-        clock.Advance(1000);
-        router.IRCommand("enter", true);
-        EXPECT_EQ(TakeCalls(), Calls{});
-        router.IRCommand("enter");
-        EXPECT_EQ(TakeCalls(), Calls{"DoAction"}) << "pressed anew";
+        Settle();
+        EXPECT_EQ(Sent({"enter~"}), Calls{});
+        EXPECT_EQ(Sent({"enter"}), Calls{"DoAction"}) << "pressed anew";
     }
-    router.IRCommand("out", true);
-    EXPECT_EQ(TakeCalls(), Calls{}) << "its press was never told";
+    EXPECT_EQ(Sent({"out~"}), Calls{}) << "its press was never told";
 }
 
 TEST_F(InputRouterTest, TheSecondTapOfADoubleTapDoesNotReachTheNextScreen) {
@@ -181,21 +191,26 @@ TEST_F(InputRouterTest, TheSecondTapOfADoubleTapDoesNotReachTheNextScreen) {
     EXPECT_EQ(tile.presses + tile.releases, 6);
 }
 
-TEST_F(InputRouterTest, DialogsComeFirstAndPowerIsForTheSettingsToLearn) {
-    router.IRCommand("off");
-    EXPECT_EQ(powered, 1);
-    browser.onCall = [this](const std::string&) { dialogOpen = true; };
-    router.IRCommand("other");
-    EXPECT_EQ(browser.calls, Calls{"DoAction"});
-    router.IRCommand("off");
-    EXPECT_EQ(powered, 1) << "the dialog has it";
-    dialogOpen = false;
-    screens.Add("settingsRemote", menu);
-    screens.CurrentForm = "settingsRemote";
-    clock.Advance(1000);
-    router.IRCommand("off");
-    EXPECT_EQ(powered, 1);
-    EXPECT_EQ(menu.calls, Calls{"DoAction"});
+TEST_F(InputRouterTest, DialogsComeFirstAndThenPower) {
+    keys[Action::power] = "80";
+    const struct {
+        const char* form;
+        int byRemote; ///< which may be learning its code
+    } cases[] = {{"menu", 1}, {"settings", 0}, {"settingsRemote", 0}, {"settingsKeyboard", 1}};
+    for (const auto& c : cases) {
+        screens.Add(c.form, learning);
+        screens.CurrentForm = c.form;
+        Settle();
+        powered = 0;
+        Sent({"off"});
+        EXPECT_EQ(powered, c.byRemote) << c.form;
+        EXPECT_EQ(std::exchange(learning.calls, {}).empty(), c.byRemote) << c.form;
+        Sent({"80"});
+        EXPECT_EQ(powered, c.byRemote + 1) << c.form;
+    }
+    dialogOpen = true;
+    Sent({"off"});
+    EXPECT_EQ(powered, 2) << "the dialog has it";
     screens.CurrentForm = "none";
     EXPECT_FALSE(router.Key("13"));
 }

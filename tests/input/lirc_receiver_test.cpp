@@ -49,18 +49,13 @@ class Daemon {
 struct LircTest : RemoteFixture {
     LircTest() {
         settings.Write("remote", "lircsocket", path);
-        settings.Write("remote", "type", "lirc");
-        lirc.IRCommand = remote.IRCommand;
+        devices.stream = [] { return std::make_unique<QtLocalStream>(); };
     }
     std::string path = app.File("lircd");
-    Remote lirc = MakeRemote({.serial = {},
-                              .stream = [] { return std::make_unique<QtLocalStream>(); },
-                              .x10 = {},
-                              .uuirt = {}});
 };
 
 TEST_F(LircTest, ButtonsComeThroughTornNoisyAndHugeLinesAndARestart) {
-    EXPECT_FALSE(lirc.InitRemote());
+    EXPECT_FALSE(Init("lirc"));
     auto daemon = std::make_unique<Daemon>(path);
     clock.Advance(3000);
     daemon->Accept();

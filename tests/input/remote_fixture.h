@@ -69,6 +69,7 @@ struct RemoteFixture : testing::Test, CoreFixture {
     FakeUiThread ui;
     FakeSerialPort* port = nullptr; ///< of the receiver that was opened last
     FakeX10* x10 = nullptr;
+    bool portPresent = true;
     RemoteDevices devices{.serial =
                               [this] {
                                   auto made = std::make_unique<FakeSerialPort>();
@@ -83,18 +84,17 @@ struct RemoteFixture : testing::Test, CoreFixture {
                                   x10 = made.get();
                                   return made;
                               },
-                          .uuirt = {}};
-    bool portPresent = true;
-    Remote MakeRemote(const RemoteDevices& with) {
-        return Remote{{.settings = settings,
-                       .report = report,
-                       .log = log,
-                       .dialogs = dialogs,
-                       .clock = clock,
-                       .ui = ui,
-                       .devices = with}};
-    }
-    Remote remote = MakeRemote(devices);
+                          .uuirt = {}}; ///< may be changed until the receiver is opened
+    Remote remote{{.settings = settings,
+                   .report = report,
+                   .log = log,
+                   .dialogs = dialogs,
+                   .clock = clock,
+                   .ui = ui,
+                   .devices = {.serial = [this] { return devices.serial(); },
+                               .stream = [this] { return devices.stream(); },
+                               .x10 = [this] { return devices.x10(); },
+                               .uuirt = [this](auto& reason) { return devices.uuirt(reason); }}}};
 };
 
 } // namespace vk::test

@@ -109,8 +109,10 @@ TEST_F(RemoteTest, AHeldButtonRepeatsAndTheLearningPageGetsEveryCode) {
     };
     EXPECT_EQ(hold(3), 2u);
     EXPECT_EQ(repeats, 2) << "the button was held all the time";
+    clock.Advance(1000);
     remote.learn = "learn";
     EXPECT_EQ(hold(8), 8u);
+    EXPECT_EQ(repeats, 7) << "told apart all the same";
     settings.values.remoteStatus = false;
     EXPECT_EQ(hold(8), 0u);
 }
@@ -158,19 +160,15 @@ TEST_F(RemoteTest, ACommandMayFailOrChangeTheReceiver) {
     onCommand = {};
     x10->X10Command("A", "Play");
     EXPECT_EQ(commands, (Commands{"1", "2", "APlay"}));
-    devices.x10 = {};
-    Remote without = MakeRemote(devices);
-    EXPECT_FALSE(without.InitRemote()) << "there is no driver";
+    devices.x10 = [] { return nullptr; };
+    EXPECT_FALSE(remote.InitRemote()) << "there is no driver";
 }
 
 TEST_F(RemoteTest, TheLearntIntervalIsWrittenInMilliseconds) {
-    const struct {
-        float seconds;
-        const char* text;
-    } cases[] = {{0, "0"}, {-1, "0"}, {0.1714F, "171"}, {12.3456F, "1234"}};
-    for (const auto& c : cases) {
-        remote.learnInterval = c.seconds;
-        EXPECT_EQ(remote.LearnText(), c.text) << c.seconds;
+    for (const auto& [seconds, text] :
+         {std::pair(0.0F, "0"), {-1.0F, "0"}, {0.1714F, "171"}, {12.3456F, "1234"}}) {
+        remote.learnInterval = seconds;
+        EXPECT_EQ(remote.LearnText(), text);
     }
 }
 

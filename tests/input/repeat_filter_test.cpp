@@ -3,59 +3,68 @@
 
 #include <gtest/gtest.h>
 
-#include <map>
+#include <cmath>
 #include <vector>
 
 namespace vk {
 namespace {
 
-// Times that single precision holds exactly: eighths of a second.
-constexpr RepeatBounds Bounds{0.25F, 1.25F}; // repeating begins from 1.25 to 1.75 s
-
-struct Step {
+/// The code comes every eighth of a second, a time that single precision holds exactly.
+struct Hold {
     const char* code;
-    double at; ///< seconds of the day
-    bool accepted;
+    double from, to; ///< seconds of the day
 };
+
+/// What becomes of each code: dropped, a press or a repeat.
+std::string Marks(RepeatFilter& filter, const RepeatBounds& bounds,
+                  const std::vector<Hold>& holds) {
+    std::string marks;
+    for (const Hold& hold : holds)
+        for (double at = hold.from; at <= hold.to; at += 0.125)
+            marks +=
+                ".PR"[static_cast<int>(filter.Accept(hold.code, std::fmod(at, 86400), bounds))];
+    return marks;
+}
+
+constexpr RepeatBounds Bounds{0.25F, 1.25F}; // repeating begins from 1.25 to 1.75 s
 
 TEST(RepeatFilterTest, LetsThroughWhatTheBoundsSay) {
     const struct {
         const char* what;
-        std::vector<Step> steps;
+        RepeatBounds bounds;
+        std::vector<Hold> holds;
+        const char* marks;
     } cases[] = {
-        {"within the pace", {{"a", 10, true}, {"a", 10.125, false}, {"a", 10.25, false}}},
-        {"the delay's end", {{"a", 10, true}, {"a", 11.125, false}, {"a", 11.25, true}}},
-        {"repeats at the pace",
-         {{"a", 10, true}, {"a", 11.25, true}, {"a", 11.375, false}, {"a", 11.5, true}}},
-        {"just inside the band, then a repeat",
-         {{"a", 10, true}, {"a", 11.625, true}, {"a", 11.875, true}}},
-        {"outside the band: a new press with a delay of its own",
-         {{"a", 10, true}, {"a", 11.75, true}, {"a", 12, false}, {"a", 13, true}}},
+        {"after the delay at the pace", Bounds, {{"a", 10, 11.75}}, "P.........R.R.R"},
+        {"taps", Bounds, {{"a", 10, 10}, {"a", 10.5, 10.625}, {"a", 11, 11}}, "PP.P"},
+        {"not even taps are faster",
+         {0.5F, 0},
+         {{"a", 10, 10}, {"a", 10.375, 10.375}, {"a", 10.5, 10.5}},
+         "P.R"},
         {"a pause ends the repeating",
-         {{"a", 10, true}, {"a", 11.25, true}, {"a", 13, true}, {"a", 13.5, false}}},
-        {"another code at once, and it restarts",
-         {{"a", 10, true}, {"b", 10, true}, {"a", 10, true}, {"a", 10.5, false}}},
-        {"midnight", {{"a", 86399.875, true}, {"a", 0, false}, {"a", 1, false}, {"a", 1.25, true}}},
-        {"a clock set back", {{"a", 50000, true}, {"a", 46400, true}, {"a", 46400.125, false}}},
-        {"midnight after start", {{"", 0, true}, {"", 0, false}}},
+         Bounds,
+         {{"a", 10, 11.25}, {"a", 11.75, 12}},
+         "P.........RP.."},
+        {"another code at once", Bounds, {{"a", 10, 10}, {"b", 10, 10}, {"a", 10, 10.25}}, "PPP.."},
+        {"midnight", Bounds, {{"a", 86399.875, 86401.125}}, "P.........R"},
+        {"a clock set back", Bounds, {{"a", 50000, 50000}, {"a", 46400, 46400.125}}, "PP."},
+        {"midnight after start", Bounds, {{"", 0, 0.125}}, "P."},
+        {"no delay", {0.25F, 0}, {{"a", 10, 11.875}}, "P.R.R.R.R.R.R.R."},
+        {"no bounds", {0, 0}, {{"a", 10, 10.125}, {"a", 10.625, 10.625}}, "PRP"},
     };
     for (const auto& c : cases) {
         RepeatFilter filter;
-        for (const Step& step : c.steps)
-            EXPECT_EQ(filter.Accept(step.code, step.at, Bounds) != Heard::Dropped, step.accepted)
-                << c.what << " at " << step.at;
+        EXPECT_EQ(Marks(filter, c.bounds, c.holds), c.marks) << c.what;
     }
 }
 
-TEST(RepeatFilterTest, WithoutADelayOnlyThePaceCounts) {
-    RepeatFilter filter;
-    std::map<Heard, int> heard;
-    for (int eighth = 0; eighth < 16; ++eighth)
-        ++heard[filter.Accept("a", 10 + eighth / 8.0, {0.25F, 0})];
-    EXPECT_EQ(heard,
-              (std::map<Heard, int>{{Heard::Dropped, 8}, {Heard::Press, 1}, {Heard::Repeat, 7}}));
-    EXPECT_EQ(filter.Accept("a", 12, {0, 0}), Heard::Repeat);
-    EXPECT_EQ(filter.Accept("a", 12.5, {0, 0}), Heard::Press) << "it was let go";
+TEST(RepeatFilterTest, AfterALongCommandTheRepeatingBeginsInsideTheBandOnly) {
+    for (const auto& [end, marks] : {std::pair(11.5, "R.R"), {12.0, "R.."}}) {
+        RepeatFilter filter;
+        Marks(filter, Bounds, {{"a", 10, 10.125}});
+        filter.Resume(end);
+        EXPECT_EQ(Marks(filter, Bounds, {{"a", end + 0.125, end + 0.375}}), marks);
+    }
 }
 
 } // namespace

@@ -125,7 +125,8 @@ TEST(VirtualKeysTest, QtKeysHaveTheirWindowsCodes) {
         {Qt::Key_Up, Qt::NoModifier, "38"},        {Qt::Key_Return, Qt::NoModifier, "13"},
         {Qt::Key_Enter, Qt::KeypadModifier, "13"}, {Qt::Key_P, Qt::ShiftModifier, "80"},
         {Qt::Key_F4, Qt::AltModifier, "%115"},     {Qt::Key_Plus, Qt::KeypadModifier, "107"},
-        {Qt::Key_7, Qt::NoModifier, "55"},         {Qt::Key_Hyper_L, Qt::NoModifier, ""}};
+        {Qt::Key_7, Qt::NoModifier, "55"},         {Qt::Key_Hyper_L, Qt::NoModifier, ""},
+        {Qt::Key_Alt, Qt::AltModifier, "18"}};
     for (const auto& [key, modifiers, text] : cases)
         EXPECT_EQ(VirtualKeyText(QKeyEvent(QEvent::KeyPress, key, modifiers)), text);
 }

@@ -30,9 +30,8 @@ struct LearningPagesTest : testing::Test, test::StartFixture {
         const auto* button = host.findChild<QWidget*>(name);
         test::Tap(host, button->mapTo(&host, button->rect().center()));
     }
-    bool Send(const std::string& code) {
-        clock.Advance(1000);
-        return remote.DoAction(InputCode(code, codes));
+    bool Send(const std::string& code, bool held = false) {
+        return remote.DoAction(InputCode(code, codes, held));
     }
     PictureCache pictures{skin};
     QWidget host;
@@ -66,6 +65,7 @@ TEST_F(LearningPagesTest, ACodeIsLearntByTouchAndByTheRemoteAlone) {
     remote.ReShow();
     Send("ok");
     EXPECT_EQ(remote.learning().ArmedAction(), Action::Vdown) << "where the finger was";
+    Send("ok", true);
     Send("0815");
     EXPECT_EQ(remote.learning().Codes()[Action::Vdown], "0815");
     for (const char* code : {"down", "down", "down", "down", "down", "ok"})

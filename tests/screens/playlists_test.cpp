@@ -92,23 +92,15 @@ class PlaylistsScreen : public testing::Test {
     std::unique_ptr<playlists> screen;
 };
 
-TEST_F(PlaylistsScreen, TouchesAndKeysChooseARowAndGoBack) {
+TEST_F(PlaylistsScreen, TouchesAndKeysReachTheirOperations) {
     test::Click(Part("UCListBox"), {100, List().RowHeight * 5 / 2});
     EXPECT_EQ(Title(), " b");
     Tap("Image11");
     EXPECT_EQ(Title(), "Browse By Directory ");
     EXPECT_EQ(List().iSelected, 2);
     EXPECT_TRUE(screen->Form_KeyDown("38"));
-    EXPECT_TRUE(screen->Form_KeyDown("13"));
+    EXPECT_TRUE(screen->DoAction(InputCode("13", keys)));
     EXPECT_EQ(Title(), " a");
-    EXPECT_TRUE(screen->Form_KeyDown("37"));
-    EXPECT_TRUE(screen->Form_KeyDown("39"));
-    EXPECT_EQ(Title(), "Recurse Folder: a");
-    EXPECT_TRUE(screen->Form_KeyDown("27"));
-    EXPECT_EQ(menu.Count("ReShow"), 1);
-}
-
-TEST_F(PlaylistsScreen, TheButtonsReachTheirOperations) {
     audio.PlayMode = PlayAudio;
     Tap("Image6");
     EXPECT_EQ(player.Count("DoPause"), 1);
@@ -138,16 +130,13 @@ TEST_F(PlaylistsScreen, TheRarerButtonsComeOutOfTheBottomBar) {
     Tap("Image7");
     Tap("Image17");
     EXPECT_EQ(gps.Count("ReShow"), 1);
-}
-
-TEST_F(PlaylistsScreen, WhatIsNotThereHasNoButton) {
     core.settings.values.dlink_enabled = false;
     core.settings.values.CDDriveLetter = "NONE";
     core.screens.Remove("frmGPS");
     screen->ReShow();
     Tap("Image7");
     for (const char* name : {"Image15", "Image16", "Image17"})
-        EXPECT_FALSE(Part(name).isVisible()) << name;
+        EXPECT_FALSE(Part(name).isVisible()) << name << " leads to what is not there";
 }
 
 TEST_F(PlaylistsScreen, TheWheelAndAReloadKeepTheList) {
@@ -171,7 +160,9 @@ TEST_F(PlaylistsScreen, AListIsBuiltByTouchInTwoListsSideBySide) {
     for (const QSize size : test::PanelSizes) {
         SCOPED_TRACE(size.width());
         state.ListMode = ListFromMenu;
+        keys[Action::vup] = "85"; // which is a letter, too
         Resize(size);
+        EXPECT_TRUE(screen->Repeats(InputCode(keys[Action::vup], keys)));
         QWidget& left = Part("UCListBox");
         QWidget& right = Part("UCListBox2");
         EXPECT_FALSE(right.isVisible());
@@ -191,6 +182,9 @@ TEST_F(PlaylistsScreen, AListIsBuiltByTouchInTwoListsSideBySide) {
             << "the list that the keys work is seen";
         Tap("imjSave");
         EXPECT_FALSE(left.isVisible() || right.isVisible()) << "the keyboard has their place";
+        for (const auto& [code, on] :
+             {std::pair<std::string, bool>{"85", false}, {"8", true}, {"38", true}, {"13", false}})
+            EXPECT_EQ(screen->Repeats(InputCode(code, keys)), on) << code;
         EXPECT_TRUE(screen->Form_KeyDown("27"));
         EXPECT_TRUE(left.isVisible() && right.isVisible());
         touchRow(right, 0);
