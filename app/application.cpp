@@ -28,6 +28,7 @@ Application::Application(const std::string& appDir)
     background_.hide(); // until the start reaches it: messages may come before
     dialogs_.SetSkin(&skin_);
     dialogs_.SetKeys(&keys_);
+    dialogs_.onClosed = [this] { newScreen_.Changed(); };
     QCoreApplication::instance()->installEventFilter(&touches_);
     host_.onKey = [this](const std::string& code, bool repeat) {
         return !ending_ && input_.Key(code, repeat);
@@ -52,16 +53,18 @@ InputRouter::Needs Application::RouterNeeds() {
             .dialogChanges = [this] { return dialogs_.Changes(); },
             .powerAction =
                 [this] {
+                    if (!menuScreen_) return; // the first run
                     const bool ends = settings_.values.ShutDownMode == 0;
                     const ScreenOperations* screen = screens_.Current();
                     if (ends && screen) screen->switchingform();
-                    if (menuScreen_) menuScreen_->menu().Exit();
+                    menuScreen_->menu().Exit();
                 }};
 }
 
 Application::~Application() {
     UnloadScreens();
     delete settingsScreen_;
+    dialogs_.onClosed = {}; // what goes after this may still have something to say
 }
 
 bool Application::Start() {
@@ -172,18 +175,20 @@ RemoteLearning::Needs Application::LearningNeeds() {
             .setInterval = [this](float seconds) { remote_.learnInterval = seconds; }};
 }
 
-// It may still be on the stack, so it goes from the event loop.
-void Application::UnloadSettingsScreen() {
-    if (!settingsScreen_) return;
+// False while a dialog is open: its event loop may have been entered from the screen or a page.
+bool Application::UnloadSettingsScreen() {
+    if (dialogs_.Active()) return false;
+    if (!settingsScreen_) return true;
     screens_.Remove("settings");
     settingsScreen_->Hide();
-    settingsScreen_->deleteLater();
+    settingsScreen_->deleteLater(); // it may be on the stack itself, as the first run ends
     settingsScreen_ = nullptr;
-    // No page is on the stack: the settings go only while neither they nor a page are in front.
+    // No page is on the stack: it would be in front, or have a dialog open.
     screens_.Remove("settingsKeyboard");
     screens_.Remove("settingsRemote");
     keyboardPage_.reset();
     remotePage_.reset();
+    return true;
 }
 
 void Application::UnloadScreens() {
@@ -264,7 +269,7 @@ MainMenu::Needs Application::MenuNeeds() {
                     LoadSettingsScreen();
                     screens_.Show("settings");
                 },
-            .unloadSettings = [this] { UnloadSettingsScreen(); },
+            .unloadSettings = [this] { return UnloadSettingsScreen(); },
             .loadGPS = [this] { start_.LoadGPS(); },
             .exitApplication = [this] { Quit(false); },
             .powerAction = [this] { PowerAction(); },

@@ -75,7 +75,7 @@ class Application {
     void LoadSettingsScreen();
     void LoadSettingsPages();
     RemoteLearning::Needs LearningNeeds();
-    void UnloadSettingsScreen();
+    bool UnloadSettingsScreen();
     void UnloadScreens();
     void PowerAction();
     /// The one object for the sound card, made by the first screen that needs it.

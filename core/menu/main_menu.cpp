@@ -230,13 +230,11 @@ void MainMenu::Timer1_Timer() {
 
 // The settings screen's own close routine has to return before the screen goes.
 void MainMenu::tmrSettingsReload_Timer() {
-    if (++settingsTicks_ < 2) return;
-    tmrSettingsReload_->Stop();
-    ResetSettingsForm();
+    if (++settingsTicks_ >= 2 && ResetSettingsForm()) tmrSettingsReload_->Stop();
 }
 
-void MainMenu::ResetSettingsForm() {
-    if (!n_.screens.CurrentForm.starts_with("settings")) n_.unloadSettings();
+bool MainMenu::ResetSettingsForm() {
+    return n_.screens.CurrentForm.starts_with("settings") || n_.unloadSettings();
 }
 
 } // namespace vk

@@ -46,7 +46,8 @@ class MainMenu {
         cWinamp& winamp;
         cVolume& volume;
         std::function<void()> openSettings; ///< makes and shows the settings screen
-        std::function<void()> unloadSettings;
+        /// Removes it again; false when that has to wait, because a dialog of it is still open.
+        std::function<bool()> unloadSettings;
         std::function<void()> loadGPS;
         std::function<void()> exitApplication; ///< unloads every screen
         /// Parts that may be missing.
@@ -85,8 +86,9 @@ class MainMenu {
     void PressedAt(int x, int y);
     /// Stops the clock for good; called when the screen goes.
     void Stop() { timer1_->Stop(); }
-    /// Removes the settings screen unless it, or a page of it, is in front.
-    void ResetSettingsForm();
+    /// Removes the settings screen unless it, or a page of it, is in front. False when that has to
+    /// wait.
+    bool ResetSettingsForm();
 
     const std::vector<MenuIconData>& Icons() const { return icons_; }
 

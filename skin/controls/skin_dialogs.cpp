@@ -9,8 +9,6 @@
 #include <QEventLoop>
 #include <QFile>
 
-#include <algorithm>
-#include <iterator>
 #include <utility>
 
 namespace vk {
@@ -25,15 +23,17 @@ struct Closer {
 
 // The key that works a dialog as `code` works a screen; Key_unknown for none.
 Qt::Key DialogKey(const InputCode& code) {
-    static constexpr std::pair<Action, Qt::Key> Keys[] = {
+    static constexpr struct {
+        Action action;
+        Qt::Key key;
+    } Keys[] = {
         {Action::ok, Qt::Key_Return},     {Action::quit, Qt::Key_Escape},
         {Action::up, Qt::Key_Up},         {Action::down, Qt::Key_Down},
         {Action::back, Qt::Key_Left},     {Action::forward, Qt::Key_Right},
         {Action::pageup, Qt::Key_PageUp}, {Action::pagedown, Qt::Key_PageDown},
     };
-    const auto* key =
-        std::ranges::find_if(Keys, [&](const auto& row) { return code.Mapped(row.first); });
-    return key == std::end(Keys) ? Qt::Key_unknown : key->second;
+    const auto* row = FindRow(Keys, code);
+    return row ? row->key : Qt::Key_unknown;
 }
 
 } // namespace
@@ -71,6 +71,7 @@ bool SkinDialogs::Run(const QPointer<DialogOverlay>& overlay) {
     }
     if (!open_.empty() && open_.back()) open_.back()->SetFront(true);
     if (focus) focus->setFocus();
+    if (open_.empty() && onClosed) onClosed();
     return overlay && overlay->Accepted();
 }
 

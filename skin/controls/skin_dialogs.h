@@ -10,6 +10,7 @@
 #include <QPointer>
 #include <QWidget>
 
+#include <functional>
 #include <vector>
 
 namespace vk {
@@ -49,6 +50,9 @@ class SkinDialogs : public Dialogs {
     /// Ends every open dialog with its cancelling answer, and any that is asked for later; for the
     /// end of the program.
     void CloseAll();
+
+    /// Called when the last open dialog has closed: what lies under it is in front again.
+    std::function<void()> onClosed;
 
   private:
     DialogLook Look() const;

@@ -1,6 +1,5 @@
 #include "tests/core/menu_fixture.h"
-
-#include <gtest/gtest.h>
+#include "tests/support/action_table.h"
 
 namespace vk {
 namespace {
@@ -99,7 +98,12 @@ TEST_F(MainMenuTest, AStoredSelectionBeyondTheIconsSelectsNothing) {
     EXPECT_EQ(menu.CurrentSelection, 1) << "the keys are not locked out";
 }
 
-TEST_F(MainMenuTest, FunctionsOfWhatIsNotConfigured) {
+TEST_F(MainMenuTest, TheBrowserOpensAtTheMediaFolderAndWhatIsNotConfiguredSaysSo) {
+    EXPECT_EQ(Start(2), "playlists.ReShow");
+    EXPECT_EQ(browser.CurrentPath, settings.values.MediaDir);
+    EXPECT_EQ(browser.ListMode, ListFromMenu);
+    settings.values.PlaylistDir = "none";
+    EXPECT_EQ(Start(2), "");
     const std::pair<int, const char*> cases[] = {
         {4, "You must first configure external app support."},
         {5, "You must first configure your radio."},
@@ -111,37 +115,24 @@ TEST_F(MainMenuTest, FunctionsOfWhatIsNotConfigured) {
     }
 }
 
-TEST_F(MainMenuTest, TheBrowserOpensAtTheMediaFolder) {
-    EXPECT_EQ(Start(2), "playlists.ReShow");
-    EXPECT_EQ(browser.CurrentPath, settings.values.MediaDir);
-    EXPECT_EQ(browser.ListMode, ListFromMenu);
-    settings.values.PlaylistDir = "none";
-    EXPECT_EQ(Start(2), "");
-}
-
-TEST_F(MainMenuTest, AudioResumesWhatWasSaved) {
-    app.Write("vk_audio.m3u", "/m/a.mp3\n");
-    settings.Write("audio_player", "currenttrack", "4");
-    settings.Write("audio_player", "CurrentPosition", "61");
-    settings.Write("audio_player", "volumeserial", "-1");
+TEST_F(MainMenuTest, AudioResumesWhatWasSavedOrOpensTheBrowser) {
+    const auto set = [this](const char* key, const char* value) {
+        settings.Write("audio_player", key, value);
+    };
+    set("currenttrack", "4");
+    set("CurrentPosition", "61");
+    set("volumeserial", "-1");
     settings.values.DoResume = true;
+    EXPECT_EQ(Start(1), "playlists.ReShow") << "no list";
+    app.Write("vk_audio.m3u", "");
+    EXPECT_EQ(Start(1), "playlists.ReShow") << "an empty list";
+    app.Write("vk_audio.m3u", "/cd/a.mp3\n");
     EXPECT_EQ(Start(1), "playmp3.ReShow");
     EXPECT_EQ(audio.PlayMode, PlayAudio);
     EXPECT_EQ(audio.TrackToSelect, 5);
     EXPECT_EQ(audio.ResumePosition, 61);
     EXPECT_TRUE(audio.bStartPlaying && audio.bResuming);
     EXPECT_EQ(audio.ListFile, app.File("vk_audio.m3u"));
-}
-
-TEST_F(MainMenuTest, AudioThatCannotBeResumedOpensTheBrowser) {
-    const auto set = [this](const char* key, const char* value) {
-        settings.Write("audio_player", key, value);
-    };
-    set("currenttrack", "4");
-    EXPECT_EQ(Start(1), "playlists.ReShow") << "no list";
-    app.Write("vk_audio.m3u", "");
-    EXPECT_EQ(Start(1), "playlists.ReShow") << "an empty list";
-    app.Write("vk_audio.m3u", "/cd/a.mp3\n");
     set("currenttrack", "0");
     EXPECT_EQ(Start(1), "playlists.ReShow") << "track 0";
     set("currenttrack", "4");
@@ -167,8 +158,12 @@ TEST_F(MainMenuTest, ComingBackSilencesThePlayerAndUnloadsTheSettings) {
     clock.Advance(1500);
     EXPECT_TRUE(state.WinampWatched);
     EXPECT_NE(screens.Find("settings"), nullptr);
+    settingsBusy = true;
     clock.Advance(1000);
-    EXPECT_EQ(screens.Find("settings"), nullptr) << "it goes at the second tick";
+    EXPECT_NE(screens.Find("settings"), nullptr) << "it goes at the second tick";
+    settingsBusy = false;
+    clock.Advance(1000);
+    EXPECT_EQ(screens.Find("settings"), nullptr) << "or later, when its dialog has closed";
 }
 
 TEST_F(MainMenuTest, QuittingWaitsForABusyCatalogueTwiceAndForTheMode) {
@@ -234,15 +229,40 @@ TEST_F(MainMenuTest, TheWaitForTheCatalogueEndsWithTheMenuAndStartsNothing) {
     EXPECT_FALSE(Told("playmp3.ReShow") || Told("playlists.ReShow"));
 }
 
-TEST_F(MainMenuTest, KeysOfTheMapAndHiddenZonesOfTheCleanMenu) {
-    keys[Action::SWMP] = "80";
-    EXPECT_TRUE(menu.Form_KeyDown("80"));
-    EXPECT_EQ(settingsOpened, 1);
+TEST_F(MainMenuTest, EveryActionReachesItsOperationAndNoOther) {
+    app.Write("skins/Torque.skn", "[IconNames]\nNames=a b c d e\n[a]\nfunction=6\nof_above=2\n"
+                                  "of_below=3\nof_left=4\nof_right=5\n[b]\n[c]\n[d]\n[e]\n");
+    skin.LoadSkin();
+    menu.LoadSelections();
+    const auto effect = [&] {
+        std::string text = std::exchange(view.clockBar, "");
+        if (menu.CurrentSelection != 1) text += "icon " + std::to_string(menu.CurrentSelection);
+        if (settingsOpened > 0) text += "settings";
+        if (exits > 0) text += "exit";
+        if (window.cursor) text += "pointer";
+        menu.CurrentSelection = 1;
+        settingsOpened = exits = 0;
+        window.cursor = false;
+        return text;
+    };
     settings.values.hidemouse = true;
-    EXPECT_TRUE(menu.Form_KeyDown("27"));
+    effect();
+    test::ExpectTable(menu, keys,
+                      {{Action::gps, "You have no GPS module configured"},
+                       {Action::ok, "You have no GPS module configured"},
+                       {Action::up, "icon 2"},
+                       {Action::down, "icon 3"},
+                       {Action::back, "icon 4"},
+                       {Action::forward, "icon 5"},
+                       {Action::SWMP, "settings"},
+                       {Action::quit, "pointer"},
+                       {Action::power, "exit"}},
+                      effect);
     EXPECT_FALSE(settings.values.hidemouse);
     EXPECT_EQ(settings.Read("main", "hidemouse"), "false");
-    EXPECT_FALSE(menu.Form_KeyDown(""));
+}
+
+TEST_F(MainMenuTest, TheCleanMenuHasHiddenZones) {
     menu.PressedAt(799, 0);
     settings.values.CleanMenu = true;
     menu.PressedAt(400, 240);
@@ -250,7 +270,7 @@ TEST_F(MainMenuTest, KeysOfTheMapAndHiddenZonesOfTheCleanMenu) {
     menu.PressedAt(799, 0);
     menu.PressedAt(0, 479);
     EXPECT_EQ(exits, 1);
-    EXPECT_EQ(settingsOpened, 2);
+    EXPECT_EQ(settingsOpened, 1);
 }
 
 } // namespace

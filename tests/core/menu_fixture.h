@@ -26,7 +26,11 @@ struct MenuFixture : StartFixture {
                 .winamp = winamp,
                 .volume = volume,
                 .openSettings = [this] { ++settingsOpened; },
-                .unloadSettings = [this] { screens.Remove("settings"); },
+                .unloadSettings =
+                    [this] {
+                        if (!settingsBusy) screens.Remove("settings");
+                        return !settingsBusy;
+                    },
                 .loadGPS = [] {},
                 .exitApplication = [this] { ++exits; },
                 .powerAction = {},
@@ -40,6 +44,7 @@ struct MenuFixture : StartFixture {
     FakeWaveInput input;
     cVolume volume{{mixer, input, dialogs, report}};
     int exits = 0, settingsOpened = 0;
+    bool settingsBusy = false; ///< a dialog of the settings is open
 };
 
 } // namespace vk::test
