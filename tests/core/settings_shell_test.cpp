@@ -94,7 +94,7 @@ TEST_F(SettingsShellTest, BadFoldersAreAskedAgainAndCancelEnds) {
     EXPECT_EQ(settings.values.MediaDir, media);
 }
 
-TEST_F(SettingsShellTest, LeavingLaterLoadsTheScreensAnew) {
+TEST_F(SettingsShellTest, LeavingLaterLoadsTheScreensAnewAndTheExitWaitsForTheCatalogue) {
     LaterRun();
     shell->ReShow();
     EXPECT_EQ(screens.CurrentForm, "settings");
@@ -106,6 +106,13 @@ TEST_F(SettingsShellTest, LeavingLaterLoadsTheScreensAnew) {
                         "loading.Init 0 13", "loading.Clear", "unload screens", "load velkorandum",
                         "load playlists", "load playmp3", "loading.Max", "velkorandum.ReShow"}));
     EXPECT_EQ(shell->DBStatusText(), "Disabled");
+    state.DBState = DBStateValue::Rebuilding;
+    shell->bExitApp_Click();
+    EXPECT_EQ(view.topInfo, "Please wait for the database to finish.");
+    EXPECT_EQ(exits, 0);
+    state.DBState = DBStateValue::OnLine;
+    shell->bExitApp_Click();
+    EXPECT_EQ(exits, 1);
 }
 
 TEST_F(SettingsShellTest, TheCatalogueButtonsAskBeforeTheyAct) {
@@ -136,17 +143,6 @@ TEST_F(SettingsShellTest, TheCatalogueButtonsAskBeforeTheyAct) {
     EXPECT_TRUE(dialogs.shown.back().ends_with("--- YOU WERE WARNED ---"));
     EXPECT_EQ(settings.Read("main", "manualdb"), "true");
     EXPECT_TRUE(settings.values.manualdb);
-}
-
-TEST_F(SettingsShellTest, TheExitButtonWaitsForABusyCatalogue) {
-    LaterRun();
-    state.DBState = DBStateValue::Rebuilding;
-    shell->bExitApp_Click();
-    EXPECT_EQ(view.topInfo, "Please wait for the database to finish.");
-    EXPECT_EQ(exits, 0);
-    state.DBState = DBStateValue::OnLine;
-    shell->bExitApp_Click();
-    EXPECT_EQ(exits, 1);
 }
 
 } // namespace

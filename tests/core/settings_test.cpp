@@ -54,12 +54,10 @@ TEST_F(SettingsTest, CorrectsSingleValues) {
     EXPECT_DOUBLE_EQ(s.minfreq, 87.7);
     EXPECT_DOUBLE_EQ(s.maxfreq, 107.9);
     EXPECT_DOUBLE_EQ(s.frequencyincr, 0.2);
-}
-
-TEST_F(SettingsTest, TheDaySkinIsReadFromItsOwnKeyOnly) {
     EXPECT_EQ(Load("[main]\nCurrentDTSkin=Other.skn\nCurrentSkin=Day.skn\n").CurrentSkin,
               "Day.skn");
-    EXPECT_EQ(Load("[main]\nCurrentDTSkin=Other.skn\n").CurrentSkin, "Torque.skn");
+    EXPECT_EQ(Load("[main]\nCurrentDTSkin=Other.skn\n").CurrentSkin, "Torque.skn")
+        << "the day skin is read from its own key only";
     EXPECT_EQ(settings.SkinPicture("Torque.skn", "a.gif"), app.Path() + "/skins/Torque/a.gif");
 }
 

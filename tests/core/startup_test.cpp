@@ -16,6 +16,11 @@ struct StartupTest : testing::Test, test::StartFixture {
         settings.Write("main", key, value);
         return Make()->Form_Load();
     }
+    void ExpectEnds(const std::string& message) {
+        dialogs.shown = {""};
+        EXPECT_EQ(Make()->Form_Load(), StartOutcome::Ended) << message;
+        EXPECT_EQ(dialogs.shown.at(dialogs.shown.size() > 1), message);
+    }
 };
 
 TEST_F(StartupTest, ANewDirectoryGetsItsFilesAndTheFirstRun) {
@@ -76,18 +81,14 @@ TEST_F(StartupTest, EachUnusableSettingHasItsWordsAndEndsTheStart) {
     EXPECT_EQ(settings.Read("main", "CurrentNTSkin"), "Torque.skn");
 }
 
-TEST_F(StartupTest, ASecondInstanceEnds) {
+TEST_F(StartupTest, ASecondInstanceAndAMissingSkinFolderEndBeforeAnyFileIsMade) {
     processes.running = true;
-    EXPECT_EQ(Make()->Form_Load(), StartOutcome::Ended);
-    EXPECT_THAT(dialogs.shown, Contains("Velkorandum is already running, or has not finished "
-                                        "closing out from a previous instance."));
-}
-
-TEST_F(StartupTest, AMissingSkinFolderEndsBeforeAnyFileIsMade) {
+    ExpectEnds("Velkorandum is already running, or has not finished closing out from a previous "
+               "instance.");
+    processes.running = false;
     std::filesystem::remove_all(app.File("skins"));
-    EXPECT_EQ(Make()->Form_Load(), StartOutcome::Ended);
-    EXPECT_EQ(dialogs.shown.at(0),
-              "Cannot find skin directory\n" + app.File("skins") + " does not exist");
+    ended = 0;
+    ExpectEnds("Cannot find skin directory\n" + app.File("skins") + " does not exist");
     EXPECT_FALSE(FileExists(settings.SettingsFile()));
     EXPECT_EQ(ended, 1);
 }
@@ -117,12 +118,10 @@ TEST_F(StartupTest, AnotherVersionIsTakenOverOnRequest) {
 TEST_F(StartupTest, AnUnregisteredServerIsRegisteredAndOneThatIsGoneReported) {
     SetUpApp();
     DeleteFileAt(app.File("registry.ini"));
-    EXPECT_EQ(Make()->Form_Load(), StartOutcome::Ended);
-    EXPECT_EQ(dialogs.shown.back(), "DB_UPDATE.exe registered!  Restart the application");
+    ExpectEnds("DB_UPDATE.exe registered!  Restart the application");
     EXPECT_EQ(player.ran.at(0), app.File("DB_UPDATE") + " ");
     player.canStart = false;
-    EXPECT_EQ(Make()->Form_Load(), StartOutcome::Ended);
-    EXPECT_EQ(dialogs.shown.back(), "An activeX EXE is not correctly registered.");
+    ExpectEnds("An activeX EXE is not correctly registered.");
     EXPECT_EQ(settings.Read("Temp", "PWR"), "") << "stopped at once";
     player.canStart = true;
     DeleteFileAt(app.File("DB_UPDATE"));

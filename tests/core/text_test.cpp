@@ -47,14 +47,11 @@ TEST(TimeOfDayTest, ReadsAndWritesTheFormsInUse) {
         EXPECT_EQ(SetTimeFormat(seconds), text);
 }
 
-TEST(TimeOfDayTest, DayAndNightByBothRules) {
+TEST(TimeOfDayTest, DayAndNight) {
     const int eight = 480, nine = 1260;
     EXPECT_TRUE(IsDay(eight, eight, nine));
-    EXPECT_FALSE(IsDayAtStart(eight, eight, nine)) << "equal to the minute is still night";
-    EXPECT_TRUE(IsDayAtStart(eight + 1, eight, nine));
     EXPECT_TRUE(IsDay(nine - 1, eight, nine));
     EXPECT_FALSE(IsDay(nine, eight, nine));
-    EXPECT_FALSE(IsDayAtStart(nine, eight, nine));
     for (int minute = 0; minute < 1440; minute += 7)
         EXPECT_FALSE(IsDay(minute, nine, eight)) << "night all day when the times are swapped";
 }

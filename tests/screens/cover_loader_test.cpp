@@ -1,9 +1,8 @@
 #include "playback/screen/cover_loader.h"
+#include "tests/support/events.h"
 #include "tests/support/temp_folder.h"
 
 #include <QBuffer>
-#include <QCoreApplication>
-#include <QElapsedTimer>
 
 #include <gtest/gtest.h>
 
@@ -38,26 +37,23 @@ struct CoverLoaderTest : testing::Test {
         });
     }
     void Load(const std::string& path) { Load(CoverRequest{path, {}, {}}); }
-    /// Runs events until so many results are in, or for a while.
-    void Wait(std::size_t count, int milliseconds = 20000) {
-        QElapsedTimer timer;
-        for (timer.start(); results.size() < count && !timer.hasExpired(milliseconds);)
-            QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+    /// The picture of the result of that number, once it is in, and the error that goes with it.
+    QImage Result(std::size_t number, bool failed = false) {
+        EXPECT_TRUE(Eventually([&] { return results.size() >= number; }));
+        EXPECT_EQ(results.size(), number);
+        EXPECT_EQ(results.back().first.error != "", failed) << number;
+        return results.back().second;
     }
 };
 
 TEST_F(CoverLoaderTest, DecodesIntoTheBoxAndTellsFromTheEventLoop) {
     Load(folder.Write("a.jpg", Encoded({600, 300}, Qt::red, "png"))); // whatever its name
     EXPECT_TRUE(results.empty());
-    Wait(1);
-    ASSERT_EQ(results.size(), 1u);
-    EXPECT_EQ(results[0].second.size(), QSize(100, 50));
-    EXPECT_EQ(results[0].second.pixelColor(50, 25), QColor(Qt::red));
-    EXPECT_EQ(results[0].first.error, "");
+    const QImage red = Result(1);
+    EXPECT_EQ(red.size(), QSize(100, 50));
+    EXPECT_EQ(red.pixelColor(50, 25), QColor(Qt::red));
     Load({{}, folder.File("none.mp3"), folder.File("t.tmp")});
-    Wait(2);
-    ASSERT_EQ(results.size(), 2u);
-    EXPECT_EQ(results[1].second.size(), QSize(100, 50)) << "the folder's picture";
+    EXPECT_EQ(Result(2).size(), QSize(100, 50)) << "the folder's picture";
 }
 
 TEST_F(CoverLoaderTest, OnlyTheNewestRequestIsAnswered) {
@@ -66,14 +62,11 @@ TEST_F(CoverLoaderTest, OnlyTheNewestRequestIsAnswered) {
     for (int i = 0; i < 5; ++i)
         Load(red);
     Load(blue);
-    Wait(1);
-    Wait(2, 200);
-    ASSERT_EQ(results.size(), 1u);
-    EXPECT_EQ(results[0].second.pixelColor(9, 9), QColor(Qt::blue));
+    EXPECT_EQ(Result(1).pixelColor(9, 9), QColor(Qt::blue));
     Load(red);
     loader.Cancel();
-    Wait(2, 200);
-    EXPECT_EQ(results.size(), 1u);
+    Load(blue);
+    EXPECT_EQ(Result(2).pixelColor(9, 9), QColor(Qt::blue)) << "nothing of what was cancelled";
 }
 
 TEST_F(CoverLoaderTest, RefusesWhatIsBrokenHostileOrHuge) {
@@ -96,14 +89,10 @@ TEST_F(CoverLoaderTest, RefusesWhatIsBrokenHostileOrHuge) {
     std::size_t count = 0;
     for (const std::string& bytes : bad) {
         Load(folder.Write("bad.jpg", bytes));
-        Wait(++count);
-        ASSERT_EQ(results.size(), count);
-        EXPECT_TRUE(results.back().second.isNull()) << count;
-        EXPECT_NE(results.back().first.error, "") << count;
+        EXPECT_TRUE(Result(++count, true).isNull()) << count;
     }
     Load(folder.Write("good.jpg", jpeg));
-    Wait(++count);
-    EXPECT_EQ(results.back().second.size(), QSize(80, 80));
+    EXPECT_EQ(Result(++count).size(), QSize(80, 80));
 }
 
 TEST_F(CoverLoaderTest, SurvivesADecoderThatFailsAndLeavesOneThatHangs) {
@@ -124,8 +113,7 @@ TEST_F(CoverLoaderTest, SurvivesADecoderThatFailsAndLeavesOneThatHangs) {
     failing.Load({picture, {}, {}}, {9, 9}, [this](const auto& outcome, const auto& image) {
         results.emplace_back(outcome, image);
     });
-    Wait(1);
-    ASSERT_EQ(results.size(), 1u);
+    Result(1, true);
     EXPECT_EQ(results[0].first.error, std::bad_alloc().what());
 }
 

@@ -30,8 +30,8 @@ struct SettingsScreenTest : testing::Test, test::StartFixture {
     int exits = 0;
 };
 
-TEST_F(SettingsScreenTest, TheFoldersAreChosenByKeysAlone) {
-    const std::string media = app.MakeFolder("other");
+TEST_F(SettingsScreenTest, TheFoldersAreChosenByKeysAloneAndByTouchAlone) {
+    const std::string media = app.MakeFolder("other"), more = app.MakeFolder("more");
     dialogs.folders = {media, media};
     EXPECT_TRUE(screen->Form_KeyDown("13"));
     EXPECT_EQ(settings.values.MediaDir, media);
@@ -42,23 +42,20 @@ TEST_F(SettingsScreenTest, TheFoldersAreChosenByKeysAlone) {
     EXPECT_EQ(settings.values.PlaylistDir, lists);
     EXPECT_TRUE(screen->Form_KeyDown("27"));
     EXPECT_EQ(screens.CurrentForm, "velkorandum");
+    screen->ReShow();
+    dialogs.folders = {more, more};
+    test::Tap(host, {400, 160});
+    EXPECT_EQ(settings.values.MediaDir, more);
+    test::Tap(host, {700, 370});
+    EXPECT_EQ(exits, 1);
+    test::Tap(host, {500, 370});
+    EXPECT_EQ(screens.CurrentForm, "velkorandum");
 }
 
 TEST_F(SettingsScreenTest, EveryActionReachesItsOperationAndNoOther) {
     for (int row = 0; row < 4; ++row)
         screen->MoveDown(); // to a switch
     test::ExpectPageTable(*screen, screens, keys, [this] { screen->runok(); });
-}
-
-TEST_F(SettingsScreenTest, AndByTouchAlone) {
-    const std::string media = app.MakeFolder("other");
-    dialogs.folders = {media, media};
-    test::Tap(host, {400, 160});
-    EXPECT_EQ(settings.values.MediaDir, media);
-    test::Tap(host, {700, 370});
-    EXPECT_EQ(exits, 1);
-    test::Tap(host, {500, 370});
-    EXPECT_EQ(screens.CurrentForm, "velkorandum");
 }
 
 TEST_F(SettingsScreenTest, EverythingLiesOnTheScreenAtEverySize) {

@@ -57,8 +57,17 @@ TEST_F(ListBoxTest, GeometryAndGroundComeFromTheSkinAndTheSpacing) {
     EXPECT_EQ(Drawn(list).pixelColor(301, 100), QColor(Qt::red));
 }
 
-TEST_F(ListBoxTest, OnlyTheSelectedRowOfAFocusedListIsRuled) {
+TEST_F(ListBoxTest, TheSelectedRowOfAFocusedListIsRuledFoldersAndThePlayingRowHaveTheirColours) {
     Fill(5);
+    list.AddItem("Albums", "", "PATH:/m");
+    list.LoadList();
+    EXPECT_GT(Count(RowImage(5), test::Folder), 20);
+    EXPECT_EQ(Count(RowImage(1), test::Folder), 0);
+    EXPECT_EQ(Count(Drawn(list), test::Playing), 0);
+    model.iHighlight = 1;
+    EXPECT_GT(Count(RowImage(1), test::Playing), 20);
+    list.ShowHighlight = false;
+    EXPECT_EQ(Count(Drawn(list), test::Playing), 0);
     list.SelectItem(2);
     EXPECT_GE(Count(RowImage(2), test::Marking), list.width());
     EXPECT_EQ(Count(RowImage(4), test::Marking), 0);
@@ -70,19 +79,6 @@ TEST_F(ListBoxTest, OnlyTheSelectedRowOfAFocusedListIsRuled) {
     list.ShowFocusBar = true;
     settings.values.ShowSelBar = false;
     EXPECT_EQ(Count(Drawn(list), test::Marking), 0);
-}
-
-TEST_F(ListBoxTest, FoldersAndThePlayingRowHaveTheirColours) {
-    Fill(3);
-    list.AddItem("Albums", "", "PATH:/m");
-    list.LoadList();
-    EXPECT_GT(Count(RowImage(3), test::Folder), 20);
-    EXPECT_EQ(Count(RowImage(1), test::Folder), 0);
-    EXPECT_EQ(Count(Drawn(list), test::Playing), 0);
-    model.iHighlight = 1;
-    EXPECT_GT(Count(RowImage(1), test::Playing), 20);
-    list.ShowHighlight = false;
-    EXPECT_EQ(Count(Drawn(list), test::Playing), 0);
 }
 
 TEST_F(ListBoxTest, LongTextsAreCutAndBothPartsStayVisible) {

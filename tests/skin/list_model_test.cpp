@@ -38,7 +38,7 @@ TEST_F(ListModelTest, GeometryFollowsTheSpacingDivisor) {
     EXPECT_EQ(list.HalfRows, 3);
 }
 
-TEST_F(ListModelTest, RowsReadBackOnceLoaded) {
+TEST_F(ListModelTest, RowsReadBackOnceLoadedAndAreFoundReplacedAndRemoved) {
     Fill(0);
     list.ClearAllArrays();
     list.AddItem(std::string("a\0b", 3), "t", "PATH:/x", "folder.gif", 7);
@@ -53,36 +53,47 @@ TEST_F(ListModelTest, RowsReadBackOnceLoaded) {
     EXPECT_TRUE(list.Loaded());
     list.ClearAllArrays();
     EXPECT_FALSE(list.Loaded());
+    Fill(5);
+    EXPECT_EQ(list.MatchItem("FILE:3"), 3);
+    EXPECT_EQ(list.MatchItem("file:3"), -1);
+    list.RplTitleListItem(1, "new title");
+    list.RplartistListItem(1, "new artist");
+    list.RplFilenameListItem(1, "PATH:x");
+    list.RplFilenameListItem(99, "nowhere");
+    EXPECT_EQ(list.GetTitleListusercontrol(1), "new title");
+    EXPECT_EQ(list.GetArtistListusercontrol(1), "new artist");
+    EXPECT_EQ(list.GetFileNameListusercontrol(1), "PATH:x");
+    list.RemoveItem(1);
+    list.RemoveItem(99);
+    EXPECT_EQ(list.ItemCount(), 4);
+    EXPECT_EQ(list.GetIndexFirstArray(1), "row 2");
 }
 
-TEST_F(ListModelTest, FirstRowAtLoading) {
-    struct Case {
-        int count, selected, first;
-    };
-    for (const Case& c : {Case{5, 3, 0}, Case{100, 0, 0}, Case{100, 5, 5}, Case{100, 50, 46},
-                          Case{100, 95, 91}, Case{100, 92, 92}, Case{8, 2, 10}}) {
-        Fill(c.count, c.selected);
-        EXPECT_EQ(list.iFirstVisible, c.first) << c.count << " rows, " << c.selected;
+// d and u move, D and U page.
+TEST_F(ListModelTest, TheCursorWalksToAThirdThenThePageSlidesAndStopsAtBothEnds) {
+    const struct {
+        int count;
+        const char* moves;
+        int first, selected; // -1: whatever it is
+    } cases[] = {{20, "dddd", 0, 4}, {20, "ddddd", 1, 5}, {20, "ddddduuu", 0, 2},
+                 {10, "u", -1, 9},   {10, "ud", -1, 0},   {20, "D", 8, 8},
+                 {20, "DD", 16, -1}, {20, "DDD", 16, -1}, {20, "DDDUUU", 0, 0}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.moves);
+        Fill(c.count);
+        for (const char* move = c.moves; *move; ++move) {
+            if (*move == 'd') list.MoveDown();
+            if (*move == 'u') list.MoveUp();
+            if (*move == 'D') list.PageDown();
+            if (*move == 'U') list.PageUp();
+        }
+        ExpectPage(c.first < 0 ? list.iFirstVisible : c.first,
+                   c.selected < 0 ? list.iSelected : c.selected);
+        EXPECT_TRUE(c.count == 10 || list.IsBottom() == (c.first == 16));
     }
-    EXPECT_EQ(list.TopRow(), 0) << "a list that fits is shown from its first row";
-}
-
-TEST_F(ListModelTest, TheCursorWalksToAThirdThenThePageSlides) {
-    Fill(20);
-    for (int i = 0; i < 4; ++i)
-        list.MoveDown();
-    ExpectPage(0, 4);
-    list.MoveDown();
-    ExpectPage(1, 5);
-    for (int i = 0; i < 3; ++i)
-        list.MoveUp();
-    ExpectPage(0, 2);
     Fill(10);
     list.MoveUp();
-    EXPECT_EQ(list.iSelected, 9) << "it wraps";
     EXPECT_EQ(list.iPrevSelected, 0);
-    list.MoveDown();
-    EXPECT_EQ(list.iSelected, 0);
 }
 
 TEST_F(ListModelTest, WhateverMovesThePageTheCursorIsShown) {
@@ -107,31 +118,24 @@ TEST_F(ListModelTest, WhateverMovesThePageTheCursorIsShown) {
     }
 }
 
-TEST_F(ListModelTest, PagesStopAtBothEnds) {
-    Fill(20);
-    list.PageDown();
-    ExpectPage(8, 8);
-    EXPECT_FALSE(list.IsBottom());
-    for (int i = 0; i < 2; ++i) {
-        list.PageDown();
-        EXPECT_EQ(list.iFirstVisible, 16);
-        EXPECT_TRUE(list.IsBottom());
+TEST_F(ListModelTest, FirstRowAfterLoadingAndSelecting) {
+    const struct {
+        int count, selected, first;
+    } loads[] = {{5, 3, 0},     {100, 0, 0},   {100, 5, 5}, {100, 50, 46},
+                 {100, 95, 91}, {100, 92, 92}, {8, 2, 10}};
+    for (const auto& c : loads) {
+        Fill(c.count, c.selected);
+        EXPECT_EQ(list.iFirstVisible, c.first) << c.count << " rows, " << c.selected;
     }
-    for (int i = 0; i < 3; ++i)
-        list.PageUp();
-    ExpectPage(0, 0);
-}
-
-TEST_F(ListModelTest, SelectingOutsideThePage) {
-    struct Case {
+    EXPECT_EQ(list.TopRow(), 0) << "a list that fits is shown from its first row";
+    const struct {
         int index;
         bool jump, keep;
         int first;
-    };
-    for (const Case& c :
-         {Case{40, true, false, 32}, Case{5, true, false, 0}, Case{40, false, false, 32},
-          Case{99, false, false, 93}, Case{95, false, false, 86}, Case{0, false, true, 0},
-          Case{100, false, false, 92}}) {
+    } selections[] = {{40, true, false, 32},  {5, true, false, 0},    {40, false, false, 32},
+                      {99, false, false, 93}, {95, false, false, 86}, {0, false, true, 0},
+                      {100, false, false, 92}};
+    for (const auto& c : selections) {
         Fill(100);
         list.SelectItem(c.index, c.jump, c.keep);
         ExpectPage(c.first, std::min(c.index, 99));
@@ -167,23 +171,6 @@ TEST_F(ListModelTest, OneCommonArtistIsLeftOut) {
         list.LoadList();
         EXPECT_EQ(list.ShownFirst(c.row), c.shown);
     }
-}
-
-TEST_F(ListModelTest, MatchReplaceRemove) {
-    Fill(5);
-    EXPECT_EQ(list.MatchItem("FILE:3"), 3);
-    EXPECT_EQ(list.MatchItem("file:3"), -1);
-    list.RplTitleListItem(1, "new title");
-    list.RplartistListItem(1, "new artist");
-    list.RplFilenameListItem(1, "PATH:x");
-    list.RplFilenameListItem(99, "nowhere");
-    EXPECT_EQ(list.GetTitleListusercontrol(1), "new title");
-    EXPECT_EQ(list.GetArtistListusercontrol(1), "new artist");
-    EXPECT_EQ(list.GetFileNameListusercontrol(1), "PATH:x");
-    list.RemoveItem(1);
-    list.RemoveItem(99);
-    EXPECT_EQ(list.ItemCount(), 4);
-    EXPECT_EQ(list.GetIndexFirstArray(1), "row 2");
 }
 
 } // namespace

@@ -39,11 +39,6 @@ std::vector<std::string> Words(const std::string& text) {
     return {std::istream_iterator<std::string>(stream), {}};
 }
 
-/// The contrast to black, 1 to 21: how much a colour dazzles.
-double Brightness(const QColor& colour) {
-    return Contrast(colour, Qt::black);
-}
-
 class ShippedSkin : public testing::TestWithParam<const char*> {
   protected:
     std::string Text(const std::string& section, const std::string& key) {
@@ -72,19 +67,12 @@ class ShippedSkin : public testing::TestWithParam<const char*> {
         return {Number(icon, "iconleft"), Number(icon, "icontop"), Number(icon, "iconwidth"),
                 Number(icon, "iconheight")};
     }
-    /// The icons, counted from 1, that the named moves reach from the first.
-    std::set<int> Reached(const std::vector<std::string>& moves) {
-        const auto icons = Icons();
-        std::set<int> reached;
-        std::vector<int> open = {1};
-        while (!open.empty()) {
-            const int icon = open.back();
-            open.pop_back();
-            if (icon < 1 || !reached.insert(icon).second) continue;
-            for (const auto& move : moves)
-                open.push_back(static_cast<int>(Number(icons.at(std::size_t(icon) - 1), move)));
-        }
-        return reached;
+    /// How many icons the named move leads through, from the first until one comes again.
+    std::size_t Reached(const char* move) {
+        std::set<double> reached;
+        for (double icon = 1; reached.insert(icon).second;)
+            icon = Number(Icons().at(static_cast<std::size_t>(icon) - 1), move);
+        return reached.size();
     }
     static std::string SkinsFile(const std::string& tail) {
         return std::string(VK_RENDERED_SKINS) + "/" + GetParam() + tail;
@@ -120,34 +108,26 @@ TEST_P(ShippedSkin, IconsHaveTheSevenFunctionsAndTheChosenOneStandsOut) {
     EXPECT_EQ(Number("NumberofIcons", "count"), double(Icons().size()));
 }
 
-TEST_P(ShippedSkin, ArrowsReachEveryIconAndAMoveCanBeTakenBack) {
+TEST_P(ShippedSkin, IconsAreLargeApartAboveTheClockBarAndReachedByArrows) {
     const auto icons = Icons();
-    const std::vector<std::string> moves = {"of_above", "of_below", "of_right", "of_left"};
-    for (std::size_t i = 0; i < icons.size(); ++i)
-        for (const auto& move : moves) {
+    for (std::size_t i = 0; i < icons.size(); ++i) {
+        SCOPED_TRACE(icons[i]);
+        for (const char* move : {"of_above", "of_below", "of_right", "of_left"}) {
             const double neighbour = Number(icons[i], move);
-            EXPECT_TRUE(neighbour >= 1 && neighbour <= double(icons.size()) &&
-                        neighbour != double(i + 1))
-                << icons[i] << " " << move;
+            ASSERT_TRUE(neighbour >= 1 && neighbour <= double(icons.size())) << move;
+            EXPECT_NE(neighbour, double(i + 1)) << move;
         }
-    for (std::size_t i = 0; i < icons.size(); ++i) {
         const auto below = static_cast<std::size_t>(Number(icons[i], "of_below"));
-        EXPECT_EQ(Number(icons.at(below - 1), "of_above"), double(i + 1)) << icons[i];
-    }
-    for (const auto& some : {moves, {"of_below"}, {"of_above"}}) // a wheel knows one direction
-        EXPECT_EQ(Reached(some).size(), icons.size());
-}
-
-TEST_P(ShippedSkin, IconsAreLargeApartAndAboveTheClockBar) {
-    const auto icons = Icons();
-    for (std::size_t i = 0; i < icons.size(); ++i) {
+        EXPECT_EQ(Number(icons.at(below - 1), "of_above"), double(i + 1)) << "taken back";
         const QRectF place = Place(icons[i]);
-        EXPECT_TRUE(QRectF(0, 0, 1, 0.95).contains(place)) << icons[i];
-        EXPECT_GE(place.width() * 800, 105) << icons[i];
-        EXPECT_GE(place.height() * 480, 105) << icons[i];
+        EXPECT_TRUE(QRectF(0, 0, 1, 0.95).contains(place));
+        EXPECT_GE(place.width() * 800, 105);
+        EXPECT_GE(place.height() * 480, 105);
         for (std::size_t k = 0; k < i; ++k)
-            EXPECT_FALSE(place.intersects(Place(icons[k]))) << icons[i] << " " << icons[k];
+            EXPECT_FALSE(place.intersects(Place(icons[k]))) << icons[k];
     }
+    for (const char* move : {"of_below", "of_above"}) // a wheel knows one direction
+        EXPECT_EQ(Reached(move), icons.size());
 }
 
 TEST_P(ShippedSkin, TextIsReadableOnItsGround) {
@@ -182,7 +162,7 @@ TEST_P(NightSkin, NothingDazzles) {
                              "OSKSelBoxClr", "OSKSearchTextClr"});
     for (const auto& key : keys) {
         EXPECT_NE(Number("Colors", key), 0) << key << " would turn white";
-        EXPECT_LT(Brightness(Colour(key)), 17) << key;
+        EXPECT_LT(Contrast(Colour(key), Qt::black), 17) << key;
     }
     const QDir folder(QString::fromStdString(SkinsFile("")));
     const QStringList names = folder.entryList(QDir::Files);
@@ -193,7 +173,7 @@ TEST_P(NightSkin, NothingDazzles) {
         for (int y = 0; y < picture.height(); y += 4)
             for (int x = 0; x < picture.width(); x += 4)
                 if (qAlpha(picture.pixel(x, y)) == 255)
-                    brightest = std::max(brightest, Brightness(picture.pixelColor(x, y)));
+                    brightest = std::max(brightest, Contrast(picture.pixelColor(x, y), Qt::black));
         EXPECT_LT(brightest, 13.4) << name.toStdString();
     }
 }
