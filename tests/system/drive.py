@@ -65,10 +65,11 @@ class SystemTest(Driven):
         wait_for("sound again", lambda: self.master() == (52, 1))
         self.card.unlink()
         wait_for("the loss", lambda: "There is no sound card now" in self.log())
-        self.card.write_bytes(struct.pack("4i", 50, 1, 50, 1))
+        self.card.write_bytes(struct.pack("4i", 90, 1, 50, 1))  # with a level of its own
         wait_for("the return", lambda: "The sound card is there now" in self.log())
+        wait_for("the level of before", lambda: self.master() == (52, 1))
         self.keys("u")
-        wait_for("a step up", lambda: self.master() == (52, 1))
+        wait_for("a step up", lambda: self.master() == (54, 1))
 
     def test_without_a_sound_card_a_message_waits_and_the_music_does_not(self):
         self.card.unlink()
