@@ -17,17 +17,19 @@ constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::size_t LargestFile = 1 << 20;
 constexpr std::size_t ShortestLine = 4;
 
-// The lines as they stand, ended by CR LF, LF or CR.
+// The lines as they stand, ended by CR LF, LF or CR. Where files were joined, or the first line
+// goes, a byte order mark may begin any of them.
 std::vector<std::string_view> Lines(std::string_view text) {
     std::vector<std::string_view> lines;
-    if (text.starts_with(ByteOrderMark)) text.remove_prefix(ByteOrderMark.size());
-    while (!text.empty()) {
+    for (;;) {
+        while (text.starts_with(ByteOrderMark))
+            text.remove_prefix(ByteOrderMark.size());
+        if (text.empty()) return lines;
         const auto end = std::min(text.find_first_of(LineEnd), text.size());
         lines.push_back(text.substr(0, end));
         text.remove_prefix(end);
         text.remove_prefix(text.starts_with(LineEnd) ? LineEnd.size() : text.empty() ? 0 : 1);
     }
-    return lines;
 }
 
 bool IsPreset(std::string_view line, const std::string& frequency) {

@@ -30,8 +30,9 @@ TEST(Presets, AChangeMeetsTheLinesOfThatFrequencyAlone) {
         {"96.5\r\n\r\nsome note\r\n1:96.5", "96.5", "96.5\r\n\r\nsome note\r\n1:96.5\r\n",
          "96.5\r\n\r\nsome note\r\n1:96.5\r\n"},
         {"\xEF\xBB\xBF"
-         "96.5:A\r95.1:B\xE9\n",
-         "96.5", "96.5:new\r\n95.1:B\xE9\r\n", "95.1:B\xE9\r\n"},
+         "96.5:A\r\xEF\xBB\xBF"
+         "95.1:B\xE9\n",
+         "95.1", "96.5:A\r\n95.1:new\r\n", "96.5:A\r\n"},
         {"", "96.5", "", ""},
     };
     for (const auto& [text, frequency, saved, deleted] : cases) {
