@@ -17,25 +17,30 @@ constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::size_t LargestFile = 1 << 20;
 constexpr std::size_t ShortestLine = 4;
 
-// The lines as they stand, ended by CR LF, LF or CR. Where files were joined, or the first line
-// goes, a byte order mark may begin any of them.
+// The lines as they stand, ended by CR LF, LF or CR.
 std::vector<std::string_view> Lines(std::string_view text) {
     std::vector<std::string_view> lines;
-    for (;;) {
-        while (text.starts_with(ByteOrderMark))
-            text.remove_prefix(ByteOrderMark.size());
-        if (text.empty()) return lines;
+    while (!text.empty()) {
         const auto end = std::min(text.find_first_of(LineEnd), text.size());
         lines.push_back(text.substr(0, end));
         text.remove_prefix(end);
         text.remove_prefix(text.starts_with(LineEnd) ? LineEnd.size() : text.empty() ? 0 : 1);
     }
+    return lines;
+}
+
+// Where files were joined, a byte order mark may begin any line.
+std::string Bare(std::string_view line) {
+    std::string text = Trim(line);
+    while (text.starts_with(ByteOrderMark))
+        text = Trim(text.substr(ByteOrderMark.size()));
+    return text;
 }
 
 bool IsPreset(std::string_view line, const std::string& frequency) {
-    const auto colon = line.find(':');
-    return colon != std::string_view::npos &&
-           ToUtf8(Trim(line.substr(0, colon))) == Trim(frequency);
+    const std::string bare = Bare(line);
+    const auto colon = bare.find(':');
+    return colon != std::string::npos && ToUtf8(Trim(bare.substr(0, colon))) == Trim(frequency);
 }
 
 // Every line of the frequency becomes `line`, which is empty or ends in a line end.
@@ -70,11 +75,10 @@ void Change(const std::string& path, const std::function<std::string(const std::
 std::vector<Preset> ParsePresets(std::string_view text) {
     std::vector<Preset> presets;
     for (const std::string_view line : Lines(text)) {
-        const std::string trimmed = Trim(line);
-        const auto colon = trimmed.find(':');
-        if (colon == std::string::npos || trimmed.size() < ShortestLine) continue;
-        presets.push_back(
-            {ToUtf8(Trim(trimmed.substr(0, colon))), ToUtf8(trimmed.substr(colon + 1))});
+        const std::string bare = Bare(line);
+        const auto colon = bare.find(':');
+        if (colon == std::string::npos || bare.size() < ShortestLine) continue;
+        presets.push_back({ToUtf8(Trim(bare.substr(0, colon))), ToUtf8(bare.substr(colon + 1))});
     }
     return presets;
 }

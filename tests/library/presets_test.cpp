@@ -32,7 +32,11 @@ TEST(Presets, AChangeMeetsTheLinesOfThatFrequencyAlone) {
         {"\xEF\xBB\xBF"
          "96.5:A\r\xEF\xBB\xBF"
          "95.1:B\xE9\n",
-         "95.1", "96.5:A\r\n95.1:new\r\n", "96.5:A\r\n"},
+         "95.1",
+         "\xEF\xBB\xBF"
+         "96.5:A\r\n95.1:new\r\n",
+         "\xEF\xBB\xBF"
+         "96.5:A\r\n"},
         {"", "96.5", "", ""},
     };
     for (const auto& [text, frequency, saved, deleted] : cases) {
