@@ -113,7 +113,7 @@ by_touch() {
     tap 37 25; shot touch-browser
     row 3; shot touch-artist
     row 2; shot touch-album
-    row 3; sleep 3; tap 50 57; sleep 1; shot touch-player
+    row 3; sleep 3; tap 50 63; sleep 1; shot touch-player
     tap 50 92; sleep 1; shot touch-playing
     tap 5 92; sleep 1; shot touch-menu
     stop -TERM
