@@ -1,9 +1,9 @@
 #include "app/application.h"
 
 #include "input/remote/uuirt_calls.h"
-#include "platform/any/qt_serial_port.h"
-#include "platform/linux/qt/qt_local_stream.h"
-#include "tuners/xm/channel_file.h"
+#include "library/channels/channel_file.h"
+#include "platform/qt/qt_local_stream.h"
+#include "platform/qt/qt_serial_port.h"
 
 #include <QCoreApplication>
 #include <QTimer>
@@ -72,7 +72,7 @@ bool Application::Start() {
     // What is drawn before the window is on the screen is lost, and the loading screen does not
     // wait.
     for (int i = 0; i < ExposeSteps && !host_.Exposed(); ++i) {
-        clock_.DoEvents();
+        clock_.DoEvents(0);
         clock_.Sleep(ExposeStepMs);
     }
     return start_.Form_Load() != StartOutcome::Ended && !ending_;
@@ -231,6 +231,7 @@ astart::Needs Application::StartNeeds() {
             .skin = skin_,
             .keys = keys_,
             .remoteKeys = remoteKeys_,
+            .extensions = extensions_,
             .loader = loader_,
             .metrics = QtScreenMetrics,
             .environment =
@@ -296,6 +297,7 @@ BrowserNeeds Application::BrowserScreenNeeds() {
             .locale = locale_,
             .report = report_,
             .tags = tags_,
+            .extensions = extensions_,
             .keys = keys_,
             .catalogue = &db_,
             .StopAudio = [this] { start_.Winamp()->WinAMP_SCM(WinampStop); },
@@ -340,7 +342,13 @@ SettingsShell::Needs Application::ShellNeeds() {
             .skin = skin_,
             .keys = keys_,
             .remoteKeys = remoteKeys_,
-            .start = start_,
+            .extensions = extensions_,
+            .finishStart = [this] { start_.FinishExecution(); },
+            .reloadScreens = [this] { start_.ReloadScreens(); },
+            .askPlayer =
+                [this] {
+                    if (cWinamp* winamp = start_.Winamp()) winamp->WinAMP_GetStatus();
+                },
             .catalogue = updates_,
             .exitApplication = [this] { Quit(false); }};
 }

@@ -3,32 +3,32 @@
 
 #include "app/host_window.h"
 #include "app/touch_filter.h"
+#include "browser/screen/playlists.h"
 #include "core/app_state.h"
 #include "core/file_registry.h"
-#include "core/menu/daylight.h"
-#include "core/screen/velkorandum.h"
 #include "core/screens.h"
 #include "core/settings.h"
-#include "core/startup/astart.h"
+#include "home/daylight.h"
+#include "home/screen/velkorandum.h"
 #include "input/input_router.h"
 #include "input/key_map.h"
 #include "input/new_screen.h"
 #include "input/remote/remote.h"
 #include "library/browser_state.h"
 #include "library/catalogue/updates.h"
+#include "library/channels/channel_table.h"
 #include "library/media_tags.h"
-#include "library/screen/playlists.h"
-#include "library/tag_reader.h"
-#include "platform/any/qt_beeper.h"
-#include "platform/any/qt_clock.h"
-#include "platform/any/qt_fonts.h"
-#include "platform/any/qt_locale.h"
-#include "platform/any/qt_ui_thread.h"
-#include "platform/any/qt_window_layer.h"
+#include "library/tags/tag_reader.h"
 #include "platform/linux/processes.h"
 #include "platform/linux/sound/alsa_input.h"
 #include "platform/linux/sound/alsa_mixer.h"
 #include "platform/linux/volumes.h"
+#include "platform/qt/qt_beeper.h"
+#include "platform/qt/qt_clock.h"
+#include "platform/qt/qt_fonts.h"
+#include "platform/qt/qt_locale.h"
+#include "platform/qt/qt_ui_thread.h"
+#include "platform/qt/qt_window_layer.h"
 #include "playback/audio_state.h"
 #include "playback/c_volume.h"
 #include "playback/screen/playmp3.h"
@@ -38,8 +38,8 @@
 #include "settings/screen/settings_screen.h"
 #include "skin/controls/black_background.h"
 #include "skin/controls/picture_cache.h"
-#include "skin/controls/skin_dialogs.h"
-#include "tuners/xm/channel_table.h"
+#include "skin/dialogs/skin_dialogs.h"
+#include "startup/astart.h"
 
 #include <functional>
 #include <memory>
@@ -111,6 +111,7 @@ class Application {
     TouchFilter touches_{newScreen_};
     SkinStore skin_;
     KeyMap keys_;
+    MediaExtensions extensions_;
     RemoteMap remoteKeys_;
     Remote remote_{RemoteNeeds()};
     InputRouter input_{RouterNeeds()};
@@ -119,9 +120,9 @@ class Application {
     VideoState video_;
     ChannelTable channels_;
     ID3 tagReader_{TagPorts{log_, dialogs_}, state_.DecimalSymbol};
-    modDB db_{{state_, settings_, report_, tagReader_}};
+    modDB db_{{state_, extensions_, settings_, report_, tagReader_}};
     CatalogueUpdates updates_{UpdateNeeds()};
-    MediaTags tags_{state_, tagReader_, &db_};
+    MediaTags tags_{extensions_, tagReader_, &db_};
     Daylight daylight_{{state_, settings_, clock_, screens_, skin_, {}}};
 
     std::unique_ptr<cVolume> volume_;

@@ -1,6 +1,6 @@
 #include "app/host_window.h"
 
-#include "platform/any/virtual_keys.h"
+#include "platform/qt/virtual_keys.h"
 
 #include <QCloseEvent>
 #include <QGuiApplication>

@@ -1,9 +1,9 @@
 // The catalogue server on 20,000 tagged files (an album of 12 a folder) with a warm cache, and the
 // screens' queries and the browser's lists on 200,000 rows. The tree lies in the folder for
 // temporary files.
+#include "browser/browser.h"
 #include "dbupdate/scan/scan.h"
 #include "dbupdate/scan/walk.h"
-#include "library/browser/browser.h"
 #include "library/catalogue/file_row.h"
 #include "library/catalogue/mod_db.h"
 #include "library/catalogue/schema.h"
@@ -76,7 +76,7 @@ Tree& SharedTree() {
 
 void BareWalk(benchmark::State& state) {
     Tree& tree = SharedTree();
-    AppState types;
+    MediaExtensions types;
     types.AudioExtensionList = {"MP3"};
     const std::atomic<bool> stop = false;
     for (auto _ : state)
@@ -146,7 +146,7 @@ struct Large : CoreFixture {
         settings.values.MediaDir = media.Path();
         settings.values.TopNewCount = 50;
         settings.values.manualdb = true;
-        state.AudioExtensionList = {"MP3"};
+        extensions.AudioExtensionList = {"MP3"};
         catalogue.InitDB(false);
     }
 
@@ -175,8 +175,9 @@ struct Large : CoreFixture {
     }
 
     TempFolder media;
+    MediaExtensions extensions;
     ID3 reader{{log, dialogs}, state.DecimalSymbol};
-    modDB catalogue{{state, settings, report, reader}};
+    modDB catalogue{{state, extensions, settings, report, reader}};
 };
 
 Large& LargeCatalogue() {
@@ -267,7 +268,7 @@ struct LargeBrowser {
     BrowserState state{.CurrentPath = large.media.Path()};
     AudioState audio;
     VideoState video;
-    MediaTags tags{large.state, large.reader, &large.catalogue};
+    MediaTags tags{large.extensions, large.reader, &large.catalogue};
     KeyMap keys;
     NoView view;
     ListModel list, rightList;
@@ -283,6 +284,7 @@ struct LargeBrowser {
                      .locale = large.locale,
                      .report = large.report,
                      .tags = tags,
+                     .extensions = large.extensions,
                      .keys = keys,
                      .catalogue = &large.catalogue},
                     {list, rightList, keyboard},

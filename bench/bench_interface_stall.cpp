@@ -36,7 +36,7 @@ struct Watched : CoreFixture {
         MakeEmptyCatalogue(app.File(EmptyCatalogueName));
         settings.values.MediaDir = media.Path();
         settings.values.AudioExtensions = "MP3";
-        state.AudioExtensionList = {"MP3"};
+        extensions.AudioExtensionList = {"MP3"};
         state.Setup = true;
         screens.CurrentForm = "velkorandum";
     }
@@ -61,8 +61,9 @@ struct Watched : CoreFixture {
     }
 
     TempFolder media;
+    MediaExtensions extensions;
     ID3 reader{{log, dialogs}, state.DecimalSymbol};
-    modDB db{{state, settings, report, reader}};
+    modDB db{{state, extensions, settings, report, reader}};
     CatalogueUpdates updates{{state, settings, screens, report, db,
                               [this](const ScanRequest& request) { server.Scan(request); },
                               [this] { server.Stop(); }}};

@@ -2,9 +2,9 @@
 // through the real port, event loop and clock. The silence that ends a code is part of it.
 #include "core/error_report.h"
 #include "input/remote/remote.h"
-#include "platform/any/qt_clock.h"
-#include "platform/any/qt_serial_port.h"
-#include "platform/any/qt_ui_thread.h"
+#include "platform/qt/qt_clock.h"
+#include "platform/qt/qt_serial_port.h"
+#include "platform/qt/qt_ui_thread.h"
 #include "tests/sim/pty_receiver.h"
 #include "tests/support/fakes.h"
 #include "tests/support/temp_folder.h"

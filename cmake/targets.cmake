@@ -1,5 +1,6 @@
 # vk_library(<name> [QT] [SOURCES dir…] [LINK targets…]): a static library of all .cpp and .h files of
 # the current folder (or of the named folders).
+# vk_qt_library(<name> [SOURCES dir…] [LINK targets…]): the same on Qt's widgets; nothing in a build without Qt.
 # vk_test(<folder> [LINK targets…]): the test program test_<folder> of tests/<folder>/*.cpp.
 
 if(NOT VK_PORTABLE_ONLY)
@@ -34,6 +35,12 @@ function(vk_library name)
     target_link_libraries(${name} PUBLIC Qt6::Widgets)
     set_target_properties(${name} PROPERTIES AUTOMOC ON)
     target_precompile_headers(${name} REUSE_FROM vk_pch)
+  endif()
+endfunction()
+
+function(vk_qt_library name)
+  if(NOT VK_PORTABLE_ONLY)
+    vk_library(${name} QT ${ARGN})
   endif()
 endfunction()
 

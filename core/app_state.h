@@ -33,8 +33,6 @@ struct AppState {
     std::vector<std::string> CDDrives; ///< roots of all optical drives
     bool CDDriveFound = false;
     bool CDReady = false; ///< the configured drive held a disc when the browser last looked
-    std::vector<std::string> AudioExtensionList;
-    std::vector<std::string> VideoExtensionList;
     std::int32_t FirstRadioType = 0; ///< 0 FM, 1 XM first
     bool WinampWatched = false;      ///< the watchdog restarts the player only while this is set
     DBStateValue DBState = DBStateValue::Disabled;

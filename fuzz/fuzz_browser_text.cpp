@@ -1,9 +1,9 @@
 // What the browser takes from files and settings: list lines, descriptors and the stored history.
+#include "browser/browse_history.h"
 #include "core/text.h"
-#include "library/browser/browse_history.h"
+#include "core/utf16.h"
 #include "library/descriptor.h"
-#include "library/list_file.h"
-#include "library/utf16.h"
+#include "library/lists/list_file.h"
 
 #include <cstdint>
 #include <cstdlib>

@@ -1,8 +1,8 @@
 // Feeds any bytes to what is read of the tuners' files: the channels of the last run, lists of
 // channels and radio presets. What is read is written and read again: it must stay the same.
-#include "library/channel_list.h"
-#include "library/presets.h"
-#include "tuners/xm/channel_file.h"
+#include "library/channels/channel_file.h"
+#include "library/lists/channel_list.h"
+#include "library/lists/presets.h"
 
 #include <cstdint>
 #include <cstdlib>

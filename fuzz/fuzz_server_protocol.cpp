@@ -2,7 +2,7 @@
 // to the texts that reach the catalogue: queries, values and patterns.
 #include "library/catalogue/collation.h"
 #include "library/catalogue/protocol.h"
-#include "library/catalogue/sql_text.h"
+#include "library/queries/sql_text.h"
 
 #include <cstdlib>
 

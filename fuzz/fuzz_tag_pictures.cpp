@@ -1,6 +1,6 @@
 // Feeds any bytes to what takes a picture out of an audio file, and what comes out to the decoder;
 // then the bytes themselves as a picture.
-#include "library/embedded_picture.h"
+#include "library/tags/embedded_picture.h"
 #include "skin/controls/picture_loader.h"
 
 #include <QCoreApplication>

@@ -1,11 +1,11 @@
 // Feeds any bytes to every reader of tags: as a tag of each version, as an Ogg file and as a file
 // name.
-#include "library/file_name_tag.h"
-#include "library/id3v1.h"
-#include "library/id3v2.h"
-#include "library/media_type.h"
-#include "library/tag_text.h"
-#include "library/vorbis_comment.h"
+#include "library/tags/file_name_tag.h"
+#include "library/tags/id3v1.h"
+#include "library/tags/id3v2.h"
+#include "library/tags/media_type.h"
+#include "library/tags/tag_text.h"
+#include "library/tags/vorbis_comment.h"
 
 #include <cstdlib>
 #include <exception>

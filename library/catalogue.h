@@ -2,7 +2,7 @@
 #pragma once
 
 #include "core/app_state.h"
-#include "library/tag_record.h"
+#include "library/tags/tag_record.h"
 
 #include <functional>
 #include <optional>

@@ -46,8 +46,9 @@ class Clock {
     virtual std::int64_t TickMs() const = 0;
     /// Waits without running events: only where a screen is meant to stand still.
     virtual void Sleep(int milliseconds) = 0;
-    /// Runs the events that are pending now (timers that are due included).
-    virtual void DoEvents() = 0;
+    /// Runs the events that are pending now (timers that are due included); when there are none,
+    /// those that come first within `waitMs` milliseconds. Called by the pump alone.
+    virtual void DoEvents(int waitMs) = 0;
     /// A stopped timer that calls `onTick` while it is enabled.
     virtual std::unique_ptr<Timer> MakeTimer(std::function<void()> onTick) = 0;
 };

@@ -44,8 +44,7 @@ void SettingsShell::FirstRun() {
         view_.ShowShell();
         n_.dialogs.ShowMessage(Welcome);
         n_.settings.LoadSettings();
-        n_.state.AudioExtensionList = Split(n_.settings.values.AudioExtensions, ':');
-        n_.state.VideoExtensionList = Split(n_.settings.values.VideoExtensions, ':');
+        n_.extensions.Load(n_.settings.values.AudioExtensions, n_.settings.values.VideoExtensions);
         if (!folders_.ChooseMediaDir()) return n_.exitApplication();
         view_.ShowTexts();
         n_.dialogs.ShowMessage(
@@ -94,7 +93,7 @@ void SettingsShell::DoneButton_Click() {
         n_.keys = ReadKeyMap(n_.settings.ini(), n_.settings.File("kb.ini"));
         ReadRemoteKeys();
         n_.skin.LoadSkin();
-        if (cWinamp* winamp = n_.start.Winamp()) winamp->WinAMP_GetStatus();
+        n_.askPlayer();
         n_.window.ForceForegroundWindow();
         const bool first = FirstRunDue;
         if (first)
@@ -103,10 +102,7 @@ void SettingsShell::DoneButton_Click() {
         FirstRunDue = false;
         if (n_.settings.values.hidemouse) n_.window.ShowCursor(false);
         n_.loading.ReBlit();
-        if (first)
-            n_.start.FinishExecution();
-        else
-            n_.start.ReloadScreens();
+        first ? n_.finishStart() : n_.reloadScreens();
     });
 }
 

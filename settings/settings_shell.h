@@ -5,8 +5,6 @@
 #include "core/error_report.h"
 #include "core/screens.h"
 #include "core/settings.h"
-#include "core/startup/astart.h"
-#include "core/startup/loading_screen.h"
 #include "input/key_map.h"
 #include "input/remote_map.h"
 #include "library/catalogue/updates.h"
@@ -15,6 +13,7 @@
 #include "platform/locale_info.h"
 #include "platform/window_layer.h"
 #include "settings/media_folders.h"
+#include "skin/loading_screen.h"
 #include "skin/skin.h"
 
 #include <functional>
@@ -51,7 +50,10 @@ class SettingsShell {
         SkinStore& skin;
         KeyMap& keys;
         RemoteMap& remoteKeys;
-        astart& start;
+        MediaExtensions& extensions;
+        std::function<void()> finishStart;   ///< the rest of the start, after a first run
+        std::function<void()> reloadScreens; ///< after any other visit
+        std::function<void()> askPlayer;     ///< whether the player process still answers
         CatalogueUpdates& catalogue;
         std::function<void()> exitApplication; ///< ends the process, nothing more is asked
     };

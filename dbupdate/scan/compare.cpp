@@ -1,7 +1,7 @@
 #include "dbupdate/scan/compare.h"
 
 #include "library/catalogue/date_stamp.h"
-#include "library/catalogue/sql_text.h"
+#include "library/queries/sql_text.h"
 #include "platform/paths.h"
 
 #include <algorithm>

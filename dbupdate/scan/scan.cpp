@@ -21,8 +21,7 @@ constexpr std::int64_t FilesAProgress = 512;
 class Scan {
   public:
     Scan(const ScanRequest& request, const ScanNeeds& needs) : request_(request), needs_(needs) {
-        types_.AudioExtensionList = Split(request.audioExtensions, ':');
-        types_.VideoExtensionList = Split(request.videoExtensions, ':');
+        types_.Load(request.audioExtensions, request.videoExtensions);
     }
 
     void Run() {
@@ -156,7 +155,7 @@ class Scan {
 
     const ScanRequest& request_;
     const ScanNeeds& needs_;
-    AppState types_;
+    MediaExtensions types_;
     std::unique_ptr<Database> catalogue_; ///< null while there is none, or none to be trusted
     std::int64_t rows_ = 0;
     bool succeeded_ = false;

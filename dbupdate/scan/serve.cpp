@@ -1,8 +1,8 @@
 #include "dbupdate/scan/serve.h"
 
 #include "dbupdate/scan/scan.h"
-#include "platform/any/qt_clock.h"
 #include "platform/background.h"
+#include "platform/qt/qt_clock.h"
 #include "platform/standard_streams.h"
 
 #include <array>

@@ -2,8 +2,8 @@
 
 #include "core/error_report.h"
 #include "library/catalogue/collation.h"
-#include "library/catalogue/sql_text.h"
-#include "library/media_type.h"
+#include "library/queries/sql_text.h"
+#include "library/tags/media_type.h"
 #include "platform/folder_reader.h"
 #include "platform/paths.h"
 
@@ -26,7 +26,7 @@ bool IsGone(std::error_code error) {
 
 class Walk {
   public:
-    Walk(const std::string& root, const AppState& types, const std::atomic<bool>& stop,
+    Walk(const std::string& root, const MediaExtensions& types, const std::atomic<bool>& stop,
          const std::function<void(std::int64_t)>& tell)
         : path_(root), types_(types), stop_(stop), tell_(tell), root_(root) {}
 
@@ -188,7 +188,7 @@ class Walk {
     }
 
     const std::string path_;
-    const AppState& types_;
+    const MediaExtensions& types_;
     const std::atomic<bool>& stop_;
     const std::function<void(std::int64_t)>& tell_;
     FolderReader root_; ///< stays open: what is mounted over it meanwhile is not walked
@@ -219,8 +219,8 @@ bool FoundFiles::IsPath(const FoundFile& file, std::string_view path) const {
            path.ends_with(std::string_view(names).substr(file.name, file.nameLength));
 }
 
-FoundFiles WalkMedia(const std::string& root, const AppState& types, const std::atomic<bool>& stop,
-                     const std::function<void(std::int64_t)>& tell) {
+FoundFiles WalkMedia(const std::string& root, const MediaExtensions& types,
+                     const std::atomic<bool>& stop, const std::function<void(std::int64_t)>& tell) {
     return Walk(root, types, stop, tell).Run();
 }
 

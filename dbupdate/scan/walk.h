@@ -1,7 +1,7 @@
 // The files of the media folder.
 #pragma once
 
-#include "core/app_state.h"
+#include "library/tags/media_type.h"
 
 #include <atomic>
 #include <cstdint>
@@ -49,7 +49,8 @@ struct FoundFiles {
 /// and preset lists. `tell` (optional) hears after each folder how many files there are so far.
 /// Throws an `Error` when the folder is missing or cannot be read, or is another one at the end
 /// than at the beginning.
-FoundFiles WalkMedia(const std::string& root, const AppState& types, const std::atomic<bool>& stop,
+FoundFiles WalkMedia(const std::string& root, const MediaExtensions& types,
+                     const std::atomic<bool>& stop,
                      const std::function<void(std::int64_t)>& tell = {});
 
 } // namespace vk

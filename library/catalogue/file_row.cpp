@@ -1,9 +1,9 @@
 #include "library/catalogue/file_row.h"
 
 #include "library/catalogue/schema.h"
-#include "library/catalogue/sql_text.h"
-#include "library/file_name_tag.h"
-#include "library/media_type.h"
+#include "library/queries/sql_text.h"
+#include "library/tags/file_name_tag.h"
+#include "library/tags/media_type.h"
 #include "platform/paths.h"
 
 namespace vk {

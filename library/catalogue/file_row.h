@@ -2,7 +2,7 @@
 #pragma once
 
 #include "library/catalogue/sqlite.h"
-#include "library/tag_reader.h"
+#include "library/tags/tag_reader.h"
 
 #include <cstdint>
 #include <map>

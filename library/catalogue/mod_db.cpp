@@ -3,9 +3,9 @@
 #include "library/catalogue/date_stamp.h"
 #include "library/catalogue/file_row.h"
 #include "library/catalogue/schema.h"
-#include "library/catalogue/sql_text.h"
-#include "library/file_name_tag.h"
-#include "library/media_type.h"
+#include "library/queries/sql_text.h"
+#include "library/tags/file_name_tag.h"
+#include "library/tags/media_type.h"
 #include "platform/files.h"
 #include "platform/paths.h"
 
@@ -181,7 +181,7 @@ CatalogueFile modDB::ReadFile(const Statement& record) const {
                        Unescape(column("Title"))};
     if (file.artist.empty() && file.title.empty()) {
         // A file without tags is shown by its name.
-        const TagRecord tag = GetFileNameTag(file.path, GetMediaType(needs_.app, file.path));
+        const TagRecord tag = GetFileNameTag(file.path, GetMediaType(needs_.extensions, file.path));
         file.artist = tag.Artist;
         file.title = tag.Title;
     }
@@ -238,7 +238,7 @@ std::optional<TagRecord> modDB::FindTag(const std::string& path) {
 void modDB::UpdateFileRow(const std::string& path) {
     // The server would lock a writer out while it copies the file, and its own is coming.
     if (ServerWorks()) return due_.push_back(path);
-    const int type = GetMediaType(needs_.app, path);
+    const int type = GetMediaType(needs_.extensions, path);
     if (type == MediaUnknown || !database_) return;
     TrapAndLog(needs_.report, "An error occured in modDB.UpdateFileRow ",
                [&] { Guarded([&] { WriteRow(path, type); }); });

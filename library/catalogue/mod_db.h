@@ -6,7 +6,8 @@
 #include "core/settings.h"
 #include "library/catalogue.h"
 #include "library/catalogue/sqlite.h"
-#include "library/tag_reader.h"
+#include "library/tags/media_type.h"
+#include "library/tags/tag_reader.h"
 
 #include <memory>
 #include <string>
@@ -19,6 +20,7 @@ class modDB : public Catalogue {
     /// All of it outlives the catalogue.
     struct Needs {
         AppState& app;
+        const MediaExtensions& extensions;
         SettingsStore& settings;
         ErrorReport& report;
         ID3& reader;

@@ -18,7 +18,7 @@ std::string ErrorIn(const char* operation) {
 
 AudioPlayer::AudioPlayer(Needs needs, ListModel& list, PlayerView& view)
     : n_(std::move(needs)), list_(list), view_(view),
-      rows_({list_, n_.settings, n_.tagOf, [this] { n_.clock.DoEvents(); }}),
+      rows_({list_, n_.settings, n_.tagOf, [this] { n_.clock.DoEvents(0); }}),
       cover_({n_.audio, n_.app, n_.settings.AppDir(), n_.log, view_, n_.xmLogo}),
       clockLine_(n_.clock, n_.locale, view_),
       files_({n_.audio, n_.app, n_.winamp, n_.settings, n_.clock, n_.log, view_, rows_, cover_,

@@ -1,7 +1,7 @@
 #include "playback/audio/cover_files.h"
 
 #include "core/text.h"
-#include "library/embedded_picture.h"
+#include "library/tags/embedded_picture.h"
 #include "platform/files.h"
 #include "platform/paths.h"
 

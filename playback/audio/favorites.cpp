@@ -2,7 +2,7 @@
 
 #include "core/error_report.h"
 #include "core/text.h"
-#include "library/list_file.h"
+#include "library/lists/list_file.h"
 #include "platform/files.h"
 #include "platform/paths.h"
 

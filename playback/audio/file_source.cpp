@@ -1,7 +1,7 @@
 #include "playback/audio/file_source.h"
 
 #include "core/text.h"
-#include "library/list_file.h"
+#include "library/lists/list_file.h"
 #include "platform/files.h"
 #include "platform/paths.h"
 #include "playback/audio/busy_guard.h"
@@ -64,7 +64,7 @@ void FileSource::ReadList() {
     needs.log = [this](const std::string& text) { n_.log.WriteDebugLog(text); };
     needs.progress = [this](int percent) {
         n_.view.ShowLoading("Loading " + std::to_string(percent) + "%");
-        n_.clock.DoEvents();
+        n_.clock.DoEvents(0);
     };
     TrackList list = ReadTrackList(n_.audio.ListFile, n_.audio.TrackToSelect, needs);
     HandOver(list);
@@ -138,7 +138,7 @@ void FileSource::NotStarted(const std::string& notice) {
 bool FileSource::WaitForPlay() {
     const std::string list = n_.audio.ListFile;
     for (int count = 1;; ++count) {
-        n_.clock.DoEvents();
+        n_.clock.DoEvents(0);
         n_.clock.Sleep(PollMs);
         if (n_.audio.PlayMode != PlayAudio || n_.audio.ListFile != list) return false;
         if (Playing()) return true;

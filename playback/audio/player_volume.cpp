@@ -172,7 +172,7 @@ void PlayerVolume::WaitAStep() {
     std::int32_t rest = std::clamp(n_.settings.values.mutespeed, 1, LongestStepMs);
     for (; rest > 0 && !Left(); rest -= SliceMs) {
         n_.clock.Sleep(std::min(rest, SliceMs));
-        n_.clock.DoEvents();
+        n_.clock.DoEvents(0);
     }
 }
 

@@ -1,7 +1,7 @@
 #include "playback/audio/track_list.h"
 
 #include "core/text.h"
-#include "library/list_file.h"
+#include "library/lists/list_file.h"
 #include "platform/files.h"
 #include "platform/paths.h"
 

@@ -1,8 +1,8 @@
 #include "playback/audio/track_rows.h"
 
 #include "core/text.h"
-#include "library/file_name_tag.h"
-#include "library/media_type.h"
+#include "library/tags/file_name_tag.h"
+#include "library/tags/media_type.h"
 #include "platform/paths.h"
 
 #include <algorithm>

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "core/settings.h"
-#include "library/tag_record.h"
+#include "library/tags/tag_record.h"
 #include "playback/audio/track_list.h"
 #include "skin/list_model.h"
 

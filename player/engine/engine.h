@@ -3,9 +3,9 @@
 
 #include "platform/linux/player_socket.h"
 #include "player/engine/output.h"
+#include "player/engine/play_order.h"
 #include "player/engine/player_settings.h"
 #include "player/engine/track_clock.h"
-#include "player/engine/play_order.h"
 
 #include <cstdint>
 #include <functional>

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "core/screens.h"
-#include "core/startup/loading_screen.h"
+#include "skin/loading_screen.h"
 #include "skin/skin.h"
 
 #include <QWidget>

@@ -35,8 +35,8 @@ QColor Legible(const QColor& wanted, const QColor& ground, double contrast = 4.5
 /// Black or white, whichever is read better on `ground`.
 QColor ReadableOn(const QColor& ground);
 
-/// The ground of a screen whose background picture is missing: the clock bar's where the list's texts
-/// can be read on it, else black or white.
+/// The ground of a screen whose background picture is missing: the clock bar's where the list's
+/// texts can be read on it, else black or white.
 QColor GroundWithoutPicture(const SkinData& skin);
 
 } // namespace vk

@@ -161,7 +161,7 @@ void UCListBox::TouchRow(int row) {
     const QPointer<UCListBox> alive(this);
     inTouch_ = true;
     Move([&] { model_.SelectVisible(row); });
-    context_.clock.DoEvents();
+    context_.clock.DoEvents(0);
     if (!alive) return;
     inTouch_ = false;
     if (!isVisible()) return;

@@ -1,6 +1,6 @@
 // Buttons from a socket such as lircd's.
 #include "input/remote/lirc_receiver.h"
-#include "platform/linux/qt/qt_local_stream.h"
+#include "platform/qt/qt_local_stream.h"
 #include "tests/input/remote_fixture.h"
 #include "tests/support/events.h"
 

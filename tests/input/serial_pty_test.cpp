@@ -1,5 +1,5 @@
 // The real serial port on a pseudo-terminal with a simulated receiver; time alone is not real.
-#include "platform/any/qt_serial_port.h"
+#include "platform/qt/qt_serial_port.h"
 #include "tests/input/remote_fixture.h"
 #include "tests/sim/pty_receiver.h"
 #include "tests/support/events.h"

@@ -1,6 +1,6 @@
 // The USB-UIRT against a driver library that fails as told.
 #include "input/remote/uuirt_receiver.h"
-#include "platform/any/qt_ui_thread.h"
+#include "platform/qt/qt_ui_thread.h"
 #include "tests/input/remote_fixture.h"
 #include "tests/sim/uuirtdrv/uuirt_sim.h"
 #include "tests/support/events.h"

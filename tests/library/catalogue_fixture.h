@@ -16,8 +16,8 @@ namespace vk::test {
 
 struct CatalogueFixture : testing::Test, CoreFixture {
     CatalogueFixture() {
-        state.AudioExtensionList = {"MP3"};
-        state.VideoExtensionList = {"AVI"};
+        extensions.AudioExtensionList = {"MP3"};
+        extensions.VideoExtensionList = {"AVI"};
         settings.values.MediaDir = media.Path();
         MakeEmptyCatalogue(app.File(EmptyCatalogueName));
     }
@@ -52,8 +52,9 @@ struct CatalogueFixture : testing::Test, CoreFixture {
     }
 
     TempFolder media;
+    MediaExtensions extensions;
     ID3 reader{{log, dialogs}, state.DecimalSymbol};
-    modDB db{{state, settings, report, reader}};
+    modDB db{{state, extensions, settings, report, reader}};
 };
 
 } // namespace vk::test

@@ -86,7 +86,7 @@ TEST_F(CatalogueTest, ReadsBackWhatItWasGiven) {
     ASSERT_TRUE(tag);
     EXPECT_EQ(tag->Genre, "Pop");
     DeleteFileAt(path);
-    const MediaTags tags(state, reader, &db);
+    const MediaTags tags(extensions, reader, &db);
     EXPECT_EQ(tags.GetDBTag(path).Title, "It's 100% 'it'");
     EXPECT_EQ(tags.GetDBTag(media.File("B - T.mp3")).Artist, "B") << "no row: by its name";
 }

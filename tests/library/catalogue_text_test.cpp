@@ -1,5 +1,5 @@
 #include "library/catalogue/collation.h"
-#include "library/catalogue/sql_text.h"
+#include "library/queries/sql_text.h"
 
 #include <gmock/gmock.h>
 

@@ -1,4 +1,4 @@
-#include "library/embedded_picture.h"
+#include "library/tags/embedded_picture.h"
 #include "tests/library/tag_bytes.h"
 #include "tests/support/temp_folder.h"
 

@@ -1,5 +1,5 @@
-#include "library/file_name_tag.h"
-#include "library/id3v1.h"
+#include "library/tags/file_name_tag.h"
+#include "library/tags/id3v1.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 #include "core/error_report.h"
-#include "library/list_file.h"
+#include "library/lists/list_file.h"
 #include "library/sort.h"
 #include "tests/support/temp_folder.h"
 

@@ -1,4 +1,4 @@
-#include "library/media_type.h"
+#include "library/tags/media_type.h"
 
 #include <gtest/gtest.h>
 
@@ -6,7 +6,7 @@ namespace vk {
 namespace {
 
 TEST(MediaType, IsToldByTheExtensionInAnyCaseAndTheFirstListThatHasIt) {
-    AppState app;
+    MediaExtensions app;
     app.AudioExtensionList = {"MP3", "OGG", "CDA", ""};
     app.VideoExtensionList = {"AVI", "MPG", "OGG"};
     const std::pair<std::string, int> cases[] = {

@@ -1,7 +1,7 @@
 // presets.lst: which lines count, and what a change leaves of the others.
 #include "core/error_report.h"
-#include "library/channel_list.h"
-#include "library/presets.h"
+#include "library/lists/channel_list.h"
+#include "library/lists/presets.h"
 #include "tests/support/temp_folder.h"
 
 #include <gmock/gmock.h>

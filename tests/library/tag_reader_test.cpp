@@ -1,5 +1,5 @@
-#include "library/id3v1.h"
-#include "library/tag_reader.h"
+#include "library/tags/id3v1.h"
+#include "library/tags/tag_reader.h"
 #include "tests/library/tag_bytes.h"
 #include "tests/support/core_fixture.h"
 

@@ -1,9 +1,9 @@
 #include "core/file_registry.h"
 #include "library/catalogue_server.h"
-#include "platform/any/virtual_keys.h"
 #include "platform/files.h"
 #include "platform/linux/processes.h"
 #include "platform/linux/volumes.h"
+#include "platform/qt/virtual_keys.h"
 #include "tests/support/temp_folder.h"
 
 #include <QProcess>

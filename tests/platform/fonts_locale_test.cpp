@@ -1,5 +1,5 @@
-#include "platform/any/qt_fonts.h"
-#include "platform/any/qt_locale.h"
+#include "platform/qt/qt_fonts.h"
+#include "platform/qt/qt_locale.h"
 
 #include <gmock/gmock.h>
 

@@ -1,6 +1,6 @@
 #include "settings/screen/keyboard_page.h"
 #include "settings/screen/remote_page.h"
-#include "tests/core/start_fixture.h"
+#include "tests/startup/start_fixture.h"
 #include "tests/support/page_table.h"
 #include "tests/support/widgets.h"
 

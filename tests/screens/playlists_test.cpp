@@ -1,5 +1,5 @@
 // The browser's screen: that touches and keys reach the operations, and that all of it fits.
-#include "library/screen/playlists.h"
+#include "browser/screen/playlists.h"
 #include "skin/controls/looks.h"
 #include "tests/support/core_fixture.h"
 #include "tests/support/recording_screen.h"
@@ -23,8 +23,8 @@ constexpr const char* SkinText =
 class PlaylistsScreen : public testing::Test {
   protected:
     PlaylistsScreen() {
-        core.state.AudioExtensionList = {"MP3"};
-        core.state.VideoExtensionList = {"AVI"};
+        extensions.AudioExtensionList = {"MP3"};
+        extensions.VideoExtensionList = {"AVI"};
         core.settings.values.MediaDir = state.CurrentPath = media.Path();
         core.settings.values.CDDriveLetter = "/cd";
         core.settings.values.dlink_enabled = true;
@@ -47,9 +47,9 @@ class PlaylistsScreen : public testing::Test {
         core.state.ScreenWidth = size.width();
         core.state.ScreenHeight = size.height();
         host.resize(size);
-        BrowserNeeds needs{core.settings, core.state,   state,      audio,
-                           video,         core.screens, core.clock, core.volumes,
-                           core.locale,   core.report,  tags,       keys};
+        BrowserNeeds needs{core.settings, core.state, state,        audio,       video,
+                           core.screens,  core.clock, core.volumes, core.locale, core.report,
+                           tags,          extensions, keys};
         needs.HasTuner = [](std::int32_t) { return true; };
         screen = std::make_unique<playlists>(
             playlists::Needs{{core.state, core.settings.values, skin, pictures, core.clock}, needs},
@@ -84,7 +84,8 @@ class PlaylistsScreen : public testing::Test {
     test::RecordingPlayerScreen player;
     test::RecordingScreen menu, gps;
     ID3 reader{{core.log, core.dialogs}, core.state.DecimalSymbol};
-    MediaTags tags{core.state, reader};
+    MediaExtensions extensions;
+    MediaTags tags{extensions, reader};
     SkinStore skin{
         {core.state, core.settings, core.fonts, core.dialogs, core.report, [] { return 800; }}};
     PictureCache pictures{skin};

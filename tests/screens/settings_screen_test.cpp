@@ -1,5 +1,5 @@
 #include "settings/screen/settings_screen.h"
-#include "tests/core/start_fixture.h"
+#include "tests/startup/start_fixture.h"
 #include "tests/support/page_table.h"
 #include "tests/support/widgets.h"
 
@@ -15,9 +15,10 @@ struct SettingsScreenTest : testing::Test, test::StartFixture {
         host.resize(800, 480);
         screen = std::make_unique<vk::settings>(
             ControlContext{state, settings.values, skin, pictures, clock},
-            SettingsShell::Needs{state, settings, report, dialogs, clock, locale, screens, window,
-                                 loading, skin, keys, remoteKeys, *start, updates,
-                                 [this] { ++exits; }},
+            SettingsShell::Needs{
+                state, settings, report, dialogs, clock, locale, screens, window, loading, skin,
+                keys, remoteKeys, extensions, [this] { start->FinishExecution(); },
+                [this] { start->ReloadScreens(); }, [] {}, updates, [this] { ++exits; }},
             &host);
         screens.Add("settings", *screen);
         host.show();

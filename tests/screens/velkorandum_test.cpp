@@ -1,5 +1,5 @@
-#include "core/screen/velkorandum.h"
-#include "tests/core/menu_fixture.h"
+#include "home/screen/velkorandum.h"
+#include "tests/home/menu_fixture.h"
 #include "tests/support/widgets.h"
 
 #include <QImage>

@@ -1,6 +1,6 @@
-#include "skin/controls/folder_rows.h"
-#include "skin/controls/message_overlay.h"
-#include "skin/controls/skin_dialogs.h"
+#include "skin/dialogs/folder_rows.h"
+#include "skin/dialogs/message_overlay.h"
+#include "skin/dialogs/skin_dialogs.h"
 #include "tests/skin/controls_fixture.h"
 
 #include <QKeyEvent>

@@ -2,9 +2,12 @@
 #pragma once
 
 #include "core/app_state.h"
+#include "core/base.h"
+#include "core/commands.h"
 #include "core/debug_log.h"
 #include "core/error_report.h"
 #include "core/ini_file.h"
+#include "core/pump.h"
 #include "core/screens.h"
 #include "core/settings.h"
 #include "tests/support/fake_clock.h"
@@ -28,6 +31,10 @@ struct CoreFixture {
     Ini ini{state.DecimalSymbol, report};
     SettingsStore settings{app.Path(), ini};
     Screens screens;
+    Pump pump{clock};
+    Commands commands{pump, screens, clock};
+    Base base{state,    settings, log,     report, clock,  pump,
+              commands, screens,  dialogs, window, locale, volumes};
 
     bool Logged(const std::string& text) const {
         return app.Read("debug.log").find(text) != std::string::npos;

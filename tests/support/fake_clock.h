@@ -33,10 +33,11 @@ class FakeClock : public Clock {
         slept += milliseconds;
         if (onSleep) onSleep();
     }
-    void DoEvents() override {
+    void DoEvents(int waitMs) override {
         ++eventRuns;
         FireDue(elapsed_);
         if (onEvents) onEvents();
+        Advance(waitMs);
     }
     std::unique_ptr<Timer> MakeTimer(std::function<void()> onTick) override {
         auto timer = std::make_unique<FakeTimer>(*this, std::move(onTick));

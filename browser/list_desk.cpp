@@ -1,0 +1,98 @@
+#include "browser/list_desk.h"
+
+#include "browser/list_modes.h"
+#include "platform/paths.h"
+
+namespace vk {
+
+namespace {
+
+constexpr std::int64_t PulseMs = 5;
+constexpr std::int64_t CountMs = 1000;
+
+// In groups of three digits.
+std::string Grouped(std::size_t number) {
+    std::string text = std::to_string(number);
+    for (std::size_t at = text.size(); at > 3;)
+        text.insert(at -= 3, ",");
+    return text;
+}
+
+} // namespace
+
+void ListDesk::Start() {
+    ++started_;
+    needs.app.ListBusy = true;
+    ParentName.clear();
+    PlaylistView = XMView = false;
+    list.HideDupes = false;
+    list.numberedList = needs.settings.values.numberedList;
+    rows.Clear();
+}
+
+void ListDesk::Finish() {
+    list.LoadList();
+    view.ReDrawList();
+    view.HideLoading();
+}
+
+void ListDesk::ShowBusy(const std::string& label) {
+    busy_ = label;
+    lastCount_ = needs.clock.TickMs();
+    view.ShowLoading(label);
+}
+
+bool ListDesk::Pulse(std::size_t done) {
+    const std::int64_t now = needs.clock.TickMs();
+    if (done > 0 && now - lastCount_ >= CountMs) {
+        lastCount_ = now;
+        view.ShowLoading(busy_ + "  " + Grouped(done));
+    }
+    if (now - lastPulse_ >= PulseMs) {
+        lastPulse_ = now;
+        needs.clock.DoEvents(0);
+        needs.app.ListBusy = true; // whatever ran may have finished a list of its own
+    }
+    if (needs.screens.CurrentForm.Text().empty()) Abort();
+    return !aborted_;
+}
+
+bool ListDesk::Try(const std::string& name, const std::function<void()>& build) {
+    try {
+        build();
+        return !aborted_;
+    } catch (const std::exception& error) {
+        needs.report.Log("An error occured in playlists." + name + " " + error.what());
+        Say("The list could not be read.");
+        return false;
+    }
+}
+
+void ListDesk::SetTitle(const std::string& title) {
+    title_ = title;
+    view.SetTitle(title);
+}
+
+bool ListDesk::Showable(const std::string& path) const {
+    return IsShowable(needs.extensions, needs.state.ListMode, path);
+}
+
+void ListDesk::AddEmptyNotice(const std::string& text, const std::string& picture) {
+    if (!aborted_) rows.AddNotice(text, picture);
+}
+
+int ListDesk::AddCatalogueFiles(const std::vector<CatalogueFile>& files) {
+    int number = 0;
+    for (const CatalogueFile& file : files)
+        if (!AddCatalogueFile(file, number)) break;
+    return number;
+}
+
+bool ListDesk::AddCatalogueFile(const CatalogueFile& file, int& number) {
+    if (!Pulse(static_cast<std::size_t>(number))) return false;
+    if (Showable(JoinPath(needs.MediaDir(), file.path)))
+        rows.AddFileRow(++number, file.artist, file.title, file.path, false);
+    return true;
+}
+
+} // namespace vk

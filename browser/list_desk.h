@@ -1,0 +1,82 @@
+// What all builders of the browser's lists share: the list, its rows, the heading, and the events
+// that run between rows.
+#pragma once
+
+#include "browser/browser_needs.h"
+#include "browser/browser_view.h"
+#include "browser/list_rows.h"
+
+#include <functional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace vk {
+
+/// What is given outlives it. A build goes `Start`, rows, `Finish`; `ListBusy` is set meanwhile.
+class ListDesk {
+  public:
+    ListDesk(BrowserNeeds& browserNeeds, ListModel& shown, BrowserView& screen)
+        : needs(browserNeeds), list(shown), view(screen), rows(shown, browserNeeds.settings) {}
+
+    /// Empties the list for the rows that follow; none of their texts is left out unless
+    /// `HideDupes` is set again.
+    void Start();
+    /// Shows the rows.
+    void Finish();
+    /// How often `Start` was called: tells whether an operation led to another list.
+    int ListsStarted() const { return started_; }
+    /// Runs events, at most some hundred times a second; false when the build is to end early, as
+    /// it is when the system ends. Of a long build the label tells how much is `done`.
+    bool Pulse(std::size_t done = 0);
+    /// The label over the list while it is built.
+    void ShowBusy(const std::string& label);
+    void Abort() { aborted_ = true; }
+    bool Aborted() const { return aborted_; }
+    /// True once after an `Abort`.
+    bool TakeAborted() { return std::exchange(aborted_, false); }
+
+    /// Runs one part of a build. When it fails, that is logged under the operation's name and said
+    /// on the screen; the rows that were added stay. False then, and when the build was ended
+    /// early.
+    bool Try(const std::string& name, const std::function<void()>& build);
+    /// Has something said on the screen when the present operation ends.
+    void Say(const std::string& notice) { notice_ = notice; }
+    /// What is to be said, once; "" for nothing.
+    std::string TakeNotice() { return std::exchange(notice_, {}); }
+
+    /// Sets the heading.
+    void SetTitle(const std::string& title);
+    const std::string& Title() const { return title_; }
+
+    /// True in the mode that builds a playlist.
+    bool Building() const { return needs.state.ListMode == ListBuild; }
+    /// True for a file that the mode lists.
+    bool Showable(const std::string& path) const;
+    /// A notice row in a list that came out empty; none when the list was not built whole.
+    void AddEmptyNotice(const std::string& text, const std::string& picture = {});
+    /// A numbered row for each file that is still there; returns how many rows that made.
+    int AddCatalogueFiles(const std::vector<CatalogueFile>& files);
+    /// The row after `number` for one of them; false when the build is to end early.
+    bool AddCatalogueFile(const CatalogueFile& file, int& number);
+
+    BrowserNeeds& needs;
+    ListModel& list;
+    BrowserView& view;
+    ListRows rows;
+    bool SqlView = false;      ///< the user is among the lists of the catalogue
+    bool PlaylistView = false; ///< the rows are a playlist's
+    bool XMView = false;       ///< the rows are channels, or lead to them
+    std::string ParentName;    ///< the folder whose rows came from the catalogue, "" otherwise
+
+  private:
+    std::string title_;
+    std::string notice_;
+    std::string busy_;               ///< the label, without what is done
+    std::int64_t lastPulse_ = -1000; ///< ticks of the clock, milliseconds
+    std::int64_t lastCount_ = 0;     ///< when the label told something new
+    int started_ = 0;
+    bool aborted_ = false;
+};
+
+} // namespace vk

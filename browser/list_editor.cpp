@@ -1,0 +1,179 @@
+#include "browser/list_editor.h"
+
+#include "core/text.h"
+#include "library/lists/channel_list.h"
+#include "library/lists/list_file.h"
+#include "library/tags/media_type.h"
+#include "platform/files.h"
+#include "platform/paths.h"
+
+namespace vk {
+
+namespace {
+
+constexpr std::string_view FileKind = "FILE:";
+constexpr std::string_view ChannelKind = ChannelDescriptor;
+
+// The text behind the row's running number; all of it when rows bear none.
+std::string WithoutNumber(const std::string& text, bool numbered) {
+    const auto dash = text.find('-');
+    const bool number = numbered && dash != std::string::npos && IsNumeric(text.substr(0, dash));
+    return number ? text.substr(dash + 1) : " " + text;
+}
+
+std::string Counted(int count, const std::string& one, const std::string& many) {
+    if (count == 0) return {};
+    return count == 1 ? "1 " + one : std::to_string(count) + " " + many;
+}
+
+std::string LeftOut(int missing, int queries) {
+    const std::string files = Counted(missing, "file is not there", "files are not there");
+    const std::string rest = Counted(queries, "query of the database", "queries of the database");
+    if (files.empty() && rest.empty()) return {};
+    const std::string joint = files.empty() || rest.empty() ? "" : " and ";
+    return files + joint + rest + " will be left out.";
+}
+
+} // namespace
+
+bool ListEditor::EditPlaylist(const std::string& path) {
+    return Open(path, false);
+}
+
+bool ListEditor::EditChannelList(const std::string& path) {
+    return Open(path, true);
+}
+
+bool ListEditor::Open(const std::string& path, bool ofChannels) {
+    channels_ = ofChannels;
+    right_.ClearAllArrays();
+    right_.HideDupes = false;
+    if (!desk_.Try(ofChannels ? "EditChannelList" : "EditPlaylist", [&] { Fill(path); })) {
+        right_.ClearAllArrays();
+        return false;
+    }
+    AddNoticeIfEmpty();
+    if (path.empty() && !ofChannels && !HasPlaylistFolder()) desk_.Say(NoPlaylistFolder);
+    BrowserState& state = desk_.needs.state;
+    before_ = {state.ListMode, desk_.SqlView, state.CurrentPath, desk_.Title(), path};
+    desk_.SqlView = false;
+    state.ListMode = ListBuild;
+    EditListPath = path;
+    editing_ = true;
+    if (ofChannels)
+        desk_.SetTitle(path.empty() ? "Build XM Channel List " : "Edit XM Channel List ");
+    else
+        desk_.SetTitle(path.empty() ? "Build Playlist " : "Edit Playlist ");
+    return true;
+}
+
+// A list that is there but cannot be read must not be written over later, and half a list neither.
+void ListEditor::Fill(const std::string& path) {
+    if (path.empty() || !FileExists(path)) return;
+    const std::string contents = ReadListText(path);
+    if (!channels_) return AddFiles(contents, FolderOf(path));
+    for (const int number : ChannelNumbers(contents))
+        AddChannel(number);
+}
+
+void ListEditor::AddFiles(const std::string& contents, const std::string& folder) {
+    int missing = 0, queries = 0;
+    const bool whole = ForEachListLine(contents, [&](const std::string& line) {
+        const std::string path = ResolveListEntry(line, folder);
+        if (!path.empty())
+            AddFile(path);
+        else if (line.starts_with("# SELECT")) // the player runs it
+            ++queries;
+        else if (!line.starts_with('#')) // a comment
+            ++missing;
+        return desk_.Pulse(static_cast<std::size_t>(right_.ItemCount()));
+    });
+    if (whole) desk_.Say(LeftOut(missing, queries));
+}
+
+void ListEditor::AddFile(const std::string& path) {
+    TagRecord tag = desk_.needs.tags.GetDBTag(path);
+    if (tag.Artist.empty()) tag.Artist.swap(tag.Title);
+    const std::string number = std::to_string(right_.ItemCount() + 1) + " - ";
+    const std::string dash = tag.Title.empty() ? "" : " - ";
+    right_.AddItem(number + tag.Artist + dash, tag.Title, std::string(FileKind) + path, mp3pic);
+}
+
+void ListEditor::AddChannel(int number) {
+    const ListRow row = xmLists_.ChannelRow(number);
+    right_.AddItem(row.first, row.second, row.descriptor, row.picture);
+}
+
+void ListEditor::AddNoticeIfEmpty() {
+    if (right_.ItemCount() == 0)
+        right_.AddItem(channels_ ? NoValidChannels : NoValidFilenames, "", "");
+}
+
+void ListEditor::Show() {
+    right_.SelectItem(0);
+    right_.LoadList();
+}
+
+bool ListEditor::HasRows() const {
+    return !right_.GetFileNameListusercontrol(0).empty();
+}
+
+void ListEditor::End() {
+    BrowserState& state = desk_.needs.state;
+    state.ListMode = before_.ListMode;
+    state.CurrentPath = before_.CurrentPath;
+    desk_.SqlView = before_.SqlView;
+    desk_.SetTitle(before_.title);
+    Drop();
+}
+
+void ListEditor::Drop() {
+    editing_ = false;
+    EditListPath.clear();
+    right_.ClearAllArrays();
+}
+
+bool ListEditor::Takes(const ListRow& row) {
+    if (row.descriptor.starts_with(ChannelKind)) return channels_;
+    if (channels_ || !row.descriptor.starts_with(FileKind)) return false;
+    const std::string path = row.descriptor.substr(FileKind.size());
+    if (GetMediaType(desk_.needs.extensions, path) != MediaAudio)
+        message_ = "Only music can be put in a list.";
+    else if (!FitsListLine(path))
+        message_ = NameFitsNoList;
+    return message_.empty();
+}
+
+void ListEditor::Add(const ListRow& row) {
+    message_.clear();
+    if (right_.MatchItem(row.descriptor) >= 0 || !Takes(row)) return;
+    if (!HasRows()) right_.ClearAllArrays();
+    if (channels_) {
+        for (const int number : ChannelNumbers(row.descriptor.substr(ChannelKind.size())))
+            AddChannel(number);
+    } else {
+        const std::string text = WithoutNumber(row.first, desk_.needs.settings.values.numberedList);
+        right_.AddItem(std::to_string(right_.ItemCount() + 1) + " -" + text, row.second,
+                       row.descriptor, row.picture, row.icon);
+    }
+    AddNoticeIfEmpty();
+    right_.LoadList();
+    right_.SelectItem(right_.ItemCount() - 1);
+}
+
+void ListEditor::Remove(int row) {
+    if (!HasRows() || row < 0 || row >= right_.ItemCount()) return;
+    right_.RemoveItem(row);
+    AddNoticeIfEmpty();
+    if (right_.iSelected >= right_.ItemCount()) right_.SelectItem(right_.ItemCount() - 1);
+    if (!channels_ && HasRows()) Renumber(row);
+}
+
+void ListEditor::Renumber(int from) {
+    for (int row = from; row < right_.ItemCount(); ++row) {
+        const std::string text = right_.GetIndexFirstArray(row);
+        right_.RplartistListItem(row, std::to_string(row + 1) + text.substr(text.find(' ')));
+    }
+}
+
+} // namespace vk

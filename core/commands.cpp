@@ -1,0 +1,55 @@
+#include "core/commands.h"
+
+#include <utility>
+
+namespace vk {
+
+bool Commands::Run(When when, const std::function<void()>& command) {
+    if (closed_) return false;
+    if (running_) {
+        Keep(when, command);
+        return false;
+    }
+    RunNow(command);
+    // What follows may be followed by the next.
+    while (next_ && !closed_) {
+        const auto next = std::exchange(next_, {});
+        if (screens_.CurrentForm == nextForm_) RunNow(next);
+    }
+    return true;
+}
+
+void Commands::RunNow(const std::function<void()>& command) {
+    struct Running {
+        Commands& commands;
+        ~Running() {
+            commands.running_ = false;
+            commands.pump_.Allow();
+        }
+    };
+    running_ = true;
+    startedMs_ = clock_.TickMs();
+    const Running running{*this};
+    command();
+}
+
+void Commands::Keep(When when, const std::function<void()>& command) {
+    if (when == When::Drop) return;
+    if (when == When::Interrupt) {
+        if (clock_.TickMs() - startedMs_ < InterruptMs) return;
+        End();
+    }
+    next_ = command;
+    nextForm_ = screens_.CurrentForm.Text();
+}
+
+void Commands::End() {
+    if (running_) pump_.EndAll();
+}
+
+void Commands::Close() {
+    closed_ = true;
+    next_ = {};
+}
+
+} // namespace vk

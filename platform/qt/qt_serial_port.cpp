@@ -1,0 +1,140 @@
+#include "platform/qt/qt_serial_port.h"
+
+#include <map>
+
+namespace vk {
+
+namespace {
+
+constexpr int LinePollMs = 100;
+
+void Apply(const SerialSettings& settings, QSerialPort& port) {
+    static const std::map<char, QSerialPort::Parity> parities = {{'N', QSerialPort::NoParity},
+                                                                 {'E', QSerialPort::EvenParity},
+                                                                 {'O', QSerialPort::OddParity},
+                                                                 {'M', QSerialPort::MarkParity},
+                                                                 {'S', QSerialPort::SpaceParity}};
+    port.setBaudRate(settings.baud);
+    port.setParity(parities.at(settings.parity));
+    port.setDataBits(static_cast<QSerialPort::DataBits>(settings.dataBits));
+    port.setStopBits(settings.stopBits == 1     ? QSerialPort::OneStop
+                     : settings.stopBits == 1.5 ? QSerialPort::OneAndHalfStop
+                                                : QSerialPort::TwoStop);
+}
+
+} // namespace
+
+QtSerialPort::QtSerialPort() {
+    QObject::connect(&port_, &QSerialPort::readyRead, &port_, [this] { Tell(comEvReceive); });
+    QObject::connect(&port_, &QSerialPort::errorOccurred, &port_,
+                     [this](QSerialPort::SerialPortError error) { Failed(error); });
+    QObject::connect(&linesTimer_, &QTimer::timeout, &linesTimer_, [this] { PollLines(); });
+}
+
+QtSerialPort::~QtSerialPort() {
+    port_.disconnect();
+    port_.close();
+}
+
+bool QtSerialPort::Open(const std::string& name, const std::string& settings) {
+    Close();
+    const auto parsed = ParseSerialSettings(settings);
+    if (!parsed || name.empty()) return false;
+    port_.setPortName(QString::fromStdString(name));
+    Apply(*parsed, port_);
+    if (!port_.open(QIODevice::ReadWrite)) return false;
+    ShortenSerialLatency(std::intptr_t(port_.handle()));
+    SetDTREnable(true);
+    SetRTSEnable(true);
+    return true;
+}
+
+void QtSerialPort::Close() {
+    linesTimer_.stop();
+    if (port_.isOpen()) port_.close();
+}
+
+bool QtSerialPort::PortOpen() const {
+    return port_.isOpen();
+}
+
+std::size_t QtSerialPort::InBufferCount() const {
+    return port_.isOpen() ? static_cast<std::size_t>(port_.bytesAvailable()) : 0;
+}
+
+std::string QtSerialPort::Input() {
+    return port_.isOpen() ? port_.readAll().toStdString() : std::string();
+}
+
+void QtSerialPort::ClearInput() {
+    if (port_.isOpen()) port_.clear(QSerialPort::Input);
+}
+
+bool QtSerialPort::Output(std::string_view bytes) {
+    const auto size = static_cast<qint64>(bytes.size());
+    return port_.isOpen() && port_.write(bytes.data(), size) == size;
+}
+
+void QtSerialPort::SetDTREnable(bool on) {
+    if (port_.isOpen()) port_.setDataTerminalReady(on);
+}
+
+void QtSerialPort::SetRTSEnable(bool on) {
+    if (port_.isOpen()) port_.setRequestToSend(on);
+}
+
+QSerialPort::PinoutSignals QtSerialPort::Lines() const {
+    return port_.isOpen() ? port_.pinoutSignals() : QSerialPort::NoSignal;
+}
+
+bool QtSerialPort::CDHolding() const {
+    return Lines().testFlag(QSerialPort::DataCarrierDetectSignal);
+}
+
+bool QtSerialPort::CTSHolding() const {
+    return Lines().testFlag(QSerialPort::ClearToSendSignal);
+}
+
+bool QtSerialPort::DSRHolding() const {
+    return Lines().testFlag(QSerialPort::DataSetReadySignal);
+}
+
+void QtSerialPort::WatchModemLines(bool on) {
+    lines_ = Lines();
+    if (on && port_.isOpen())
+        linesTimer_.start(LinePollMs);
+    else
+        linesTimer_.stop();
+}
+
+void QtSerialPort::PollLines() {
+    const auto now = Lines();
+    const auto changed = now ^ lines_;
+    lines_ = now;
+    if (changed.testFlag(QSerialPort::ClearToSendSignal)) Tell(comEvCTS);
+    if (changed.testFlag(QSerialPort::DataSetReadySignal)) Tell(comEvDSR);
+    if (changed.testFlag(QSerialPort::DataCarrierDetectSignal)) Tell(comEvCD);
+}
+
+// A device that was pulled out signals errors without end, so the port is closed at the first one.
+// Lines that a port lacks, and failures to open, are no events.
+void QtSerialPort::Failed(QSerialPort::SerialPortError error) {
+    switch (error) {
+    case QSerialPort::ReadError:
+    case QSerialPort::ResourceError:
+        if (!port_.isOpen()) return;
+        Close();
+        return Tell(comEventDCB);
+    case QSerialPort::WriteError:
+        return Tell(comEventTxFull);
+    default:
+        return;
+    }
+}
+
+void QtSerialPort::Tell(int commEvent) {
+    const auto tell = OnComm;
+    if (tell) tell(commEvent);
+}
+
+} // namespace vk

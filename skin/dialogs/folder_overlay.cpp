@@ -1,0 +1,216 @@
+#include "skin/dialogs/folder_overlay.h"
+
+#include "skin/controls/looks.h"
+#include "skin/controls/plate.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <QPointer>
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace vk {
+
+namespace {
+
+constexpr double ColumnPart = 0.27; // of the panel's width
+constexpr double HintSize = 0.7;    // of the text's
+constexpr double SmallestHint = 0.6;
+constexpr int CancelCell = 2;
+constexpr int LargestCaption = 3; // lines
+constexpr const char* Hint =
+    "Up/Down: choose   Enter: open   Right: buttons   Left: list   Esc: cancel";
+
+} // namespace
+
+FolderOverlay::FolderOverlay(QWidget* host, const DialogLook& look, const Clock& clock,
+                             Dialogs& dialogs, FolderRows rows, const std::string& caption)
+    : DialogOverlay(host, look, clock), dialogs_(dialogs), rows_(std::move(rows)),
+      caption_(ToQString(caption)) {}
+
+void FolderOverlay::LayOut() {
+    const int gap = Gap();
+    panel_ = rect().adjusted(gap / 2, gap / 2, -gap / 2, -gap / 2);
+    const QRect inner = panel_.adjusted(gap, gap, -gap, -gap);
+    const QFont font = look_.Font(height(), 0.85);
+    captionBlock_.Set(caption_, font, inner.width());
+    const int line = QFontMetrics(font).height();
+    captionBox_ =
+        QRect(inner.topLeft(),
+              QSize(inner.width(), std::min(captionBlock_.Height(), LargestCaption * line)));
+    pathBox_ = QRect(inner.left(), captionBox_.bottom() + gap / 2, inner.width(), line + gap / 2);
+    const int hint = QFontMetrics(look_.Font(height(), HintSize)).height();
+    hintBox_ = QRect(inner.left(), inner.bottom() + 1 - hint, inner.width(), hint);
+    const QRect body(QPoint(inner.left(), pathBox_.bottom() + gap),
+                     QPoint(inner.right(), hintBox_.top() - gap / 2));
+    const int column = static_cast<int>(inner.width() * ColumnPart);
+    list_ = body.adjusted(0, 0, -(column + gap), 0);
+    rowHeight_ = std::max(1, height() / 8);
+    cells_.clear();
+    AddButtons(QRect(body.right() + 1 - column, body.top(), column, body.height()));
+    ScrollTo(first_);
+}
+
+// The page buttons are for the finger; the keys have Up and Down.
+void FolderOverlay::AddButtons(const QRect& column) {
+    const int gap = Gap() / 2;
+    const int high = std::max(ButtonHeight(), (column.height() - 3 * gap) / 4);
+    const auto line = [&](int index) {
+        return QRect(column.left(), column.top() + index * (high + gap), column.width(), high);
+    };
+    const bool inFolder = !rows_.Path().empty();
+    const auto page = [this](int pages) {
+        return [this, pages] { ScrollTo(first_ + pages * VisibleRows()); };
+    };
+    AddRow(line(0),
+           {{{}, QStringLiteral("Select this folder"), [this] { Finish(true); }, true, inFolder}});
+    AddRow(line(1), {{{}, QStringLiteral("New folder"), [this] { NewFolder(); }, true, inFolder}});
+    AddRow(line(2), {{{}, QStringLiteral("Cancel"), [this] { Finish(false); }}});
+    AddRow(line(3), {{{}, QStringLiteral("\u25B2"), page(-1), false},
+                     {{}, QStringLiteral("\u25BC"), page(1), false}});
+}
+
+int FolderOverlay::VisibleRows() const {
+    return std::max(1, list_.height() / rowHeight_);
+}
+
+void FolderOverlay::ScrollTo(int first) {
+    first_ = std::clamp(first, 0, std::max(0, Count() - VisibleRows()));
+    update();
+}
+
+void FolderOverlay::Select(int row) {
+    selected_ = std::clamp(row, 0, std::max(0, Count() - 1));
+    ScrollTo(std::clamp(first_, selected_ - VisibleRows() + 1, selected_));
+}
+
+bool FolderOverlay::ContentKey(QKeyEvent& event) {
+    if (InList()) return ListKey(event.key());
+    if (event.key() != Qt::Key_Left) return false;
+    marked_ = -1;
+    return true;
+}
+
+bool FolderOverlay::ListKey(int key) {
+    switch (key) {
+    case Qt::Key_Up:
+        Select(selected_ == 0 ? Count() - 1 : selected_ - 1);
+        return true;
+    case Qt::Key_Down:
+        Select(selected_ + 1 >= Count() ? 0 : selected_ + 1);
+        return true;
+    case Qt::Key_PageUp:
+        Select(selected_ - VisibleRows());
+        return true;
+    case Qt::Key_PageDown:
+        Select(selected_ + VisibleRows());
+        return true;
+    case Qt::Key_Right:
+        marked_ = cells_.front().usable ? 0 : CancelCell;
+        return true;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        EnterRow();
+        return true;
+    default:
+        return false;
+    }
+}
+
+// After the way up the cursor stands on the folder that was left.
+void FolderOverlay::EnterRow() {
+    if (selected_ >= Count()) return;
+    const std::string left = rows_.Path();
+    rows_.Enter(rows_.Rows()[static_cast<std::size_t>(selected_)].path);
+    const auto& rows = rows_.Rows();
+    const auto found = std::find_if(rows.begin(), rows.end(),
+                                    [&](const FolderRow& row) { return row.path == left; });
+    const bool up = found != rows.end() && !left.empty() && found->caption != "<...>";
+    LayOut();
+    first_ = 0;
+    Select(up ? static_cast<int>(found - rows.begin()) : 0);
+}
+
+void FolderOverlay::NewFolder() {
+    const QPointer<FolderOverlay> alive(this);
+    const auto name = dialogs_.InputBox("Name of the new folder:", "New folder", "");
+    if (!alive || !name) return;
+    if (!rows_.Make(*name)) dialogs_.ShowMessage("The folder could not be made.", "New folder");
+    if (!alive) return;
+    marked_ = 0;
+    first_ = 0;
+    Select(0);
+}
+
+void FolderOverlay::PressContent(QPoint point) {
+    dragFrom_ = point.y();
+    dragFirst_ = first_;
+    dragged_ = false;
+    if (!list_.contains(point)) return;
+    marked_ = -1;
+    const int row = first_ + (point.y() - list_.top()) / rowHeight_;
+    if (row < Count()) selected_ = row;
+}
+
+void FolderOverlay::DragContent(QPoint point) {
+    const int way = dragFrom_ - point.y();
+    if (std::abs(way) < rowHeight_ / 2 && !dragged_) return;
+    dragged_ = true;
+    ScrollTo(dragFirst_ + way / rowHeight_);
+}
+
+void FolderOverlay::ReleaseContent(QPoint point) {
+    const int row = first_ + (point.y() - list_.top()) / rowHeight_;
+    if (!dragged_ && list_.contains(point) && row == selected_) EnterRow();
+}
+
+void FolderOverlay::DrawContent(QPainter& painter) {
+    DrawHead(painter);
+    const int end = std::min(Count(), first_ + VisibleRows());
+    for (int row = first_; row < end; ++row)
+        DrawRow(painter, row);
+    DrawScrollMark(painter, list_, Count() * rowHeight_, first_ * rowHeight_);
+}
+
+void FolderOverlay::DrawHead(QPainter& painter) const {
+    painter.setPen(look_.text);
+    painter.save();
+    painter.setClipRect(captionBox_);
+    captionBlock_.Draw(painter, captionBox_.topLeft());
+    painter.restore();
+    painter.fillRect(pathBox_, look_.plate);
+    QFont font = look_.Font(height(), 0.85);
+    font.setBold(true);
+    painter.setFont(font);
+    const QString path =
+        rows_.Path().empty() ? QStringLiteral("Where to begin:") : ToQString(rows_.Path());
+    const QRect box = pathBox_.adjusted(Gap(), 0, -Gap(), 0);
+    painter.drawText(box, Qt::AlignVCenter,
+                     QFontMetrics(font).elidedText(path, Qt::ElideMiddle, box.width()));
+    const QString hint = QString::fromLatin1(Hint);
+    painter.setFont(FittingFont(look_.Font(height(), HintSize), hint, hintBox_.size(),
+                                Qt::AlignCenter, SmallestHint));
+    painter.drawText(hintBox_, Qt::AlignCenter, hint);
+}
+
+void FolderOverlay::DrawRow(QPainter& painter, int row) const {
+    const QRect box(list_.left(), list_.top() + (row - first_) * rowHeight_, list_.width(),
+                    rowHeight_);
+    const bool marked = row == selected_ && InList();
+    const QRect plate = box.adjusted(0, 0, -2 * Gap(), 0);
+    if (marked) painter.fillRect(plate, look_.mark);
+    painter.setPen(look_.edge);
+    painter.drawLine(plate.bottomLeft(), plate.bottomRight());
+    if (row == selected_ && !marked) painter.drawRect(plate.adjusted(0, 0, -1, -1));
+    const QFont font = look_.Font(height());
+    painter.setFont(font);
+    painter.setPen(marked ? look_.markText : look_.text);
+    const QRect text = plate.adjusted(Gap(), 0, -Gap(), 0);
+    const auto& shown = rows_.Rows()[static_cast<std::size_t>(row)];
+    painter.drawText(
+        text, Qt::AlignVCenter,
+        QFontMetrics(font).elidedText(ToQString(shown.caption), Qt::ElideMiddle, text.width()));
+}
+
+} // namespace vk

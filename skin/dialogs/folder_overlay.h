@@ -1,0 +1,56 @@
+// Choosing a folder.
+#pragma once
+
+#include "platform/dialogs.h"
+#include "skin/controls/text_block.h"
+#include "skin/dialogs/dialog_overlay.h"
+#include "skin/dialogs/folder_rows.h"
+
+#include <string>
+
+namespace vk {
+
+/// The folders on the left, the buttons on the right. Up and Down walk whichever of the two has the
+/// mark; Right goes to the buttons, Left back.
+class FolderOverlay : public DialogOverlay {
+  public:
+    /// `dialogs` asks for the name of a new folder.
+    FolderOverlay(QWidget* host, const DialogLook& look, const Clock& clock, Dialogs& dialogs,
+                  FolderRows rows, const std::string& caption);
+    const std::string& Path() const { return rows_.Path(); }
+
+  protected:
+    void LayOut() override;
+    void DrawContent(QPainter& painter) override;
+    bool ContentKey(QKeyEvent& event) override;
+    void PressContent(QPoint point) override;
+    void DragContent(QPoint point) override;
+    void ReleaseContent(QPoint point) override;
+
+  private:
+    void AddButtons(const QRect& column);
+    bool ListKey(int key);
+    bool InList() const { return marked_ < 0; }
+    int Count() const { return static_cast<int>(rows_.Rows().size()); }
+    int VisibleRows() const;
+    void Select(int row);
+    void ScrollTo(int first);
+    void EnterRow();
+    void NewFolder();
+    void DrawHead(QPainter& painter) const;
+    void DrawRow(QPainter& painter, int row) const;
+
+    Dialogs& dialogs_;
+    FolderRows rows_;
+    QString caption_;
+    TextBlock captionBlock_;
+    QRect captionBox_, pathBox_, list_, hintBox_;
+    int rowHeight_ = 1;
+    int selected_ = 0;
+    int first_ = 0;
+    int dragFrom_ = 0;
+    int dragFirst_ = 0;
+    bool dragged_ = false;
+};
+
+} // namespace vk

@@ -1,0 +1,67 @@
+#include "skin/dialogs/folder_rows.h"
+
+#include "core/text.h"
+#include "platform/files.h"
+#include "platform/paths.h"
+
+#include <algorithm>
+#include <filesystem>
+
+namespace vk {
+
+void FolderRows::Enter(const std::string& path) {
+    path_ = WithoutTrailingSeparator(path);
+    if (!path_.empty() && !FolderExists(path_)) path_ = FolderExists(home_) ? home_ : "";
+    rows_.clear();
+    if (path_.empty())
+        ListPlaces();
+    else
+        ListFolders();
+}
+
+void FolderRows::ListPlaces() {
+    rows_.push_back({"Home (" + ToUtf8(home_) + ")", home_});
+    bool rootListed = false;
+    for (const Drive& drive : volumes_.Drives()) {
+        if (!volumes_.IsReady(drive.root)) continue;
+        const std::string label = volumes_.Label(drive.root);
+        const std::string root = ToUtf8(drive.root);
+        rows_.push_back({label.empty() ? root : ToUtf8(label) + " (" + root + ")", drive.root});
+        rootListed = rootListed || drive.root == "/";
+    }
+    if (!rootListed && FolderExists("/")) rows_.push_back({"/", "/"});
+}
+
+// Above a medium there is nothing that belongs to it.
+std::string FolderRows::Parent() const {
+    if (IsRoot(path_)) return {};
+    const auto drives = volumes_.Drives();
+    const bool drive =
+        std::any_of(drives.begin(), drives.end(), [&](const Drive& d) { return d.root == path_; });
+    return drive ? std::string() : FolderOf(path_);
+}
+
+void FolderRows::ListFolders() {
+    for (const FolderEntry& entry : ListFolder(path_))
+        if (entry.isFolder && !entry.name.starts_with('.'))
+            rows_.push_back({ToUtf8(entry.name), JoinPath(path_, entry.name)});
+    std::sort(rows_.begin(), rows_.end(), [](const FolderRow& a, const FolderRow& b) {
+        return ToLower(a.caption) < ToLower(b.caption);
+    });
+    rows_.insert(rows_.begin(), {"<...>", Parent()});
+}
+
+bool FolderRows::Make(const std::string& name) {
+    const std::string trimmed = Trim(name);
+    const bool plain = !trimmed.empty() && trimmed != "." && trimmed != ".." &&
+                       trimmed.find_first_of("/\\") == std::string::npos;
+    if (!plain || path_.empty()) return false;
+    const std::string made = JoinPath(path_, trimmed);
+    std::error_code failed;
+    std::filesystem::create_directory(made, failed);
+    if (failed || !FolderExists(made)) return false;
+    Enter(made);
+    return true;
+}
+
+} // namespace vk

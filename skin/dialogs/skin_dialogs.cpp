@@ -1,0 +1,130 @@
+#include "skin/dialogs/skin_dialogs.h"
+
+#include "platform/qt/virtual_keys.h"
+#include "skin/dialogs/folder_overlay.h"
+#include "skin/dialogs/input_overlay.h"
+#include "skin/dialogs/message_overlay.h"
+
+#include <QDir>
+#include <QEventLoop>
+#include <QFile>
+
+#include <utility>
+
+namespace vk {
+
+namespace {
+
+// Taken away when the call that opened the dialog returns, unless the host was quicker.
+struct Closer {
+    QPointer<DialogOverlay> overlay;
+    ~Closer() { delete overlay.data(); }
+};
+
+// The key that works a dialog as `code` works a screen; Key_unknown for none.
+Qt::Key DialogKey(const InputCode& code) {
+    static constexpr struct {
+        Action action;
+        Qt::Key key;
+    } Keys[] = {
+        {Action::ok, Qt::Key_Return},     {Action::quit, Qt::Key_Escape},
+        {Action::up, Qt::Key_Up},         {Action::down, Qt::Key_Down},
+        {Action::back, Qt::Key_Left},     {Action::forward, Qt::Key_Right},
+        {Action::pageup, Qt::Key_PageUp}, {Action::pagedown, Qt::Key_PageDown},
+    };
+    const auto* row = FindRow(Keys, code);
+    return row ? row->key : Qt::Key_unknown;
+}
+
+} // namespace
+
+SkinDialogs::SkinDialogs(QWidget* host, const Volumes& volumes, Clock& clock)
+    : host_(host), volumes_(volumes), clock_(clock) {}
+
+SkinDialogs::~SkinDialogs() = default;
+
+DialogLook SkinDialogs::Look() const {
+    return DialogLookOf(skin_);
+}
+
+bool SkinDialogs::Run(const QPointer<DialogOverlay>& overlay) {
+    if (closing_) return false;
+    if (!host_->isVisible()) host_->show();
+    const QPointer<QWidget> focus = host_->window()->focusWidget();
+    if (!open_.empty() && open_.back()) open_.back()->SetFront(false);
+    open_.push_back(overlay);
+    QEventLoop loop;
+    overlay->onFinished = [&loop] { loop.quit(); };
+    overlay->meaning = [this](const QKeyEvent& event) {
+        return keys_ ? DialogKey(InputCode(VirtualKeyText(event), *keys_)) : Qt::Key_unknown;
+    };
+    ++changes_;
+    overlay->SetFront(true);
+    overlay->Open();
+    if (!overlay->Finished()) loop.exec();
+    open_.pop_back();
+    ++changes_;
+    if (overlay) {
+        overlay->onFinished = {};
+        overlay->SetFront(false);
+        overlay->hide();
+    }
+    if (!open_.empty() && open_.back()) open_.back()->SetFront(true);
+    if (focus) focus->setFocus();
+    if (open_.empty() && onClosed) onClosed();
+    return overlay && overlay->Accepted();
+}
+
+bool SkinDialogs::Ask(const std::string& text, const std::string& title, const char* yes,
+                      const char* no) {
+    const MessageTexts texts{text, title, MessageKind::Plain, QString::fromLatin1(yes),
+                             QString::fromLatin1(no)};
+    const Closer dialog{new MessageOverlay(host_, Look(), clock_, texts)};
+    return Run(dialog.overlay);
+}
+
+void SkinDialogs::ShowMessage(const std::string& text, const std::string& title, MessageKind kind) {
+    const Closer dialog{
+        new MessageOverlay(host_, Look(), clock_, {text, title, kind, QStringLiteral("OK"), {}})};
+    Run(dialog.overlay);
+}
+
+bool SkinDialogs::AskYesNo(const std::string& text, const std::string& title) {
+    return Ask(text, title, "Yes", "No");
+}
+
+bool SkinDialogs::AskOkCancel(const std::string& text, const std::string& title) {
+    return Ask(text, title, "OK", "Cancel");
+}
+
+std::optional<std::string> SkinDialogs::InputBox(const std::string& text, const std::string& title,
+                                                 const std::string& value) {
+    auto* input = new InputOverlay(host_, Look(), clock_, text, title, value);
+    const Closer dialog{input};
+    if (!Run(dialog.overlay)) return std::nullopt;
+    return input->Value();
+}
+
+std::string SkinDialogs::ChooseFolder(const std::string& caption, const std::string& start) {
+    const QByteArray home = QFile::encodeName(QDir::homePath());
+    FolderRows rows(volumes_, home.toStdString());
+    rows.Enter(start.empty() ? home.toStdString() : start);
+    auto* chooser = new FolderOverlay(host_, Look(), clock_, *this, std::move(rows), caption);
+    const Closer dialog{chooser};
+    return Run(dialog.overlay) ? chooser->Path() : std::string();
+}
+
+bool SkinDialogs::DoAction(const InputCode& code, bool repeat) {
+    if (open_.empty()) return false;
+    const Qt::Key key = DialogKey(code);
+    if (key != Qt::Key_unknown && open_.back()) open_.back()->Press(key, repeat);
+    return true;
+}
+
+void SkinDialogs::CloseAll() {
+    closing_ = true;
+    for (auto dialog = open_.rbegin(); dialog != open_.rend(); ++dialog)
+        if (*dialog) (*dialog)->Finish(false);
+}
+
+} // namespace vk

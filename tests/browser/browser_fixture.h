@@ -1,0 +1,241 @@
+// The browser's logic on a real media folder, with everything around it faked.
+#pragma once
+
+#include "browser/browser.h"
+#include "library/tags/tag_reader.h"
+#include "tests/support/core_fixture.h"
+#include "tests/support/recording_screen.h"
+
+#include <gmock/gmock.h>
+
+#include <map>
+
+namespace vk::test {
+
+/// Keeps what the logic shows; `onTitle` runs with each new heading, `onSlide` while the
+/// keyboard is on its way.
+class FakeBrowserView : public BrowserView {
+  public:
+    void SetTitle(const std::string& text) override {
+        title = text;
+        if (onTitle) onTitle();
+    }
+    void ShowLoading(const std::string& text) override {
+        loading = text;
+        said.push_back(text);
+    }
+    void HideLoading() override { loading.clear(); }
+    void SetClock(const std::string& text) override { clock = text; }
+    void SetButton(BrowserButton button, const std::string& picture) override {
+        pictures[button] = picture;
+    }
+    void ShowToolFrame(bool open) override { toolFrame = open; }
+    void SlideKeyboard(bool open) override {
+        if (onSlide) onSlide();
+        keyboard = open;
+    }
+    void ReDrawList() override { ++drawn; }
+    void ReDrawRightList() override { ++rightDrawn; }
+    void LayOut(std::int16_t listMode) override { laidOut = listMode; }
+    void ShowFocus(bool right) override { rightFocus = right; }
+    void ShowAtFront() override { ++shown; }
+
+    std::string title, loading, clock;
+    std::vector<std::string> said;
+    std::map<BrowserButton, std::string> pictures;
+    bool toolFrame = false, keyboard = false;
+    std::int16_t laidOut = ListFromMenu;
+    bool rightFocus = false;
+    int drawn = 0, rightDrawn = 0, shown = 0;
+    std::function<void()> onTitle, onSlide;
+};
+
+/// Folder rows as a test lists them.
+class FakeCatalogue : public Catalogue {
+  public:
+    DBStateValue State() const override { return state; }
+    std::vector<CatalogueFile> FolderFiles(const std::string& folder, bool playableOnly,
+                                           bool sortByFilename) override {
+        asked = folder + (playableOnly ? " playable" : "") + (sortByFilename ? " by name" : "");
+        return files;
+    }
+    std::vector<CatalogueFile> FilesBelow(const std::string& folder) override {
+        asked = folder + " below";
+        return files;
+    }
+    std::vector<CatalogueFile> Files(const std::string& sql) override {
+        asked = sql;
+        return files;
+    }
+    void EachFile(const std::string&, const std::function<bool(const CatalogueFile&)>&) override {}
+    std::vector<CatalogueRecord> Records(const std::string& sql) override {
+        asked = sql;
+        return records;
+    }
+    std::optional<TagRecord> StoredTag(const std::string&) override { return std::nullopt; }
+    void UpdateFileRow(const std::string& path) override { updated.push_back(path); }
+    DBStateValue state = DBStateValue::OnLine;
+    std::vector<CatalogueFile> files;
+    std::vector<CatalogueRecord> records;
+    std::vector<std::string> updated;
+    std::string asked;
+};
+
+/// The drives are /'s own media folder, "cd" (an optical drive) and "stick" below one temporary
+/// folder. The browser has not been entered yet.
+class BrowserTest : public testing::Test {
+  protected:
+    BrowserTest() {
+        extensions.AudioExtensionList = {"MP3", "WMA", "CDA"};
+        extensions.VideoExtensionList = {"AVI", "MPG"};
+        core.settings.values.MediaDir = media;
+        core.settings.values.CDDriveLetter = cd;
+        core.settings.values.UseBrowseHistory = true;
+        core.volumes.drives = {{cd, DriveType::CdRom}, {stick, DriveType::Removable}};
+        core.volumes.labels[cd] = "DISC_1";
+        core.volumes.serials[cd] = 4711;
+        core.screens.Add("playmp3", player);
+        core.screens.Add("velkorandum", menu);
+        core.screens.Add("playlists", self);
+        list.SetGeometry(20, "3", 400);
+        rightList.SetGeometry(20, "3", 400);
+        state.CurrentPath = media;
+    }
+    void TearDown() override { EXPECT_FALSE(core.state.ListBusy); }
+    std::string Media(const std::string& name, const std::string& contents = "x") {
+        return disk.Write("media/" + name, contents);
+    }
+    void MediaFiles(std::initializer_list<const char*> names) {
+        for (const char* name : names)
+            Media(name);
+    }
+    void InsertDisc() { core.volumes.ready.insert(cd); }
+    /// Makes a file that is there and cannot be read.
+    std::string Unreadable(const std::string& name) {
+        std::filesystem::create_symlink("/dev/null", disk.File(name));
+        return disk.File(name);
+    }
+    void UseCatalogue(std::vector<CatalogueFile> files = {}) {
+        known.files = std::move(files);
+        catalogue = &known;
+    }
+    void Enter(const std::string& folder) {
+        state.CurrentPath = folder;
+        browser().ReShow();
+    }
+    /// Makes the browser now, so that a test can change the settings before.
+    Browser& browser() {
+        if (!made_)
+            made_ = std::make_unique<Browser>(
+                BrowserNeeds{core.settings, core.state, state, audio, video, core.screens,
+                             core.clock, core.volumes, core.locale, core.report, tags, extensions,
+                             keys, catalogue, [this] { ++audioStopped; }, &channels,
+                             [this](std::int32_t) { return tuner; }},
+                BrowserModels{list, rightList, keyboard}, view);
+        return *made_;
+    }
+    void AddChannel(int number, const std::string& name, const std::string& category = {}) {
+        XMChannel& channel = channels.channelTable.at(static_cast<std::size_t>(number));
+        channel.name = name;
+        channel.category = category;
+        channel.valid = true;
+    }
+    template<class Part> std::vector<std::string> Rows(const ListModel& of, Part part) const {
+        std::vector<std::string> parts;
+        for (int row = 0; row < of.ItemCount(); ++row) {
+            std::string text = part(of.Row(row));
+            if (const auto at = text.find(disk.Path()); at != std::string::npos)
+                text.erase(at, disk.Path().size() + 1);
+            parts.push_back(text);
+        }
+        return parts;
+    }
+    // All without the temporary folder in front.
+    std::vector<std::string> TextsOf(const ListModel& of) const {
+        return Rows(of, [](const ListRow& row) { return row.first + row.second; });
+    }
+    std::vector<std::string> Texts() const { return TextsOf(list); }
+    std::vector<std::string> Descriptors() const {
+        return Rows(list, [](const ListRow& row) { return row.descriptor; });
+    }
+    std::vector<std::string> Pictures() const {
+        return Rows(list, [](const ListRow& row) { return row.picture; });
+    }
+    /// The heading and the texts of the rows, the selected one in brackets.
+    std::string Shown() const {
+        std::string shown = view.title;
+        for (int row = 0; const std::string& text : Texts())
+            shown += " | " + (row++ == list.iSelected ? "[" + text + "]" : text);
+        return shown;
+    }
+    struct Step {
+        std::string how; ///< the text of the row that is chosen, "<" for back, ">" for right
+        std::string shown;
+        std::vector<std::string> descriptors = {}; ///< none: not looked at
+    };
+    void Steps(const std::vector<Step>& steps) {
+        for (const Step& step : steps) {
+            if (step.how == "<")
+                browser().MoveBack();
+            else if (step.how == ">")
+                browser().MoveAhead();
+            else
+                Choose(step.how);
+            EXPECT_EQ(Shown(), step.shown) << step.how;
+            if (!step.descriptors.empty()) {
+                EXPECT_EQ(Descriptors(), step.descriptors) << step.how;
+            }
+        }
+    }
+    /// What the player is given: mode, heading, list, track, volume, and whether it is to start.
+    std::string Handed() const {
+        const std::string name = FileNameOf(audio.ListFile);
+        return std::to_string(audio.PlayMode) + " " + audio.ListTitle + " " +
+               (audio.ListFile == core.app.File(name) ? name : audio.ListFile) + " " +
+               std::to_string(audio.TrackToSelect) + " " + std::to_string(audio.VolumeSerial) +
+               (audio.bStartPlaying ? " start" : "");
+    }
+    /// Chooses the row that shows this text.
+    void Choose(const std::string& text) {
+        const auto texts = Texts();
+        const auto found = std::ranges::find(texts, text);
+        ASSERT_NE(found, texts.end()) << text << " in " << testing::PrintToString(texts);
+        list.SelectItem(static_cast<int>(found - texts.begin()));
+        browser().runok();
+    }
+    /// Enters the browser at the top and chooses rows, each by its text.
+    void Walk(const std::vector<std::string>& texts) {
+        Enter(media);
+        for (const std::string& text : texts)
+            Choose(text);
+    }
+    std::string Selected() const { return Texts().at(static_cast<std::size_t>(list.iSelected)); }
+
+    CoreFixture core;
+    TempFolder disk;
+    const std::string media = disk.MakeFolder("media");
+    const std::string cd = disk.MakeFolder("cd");
+    const std::string stick = disk.MakeFolder("stick");
+    BrowserState state;
+    AudioState audio;
+    VideoState video;
+    RecordingPlayerScreen player;
+    RecordingScreen menu, self;
+    ID3 reader{{core.log, core.dialogs}, core.state.DecimalSymbol};
+    MediaExtensions extensions;
+    MediaTags tags{extensions, reader};
+    KeyMap keys;
+    FakeBrowserView view;
+    ListModel list, rightList;
+    KeyboardModel keyboard;
+    ChannelTable channels;
+    FakeCatalogue known;
+    Catalogue* catalogue = nullptr;
+    int audioStopped = 0;
+    bool tuner = true; ///< those that are enabled are there
+
+  private:
+    std::unique_ptr<Browser> made_;
+};
+
+} // namespace vk::test

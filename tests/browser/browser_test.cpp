@@ -1,0 +1,212 @@
+// Entering, leaving, keys while busy, and the buttons.
+#include "tests/browser/browser_fixture.h"
+
+namespace vk {
+namespace {
+
+using testing::ElementsAre;
+
+using BrowserKeys = test::BrowserTest;
+
+TEST_F(BrowserKeys, EnteringShowsClockListAndHidesTheOthers) {
+    core.state.ListBusy = true; // as the screen before may have left it
+    browser().ReShow();
+    EXPECT_EQ(core.screens.CurrentForm, "playlists");
+    EXPECT_EQ(view.shown, 1);
+    EXPECT_EQ(player.Count("Hide"), 1);
+    EXPECT_EQ(self.Count("Hide"), 0);
+    EXPECT_FALSE(core.state.ListBusy);
+    core.clock.Advance(60000);
+    EXPECT_EQ(view.clock, "Saturday, November 21, 2026    12:1");
+    browser().Form_Unload(true);
+    core.clock.Advance(60000);
+    EXPECT_EQ(view.clock, "Saturday, November 21, 2026    12:1") << "the timers stop";
+    EXPECT_TRUE(core.Logged("form unloaded by administrative request - os shutdown"));
+    EXPECT_EQ(core.screens.CurrentForm, "");
+}
+
+TEST_F(BrowserKeys, EscapeLeadsBackToWhereOneCameFromAndHomeToTheMenu) {
+    browser().ReShow();
+    browser().doquit();
+    EXPECT_EQ(menu.Count("ReShow"), 1);
+    EXPECT_EQ(view.title, "");
+    state.FromPlayer = audio.bStartPlaying = true;
+    browser().ReShow();
+    browser().doquit();
+    EXPECT_EQ(player.Count("ReDisplay"), 1);
+    EXPECT_FALSE(audio.bStartPlaying) << "what plays is not started anew";
+    EXPECT_FALSE(state.FromPlayer);
+    state.FromPlayer = true;
+    audio.PlayMode = PlayAudio;
+    browser().ReShow();
+    browser().GoHome();
+    EXPECT_FALSE(state.FromPlayer);
+    EXPECT_EQ(player.Count("doquit"), 1) << "it is saved before the menu silences it";
+    core.screens.CurrentForm = "playmp3";
+    browser().doquit();
+    EXPECT_EQ(menu.Count("ReShow"), 2) << "only the screen in front quits";
+}
+
+TEST_F(BrowserKeys, ABuildIsEndedByEscapeHomeBackAndTheEndOfTheSystem) {
+    std::vector<CatalogueFile> files;
+    for (int i = 0; i < 20; ++i) {
+        files.push_back({"/song" + std::to_string(i) + ".mp3", "", "Song"});
+        Media(files.back().path);
+    }
+    UseCatalogue(files);
+    core.clock.workMs = 10;
+    const std::pair<std::function<void()>, int> ends[] = {
+        {[this] { browser().doquit(); }, 1},
+        {[this] { browser().GoHome(); }, 1},
+        {[this] { browser().MoveBack(); }, 0},
+        {[this] { core.screens.CurrentForm.clear(); }, 0}};
+    for (const auto& [end, left] : ends) {
+        menu.calls.clear();
+        known.state = left > 0 ? DBStateValue::OnLine : DBStateValue::Offline;
+        core.clock.onEvents = [&] {
+            if (list.ItemCount() >= 5) end();
+        };
+        browser().ReShow();
+        EXPECT_EQ(menu.Count("ReShow"), left);
+        EXPECT_LT(list.ItemCount(), 10);
+    }
+    core.clock.onEvents = {};
+    browser().ReShow();
+    EXPECT_EQ(list.ItemCount(), 22) << "the next build is whole again";
+}
+
+TEST_F(BrowserKeys, PressesDuringABuildAreIgnored) {
+    MediaFiles({"a/x.mp3", "song.mp3"});
+    browser().ReShow();
+    int presses = 0;
+    core.clock.workMs = 10;
+    core.clock.onEvents = [&] {
+        ++presses;
+        EXPECT_TRUE(core.state.ListBusy);
+        for (const auto press :
+             {&Browser::runok, &Browser::MoveDown, &Browser::MoveAhead, &Browser::PgDn,
+              &Browser::ToggleApplications, &Browser::Eject, &Browser::ReShow})
+            (browser().*press)();
+    };
+    Steps({{"a", " a | [<...>] | (Unknown Artist) - x"}});
+    EXPECT_GT(presses, 0);
+    EXPECT_EQ(state.CurrentPath, media + "/a");
+    EXPECT_EQ(state.ListMode, ListFromMenu);
+}
+
+TEST_F(BrowserKeys, TheWheelMovesTheSelectionUnlessItTurnsTheVolume) {
+    MediaFiles({"a.mp3", "b.mp3"});
+    browser().ReShow();
+    for (const auto& [delta, row] : {std::pair{-120, 1}, {-120, 2}, {120, 1}, {0, 1}}) {
+        browser().MouseWheel(delta);
+        EXPECT_EQ(list.iSelected, row);
+    }
+    core.settings.values.MouseFunction = 1;
+    for (const int increment : {3, 0}) {
+        core.settings.values.MouseIncrement = increment;
+        browser().MouseWheel(120);
+        browser().MouseWheel(-120);
+        EXPECT_EQ(player.Count("VolUp"), 3);
+        EXPECT_EQ(player.Count("VolDown"), 3);
+    }
+    player.onCall = [this](const std::string&) { core.state.VolumePercent = 52; };
+    browser().VolUp();
+    EXPECT_EQ(view.loading, "Volume : 52%");
+    core.clock.Advance(5000);
+    browser().VolUp(); // it did not change
+    EXPECT_EQ(view.loading, "");
+}
+
+TEST_F(BrowserKeys, SwapAndPauseNeedAPlayerThatPlays) {
+    for (const auto& [mode, paused, picture] :
+         {std::tuple{PlayNone, false, "play.gif"}, std::tuple{PlayAudio, false, "pause.gif"},
+          std::tuple{PlayAudio, true, "play.gif"}}) {
+        audio.PlayMode = mode;
+        audio.bPaused = paused;
+        player.calls.clear();
+        browser().ReShow();
+        browser().PlayPause();
+        EXPECT_EQ(view.pictures[BrowserButton::PlayPause], picture);
+        browser().Swap();
+        EXPECT_EQ(player.Count("DoPause"), mode == PlayAudio);
+        EXPECT_EQ(player.Count("ReDisplay"), mode == PlayAudio);
+    }
+}
+
+TEST_F(BrowserKeys, TheApplicationsAreAnotherListOfTheSameScreen) {
+    browser().ReShow();
+    EXPECT_EQ(view.pictures[BrowserButton::Applications], "gps.gif");
+    browser().ToggleToolFrame();
+    EXPECT_TRUE(view.toolFrame);
+    EXPECT_EQ(view.pictures[BrowserButton::ToolFrame], "menusel.gif");
+    browser().ToggleApplications();
+    EXPECT_FALSE(view.toolFrame);
+    EXPECT_EQ(state.ListMode, ListApplications);
+    EXPECT_EQ(view.pictures[BrowserButton::Applications], "lists.gif");
+    browser().ToggleApplications();
+    EXPECT_EQ(state.ListMode, ListFromMenu);
+}
+
+TEST_F(BrowserKeys, TheRadioButtonIsForThoseWhoHaveOne) {
+    const std::string toFM = std::to_string(PlayFM) + " D-Link FM Radio presets.lst 1 -1 start",
+                      toXM = std::to_string(PlayXM) + " XM Satellite Radio presets.lst 1 -1 start";
+    for (const auto& [fm, xm, first, picture, handed] : {std::tuple{false, false, 0, "", Handed()},
+                                                         {true, false, 1, "fm.gif", toFM},
+                                                         {false, true, 0, "xm.gif", toXM},
+                                                         {true, true, 0, "fm.gif", toFM},
+                                                         {true, true, 1, "xm.gif", toXM}}) {
+        core.settings.values.dlink_enabled = fm;
+        core.settings.values.xmpcr_enabled = xm;
+        core.state.FirstRadioType = first;
+        view.pictures.clear();
+        browser().ReShow();
+        EXPECT_EQ(view.pictures[BrowserButton::Radio], picture);
+        browser().ShowRadio();
+        EXPECT_EQ(Handed(), handed);
+    }
+    EXPECT_EQ(player.Count("ReShow"), 4);
+    tuner = false;
+    browser().ReShow();
+    browser().ShowRadio();
+    EXPECT_EQ(view.loading, "The radio is not available.");
+    EXPECT_EQ(player.Count("ReShow"), 4);
+}
+
+TEST_F(BrowserKeys, EjectOpensTheDriveAndReturnsToTheMediaFolder) {
+    InsertDisc();
+    Enter(cd);
+    browser().Eject();
+    EXPECT_THAT(core.volumes.ejected, ElementsAre(cd));
+    EXPECT_EQ(state.CurrentPath, media);
+    core.volumes.ready.clear();
+    browser().ReShow();
+    browser().Eject();
+    EXPECT_EQ(core.volumes.ejected.size(), 1u) << "an empty drive is left alone";
+}
+
+TEST_F(BrowserKeys, ResumeNeedsAListAndItsDiscOrShowsWhatPlays) {
+    browser().ReShow();
+    browser().Resume();
+    EXPECT_EQ(view.loading, "You must first play an audio file before resuming.");
+    core.app.Write("vk_audio.m3u", cd + "/a.mp3\r\n");
+    core.settings.Write("audio_player", "currenttrack", "6");
+    core.settings.Write("audio_player", "volumeserial", "4711");
+    core.settings.Write("audio_player", "CurrentPosition", "83.7");
+    browser().Resume();
+    EXPECT_EQ(view.loading, "ROM Mismatch detected. Insert correct CD.");
+    EXPECT_EQ(player.Count("ReShow"), 0);
+    InsertDisc();
+    browser().Resume();
+    EXPECT_EQ(player.Count("ReShow"), 1);
+    EXPECT_EQ(Handed(), std::to_string(PlayAudio) + "  vk_audio.m3u 7 4711 start");
+    EXPECT_EQ(audio.ResumePosition, 83);
+    EXPECT_TRUE(audio.bResuming);
+    audio.PlayMode = PlayFM;
+    browser().ReShow();
+    browser().Resume();
+    EXPECT_EQ(player.Count("ReDisplay"), 1);
+    EXPECT_FALSE(audio.bStartPlaying);
+}
+
+} // namespace
+} // namespace vk

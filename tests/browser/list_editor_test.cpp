@@ -1,0 +1,328 @@
+// Building and editing lists: the two lists of that mode, and what is saved.
+#include "platform/files.h"
+#include "tests/browser/browser_fixture.h"
+
+namespace vk {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+// Rows of the media folder.
+const std::string A = "1 - (Unknown Artist) - a", B = "2 - (Unknown Artist) - b";
+constexpr const char* NoFiles = "<No Valid Filenames in the Playlist>";
+
+class ListEditing : public test::BrowserTest {
+  protected:
+    ListEditing() {
+        core.settings.values.PlaylistDir = lists;
+        core.settings.values.numberedList = true;
+        core.volumes.drives.clear();
+        MediaFiles({"a.mp3", "b.mp3", "c/d.mp3", "film.avi"});
+    }
+    std::vector<std::string> Right() const { return TextsOf(rightList); }
+    /// A list of these files of the media folder, opened from the playlist's own list.
+    void Edit(const std::string& name, std::initializer_list<const char*> files) {
+        std::string text;
+        for (const char* file : files)
+            text += (*file == '#' ? "" : media + "/") + file + "\r\n";
+        Media(name + ".m3u", text);
+        browser().ReShow();
+        list.SelectItem(list.MatchItem("FILE:" + media + "/" + name + ".m3u"));
+        browser().runok();
+        Choose("<Edit This List>");
+    }
+    void BuildNew(const std::vector<std::string>& rows) {
+        Walk({"Build a new PlayList"});
+        for (const std::string& row : rows)
+            Choose(row);
+    }
+    void SaveAs(const std::string& name) {
+        browser().SaveList();
+        keyboard.SetValue(name);
+        keyboard.KeyClick(KeyboardModel::OKKey);
+    }
+    std::string Saved(const std::string& name) const { return disk.Read("lists/" + name); }
+
+    const std::string lists = disk.MakeFolder("lists");
+};
+
+TEST_F(ListEditing, AFolderWalkIsCollectedAndSavedUnderAName) {
+    UseCatalogue();
+    known.state = DBStateValue::Offline;
+    core.settings.values.xmpcr_enabled = true;
+    for (const char* other : {"presets.lst", "favorites.m3u"})
+        core.app.Write(other, "96.5:A");
+    BuildNew({});
+    EXPECT_EQ(view.laidOut, ListBuild);
+    EXPECT_EQ(Shown(), "Building Playlist | Browse By Directory  | [c] | " + A + " | " + B);
+    EXPECT_THAT(Right(), ElementsAre(NoFiles));
+    Choose(B);
+    Choose(B);
+    Steps({{"c", "Building Playlist |  c | [<...>] | 1 - (Unknown Artist) - d"}});
+    Choose("1 - (Unknown Artist) - d");
+    browser().MoveBack();
+    EXPECT_EQ(state.CurrentPath, media);
+    EXPECT_THAT(Right(), ElementsAre("1 - (Unknown Artist) - b", "2 - (Unknown Artist) - d"));
+    EXPECT_EQ(rightList.iSelected, 1);
+    std::vector<std::string> titles;
+    view.onTitle = [&] { titles.push_back(view.title); };
+    core.clock.slept = 0;
+    SaveAs(" Trip 1");
+    EXPECT_EQ(Saved("Trip 1.m3u"), media + "/b.mp3\r\n" + media + "/c/d.mp3\r\n");
+    EXPECT_THAT(titles, testing::Contains("Saved: Trip 1"));
+    EXPECT_EQ(core.clock.slept, 800);
+    EXPECT_THAT(known.updated, ElementsAre(lists + "/Trip 1.m3u"));
+    EXPECT_EQ(Shown(), "Trip 1 | [<...>] | <Edit This List> | 1 - (Unknown Artist) - b | "
+                       "2 - (Unknown Artist) - d");
+    EXPECT_EQ(state.ListMode, ListFromMenu);
+    EXPECT_EQ(view.laidOut, ListFromMenu);
+    EXPECT_FALSE(view.keyboard);
+}
+
+TEST_F(ListEditing, AnEditedListIsUpdatedAndShownAgain) {
+    state.ListMode = ListFromAudio;
+    // Escape, the drawn keys and the ways out do nothing while the keyboard is on its way.
+    view.onSlide = [this] {
+        browser().doquit();
+        browser().GoHome();
+        keyboard.KeyClick(KeyboardModel::OKKey);
+        keyboard.KeyClick(KeyboardModel::EscKey);
+    };
+    Edit("old", {"# SELECT Path FROM Media", "a.mp3", "gone.mp3", "b.mp3", "c/d.mp3"});
+    EXPECT_EQ(view.loading, "1 file is not there and 1 query of the database will be left out.");
+    EXPECT_THAT(Right(), ElementsAre("1 - (Unknown Artist) - a", "2 - (Unknown Artist) - b",
+                                     "3 - (Unknown Artist) - d"));
+    rightList.SelectItem(0);
+    browser().ChooseRight();
+    EXPECT_THAT(Right(), ElementsAre("1 - (Unknown Artist) - b", "2 - (Unknown Artist) - d"));
+    browser().doquit();
+    EXPECT_EQ(keyboard.UserText(), "old");
+    EXPECT_EQ(keyboard.Mark(), KeyboardModel::OKKey);
+    keyboard.KeyClick(KeyboardModel::EscKey);
+    EXPECT_EQ(view.title, "Building Playlist | Browse By Directory ") << "Escape goes on editing";
+    EXPECT_EQ(state.ListMode, ListBuild);
+    std::string said;
+    core.clock.onSleep = [&] {
+        said = view.title;
+        view.onSlide();
+    };
+    SaveAs("OLD");
+    EXPECT_EQ(menu.Count("ReShow"), 0);
+    EXPECT_EQ(said, "OLD Has Been Updated ");
+    EXPECT_EQ(disk.Read("media/old.m3u"), media + "/b.mp3\r\n" + media + "/c/d.mp3\r\n");
+    EXPECT_EQ(view.title, "old");
+    EXPECT_EQ(state.ListMode, ListFromAudio);
+    EXPECT_EQ(Texts().size(), 4u);
+    browser().MoveBack();
+    EXPECT_EQ(Selected(), "4 - old") << "the way back is as it was";
+}
+
+TEST_F(ListEditing, ANewNameTakesThePlaceOfTheOldOne) {
+    UseCatalogue();
+    known.state = DBStateValue::Offline;
+    core.settings.values.PlaylistDir = media;
+    Edit("old", {"a.mp3"});
+    SaveAs("new");
+    EXPECT_EQ(disk.Read("media/new.m3u"), media + "/a.mp3\r\n");
+    EXPECT_FALSE(FileExists(media + "/old.m3u"));
+    EXPECT_EQ(view.title, "new");
+    Choose("1 - (Unknown Artist) - a");
+    known.state = DBStateValue::OnLine;
+    known.files = {{"/new.m3u", "", "new"}};
+    state.RestoreHistory = true;
+    browser().ReShow();
+    EXPECT_EQ(view.title, "new");
+    browser().MoveBack();
+    EXPECT_EQ(Selected(), "1 - new");
+}
+
+TEST_F(ListEditing, WhatCannotBeSavedIsSaidAndLosesNothing) {
+    disk.Write("lists/Taken.m3u", "other");
+    disk.MakeFolder("lists/y.m3u.new"); // stands where the new file is written
+    const std::string bad = "A list cannot have this name.", missing = disk.File("nowhere");
+    const std::tuple<std::string, std::string, std::string> cases[] = {
+        {"   ", "Please type a name.", lists},
+        {"/", bad, lists},
+        {"..", bad, lists},
+        {"a\nb", bad, lists},
+        {"../up", bad, lists},
+        {std::string(300, 'x'), "The name is too long.", lists},
+        {"taken", "There is a list of this name.", lists},
+        {"x", "The playlist folder is missing.", missing},
+        {"y", "Not saved: ", lists}};
+    BuildNew({A});
+    for (const auto& [name, said, folder] : cases) {
+        core.settings.values.PlaylistDir = folder;
+        SaveAs(name);
+        EXPECT_THAT(keyboard.Caption(), testing::StartsWith(said)) << name;
+        EXPECT_TRUE(view.keyboard);
+        browser().doquit();
+    }
+    browser().GoHome();
+    EXPECT_TRUE(view.keyboard) << "what was built is not left behind";
+    browser().doquit();
+    EXPECT_THAT(Right(), ElementsAre(A));
+    EXPECT_EQ(Saved("Taken.m3u"), "other");
+    SaveAs("z");
+    EXPECT_EQ(Saved("z.m3u"), media + "/a.mp3\r\n");
+    core.settings.values.PlaylistDir.clear();
+    BuildNew({});
+    EXPECT_EQ(view.loading, "The playlist folder is missing.");
+    Choose(A);
+    SaveAs("");
+    EXPECT_FALSE(view.keyboard);
+    EXPECT_EQ(state.ListMode, ListFromMenu) << "a new list without a name is given up";
+}
+
+TEST_F(ListEditing, AFailedSaveKeepsTheOldListAndAnEmptyNameTheListOnDisk) {
+    Edit("old", {"a.mp3", "b.mp3"});
+    disk.MakeFolder("media/old.m3u.new");
+    browser().ChooseRight();
+    SaveAs("old");
+    EXPECT_THAT(keyboard.Caption(), testing::StartsWith("Not saved: "));
+    EXPECT_EQ(disk.Read("media/old.m3u"), media + "/a.mp3\r\n" + media + "/b.mp3\r\n");
+    browser().doquit();
+    EXPECT_THAT(Right(), ElementsAre("1 - (Unknown Artist) - b"));
+    SaveAs("");
+    EXPECT_EQ(state.ListMode, ListFromMenu);
+    EXPECT_EQ(Texts().size(), 4u) << "as it is on the disk";
+    std::filesystem::remove(media + "/old.m3u.new");
+    Choose("<Edit This List>");
+    browser().ChooseRight();
+    browser().ChooseRight();
+    browser().doquit();
+    keyboard.ClickIt();
+    EXPECT_EQ(disk.Read("media/old.m3u"), "") << "an emptied list is saved, too";
+    EXPECT_THAT(Texts(), ElementsAre("<...>", "<Edit This List>", NoFiles));
+}
+
+TEST_F(ListEditing, TheArrowsChangeListsAndRemoveRows) {
+    const auto press = [this](void (Browser::*key)(), bool right, std::vector<std::string> rows) {
+        (browser().*key)();
+        EXPECT_EQ(view.rightFocus, right);
+        EXPECT_EQ(Right(), rows);
+    };
+    BuildNew({});
+    press(&Browser::MoveAhead, false, {NoFiles});
+    Choose(A);
+    Choose(B);
+    press(&Browser::MoveAhead, true, {A, B});
+    EXPECT_EQ(rightList.iSelected, 0);
+    press(&Browser::MoveDown, true, {A, B});
+    press(&Browser::runok, true, {A});
+    press(&Browser::MoveBack, false, {A});
+    press(&Browser::ToggleListFocus, true, {A});
+    press(&Browser::runok, false, {NoFiles});
+    press(&Browser::ChooseRight, false, {NoFiles}); // the notice stays
+    browser().doquit();
+    EXPECT_FALSE(view.keyboard);
+    EXPECT_EQ(state.ListMode, ListFromMenu);
+    EXPECT_EQ(Selected(), "Build a new PlayList");
+    EXPECT_TRUE(ListFolder(lists).empty());
+}
+
+TEST_F(ListEditing, FavouritesStayOutOfTheCatalogue) {
+    UseCatalogue();
+    known.state = DBStateValue::Offline;
+    core.app.Write("favorites.m3u", media + "/a.mp3");
+    Walk({"Favorites", "<Edit This List>"});
+    SaveAs("favorites");
+    EXPECT_EQ(core.app.Read("favorites.m3u"), media + "/a.mp3\r\n");
+    EXPECT_THAT(known.updated, IsEmpty());
+    EXPECT_THAT(Texts(), ElementsAre("<Edit This List>", A));
+}
+
+TEST_F(ListEditing, ChannelsAreCollectedInAListOfTheirOwn) {
+    core.settings.values.xmpcr_enabled = true;
+    for (const int channel : {4, 10, 200})
+        AddChannel(channel, "Channel" + std::to_string(channel));
+    Walk({"XM Presets & Categories", "<Build New Channel List>"});
+    EXPECT_EQ(view.title, "Build XM Channel List ");
+    const auto all = Texts();
+    UseCatalogue();
+    browser().JumpToSearch();
+    EXPECT_EQ(Texts(), all) << "the catalogue has no channels";
+    browser().ReShow();
+    EXPECT_EQ(Texts(), all);
+    const std::string first = "200 - Channel200", second = "4 - Channel4";
+    for (const std::string& row : {first, second, first})
+        Choose(row);
+    EXPECT_THAT(Right(), ElementsAre(first, second));
+    SaveAs("mine");
+    EXPECT_EQ(core.app.Read("mine.xcl"), "200\r\n4\r\n");
+    EXPECT_THAT(Texts(), ElementsAre("<...>", "<Edit This List>", first, second));
+    Choose("<Edit This List>");
+    EXPECT_EQ(view.title, "Edit XM Channel List ");
+    EXPECT_EQ(Texts(), all);
+    browser().ToggleListFocus();
+    browser().runok();
+    EXPECT_THAT(Right(), ElementsAre(second));
+    SaveAs("yours");
+    EXPECT_EQ(core.app.Read("yours.xcl"), "4\r\n");
+    EXPECT_FALSE(FileExists(core.app.File("mine.xcl")));
+    browser().MoveBack();
+    EXPECT_EQ(Selected(), "yours");
+    Choose("<Build New Channel List>");
+    browser().doquit();
+    EXPECT_EQ(view.title, "XM Channels and Categories ");
+    browser().MoveBack();
+    EXPECT_EQ(Selected(), "XM Presets & Categories");
+}
+
+TEST_F(ListEditing, WhatAListCannotHoldIsRefused) {
+    core.volumes.drives = {{cd, DriveType::CdRom}};
+    InsertDisc();
+    disk.Write("cd/track.mp3", "x");
+    Media("two\nlines.mp3");
+    BuildNew({});
+    list.SelectItem(list.MatchItem("FILE:" + media + "/two\nlines.mp3"));
+    browser().runok();
+    EXPECT_EQ(view.loading, "This file's name cannot be stored in a list.");
+    list.AddItem("", "", "FILE:" + media + "/film.avi");
+    list.SelectItem(list.ItemCount() - 1);
+    browser().runok();
+    EXPECT_EQ(view.loading, "Only music can be put in a list.");
+    Enter(cd);
+    Choose("1 - (Unknown Artist) - track");
+    EXPECT_EQ(view.loading, "Tracks of a CD cannot be put in a list.");
+    EXPECT_THAT(Right(), ElementsAre(NoFiles));
+}
+
+TEST_F(ListEditing, AListThatIsNotReadWholeIsNotEdited) {
+    std::string text;
+    for (int i = 0; i < 20; ++i)
+        text += media + "/a.mp3\n" + media + "/b.mp3\n";
+    Media("long.m3u", text);
+    Walk({"4 - long"});
+    int runs = 0;
+    core.clock.workMs = 10;
+    core.clock.onEvents = [&] {
+        if (++runs == 5) browser().doquit();
+    };
+    Choose("<Edit This List>");
+    EXPECT_EQ(state.ListMode, ListFromMenu);
+    EXPECT_EQ(disk.Read("media/long.m3u"), text);
+}
+
+TEST_F(ListEditing, AnotherModeEndsTheBuildingNotEscapeWhileTheLeftListIsBuilt) {
+    BuildNew({A});
+    core.clock.workMs = 10;
+    core.clock.onEvents = [&] { browser().doquit(); };
+    Choose("c");
+    core.clock.onEvents = {};
+    EXPECT_EQ(menu.Count("ReShow"), 0);
+    EXPECT_EQ(state.ListMode, ListBuild);
+    EXPECT_THAT(Right(), ElementsAre(A));
+    browser().ReShow();
+    EXPECT_EQ(Right().size(), 1u) << "the same mode finds its list again";
+    EXPECT_EQ(view.laidOut, ListBuild);
+    state.ListMode = ListFromMenu;
+    browser().ReShow();
+    EXPECT_EQ(view.laidOut, ListFromMenu);
+    EXPECT_EQ(rightList.ItemCount(), 0);
+    EXPECT_FALSE(view.rightFocus);
+}
+
+} // namespace
+} // namespace vk

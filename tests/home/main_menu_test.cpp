@@ -1,0 +1,277 @@
+#include "tests/home/menu_fixture.h"
+#include "tests/support/action_table.h"
+
+namespace vk {
+namespace {
+
+struct ToldView : MenuView {
+    void ShowIcons() override {}
+    void DrawIcon(int index, bool selected) override { drawn = {index, selected}; }
+    void ShowFrame(bool shown) override { frame = shown; }
+    void SetClockBar(const std::string& text) override { clockBar = text; }
+    void ShowBanner(const std::string& text) override { banner = text; }
+    void RefreshClockColours() override {}
+    void DoLayout() override {}
+    std::pair<int, bool> drawn;
+    std::string clockBar, banner;
+    bool frame = false;
+};
+
+struct MainMenuTest : testing::Test, test::MenuFixture {
+    MainMenuTest() {
+        SetUpApp();
+        settings.LoadSettings();
+        state.ScreenWidth = 800;
+        state.ScreenHeight = 480;
+        state.CurrentSkinFile = "Torque.skn";
+        app.Write(
+            "skins/Torque.skn",
+            "[Colors]\n[DMFS]\nitemindex=2\n[IconNames]\nNames=a b c\n[a]\nfunction=1\nof_right=2\n"
+            "[b]\nfunction=2\nof_left=1\nof_below=3\n[c]\nof_above=2\n");
+        skin.LoadSkin();
+        loader.playlists();
+        loader.playmp3();
+        told.clear();
+    }
+    // The screen that the selected icon leads to when it has this function, "" for none.
+    std::string Start(int function) {
+        told.clear();
+        menu.LastStartSelection = function;
+        menu.runok(function);
+        return told.empty() ? "" : told.back();
+    }
+    ToldView view;
+    MainMenu menu{MenuNeeds(), view};
+};
+
+TEST_F(MainMenuTest, CutsALoudLevelOnceARunAndEndsAForeignMute) {
+    std::int32_t& master = mixer.Level(MixerLine::Master);
+    settings.values.safevolume = true;
+    settings.values.safevol_value = 36;
+    mixer.Change(false);
+    menu.ReShow();
+    mixer.Change(true);
+    for (const int expected : {360, 900}) {
+        master = 900;
+        menu.ReShow();
+        EXPECT_EQ(master, expected);
+    }
+    for (const bool players : {false, true}) {
+        state.bMuted = players;
+        mixer.Mute(MixerLine::Master) = 1;
+        menu.ReShow();
+        EXPECT_EQ(mixer.Mute(MixerLine::Master), players);
+    }
+    settings.values.UseSplitVolume = true;
+    state.SafeVolumeDone = false;
+    menu.ReShow();
+    EXPECT_FALSE(state.SafeVolumeDone); // the player's own level is still to come
+}
+
+TEST_F(MainMenuTest, TheGraphOfTheSkinLeadsTheCursor) {
+    menu.ReShow();
+    EXPECT_EQ(menu.CurrentSelection, 2) << "the skin's own when none is stored";
+    menu.MoveLeft();
+    EXPECT_EQ(menu.CurrentSelection, 1);
+    EXPECT_EQ(view.drawn, std::make_pair(1, true));
+    menu.MoveLeft();
+    EXPECT_EQ(menu.CurrentSelection, 1) << "no neighbour, no move";
+    EXPECT_TRUE(menu.Form_KeyDown("39"));
+    EXPECT_TRUE(menu.Form_KeyDown("40"));
+    EXPECT_EQ(menu.CurrentSelection, 3);
+    menu.runok();
+    EXPECT_EQ(view.clockBar,
+              "Someone didn't set the function for this button when they created this skin!");
+    menu.switchingform();
+    EXPECT_EQ(settings.Read("main", "CurrentSelectID"), "3");
+    EXPECT_FALSE(menu.Form_KeyDown("999"));
+}
+
+TEST_F(MainMenuTest, AStoredSelectionBeyondTheIconsSelectsNothing) {
+    settings.Write("main", "CurrentSelectID", "9");
+    menu.ReShow();
+    EXPECT_EQ(menu.CurrentSelection, 9);
+    told.clear();
+    menu.runok();
+    EXPECT_TRUE(told.empty());
+    menu.MoveUp();
+    EXPECT_EQ(menu.CurrentSelection, 1) << "the keys are not locked out";
+}
+
+TEST_F(MainMenuTest, TheBrowserOpensAtTheMediaFolderAndWhatIsNotConfiguredSaysSo) {
+    EXPECT_EQ(Start(2), "playlists.ReShow");
+    EXPECT_EQ(browser.CurrentPath, settings.values.MediaDir);
+    EXPECT_EQ(browser.ListMode, ListFromMenu);
+    settings.values.PlaylistDir = "none";
+    EXPECT_EQ(Start(2), "");
+    const std::pair<int, const char*> cases[] = {
+        {4, "You must first configure external app support."},
+        {5, "You must first configure your radio."},
+        {6, "You have no GPS module configured"},
+        {42, "You have no GPS module configured"}};
+    for (const auto& [function, message] : cases) {
+        EXPECT_EQ(Start(function), "") << function;
+        EXPECT_EQ(view.clockBar, message);
+    }
+}
+
+TEST_F(MainMenuTest, AudioResumesWhatWasSavedOrOpensTheBrowser) {
+    const auto set = [this](const char* key, const char* value) {
+        settings.Write("audio_player", key, value);
+    };
+    set("currenttrack", "4");
+    set("CurrentPosition", "61");
+    set("volumeserial", "-1");
+    settings.values.DoResume = true;
+    EXPECT_EQ(Start(1), "playlists.ReShow") << "no list";
+    app.Write("vk_audio.m3u", "");
+    EXPECT_EQ(Start(1), "playlists.ReShow") << "an empty list";
+    app.Write("vk_audio.m3u", "/cd/a.mp3\n");
+    EXPECT_EQ(Start(1), "playmp3.ReShow");
+    EXPECT_EQ(audio.PlayMode, PlayAudio);
+    EXPECT_EQ(audio.TrackToSelect, 5);
+    EXPECT_EQ(audio.ResumePosition, 61);
+    EXPECT_TRUE(audio.bStartPlaying && audio.bResuming);
+    EXPECT_EQ(audio.ListFile, app.File("vk_audio.m3u"));
+    set("currenttrack", "0");
+    EXPECT_EQ(Start(1), "playlists.ReShow") << "track 0";
+    set("currenttrack", "4");
+    set("volumeserial", "77");
+    EXPECT_EQ(Start(1), "playlists.ReShow") << "no drive";
+    settings.values.CDDriveLetter = "/cd";
+    volumes.drives = {{"/cd", DriveType::CdRom}};
+    volumes.ready = {"/cd"};
+    volumes.serials["/cd"] = 78;
+    EXPECT_EQ(Start(1), "playlists.ReShow") << "another disc";
+    volumes.serials["/cd"] = 77;
+    EXPECT_EQ(Start(1), "playmp3.ReShow");
+}
+
+TEST_F(MainMenuTest, ComingBackSilencesThePlayerAndUnloadsTheSettings) {
+    player.answer = [](const auto& message) { return message.lParam == 104 ? 1 : 0; };
+    loader.settings();
+    menu.ReShow();
+    EXPECT_EQ(player.sent.back(), test::RecordingPlayer::Command(WinampStop));
+    EXPECT_EQ(screens.CurrentForm, "velkorandum");
+    EXPECT_EQ(view.clockBar, "Saturday, November 21, 2026 12:0");
+    EXPECT_TRUE(view.frame);
+    clock.Advance(1500);
+    EXPECT_TRUE(state.WinampWatched);
+    EXPECT_NE(screens.Find("settings"), nullptr);
+    settingsBusy = true;
+    clock.Advance(1000);
+    EXPECT_NE(screens.Find("settings"), nullptr) << "it goes at the second tick";
+    settingsBusy = false;
+    clock.Advance(1000);
+    EXPECT_EQ(screens.Find("settings"), nullptr) << "or later, when its dialog has closed";
+}
+
+TEST_F(MainMenuTest, QuittingWaitsForABusyCatalogueTwiceAndForTheMode) {
+    state.DBState = DBStateValue::Rebuilding;
+    menu.Image1_Click();
+    EXPECT_EQ(view.clockBar, "Please wait for the database to finish. :1");
+    menu.Image1_Click();
+    EXPECT_EQ(exits, 0);
+    EXPECT_TRUE(menu.Form_KeyDown("%115"));
+    EXPECT_EQ(exits, 1);
+    EXPECT_EQ(settings.Read("main", "CurrentSelectID"), "0");
+    settings.values.ShutDownMode = 3;
+    Start(7);
+    EXPECT_EQ(exits, 1);
+    settings.values.ShutDownMode = 0;
+    Start(7);
+    EXPECT_EQ(exits, 2);
+}
+
+TEST_F(MainMenuTest, TheClockFollowsTheDay) {
+    app.Write("skins/Night.skn", "[Colors]\nLineClr=9\n");
+    settings.values.CurrentNTSkin = "Night.skn";
+    settings.values.Time1 = "8:00:00 AM";
+    settings.values.Time2 = "12:01:00 PM";
+    menu.ReShow();
+    view.clockBar = "a message";
+    clock.Advance(58000);
+    EXPECT_EQ(view.clockBar, "a message");
+    clock.Advance(3000);
+    EXPECT_EQ(view.clockBar, "Saturday, November 21, 2026 12:0");
+    EXPECT_EQ(state.CurrentSkinFile, "Night.skn");
+    EXPECT_EQ(skin.data().LineClr.value, 9);
+    EXPECT_TRUE(Told("playmp3.DoLayout"));
+}
+
+TEST_F(MainMenuTest, TheFirstAppearanceWaitsForTheCatalogue) {
+    state.Setup = true;
+    state.DBState = DBStateValue::Rebuilding;
+    int turns = 0;
+    clock.onEvents = [&] {
+        EXPECT_NE(view.banner.find("Refreshing Database"), std::string::npos);
+        if (++turns == 20) state.DBState = DBStateValue::OnLine;
+    };
+    menu.ReShow();
+    clock.Advance(1);
+    EXPECT_EQ(turns, 20);
+    EXPECT_EQ(view.banner, "");
+    EXPECT_TRUE(state.WinampWatched);
+    for (const auto value : {DBStateValue::Rebuilding, DBStateValue::CheckPoint}) {
+        state.DBState = value;
+        clock.Advance(1000);
+        EXPECT_EQ(view.banner, value == DBStateValue::Rebuilding ? "Refreshing Database" : "");
+    }
+}
+
+TEST_F(MainMenuTest, TheWaitForTheCatalogueEndsWithTheMenuAndStartsNothing) {
+    state.Setup = true;
+    state.DBState = DBStateValue::Rebuilding;
+    settings.values.LoadtoMP3 = true;
+    clock.onEvents = [&] { screens.CurrentForm.clear(); };
+    menu.ReShow();
+    clock.Advance(1);
+    EXPECT_FALSE(Told("playmp3.ReShow") || Told("playlists.ReShow"));
+}
+
+TEST_F(MainMenuTest, EveryActionReachesItsOperationAndNoOther) {
+    app.Write("skins/Torque.skn", "[IconNames]\nNames=a b c d e\n[a]\nfunction=6\nof_above=2\n"
+                                  "of_below=3\nof_left=4\nof_right=5\n[b]\n[c]\n[d]\n[e]\n");
+    skin.LoadSkin();
+    menu.LoadSelections();
+    const auto effect = [&] {
+        std::string text = std::exchange(view.clockBar, "");
+        if (menu.CurrentSelection != 1) text += "icon " + std::to_string(menu.CurrentSelection);
+        if (settingsOpened > 0) text += "settings";
+        if (exits > 0) text += "exit";
+        if (window.cursor) text += "pointer";
+        menu.CurrentSelection = 1;
+        settingsOpened = exits = 0;
+        window.cursor = false;
+        return text;
+    };
+    settings.values.hidemouse = true;
+    effect();
+    test::ExpectTable(menu, keys,
+                      {{Action::gps, "You have no GPS module configured"},
+                       {Action::ok, "You have no GPS module configured"},
+                       {Action::up, "icon 2"},
+                       {Action::down, "icon 3"},
+                       {Action::back, "icon 4"},
+                       {Action::forward, "icon 5"},
+                       {Action::SWMP, "settings"},
+                       {Action::quit, "pointer"},
+                       {Action::power, "exit"}},
+                      effect);
+    EXPECT_FALSE(settings.values.hidemouse);
+    EXPECT_EQ(settings.Read("main", "hidemouse"), "false");
+}
+
+TEST_F(MainMenuTest, TheCleanMenuHasHiddenZones) {
+    menu.PressedAt(799, 0);
+    settings.values.CleanMenu = true;
+    menu.PressedAt(400, 240);
+    EXPECT_EQ(exits, 0);
+    menu.PressedAt(799, 0);
+    menu.PressedAt(0, 479);
+    EXPECT_EQ(exits, 1);
+    EXPECT_EQ(settingsOpened, 1);
+}
+
+} // namespace
+} // namespace vk

@@ -1,0 +1,50 @@
+// The home screen's logic wired on fakes.
+#pragma once
+
+#include "home/main_menu.h"
+#include "tests/startup/start_fixture.h"
+#include "tests/support/fake_mixer.h"
+
+namespace vk::test {
+
+struct MenuFixture : StartFixture {
+    MainMenu::Needs MenuNeeds() {
+        return {.state = state,
+                .settings = settings,
+                .log = log,
+                .report = report,
+                .clock = clock,
+                .locale = locale,
+                .volumes = volumes,
+                .window = window,
+                .screens = screens,
+                .skin = skin,
+                .daylight = daylight,
+                .keys = keys,
+                .audio = audio,
+                .browser = browser,
+                .winamp = winamp,
+                .volume = volume,
+                .openSettings = [this] { ++settingsOpened; },
+                .unloadSettings =
+                    [this] {
+                        if (!settingsBusy) screens.Remove("settings");
+                        return !settingsBusy;
+                    },
+                .loadGPS = [] {},
+                .exitApplication = [this] { ++exits; },
+                .powerAction = {},
+                .setDimmer = {}};
+    }
+    AudioState audio;
+    BrowserState browser;
+    cWinamp winamp{{player, clock, report, app.Path()}};
+    Daylight daylight{{state, settings, clock, screens, skin, {}}};
+    FakeMixer mixer;
+    FakeWaveInput input;
+    cVolume volume{{mixer, input, dialogs, report}};
+    int exits = 0, settingsOpened = 0;
+    bool settingsBusy = false; ///< a dialog of the settings is open
+};
+
+} // namespace vk::test

@@ -1,0 +1,150 @@
+#include "library/catalogue/schema.h"
+#include "settings/settings_shell.h"
+#include "tests/startup/start_fixture.h"
+
+#include <gtest/gtest.h>
+
+namespace vk {
+namespace {
+
+struct ToldSettingsView : SettingsView {
+    void ShowShell() override {}
+    void EnableLeaving(bool exitApp, bool done) override { leaving = exitApp && done; }
+    void ShowTexts() override {}
+    void SetTopInfo(const std::string& text) override { topInfo = text; }
+    bool leaving = true;
+    std::string topInfo;
+};
+
+struct SettingsShellTest : testing::Test, test::StartFixture {
+    SettingsShellTest() {
+        // The start makes the settings screen; here it is the shell under test.
+        loader.settings = [this] {
+            shell = std::make_unique<SettingsShell>(
+                SettingsShell::Needs{
+                    state, settings, report, dialogs, clock, locale, screens, window, loading, skin,
+                    keys, remoteKeys, extensions, [this] { start->FinishExecution(); },
+                    [this] { start->ReloadScreens(); }, [] {}, updates, [this] { ++exits; }},
+                view);
+            shell->FirstRunDue = true;
+            MakeScreen("settings");
+        };
+        start = Make();
+    }
+    void FirstRun() {
+        start->Form_Load();
+        shell->ReShow();
+    }
+    void LaterRun() {
+        SetUpApp();
+        start->Form_Load();
+        loader.settings();
+        shell->FirstRunDue = false;
+    }
+    ToldSettingsView view;
+    std::unique_ptr<astart> start;
+    std::unique_ptr<SettingsShell> shell;
+    int exits = 0;
+};
+
+TEST_F(SettingsShellTest, TheFirstRunLeadsFromTheWelcomeToTheMenu) {
+    const std::string media = app.MakeFolder("music");
+    const std::string lists = app.MakeFolder("music/lists");
+    app.Write("vk_audio.m3u", "old");
+    dialogs.folders = {media + "/", lists};
+    FirstRun();
+    EXPECT_EQ(dialogs.captions.at(0), "Select your Media directory");
+    ASSERT_EQ(dialogs.shown.size(), 3u);
+    EXPECT_TRUE(dialogs.shown[0].starts_with("Welcome to Velkorandum."));
+    EXPECT_EQ(dialogs.shown[2],
+              "You can click on the clockbar at the bottom\nto return to the settings screen.");
+    EXPECT_EQ(settings.values.MediaDir, media);
+    EXPECT_EQ(settings.values.PlaylistDir, lists);
+    EXPECT_EQ(settings.Read("Sync", "dest"), media);
+    EXPECT_EQ(settings.Read("video_player", "Volume"), "0");
+    EXPECT_TRUE(settings.Read("main", "Setup", IniType::Boolean).Bool());
+    EXPECT_FALSE(FileExists(app.File("vk_audio.m3u")));
+    EXPECT_EQ(screens.CurrentForm, "velkorandum");
+    EXPECT_TRUE(Told("velkorandum.ReShow"));
+    EXPECT_EQ(exits, 0);
+}
+
+TEST_F(SettingsShellTest, BadFoldersAreAskedAgainAndCancelEnds) {
+    const std::string media = app.MakeFolder("music");
+    dialogs.folders = {"/", ""};
+    dialogs.answers = {true, false};
+    FirstRun();
+    EXPECT_EQ(dialogs.shown.at(1),
+              "You must select a directory, or Velkorandum will not work.\n"
+              "DO NOT SELECT THE ROOT DIRECTORY OF A DRIVE AS YOUR MEDIA DIR.\n"
+              "Click ok to return, Cancel to exit program");
+    EXPECT_EQ(exits, 1);
+    EXPECT_EQ(settings.Read("main", "Setup"), "");
+    dialogs.shown.clear();
+    dialogs.folders = {media, "", app.MakeFolder("music2"), media};
+    shell->ReShow();
+    EXPECT_EQ(dialogs.shown.at(1),
+              "You must select a directory, or Velkorandum will not work.  Click ok to return.");
+    EXPECT_EQ(dialogs.shown.at(2),
+              "You must select a directory WITHIN your Media Directory.  Press ok to return.");
+    EXPECT_EQ(settings.values.PlaylistDir, media);
+    dialogs.ending = true;
+    dialogs.folders = {app.MakeFolder("music3"), ""};
+    shell->btnmediadir_Click();
+    EXPECT_EQ(exits, 2) << "nothing is asked again when the program ends";
+    EXPECT_EQ(settings.values.MediaDir, media);
+}
+
+TEST_F(SettingsShellTest, LeavingLaterLoadsTheScreensAnewAndTheExitWaitsForTheCatalogue) {
+    LaterRun();
+    shell->ReShow();
+    EXPECT_EQ(screens.CurrentForm, "settings");
+    EXPECT_TRUE(view.leaving);
+    EXPECT_TRUE(view.topInfo.starts_with("This screen allows you to change"));
+    told.clear();
+    shell->DoneButton_Click();
+    EXPECT_EQ(told, (std::vector<std::string>{
+                        "loading.Init 0 13", "loading.Clear", "unload screens", "load velkorandum",
+                        "load playlists", "load playmp3", "loading.Max", "velkorandum.ReShow"}));
+    EXPECT_EQ(shell->DBStatusText(), "Disabled");
+    state.DBState = DBStateValue::Rebuilding;
+    shell->bExitApp_Click();
+    EXPECT_EQ(view.topInfo, "Please wait for the database to finish.");
+    EXPECT_EQ(exits, 0);
+    state.DBState = DBStateValue::OnLine;
+    shell->bExitApp_Click();
+    EXPECT_EQ(exits, 1);
+}
+
+TEST_F(SettingsShellTest, TheCatalogueButtonsAskBeforeTheyAct) {
+    LaterRun();
+    const std::string media = app.MakeFolder("other");
+    dialogs.folders = {media, media};
+    dialogs.answers = {true};
+    shell->btnmediadir_Click();
+    EXPECT_EQ(dialogs.shown.back(), "Update the media database now?\nThis may take a few minutes");
+    updates.Supervise();
+    EXPECT_EQ(scans, 0) << "without a template there is no catalogue";
+    MakeEmptyCatalogue(app.File(EmptyCatalogueName));
+    dialogs.answers = {true, true, true};
+    shell->bDBForceUpdate_Click();
+    updates.Supervise();
+    EXPECT_EQ(scans, 1);
+    state.DBState = DBStateValue::Rebuilding;
+    for (const auto click : {&SettingsShell::bDeleteDB_Click, &SettingsShell::btnmediadir_Click})
+        (shell.get()->*click)();
+    EXPECT_EQ(view.topInfo, "Please wait for the database to finish.");
+    shell->bDBForceUpdate_Click();
+    updates.Supervise();
+    EXPECT_EQ(stops, 1);
+    updates.Events().StatusChanged(DBStateValue::OnLine);
+    shell->bDeleteDB_Click();
+    EXPECT_EQ(shell->DBStatusText(), "Initialized");
+    shell->chkDBManualUpdate_Click();
+    EXPECT_TRUE(dialogs.shown.back().ends_with("--- YOU WERE WARNED ---"));
+    EXPECT_EQ(settings.Read("main", "manualdb"), "true");
+    EXPECT_TRUE(settings.values.manualdb);
+}
+
+} // namespace
+} // namespace vk

@@ -1,0 +1,139 @@
+// Start-up wired on fakes, with screens that only tell what was called.
+#pragma once
+
+#include "core/file_registry.h"
+#include "core/version.h"
+#include "library/catalogue/updates.h"
+#include "startup/astart.h"
+#include "tests/sim/recording_player.h"
+#include "tests/support/core_fixture.h"
+#include "tests/support/recording_screen.h"
+
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace vk::test {
+
+class ToldLoading : public LoadingScreen {
+  public:
+    explicit ToldLoading(std::vector<std::string>& calls) : told(calls) {}
+    void Load() override { told.push_back("loading.Load"); }
+    void InitProgress(int from, int to) override {
+        told.push_back("loading.Init " + std::to_string(from) + " " + std::to_string(to));
+    }
+    void SetProgress(int value) override { progress = value; }
+    void SetProgressToMax() override { told.push_back("loading.Max"); }
+    void ClearScreen() override { told.push_back("loading.Clear"); }
+    void ReBlit() override {}
+    std::vector<std::string>& told;
+    int progress = 0;
+};
+
+class FakeProcesses : public Processes {
+  public:
+    long OwnId() const override { return 1; }
+    long AgeMs() const override { return 0; }
+    bool ProcessRunning(const std::string& name, long ownId) const override {
+        return running && name == "velkorandum.exe" && ownId == 1;
+    }
+    bool running = false;
+};
+
+struct StartFixture : CoreFixture {
+    StartFixture() {
+        app.MakeFolder("skins");
+        app.Write("skins/Torque.skn", "[Colors]\n");
+        app.Write("DB_UPDATE", "");
+        registry.SetStringValue(Hive::ClassesRoot, "DB_UPDATE.clsDB", "", app.File("DB_UPDATE"));
+        loader.velkorandum = [this] { MakeScreen("velkorandum"); };
+        loader.playlists = [this] { MakeScreen("playlists"); };
+        loader.playmp3 = [this] { MakeScreen("playmp3"); };
+        loader.settings = [this] { MakeScreen("settings"); };
+        loader.unloadSettings = [this] { screens.Remove("settings"); };
+        loader.unloadScreens = [this] { told.push_back("unload screens"); };
+        report.unloadAll = [this] { ++ended; };
+    }
+
+    std::unique_ptr<astart> Make() {
+        return std::make_unique<astart>(
+            astart::Needs{.state = state,
+                          .settings = settings,
+                          .log = log,
+                          .report = report,
+                          .dialogs = dialogs,
+                          .clock = clock,
+                          .locale = locale,
+                          .volumes = volumes,
+                          .processes = processes,
+                          .registry = registry,
+                          .window = window,
+                          .player = player,
+                          .screens = screens,
+                          .loading = loading,
+                          .skin = skin,
+                          .keys = keys,
+                          .remoteKeys = remoteKeys,
+                          .extensions = extensions,
+                          .loader = loader,
+                          .metrics = [this] { return metrics; },
+                          .environment = [](const std::string&) { return std::string(); },
+                          .unloadAll = [this] { ++ended; },
+                          .initRemote = {},
+                          .clearRemote = {},
+                          .closeRemote = [this] { told.push_back("close remote"); },
+                          .remoteLearnText = [] { return std::string("171"); },
+                          .destinatorInstalled = {},
+                          .catalogue = {[this](const std::string& program) {
+                                            told.push_back("server " + program);
+                                            state.DBState = DBStateValue::Offline;
+                                        },
+                                        [this] { updates.Open(); }, [this] { updates.Supervise(); },
+                                        [this] { told.push_back("server released"); }}});
+    }
+    /// An application directory that has been through its first run.
+    void SetUpApp() {
+        const std::string media = app.MakeFolder("media");
+        app.Write("settings.ini", "[main]\nVersion=" + std::string(Version) +
+                                      "\nSetup=true\nMediaDir=" + media +
+                                      "\nPlaylistDir=" + app.MakeFolder("media/lists") +
+                                      "\nTime1=8:00:00 AM\nTime2=9:00:00 PM\n");
+    }
+    /// Makes a screen that tells its calls; its ReShow brings it to the front.
+    void MakeScreen(const std::string& name) {
+        made[name].onCall = [this, name](const std::string& call) {
+            told.push_back(name + "." + call);
+            if (call == "ReShow") screens.CurrentForm = name;
+            if (call == "doquit" && leadsTo.contains(name)) screens.CurrentForm = leadsTo[name];
+        };
+        screens.Add(name, made[name]);
+        told.push_back("load " + name);
+    }
+    bool Told(const std::string& what) const {
+        return std::find(told.begin(), told.end(), what) != told.end();
+    }
+
+    std::vector<std::string> told;
+    std::map<std::string, RecordingScreen> made;
+    std::map<std::string, std::string> leadsTo; ///< the screen in front after a doquit
+    ToldLoading loading{told};
+    FakeProcesses processes;
+    FileRegistry registry{app.File("registry.ini")};
+    RecordingPlayer player;
+    ScreenMetrics metrics{800, 480, 96, 96};
+    SkinStore skin{{state, settings, fonts, dialogs, report, [this] { return metrics.width; }}};
+    KeyMap keys;
+    RemoteMap remoteKeys;
+    MediaExtensions extensions;
+    ScreenLoader loader;
+    int ended = 0;
+
+    ID3 reader{{log, dialogs}, state.DecimalSymbol};
+    modDB db{{state, extensions, settings, report, reader}};
+    int scans = 0, stops = 0;
+    CatalogueUpdates updates{{state, settings, screens, report, db,
+                              [this](const ScanRequest&) { ++scans; }, [this] { ++stops; }}};
+};
+
+} // namespace vk::test

@@ -1,0 +1,224 @@
+#include "tests/startup/start_fixture.h"
+
+#include <gmock/gmock.h>
+
+#include <array>
+
+namespace vk {
+namespace {
+
+using testing::Contains;
+
+struct StartupTest : testing::Test, test::StartFixture {
+    /// Starts with one key of a set-up directory changed.
+    StartOutcome StartWith(const std::string& key, const std::string& value) {
+        SetUpApp();
+        settings.Write("main", key, value);
+        return Make()->Form_Load();
+    }
+    void ExpectEnds(const std::string& message) {
+        dialogs.shown = {""};
+        EXPECT_EQ(Make()->Form_Load(), StartOutcome::Ended) << message;
+        EXPECT_EQ(dialogs.shown.at(dialogs.shown.size() > 1), message);
+    }
+};
+
+TEST_F(StartupTest, ANewDirectoryGetsItsFilesAndTheFirstRun) {
+    player.running = false;
+    EXPECT_EQ(Make()->Form_Load(), StartOutcome::FirstRun);
+    for (const char* name : {"settings.ini", "kb.ini", "winamp.ini", "debug.log"})
+        EXPECT_TRUE(FileExists(app.File(name))) << name;
+    EXPECT_TRUE(dialogs.shown.empty());
+    EXPECT_TRUE(Told("settings.ReShow"));
+    EXPECT_EQ(settings.Read("Temp", "PWR"), "0");
+    EXPECT_EQ(ini.ReadText(app.File("winamp.ini"), "winamp", "repeat"), "1");
+    EXPECT_EQ(ini.ReadText(app.File("winamp.ini"), "winamp", "mw_open"), "0");
+    EXPECT_EQ(player.started.size(), 1u);
+    EXPECT_EQ(state.DecimalSymbol, ".");
+}
+
+TEST_F(StartupTest, ASetUpDirectoryLeadsToTheMenuInOrder) {
+    SetUpApp();
+    const auto start = Make();
+    EXPECT_EQ(start->Form_Load(), StartOutcome::Running);
+    const std::vector<std::string> expected = {
+        "loading.Load",     "loading.Init 0 13", "server " + app.File("DB_UPDATE"),
+        "load velkorandum", "load playlists",    "load playmp3",
+        "loading.Max",      "loading.Clear",     "velkorandum.ReShow"};
+    EXPECT_EQ(told, expected);
+    EXPECT_EQ(start->BootStepCount, 12) << "the bar stops short when the player is there already";
+    EXPECT_EQ(state.CurrentSkinFile, "Torque.skn");
+    EXPECT_EQ(settings.Read("main", "ListSpacing"), "3") << "empty keys are filled";
+    EXPECT_EQ(settings.Read("audio_player", "AudioExtensions"),
+              "MP3:MP2:MP1:CDA:WAV:VOC:AU:SND:AIF:AIFF");
+    EXPECT_EQ(extensions.AudioExtensionList.front(), "MP3");
+    ASSERT_FALSE(player.sent.empty());
+    EXPECT_EQ(player.sent.front(), test::RecordingPlayer::Command(40001))
+        << "an old player is closed before its settings are touched";
+}
+
+TEST_F(StartupTest, EachUnusableSettingHasItsWordsAndEndsTheStart) {
+    using Case = std::array<const char*, 3>;
+    for (const auto& [key, value, message] :
+         {Case{"version", "0",
+               "To avoid this issue, you should run RESET.bat from the Velkorandum directory, then "
+               "re-launch."},
+          Case{"MediaDir", "/no/such",
+               "Your media folder appears to be missing.\nPlease recreate your media folder."},
+          Case{"PlaylistDir", "/no/such",
+               "Your playlists folder appears to be missing.  &vbcrlf & Please recreate the "
+               "folder."},
+          Case{"PlaylistDir", "/",
+               "You must use a playlists directory WITHIN your Media Directory."},
+          Case{"CurrentSkin", "Gone.skn", "Missing .skn file.  Default skin will be used."},
+          Case{"Time1", "dawn",
+               "Your time must be formatted to this format 'HH:MM:SS AM' in order for this "
+               "application to function.\nChange your clock settings, then run Reset.bat"}}) {
+        dialogs.answers = {false};
+        EXPECT_EQ(StartWith(key, value), StartOutcome::Ended) << key;
+        EXPECT_THAT(dialogs.shown, Contains(message));
+    }
+    EXPECT_EQ(settings.Read("main", "CurrentNTSkin"), "Torque.skn");
+}
+
+TEST_F(StartupTest, ASecondInstanceAndAMissingSkinFolderEndBeforeAnyFileIsMade) {
+    processes.running = true;
+    ExpectEnds("Velkorandum is already running, or has not finished closing out from a previous "
+               "instance.");
+    processes.running = false;
+    std::filesystem::remove_all(app.File("skins"));
+    ended = 0;
+    ExpectEnds("Cannot find skin directory\n" + app.File("skins") + " does not exist");
+    EXPECT_FALSE(FileExists(settings.SettingsFile()));
+    EXPECT_EQ(ended, 1);
+}
+
+TEST_F(StartupTest, RevertDeletesTheGeneratedFilesOnly) {
+    SetUpApp();
+    const std::string song = app.Write("media/song.mp3", "x");
+    app.Write("keys.ini", "");
+    settings.Write("main", "MediaDir", "/no/such");
+    dialogs.answers = {true};
+    const auto start = Make();
+    EXPECT_EQ(start->Form_Load(), StartOutcome::Ended);
+    start->Form_Unload();
+    EXPECT_EQ(dialogs.shown.back(), "Velkorandum will now exit.");
+    for (const char* name : {"settings.ini", "kb.ini", "keys.ini", "debug.log"})
+        EXPECT_FALSE(FileExists(app.File(name))) << name;
+    EXPECT_TRUE(FileExists(song));
+}
+
+TEST_F(StartupTest, AnotherVersionIsTakenOverOnRequest) {
+    EXPECT_EQ(StartWith("version", "0.0.1"), StartOutcome::Running);
+    EXPECT_EQ(settings.Read("main", "version"), Version);
+    EXPECT_THAT(dialogs.shown, Contains("If you have trouble, you should run RESET.bat from the "
+                                        "Velkorandum directory, then re-launch."));
+}
+
+TEST_F(StartupTest, AnUnregisteredServerIsRegisteredAndOneThatIsGoneReported) {
+    SetUpApp();
+    DeleteFileAt(app.File("registry.ini"));
+    ExpectEnds("DB_UPDATE.exe registered!  Restart the application");
+    EXPECT_EQ(player.ran.at(0), app.File("DB_UPDATE") + " ");
+    player.canStart = false;
+    ExpectEnds("An activeX EXE is not correctly registered.");
+    EXPECT_EQ(settings.Read("Temp", "PWR"), "") << "stopped at once";
+    player.canStart = true;
+    DeleteFileAt(app.File("DB_UPDATE"));
+    registry.SetStringValue(Hive::ClassesRoot, "DB_UPDATE.clsDB", "", app.File("DB_UPDATE"));
+    EXPECT_EQ(Make()->Form_Load(), StartOutcome::Ended);
+    EXPECT_THAT(dialogs.shown, Contains("Could not reference DB_UPDATE.exe"));
+    EXPECT_TRUE(Logged("Not Registered :  Error number 0"));
+}
+
+TEST_F(StartupTest, OpticalDrives) {
+    struct Case {
+        const char* stored;
+        std::vector<Drive> drives;
+        const char *chosen, *written;
+    };
+    const Drive sr0{"/dev/sr0", DriveType::CdRom}, sr1{"/dev/sr1", DriveType::CdRom};
+    const Drive stick{"/stick", DriveType::Removable};
+    const Case cases[] = {{"/dev/sr1", {}, "NONE", "/dev/sr1"},
+                          {"/dev/sr1", {sr0, sr1}, "/dev/sr1", "/dev/sr1"},
+                          {"/dev/sr9", {stick, sr0}, "/dev/sr0", "/dev/sr0"},
+                          {"NONE", {sr0}, "/dev/sr0", "/dev/sr0"}};
+    for (const Case& c : cases) {
+        state = AppState();
+        volumes.drives = c.drives;
+        EXPECT_EQ(StartWith("CDDriveLetter", c.stored), StartOutcome::Running);
+        EXPECT_EQ(settings.values.CDDriveLetter, c.chosen);
+        EXPECT_EQ(settings.Read("main", "CDDriveLetter"), c.written);
+    }
+}
+
+TEST_F(StartupTest, Resolutions) {
+    const auto start = Make();
+    const std::pair<int, int> sizes[] = {{800, 480}, {640, 480},  {720, 400}, {800, 400},
+                                         {800, 600}, {1024, 768}, {0, 0}};
+    for (int size : {0, 1, 2, 3, 4, 5, 9, 6}) { // 9 leaves what was set
+        settings.Write("main", "AppSize", std::to_string(size));
+        start->GetResolutions();
+        const auto [width, height] = sizes[size == 9 ? 5 : size];
+        EXPECT_EQ(state.ScreenWidth, width) << size;
+        EXPECT_EQ(state.ScreenHeightTwips, height * 15) << size;
+    }
+}
+
+TEST_F(StartupTest, TheDaySkinIsChosenStrictly) {
+    struct Case {
+        int hour, minute;
+        const char* skin;
+    };
+    app.Write("skins/Night.skn", "[Colors]\n");
+    for (const Case& c :
+         {Case{8, 0, "Night.skn"}, Case{8, 1, "Torque.skn"}, Case{20, 59, "Torque.skn"},
+          Case{21, 0, "Night.skn"}, Case{3, 0, "Night.skn"}}) {
+        clock.SetNow({2026, 11, 21, c.hour, c.minute, 0, 0, 6});
+        StartWith("CurrentNTSkin", "Night.skn");
+        EXPECT_EQ(state.CurrentSkinFile, c.skin) << c.hour << ":" << c.minute;
+    }
+}
+
+TEST_F(StartupTest, ALostPlayerIsBroughtBackAndTheMenuIsInFront) {
+    SetUpApp();
+    const auto start = Make();
+    start->Form_Load();
+    state.WinampWatched = true;
+    leadsTo = {{"playlists", "playmp3"}, {"playmp3", "velkorandum"}};
+    screens.CurrentForm = "playlists";
+    player.running = false;
+    clock.Advance(400);
+    EXPECT_TRUE(Logged("Winamp was restarted"));
+    EXPECT_EQ(screens.CurrentForm, "velkorandum");
+    clock.Advance(4000);
+    EXPECT_EQ(player.started.size(), 1u);
+    leadsTo.clear();
+    told.clear();
+    screens.CurrentForm = "playlists";
+    player.running = false;
+    clock.Advance(400);
+    EXPECT_EQ(std::ranges::count(told, "playlists.doquit"), 1) << "a screen that stays has asked";
+}
+
+TEST_F(StartupTest, ASystemShutdownSavesTheScreenInFront) {
+    SetUpApp();
+    settings.Write("remote", "status", "true");
+    const auto start = Make();
+    EXPECT_EQ(start->Form_Load(), StartOutcome::Running);
+    EXPECT_TRUE(Logged("Error Starting the Remote")) << "but it never stops the start";
+    screens.CurrentForm = "playmp3";
+    start->Form_QueryUnload(true);
+    EXPECT_TRUE(Told("playmp3.doquit"));
+    EXPECT_TRUE(Logged("shutdown initiated by administrative request - os shutdown"));
+    start->Form_QueryUnload(false);
+    EXPECT_TRUE(Logged("Velkorandum terminated cleanly by user"));
+    start->Form_Unload();
+    EXPECT_EQ(settings.Read("remote", "learn"), "171");
+    EXPECT_TRUE(Told("close remote") && Told("server released"));
+    start->RefClass();
+    EXPECT_EQ(told.back(), "server " + app.File("DB_UPDATE"));
+}
+
+} // namespace
+} // namespace vk
