@@ -107,6 +107,8 @@ class Application {
     Ini ini_{state_.DecimalSymbol, report_};
     SettingsStore settings_;
     Screens screens_;
+    Pump pump_{clock_};
+    Commands commands_{pump_, screens_, clock_};
     NewScreen newScreen_{screens_, clock_};
     TouchFilter touches_{newScreen_};
     SkinStore skin_;
@@ -129,7 +131,7 @@ class Application {
 
     // Screens.
     PictureCache pictures_{skin_};
-    ControlContext controls_{state_, settings_.values, skin_, pictures_, clock_};
+    ControlContext controls_{state_, settings_.values, skin_, pictures_, clock_, pump_, commands_};
     BlackBackground background_{screens_, skin_, &host_};
     ScreenLoader loader_{MakeLoader()};
     astart start_{StartNeeds()};

@@ -13,31 +13,44 @@ namespace vk {
 
 class InputCode;
 
-/// What every screen offers.
+/// What the logic of every screen offers: the same operations everywhere, whether a key, a remote
+/// or another screen asks for them. The main menu names its sideways moves `MoveLeft` and
+/// `MoveRight`.
 template<class T>
-concept Screen = requires(T screen, const std::string& keyCode, const InputCode& code) {
-    screen.runok();
-    screen.MoveUp();
-    screen.MoveDown();
-    screen.MoveBack();
-    screen.MoveAhead();
-    screen.VolUp();
-    screen.VolDown();
-    screen.doquit();
-    screen.ReShow();
-    screen.DoLayout();
-    screen.switchingform();
-    screen.Hide();
-    { screen.Form_KeyDown(keyCode) } -> std::convertible_to<bool>;
-    { screen.DoAction(code) } -> std::convertible_to<bool>;
+concept ScreenLogic = requires(T logic, const std::string& keyCode, const InputCode& code) {
+    logic.runok();
+    logic.MoveUp();
+    logic.MoveDown();
+    logic.VolUp();
+    logic.VolDown();
+    logic.doquit();
+    logic.ReShow();
+    logic.switchingform();
+    { logic.Form_KeyDown(keyCode) } -> std::convertible_to<bool>;
+    { logic.DoAction(code) } -> std::convertible_to<bool>;
+}
+&&(
+    requires(T logic) {
+        logic.MoveBack();
+        logic.MoveAhead();
+    } ||
+    requires(T logic) {
+        logic.MoveLeft();
+        logic.MoveRight();
+    });
+
+/// What its window offers.
+template<class T>
+concept ScreenWindow = requires(T window) {
+    window.DoLayout();
+    window.Hide();
 };
 
-/// The operations of one screen. `Form_KeyDown` takes the decimal text of a Windows virtual-key
-/// code, with "%" in front while Alt is held, and tells whether the key was used; `DoAction` takes
-/// what a map gives a meaning, as the remote's.
+/// What others do with a screen that they know by its name alone. `Form_KeyDown` takes the decimal
+/// text of a Windows virtual-key code, with "%" in front while Alt is held, and tells whether the
+/// key was used; `DoAction` takes what a map gives a meaning, as the remote's.
 struct ScreenOperations {
-    std::function<void()> runok, MoveUp, MoveDown, MoveBack, MoveAhead, VolUp, VolDown, doquit,
-        ReShow, DoLayout, switchingform, Hide;
+    std::function<void()> VolUp, VolDown, doquit, ReShow, DoLayout, switchingform, Hide;
     std::function<bool(const std::string&)> Form_KeyDown;
     std::function<bool(const InputCode&)> DoAction;
     /// Offered by players alone, empty on other screens: enters with what the browser has set or
@@ -76,34 +89,33 @@ class Screens {
   public:
     FrontName CurrentForm;
 
-    /// Registers a loaded screen; it must outlive this object or be removed.
-    template<Screen T> void Add(const std::string& name, T& screen) {
+    /// Registers a loaded screen, its logic and its window; both outlive this object or are
+    /// removed.
+    template<ScreenLogic Logic, ScreenWindow Window>
+    void Add(const std::string& name, Logic& logic, Window& window) {
         ScreenOperations operations = {
-            [&screen] { screen.runok(); },
-            [&screen] { screen.MoveUp(); },
-            [&screen] { screen.MoveDown(); },
-            [&screen] { screen.MoveBack(); },
-            [&screen] { screen.MoveAhead(); },
-            [&screen] { screen.VolUp(); },
-            [&screen] { screen.VolDown(); },
-            [&screen] { screen.doquit(); },
-            [&screen] { screen.ReShow(); },
-            [&screen] { screen.DoLayout(); },
-            [&screen] { screen.switchingform(); },
-            [&screen] { screen.Hide(); },
-            [&screen](const std::string& code) { return screen.Form_KeyDown(code); },
-            [&screen](const InputCode& code) { return screen.DoAction(code); },
+            [&logic] { logic.VolUp(); },
+            [&logic] { logic.VolDown(); },
+            [&logic] { logic.doquit(); },
+            [&logic] { logic.ReShow(); },
+            [&window] { window.DoLayout(); },
+            [&logic] { logic.switchingform(); },
+            [&window] { window.Hide(); },
+            [&logic](const std::string& code) { return logic.Form_KeyDown(code); },
+            [&logic](const InputCode& code) { return logic.DoAction(code); },
             {},
             {},
             {}};
-        if constexpr (requires { screen.ReDisplay(); })
-            operations.ReDisplay = [&screen] { screen.ReDisplay(); };
-        if constexpr (requires { screen.DoPause(); })
-            operations.DoPause = [&screen] { screen.DoPause(); };
-        if constexpr (requires(const InputCode& key) { screen.Repeats(key); })
-            operations.Repeats = [&screen](const InputCode& key) { return screen.Repeats(key); };
+        if constexpr (requires { logic.ReDisplay(); })
+            operations.ReDisplay = [&logic] { logic.ReDisplay(); };
+        if constexpr (requires { logic.DoPause(); })
+            operations.DoPause = [&logic] { logic.DoPause(); };
+        if constexpr (requires(const InputCode& key) { logic.Repeats(key); })
+            operations.Repeats = [&logic](const InputCode& key) { return logic.Repeats(key); };
         screens_[name] = std::move(operations);
     }
+    /// The same for one that is both.
+    template<class T> void Add(const std::string& name, T& screen) { Add(name, screen, screen); }
     void Remove(const std::string& name) { screens_.erase(name); }
 
     /// The named screen's operations, null when it is not loaded.

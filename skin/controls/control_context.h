@@ -2,6 +2,8 @@
 #pragma once
 
 #include "core/app_state.h"
+#include "core/commands.h"
+#include "core/pump.h"
 #include "core/settings.h"
 #include "platform/clock.h"
 #include "skin/controls/picture_cache.h"
@@ -16,6 +18,8 @@ struct ControlContext {
     const SkinStore& skin;
     PictureCache& pictures;
     Clock& clock;
+    Pump& pump;
+    Commands& commands; ///< what a touch asks for is run through it
 };
 
 } // namespace vk

@@ -35,7 +35,7 @@ struct LearningPagesTest : testing::Test, test::StartFixture {
     }
     PictureCache pictures{skin};
     QWidget host;
-    ControlContext context{state, settings.values, skin, pictures, clock};
+    ControlContext context{state, settings.values, skin, pictures, clock, pump, commands};
     SilentBeeper beeper;
     RemoteMap codes, read;
     settingsKeyboard keyboard{

@@ -52,7 +52,9 @@ class PlaylistsScreen : public testing::Test {
                            tags,          extensions, keys};
         needs.HasTuner = [](std::int32_t) { return true; };
         screen = std::make_unique<playlists>(
-            playlists::Needs{{core.state, core.settings.values, skin, pictures, core.clock}, needs},
+            playlists::Needs{{core.state, core.settings.values, skin, pictures, core.clock,
+                              core.pump, core.commands},
+                             needs},
             &host);
         core.screens.Add(BrowserName, *screen);
         host.show();

@@ -13,7 +13,7 @@ namespace vk::test {
 struct Playmp3Test : testing::Test, AudioFixture {
     SkinStore skin{{state, settings, fonts, dialogs, report, [] { return 800; }}};
     PictureCache pictures{skin};
-    ControlContext context{state, settings.values, skin, pictures, clock};
+    ControlContext context{state, settings.values, skin, pictures, clock, pump, commands};
     QWidget host;
     std::unique_ptr<playmp3> screen;
 

@@ -14,7 +14,7 @@ struct SettingsScreenTest : testing::Test, test::StartFixture {
         start->Form_Load();
         host.resize(800, 480);
         screen = std::make_unique<vk::settings>(
-            ControlContext{state, settings.values, skin, pictures, clock},
+            ControlContext{state, settings.values, skin, pictures, clock, pump, commands},
             SettingsShell::Needs{
                 state, settings, report, dialogs, clock, locale, screens, window, loading, skin,
                 keys, remoteKeys, extensions, [this] { start->FinishExecution(); },

@@ -26,7 +26,8 @@ struct MenuScreenTest : testing::Test, test::MenuFixture {
         skin.LoadSkin();
         host.resize(width, height);
         menu = std::make_unique<velkorandum>(
-            ControlContext{state, settings.values, skin, pictures, clock}, MenuNeeds(), &host);
+            ControlContext{state, settings.values, skin, pictures, clock, pump, commands},
+            MenuNeeds(), &host);
         host.show();
         menu->ReShow();
         QCoreApplication::processEvents();

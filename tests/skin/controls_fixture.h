@@ -61,7 +61,7 @@ struct ControlsFixture : CoreFixture {
 
     SkinStore skin{{state, settings, fonts, dialogs, report, [] { return 800; }}};
     PictureCache pictures{skin};
-    ControlContext context{state, settings.values, skin, pictures, clock};
+    ControlContext context{state, settings.values, skin, pictures, clock, pump, commands};
     QWidget host;
 };
 
