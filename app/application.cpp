@@ -45,7 +45,7 @@ Application::Application(const std::string& appDir)
 InputRouter::Needs Application::RouterNeeds() {
     return {.screens = screens_,
             .newScreen = newScreen_,
-            .clock = clock_,
+            .commands = commands_,
             .keys = keys_,
             .remoteKeys = remoteKeys_,
             .dialog = [this](const InputCode& code,
@@ -293,6 +293,8 @@ BrowserNeeds Application::BrowserScreenNeeds() {
             .video = video_,
             .screens = screens_,
             .clock = clock_,
+            .pump = pump_,
+            .commands = commands_,
             .volumes = volumes_,
             .locale = locale_,
             .report = report_,

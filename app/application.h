@@ -85,6 +85,7 @@ class Application {
 
     // Ports.
     QtClock clock_;
+    Pump pump_{clock_};
     QtUiThread uiThread_;
     QtLocaleInfo locale_;
     QtFonts fonts_;
@@ -94,7 +95,7 @@ class Application {
     FileRegistry registry_{UserRegistryFile()};
     HostWindow host_;
     QtWindowLayer window_{host_};
-    SkinDialogs dialogs_{&host_, volumes_, clock_};
+    SkinDialogs dialogs_{&host_, volumes_, clock_, pump_};
     AlsaMixer mixer_{{.onChange = [this](bool present) { SoundCardChanged(present); },
                       .log = [this](const std::string& text) { LogSoundCard(text); }}};
     AlsaInput soundInput_;
@@ -107,7 +108,6 @@ class Application {
     Ini ini_{state_.DecimalSymbol, report_};
     SettingsStore settings_;
     Screens screens_;
-    Pump pump_{clock_};
     Commands commands_{pump_, screens_, clock_};
     NewScreen newScreen_{screens_, clock_};
     TouchFilter touches_{newScreen_};

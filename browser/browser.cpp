@@ -22,33 +22,18 @@ Browser::Browser(BrowserNeeds needs, BrowserModels models, BrowserView& view)
     keyboard_.onEscape = [this] { CloseKeyboard(); };
 }
 
-// One operation at a time: events run inside it. A wish to leave that came meanwhile is served
-// after it.
-void Browser::Run(const std::string& name, const std::function<void()>& operation) {
-    if (running_) return;
-    running_ = true;
+void Browser::Run(const char* name, const std::function<void()>& operation) {
+    const ListDesk::Operation present(desk_, name);
     noticeSeconds_ = 0;
-    TrapAndLog(needs_.report, "An error occured in playlists." + name + " ", operation);
-    running_ = false;
-    needs_.app.ListBusy = false;
+    TrapAndLog(needs_.report, std::string("An error occured in playlists.") + name + " ",
+               operation);
     if (const std::string notice = desk_.TakeNotice(); !notice.empty()) ShowNotice(notice);
     CloseLoading();
-    desk_.TakeAborted();
-    const std::function<void()> next = std::exchange(enterNext_, {});
-    const auto wanted = std::exchange(afterAbort_, nullptr);
-    if (wanted && !desk_.Building() && needs_.screens.CurrentForm == BrowserName)
-        return (this->*wanted)();
-    if (next) TrapAndLog(needs_.report, "An error occured in playlists." + name + " ", next);
 }
 
-// An operation that runs is ended early, then `next` follows (null: nothing). True when one runs; a
-// keyboard on its way is waited for.
-bool Browser::EndsRunning(void (Browser::*next)()) {
-    if (running_ && !sliding_) {
-        desk_.Abort();
-        if (next) afterAbort_ = next;
-    }
-    return running_ || sliding_;
+// Among the lists that are built from, what ended the reading of one has done enough.
+bool Browser::OnlyEnds() const {
+    return needs_.commands.Following() && desk_.Building();
 }
 
 void Browser::ReShow() {
@@ -122,7 +107,7 @@ void Browser::FallBack() {
 }
 
 void Browser::MoveList(void (ListModel::*move)()) {
-    if (needs_.app.ListBusy || KeyboardShown) return;
+    if (KeyboardShown) return;
     ((RightListFocus ? rightList_ : list_).*move)();
     RightListFocus ? view_.ReDrawRightList() : view_.ReDrawList();
 }
@@ -146,7 +131,7 @@ void Browser::PgDn() {
 }
 
 void Browser::MoveBack() {
-    if (EndsRunning(nullptr) || needs_.app.ListBusy) return;
+    if (needs_.commands.Following()) return;
     if (KeyboardShown) return keyboard_.MoveLeft();
     if (RightListFocus) return ToggleListFocus();
     Run("MoveBack", [&] {
@@ -165,7 +150,6 @@ void Browser::MoveBack() {
 }
 
 void Browser::MoveAhead() {
-    if (needs_.app.ListBusy) return;
     if (KeyboardShown) return keyboard_.MoveRight();
     if (desk_.Building()) return ToggleListFocus();
     if (list_.GetSelectedSongNum() == 0 && desk_.rows.HasBack()) return;
@@ -189,20 +173,19 @@ void Browser::VolDown() {
     if (player) ShowChangeOfVolume(player->VolDown);
 }
 
-// Not over what is said of a list that is on its way.
 void Browser::ShowChangeOfVolume(const std::function<void()>& change) {
     const AppState& app = needs_.app;
     const auto before = std::pair(app.VolumePercent, app.bMuted);
     change();
     if (before == std::pair(app.VolumePercent, app.bMuted)) return;
-    if (running_ || needs_.screens.CurrentForm != BrowserName) return;
+    if (needs_.screens.CurrentForm != BrowserName) return;
     ShowNotice("Volume : " + (app.bMuted ? "Muted" : std::to_string(app.VolumePercent) + "%"));
 }
 
 void Browser::doquit() {
     CloseToolFrame();
     if (needs_.screens.CurrentForm != BrowserName) return;
-    if (EndsRunning(&Browser::Leave)) return;
+    if (OnlyEnds()) return;
     if (KeyboardShown)
         keyboard_.KeyClick(KeyboardModel::EscKey);
     else if (desk_.Building())
@@ -220,7 +203,7 @@ void Browser::Leave() {
 }
 
 void Browser::Swap() {
-    if (needs_.app.ListBusy || needs_.audio.PlayMode == PlayNone) return;
+    if (needs_.audio.PlayMode == PlayNone) return;
     if (!desk_.Building() && !KeyboardShown) needs_.state.FromPlayer = true;
     doquit();
 }
@@ -258,11 +241,13 @@ void Browser::ShowState() {
 void Browser::FollowCatalogue() {
     const bool top = needs_.state.ListMode != ListApplications && !desk_.rows.HasBack() &&
                      !desk_.PlaylistView && !desk_.XMView;
-    if (!top || KeyboardShown || needs_.app.ListBusy || noticeSeconds_ > 0) return;
-    Run("Timer2", [&] {
-        const std::string selected = list_.GetSelectedFileName();
-        Populate();
-        SelectMatch(selected);
+    if (!top || KeyboardShown || noticeSeconds_ > 0) return;
+    needs_.commands.Run([this] {
+        Run("Timer2", [&] {
+            const std::string selected = list_.GetSelectedFileName();
+            Populate();
+            SelectMatch(selected);
+        });
     });
 }
 

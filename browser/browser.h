@@ -37,9 +37,10 @@ struct BrowserModels {
     KeyboardModel& keyboard;
 };
 
-/// The operations. All but those that end a build (`doquit`, `MoveBack`, `GoHome`) are ignored
-/// while a list is being built; a failure in one is logged and the screen goes on. `models` and
-/// `view` outlive it. While the keyboard is shown it has the arrows, "OK" and Escape.
+/// The operations, one at a time: whoever asks for one does so through `Commands`. Events run while
+/// a list is being built; then `doquit` and `GoHome` end the build and follow it, `MoveBack` only
+/// ends it. A failure in one is logged and the screen goes on. `models` and `view` outlive it.
+/// While the keyboard is shown it has the arrows, "OK" and Escape.
 class Browser {
   public:
     Browser(BrowserNeeds needs, BrowserModels models, BrowserView& view);
@@ -62,7 +63,7 @@ class Browser {
     void MoveAhead();
     void VolUp();
     void VolDown();
-    /// Back to where the browser was entered from. While a list is built, ends the build first.
+    /// Back to where the browser was entered from.
     void doquit();
     /// To the text searches of the catalogue, from wherever the user is.
     void JumpToSearch();
@@ -119,8 +120,8 @@ class Browser {
     using TextHandler = void (Browser::*)(const std::string& text);
 
     // browser.cpp
-    void Run(const std::string& name, const std::function<void()>& operation);
-    bool EndsRunning(void (Browser::*next)());
+    void Run(const char* name, const std::function<void()>& operation);
+    bool OnlyEnds() const;
     void EnterMode();
     void Populate();
     void PopulateAnew();
@@ -185,6 +186,7 @@ class Browser {
     void FallBackWithoutDisc();
     void EnterPlayer();
     void EnterMoviePlayer();
+    void Enter(const std::function<void()>& show);
     // resume.cpp
     void ResumeSaved();
     // restore.cpp
@@ -206,15 +208,8 @@ class Browser {
     ListEditor editor_;
     std::unique_ptr<Timer> Timer2; ///< clock label, state of the player
     std::unique_ptr<Timer> Timer4; ///< takes notices away
-    bool running_ = false;
-    /// The switch to another screen that ends the present operation: made after it, as that screen
-    /// may come back here before its entry returns.
-    std::function<void()> enterNext_;
     bool toolFrameOpen_ = false;
-    /// What follows the present operation, which was ended early; null: nothing.
-    void (Browser::*afterAbort_)() = nullptr;
     bool catalogueShown_ = false; ///< the catalogue was on line when the list was built
-    bool sliding_ = false;        ///< the drawn keyboard is on its way up or down
     int noticeSeconds_ = 0;       ///< left for the notice over the list; 0: none
     bool KeyboardShown = false;
     KeyboardPurposeValue KeyboardPurpose = KeyboardPurposeValue::SearchArtist;

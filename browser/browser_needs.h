@@ -2,7 +2,9 @@
 #pragma once
 
 #include "core/app_state.h"
+#include "core/commands.h"
 #include "core/error_report.h"
+#include "core/pump.h"
 #include "core/screens.h"
 #include "core/settings.h"
 #include "input/key_map.h"
@@ -30,6 +32,8 @@ struct BrowserNeeds {
     VideoState& video;
     Screens& screens;
     Clock& clock;
+    Pump& pump;
+    Commands& commands;
     Volumes& volumes;
     const LocaleInfo& locale;
     ErrorReport& report;

@@ -9,7 +9,6 @@ namespace vk {
 namespace {
 
 constexpr int TitleMs = 800;
-constexpr int WaitStepMs = 20;
 
 } // namespace
 
@@ -52,7 +51,7 @@ void Browser::FocusRight(bool right) {
 }
 
 void Browser::ToggleListFocus() {
-    if (needs_.app.ListBusy || KeyboardShown || !desk_.Building()) return;
+    if (KeyboardShown || !desk_.Building()) return;
     if (!RightListFocus && !editor_.HasRows()) return;
     FocusRight(!RightListFocus);
     (RightListFocus ? rightList_ : list_).SelectItem(0);
@@ -61,19 +60,18 @@ void Browser::ToggleListFocus() {
 }
 
 void Browser::ChooseLeft() {
-    if (needs_.app.ListBusy) return;
     if (desk_.Building()) FocusRight(false);
     runok();
 }
 
 void Browser::ChooseRight() {
-    if (needs_.app.ListBusy || KeyboardShown || !desk_.Building()) return;
+    if (KeyboardShown || !desk_.Building()) return;
     CloseToolFrame();
     RemoveFromList();
 }
 
 void Browser::SaveList() {
-    if (needs_.app.ListBusy || KeyboardShown || !desk_.Building()) return;
+    if (KeyboardShown || !desk_.Building()) return;
     CloseToolFrame();
     EndBuilding();
 }
@@ -97,15 +95,7 @@ void Browser::SaveUnder(const std::string& text) {
 
 void Browser::ShowTitleFor(const std::string& title, int milliseconds) {
     desk_.SetTitle(title);
-    const std::int64_t end = needs_.clock.TickMs() + milliseconds;
-    while (needs_.clock.TickMs() < end) {
-        needs_.app.ListBusy = true;
-        needs_.clock.DoEvents(0);
-        needs_.app.ListBusy = true; // whatever ran may have drawn a list of its own
-        needs_.clock.Sleep(WaitStepMs);
-    }
-    desk_.TakeAborted();
-    afterAbort_ = nullptr;
+    needs_.pump.Pause("a title", milliseconds);
 }
 
 void Browser::EndBuilding() {

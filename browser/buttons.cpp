@@ -4,7 +4,6 @@
 namespace vk {
 
 void Browser::PlayPause() {
-    if (needs_.app.ListBusy) return;
     const auto* player = needs_.screens.Find("playmp3");
     if (needs_.audio.PlayMode != PlayNone && player && player->DoPause) player->DoPause();
     ShowState();
@@ -21,13 +20,11 @@ void Browser::CloseToolFrame() {
 }
 
 void Browser::ToggleRecurse() {
-    if (needs_.app.ListBusy) return;
     RecurseArmed = !RecurseArmed;
     view_.SetButton(BrowserButton::Recurse, RecurseArmed ? "recursesel.gif" : "recurse.gif");
 }
 
 void Browser::ToggleApplications() {
-    if (needs_.app.ListBusy) return;
     CloseToolFrame();
     Run("Image14_Click", [&] {
         const bool applications = needs_.state.ListMode == ListApplications;
@@ -37,7 +34,6 @@ void Browser::ToggleApplications() {
 }
 
 void Browser::Eject() {
-    if (needs_.app.ListBusy) return;
     CloseToolFrame();
     Run("Image16_Click", [&] {
         const std::string& drive = builder_.Drives().DiscDrive();
@@ -49,14 +45,14 @@ void Browser::Eject() {
 }
 
 void Browser::ShowGPS() {
-    if (needs_.app.ListBusy || !HasGPS() || KeepsBuilding()) return;
+    if (!HasGPS() || KeepsBuilding()) return;
     CloseToolFrame();
     switchingform();
     needs_.screens.Show("frmGPS");
 }
 
 void Browser::GoHome() {
-    if (EndsRunning(&Browser::GoHome) || needs_.app.ListBusy || KeepsBuilding()) return;
+    if (OnlyEnds() || KeepsBuilding()) return;
     CloseToolFrame();
     needs_.state.FromPlayer = false;
     switchingform();
@@ -87,7 +83,7 @@ void Browser::SetPlayerButton() {
 }
 
 void Browser::ShowRadio() {
-    if (needs_.app.ListBusy || !HasRadio() || KeepsBuilding()) return;
+    if (!HasRadio() || KeepsBuilding()) return;
     const bool xm = RadioIsXM(needs_);
     const std::int32_t mode = xm ? PlayXM : PlayFM;
     if (!needs_.HasTuner || !needs_.HasTuner(mode))

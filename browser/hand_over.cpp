@@ -64,14 +64,12 @@ void Browser::FallBackWithoutDisc() {
 
 void Browser::EnterPlayer() {
     if (!needs_.screens.Find("playmp3")) return ShowNotice("The player is not available.");
-    enterNext_ = [this] {
-        CloseToolFrame();
-        switchingform();
+    Enter([this] {
         if (std::exchange(needs_.state.FromPlayer, false))
             needs_.screens.ReDisplay("playmp3");
         else
             needs_.screens.Show("playmp3");
-    };
+    });
 }
 
 void Browser::PlayDisc() {
@@ -96,11 +94,14 @@ void Browser::PlayVideoFiles(const RowDescriptor&) {
 void Browser::EnterMoviePlayer() {
     if (!needs_.screens.Find("playmovie")) return ShowNotice("The movie player is not available.");
     if (needs_.StopAudio && needs_.audio.PlayMode == PlayAudio) needs_.StopAudio();
-    enterNext_ = [this] {
-        CloseToolFrame();
-        switchingform();
-        needs_.screens.Show("playmovie");
-    };
+    Enter([this] { needs_.screens.Show("playmovie"); });
+}
+
+// What fails over there is not a failure of the list.
+void Browser::Enter(const std::function<void()>& show) {
+    CloseToolFrame();
+    switchingform();
+    TrapAndLog(needs_.report, "An error occured in playlists.runok ", show);
 }
 
 } // namespace vk

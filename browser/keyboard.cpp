@@ -7,11 +7,9 @@ namespace vk {
 
 // Events run meanwhile: it takes no input before it is there, and none on its way out.
 void Browser::SlideKeyboard(bool open) {
-    needs_.app.ListBusy = sliding_ = true;
     KeyboardShown = false;
     view_.SlideKeyboard(open);
     KeyboardShown = open;
-    needs_.app.ListBusy = sliding_ = false;
 }
 
 void Browser::ShowOSK(const std::string& caption, const std::string& value,
@@ -30,7 +28,7 @@ void Browser::HideOSK() {
 
 // Its own Escape: nothing was typed.
 void Browser::CloseKeyboard() {
-    if (!KeyboardShown || running_) return;
+    if (!KeyboardShown) return;
     HideOSK();
     desk_.SetTitle(SavedTitle);
     if (KeyboardPurpose <= KeyboardPurposeValue::SearchFileName) return MoveBack();

@@ -7,7 +7,6 @@ namespace vk {
 
 namespace {
 
-constexpr std::int64_t PulseMs = 5;
 constexpr std::int64_t CountMs = 1000;
 
 // In groups of three digits.
@@ -22,7 +21,6 @@ std::string Grouped(std::size_t number) {
 
 void ListDesk::Start() {
     ++started_;
-    needs.app.ListBusy = true;
     ParentName.clear();
     PlaylistView = XMView = false;
     list.HideDupes = false;
@@ -48,19 +46,15 @@ bool ListDesk::Pulse(std::size_t done) {
         lastCount_ = now;
         view.ShowLoading(busy_ + "  " + Grouped(done));
     }
-    if (now - lastPulse_ >= PulseMs) {
-        lastPulse_ = now;
-        needs.clock.DoEvents(0);
-        needs.app.ListBusy = true; // whatever ran may have finished a list of its own
-    }
-    if (needs.screens.CurrentForm.Text().empty()) Abort();
-    return !aborted_;
+    if (!work_) return true;
+    if (needs.screens.CurrentForm.Text().empty()) work_->End(); // the system ends
+    return work_->Pulse();
 }
 
 bool ListDesk::Try(const std::string& name, const std::function<void()>& build) {
     try {
         build();
-        return !aborted_;
+        return !Aborted();
     } catch (const std::exception& error) {
         needs.report.Log("An error occured in playlists." + name + " " + error.what());
         Say("The list could not be read.");
@@ -78,7 +72,7 @@ bool ListDesk::Showable(const std::string& path) const {
 }
 
 void ListDesk::AddEmptyNotice(const std::string& text, const std::string& picture) {
-    if (!aborted_) rows.AddNotice(text, picture);
+    if (!Aborted()) rows.AddNotice(text, picture);
 }
 
 int ListDesk::AddCatalogueFiles(const std::vector<CatalogueFile>& files) {

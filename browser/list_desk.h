@@ -13,11 +13,28 @@
 
 namespace vk {
 
-/// What is given outlives it. A build goes `Start`, rows, `Finish`; `ListBusy` is set meanwhile.
+/// What is given outlives it. A build goes `Start`, rows, `Finish`, within an `Operation`.
 class ListDesk {
   public:
     ListDesk(BrowserNeeds& browserNeeds, ListModel& shown, BrowserView& screen)
         : needs(browserNeeds), list(shown), view(screen), rows(shown, browserNeeds.settings) {}
+
+    /// One operation of the browser, in which lists are built: it can be ended early. Lives on the
+    /// stack; one within another stands for it meanwhile.
+    class Operation {
+      public:
+        Operation(ListDesk& desk, const char* what)
+            : desk_(desk), work_(desk.needs.pump, what), outer_(std::exchange(desk.work_, &work_)) {
+        }
+        ~Operation() { desk_.work_ = outer_; }
+        Operation(const Operation&) = delete;
+        Operation& operator=(const Operation&) = delete;
+
+      private:
+        ListDesk& desk_;
+        Work work_;
+        Work* outer_;
+    };
 
     /// Empties the list for the rows that follow; none of their texts is left out unless
     /// `HideDupes` is set again.
@@ -31,10 +48,8 @@ class ListDesk {
     bool Pulse(std::size_t done = 0);
     /// The label over the list while it is built.
     void ShowBusy(const std::string& label);
-    void Abort() { aborted_ = true; }
-    bool Aborted() const { return aborted_; }
-    /// True once after an `Abort`.
-    bool TakeAborted() { return std::exchange(aborted_, false); }
+    /// True when the present operation was ended: what is read is not whole.
+    bool Aborted() const { return work_ && work_->Ended(); }
 
     /// Runs one part of a build. When it fails, that is logged under the operation's name and said
     /// on the screen; the rows that were added stay. False then, and when the build was ended
@@ -72,11 +87,10 @@ class ListDesk {
   private:
     std::string title_;
     std::string notice_;
-    std::string busy_;               ///< the label, without what is done
-    std::int64_t lastPulse_ = -1000; ///< ticks of the clock, milliseconds
-    std::int64_t lastCount_ = 0;     ///< when the label told something new
+    std::string busy_;           ///< the label, without what is done
+    std::int64_t lastCount_ = 0; ///< when the label told something new; ticks, milliseconds
     int started_ = 0;
-    bool aborted_ = false;
+    Work* work_ = nullptr; ///< the present operation's
 };
 
 } // namespace vk

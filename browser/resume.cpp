@@ -5,7 +5,6 @@
 namespace vk {
 
 void Browser::Resume() {
-    if (needs_.app.ListBusy) return;
     Run("Image19_Click", [&] {
         if (!FileExists(AudioList())) return ShowNotice(NothingToResume);
         if (needs_.audio.PlayMode == PlayNone) return ResumeSaved();

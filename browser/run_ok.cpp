@@ -9,7 +9,6 @@
 namespace vk {
 
 void Browser::runok() {
-    if (needs_.app.ListBusy) return;
     if (KeyboardShown) return keyboard_.ClickIt();
     CloseToolFrame();
     if (RightListFocus) return RemoveFromList();
@@ -18,7 +17,6 @@ void Browser::runok() {
 
 void Browser::Choose() {
     try {
-        needs_.app.ListBusy = true;
         view_.ShowLoading("Busy");
         ChooseRow();
     } catch (const std::exception& error) {
@@ -27,7 +25,6 @@ void Browser::Choose() {
         FallBack();
         needs_.report.ReportError("An error occured in playlists.runok ", error.what(), number);
     }
-    needs_.app.ListBusy = false;
 }
 
 void Browser::ChooseRow() {
@@ -45,7 +42,7 @@ void Browser::ChooseRow() {
     if (const auto handler = kinds.find(row.kind); handler != kinds.end())
         (this->*handler->second)(row);
     // There is no way back from what was not entered.
-    if (lists == desk_.ListsStarted() && !enterNext_) BrowseHistory = before;
+    if (lists == desk_.ListsStarted()) BrowseHistory = before;
     if (needs_.settings.values.UseBrowseHistory) SelectMatch(comeFrom);
 }
 

@@ -32,7 +32,7 @@ void Browser::SearchFor(const std::string& text) {
 }
 
 void Browser::JumpToSearch() {
-    if (needs_.app.ListBusy || KeyboardShown || needs_.state.ListMode == ListApplications) return;
+    if (KeyboardShown || needs_.state.ListMode == ListApplications) return;
     if (desk_.Building() && editor_.OfChannels()) return; // the catalogue knows none
     CloseToolFrame();
     Run("JumpToSearch", [&] {

@@ -14,20 +14,21 @@ bool Commands::Run(When when, const std::function<void()>& command) {
     // What follows may be followed by the next.
     while (next_ && !closed_) {
         const auto next = std::exchange(next_, {});
-        if (screens_.CurrentForm == nextForm_) RunNow(next);
+        if (screens_.CurrentForm == nextForm_) RunNow(next, std::exchange(nextEnded_, false));
     }
     return true;
 }
 
-void Commands::RunNow(const std::function<void()>& command) {
+void Commands::RunNow(const std::function<void()>& command, bool following) {
     struct Running {
         Commands& commands;
         ~Running() {
-            commands.running_ = false;
+            commands.running_ = commands.following_ = false;
             commands.pump_.Allow();
         }
     };
     running_ = true;
+    following_ = following;
     startedMs_ = clock_.TickMs();
     const Running running{*this};
     command();
@@ -40,6 +41,7 @@ void Commands::Keep(When when, const std::function<void()>& command) {
         End();
     }
     next_ = command;
+    nextEnded_ = when == When::Interrupt;
     nextForm_ = screens_.CurrentForm.Text();
 }
 

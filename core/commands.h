@@ -38,6 +38,9 @@ class Commands {
     /// True while a command runs: a list is being built, a player started. The old name of a flag
     /// that screens may ask.
     bool ListBusy() const { return running_; }
+    /// True in a command that ended another one to be run: for those with which leaving off is
+    /// enough.
+    bool Following() const { return following_; }
     /// Has the command that runs come to its end: nothing in it waits any more.
     void End();
     /// Lets nothing begin or follow any more: the system ends.
@@ -45,15 +48,17 @@ class Commands {
 
   private:
     void Keep(When when, const std::function<void()>& command);
-    void RunNow(const std::function<void()>& command);
+    void RunNow(const std::function<void()>& command, bool following = false);
 
     Pump& pump_;
     const Screens& screens_;
     const Clock& clock_;
     std::function<void()> next_;
-    std::string nextForm_; ///< the screen that `next_` was meant for
+    std::string nextForm_;   ///< the screen that `next_` was meant for
+    bool nextEnded_ = false; ///< for `next_` the one that ran was ended
     std::int64_t startedMs_ = 0;
     bool running_ = false;
+    bool following_ = false;
     bool closed_ = false;
 };
 

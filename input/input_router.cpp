@@ -1,5 +1,7 @@
 #include "input/input_router.h"
 
+#include <memory>
+
 namespace vk {
 
 bool InputRouter::Key(const std::string& code, bool repeat) {
@@ -8,8 +10,11 @@ bool InputRouter::Key(const std::string& code, bool repeat) {
     if (!screen) return false;
     if (!repeat) key_ = Now(code);
     if (repeat && (key_ != Now(code) || !Repeats(*screen, key))) return true;
-    if (Dropped(key, repeat)) return true;
-    return Run([&] { return screen->Form_KeyDown(code) || Power(key); });
+    if (Dropped()) return true;
+    return Run(key, repeat, [this, code] {
+        const ScreenOperations* front = n_.screens.Current();
+        return front && (front->Form_KeyDown(code) || Power(InputCode(code, n_.keys)));
+    });
 }
 
 void InputRouter::IRCommand(const std::string& code, bool repeat) {
@@ -18,8 +23,12 @@ void InputRouter::IRCommand(const std::string& code, bool repeat) {
     if (repeat && button_ != Now(code)) return;
     if (n_.dialog && n_.dialog(input, repeat)) return;
     const ScreenOperations* screen = n_.screens.Current();
-    if (!screen || code.empty() || Dropped(input, repeat)) return;
-    Run([&] { return Power(input) || screen->DoAction(input); });
+    if (!screen || code.empty() || Dropped()) return;
+    Run(input, repeat, [this, code, repeat] {
+        const InputCode asked(code, n_.remoteKeys, repeat);
+        const ScreenOperations* front = n_.screens.Current();
+        return Power(asked) || (front && front->DoAction(asked));
+    });
 }
 
 InputRouter::Press InputRouter::Now(const std::string& code) const {
@@ -30,22 +39,13 @@ bool InputRouter::Repeats(const ScreenOperations& screen, const InputCode& key) 
     return screen.Repeats ? screen.Repeats(key) : GoesOnWhileHeld(key);
 }
 
-bool InputRouter::Dropped(const InputCode& code, bool repeat) const {
-    if (!running_) return n_.newScreen.Deaf();
-    const bool quit = code.Mapped(Action::quit) || code.Fixed(Action::quit);
-    return repeat || !quit || n_.clock.TickMs() - startedMs_ < InterruptMs;
-}
-
-bool InputRouter::Run(const std::function<bool()>& command) {
-    if (running_) return command();
-    struct Running {
-        bool& running;
-        ~Running() { running = false; }
-    };
-    running_ = true;
-    startedMs_ = n_.clock.TickMs();
-    const Running running{running_};
-    return command();
+// What runs later is taken for used.
+bool InputRouter::Run(const InputCode& code, bool repeat, std::function<bool()> command) {
+    const bool quit = !repeat && (code.Mapped(Action::quit) || code.Fixed(Action::quit));
+    const auto used = std::make_shared<bool>(true);
+    n_.commands.Run(quit ? Commands::When::Interrupt : Commands::When::Drop,
+                    [used, command = std::move(command)] { *used = command(); });
+    return *used;
 }
 
 // The remote's power does nothing on the settings, and on the page of codes it may be being learnt.

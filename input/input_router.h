@@ -1,32 +1,28 @@
 // The one way from a key or a code of the remote to the operation of the screen in front.
 #pragma once
 
+#include "core/commands.h"
 #include "core/screens.h"
 #include "input/actions.h"
 #include "input/new_screen.h"
-#include "platform/clock.h"
 
-#include <cstdint>
 #include <functional>
 #include <string>
 #include <utility>
 
 namespace vk {
 
-/// While a command runs, and events with it, keys and codes are dropped. So is what comes right
-/// after a change of screen, and what a key or button goes on sending that is held since before it:
-/// it was pressed for the screen that has gone.
+/// While a command runs, and events with it, keys and codes are dropped, but for quit, which ends
+/// it (a long list that is being built). So is what comes right after a change of screen, and what
+/// a key or button goes on sending that is held since before it: it was pressed for the screen that
+/// has gone.
 class InputRouter {
   public:
-    /// A quit that comes later than this into a command ends it (a long list that is being built);
-    /// milliseconds.
-    static constexpr int InterruptMs = 250;
-
     /// All of it outlives the router.
     struct Needs {
         Screens& screens;
         const NewScreen& newScreen;
-        const Clock& clock;
+        Commands& commands;
         const KeyMap& keys;
         const RemoteMap& remoteKeys;
         /// Works the dialog in front; false when there is none. Keys reach dialogs by themselves.
@@ -54,14 +50,12 @@ class InputRouter {
 
     Press Now(const std::string& code) const;
     static bool Repeats(const ScreenOperations& screen, const InputCode& key);
-    bool Dropped(const InputCode& code, bool repeat) const;
-    bool Run(const std::function<bool()>& command);
+    bool Dropped() const { return !n_.commands.ListBusy() && n_.newScreen.Deaf(); }
+    bool Run(const InputCode& code, bool repeat, std::function<bool()> command);
     bool Power(const InputCode& code);
 
     Needs n_;
     Press key_, button_;
-    bool running_ = false;
-    std::int64_t startedMs_ = 0; ///< when the running command began
 };
 
 } // namespace vk

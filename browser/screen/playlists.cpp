@@ -53,7 +53,8 @@ playlists::playlists(const Needs& needs, QWidget* parent)
       UCListBox2_(context_, rightList_, this), toolFrame_(this), bottomBar_(this), KBFrame(this),
       UCKeyboard(context_, keyboard_, &KBFrame), lblCurrentFolderStatus(this), ClockBar(this),
       lbLoading(this), browser_(needs.browser, {list_, rightList_, keyboard_}, *this),
-      volumeTimer_(context_.clock.MakeTimer([this] { (browser_.*heldVolume_)(); })) {
+      volumeTimer_(context_.clock.MakeTimer(
+          [this] { context_.commands.Run([this] { (browser_.*heldVolume_)(); }); })) {
     hide();
     UCListBox_.setObjectName(QStringLiteral("UCListBox"));
     lblCurrentFolderStatus.setObjectName(QStringLiteral("lblCurrentFolderStatus"));
@@ -65,6 +66,8 @@ playlists::playlists(const Needs& needs, QWidget* parent)
     MakeButtons(BottomRows, &bottomBar_);
     MakeButtons(ToolRows, &toolFrame_);
     MakeButton({"imgHome", "home.gif", "Home", &Browser::GoHome, &playlists::Always}, this);
+    for (const char* ends : {"Image11", "imgHome"})
+        buttons_.at(ends)->whileBusy = Commands::When::Interrupt;
     WireVolume("Image9", "vdownsel.gif", &Browser::VolDown);
     WireVolume("Image10", "vupsel.gif", &Browser::VolUp);
     UCKeyboard.setObjectName(QStringLiteral("UCKeyboard"));
@@ -123,7 +126,7 @@ void playlists::LayoutList(UCListBox& list, const QRect& place) {
     list.setGeometry(place);
     list.FontScale = Building() ? HalfWidthFont : 1;
     list.SetiMaxVis(context_.skin.data().playlist);
-    if (list.model().Loaded() && !context_.state.ListBusy) list.LoadList();
+    if (list.model().Loaded()) list.LoadList();
 }
 
 void playlists::LayOut(std::int16_t listMode) {
@@ -243,8 +246,7 @@ void playlists::SlideKeyboard(bool open) {
         const int out = open ? step : SlideSteps - step;
         KBFrame.move(up.x(), height() - up.height() * out / SlideSteps);
         KBFrame.show();
-        context_.clock.DoEvents(0);
-        context_.clock.Sleep(SlideStepMs);
+        context_.pump.Pause("keyboard", SlideStepMs);
     }
     KBFrame.setVisible(open);
     KBFrame.setEnabled(true);
@@ -259,7 +261,9 @@ void playlists::ShowAtFront() {
 }
 
 void playlists::wheelEvent(QWheelEvent* event) {
-    wheel_.Turn(*event, [this](int tick) { browser_.MouseWheel(tick); });
+    wheel_.Turn(*event, [this](int tick) {
+        context_.commands.Run([this, tick] { browser_.MouseWheel(tick); });
+    });
 }
 
 void playlists::paintEvent(QPaintEvent*) {

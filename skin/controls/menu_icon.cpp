@@ -66,7 +66,7 @@ void MenuIcon::mousePressEvent(QMouseEvent*) {
 void MenuIcon::mouseReleaseEvent(QMouseEvent* event) {
     const bool clicked = pressed_ && rect().contains(event->position().toPoint());
     pressed_ = false;
-    if (clicked && onClick) onClick();
+    if (clicked && onClick) context_.commands.Run(onClick);
 }
 
 } // namespace vk

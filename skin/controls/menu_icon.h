@@ -25,7 +25,7 @@ class MenuIcon : public QWidget {
     std::string SelectedPic, UnSelectedPic;
     int of_left = 0, of_right = 0, of_above = 0, of_below = 0; ///< neighbours, 0 for none
 
-    std::function<void()> onClick;
+    std::function<void()> onClick; ///< a command: dropped while another one runs
 
   protected:
     void paintEvent(QPaintEvent* event) override;

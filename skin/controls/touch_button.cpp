@@ -61,7 +61,7 @@ void TouchButton::DrawPlate(QPainter& painter) const {
 void TouchButton::mousePressEvent(QMouseEvent*) {
     pressed_ = true;
     update();
-    if (onPress) onPress();
+    if (onPress) context_.commands.Run(whileBusy, onPress);
 }
 
 void TouchButton::mouseReleaseEvent(QMouseEvent* event) {
@@ -69,7 +69,7 @@ void TouchButton::mouseReleaseEvent(QMouseEvent* event) {
     const bool clicked = pressed_ && inside;
     const QPointer<TouchButton> alive(this);
     Release(inside);
-    if (alive && clicked && onClick) onClick();
+    if (alive && clicked && onClick) context_.commands.Run(whileBusy, onClick);
 }
 
 void TouchButton::hideEvent(QHideEvent*) {

@@ -24,8 +24,11 @@ class TouchButton : public QWidget {
     void SetCaption(const std::string& caption);
     const std::string& Picture() const { return picture_; }
 
-    std::function<void()> onPress;
-    /// Wherever the finger is (`inside` or not), and when the button is hidden.
+    /// What becomes of a press and a click while another command runs.
+    Commands::When whileBusy = Commands::When::Drop;
+    std::function<void()> onPress; ///< a command, as is `onClick`
+    /// Wherever the finger is (`inside` or not), and when the button is hidden; after every press,
+    /// whether or not it was run.
     std::function<void(bool inside)> onRelease;
     std::function<void()> onClick; ///< released inside
 

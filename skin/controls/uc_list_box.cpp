@@ -17,18 +17,6 @@ constexpr int TouchMs = 200; // the touched row stands so long before it is run
 // A touch that comes sooner after one that changed the list was meant for the row that has gone.
 constexpr int DeafMs = 250;
 
-// Holds `ListBusy` while the list moves.
-class BusyHold {
-  public:
-    explicit BusyHold(AppState& state) : state_(state) { state_.ListBusy = true; }
-    ~BusyHold() { state_.ListBusy = false; }
-    BusyHold(const BusyHold&) = delete;
-    BusyHold& operator=(const BusyHold&) = delete;
-
-  private:
-    AppState& state_;
-};
-
 } // namespace
 
 UCListBox::UCListBox(const ControlContext& context, ListModel& model, QWidget* parent)
@@ -76,7 +64,6 @@ void UCListBox::ClearAllArrays() {
 
 void UCListBox::LoadList() {
     model_.LoadList();
-    context_.state.ListBusy = false;
     update();
 }
 
@@ -94,17 +81,14 @@ void UCListBox::MoveUp() {
 }
 
 void UCListBox::MoveDown() {
-    const BusyHold busy(context_.state);
     Move([this] { model_.MoveDown(); });
 }
 
 void UCListBox::PageUp() {
-    const BusyHold busy(context_.state);
     Move([this] { model_.PageUp(); });
 }
 
 void UCListBox::PageDown() {
-    const BusyHold busy(context_.state);
     Move([this] { model_.PageDown(); });
 }
 
@@ -142,11 +126,16 @@ void UCListBox::mousePressEvent(QMouseEvent* event) {
     const int strip = StripAt(point);
     stripHeld_ = strip != 0;
     if (stripHeld_) return PressStrip(strip);
-    if (model_.CanDraw()) TouchRow(model_.TopRow() + point.y() / model_.RowHeight);
+    if (!model_.CanDraw()) return;
+    const int row = model_.TopRow() + point.y() / model_.RowHeight;
+    context_.commands.Run([this, row] { TouchRow(row); });
 }
 
 void UCListBox::PressStrip(int code) {
-    if (onScrollStart) return onScrollStart(code);
+    if (onScrollStart) {
+        context_.commands.Run([this, code] { onScrollStart(code); });
+        return;
+    }
     scrollUpHeld_ = code == ScrollUpCode;
     scrollDownHeld_ = code == ScrollDownCode;
     paged_ = false;
@@ -156,19 +145,20 @@ void UCListBox::PressStrip(int code) {
 
 void UCListBox::TouchRow(int row) {
     const bool onPage = row < model_.TopRow() + model_.iMaxVis && row < model_.ItemCount();
-    if (!onPage || inTouch_ || context_.state.ListBusy) return;
-    if (context_.clock.TickMs() < deafUntilMs_) return;
+    if (!onPage || context_.clock.TickMs() < deafUntilMs_ || !ShowTouched(row)) return;
     const QPointer<UCListBox> alive(this);
-    inTouch_ = true;
-    Move([&] { model_.SelectVisible(row); });
-    context_.clock.DoEvents(0);
-    if (!alive) return;
-    inTouch_ = false;
-    if (!isVisible()) return;
-    context_.clock.Sleep(TouchMs);
     const int changes = model_.Changes();
     if (onItemClick && row < model_.ItemCount()) onItemClick(row);
     if (alive && model_.Changes() != changes) deafUntilMs_ = context_.clock.TickMs() + DeafMs;
+}
+
+// False when the list has gone meanwhile, or another screen lies over it.
+bool UCListBox::ShowTouched(int row) {
+    const QPointer<UCListBox> alive(this);
+    Move([&] { model_.SelectVisible(row); });
+    if (!context_.pump.Turn() || !alive || !isVisible()) return false;
+    context_.clock.Sleep(TouchMs);
+    return true;
 }
 
 // A tap that is shorter than the timer's interval pages once as well.
@@ -191,10 +181,11 @@ void UCListBox::EndTouch() {
 
 // One page at once; more when the finger stays.
 void UCListBox::Timer1_Timer() {
-    if (context_.state.ListBusy) return;
-    if (std::exchange(paged_, true) && ++heldTicks_ < context_.settings.TSRepeatVal) return;
-    if (scrollUpHeld_) PageUp();
-    if (scrollDownHeld_) PageDown();
+    context_.commands.Run([this] {
+        if (std::exchange(paged_, true) && ++heldTicks_ < context_.settings.TSRepeatVal) return;
+        if (scrollUpHeld_) PageUp();
+        if (scrollDownHeld_) PageDown();
+    });
 }
 
 } // namespace vk

@@ -39,10 +39,10 @@ class UCListBox : public QWidget {
     void RemoveItem(int index, bool redraw = true);
     void ClearArraysXM();
     void ClearAllArrays();
-    /// Shows the rows; clears `ListBusy`.
+    /// Shows the rows.
     void LoadList();
     void MoveUp();
-    void MoveDown(); ///< holds `ListBusy` meanwhile, as do the next two
+    void MoveDown();
     void PageUp();
     void PageDown();
     void SelectItem(int index, bool jump = false, bool keep = false);
@@ -62,6 +62,7 @@ class UCListBox : public QWidget {
 
     /// Turns an icon handle of a row into a picture; without it icons are not drawn.
     std::function<QPixmap(std::int32_t handle, QSize box)> iconPicture;
+    /// These two are commands: dropped while another one runs.
     std::function<void(int index)> onItemClick;
     /// A strip is pressed: `ScrollUpCode` or `ScrollDownCode`. Where nobody takes it the list
     /// itself pages while the strip is held.
@@ -98,6 +99,7 @@ class UCListBox : public QWidget {
     void Move(const std::function<void()>& change);
     void PressStrip(int code);
     void TouchRow(int row);
+    bool ShowTouched(int row);
     void Timer1_Timer();
     void EndTouch();
     void DrawGround(QPainter& painter) const;
@@ -120,7 +122,6 @@ class UCListBox : public QWidget {
     bool scrollDownHeld_ = false;
     int heldTicks_ = 0; ///< since the first page of the held strip
     bool paged_ = true; ///< the held strip has paged already
-    bool inTouch_ = false;
     std::int64_t deafUntilMs_ = 0;
 };
 

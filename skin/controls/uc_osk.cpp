@@ -71,7 +71,7 @@ void UCOSK::mouseReleaseEvent(QMouseEvent* event) {
     const bool pressed = key >= 0 && key == held_;
     held_ = -1;
     update();
-    if (pressed) model_.KeyClick(key);
+    if (pressed) context_.commands.Run([this, key] { model_.KeyClick(key); });
 }
 
 void UCOSK::hideEvent(QHideEvent*) {

@@ -33,7 +33,8 @@ struct OSKProperties {
 };
 
 /// Draws a `KeyboardModel` and turns touches into its keys: a key is pressed where the finger lets
-/// go of it. It takes `onKeyShown` and `onChange` of the model for itself, and never the keyboard.
+/// go of it, as a command of its own. It takes `onKeyShown` and `onChange` of the model for itself,
+/// and never the keyboard.
 class UCOSK : public QWidget {
   public:
     static constexpr int ScaleMode = 3; ///< the unit of the four below: pixels

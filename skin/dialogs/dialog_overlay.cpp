@@ -1,8 +1,8 @@
 #include "skin/dialogs/dialog_overlay.h"
 
 #include "skin/controls/looks.h"
-#include "skin/controls/plate.h"
 #include "skin/controls/nearest_box.h"
+#include "skin/controls/plate.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>
@@ -29,10 +29,6 @@ DialogOverlay::DialogOverlay(QWidget* host, DialogLook look, const Clock& clock)
     hide();
 }
 
-DialogOverlay::~DialogOverlay() {
-    Finish(false);
-}
-
 void DialogOverlay::Open() {
     openedMs_ = clock_.TickMs();
     setGeometry(parentWidget()->rect());
@@ -46,7 +42,6 @@ void DialogOverlay::Finish(bool accepted) {
     if (finished_) return;
     finished_ = true;
     accepted_ = accepted;
-    if (onFinished) onFinished();
 }
 
 void DialogOverlay::SetFront(bool front) {

@@ -27,7 +27,6 @@ struct DialogCell {
 class DialogOverlay : public QWidget {
   public:
     DialogOverlay(QWidget* host, DialogLook look, const Clock& clock);
-    ~DialogOverlay() override;
 
     /// Covers the host and takes the keyboard.
     void Open();
@@ -43,8 +42,6 @@ class DialogOverlay : public QWidget {
     const std::vector<DialogCell>& Cells() const { return cells_; }
     int Marked() const { return marked_; }
 
-    /// Called once, when the dialog is answered or goes away.
-    std::function<void()> onFinished;
     /// The key that a key stands for by the user's map, Key_unknown for itself.
     std::function<Qt::Key(const QKeyEvent&)> meaning;
 

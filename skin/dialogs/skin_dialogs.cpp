@@ -6,7 +6,6 @@
 #include "skin/dialogs/message_overlay.h"
 
 #include <QDir>
-#include <QEventLoop>
 #include <QFile>
 
 #include <utility>
@@ -14,6 +13,9 @@
 namespace vk {
 
 namespace {
+
+// An answer is an event and wakes the wait; this is for what comes without one.
+constexpr int StepMs = 250;
 
 // Taken away when the call that opened the dialog returns, unless the host was quicker.
 struct Closer {
@@ -38,8 +40,8 @@ Qt::Key DialogKey(const InputCode& code) {
 
 } // namespace
 
-SkinDialogs::SkinDialogs(QWidget* host, const Volumes& volumes, Clock& clock)
-    : host_(host), volumes_(volumes), clock_(clock) {}
+SkinDialogs::SkinDialogs(QWidget* host, const Volumes& volumes, const Clock& clock, Pump& pump)
+    : host_(host), volumes_(volumes), clock_(clock), pump_(pump) {}
 
 SkinDialogs::~SkinDialogs() = default;
 
@@ -51,21 +53,22 @@ bool SkinDialogs::Run(const QPointer<DialogOverlay>& overlay) {
     if (closing_) return false;
     if (!host_->isVisible()) host_->show();
     const QPointer<QWidget> focus = host_->window()->focusWidget();
+    if (open_.empty() && onOpened) onOpened();
     if (!open_.empty() && open_.back()) open_.back()->SetFront(false);
     open_.push_back(overlay);
-    QEventLoop loop;
-    overlay->onFinished = [&loop] { loop.quit(); };
     overlay->meaning = [this](const QKeyEvent& event) {
         return keys_ ? DialogKey(InputCode(VirtualKeyText(event), *keys_)) : Qt::Key_unknown;
     };
     ++changes_;
     overlay->SetFront(true);
     overlay->Open();
-    if (!overlay->Finished()) loop.exec();
+    pump_.Until({.what = "dialog",
+                 .done = [&] { return !overlay || overlay->Finished(); },
+                 .stepMs = StepMs,
+                 .byUser = true});
     open_.pop_back();
     ++changes_;
     if (overlay) {
-        overlay->onFinished = {};
         overlay->SetFront(false);
         overlay->hide();
     }

@@ -1,6 +1,7 @@
 // The dialogs of the system, drawn inside its window.
 #pragma once
 
+#include "core/pump.h"
 #include "input/actions.h"
 #include "platform/clock.h"
 #include "platform/dialogs.h"
@@ -19,11 +20,12 @@ class DialogOverlay;
 struct DialogLook;
 
 /// Each dialog is a child of the host window that covers it, so no window manager is needed. While
-/// one is open it has the keyboard, and the host gets no key and no touch. Calls nest.
+/// one is open it has the keyboard, and the host gets no key and no touch. Its own keys and buttons
+/// work whatever command it was asked in. Calls nest.
 class SkinDialogs : public Dialogs {
   public:
     /// `host` and the ports outlive this object.
-    SkinDialogs(QWidget* host, const Volumes& volumes, Clock& clock);
+    SkinDialogs(QWidget* host, const Volumes& volumes, const Clock& clock, Pump& pump);
     ~SkinDialogs() override;
 
     /// From now on the dialogs wear the skin's colours (once it has been loaded).
@@ -51,6 +53,8 @@ class SkinDialogs : public Dialogs {
     /// end of the program.
     void CloseAll();
 
+    /// Called before the first dialog opens: what draws over the window has to step back.
+    std::function<void()> onOpened;
     /// Called when the last open dialog has closed: what lies under it is in front again.
     std::function<void()> onClosed;
 
@@ -63,7 +67,8 @@ class SkinDialogs : public Dialogs {
 
     QWidget* host_;
     const Volumes& volumes_;
-    Clock& clock_;
+    const Clock& clock_;
+    Pump& pump_;
     const SkinStore* skin_ = nullptr;
     const KeyMap* keys_ = nullptr;
     int changes_ = 0;                           ///< how often a dialog has come or gone

@@ -12,8 +12,7 @@
 
 namespace vk::test {
 
-/// Keeps what the logic shows; `onTitle` runs with each new heading, `onSlide` while the
-/// keyboard is on its way.
+/// Keeps what the logic shows; `onTitle` runs with each new heading.
 class FakeBrowserView : public BrowserView {
   public:
     void SetTitle(const std::string& text) override {
@@ -30,10 +29,7 @@ class FakeBrowserView : public BrowserView {
         pictures[button] = picture;
     }
     void ShowToolFrame(bool open) override { toolFrame = open; }
-    void SlideKeyboard(bool open) override {
-        if (onSlide) onSlide();
-        keyboard = open;
-    }
+    void SlideKeyboard(bool open) override { keyboard = open; }
     void ReDrawList() override { ++drawn; }
     void ReDrawRightList() override { ++rightDrawn; }
     void LayOut(std::int16_t listMode) override { laidOut = listMode; }
@@ -47,7 +43,7 @@ class FakeBrowserView : public BrowserView {
     std::int16_t laidOut = ListFromMenu;
     bool rightFocus = false;
     int drawn = 0, rightDrawn = 0, shown = 0;
-    std::function<void()> onTitle, onSlide;
+    std::function<void()> onTitle;
 };
 
 /// Folder rows as a test lists them.
@@ -101,7 +97,6 @@ class BrowserTest : public testing::Test {
         rightList.SetGeometry(20, "3", 400);
         state.CurrentPath = media;
     }
-    void TearDown() override { EXPECT_FALSE(core.state.ListBusy); }
     std::string Media(const std::string& name, const std::string& contents = "x") {
         return disk.Write("media/" + name, contents);
     }
@@ -128,8 +123,9 @@ class BrowserTest : public testing::Test {
         if (!made_)
             made_ = std::make_unique<Browser>(
                 BrowserNeeds{core.settings, core.state, state, audio, video, core.screens,
-                             core.clock, core.volumes, core.locale, core.report, tags, extensions,
-                             keys, catalogue, [this] { ++audioStopped; }, &channels,
+                             core.clock, core.pump, core.commands, core.volumes, core.locale,
+                             core.report, tags, extensions, keys, catalogue,
+                             [this] { ++audioStopped; }, &channels,
                              [this](std::int32_t) { return tuner; }},
                 BrowserModels{list, rightList, keyboard}, view);
         return *made_;
@@ -195,13 +191,17 @@ class BrowserTest : public testing::Test {
                std::to_string(audio.TrackToSelect) + " " + std::to_string(audio.VolumeSerial) +
                (audio.bStartPlaying ? " start" : "");
     }
+    /// An operation as touch and keys ask for it.
+    void Press(void (Browser::*operation)(), Commands::When whileBusy = Commands::When::Interrupt) {
+        core.commands.Run(whileBusy, [this, operation] { (browser().*operation)(); });
+    }
     /// Chooses the row that shows this text.
     void Choose(const std::string& text) {
         const auto texts = Texts();
         const auto found = std::ranges::find(texts, text);
         ASSERT_NE(found, texts.end()) << text << " in " << testing::PrintToString(texts);
         list.SelectItem(static_cast<int>(found - texts.begin()));
-        browser().runok();
+        Press(&Browser::runok);
     }
     /// Enters the browser at the top and chooses rows, each by its text.
     void Walk(const std::vector<std::string>& texts) {

@@ -67,11 +67,11 @@ TEST_F(ListEditing, AFolderWalkIsCollectedAndSavedUnderAName) {
     EXPECT_EQ(rightList.iSelected, 1);
     std::vector<std::string> titles;
     view.onTitle = [&] { titles.push_back(view.title); };
-    core.clock.slept = 0;
+    const auto begun = core.clock.TickMs();
     SaveAs(" Trip 1");
     EXPECT_EQ(Saved("Trip 1.m3u"), media + "/b.mp3\r\n" + media + "/c/d.mp3\r\n");
     EXPECT_THAT(titles, testing::Contains("Saved: Trip 1"));
-    EXPECT_EQ(core.clock.slept, 800);
+    EXPECT_EQ(core.clock.TickMs() - begun, 800);
     EXPECT_THAT(known.updated, ElementsAre(lists + "/Trip 1.m3u"));
     EXPECT_EQ(Shown(), "Trip 1 | [<...>] | <Edit This List> | 1 - (Unknown Artist) - b | "
                        "2 - (Unknown Artist) - d");
@@ -82,13 +82,6 @@ TEST_F(ListEditing, AFolderWalkIsCollectedAndSavedUnderAName) {
 
 TEST_F(ListEditing, AnEditedListIsUpdatedAndShownAgain) {
     state.ListMode = ListFromAudio;
-    // Escape, the drawn keys and the ways out do nothing while the keyboard is on its way.
-    view.onSlide = [this] {
-        browser().doquit();
-        browser().GoHome();
-        keyboard.KeyClick(KeyboardModel::OKKey);
-        keyboard.KeyClick(KeyboardModel::EscKey);
-    };
     Edit("old", {"# SELECT Path FROM Media", "a.mp3", "gone.mp3", "b.mp3", "c/d.mp3"});
     EXPECT_EQ(view.loading, "1 file is not there and 1 query of the database will be left out.");
     EXPECT_THAT(Right(), ElementsAre("1 - (Unknown Artist) - a", "2 - (Unknown Artist) - b",
@@ -102,14 +95,10 @@ TEST_F(ListEditing, AnEditedListIsUpdatedAndShownAgain) {
     keyboard.KeyClick(KeyboardModel::EscKey);
     EXPECT_EQ(view.title, "Building Playlist | Browse By Directory ") << "Escape goes on editing";
     EXPECT_EQ(state.ListMode, ListBuild);
-    std::string said;
-    core.clock.onSleep = [&] {
-        said = view.title;
-        view.onSlide();
-    };
+    std::vector<std::string> said;
+    view.onTitle = [&] { said.push_back(view.title); };
     SaveAs("OLD");
-    EXPECT_EQ(menu.Count("ReShow"), 0);
-    EXPECT_EQ(said, "OLD Has Been Updated ");
+    EXPECT_EQ(said.at(0), "OLD Has Been Updated ");
     EXPECT_EQ(disk.Read("media/old.m3u"), media + "/b.mp3\r\n" + media + "/c/d.mp3\r\n");
     EXPECT_EQ(view.title, "old");
     EXPECT_EQ(state.ListMode, ListFromAudio);
@@ -296,9 +285,9 @@ TEST_F(ListEditing, AListThatIsNotReadWholeIsNotEdited) {
     Media("long.m3u", text);
     Walk({"4 - long"});
     int runs = 0;
-    core.clock.workMs = 10;
+    core.clock.workMs = 100;
     core.clock.onEvents = [&] {
-        if (++runs == 5) browser().doquit();
+        if (++runs == 5) Press(&Browser::doquit);
     };
     Choose("<Edit This List>");
     EXPECT_EQ(state.ListMode, ListFromMenu);
@@ -307,8 +296,8 @@ TEST_F(ListEditing, AListThatIsNotReadWholeIsNotEdited) {
 
 TEST_F(ListEditing, AnotherModeEndsTheBuildingNotEscapeWhileTheLeftListIsBuilt) {
     BuildNew({A});
-    core.clock.workMs = 10;
-    core.clock.onEvents = [&] { browser().doquit(); };
+    core.clock.workMs = 300;
+    core.clock.onEvents = [&] { Press(&Browser::doquit); };
     Choose("c");
     core.clock.onEvents = {};
     EXPECT_EQ(menu.Count("ReShow"), 0);

@@ -21,7 +21,6 @@ TEST_F(RunOk, AnAudioFileIsHandedOverWithAllOfItsKind) {
         << "without the name that a line cannot hold";
     EXPECT_EQ(Handed(), std::to_string(PlayAudio) + " rock vk_audio.m3u 2 0 start");
     EXPECT_EQ(player.Count("ReShow"), 1);
-    EXPECT_FALSE(core.state.ListBusy);
     InsertDisc();
     disk.Write("cd/a.mp3", "x");
     state.FromPlayer = true;

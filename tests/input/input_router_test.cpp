@@ -54,7 +54,7 @@ struct InputRouterTest : testing::Test, CoreFixture {
     bool dialogOpen = false;
     int powered = 0, dialogs = 0;
     NewScreen newScreen{screens, clock};
-    InputRouter router{{screens, newScreen, clock, keys, remoteKeys,
+    InputRouter router{{screens, newScreen, commands, keys, remoteKeys,
                         [this](const InputCode&, bool) { return dialogOpen; },
                         [this] { return dialogs; }, [this] { ++powered; }}};
 };
@@ -101,14 +101,15 @@ TEST_F(InputRouterTest, ATableIsComparedInOrderAndFixedKeysBeforeWhatIsNoMovemen
     }
 }
 
-TEST_F(InputRouterTest, WhileACommandRunsCodesAreDroppedAndOnlyALateQuitIsNot) {
+TEST_F(InputRouterTest, WhileACommandRunsCodesAreDroppedAndALateQuitFollows) {
     browser.onCall = [this](const std::string&) {
         browser.onCall = {};
         EXPECT_EQ(Sent({"40", "81", "out"}), Calls{"DoAction"}) << "this command";
-        clock.Advance(InputRouter::InterruptMs);
-        EXPECT_EQ(Sent({"out~", "40", "enter", "27", "out"}), (Calls{"key 27", "DoAction"}));
+        clock.Advance(Commands::InterruptMs);
+        EXPECT_EQ(Sent({"out~", "40", "enter", "27"}), Calls{});
+        EXPECT_FALSE(pump.Pause("this command's rest", 1000));
     };
-    Sent({"enter"});
+    EXPECT_EQ(Sent({"enter"}), Calls{"key 27"});
     EXPECT_EQ(Sent({"40"}), Calls{"key 40"});
 }
 

@@ -47,9 +47,9 @@ class PlaylistsScreen : public testing::Test {
         core.state.ScreenWidth = size.width();
         core.state.ScreenHeight = size.height();
         host.resize(size);
-        BrowserNeeds needs{core.settings, core.state, state,        audio,       video,
-                           core.screens,  core.clock, core.volumes, core.locale, core.report,
-                           tags,          extensions, keys};
+        BrowserNeeds needs{core.settings, core.state,  state,     audio,         video,
+                           core.screens,  core.clock,  core.pump, core.commands, core.volumes,
+                           core.locale,   core.report, tags,      extensions,    keys};
         needs.HasTuner = [](std::int32_t) { return true; };
         screen = std::make_unique<playlists>(
             playlists::Needs{{core.state, core.settings.values, skin, pictures, core.clock,

@@ -143,6 +143,7 @@ TEST_F(ControlsTest, AMenuIconShowsItsStateAndAnswersToTouch) {
     Click(icon, {200, 5});
     EXPECT_EQ(clicks, 0) << "the finger slid away";
     Click(icon, {6, 6});
+    commands.Run([&] { Click(icon, {6, 6}); });
     EXPECT_EQ(clicks, 1);
     icon.SelectedPic = "missing.png";
     EXPECT_GT(Count(Drawn(icon), test::Marking), 80 * 96 / 2) << "a plate stands in";
@@ -171,6 +172,14 @@ TEST_F(ControlsTest, ATouchButtonKeepsItsPictureAndTellsPressReleaseAndClick) {
     test::Press(button, {5, 5});
     button.hide();
     EXPECT_EQ(calls, "prcpopo");
+    button.show();
+    calls.clear();
+    commands.Run([&] { Click(button, {6, 6}); });
+    EXPECT_EQ(calls, "r") << "a release is never lost";
+    button.onPress = {};
+    button.whileBusy = Commands::When::Queue;
+    commands.Run([&] { Click(button, {6, 6}); });
+    EXPECT_EQ(calls, "rrc");
     EXPECT_EQ(button.focusPolicy(), Qt::NoFocus);
     TouchButton bare(context, &host);
     bare.resize(120, 80);

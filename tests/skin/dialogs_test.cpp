@@ -27,6 +27,7 @@ class KeyCounter : public QWidget {
 // Keys are written as characters: < > ^ _ are the arrows, ! is Escape, the others type themselves.
 struct DialogsTest : testing::Test, test::CoreFixture {
     DialogsTest() {
+        clock.onEvents = [] { QCoreApplication::processEvents(); };
         host.resize(800, 480);
         host.show();
         tree = app.MakeFolder("tree");
@@ -86,7 +87,7 @@ struct DialogsTest : testing::Test, test::CoreFixture {
     }
 
     KeyCounter host;
-    SkinDialogs skinDialogs{&host, volumes, clock};
+    SkinDialogs skinDialogs{&host, volumes, clock, pump};
     std::string tree;
 };
 
@@ -141,7 +142,8 @@ TEST_F(DialogsTest, ADoublePressAnswersOneDialogOnly) {
 }
 
 TEST_F(DialogsTest, NestedDialogsGoBackToTheOneBelowUntilAllAreClosed) {
-    int closed = 0;
+    int opened = 0, closed = 0;
+    skinDialogs.onOpened = [&] { ++opened; };
     skinDialogs.onClosed = [&] { ++closed; };
     EXPECT_TRUE(Asked([&] {
         EXPECT_FALSE(Asked("!"));
@@ -149,6 +151,7 @@ TEST_F(DialogsTest, NestedDialogsGoBackToTheOneBelowUntilAllAreClosed) {
         EXPECT_EQ(closed, 0);
         Keys("\n");
     }));
+    EXPECT_EQ(opened, 1);
     EXPECT_EQ(closed, 1);
     EXPECT_FALSE(Asked([&] {
         EXPECT_EQ(Typed([this] { skinDialogs.CloseAll(); }, "x"), std::nullopt);
@@ -172,7 +175,7 @@ TEST_F(DialogsTest, ADialogStaysInFrontFollowsTheWindowsSizeAndMayGoWithIt) {
     }));
     auto* doomed = new QWidget;
     doomed->show();
-    SkinDialogs other(doomed, volumes, clock);
+    SkinDialogs other(doomed, volumes, clock, pump);
     Then([&] { delete doomed; });
     EXPECT_FALSE(other.AskYesNo("Sure?"));
     EXPECT_FALSE(other.Active());
