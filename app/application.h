@@ -105,7 +105,8 @@ class Application {
     DebugLog log_;
     ErrorReport report_{log_, dialogs_};
     AppState state_;
-    Ini ini_{state_.DecimalSymbol, report_};
+    QueuedFileWriter fileWriter_;
+    Ini ini_{state_.DecimalSymbol, report_, fileWriter_};
     SettingsStore settings_;
     Screens screens_;
     Commands commands_{pump_, screens_, clock_};

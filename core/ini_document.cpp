@@ -27,6 +27,11 @@ std::string OneLine(std::string_view text) {
     return ReplaceAll(ReplaceAll(std::string(text), "\r", " "), "\n", " ");
 }
 
+// No line end can be part of a name.
+std::string KeyIn(std::string_view section, std::string_view key) {
+    return std::string(section) + '\n' + ToLower(key);
+}
+
 std::string WithoutQuotes(std::string value) {
     const bool quoted = value.size() >= 2 && (value.front() == '"' || value.front() == '\'') &&
                         value.front() == value.back();
@@ -46,29 +51,50 @@ IniDocument::IniDocument(std::string_view contents) {
     }
 }
 
-std::optional<IniDocument::Range> IniDocument::FindSection(std::string_view section) const {
-    std::optional<Range> range;
+// Of equal sections the first counts, and of equal keys in it.
+IniDocument::Index IniDocument::MakeIndex() const {
+    Index index;
+    std::string section;
+    Range* range = nullptr;
     for (std::size_t i = 0; i < lines_.size(); ++i) {
-        const auto name = SectionName(lines_[i]);
-        if (!name) continue;
-        if (range) return Range{range->begin, i};
-        if (EqualNoCase(*name, section)) range = Range{i + 1, lines_.size()};
+        if (const auto name = SectionName(lines_[i])) {
+            section = ToLower(*name);
+            const auto [at, added] = index.sections.try_emplace(section, Range{i + 1, i + 1});
+            range = added ? &at->second : nullptr;
+        } else if (range) {
+            range->end = i + 1;
+            if (const auto key = KeyName(lines_[i]))
+                index.keys.try_emplace(KeyIn(section, *key), i);
+        }
     }
-    return range;
+    return index;
 }
 
-std::optional<std::size_t> IniDocument::FindKey(const Range& range, std::string_view key) const {
-    for (std::size_t i = range.begin; i < range.end; ++i) {
-        const auto name = KeyName(lines_[i]);
-        if (name && EqualNoCase(*name, key)) return i;
-    }
-    return std::nullopt;
+const IniDocument::Index& IniDocument::Find() const {
+    if (!index_) index_ = MakeIndex();
+    return *index_;
+}
+
+bool IniDocument::HasSection(std::string_view section) const {
+    return FindSection(section).has_value();
+}
+
+std::optional<IniDocument::Range> IniDocument::FindSection(std::string_view section) const {
+    const auto& sections = Find().sections;
+    const auto at = sections.find(ToLower(section));
+    return at == sections.end() ? std::nullopt : std::optional(at->second);
+}
+
+std::optional<std::size_t> IniDocument::FindKey(std::string_view section,
+                                                std::string_view key) const {
+    const auto& keys = Find().keys;
+    const auto at = keys.find(KeyIn(ToLower(section), key));
+    return at == keys.end() ? std::nullopt : std::optional(at->second);
 }
 
 std::optional<std::string> IniDocument::Value(std::string_view section,
                                               std::string_view key) const {
-    const auto range = FindSection(section);
-    const auto line = range ? FindKey(*range, key) : std::nullopt;
+    const auto line = FindKey(section, key);
     if (!line) return std::nullopt;
     const std::string& text = lines_[*line];
     return WithoutQuotes(Trim(std::string_view(text).substr(text.find('=') + 1)));
@@ -76,25 +102,26 @@ std::optional<std::string> IniDocument::Value(std::string_view section,
 
 void IniDocument::SetValue(std::string_view section, std::string_view key, std::string_view value) {
     const std::string line = OneLine(key) + "=" + OneLine(value);
+    if (const auto at = FindKey(section, key)) {
+        lines_[*at] = line;
+        return;
+    }
     auto range = FindSection(section);
     if (!range) {
         lines_.push_back(OneLine(section).insert(0, 1, '[') + ']');
         range = Range{lines_.size(), lines_.size()};
     }
-    if (const auto at = FindKey(*range, key)) {
-        lines_[*at] = line;
-        return;
-    }
     std::size_t end = range->end;
     while (end > range->begin && Trim(lines_[end - 1]).empty())
         --end;
     lines_.insert(lines_.begin() + static_cast<std::ptrdiff_t>(end), line);
+    index_.reset();
 }
 
 bool IniDocument::RemoveKey(std::string_view section, std::string_view key) {
-    const auto range = FindSection(section);
-    const auto line = range ? FindKey(*range, key) : std::nullopt;
+    const auto line = FindKey(section, key);
     if (line) lines_.erase(lines_.begin() + static_cast<std::ptrdiff_t>(*line));
+    index_.reset();
     return line.has_value();
 }
 
@@ -103,6 +130,7 @@ bool IniDocument::RemoveSection(std::string_view section) {
     if (!range) return false;
     lines_.erase(lines_.begin() + static_cast<std::ptrdiff_t>(range->begin) - 1,
                  lines_.begin() + static_cast<std::ptrdiff_t>(range->end));
+    index_.reset();
     return true;
 }
 

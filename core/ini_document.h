@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace vk {
@@ -12,11 +13,12 @@ namespace vk {
 /// Names are compared without regard to case; the first of equal sections and keys counts.
 class IniDocument {
   public:
+    IniDocument() = default;
     /// Takes any bytes: what is no section or key line is kept and ignored. Line ends may be CR LF,
     /// LF or CR; a byte order mark is skipped.
     explicit IniDocument(std::string_view contents);
 
-    bool HasSection(std::string_view section) const { return FindSection(section).has_value(); }
+    bool HasSection(std::string_view section) const;
     /// The trimmed value, nothing when section or key is missing.
     std::optional<std::string> Value(std::string_view section, std::string_view key) const;
     void SetValue(std::string_view section, std::string_view key, std::string_view value);
@@ -31,10 +33,18 @@ class IniDocument {
         std::size_t begin; ///< first line after the section's own
         std::size_t end;   ///< one past the section's last line
     };
+    /// Where things are, by names in lower case; keys bear their section in front.
+    struct Index {
+        std::unordered_map<std::string, Range> sections;
+        std::unordered_map<std::string, std::size_t> keys;
+    };
+    const Index& Find() const;
+    Index MakeIndex() const;
     std::optional<Range> FindSection(std::string_view section) const;
-    std::optional<std::size_t> FindKey(const Range& range, std::string_view key) const;
+    std::optional<std::size_t> FindKey(std::string_view section, std::string_view key) const;
 
     std::vector<std::string> lines_;
+    mutable std::optional<Index> index_; ///< made when it is needed
 };
 
 } // namespace vk

@@ -1,11 +1,11 @@
 #include "core/ini_file.h"
 
-#include "core/ini_document.h"
 #include "core/text.h"
 #include "platform/files.h"
 
 #include <cmath>
 #include <limits>
+#include <utility>
 
 namespace vk {
 
@@ -134,13 +134,61 @@ IniValue ConvertIniText(std::string text, IniType type, std::string_view decimal
     return IniValue(std::move(text));
 }
 
+// While something is being written that is what counts; else the file, as long as it looks as it
+// did when it was read.
+Ini::Known& Ini::Look(const std::string& file) {
+    TakeOutcomes();
+    Known& known = files_[file];
+    if (known.ticket != 0) return known;
+    const FileStamp stamp = StampOf(file);
+    if (!known.stamp || !known.stamp->settled || !known.stamp->SameAs(stamp))
+        known.document = Load(file);
+    known.stamp = stamp;
+    return known;
+}
+
+void Ini::TakeOutcomes() {
+    for (const FileWriter::Outcome& outcome : writer_.TakeOutcomes()) {
+        const auto at = files_.find(outcome.path);
+        if (at == files_.end()) continue;
+        Known& known = at->second;
+        if (known.ticket == outcome.ticket) known.ticket = 0;
+        if (outcome.done)
+            known.failed = false;
+        else
+            Failed(outcome.path, known, outcome.reason);
+        known.stamp.reset();
+    }
+}
+
+void Ini::Failed(const std::string& file, Known& known, const std::string& reason) {
+    known.stamp.reset();
+    if (!std::exchange(known.failed, true)) report_.Log("Could not write " + file + ": " + reason);
+}
+
+// A file that could not be written is waited for, so that the result can be relied on.
+bool Ini::Replace(const std::string& file, Known& known) {
+    const char* obstacle = FileLength(file) > EditLimit ? "it is too long"
+                           : CanReplace(file)           ? nullptr
+                                                        : "its folder takes no files";
+    if (obstacle) {
+        Failed(file, known, obstacle);
+        return false;
+    }
+    known.ticket = writer_.Replace(file, known.document.Contents());
+    if (known.failed) writer_.Finish();
+    TakeOutcomes();
+    return !known.failed;
+}
+
 IniValue Ini::ReadINI(const std::string& file, std::string_view section, std::string_view key,
                       IniType type) {
-    return Trap<IniValue>(report_, "An error occured in modIni.ReadINI ", IniValue(std::string()),
-                          [&] {
-                              return ConvertIniText(GetPrivateProfileString(section, key, "", file),
-                                                    type, decimalSymbol_);
-                          });
+    return Trap<IniValue>(
+        report_, "An error occured in modIni.ReadINI ", IniValue(std::string()), [&] {
+            return ConvertIniText(
+                CutToBuffer(Look(file).document.Value(section, key).value_or(std::string())), type,
+                decimalSymbol_);
+        });
 }
 
 std::string Ini::ReadText(const std::string& file, std::string_view section, std::string_view key) {
@@ -149,25 +197,39 @@ std::string Ini::ReadText(const std::string& file, std::string_view section, std
 
 std::int16_t Ini::WriteINI(const std::string& file, std::string_view section, std::string_view key,
                            std::string_view value) {
+    return WriteKeys(file, {{std::string(section), std::string(key), std::string(value)}});
+}
+
+std::int16_t Ini::WriteKeys(const std::string& file, const std::vector<IniKey>& keys) {
     return Trap<std::int16_t>(report_, "An error occured in modIni.WriteINI ", 0, [&] {
-        const bool written = WritePrivateProfileString(section, key, value, file);
-        if (!written) report_.Log("Could not write " + std::string(key) + " to " + file);
-        return static_cast<std::int16_t>(written ? 1 : 0);
+        Known& known = Look(file);
+        bool changed = false;
+        for (const IniKey& item : keys) {
+            if (known.document.Value(item.section, item.key) == item.value) continue;
+            known.document.SetValue(item.section, item.key, item.value);
+            changed = true;
+        }
+        return static_cast<std::int16_t>(!changed || Replace(file, known) ? 1 : 0);
     });
 }
 
 bool Ini::DeleteSection(const std::string& file, std::string_view section) {
     return Trap<bool>(report_, "An error occured in modIni.DeleteSection ", false, [&] {
-        IniDocument document = Load(file);
-        return document.RemoveSection(section) && ReplaceFile(file, document.Contents());
+        Known& known = Look(file);
+        return known.document.RemoveSection(section) && Replace(file, known);
     });
 }
 
 bool Ini::DeleteKey(const std::string& file, std::string_view section, std::string_view key) {
     return Trap<bool>(report_, "An error occured in modIni.DeleteKey ", false, [&] {
-        IniDocument document = Load(file);
-        return document.RemoveKey(section, key) && ReplaceFile(file, document.Contents());
+        Known& known = Look(file);
+        return known.document.RemoveKey(section, key) && Replace(file, known);
     });
+}
+
+void Ini::Finish() {
+    writer_.Finish();
+    TakeOutcomes();
 }
 
 } // namespace vk

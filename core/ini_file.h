@@ -1,14 +1,20 @@
 // INI files with the manners of the Windows profile calls: [section] and key=value lines, names
 // matched without regard to case, blanks around "=" trimmed, one pair of quotes around a value
-// dropped. Nothing is cached: each call reads or replaces the file.
+// dropped.
 #pragma once
 
 #include "core/error_report.h"
+#include "core/file_writer.h"
+#include "core/ini_document.h"
+#include "platform/file_state.h"
 
 #include <cstdint>
+#include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <variant>
+#include <vector>
 
 namespace vk {
 
@@ -57,25 +63,56 @@ class IniValue {
     Storage value_;
 };
 
-/// Typed access to the INI files under the user's decimal symbol.
+/// A key and its new value.
+struct IniKey {
+    std::string section, key, value;
+};
+
+/// Typed access to the INI files under the user's decimal symbol. What was written is read at once,
+/// what others change in a file with the next read; a file that has not changed is read once.
 class Ini {
   public:
-    /// `decimalSymbol` is read at each call; it must outlive this object.
+    /// `decimalSymbol` is read at each call; it must outlive this object, as `writer` must. Without
+    /// one the files are on the disk when a call returns.
     Ini(const std::string& decimalSymbol, ErrorReport& report)
-        : decimalSymbol_(decimalSymbol), report_(report) {}
+        : decimalSymbol_(decimalSymbol), report_(report), writer_(direct_) {}
+    Ini(const std::string& decimalSymbol, ErrorReport& report, FileWriter& writer)
+        : decimalSymbol_(decimalSymbol), report_(report), writer_(writer) {}
+    ~Ini() { Finish(); }
+    Ini(const Ini&) = delete;
+    Ini& operator=(const Ini&) = delete;
 
     IniValue ReadINI(const std::string& file, std::string_view section, std::string_view key,
                      IniType type = IniType::String);
     std::string ReadText(const std::string& file, std::string_view section, std::string_view key);
-    /// The result of the write call: 1 when the key is on the disk, 0 when not.
+    /// The result of the write call: 1 when the key will be on the disk, in the order of writing, 0
+    /// when it cannot be. A failure is logged once for each file until it can be written again.
     std::int16_t WriteINI(const std::string& file, std::string_view section, std::string_view key,
                           std::string_view value);
+    /// The same for keys that belong together: the file is replaced once.
+    std::int16_t WriteKeys(const std::string& file, const std::vector<IniKey>& keys);
     bool DeleteSection(const std::string& file, std::string_view section);
     bool DeleteKey(const std::string& file, std::string_view section, std::string_view key);
+    /// Waits until everything that was written is on the disk.
+    void Finish();
 
   private:
+    struct Known {
+        IniDocument document;
+        std::optional<FileStamp> stamp; ///< of what the document was read from; none: read it anew
+        std::uint64_t ticket = 0;       ///< of what is being written, 0 for nothing
+        bool failed = false;            ///< the last time that it was written
+    };
+    Known& Look(const std::string& file);
+    void TakeOutcomes();
+    void Failed(const std::string& file, Known& known, const std::string& reason);
+    bool Replace(const std::string& file, Known& known);
+
     const std::string& decimalSymbol_;
     ErrorReport& report_;
+    DirectFileWriter direct_;
+    FileWriter& writer_;
+    std::map<std::string, Known> files_;
 };
 
 /// Converts one text as `ReadINI` does.

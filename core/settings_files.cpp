@@ -1,5 +1,6 @@
 #include "core/settings_files.h"
 
+#include "core/settings_values.h"
 #include "platform/files.h"
 
 #include <array>
@@ -144,97 +145,6 @@ constexpr std::array WinampLines = std::to_array<std::string_view>({
     "cfg_total_time=19060000000000001F",
 });
 
-// Version= comes first and is not among these.
-constexpr std::array SettingsLines = std::to_array<std::string_view>({
-    "CurrentForm=velkorandum",
-    "MediaDir=",
-    "PlayListDir=",
-    "CDDriveLetter=NONE",
-    "MovShowBar=true",
-    "HighQBlit=False",
-    "UseBrowseHistory=True",
-    "ListSpacing=3",
-    "AdjMainVol=true",
-    "UseSplitVolume=false",
-    "LoadtoMP3=false",
-    "ShowClock=true",
-    "safevolume=false",
-    "safevol_value=36",
-    "manualdb=false",
-    "hidemouse=false",
-    "mutespeed=50",
-    "ShowSelBar=true",
-    "SortByFilename=false",
-    "UseDelay=true",
-    "bTSModeEnabled=true",
-    "UseAnimation=true",
-    "alwaysontop=true",
-    "CurrentDTSkin=Torque.skn",
-    "CurrentNTSkin=Torque.skn",
-    "AutoPlayByte=-1",
-    "DoResume=True",
-    "Time1=8:00:00 AM",
-    "Time2=9:00:00 PM",
-    "AutoDimScreen=True",
-    "MouseFunction=0",
-    "MouseIncrement=1",
-    "TSRepeatVal=4",
-    "AppSize=0",
-    "AppSizeCustomX=",
-    "AppSizeCustomY=",
-    "VisWindowName=Random Intelligent Visualization",
-    "SearchesToSave=5",
-    "TopNewCount=30",
-    "",
-    "[audio_player]",
-    "AudioExtensions=MP3:MP2:MP1:CDA:WAV:VOC:AU:SND:AIF:AIFF:FLAC:OGG",
-    "shuffle=false",
-    "ShowElapsedTime=false",
-    "currenttrack=1",
-    "currentplaylist=",
-    "volumeserial=-1",
-    "numberedList=true",
-    "",
-    "[video_player]",
-    "VideoExtensions=MPG:AVI:MPEG:DIVX",
-    "SelectedMovie=",
-    "volumeserial=-1",
-    "",
-    "[dlink_tuner]",
-    "enabled=false",
-    "currentfreq=96.5",
-    "minfreq=87.70",
-    "maxfreq=107.90",
-    "frequencyincr=0.2",
-    "audio_input=1",
-    "",
-    "[xmpcr_tuner]",
-    "enabled=false",
-    "port=",
-    "showXMTime=false",
-    "audio_input=1",
-    "",
-    "[remote]",
-    "status=false",
-    "comport=1",
-    "speed=171",
-    "type=IRMAN",
-    "delay=700",
-    "learn=",
-    "",
-    "[AccControl]",
-    "accSensePort=0",
-    "accOffDelay=0",
-    "",
-    "[GPS]",
-    "GPSModule=0",
-    "Use3DMaps=1",
-    "",
-    "[PowerOptions]",
-    "ShutDownMode=0",
-    "",
-});
-
 constexpr std::array KeyboardLines = std::to_array<std::string_view>({
     "[keyboard]",
     "up=38",
@@ -263,8 +173,18 @@ template<class Lines> std::string Text(const Lines& lines) {
 
 } // namespace
 
+// A blank line ends each section.
 bool MakeSettingsFile(const std::string& file, const std::string& version) {
-    return ReplaceFile(file, "[main]\r\nVersion=" + version + "\r\n" + Text(SettingsLines));
+    std::string text, section;
+    ForEachSetting([&](const SettingRow& row) {
+        if (!row.initial) return;
+        if (section != row.section)
+            text += (section.empty() ? "[" : "\r\n[") + std::string(row.section) + "]\r\n";
+        section = row.section;
+        const std::string value = &row == &setting::Version ? version : row.initial;
+        text += std::string(row.spelling ? row.spelling : row.Key()) + "=" + value + "\r\n";
+    });
+    return ReplaceFile(file, text + "\r\n");
 }
 
 bool MakeKeyboardFile(const std::string& file) {

@@ -133,7 +133,6 @@ class astart {
     void ChooseOpticalDrive();
     bool FoldersAreValid();
     bool SkinsAreThere(bool& stop);
-    void FillEmptyKeys();
     bool AskRevert();
     void LoadScreen(const char* step, const std::function<void()>& load);
     void StartRemote();

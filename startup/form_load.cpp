@@ -126,8 +126,11 @@ bool astart::ServerRegistered() {
 
 void astart::ForceWinampKeys() {
     const std::string file = n_.settings.File("winamp.ini");
+    std::vector<IniKey> keys;
     for (const auto& [key, value] : ForcedWinampKeys)
-        n_.settings.ini().WriteINI(file, "Winamp", key, value);
+        keys.push_back({"Winamp", key, value});
+    n_.settings.ini().WriteKeys(file, keys);
+    n_.settings.Finish(); // the player reads the file when it starts
 }
 
 bool astart::PrepareServerAndPlayer() {

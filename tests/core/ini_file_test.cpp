@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <utility>
 
 namespace vk {
 namespace {
@@ -49,9 +50,54 @@ TEST_F(IniFileTest, WritesAndRemovesSingleKeysAndLeavesTheRest) {
 }
 
 TEST_F(IniFileTest, AnUnwritableFileIsReportedAndKept) {
-    EXPECT_EQ(ini.WriteINI(app.File("no such folder/a.ini"), "s", "k", "v"), 0);
-    EXPECT_TRUE(Logged("Could not write k to "));
+    const std::string file = app.File("later/a.ini");
+    for (const char* value : {"v", "w"})
+        EXPECT_EQ(ini.WriteINI(file, "s", "k", value), 0);
     EXPECT_TRUE(dialogs.shown.empty());
+    const std::string told = app.Read("debug.log");
+    EXPECT_NE(told.find("Could not write " + file), std::string::npos);
+    EXPECT_EQ(told.find("Could not write"), told.rfind("Could not write")) << "told once";
+    EXPECT_EQ(ini.ReadText(file, "s", "k"), "");
+    app.MakeFolder("later");
+    EXPECT_EQ(ini.WriteINI(file, "s", "k", "v"), 1);
+    app.MakeFolder("later/a.ini.new"); // the temporary name is taken
+    EXPECT_EQ(ini.WriteINI(file, "s", "k", "w"), 0);
+    EXPECT_EQ(ini.ReadText(file, "s", "k"), "v");
+}
+
+// What is asked to be written waits here until `write` is called.
+struct HeldWriter : FileWriter {
+    std::uint64_t Replace(const std::string& path, std::string contents) override {
+        jobs.emplace_back(path, std::move(contents));
+        return ++last;
+    }
+    void Finish() override {
+        for (const auto& [path, contents] : std::exchange(jobs, {}))
+            outcomes.push_back({path, last, ReplaceFile(path, contents), ""});
+    }
+    std::vector<Outcome> TakeOutcomes() override { return std::exchange(outcomes, {}); }
+    std::vector<std::pair<std::string, std::string>> jobs;
+    std::vector<Outcome> outcomes;
+    std::uint64_t last = 0;
+};
+
+TEST_F(IniFileTest, WhatIsWrittenIsReadAtOnceAndWhatOthersWriteWhenNothingWaits) {
+    HeldWriter writer;
+    Ini queued(state.DecimalSymbol, report, writer);
+    const std::string file = app.Write("a.ini", "[s]\r\na=1\r\n");
+    const auto value = [&](const char* key) { return queued.ReadText(file, "s", key); };
+    EXPECT_EQ(queued.WriteKeys(file, {{"s", "a", "2"}, {"s", "b", "3"}}), 1);
+    EXPECT_EQ(writer.jobs.size(), 1u) << "both in one replacement";
+    EXPECT_EQ(queued.WriteKeys(file, {{"S", "A", "2"}}), 1);
+    EXPECT_EQ(writer.jobs.size(), 1u) << "nothing changed";
+    EXPECT_EQ(value("a") + value("b"), "23");
+    EXPECT_EQ(app.Read("a.ini"), "[s]\r\na=1\r\n");
+    queued.Finish();
+    EXPECT_EQ(app.Read("a.ini"), "[s]\r\na=2\r\nb=3\r\n");
+    for (const char* other : {"7", "8", "9"}) { // of one length, within one tick
+        app.Write("a.ini", std::string("[s]\r\na=") + other + "\r\n");
+        EXPECT_EQ(value("a"), other);
+    }
 }
 
 TEST_F(IniFileTest, ReadsAnyBytesWithoutHarm) {

@@ -31,6 +31,41 @@ TEST_F(SettingsTest, ANewFileHasItsDefaultsAndLeadsToTheFirstRun) {
         text.starts_with("[main]\r\nVersion=1.2.3\r\nCurrentForm=velkorandum\r\nMediaDir=\r\n"));
     EXPECT_TRUE(text.ends_with("[PowerOptions]\r\nShutDownMode=0\r\n\r\n"));
     EXPECT_NE(text.find("TopNewCount=30\r\n\r\n[audio_player]\r\n"), std::string::npos);
+    EXPECT_NE(text.find("\r\nPlayListDir=\r\n"), std::string::npos);
+    EXPECT_NE(text.find("\r\ncurrenttrack=1\r\ncurrentplaylist=\r\nvolumeserial=-1\r\n"),
+              std::string::npos);
+}
+
+TEST_F(SettingsTest, SettingsAreReadAndWrittenByType) {
+    app.Write("settings.ini", "[main]\nShowClock=True\n[dlink_tuner]\nmaxfreq=200\n");
+    EXPECT_TRUE(settings.Get(setting::ShowClock));
+    EXPECT_DOUBLE_EQ(settings.Get(setting::maxfreq), 107.9) << "corrected as in a load";
+    EXPECT_EQ(settings.Get(setting::CurrentTrack), 0);
+    EXPECT_EQ(settings.Text(setting::AudioVolume), "");
+    EXPECT_EQ(settings.Write({{setting::CurrentTrack, 7},
+                              {setting::CurrentPosition, 61.5},
+                              {setting::ShowClock, false},
+                              {setting::safevol_value, 40}}),
+              1);
+    EXPECT_EQ(app.Read("settings.ini"),
+              "[main]\r\nShowClock=false\r\nsafevol_value=40\r\n[dlink_tuner]\r\nmaxfreq=200\r\n"
+              "[audio_player]\r\nCurrentTrack=7\r\nCurrentPosition=61.5\r\n");
+    EXPECT_EQ(settings.values.safevol_value, 40) << "in memory too";
+    settings.LoadSettings();
+    EXPECT_FALSE(settings.values.ShowClock);
+}
+
+TEST_F(SettingsTest, WhatIsEmptyIsFilledAndWhatIsNotStays) {
+    Load("[main]\nCurrentNTSkin=.skn\nTime1=7:00:00 AM\n");
+    settings.FillEmptySettings();
+    for (const auto& [row, value] :
+         {std::pair<SettingRow, const char*>(setting::CurrentNTSkin, "Torque.skn"),
+          {setting::Time1, "7:00:00 AM"},
+          {setting::Time2, "9:00:00 PM"},
+          {setting::AudioExtensions, "MP3:MP2:MP1:CDA:WAV:VOC:AU:SND:AIF:AIFF"},
+          {setting::MediaDir, ""},
+          {setting::CurrentSkin, ""}})
+        EXPECT_EQ(settings.Text(row), value) << row.name;
 }
 
 TEST_F(SettingsTest, TheOtherGeneratedFilesReadBack) {
