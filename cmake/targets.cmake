@@ -1,7 +1,8 @@
 # vk_library(<name> [QT] [SOURCES dir…] [LINK targets…]): a static library of all .cpp and .h files of
 # the current folder (or of the named folders).
 # vk_qt_library(<name> [SOURCES dir…] [LINK targets…]): the same on Qt's widgets; nothing in a build without Qt.
-# vk_test(<folder> [LINK targets…]): the test program test_<folder> of tests/<folder>/*.cpp.
+# vk_test(<folder> [ALONE] [LINK targets…]): the test program test_<folder> of tests/<folder>/*.cpp. ALONE: it starts
+# programs, which are kept apart from the user's and ended with it.
 
 if(NOT VK_PORTABLE_ONLY)
   find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Widgets)
@@ -53,7 +54,7 @@ function(vk_program name)
 endfunction()
 
 function(vk_test folder)
-  cmake_parse_arguments(ARG "" "" "LINK" ${ARGN})
+  cmake_parse_arguments(ARG "ALONE" "" "LINK" ${ARGN})
   file(GLOB files CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp
                                     ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.h)
   if(NOT files)
@@ -64,6 +65,10 @@ function(vk_test folder)
   target_compile_definitions(test_${folder} PRIVATE VK_APP_DIR="${VK_APP_DIR}"
                                                     VK_SOURCE_DIR="${PROJECT_SOURCE_DIR}"
                                                     VK_RENDERED_SKINS="${VK_APP_DIR}/skins")
+  if(ARG_ALONE)
+    set_target_properties(test_${folder} PROPERTIES CROSSCOMPILING_EMULATOR
+                          "${Python3_EXECUTABLE};${PROJECT_SOURCE_DIR}/tests/support/alone.py")
+  endif()
   gtest_discover_tests(test_${folder} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 120
                        ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/lsan.supp")
 endfunction()

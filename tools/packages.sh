@@ -6,7 +6,8 @@ RUN_PACKAGES="libqt6gui6 libqt6widgets6 libqt6serialport6 libsqlite3-0 vlc-plugi
 libasound2 libasound2-plugins fonts-dejavu-core xvfb x11-apps imagemagick"
 DEMO_PACKAGES="ffmpeg"
 SCAN_BENCH_PACKAGES="libbenchmark-dev libtag1-dev mpd"
-TEST_PACKAGES="procps libgtest-dev libgmock-dev xvfb xauth xdotool openbox x11-utils pulseaudio"
+TEST_PACKAGES="procps libgtest-dev libgmock-dev xvfb xauth xdotool openbox x11-utils pulseaudio clang-format"
+TIDY_PACKAGES="clang clang-tidy"
 
 say() { printf '%s\n' "velkorandum: $*"; }
 

@@ -4,11 +4,8 @@ Once by arrows, Enter and Escape alone, once by touch alone.
 """
 
 import os
-import sys
-import time
-import unittest
 
-from driven import Driven, wait_for, write_tone
+from driven import Driven, main, write_tone
 
 ARTIST = "O'Hanlon's Ferry"
 
@@ -19,7 +16,7 @@ def tag(path, title):
     path.write_bytes(path.read_bytes() + b"TAG" + b"".join(t.encode().ljust(n, b"\0") for t, n in texts) + b"\x11")
 
 
-class ListsTest(Driven):
+class _Lists(Driven):
     def setUp(self):
         super().setUp()
         for number in range(1, 13):
@@ -28,8 +25,8 @@ class ListsTest(Driven):
             tag(song, f"Song {number:02}")
         self.set_up()
         self.start_to_menu()
-        wait_for("the catalogue", lambda: "db checkpoint" in self.log())
-        time.sleep(1)
+        self.wait_for("the catalogue", lambda: "db checkpoint" in self.log())
+        self.settle("the menu")
 
     def playlist(self):
         path = self.album.parent / "Zlists" / "Q.m3u"
@@ -41,9 +38,20 @@ class ListsTest(Driven):
 
     def finish(self, numbers):
         songs = [str(self.album.parent / "Ferry" / f"{number:02}.wav") for number in numbers]
-        wait_for("the list without its first entry", lambda: self.playlist() == songs[1:])
+        self.wait_for("the list without its first entry", lambda: self.playlist() == songs[1:])
         self.assertEqual(self.played(), songs)
 
+    def wait_for_ten(self):
+        self.wait_for("the list", lambda: len(self.playlist()) == 10)
+        self.settle("the saved list")
+
+    def wait_for_the_player(self):
+        self.wait_for("the list in the player", lambda: len(self.played()) == 10)
+        self.wait_for_track(0)
+        self.settle("the player")
+
+
+class KeysLists(_Lists):
     def test_by_keys_alone(self):
         self.keys("Right", "Return")  # the browser
         # From the end: Zlists, Ferry, Album, the new list.
@@ -57,15 +65,13 @@ class ListsTest(Driven):
         self.keys("Escape", "Down", "Return")  # the keyboard, "Q"
         self.picture("keys-name")
         self.keys(*["Right"] * 9, "Down", "Return")  # "P", "OK"
-        wait_for("the list", lambda: len(self.playlist()) == 10)
-        time.sleep(1.5)
+        self.wait_for_ten()
         self.picture("keys-saved")
         self.keys("Escape", "Return")  # the menu and back
         self.open_list()
         self.picture("keys-list")
         self.keys("Down", "Down", "Return")
-        wait_for("the list in the player", lambda: len(self.played()) == 10)
-        wait_for("the player", lambda: self.setting("audio_player", "currenttrack") == "0")
+        self.wait_for_the_player()
         self.keys("p")
         self.picture("keys-back")  # the list that is played
         self.keys("Down", "Return", "Right")  # edit, to the right list
@@ -79,11 +85,10 @@ class ListsTest(Driven):
         self.keys("Down", "Return")
 
 
-class TouchListsTest(ListsTest):
-    """The same by touch alone, on the smallest panel."""
+class TouchLists(_Lists):
+    """On the smallest panel."""
 
     size = "640x480"
-    test_by_keys_alone = None
     # Where things stand at that size: the first row and the pitch of rows in one list and in two, keys, buttons.
     WIDE, NARROW = (80, 45), (78, 33)
     SAVE, HOME, PAGE_DOWN, MEDIA, SWAP = (502, 440), (595, 30), (228, 440), (240, 100), (120, 440)
@@ -111,14 +116,12 @@ class TouchListsTest(ListsTest):
         self.tap(self.SAVE, self.KEY_Q)
         self.picture("touch-name")
         self.tap(self.KEY_OK)
-        wait_for("the list", lambda: len(self.playlist()) == 10)
-        time.sleep(1.5)
+        self.wait_for_ten()
         self.tap(self.HOME, self.MEDIA)
         self.rows(0, 3, 1, lists=self.WIDE)  # database, playlists, the list
         self.picture("touch-list")
         self.rows(2, lists=self.WIDE)
-        wait_for("the list in the player", lambda: len(self.played()) == 10)
-        wait_for("the player", lambda: self.setting("audio_player", "currenttrack") == "0")
+        self.wait_for_the_player()
         self.picture("touch-player")
         self.tap(self.SWAP)
         self.rows(1, lists=self.WIDE)  # edit
@@ -129,4 +132,4 @@ class TouchListsTest(ListsTest):
 
 
 if __name__ == "__main__":
-    unittest.main(argv=sys.argv[:1], verbosity=2)
+    main()

@@ -1,0 +1,90 @@
+"""A virtual display that is looked at, pressed and touched as a driver would do it."""
+
+import mmap
+import os
+import pathlib
+import subprocess
+import time
+import zlib
+
+PATIENCE = 60  # seconds for any one thing, on a slow and busy machine
+# The system is deaf for a quarter of a second when another screen has come; seconds without a change.
+SETTLED = 0.3
+STEP = 0.02
+
+
+def wait_for(what, condition, alive=lambda: True):
+    """Until `condition` holds; an end of what it depends on ends the wait."""
+    end = time.monotonic() + PATIENCE
+    while not condition():
+        if time.monotonic() > end:
+            raise AssertionError(f"never happened: {what}")
+        if not alive():
+            raise AssertionError(f"ended before: {what}")
+        time.sleep(STEP)
+
+
+class Display:
+    """An X server of its own in the environment `env`, which gets its name, with or without a window manager."""
+
+    def __init__(self, env, folder, size, manager=False):
+        self.env = env
+        self.folder = pathlib.Path(folder)
+        reading, writing = os.pipe()
+        self.processes = [subprocess.Popen(
+            ["Xvfb", "-displayfd", str(writing), "-screen", "0", f"{size}x24", "-dpi", "96", "-nolisten", "tcp",
+             "-fbdir", str(self.folder)],
+            env=env, pass_fds=(writing,), stderr=subprocess.DEVNULL)]
+        os.close(writing)
+        # To its line end: the server would die of writing to a closed pipe.
+        with os.fdopen(reading) as answer:
+            env["DISPLAY"] = ":" + answer.readline().strip()
+        env["QT_QPA_PLATFORM"] = "xcb"
+        with open(self.folder / "Xvfb_screen0", "rb") as file:
+            self.screen = mmap.mmap(file.fileno(), 0, access=mmap.ACCESS_READ)
+        if manager:
+            self.start_manager()
+
+    def start_manager(self):
+        self.processes.append(subprocess.Popen(["openbox"], env=self.env, stdout=subprocess.DEVNULL,
+                                               stderr=subprocess.DEVNULL))
+        wait_for("the window manager", lambda: "window id" in subprocess.run(
+            ["xprop", "-root", "_NET_SUPPORTING_WM_CHECK"], env=self.env, capture_output=True, text=True,
+            check=False).stdout)
+
+    def close(self):
+        for process in reversed(self.processes):
+            process.terminate()
+            process.wait()
+
+    def shows(self, colour, width):
+        """Is there a line of that many pixels of a colour, given as 0xRRGGBB?"""
+        return self.screen.find((colour | 0xFF000000).to_bytes(4, "little") * width) >= 0
+
+    def look(self):
+        """A number that another picture does not have."""
+        return zlib.crc32(self.screen)
+
+    def settle(self, what, before=None, busy=lambda: False):
+        """Until the picture is another one than `before` and stands still, and nothing works."""
+        wait_for(what, lambda: self.look() != before)
+        seen, since = self.look(), time.monotonic()
+
+        def still():
+            nonlocal seen, since
+            now = self.look()
+            if now != seen or busy():
+                seen, since = now, time.monotonic()
+            return time.monotonic() >= since + SETTLED
+
+        wait_for(what + " to stand still", still)
+
+    def send(self, *words):
+        subprocess.run(["xdotool", *map(str, words)], env=self.env, check=True)
+
+    def picture(self, target):
+        """Keeps what is shown as a file in PNG."""
+        raw = self.folder / "picture.xwd"
+        raw.write_bytes(self.screen)
+        subprocess.run(["mogrify", "-format", "png", str(raw)], check=True)
+        pathlib.Path(target).write_bytes(raw.with_suffix(".png").read_bytes())
