@@ -132,7 +132,7 @@ ScreenLoader Application::MakeLoader() {
             LoadChannels(settings_.File(ChannelFileName), clock_.Now(), report_, channels_);
         browserScreen_ =
             std::make_unique<playlists>(playlists::Needs{controls_, BrowserScreenNeeds()}, &host_);
-        screens_.Add("playlists", *browserScreen_);
+        screens_.Add("playlists", browserScreen_->browser(), *browserScreen_);
     };
     loader.playmp3 = [this] {
         playerScreen_ = std::make_unique<playmp3>(controls_, PlayerNeeds(), &host_);
@@ -286,28 +286,17 @@ void Application::PowerAction() {
 }
 
 BrowserNeeds Application::BrowserScreenNeeds() {
-    return {.settings = settings_,
-            .app = state_,
+    return {.base = base_,
             .state = browser_,
-            .audio = audio_,
-            .video = video_,
-            .screens = screens_,
-            .clock = clock_,
-            .pump = pump_,
-            .commands = commands_,
-            .volumes = volumes_,
-            .locale = locale_,
-            .report = report_,
-            .tags = tags_,
-            .extensions = extensions_,
             .keys = keys_,
-            .catalogue = &db_,
-            .StopAudio = [this] { start_.Winamp()->WinAMP_SCM(WinampStop); },
-            .channels = &channels_,
-            .HasTuner =
-                [this](std::int32_t mode) {
-                    return playerScreen_ && playerScreen_->player().HasSource(mode);
-                }};
+            .library = {tags_, extensions_, &db_, &channels_},
+            .players = {.audio = audio_,
+                        .video = video_,
+                        .StopAudio = [this] { start_.Winamp()->WinAMP_SCM(WinampStop); },
+                        .HasTuner =
+                            [this](std::int32_t mode) {
+                                return playerScreen_ && playerScreen_->player().HasSource(mode);
+                            }}};
 }
 
 AudioPlayer::Needs Application::PlayerNeeds() {

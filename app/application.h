@@ -5,6 +5,7 @@
 #include "app/touch_filter.h"
 #include "browser/screen/playlists.h"
 #include "core/app_state.h"
+#include "core/base.h"
 #include "core/file_registry.h"
 #include "core/screens.h"
 #include "core/settings.h"
@@ -110,6 +111,8 @@ class Application {
     SettingsStore settings_;
     Screens screens_;
     Commands commands_{pump_, screens_, clock_};
+    Base base_{state_,    settings_, log_,     report_, clock_,  pump_,
+               commands_, screens_,  dialogs_, window_, locale_, volumes_};
     NewScreen newScreen_{screens_, clock_};
     TouchFilter touches_{newScreen_};
     SkinStore skin_;

@@ -233,7 +233,7 @@ BENCHMARK_CAPTURE(OpenedFolder, itself, false)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(OpenedFolder, and_below, true)->Unit(benchmark::kMillisecond);
 
 /// A screen that draws nothing.
-class NoView : public BrowserView {
+class NoView : public BrowserView, public TextEntryView {
   public:
     void SetTitle(const std::string&) override {}
     void ShowLoading(const std::string&) override {}
@@ -273,21 +273,13 @@ struct LargeBrowser {
     NoView view;
     ListModel list, rightList;
     KeyboardModel keyboard;
-    Browser browser{{.settings = large.settings,
-                     .app = large.state,
+    TextEntry text{keyboard, view};
+    Browser browser{{.base = large.base,
                      .state = state,
-                     .audio = audio,
-                     .video = video,
-                     .screens = large.screens,
-                     .clock = large.clock,
-                     .volumes = large.volumes,
-                     .locale = large.locale,
-                     .report = large.report,
-                     .tags = tags,
-                     .extensions = large.extensions,
                      .keys = keys,
-                     .catalogue = &large.catalogue},
-                    {list, rightList, keyboard},
+                     .library = {tags, large.extensions, &large.catalogue},
+                     .players = {audio, video}},
+                    {list, rightList, text},
                     view};
 };
 

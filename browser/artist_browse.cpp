@@ -1,6 +1,6 @@
-// The catalogue by artist: artists, an artist's titles, an artist's albums, the titles of an album.
+#include "browser/artist_browse.h"
+
 #include "browser/album_marker.h"
-#include "browser/sql_lists.h"
 #include "core/text.h"
 #include "library/queries/sql_text.h"
 
@@ -8,6 +8,7 @@ namespace vk {
 
 namespace {
 
+constexpr const char* List = "BrowseArtist";
 constexpr const char* ArtistField = "Artist=";
 constexpr const char* AlbumField = "Album=";
 
@@ -17,42 +18,43 @@ std::string ShownCondition(const std::string& condition) {
     return Unescape(ReplaceAll(names, "'", ""));
 }
 
+void ListArtists(SqlRows& rows) {
+    rows.SetTitle("Browsing by Artist ", "Build Playlist | Browsing by artist ");
+    rows.AddRecords("SELECT DISTINCT Artist FROM Media WHERE ((Artist)<>'') ORDER BY Artist", List,
+                    "Artist='", "'");
+}
+
+void ListAlbums(SqlRows& rows, const std::string& condition) {
+    const std::string title = "Albums of: " + ShownCondition(condition);
+    rows.SetTitle(title, "Building Playlist | " + title);
+    rows.AddRecords("SELECT DISTINCT Album FROM Media WHERE ((Album)<>'') AND " + condition +
+                        " ORDER BY Album",
+                    List, condition + AlbumMarker + "Album='", "'");
+}
+
+void ListAlbum(SqlRows& rows, const std::string& condition) {
+    const std::string title = ShownCondition(condition);
+    rows.SetTitle(title, "Building Playlist | " + title);
+    rows.AddFiles("SELECT Path, Artist, Title FROM Media WHERE " + condition + " ORDER BY Track");
+}
+
+void ListTitles(SqlRows& rows, const std::string& condition) {
+    const std::string title = "Artist: " + ShownCondition(condition);
+    rows.SetTitle(title, "Building Playlist | " + title);
+    rows.AddMenu("---List Albums---", Descriptor::Sql(List, condition + AlbumMarker));
+    rows.AddFiles("SELECT DISTINCT Artist, Title, Path FROM Media WHERE " + condition +
+                  " ORDER BY Title");
+}
+
 } // namespace
 
-void SqlLists::BrowseArtist(const std::string& argument) {
-    if (argument.empty()) return ListArtists();
-    if (EndsInAlbumMarker(argument)) return ListAlbums(BeforeAlbumMarker(argument));
-    const auto marker = FindAlbumMarker(argument);
-    if (marker == std::string::npos) return ListTitles(argument);
-    ListAlbum(std::string(argument).replace(marker, std::string(AlbumMarker).size(), " AND "));
-}
-
-void SqlLists::ListArtists() {
-    SetTitle("Browsing by Artist ", "Build Playlist | Browsing by artist ");
-    AddRecords("SELECT DISTINCT Artist FROM Media WHERE ((Artist)<>'') ORDER BY Artist",
-               "SQL:BrowseArtist|Artist='", "'");
-}
-
-void SqlLists::ListAlbums(const std::string& condition) {
-    const std::string title = "Albums of: " + ShownCondition(condition);
-    SetTitle(title, "Building Playlist | " + title);
-    AddRecords("SELECT DISTINCT Album FROM Media WHERE ((Album)<>'') AND " + condition +
-                   " ORDER BY Album",
-               "SQL:BrowseArtist|" + condition + AlbumMarker + "Album='", "'");
-}
-
-void SqlLists::ListAlbum(const std::string& condition) {
-    const std::string title = ShownCondition(condition);
-    SetTitle(title, "Building Playlist | " + title);
-    AddFiles("SELECT Path, Artist, Title FROM Media WHERE " + condition + " ORDER BY Track");
-}
-
-void SqlLists::ListTitles(const std::string& condition) {
-    const std::string title = "Artist: " + ShownCondition(condition);
-    SetTitle(title, "Building Playlist | " + title);
-    AddMenu("---List Albums---", "BrowseArtist|" + condition + AlbumMarker);
-    AddFiles("SELECT DISTINCT Artist, Title, Path FROM Media WHERE " + condition +
-             " ORDER BY Title");
+void BrowseArtist(SqlRows& rows, const std::string& condition) {
+    if (condition.empty()) return ListArtists(rows);
+    if (EndsInAlbumMarker(condition)) return ListAlbums(rows, BeforeAlbumMarker(condition));
+    const auto marker = FindAlbumMarker(condition);
+    if (marker == std::string::npos) return ListTitles(rows, condition);
+    ListAlbum(rows,
+              std::string(condition).replace(marker, std::string(AlbumMarker).size(), " AND "));
 }
 
 } // namespace vk

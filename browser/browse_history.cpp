@@ -1,7 +1,7 @@
 #include "browser/browse_history.h"
 
-#include <algorithm>
-#include <array>
+#include "library/descriptor.h"
+
 #include <string_view>
 #include <utility>
 
@@ -9,13 +9,8 @@ namespace vk {
 
 namespace {
 
-constexpr std::array<std::string_view, 6> Kinds = {
-    "FILE:", "PATH:", "SQL:", "EDIT:", "FREQ:", "XM:"};
-
 bool Separates(std::string_view history, std::size_t at) {
-    return history[at] == '/' && std::ranges::any_of(Kinds, [&](std::string_view kind) {
-               return history.substr(at + 1).starts_with(kind);
-           });
+    return history[at] == '/' && BeginsDescriptor(history.substr(at + 1));
 }
 
 } // namespace

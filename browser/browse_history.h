@@ -6,8 +6,8 @@
 
 namespace vk {
 
-/// The elements of a history. As paths hold "/" too, only one that stands before a kind of
-/// descriptor ("PATH:" and the like) separates.
+/// The elements of a history. As paths hold "/" too, only one that stands before a descriptor
+/// separates.
 std::vector<std::string> SplitHistory(const std::string& history);
 
 /// Appends a chosen descriptor.

@@ -30,9 +30,6 @@ class BrowserView {
     virtual void SetButton(BrowserButton button, const std::string& picture) = 0;
     /// Slides the frame with the rarer buttons open or shut; nothing when it is so already.
     virtual void ShowToolFrame(bool open) = 0;
-    /// Slides the frame with the keyboard, `KBFrame`, over the list or away, with events running;
-    /// nothing when it is so already.
-    virtual void SlideKeyboard(bool open) = 0;
     /// Draws the list anew from its model.
     virtual void ReDrawList() = 0;
     /// The same for the right-hand list of the mode that builds a list.

@@ -1,102 +1,56 @@
-// The browser's touch buttons.
-#include "browser/browser.h"
+#include "browser/buttons.h"
 
 namespace vk {
 
-void Browser::PlayPause() {
-    const auto* player = needs_.screens.Find("playmp3");
-    if (needs_.audio.PlayMode != PlayNone && player && player->DoPause) player->DoPause();
+void BrowserButtons::PlayPause() {
+    const auto* player = desk_.needs.base.screens.Find("playmp3");
+    if (desk_.needs.players.audio.PlayMode != PlayNone && player && player->DoPause)
+        player->DoPause();
     ShowState();
 }
 
-void Browser::ToggleToolFrame() {
+void BrowserButtons::ToggleToolFrame() {
     toolFrameOpen_ = !toolFrameOpen_;
-    view_.SetButton(BrowserButton::ToolFrame, toolFrameOpen_ ? "menusel.gif" : "menu.gif");
-    view_.ShowToolFrame(toolFrameOpen_);
+    desk_.view.SetButton(BrowserButton::ToolFrame, toolFrameOpen_ ? "menusel.gif" : "menu.gif");
+    desk_.view.ShowToolFrame(toolFrameOpen_);
 }
 
-void Browser::CloseToolFrame() {
+void BrowserButtons::CloseToolFrame() {
     if (toolFrameOpen_) ToggleToolFrame();
 }
 
-void Browser::ToggleRecurse() {
-    RecurseArmed = !RecurseArmed;
-    view_.SetButton(BrowserButton::Recurse, RecurseArmed ? "recursesel.gif" : "recurse.gif");
-}
-
-void Browser::ToggleApplications() {
+void BrowserButtons::ToggleApplications() {
     CloseToolFrame();
-    Run("Image14_Click", [&] {
-        const bool applications = needs_.state.ListMode == ListApplications;
-        needs_.state.ListMode = applications ? ListFromMenu : ListApplications;
-        PopulateAnew();
+    desk_.Run("Image14_Click", [this] {
+        std::int16_t& mode = desk_.needs.state.ListMode;
+        mode = mode == ListApplications ? ListFromMenu : ListApplications;
+        lists_.PopulateAnew();
     });
 }
 
-void Browser::Eject() {
+void BrowserButtons::Eject() {
     CloseToolFrame();
-    Run("Image16_Click", [&] {
-        const std::string& drive = builder_.Drives().DiscDrive();
-        const bool opened = !needs_.app.CDReady || needs_.volumes.Eject(drive);
-        needs_.state.CurrentPath = needs_.MediaDir();
-        PopulateAnew();
-        if (!opened) ShowNotice("The drive could not be opened.");
+    desk_.Run("Image16_Click", [this] {
+        const std::string& drive = lists_.place.Drives().DiscDrive();
+        const bool opened =
+            !desk_.needs.base.state.CDReady || desk_.needs.base.volumes.Eject(drive);
+        desk_.needs.state.CurrentPath = desk_.needs.MediaDir();
+        lists_.PopulateAnew();
+        if (!opened) desk_.Say("The drive could not be opened.");
     });
 }
 
-void Browser::ShowGPS() {
-    if (!HasGPS() || KeepsBuilding()) return;
-    CloseToolFrame();
-    switchingform();
-    needs_.screens.Show("frmGPS");
+void BrowserButtons::Resume() {
+    desk_.Run("Image19_Click", [this] { chooser_.Player().Resume(); });
 }
 
-void Browser::GoHome() {
-    if (OnlyEnds() || KeepsBuilding()) return;
-    CloseToolFrame();
-    needs_.state.FromPlayer = false;
-    switchingform();
-    EndPlayer();
-    needs_.screens.Show("velkorandum");
-}
-
-// The menu silences what plays: better that the player saves it before.
-void Browser::EndPlayer() {
-    const auto* player = needs_.screens.Find("playmp3");
-    if (player && needs_.audio.PlayMode != PlayNone) player->doquit();
-}
-
-bool Browser::HasRadio() const {
-    const Settings& settings = needs_.settings.values;
-    return settings.dlink_enabled || settings.xmpcr_enabled;
-}
-
-// The satellite tuner when it is the only one, or the first of two.
-static bool RadioIsXM(const BrowserNeeds& needs) {
-    const Settings& settings = needs.settings.values;
-    if (settings.dlink_enabled && settings.xmpcr_enabled) return needs.app.FirstRadioType == 1;
-    return settings.xmpcr_enabled;
-}
-
-void Browser::SetPlayerButton() {
-    if (HasRadio()) view_.SetButton(BrowserButton::Radio, RadioIsXM(needs_) ? "xm.gif" : "fm.gif");
-}
-
-void Browser::ShowRadio() {
-    if (!HasRadio() || KeepsBuilding()) return;
-    const bool xm = RadioIsXM(needs_);
-    const std::int32_t mode = xm ? PlayXM : PlayFM;
-    if (!needs_.HasTuner || !needs_.HasTuner(mode))
-        return ShowNotice("The radio is not available.");
-    needs_.audio.PlayMode = mode;
-    needs_.audio.ListTitle = xm ? XMSourceName : FMSourceName;
-    needs_.audio.ListFile = needs_.settings.File("presets.lst");
-    needs_.audio.VolumeSerial = -1;
-    needs_.audio.bStartPlaying = true;
-    CloseToolFrame();
-    switchingform();
-    needs_.state.FromPlayer = false;
-    needs_.screens.Show("playmp3");
+void BrowserButtons::ShowState() {
+    const AudioState& audio = desk_.needs.players.audio;
+    const bool playing = audio.PlayMode != PlayNone && !audio.bPaused;
+    desk_.view.SetButton(BrowserButton::PlayPause, playing ? "pause.gif" : "play.gif");
+    const DateTime now = desk_.needs.base.clock.Now();
+    const LocaleInfo& locale = desk_.needs.base.locale;
+    desk_.view.SetClock(locale.LongDate(now) + "    " + locale.ShortTime(now));
 }
 
 } // namespace vk

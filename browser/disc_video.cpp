@@ -20,7 +20,7 @@ std::string FirstMpg(const std::string& folder) {
 
 DiscVideo FilmDisc(const char* kind, const std::string& folder) {
     const std::string film = FirstMpg(folder);
-    return {kind, film.empty() ? std::string() : "FILE:" + film};
+    return {kind, film.empty() ? Descriptor{} : Descriptor::File(film)};
 }
 
 } // namespace
@@ -28,7 +28,7 @@ DiscVideo FilmDisc(const char* kind, const std::string& folder) {
 std::optional<DiscVideo> RecogniseDiscVideo(const std::string& discFolder,
                                             const std::string& name) {
     const std::string upper = ToUpper(name);
-    if (upper == "VIDEO_TS") return DiscVideo{"DVD Video: ", "FILE:DVDVIDEO"};
+    if (upper == "VIDEO_TS") return DiscVideo{"DVD Video: ", Descriptor::FilmDisc()};
     if (upper == "MPEG2") return FilmDisc("SVCD Video: ", JoinPath(discFolder, name));
     if (upper == "MPEG") return FilmDisc("VCD Video: ", JoinPath(discFolder, name));
     return std::nullopt;

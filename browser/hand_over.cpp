@@ -1,107 +1,185 @@
-// What is handed to the players.
-#include "browser/browser.h"
+#include "browser/hand_over.h"
+
 #include "core/text.h"
+#include "library/lists/channel_list.h"
 #include "library/lists/list_file.h"
 #include "library/tags/media_type.h"
 #include "platform/files.h"
+#include "playback/resume.h"
+
+#include <algorithm>
+#include <utility>
 
 namespace vk {
 
 // Writes every row of that type; returns the one-based place of the selected one among them, 0 with
 // a notice when there is nothing to be played.
-std::int32_t Browser::WritePlayList(int mediaType, const std::string& file) {
+std::int32_t HandOver::WritePlayList(int mediaType, const std::string& file) {
     std::vector<std::string> entries;
     std::int32_t position = 0;
-    for (int row = 0; row < list_.ItemCount(); ++row) {
-        const RowDescriptor entry = SplitDescriptor(list_.GetFileNameListusercontrol(row));
-        const std::string path = entry.Rest();
-        if (entry.kind != "FILE" || GetMediaType(needs_.extensions, path) != mediaType ||
-            !FitsListLine(path))
+    for (int row = 0; row < desk_.list.ItemCount(); ++row) {
+        const auto entry = Descriptor::Parse(desk_.list.GetFileNameListusercontrol(row));
+        const std::string& path = entry.body;
+        if (entry.kind != RowKind::File ||
+            GetMediaType(desk_.needs.library.extensions, path) != mediaType || !FitsListLine(path))
             continue;
         entries.push_back(path);
-        if (row == list_.GetSelectedSongNum()) position = static_cast<std::int32_t>(entries.size());
+        if (row == desk_.list.GetSelectedSongNum())
+            position = static_cast<std::int32_t>(entries.size());
     }
     if (position == 0) {
-        ShowNotice(NameFitsNoList);
+        desk_.Say(NameFitsNoList);
         return 0;
     }
     const std::string comment = mediaType == MediaAudio ? desk_.ParentName : std::string();
     if (WriteListFile(file, comment, entries)) return position;
-    needs_.report.Log("could not write " + ToUtf8(file));
-    ShowNotice("The play list could not be written.");
+    desk_.needs.base.report.Log("could not write " + ToUtf8(file));
+    desk_.Say("The play list could not be written.");
     return 0;
 }
 
-void Browser::PlayAudioFiles(const RowDescriptor&) {
-    const std::int32_t position = WritePlayList(MediaAudio, AudioList());
+void HandOver::PlayAudioFiles() {
+    const std::int32_t position =
+        WritePlayList(MediaAudio, desk_.needs.base.settings.File(AudioListName));
     if (position == 0) return;
     if (DiscIsGone()) return FallBackWithoutDisc();
-    const std::string& drive = builder_.Drives().DiscDrive();
-    AudioState& audio = needs_.audio;
+    const std::string& drive = lists_.place.Drives().DiscDrive();
+    AudioState& audio = desk_.needs.players.audio;
     audio.PlayMode = PlayAudio;
-    audio.ListFile = AudioList();
-    audio.ListTitle =
-        builder_.BrowsingCD ? ToUtf8(needs_.volumes.Label(drive)) : Trim(desk_.Title());
-    audio.VolumeSerial = builder_.BrowsingCD ? needs_.volumes.Serial(drive) : 0;
+    audio.ListFile = desk_.needs.base.settings.File(AudioListName);
+    audio.ListTitle = lists_.place.BrowsingCD ? ToUtf8(desk_.needs.base.volumes.Label(drive))
+                                              : Trim(desk_.Title());
+    audio.VolumeSerial = lists_.place.BrowsingCD ? desk_.needs.base.volumes.Serial(drive) : 0;
     audio.TrackToSelect = position;
     audio.bResuming = false;
     audio.ResumePosition = 0;
     audio.bStartPlaying = true;
-    HistoryDirty = true;
+    lists_.trail.Played();
     EnterPlayer();
 }
 
 // Another disc than the one on show is elsewhere.
-bool Browser::DiscIsGone() {
-    return builder_.BrowsingCD &&
-           (!builder_.CheckDisc() || !FolderExists(needs_.state.CurrentPath));
+bool HandOver::DiscIsGone() {
+    return lists_.place.BrowsingCD &&
+           (!lists_.place.CheckDisc() || !FolderExists(desk_.needs.state.CurrentPath));
 }
 
-void Browser::FallBackWithoutDisc() {
-    FallBack();
+void HandOver::FallBackWithoutDisc() {
+    building_.FallBack();
     desk_.Say("The disc is not in the drive.");
 }
 
-void Browser::EnterPlayer() {
-    if (!needs_.screens.Find("playmp3")) return ShowNotice("The player is not available.");
+void HandOver::EnterPlayer() {
+    if (!desk_.needs.base.screens.Find("playmp3")) return desk_.Say("The player is not available.");
     Enter([this] {
-        if (std::exchange(needs_.state.FromPlayer, false))
-            needs_.screens.ReDisplay("playmp3");
+        if (std::exchange(desk_.needs.state.FromPlayer, false))
+            desk_.needs.base.screens.ReDisplay("playmp3");
         else
-            needs_.screens.Show("playmp3");
+            desk_.needs.base.screens.Show("playmp3");
     });
 }
 
-void Browser::PlayDisc() {
-    if (!builder_.CheckDisc()) return FallBackWithoutDisc();
-    const std::string& drive = builder_.Drives().DiscDrive();
-    needs_.video = {.PlayDVD = true, .ListFile = {}, .VolumeSerial = needs_.volumes.Serial(drive)};
+void HandOver::PlayDisc() {
+    if (!lists_.place.CheckDisc()) return FallBackWithoutDisc();
+    const std::string& drive = lists_.place.Drives().DiscDrive();
+    desk_.needs.players.video = {
+        .PlayDVD = true, .ListFile = {}, .VolumeSerial = desk_.needs.base.volumes.Serial(drive)};
     EnterMoviePlayer();
 }
 
-void Browser::PlayVideoFiles(const RowDescriptor&) {
-    const std::string file = needs_.settings.File("vk_video.m3u");
+void HandOver::PlayVideoFiles() {
+    const std::string file = desk_.needs.base.settings.File("vk_video.m3u");
     const std::int32_t position = WritePlayList(MediaVideo, file);
     if (position == 0) return;
     if (DiscIsGone()) return FallBackWithoutDisc();
-    const std::string& drive = builder_.Drives().DiscDrive();
-    needs_.video = {.ListFile = file,
-                    .MovieToSelect = position,
-                    .VolumeSerial = builder_.BrowsingCD ? needs_.volumes.Serial(drive) : 0};
+    const std::string& drive = lists_.place.Drives().DiscDrive();
+    desk_.needs.players.video = {
+        .ListFile = file,
+        .MovieToSelect = position,
+        .VolumeSerial = lists_.place.BrowsingCD ? desk_.needs.base.volumes.Serial(drive) : 0};
     EnterMoviePlayer();
 }
 
-void Browser::EnterMoviePlayer() {
-    if (!needs_.screens.Find("playmovie")) return ShowNotice("The movie player is not available.");
-    if (needs_.StopAudio && needs_.audio.PlayMode == PlayAudio) needs_.StopAudio();
-    Enter([this] { needs_.screens.Show("playmovie"); });
+void HandOver::EnterMoviePlayer() {
+    if (!desk_.needs.base.screens.Find("playmovie"))
+        return desk_.Say("The movie player is not available.");
+    if (desk_.needs.players.StopAudio && desk_.needs.players.audio.PlayMode == PlayAudio)
+        desk_.needs.players.StopAudio();
+    Enter([this] { desk_.needs.base.screens.Show("playmovie"); });
 }
 
 // What fails over there is not a failure of the list.
-void Browser::Enter(const std::function<void()>& show) {
-    CloseToolFrame();
-    switchingform();
-    TrapAndLog(needs_.report, "An error occured in playlists.runok ", show);
+void HandOver::Enter(const std::function<void()>& show) {
+    leave_();
+    TrapAndLog(desk_.needs.base.report, "An error occured in playlists.runok ", show);
+}
+
+// Writes the channels on show for the player's next and previous; `position` is the one-based place
+// of the selected one. False when they could not be written.
+bool HandOver::WriteChannels(std::int32_t& position) {
+    std::string numbers;
+    position = 1;
+    for (int row = 0; row < desk_.list.ItemCount(); ++row) {
+        const auto entry = Descriptor::Parse(desk_.list.GetFileNameListusercontrol(row));
+        if (entry.IsChannel()) numbers += entry.argument + "\n";
+        if (row == desk_.list.GetSelectedSongNum())
+            position = static_cast<std::int32_t>(std::ranges::count(numbers, '\n'));
+    }
+    const std::string file = desk_.needs.base.settings.File(CurrentChannelsName);
+    if (WriteChannelList(file, ChannelNumbers(numbers))) return true;
+    desk_.needs.base.report.Log("could not write " + ToUtf8(file));
+    desk_.Say("The channel list could not be written.");
+    return false;
+}
+
+// The player reads the settings when it switches over: channel, list ("" for all channels) and the
+// list's name.
+void HandOver::SaveChannel(std::int64_t channel) {
+    const bool all = desk_.Title() == AllChannelsTitle;
+    std::string& list = desk_.needs.players.audio.ListFile;
+    list = desk_.needs.base.settings.File(CurrentChannelsName);
+    const auto save = [&](const char* key, const std::string& value) {
+        desk_.needs.base.settings.Write("xmpcr_tuner", key, value);
+    };
+    save("CurrentChannel", std::to_string(channel));
+    save("PresetList", all ? "" : list);
+    save("ListTitle", all ? XMSourceName : Trim(desk_.Title()));
+}
+
+void HandOver::TuneChannel(const Descriptor& row) {
+    const auto channel = ParseInteger(row.argument);
+    AudioState& audio = desk_.needs.players.audio;
+    std::int32_t position = 0;
+    if (!channel || !IsChannelNumber(*channel) || !WriteChannels(position)) return;
+    SaveChannel(*channel);
+    audio.PlayMode = PlayXM;
+    audio.ListTitle = XMSourceName;
+    audio.CurrentChannel = static_cast<std::int16_t>(*channel);
+    audio.TrackToSelect = position;
+    audio.VolumeSerial = -1;
+    audio.bResuming = false;
+    audio.bStartPlaying = true;
+    lists_.trail.Played();
+    EnterPlayer();
+}
+
+void HandOver::Resume() {
+    AudioState& audio = desk_.needs.players.audio;
+    if (!FileExists(desk_.needs.base.settings.File(AudioListName)))
+        return desk_.Say(NothingToResume);
+    if (audio.PlayMode == PlayNone) return ResumeSaved();
+    audio.bStartPlaying = false; // it plays already: only shown
+    desk_.needs.state.FromPlayer = true;
+    EnterPlayer();
+}
+
+void HandOver::ResumeSaved() {
+    Base& base = desk_.needs.base;
+    AudioState& audio = desk_.needs.players.audio;
+    if (PrepareResume(base.settings, base.volumes, audio) != ResumeResult::Ready)
+        return desk_.Say("ROM Mismatch detected. Insert correct CD.");
+    audio.bResuming = true; // the button means it, whatever the start of the system does
+    EnterPlayer();
 }
 
 } // namespace vk

@@ -3,6 +3,8 @@
 #include "browser/list_modes.h"
 #include "platform/paths.h"
 
+#include <utility>
+
 namespace vk {
 
 namespace {
@@ -19,12 +21,36 @@ std::string Grouped(std::size_t number) {
 
 } // namespace
 
+// An operation may lead to another one, as to a screen that comes straight back.
+void ListDesk::Run(const char* name, const std::function<void()>& operation) {
+    Work work(needs.base.pump, name);
+    Work* const outer = std::exchange(work_, &work);
+    notice_.Drop();
+    TrapAndLog(needs.base.report, std::string("An error occured in playlists.") + name + " ",
+               operation);
+    work_ = outer;
+    if (const std::string notice = std::exchange(toSay_, {}); !notice.empty()) notice_.Show(notice);
+    if (!notice_.Showing()) view.HideLoading();
+}
+
+void ListDesk::Say(const std::string& notice) {
+    if (work_)
+        toSay_ = notice;
+    else
+        notice_.Show(notice);
+}
+
+void ListDesk::Hush() {
+    notice_.Drop();
+    view.HideLoading();
+}
+
 void ListDesk::Start() {
     ++started_;
     ParentName.clear();
     PlaylistView = XMView = false;
     list.HideDupes = false;
-    list.numberedList = needs.settings.values.numberedList;
+    list.numberedList = needs.Options().numberedList;
     rows.Clear();
 }
 
@@ -36,18 +62,18 @@ void ListDesk::Finish() {
 
 void ListDesk::ShowBusy(const std::string& label) {
     busy_ = label;
-    lastCount_ = needs.clock.TickMs();
+    lastCount_ = needs.base.clock.TickMs();
     view.ShowLoading(label);
 }
 
 bool ListDesk::Pulse(std::size_t done) {
-    const std::int64_t now = needs.clock.TickMs();
+    const std::int64_t now = needs.base.clock.TickMs();
     if (done > 0 && now - lastCount_ >= CountMs) {
         lastCount_ = now;
         view.ShowLoading(busy_ + "  " + Grouped(done));
     }
     if (!work_) return true;
-    if (needs.screens.CurrentForm.Text().empty()) work_->End(); // the system ends
+    if (needs.base.screens.CurrentForm.Text().empty()) work_->End(); // the system ends
     return work_->Pulse();
 }
 
@@ -56,7 +82,7 @@ bool ListDesk::Try(const std::string& name, const std::function<void()>& build) 
         build();
         return !Aborted();
     } catch (const std::exception& error) {
-        needs.report.Log("An error occured in playlists." + name + " " + error.what());
+        needs.base.report.Log("An error occured in playlists." + name + " " + error.what());
         Say("The list could not be read.");
         return false;
     }
@@ -68,7 +94,7 @@ void ListDesk::SetTitle(const std::string& title) {
 }
 
 bool ListDesk::Showable(const std::string& path) const {
-    return IsShowable(needs.extensions, needs.state.ListMode, path);
+    return IsShowable(needs.library.extensions, needs.state.ListMode, path);
 }
 
 void ListDesk::AddEmptyNotice(const std::string& text, const std::string& picture) {
@@ -87,6 +113,13 @@ bool ListDesk::AddCatalogueFile(const CatalogueFile& file, int& number) {
     if (Showable(JoinPath(needs.MediaDir(), file.path)))
         rows.AddFileRow(++number, file.artist, file.title, file.path, false);
     return true;
+}
+
+void ListDesk::SelectMatch(const std::string& descriptor) {
+    const int row = descriptor.empty() ? -1 : list.MatchItem(descriptor);
+    if (row <= 0) return;
+    list.SelectItem(row);
+    view.ReDrawList();
 }
 
 } // namespace vk

@@ -5,36 +5,32 @@
 #include "browser/browser_needs.h"
 #include "browser/browser_view.h"
 #include "browser/list_rows.h"
+#include "browser/notice.h"
 
 #include <functional>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace vk {
 
-/// What is given outlives it. A build goes `Start`, rows, `Finish`, within an `Operation`.
+/// What is given outlives it. A build goes `Start`, rows, `Finish`, within an operation.
 class ListDesk {
   public:
-    ListDesk(BrowserNeeds& browserNeeds, ListModel& shown, BrowserView& screen)
-        : needs(browserNeeds), list(shown), view(screen), rows(shown, browserNeeds.settings) {}
+    ListDesk(const BrowserNeeds& browserNeeds, ListModel& shown, BrowserView& screen)
+        : needs(browserNeeds), list(shown), view(screen), rows(shown, needs.base.settings),
+          notice_(needs.base.clock, screen) {}
 
-    /// One operation of the browser, in which lists are built: it can be ended early. Lives on the
-    /// stack; one within another stands for it meanwhile.
-    class Operation {
-      public:
-        Operation(ListDesk& desk, const char* what)
-            : desk_(desk), work_(desk.needs.pump, what), outer_(std::exchange(desk.work_, &work_)) {
-        }
-        ~Operation() { desk_.work_ = outer_; }
-        Operation(const Operation&) = delete;
-        Operation& operator=(const Operation&) = delete;
-
-      private:
-        ListDesk& desk_;
-        Work work_;
-        Work* outer_;
-    };
+    /// Runs one operation of the browser, which can be ended early through the pump. A failure is
+    /// logged and reported under `name`, a literal.
+    void Run(const char* name, const std::function<void()>& operation);
+    /// True when the present operation was ended: what is read is not whole.
+    bool Aborted() const { return work_ && work_->Ended(); }
+    /// Says something over the list for a while: when the present operation ends, at once outside
+    /// of one.
+    void Say(const std::string& notice);
+    bool Saying() const { return notice_.Showing(); }
+    /// Takes away what is said, as the screen is left.
+    void Hush();
 
     /// Empties the list for the rows that follow; none of their texts is left out unless
     /// `HideDupes` is set again.
@@ -48,17 +44,10 @@ class ListDesk {
     bool Pulse(std::size_t done = 0);
     /// The label over the list while it is built.
     void ShowBusy(const std::string& label);
-    /// True when the present operation was ended: what is read is not whole.
-    bool Aborted() const { return work_ && work_->Ended(); }
-
     /// Runs one part of a build. When it fails, that is logged under the operation's name and said
     /// on the screen; the rows that were added stay. False then, and when the build was ended
     /// early.
     bool Try(const std::string& name, const std::function<void()>& build);
-    /// Has something said on the screen when the present operation ends.
-    void Say(const std::string& notice) { notice_ = notice; }
-    /// What is to be said, once; "" for nothing.
-    std::string TakeNotice() { return std::exchange(notice_, {}); }
 
     /// Sets the heading.
     void SetTitle(const std::string& title);
@@ -74,8 +63,10 @@ class ListDesk {
     int AddCatalogueFiles(const std::vector<CatalogueFile>& files);
     /// The row after `number` for one of them; false when the build is to end early.
     bool AddCatalogueFile(const CatalogueFile& file, int& number);
+    /// Selects the row of that descriptor, if there is one but the first; "" is none.
+    void SelectMatch(const std::string& descriptor);
 
-    BrowserNeeds& needs;
+    BrowserNeeds needs;
     ListModel& list;
     BrowserView& view;
     ListRows rows;
@@ -86,7 +77,8 @@ class ListDesk {
 
   private:
     std::string title_;
-    std::string notice_;
+    Notice notice_;
+    std::string toSay_;          ///< when the present operation ends
     std::string busy_;           ///< the label, without what is done
     std::int64_t lastCount_ = 0; ///< when the label told something new; ticks, milliseconds
     int started_ = 0;

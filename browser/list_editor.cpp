@@ -11,9 +11,6 @@ namespace vk {
 
 namespace {
 
-constexpr std::string_view FileKind = "FILE:";
-constexpr std::string_view ChannelKind = ChannelDescriptor;
-
 // The text behind the row's running number; all of it when rows bear none.
 std::string WithoutNumber(const std::string& text, bool numbered) {
     const auto dash = text.find('-');
@@ -36,16 +33,8 @@ std::string LeftOut(int missing, int queries) {
 
 } // namespace
 
-bool ListEditor::EditPlaylist(const std::string& path) {
-    return Open(path, false);
-}
-
-bool ListEditor::EditChannelList(const std::string& path) {
-    return Open(path, true);
-}
-
 bool ListEditor::Open(const std::string& path, bool ofChannels) {
-    channels_ = ofChannels;
+    file.Open({}, ofChannels);
     right_.ClearAllArrays();
     right_.HideDupes = false;
     if (!desk_.Try(ofChannels ? "EditChannelList" : "EditPlaylist", [&] { Fill(path); })) {
@@ -53,25 +42,29 @@ bool ListEditor::Open(const std::string& path, bool ofChannels) {
         return false;
     }
     AddNoticeIfEmpty();
-    if (path.empty() && !ofChannels && !HasPlaylistFolder()) desk_.Say(NoPlaylistFolder);
+    if (path.empty() && !ofChannels && !file.HasFolder()) desk_.Say(NoPlaylistFolder);
+    EnterMode(path);
+    return true;
+}
+
+void ListEditor::EnterMode(const std::string& path) {
     BrowserState& state = desk_.needs.state;
-    before_ = {state.ListMode, desk_.SqlView, state.CurrentPath, desk_.Title(), path};
+    before_ = {state.ListMode, desk_.SqlView, state.CurrentPath, desk_.Title()};
+    file.Open(path, file.OfChannels());
     desk_.SqlView = false;
     state.ListMode = ListBuild;
-    EditListPath = path;
     editing_ = true;
-    if (ofChannels)
+    if (file.OfChannels())
         desk_.SetTitle(path.empty() ? "Build XM Channel List " : "Edit XM Channel List ");
     else
         desk_.SetTitle(path.empty() ? "Build Playlist " : "Edit Playlist ");
-    return true;
 }
 
 // A list that is there but cannot be read must not be written over later, and half a list neither.
 void ListEditor::Fill(const std::string& path) {
     if (path.empty() || !FileExists(path)) return;
     const std::string contents = ReadListText(path);
-    if (!channels_) return AddFiles(contents, FolderOf(path));
+    if (!file.OfChannels()) return AddFiles(contents, FolderOf(path));
     for (const int number : ChannelNumbers(contents))
         AddChannel(number);
 }
@@ -92,11 +85,11 @@ void ListEditor::AddFiles(const std::string& contents, const std::string& folder
 }
 
 void ListEditor::AddFile(const std::string& path) {
-    TagRecord tag = desk_.needs.tags.GetDBTag(path);
+    TagRecord tag = desk_.needs.library.tags.GetDBTag(path);
     if (tag.Artist.empty()) tag.Artist.swap(tag.Title);
     const std::string number = std::to_string(right_.ItemCount() + 1) + " - ";
     const std::string dash = tag.Title.empty() ? "" : " - ";
-    right_.AddItem(number + tag.Artist + dash, tag.Title, std::string(FileKind) + path, mp3pic);
+    right_.AddItem(number + tag.Artist + dash, tag.Title, Descriptor::File(path).Text(), mp3pic);
 }
 
 void ListEditor::AddChannel(int number) {
@@ -106,7 +99,7 @@ void ListEditor::AddChannel(int number) {
 
 void ListEditor::AddNoticeIfEmpty() {
     if (right_.ItemCount() == 0)
-        right_.AddItem(channels_ ? NoValidChannels : NoValidFilenames, "", "");
+        right_.AddItem(file.OfChannels() ? NoValidChannels : NoValidFilenames, "", "");
 }
 
 void ListEditor::Show() {
@@ -129,36 +122,47 @@ void ListEditor::End() {
 
 void ListEditor::Drop() {
     editing_ = false;
-    EditListPath.clear();
+    file.Close();
     right_.ClearAllArrays();
 }
 
-bool ListEditor::Takes(const ListRow& row) {
-    if (row.descriptor.starts_with(ChannelKind)) return channels_;
-    if (channels_ || !row.descriptor.starts_with(FileKind)) return false;
-    const std::string path = row.descriptor.substr(FileKind.size());
-    if (GetMediaType(desk_.needs.extensions, path) != MediaAudio)
-        message_ = "Only music can be put in a list.";
-    else if (!FitsListLine(path))
-        message_ = NameFitsNoList;
-    return message_.empty();
+bool ListEditor::Takes(const Descriptor& row, std::string& problem) const {
+    if (row.IsChannel()) return file.OfChannels();
+    if (file.OfChannels() || row.kind != RowKind::File) return false;
+    if (GetMediaType(desk_.needs.library.extensions, row.body) != MediaAudio)
+        problem = "Only music can be put in a list.";
+    else if (!FitsListLine(row.body))
+        problem = NameFitsNoList;
+    return problem.empty();
 }
 
-void ListEditor::Add(const ListRow& row) {
-    message_.clear();
-    if (right_.MatchItem(row.descriptor) >= 0 || !Takes(row)) return;
+std::string ListEditor::Add(const ListRow& row) {
+    std::string problem;
+    const Descriptor added = Descriptor::Parse(row.descriptor);
+    if (right_.MatchItem(row.descriptor) >= 0 || !Takes(added, problem)) return problem;
     if (!HasRows()) right_.ClearAllArrays();
-    if (channels_) {
-        for (const int number : ChannelNumbers(row.descriptor.substr(ChannelKind.size())))
+    if (file.OfChannels()) {
+        for (const int number : ChannelNumbers(added.argument))
             AddChannel(number);
     } else {
-        const std::string text = WithoutNumber(row.first, desk_.needs.settings.values.numberedList);
+        const std::string text = WithoutNumber(row.first, desk_.needs.Options().numberedList);
         right_.AddItem(std::to_string(right_.ItemCount() + 1) + " -" + text, row.second,
                        row.descriptor, row.picture, row.icon);
     }
     AddNoticeIfEmpty();
     right_.LoadList();
     right_.SelectItem(right_.ItemCount() - 1);
+    return {};
+}
+
+std::vector<std::string> ListEditor::Entries() const {
+    std::vector<std::string> entries;
+    for (int row = 0; row < right_.ItemCount(); ++row) {
+        const auto entry = Descriptor::Parse(right_.GetFileNameListusercontrol(row));
+        if (entry.kind != RowKind::None)
+            entries.push_back(entry.IsChannel() ? entry.argument : entry.body);
+    }
+    return entries;
 }
 
 void ListEditor::Remove(int row) {
@@ -166,7 +170,7 @@ void ListEditor::Remove(int row) {
     right_.RemoveItem(row);
     AddNoticeIfEmpty();
     if (right_.iSelected >= right_.ItemCount()) right_.SelectItem(right_.ItemCount() - 1);
-    if (!channels_ && HasRows()) Renumber(row);
+    if (!file.OfChannels() && HasRows()) Renumber(row);
 }
 
 void ListEditor::Renumber(int from) {

@@ -19,21 +19,25 @@ std::string FilePicture(const std::string& path) {
     return found == pictures.end() ? mp3pic : found->second;
 }
 
-void ListRows::Add(const std::string& text, const std::string& descriptor,
+void ListRows::Add(const std::string& text, const Descriptor& descriptor,
                    const std::string& picture) {
-    list_.AddItem(text, "", descriptor, picture);
+    list_.AddItem(text, "", descriptor.Text(), picture);
 }
 
-void ListRows::AddBackTo(const std::string& descriptor) {
+void ListRows::AddBackTo(const Descriptor& descriptor) {
     Add(BackRowText, descriptor, backpic);
 }
 
+void ListRows::AddEdit(const std::string& path) {
+    Add("<Edit This List>", Descriptor::Edit(path), playlistpic);
+}
+
 void ListRows::AddNotice(const std::string& text, const std::string& picture) {
-    Add(text, "", picture);
+    Add(text, {}, picture);
 }
 
 void ListRows::AddFolderRow(const std::string& folder) {
-    Add(ShownName(FileNameOf(folder)), "PATH:" + folder, folderpic);
+    Add(ShownName(FileNameOf(folder)), Descriptor::Path(folder), folderpic);
 }
 
 void ListRows::AddFileRow(std::int32_t number, std::string artist, std::string title,
@@ -43,7 +47,7 @@ void ListRows::AddFileRow(std::int32_t number, std::string artist, std::string t
     if (artist.empty()) artist.swap(title);
     if (!title.empty()) artist += " - ";
     const std::string full = absolute ? path : JoinPath(settings_.values.MediaDir, path);
-    list_.AddItem(prefix + artist, title, "FILE:" + full, FilePicture(path));
+    list_.AddItem(prefix + artist, title, Descriptor::File(full).Text(), FilePicture(path));
 }
 
 bool ListRows::HasBack() const {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/settings.h"
+#include "library/descriptor.h"
 #include "skin/list_model.h"
 
 #include <cstdint>
@@ -45,11 +46,14 @@ class ListRows {
     ListRows(ListModel& list, const SettingsStore& settings) : list_(list), settings_(settings) {}
 
     void Clear() { list_.ClearAllArrays(); }
-    void Add(const std::string& text, const std::string& descriptor, const std::string& picture);
+    void Add(const std::string& text, const Descriptor& descriptor,
+             const std::string& picture = {});
     /// The way back, to the folder `folder`.
-    void AddBack(const std::string& folder) { AddBackTo("PATH:" + folder); }
+    void AddBack(const std::string& folder) { AddBackTo(Descriptor::Path(folder)); }
     /// The way back, to what that descriptor means.
-    void AddBackTo(const std::string& descriptor);
+    void AddBackTo(const Descriptor& descriptor);
+    /// The row that edits the list on show.
+    void AddEdit(const std::string& path);
     /// A row that says something and does nothing when it is chosen.
     void AddNotice(const std::string& text, const std::string& picture = {});
     /// A folder under its full path.

@@ -55,44 +55,46 @@ std::string Searches::TextOf(SearchKind kind, const std::string& argument) {
 void Searches::ShowBack(SearchKind kind) {
     desk_.Start();
     desk_.SetTitle(RowOf(kind).title);
-    desk_.rows.AddBackTo(std::string("SQL:") + RowOf(kind).body);
+    desk_.rows.AddBackTo(Descriptor::Sql(RowOf(kind).body));
     desk_.Finish();
 }
 
 void Searches::ShowSaved(SearchKind kind) {
     const SearchRow& row = RowOf(kind);
-    const std::string search = std::string("SQL:") + row.body + "|" + row.field + "='";
+    const auto search = [&](const std::string& text) {
+        return Descriptor::Sql(row.body, std::string(row.field) + "='" + text + "'");
+    };
     desk_.Start();
     desk_.SetTitle(row.title);
-    desk_.rows.AddBackTo("SQL:TextSearch");
-    desk_.rows.Add("<New Search>", search + "'", searchpic);
-    for (const std::string& text : ReadSavedSearches(desk_.needs.settings, kind))
-        desk_.rows.Add(text, search + text + "'", searchpic);
+    desk_.rows.AddBackTo(Descriptor::Sql("TextSearch"));
+    desk_.rows.Add("<New Search>", search(""), searchpic);
+    for (const std::string& text : ReadSavedSearches(desk_.needs.base.settings, kind))
+        desk_.rows.Add(text, search(text), searchpic);
     desk_.Finish();
 }
 
 void Searches::RunSearch(SearchKind kind, const std::string& text) {
     desk_.ShowBusy("Busy");
     desk_.Start();
-    desk_.list.HideDupes = desk_.needs.settings.values.hideDupeArtist;
+    desk_.list.HideDupes = desk_.needs.Options().hideDupeArtist;
     desk_.SetTitle(RowOf(kind).title + std::string(" : ") + text);
-    desk_.rows.AddBackTo(std::string("SQL:") + RowOf(kind).body);
+    desk_.rows.AddBackTo(Descriptor::Sql(RowOf(kind).body));
     desk_.Try("RunSearch", [&] { AddFound(kind, text); });
     desk_.Finish();
 }
 
 void Searches::AddFound(SearchKind kind, const std::string& text) {
-    const auto found = desk_.needs.catalogue->Files(QueryFor(kind, Escape(text)));
+    const auto found = desk_.needs.library.catalogue->Files(QueryFor(kind, Escape(text)));
     if (desk_.AddCatalogueFiles(found) > 0 || desk_.Aborted()) return;
     desk_.rows.Clear();
-    desk_.rows.AddBackTo("SQL:TextSearch");
+    desk_.rows.AddBackTo(Descriptor::Sql("TextSearch"));
     desk_.rows.AddNotice(NothingFound, alertPic);
 }
 
 void Searches::Remember(SearchKind kind, const std::string& text) {
     std::string reason;
-    if (SaveSearch(desk_.needs.settings, kind, text, &reason)) return;
-    desk_.needs.report.Log("the search could not be saved: " + reason);
+    if (SaveSearch(desk_.needs.base.settings, kind, text, &reason)) return;
+    desk_.needs.base.report.Log("the search could not be saved: " + reason);
     desk_.Say("The search could not be saved.");
 }
 

@@ -1,6 +1,7 @@
 #include "browser/sql_lists.h"
 
 #include "browser/album_marker.h"
+#include "browser/artist_browse.h"
 #include "library/queries/sql_text.h"
 
 #include <algorithm>
@@ -30,7 +31,7 @@ const SqlLists::List* SqlLists::Find(const std::string& body) {
     return found == lists.end() ? nullptr : found;
 }
 
-void SqlLists::Show(const RowDescriptor& row, const std::string& chosen) {
+void SqlLists::Show(const Descriptor& row, const std::string& chosen) {
     chosen_ = chosen;
     desk_.Start();
     desk_.rows.AddBackTo(BackOf(row));
@@ -40,98 +41,79 @@ void SqlLists::Show(const RowDescriptor& row, const std::string& chosen) {
 }
 
 // From an album to the albums, from those to the artist's titles.
-std::string SqlLists::BackOf(const RowDescriptor& row) const {
-    if (row.body == "BrowseAll") return "PATH:" + desk_.needs.MediaDir();
-    if (row.argument.empty()) return "SQL:BrowseAll";
-    const std::string list = "SQL:" + row.body;
-    const auto marker = FindAlbumMarker(row.argument);
-    if (marker == std::string::npos) return list;
-    const std::string condition = list + "|" + BeforeAlbumMarker(row.argument);
-    return EndsInAlbumMarker(row.argument) ? condition : condition + AlbumMarker;
+Descriptor SqlLists::BackOf(const Descriptor& row) const {
+    if (row.body == "BrowseAll") return Descriptor::Path(desk_.needs.MediaDir());
+    if (row.argument.empty()) return Descriptor::Sql("BrowseAll");
+    if (FindAlbumMarker(row.argument) == std::string::npos) return Descriptor::Sql(row.body);
+    const std::string titles = BeforeAlbumMarker(row.argument);
+    return Descriptor::Sql(row.body,
+                           EndsInAlbumMarker(row.argument) ? titles : titles + AlbumMarker);
 }
 
-void SqlLists::SetTitle(const std::string& browsing, const std::string& building) {
-    desk_.SetTitle(desk_.Building() ? building : browsing);
-}
-
-void SqlLists::AddMenu(const std::string& text, const std::string& body) {
-    desk_.rows.Add(text, "SQL:" + body, searchpic);
+void SqlLists::BrowseArtist(const std::string& argument) {
+    vk::BrowseArtist(rows_, argument);
 }
 
 void SqlLists::BrowseAll(const std::string&) {
-    SetTitle("Browse Database ", "Build Playlist | Browse Database ");
-    AddMenu("---Browse by Artist---", "BrowseArtist");
-    AddMenu("---Browse by Genre---", "BrowseGenre");
-    if (!desk_.Building()) AddMenu("---Browse All Playlists---", "BrowsePlaylist");
-    AddMenu("---Browse All Music---", "BrowseMusic");
-    if (!desk_.Building()) AddMenu("---Browse All Video---", "BrowseVideo");
-    AddMenu("---Browse New Music---", "BrowseNewMusic");
-    AddMenu("---Text Search Options---", "TextSearch");
+    rows_.SetTitle("Browse Database ", "Build Playlist | Browse Database ");
+    rows_.AddMenu("---Browse by Artist---", Descriptor::Sql("BrowseArtist"));
+    rows_.AddMenu("---Browse by Genre---", Descriptor::Sql("BrowseGenre"));
+    if (!desk_.Building())
+        rows_.AddMenu("---Browse All Playlists---", Descriptor::Sql("BrowsePlaylist"));
+    rows_.AddMenu("---Browse All Music---", Descriptor::Sql("BrowseMusic"));
+    if (!desk_.Building()) rows_.AddMenu("---Browse All Video---", Descriptor::Sql("BrowseVideo"));
+    rows_.AddMenu("---Browse New Music---", Descriptor::Sql("BrowseNewMusic"));
+    rows_.AddMenu("---Text Search Options---", Descriptor::Sql("TextSearch"));
 }
 
 void SqlLists::TextSearch(const std::string&) {
     desk_.SetTitle("Text Search Options ");
-    AddMenu("---Search by Title---", "SearchTitle");
-    AddMenu("---Search by Artist---", "SearchArtist");
-    AddMenu("---Search by Genre---", "SearchGenre");
-    AddMenu("---Search by Filename---", "SearchPath");
+    rows_.AddMenu("---Search by Title---", Descriptor::Sql("SearchTitle"));
+    rows_.AddMenu("---Search by Artist---", Descriptor::Sql("SearchArtist"));
+    rows_.AddMenu("---Search by Genre---", Descriptor::Sql("SearchGenre"));
+    rows_.AddMenu("---Search by Filename---", Descriptor::Sql("SearchPath"));
 }
 
 void SqlLists::BrowseGenre(const std::string& argument) {
     if (!argument.empty()) {
         desk_.SetTitle(chosen_);
-        return AddFiles("SELECT Path, Artist, Title FROM Media WHERE " + argument);
+        return rows_.AddFiles("SELECT Path, Artist, Title FROM Media WHERE " + argument);
     }
-    SetTitle("Browsing by Genre ", "Building Playlist | Browsing by Genre ");
-    const auto genres = desk_.needs.catalogue->Records(
+    rows_.SetTitle("Browsing by Genre ", "Building Playlist | Browsing by Genre ");
+    const auto genres = desk_.needs.library.catalogue->Records(
         "SELECT Description, GenreID FROM Genres WHERE Description <> '(Empty)'"
         " ORDER BY Description");
     for (const CatalogueRecord& genre : genres) {
         if (!desk_.Pulse()) return;
-        desk_.rows.Add(Unescape(genre.at(0)), "SQL:BrowseGenre|GenreID=" + genre.at(1), "");
+        desk_.rows.Add(Unescape(genre.at(0)),
+                       Descriptor::Sql("BrowseGenre", "GenreID=" + genre.at(1)));
     }
 }
 
 void SqlLists::BrowsePlaylists(const std::string&) {
     desk_.SetTitle("Browsing Playlists ");
-    auto playlists = desk_.needs.catalogue->Files(
+    auto playlists = desk_.needs.library.catalogue->Files(
         "SELECT Path, Title FROM Media WHERE MediaType=3 ORDER BY Title");
     if (desk_.AddCatalogueFiles(playlists) == 0) desk_.AddEmptyNotice("No Playlists Found");
 }
 
 void SqlLists::BrowseMusic(const std::string&) {
-    SetTitle("All Music ", "Build Playlist | All Music ");
-    AddFiles("SELECT Path, Artist, Title FROM Media WHERE MediaType=1 ORDER BY Artist, Title");
+    rows_.SetTitle("All Music ", "Build Playlist | All Music ");
+    rows_.AddFiles(
+        "SELECT Path, Artist, Title FROM Media WHERE MediaType=1 ORDER BY Artist, Title");
 }
 
 void SqlLists::BrowseVideo(const std::string&) {
     desk_.SetTitle("All Movies ");
-    AddFiles("SELECT Path, Artist, Title FROM Media WHERE MediaType=2");
+    rows_.AddFiles("SELECT Path, Artist, Title FROM Media WHERE MediaType=2");
 }
 
 void SqlLists::BrowseNewMusic(const std::string&) {
-    SetTitle("New Music ", "Build Playlist | New Music ");
-    const int count = std::max<int>(0, desk_.needs.settings.values.TopNewCount);
-    AddFiles("SELECT TOP " + std::to_string(count) +
-             " Path, Artist, Title, TStamp FROM Media WHERE MediaType=1 ORDER BY TStamp DESC");
-}
-
-// A row for each record of one column: its text, and between `descriptor` and `end` what is stored.
-void SqlLists::AddRecords(const std::string& sql, const std::string& descriptor,
-                          const std::string& end) {
-    for (const CatalogueRecord& record : desk_.needs.catalogue->Records(sql)) {
-        if (!desk_.Pulse()) return;
-        desk_.rows.Add(Unescape(record.at(0)), descriptor + record.at(0) + end, "");
-    }
-    if (desk_.list.ItemCount() == 1) desk_.AddEmptyNotice(NothingFound, alertPic);
-}
-
-void SqlLists::AddFiles(const std::string& sql) {
-    desk_.list.HideDupes = desk_.needs.settings.values.hideDupeArtist;
-    int number = 0;
-    desk_.needs.catalogue->EachFile(
-        sql, [&](const CatalogueFile& file) { return desk_.AddCatalogueFile(file, number); });
-    if (number == 0) desk_.AddEmptyNotice(NothingFound, alertPic);
+    rows_.SetTitle("New Music ", "Build Playlist | New Music ");
+    const int count = std::max<int>(0, desk_.needs.Options().TopNewCount);
+    rows_.AddFiles(
+        "SELECT TOP " + std::to_string(count) +
+        " Path, Artist, Title, TStamp FROM Media WHERE MediaType=1 ORDER BY TStamp DESC");
 }
 
 } // namespace vk

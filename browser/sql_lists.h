@@ -2,8 +2,7 @@
 // films, and what is new.
 #pragma once
 
-#include "browser/list_desk.h"
-#include "library/descriptor.h"
+#include "browser/sql_rows.h"
 
 #include <string>
 
@@ -12,11 +11,11 @@ namespace vk {
 /// What is given outlives it.
 class SqlLists {
   public:
-    explicit SqlLists(ListDesk& desk) : desk_(desk) {}
+    explicit SqlLists(ListDesk& desk) : desk_(desk), rows_(desk) {}
 
-    /// Replaces the rows of the list by those that a descriptor of the kind "SQL" stands for;
+    /// Replaces the rows of the list by those that a descriptor of the kind `Sql` stands for;
     /// `chosen` is the text of the row it was taken from. A query that fails leaves the way back.
-    void Show(const RowDescriptor& row, const std::string& chosen);
+    void Show(const Descriptor& row, const std::string& chosen);
 
   private:
     using Adder = void (SqlLists::*)(const std::string& argument);
@@ -25,26 +24,16 @@ class SqlLists {
 
     void BrowseAll(const std::string& argument);
     void TextSearch(const std::string& argument);
-    // artist_browse.cpp
     void BrowseArtist(const std::string& argument);
-    void ListArtists();
-    void ListAlbums(const std::string& condition);
-    void ListAlbum(const std::string& condition);
-    void ListTitles(const std::string& condition);
-    // the others
     void BrowseGenre(const std::string& argument);
     void BrowsePlaylists(const std::string& argument);
     void BrowseMusic(const std::string& argument);
     void BrowseVideo(const std::string& argument);
     void BrowseNewMusic(const std::string& argument);
-
-    std::string BackOf(const RowDescriptor& row) const;
-    void SetTitle(const std::string& browsing, const std::string& building);
-    void AddMenu(const std::string& text, const std::string& body);
-    void AddRecords(const std::string& sql, const std::string& descriptor, const std::string& end);
-    void AddFiles(const std::string& sql);
+    Descriptor BackOf(const Descriptor& row) const;
 
     ListDesk& desk_;
+    SqlRows rows_;
     std::string chosen_; ///< the text of the row that led to the present list
 };
 

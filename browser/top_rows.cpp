@@ -1,5 +1,5 @@
-// The rows that stand above the folders of the media folder.
-#include "browser/list_builder.h"
+#include "browser/top_rows.h"
+
 #include "core/text.h"
 #include "library/lists/presets.h"
 #include "platform/files.h"
@@ -8,66 +8,68 @@
 
 namespace vk {
 
-void ListBuilder::AddTopRows() {
-    static constexpr std::array<TopRow, 7> table = {{
-        {&ListBuilder::OffersDatabase, &ListBuilder::AddDatabase},
-        {&ListBuilder::OffersDisc, &ListBuilder::AddDiscDrive},
-        {&ListBuilder::NotBuilding, &ListBuilder::AddRemovableDrives},
-        {&ListBuilder::NotBuilding, &ListBuilder::AddNewPlaylist},
-        {&ListBuilder::OffersFavorites, &ListBuilder::AddFavorites},
-        {&ListBuilder::OffersPresets, &ListBuilder::AddPresets},
-        {&ListBuilder::OffersChannels, &ListBuilder::AddXM},
+void TopRows::Add() {
+    static constexpr std::array<Row, 7> table = {{
+        {&TopRows::OffersDatabase, &TopRows::AddDatabase},
+        {&TopRows::OffersDisc, &TopRows::AddDiscDrive},
+        {&TopRows::NotBuilding, &TopRows::AddRemovableDrives},
+        {&TopRows::NotBuilding, &TopRows::AddNewPlaylist},
+        {&TopRows::OffersFavorites, &TopRows::AddFavorites},
+        {&TopRows::OffersPresets, &TopRows::AddPresets},
+        {&TopRows::OffersChannels, &TopRows::AddXM},
     }};
-    for (const TopRow& row : table)
+    for (const Row& row : table)
         if ((this->*row.condition)()) (this->*row.add)();
 }
 
 // A disc that is not mounted cannot be browsed.
-bool ListBuilder::OffersDisc() const {
-    return NotBuilding() && desk_.needs.app.CDReady && FolderExists(drives_.DiscDrive());
+bool TopRows::OffersDisc() const {
+    return NotBuilding() && desk_.needs.base.state.CDReady &&
+           FolderExists(place_.Drives().DiscDrive());
 }
 
-bool ListBuilder::OffersFavorites() const {
-    return NotBuilding() && FileExists(desk_.needs.settings.File("favorites.m3u"));
+bool TopRows::OffersFavorites() const {
+    return NotBuilding() && FileExists(desk_.needs.base.settings.File("favorites.m3u"));
 }
 
-void ListBuilder::AddDatabase() {
-    desk_.rows.Add("Browse Database", "SQL:BrowseAll", searchpic);
+void TopRows::AddDatabase() {
+    desk_.rows.Add("Browse Database", Descriptor::Sql("BrowseAll"), searchpic);
 }
 
-bool ListBuilder::OffersPresets() const {
+bool TopRows::OffersPresets() const {
     const bool wanted = !desk_.Building() && desk_.needs.state.ListMode != ListFromAudio;
-    return wanted && FileExists(desk_.needs.settings.File(PresetsName));
+    return wanted && FileExists(desk_.needs.base.settings.File(PresetsName));
 }
 
-bool ListBuilder::OffersChannels() const {
-    return desk_.needs.settings.values.xmpcr_enabled && !desk_.Building();
+bool TopRows::OffersChannels() const {
+    return desk_.needs.Options().xmpcr_enabled && !desk_.Building();
 }
 
-void ListBuilder::AddDiscDrive() {
-    desk_.rows.Add("Browse CD/DVD drive", "PATH:" + drives_.DiscDrive(), cdromPic);
+void TopRows::AddDiscDrive() {
+    desk_.rows.Add("Browse CD/DVD drive", Descriptor::Path(place_.Drives().DiscDrive()), cdromPic);
 }
 
-void ListBuilder::AddRemovableDrives() {
-    for (const std::string& root : drives_.RemovableDrives())
-        desk_.rows.Add("Browse Removable Drive " + ToUtf8(root), "PATH:" + root, hddpic);
+void TopRows::AddRemovableDrives() {
+    for (const std::string& root : place_.Drives().RemovableDrives())
+        desk_.rows.Add("Browse Removable Drive " + ToUtf8(root), Descriptor::Path(root), hddpic);
 }
 
-void ListBuilder::AddNewPlaylist() {
-    desk_.rows.Add("Build a new PlayList", "EDIT:", playlistpic);
+void TopRows::AddNewPlaylist() {
+    desk_.rows.Add("Build a new PlayList", Descriptor::Edit(""), playlistpic);
 }
 
-void ListBuilder::AddFavorites() {
-    desk_.rows.Add("Favorites", "FILE:" + desk_.needs.settings.File("favorites.m3u"), playlistpic);
-}
-
-void ListBuilder::AddPresets() {
-    desk_.rows.Add("Edit Preset Radio Stations", "FILE:" + desk_.needs.settings.File(PresetsName),
+void TopRows::AddFavorites() {
+    desk_.rows.Add("Favorites", Descriptor::File(desk_.needs.base.settings.File("favorites.m3u")),
                    playlistpic);
 }
 
-void ListBuilder::AddXM() {
-    desk_.rows.Add("XM Presets & Categories", "XM:", xmdefault);
+void TopRows::AddPresets() {
+    desk_.rows.Add("Edit Preset Radio Stations",
+                   Descriptor::File(desk_.needs.base.settings.File(PresetsName)), playlistpic);
+}
+
+void TopRows::AddXM() {
+    desk_.rows.Add("XM Presets & Categories", Descriptor::XM(), xmdefault);
 }
 
 } // namespace vk

@@ -6,6 +6,8 @@
 #include "platform/files.h"
 #include "platform/paths.h"
 
+#include <map>
+
 namespace vk {
 
 namespace {
@@ -21,10 +23,22 @@ std::string ListName(const std::string& path) {
 } // namespace
 
 XMLists::XMLists(ListDesk& desk)
-    : desk_(desk), channels_(desk.needs.channels ? *desk.needs.channels : NoChannels),
-      logos_(channels_, desk.needs.settings.AppDir(), desk.needs.report) {}
+    : desk_(desk),
+      channels_(desk.needs.library.channels ? *desk.needs.library.channels : NoChannels),
+      logos_(channels_, desk.needs.base.settings.AppDir(), desk.needs.base.report) {}
 
-void XMLists::Begin(const std::string& title, const std::string& backTo) {
+void XMLists::Show(const Descriptor& row) {
+    using Build = void (*)(XMLists&, const std::string& argument);
+    static const std::map<std::string, Build> lists = {
+        {"", [](XMLists& xm, const std::string&) { xm.ShowTop(); }},
+        {"Categories", [](XMLists& xm, const std::string& name) { xm.ShowXMCategories(name); }},
+        {"List", [](XMLists& xm, const std::string& path) { xm.ShowChannelList(path); }},
+        {"ShowAll", [](XMLists& xm, const std::string&) { xm.ShowAllChannels(); }}};
+    if (const auto list = lists.find(row.body); list != lists.end())
+        list->second(*this, row.argument);
+}
+
+void XMLists::Begin(const std::string& title, const Descriptor& backTo) {
     desk_.Start();
     desk_.XMView = true;
     if (desk_.Building()) return;
@@ -33,14 +47,14 @@ void XMLists::Begin(const std::string& title, const std::string& backTo) {
 }
 
 void XMLists::ShowTop() {
-    Begin("XM Channels and Categories ", "PATH:" + desk_.needs.MediaDir());
-    desk_.rows.Add("Categories", "XM:Categories", xmdefault);
-    desk_.rows.Add("<Build New Channel List>", "EDIT:.xcl", playlistpic);
-    const std::string lists = desk_.needs.settings.values.PlaylistDir;
-    const std::string& own = desk_.needs.settings.AppDir();
+    Begin("XM Channels and Categories ", Descriptor::Path(desk_.needs.MediaDir()));
+    desk_.rows.Add("Categories", Descriptor::XM("Categories"), xmdefault);
+    desk_.rows.Add("<Build New Channel List>", Descriptor::Edit(".xcl"), playlistpic);
+    const std::string lists = desk_.needs.Options().PlaylistDir;
+    const std::string& own = desk_.needs.base.settings.AppDir();
     if (IsAbsolutePath(lists)) AddSavedLists(WithoutTrailingSeparator(lists));
     if (WithoutTrailingSeparator(lists) != own) AddSavedLists(own); // where new ones are saved
-    desk_.rows.Add("Show All Channels", "XM:ShowAll", xmdefault);
+    desk_.rows.Add("Show All Channels", Descriptor::XM("ShowAll"), xmdefault);
     desk_.Finish();
 }
 
@@ -51,31 +65,31 @@ void XMLists::AddSavedLists(const std::string& folder) {
             files.push_back(JoinPath(folder, entry.name));
     ShellSortVariantArray(files);
     for (const std::string& file : files)
-        desk_.rows.Add(ListName(file), "XM:List|" + file, playlistpic);
+        desk_.rows.Add(ListName(file), Descriptor::XM("List", file), playlistpic);
 }
 
 void XMLists::ShowXMCategories(const std::string& category) {
     if (!category.empty()) {
-        Begin("XM Category: " + category, "XM:Categories");
+        Begin("XM Category: " + category, Descriptor::XM("Categories"));
         AddChannels(channels_.ChannelsOf(category));
         return desk_.Finish();
     }
-    Begin("XM Categories ", "XM:");
+    Begin("XM Categories ", Descriptor::XM());
     for (const std::string& name : channels_.Categories())
-        desk_.rows.Add("XM Category: " + name, "XM:Categories|" + name, xmdefault);
+        desk_.rows.Add("XM Category: " + name, Descriptor::XM("Categories", name), xmdefault);
     if (channels_.Categories().empty()) desk_.AddEmptyNotice(NoValidChannels);
     desk_.Finish();
 }
 
 void XMLists::ShowAllChannels() {
-    Begin(AllChannelsTitle, "XM:");
+    Begin(AllChannelsTitle, Descriptor::XM());
     AddChannels(channels_.Channels());
     desk_.Finish();
 }
 
 void XMLists::ShowChannelList(const std::string& path) {
-    Begin(ListName(path), "XM:");
-    if (!desk_.Building()) desk_.rows.Add("<Edit This List>", "EDIT:" + path, playlistpic);
+    Begin(ListName(path), Descriptor::XM());
+    if (!desk_.Building()) desk_.rows.AddEdit(path);
     desk_.Try("ShowChannelList", [&] { AddChannels(ReadChannelList(path)); });
     desk_.Finish();
 }
@@ -93,11 +107,11 @@ void XMLists::AddChannels(const std::vector<int>& channels) {
 ListRow XMLists::ChannelRow(int channel) {
     const std::string number = std::to_string(channel);
     const std::string& name = channels_.channelTable.at(static_cast<std::size_t>(channel)).name;
-    const bool plain = desk_.needs.settings.values.hideXMChanNo && !name.empty();
+    const bool plain = desk_.needs.Options().hideXMChanNo && !name.empty();
     const std::string logo = logos_.GetXMLogo(channel);
     ListRow row;
     row.first = plain ? name : name.empty() ? number : number + " - " + name;
-    row.descriptor = ChannelDescriptor + number;
+    row.descriptor = Descriptor::Channel(channel).Text();
     row.picture = logo == logos_.DefaultLogo() ? xmdefault : logo;
     return row;
 }

@@ -12,9 +12,6 @@ namespace vk {
 /// The heading of the list of all channels.
 inline constexpr const char* AllChannelsTitle = "All XM Channels ";
 
-/// What a channel's descriptor begins with; its number follows.
-inline constexpr const char* ChannelDescriptor = "XM:Channel|";
-
 /// Each operation replaces the rows of the list and ends with its `LoadList`. In the mode that
 /// builds a list there are only channels: neither a way back nor "<Edit This List>", and the
 /// heading stays. What it is given outlives it.
@@ -22,10 +19,10 @@ class XMLists {
   public:
     explicit XMLists(ListDesk& desk);
 
+    /// The list that a descriptor of the kind `XM` stands for.
+    void Show(const Descriptor& row);
     /// Categories, the saved lists, all channels.
     void ShowTop();
-    /// All categories when `category` is empty, else its channels.
-    void ShowXMCategories(const std::string& category);
     void ShowAllChannels();
     /// The channels of an .xcl file; a list without any says so.
     void ShowChannelList(const std::string& path);
@@ -33,7 +30,9 @@ class XMLists {
     ListRow ChannelRow(int channel);
 
   private:
-    void Begin(const std::string& title, const std::string& backTo);
+    /// All categories when `category` is empty, else its channels.
+    void ShowXMCategories(const std::string& category);
+    void Begin(const std::string& title, const Descriptor& backTo);
     void AddChannels(const std::vector<int>& channels);
     void AddSavedLists(const std::string& folder);
 

@@ -18,8 +18,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         const std::string decoded = vk::Utf16ToUtf8(text, order);
         if (vk::ToUtf8(decoded) != decoded) std::abort();
     }
-    const vk::RowDescriptor row = vk::SplitDescriptor(text);
-    if (text.find(':') != std::string::npos && row.kind + ":" + row.Rest() != text) std::abort();
+    const auto row = vk::Descriptor::Parse(text);
+    if (row.kind != vk::RowKind::None && row.Text() != text) std::abort();
     std::string rest = text;
     auto elements = vk::SplitHistory(text);
     while (!elements.empty()) {

@@ -1,17 +1,50 @@
 #include "library/descriptor.h"
 
+#include <algorithm>
+#include <array>
+
 namespace vk {
 
-RowDescriptor SplitDescriptor(const std::string& text) {
-    RowDescriptor result;
-    const auto colon = text.find(':');
-    result.kind = text.substr(0, colon);
-    if (colon == std::string::npos) return result;
-    const auto bar = text.find('|', colon + 1);
-    result.body = text.substr(colon + 1, bar == std::string::npos ? bar : bar - colon - 1);
-    result.hasArgument = bar != std::string::npos;
-    if (result.hasArgument) result.argument = text.substr(bar + 1);
-    return result;
+namespace {
+
+struct Kind {
+    RowKind kind;
+    std::string_view start; ///< of the text
+    bool arguments;
+};
+
+constexpr std::array<Kind, 6> Kinds = {{{RowKind::File, "FILE:", false},
+                                        {RowKind::Path, "PATH:", false},
+                                        {RowKind::Sql, "SQL:", true},
+                                        {RowKind::Edit, "EDIT:", false},
+                                        {RowKind::Freq, "FREQ:", false},
+                                        {RowKind::XM, "XM:", true}}};
+
+const Kind* KindOf(std::string_view text) {
+    const auto found =
+        std::ranges::find_if(Kinds, [&](const Kind& kind) { return text.starts_with(kind.start); });
+    return found == Kinds.end() ? nullptr : found;
+}
+
+} // namespace
+
+bool BeginsDescriptor(std::string_view text) {
+    return KindOf(text);
+}
+
+Descriptor Descriptor::Parse(const std::string& text) {
+    const Kind* kind = KindOf(text);
+    if (!kind) return {};
+    const std::string rest = text.substr(kind->start.size());
+    const auto bar = kind->arguments ? rest.find('|') : std::string::npos;
+    if (bar == std::string::npos) return {kind->kind, rest};
+    return {kind->kind, rest.substr(0, bar), rest.substr(bar + 1), true};
+}
+
+std::string Descriptor::Text() const {
+    const auto found = std::ranges::find(Kinds, kind, &Kind::kind);
+    if (found == Kinds.end()) return {};
+    return std::string(found->start) + body + (hasArgument ? "|" + argument : "");
 }
 
 } // namespace vk

@@ -41,6 +41,8 @@ class KeyboardModel {
     void MarkKey(int index);
     /// Presses the marked key.
     void ClickIt() { KeyClick(mark_); }
+    /// Presses ESC.
+    void Leave() { KeyClick(EscKey); }
     /// A key of a physical keyboard, by the decimal text of its Windows virtual-key code: letters,
     /// digits (the pad's too), space, backspace, "." and "-" press the drawn key, Shift makes the
     /// next letter a capital. False for every other key: arrows, Enter and Escape are the host's to

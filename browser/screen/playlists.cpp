@@ -23,36 +23,45 @@ void SetBarColour(QWidget& bar, const SkinData& skin) {
     bar.setAutoFillBackground(true);
 }
 
+template<void (Browser::*Operation)()> void Click(Browser& browser) {
+    (browser.*Operation)();
+}
+template<void (BrowserButtons::*Operation)()> void Click(Browser& browser) {
+    (browser.Buttons().*Operation)();
+}
+
 } // namespace
 
 const std::vector<playlists::ButtonRow> playlists::BottomRows = {
-    {"Image11", "moveback.gif", "Back", &Browser::MoveBack, &playlists::Always},
-    {"Image3", "pgup.gif", "Page up", &Browser::PgUp, &playlists::Always},
-    {"Image4", "pgdn.gif", "Page down", &Browser::PgDn, &playlists::Always},
-    {"Image6", "play.gif", "Play", &Browser::PlayPause, &playlists::Browsing},
-    {"Image12", "recurse.gif", "All below", &Browser::ToggleRecurse, &playlists::Browsing},
-    {"Image19", "resume.gif", "Resume", &Browser::Resume, &playlists::Browsing},
-    {"Image15", "fm.gif", "Radio", &Browser::ShowRadio, &playlists::HasRadio},
-    {"imjAdd", "add.gif", "Add", &Browser::ToggleListFocus, &playlists::Building},
-    {"imjRemove", "remove.gif", "Remove", &Browser::ToggleListFocus, &playlists::Building},
-    {"imjSave", "save.gif", "Save", &Browser::SaveList, &playlists::Building},
-    {"Image7", "menu.gif", "More", &Browser::ToggleToolFrame, &playlists::Always},
+    {"Image11", "moveback.gif", "Back", Click<&Browser::MoveBack>, &playlists::Always},
+    {"Image3", "pgup.gif", "Page up", Click<&Browser::PgUp>, &playlists::Always},
+    {"Image4", "pgdn.gif", "Page down", Click<&Browser::PgDn>, &playlists::Always},
+    {"Image6", "play.gif", "Play", Click<&BrowserButtons::PlayPause>, &playlists::Browsing},
+    {"Image12", "recurse.gif", "All below", Click<&BrowserButtons::ToggleRecurse>,
+     &playlists::Browsing},
+    {"Image19", "resume.gif", "Resume", Click<&BrowserButtons::Resume>, &playlists::Browsing},
+    {"Image15", "fm.gif", "Radio", Click<&Browser::ShowRadio>, &playlists::HasRadio},
+    {"imjAdd", "add.gif", "Add", Click<&Browser::ToggleListFocus>, &playlists::Building},
+    {"imjRemove", "remove.gif", "Remove", Click<&Browser::ToggleListFocus>, &playlists::Building},
+    {"imjSave", "save.gif", "Save", Click<&Browser::SaveList>, &playlists::Building},
+    {"Image7", "menu.gif", "More", Click<&BrowserButtons::ToggleToolFrame>, &playlists::Always},
 };
 
 const std::vector<playlists::ButtonRow> playlists::ToolRows = {
-    {"Image20", "moveahead.gif", "Ahead", &Browser::MoveAhead, &playlists::Always},
+    {"Image20", "moveahead.gif", "Ahead", Click<&Browser::MoveAhead>, &playlists::Always},
     {"Image9", "vdown.gif", "Quieter", nullptr, &playlists::Always},
     {"Image10", "vup.gif", "Louder", nullptr, &playlists::Always},
-    {"Image16", "eject.gif", "Eject", &Browser::Eject, &playlists::HasDiscDrive},
-    {"Image14", "gps.gif", "Programs", &Browser::ToggleApplications, &playlists::Browsing},
-    {"Image17", "gpsactual.gif", "GPS", &Browser::ShowGPS, &playlists::HasGPS},
+    {"Image16", "eject.gif", "Eject", Click<&BrowserButtons::Eject>, &playlists::HasDiscDrive},
+    {"Image14", "gps.gif", "Programs", Click<&BrowserButtons::ToggleApplications>,
+     &playlists::Browsing},
+    {"Image17", "gpsactual.gif", "GPS", Click<&Browser::ShowGPS>, &playlists::HasGPS},
 };
 
 playlists::playlists(const Needs& needs, QWidget* parent)
     : QWidget(parent), context_(needs.context), UCListBox_(context_, list_, this),
-      UCListBox2_(context_, rightList_, this), toolFrame_(this), bottomBar_(this), KBFrame(this),
-      UCKeyboard(context_, keyboard_, &KBFrame), lblCurrentFolderStatus(this), ClockBar(this),
-      lbLoading(this), browser_(needs.browser, {list_, rightList_, keyboard_}, *this),
+      UCListBox2_(context_, rightList_, this), toolFrame_(this), bottomBar_(this),
+      KBFrame(context_, keyboard_, this), lblCurrentFolderStatus(this), ClockBar(this),
+      lbLoading(this), browser_(needs.browser, {list_, rightList_, text_}, *this),
       volumeTimer_(context_.clock.MakeTimer(
           [this] { context_.commands.Run([this] { (browser_.*heldVolume_)(); }); })) {
     hide();
@@ -65,13 +74,12 @@ playlists::playlists(const Needs& needs, QWidget* parent)
     UCListBox2_.onItemClick = [this](int) { browser_.ChooseRight(); };
     MakeButtons(BottomRows, &bottomBar_);
     MakeButtons(ToolRows, &toolFrame_);
-    MakeButton({"imgHome", "home.gif", "Home", &Browser::GoHome, &playlists::Always}, this);
+    MakeButton({"imgHome", "home.gif", "Home", Click<&Browser::GoHome>, &playlists::Always}, this);
     for (const char* ends : {"Image11", "imgHome"})
         buttons_.at(ends)->whileBusy = Commands::When::Interrupt;
     WireVolume("Image9", "vdownsel.gif", &Browser::VolDown);
     WireVolume("Image10", "vupsel.gif", &Browser::VolUp);
-    UCKeyboard.setObjectName(QStringLiteral("UCKeyboard"));
-    KBFrame.hide();
+    KBFrame.onSlide = [this](bool open) { CoverLists(open); };
     toolFrame_.hide();
     lbLoading.hide();
     DoLayout();
@@ -82,7 +90,7 @@ TouchButton& playlists::MakeButton(const ButtonRow& row, QWidget* parent) {
     button->setObjectName(QString::fromLatin1(row.name));
     button->SetCaption(row.caption);
     button->SetPicture(row.picture);
-    if (const auto click = row.click) button->onClick = [this, click] { (browser_.*click)(); };
+    if (const auto click = row.click) button->onClick = [this, click] { click(browser_); };
     return *(buttons_[row.name] = std::move(button));
 }
 
@@ -102,11 +110,6 @@ void playlists::WireVolume(const char* name, const char* pressed, void (Browser:
     button.onRelease = [this](bool) { volumeTimer_->Stop(); };
 }
 
-void playlists::ReShow() {
-    LayoutButtons(); // tuners and screens may have come since
-    browser_.ReShow();
-}
-
 void playlists::DoLayout() {
     const AppState& app = context_.state;
     const PlaylistsLayout layout(app.ScreenWidth, app.ScreenHeight);
@@ -114,9 +117,7 @@ void playlists::DoLayout() {
     LayoutList(UCListBox_, Building() ? layout.leftList : layout.list);
     LayoutList(UCListBox2_, layout.rightList);
     UCListBox2_.setVisible(Building() && KBFrame.isHidden());
-    KBFrame.setGeometry(layout.keyboard);
-    UCKeyboard.setGeometry(KBFrame.rect());
-    UCKeyboard.UseSkin();
+    KBFrame.Place(layout.keyboard);
     LayoutLabels();
     LayoutButtons();
     update();
@@ -231,31 +232,16 @@ void playlists::ShowToolFrame(bool open) {
     toolFrame_.setVisible(open);
 }
 
-// The keyboard comes up from below the screen and goes back there. Events run in each step.
-void playlists::SlideKeyboard(bool open) {
-    if (open == !KBFrame.isHidden()) return; // whether or not this screen is in front
-    const QRect up = PlaylistsLayout(width(), height()).keyboard;
-    if (open) {
-        UCListBox_.hide();
-        UCListBox2_.hide();
-    }
-    KBFrame.setEnabled(false);
-    KBFrame.raise();
+// The keyboard stands in the place of the lists.
+void playlists::CoverLists(bool open) {
     lbLoading.raise();
-    for (int step = 1; step <= SlideSteps; ++step) {
-        const int out = open ? step : SlideSteps - step;
-        KBFrame.move(up.x(), height() - up.height() * out / SlideSteps);
-        KBFrame.show();
-        context_.pump.Pause("keyboard", SlideStepMs);
-    }
-    KBFrame.setVisible(open);
-    KBFrame.setEnabled(true);
     UCListBox_.setVisible(!open);
     UCListBox2_.setVisible(!open && Building());
     update();
 }
 
 void playlists::ShowAtFront() {
+    LayoutButtons(); // tuners and screens may have come since
     show();
     raise();
 }

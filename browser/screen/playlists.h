@@ -4,9 +4,9 @@
 #include "browser/browser.h"
 #include "skin/controls/control_context.h"
 #include "skin/controls/shaded_label.h"
+#include "skin/controls/text_entry_panel.h"
 #include "skin/controls/touch_button.h"
 #include "skin/controls/uc_list_box.h"
-#include "skin/controls/uc_osk.h"
 #include "skin/controls/wheel_ticks.h"
 
 #include <QWidget>
@@ -18,7 +18,7 @@
 
 namespace vk {
 
-/// One instance, made once and kept. It is registered under `BrowserName`.
+/// One instance, made once and kept.
 class playlists : public QWidget, private BrowserView {
   public:
     struct Needs {
@@ -27,24 +27,11 @@ class playlists : public QWidget, private BrowserView {
     };
     playlists(const Needs& needs, QWidget* parent);
 
-    void runok() { browser_.runok(); }
-    void MoveUp() { browser_.MoveUp(); }
-    void MoveDown() { browser_.MoveDown(); }
-    void MoveBack() { browser_.MoveBack(); }
-    void MoveAhead() { browser_.MoveAhead(); }
-    void VolUp() { browser_.VolUp(); }
-    void VolDown() { browser_.VolDown(); }
-    void doquit() { browser_.doquit(); }
-    void ReShow();
+    /// What is registered under `BrowserName`, with this as its window.
+    Browser& browser() { return browser_; }
     /// Places and fills every part anew for the screen's size, the skin and the browser's mode.
     void DoLayout();
-    void switchingform() { browser_.switchingform(); }
     void Hide() { hide(); }
-    /// The screen goes; `osShutdown` when the operating system closes it.
-    void Form_Unload(bool osShutdown) { browser_.Form_Unload(osShutdown); }
-    bool Form_KeyDown(const std::string& code) { return browser_.Form_KeyDown(code); }
-    bool DoAction(const InputCode& code) { return browser_.DoAction(code); }
-    bool Repeats(const InputCode& key) const { return browser_.Repeats(key); }
 
   protected:
     void paintEvent(QPaintEvent* event) override;
@@ -56,7 +43,7 @@ class playlists : public QWidget, private BrowserView {
         const char* name;
         const char* picture;
         const char* caption;
-        void (Browser::*click)();
+        void (*click)(Browser&); ///< null: wired by itself
         bool (playlists::*offered)() const;
     };
     static const std::vector<ButtonRow> BottomRows, ToolRows;
@@ -67,7 +54,6 @@ class playlists : public QWidget, private BrowserView {
     void SetClock(const std::string& text) override;
     void SetButton(BrowserButton button, const std::string& picture) override;
     void ShowToolFrame(bool open) override;
-    void SlideKeyboard(bool open) override;
     void ReDrawList() override { UCListBox_.ReDrawList(); }
     void ReDrawRightList() override { UCListBox2_.ReDrawList(); }
     void LayOut(std::int16_t listMode) override;
@@ -76,6 +62,7 @@ class playlists : public QWidget, private BrowserView {
 
     TouchButton& MakeButton(const ButtonRow& row, QWidget* parent);
     void MakeButtons(const std::vector<ButtonRow>& rows, QWidget* parent);
+    void CoverLists(bool open);
     void WireVolume(const char* name, const char* pressed, void (Browser::*change)());
     std::vector<TouchButton*> Offered(const std::vector<ButtonRow>& rows);
     void LayoutList(UCListBox& list, const QRect& place);
@@ -83,9 +70,9 @@ class playlists : public QWidget, private BrowserView {
     void DrawFocusFrame(QPainter& painter) const;
     void LayoutButtons();
     bool Always() const { return true; }
-    bool HasRadio() const { return Browsing() && browser_.HasRadio(); }
-    bool HasDiscDrive() const { return Browsing() && browser_.HasDiscDrive(); }
-    bool HasGPS() const { return Browsing() && browser_.HasGPS(); }
+    bool HasRadio() const { return Browsing() && browser_.Ways().HasRadio(); }
+    bool HasDiscDrive() const { return Browsing() && browser_.Buttons().HasDiscDrive(); }
+    bool HasGPS() const { return Browsing() && browser_.Ways().HasGPS(); }
     bool Building() const { return listMode_ == ListBuild; }
     bool Browsing() const { return !Building(); }
 
@@ -96,12 +83,12 @@ class playlists : public QWidget, private BrowserView {
     UCListBox UCListBox2_; ///< the list that is built, shown in that mode only
     QWidget toolFrame_;
     QWidget bottomBar_;
-    QWidget KBFrame;
-    UCOSK UCKeyboard;
+    TextEntryPanel KBFrame;
     ShadedLabel lblCurrentFolderStatus;
     ShadedLabel ClockBar;
     ShadedLabel lbLoading;
     std::map<std::string, std::unique_ptr<TouchButton>> buttons_; ///< by the names of their rows
+    TextEntry text_{keyboard_, KBFrame};
     std::int16_t listMode_ = ListFromMenu; ///< that the screen is laid out for
     Browser browser_;
     std::unique_ptr<Timer> volumeTimer_; ///< repeats a held volume button

@@ -13,7 +13,7 @@
 namespace vk::test {
 
 /// Keeps what the logic shows; `onTitle` runs with each new heading.
-class FakeBrowserView : public BrowserView {
+class FakeBrowserView : public BrowserView, public TextEntryView {
   public:
     void SetTitle(const std::string& text) override {
         title = text;
@@ -121,13 +121,14 @@ class BrowserTest : public testing::Test {
     /// Makes the browser now, so that a test can change the settings before.
     Browser& browser() {
         if (!made_)
-            made_ = std::make_unique<Browser>(
-                BrowserNeeds{core.settings, core.state, state, audio, video, core.screens,
-                             core.clock, core.pump, core.commands, core.volumes, core.locale,
-                             core.report, tags, extensions, keys, catalogue,
-                             [this] { ++audioStopped; }, &channels,
-                             [this](std::int32_t) { return tuner; }},
-                BrowserModels{list, rightList, keyboard}, view);
+            made_ =
+                std::make_unique<Browser>(BrowserNeeds{core.base,
+                                                       state,
+                                                       keys,
+                                                       {tags, extensions, catalogue, &channels},
+                                                       {audio, video, [this] { ++audioStopped; },
+                                                        [this](std::int32_t) { return tuner; }}},
+                                          BrowserModels{list, rightList, entry}, view);
         return *made_;
     }
     void AddChannel(int number, const std::string& name, const std::string& category = {}) {
@@ -228,6 +229,7 @@ class BrowserTest : public testing::Test {
     FakeBrowserView view;
     ListModel list, rightList;
     KeyboardModel keyboard;
+    TextEntry entry{keyboard, view};
     ChannelTable channels;
     FakeCatalogue known;
     Catalogue* catalogue = nullptr;

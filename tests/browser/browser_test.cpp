@@ -104,7 +104,7 @@ TEST_F(BrowserKeys, SwapAndPauseNeedAPlayerThatPlays) {
         audio.bPaused = paused;
         player.calls.clear();
         browser().ReShow();
-        browser().PlayPause();
+        browser().Buttons().PlayPause();
         EXPECT_EQ(view.pictures[BrowserButton::PlayPause], picture);
         browser().Swap();
         EXPECT_EQ(player.Count("DoPause"), mode == PlayAudio);
@@ -115,14 +115,14 @@ TEST_F(BrowserKeys, SwapAndPauseNeedAPlayerThatPlays) {
 TEST_F(BrowserKeys, TheApplicationsAreAnotherListOfTheSameScreen) {
     browser().ReShow();
     EXPECT_EQ(view.pictures[BrowserButton::Applications], "gps.gif");
-    browser().ToggleToolFrame();
+    browser().Buttons().ToggleToolFrame();
     EXPECT_TRUE(view.toolFrame);
     EXPECT_EQ(view.pictures[BrowserButton::ToolFrame], "menusel.gif");
-    browser().ToggleApplications();
+    browser().Buttons().ToggleApplications();
     EXPECT_FALSE(view.toolFrame);
     EXPECT_EQ(state.ListMode, ListApplications);
     EXPECT_EQ(view.pictures[BrowserButton::Applications], "lists.gif");
-    browser().ToggleApplications();
+    browser().Buttons().ToggleApplications();
     EXPECT_EQ(state.ListMode, ListFromMenu);
 }
 
@@ -154,35 +154,35 @@ TEST_F(BrowserKeys, TheRadioButtonIsForThoseWhoHaveOne) {
 TEST_F(BrowserKeys, EjectOpensTheDriveAndReturnsToTheMediaFolder) {
     InsertDisc();
     Enter(cd);
-    browser().Eject();
+    browser().Buttons().Eject();
     EXPECT_THAT(core.volumes.ejected, ElementsAre(cd));
     EXPECT_EQ(state.CurrentPath, media);
     core.volumes.ready.clear();
     browser().ReShow();
-    browser().Eject();
+    browser().Buttons().Eject();
     EXPECT_EQ(core.volumes.ejected.size(), 1u) << "an empty drive is left alone";
 }
 
 TEST_F(BrowserKeys, ResumeNeedsAListAndItsDiscOrShowsWhatPlays) {
     browser().ReShow();
-    browser().Resume();
+    browser().Buttons().Resume();
     EXPECT_EQ(view.loading, "You must first play an audio file before resuming.");
     core.app.Write("vk_audio.m3u", cd + "/a.mp3\r\n");
     core.settings.Write("audio_player", "currenttrack", "6");
     core.settings.Write("audio_player", "volumeserial", "4711");
     core.settings.Write("audio_player", "CurrentPosition", "83.7");
-    browser().Resume();
+    browser().Buttons().Resume();
     EXPECT_EQ(view.loading, "ROM Mismatch detected. Insert correct CD.");
     EXPECT_EQ(player.Count("ReShow"), 0);
     InsertDisc();
-    browser().Resume();
+    browser().Buttons().Resume();
     EXPECT_EQ(player.Count("ReShow"), 1);
     EXPECT_EQ(Handed(), std::to_string(PlayAudio) + "  vk_audio.m3u 7 4711 start");
     EXPECT_EQ(audio.ResumePosition, 83);
     EXPECT_TRUE(audio.bResuming);
     audio.PlayMode = PlayFM;
     browser().ReShow();
-    browser().Resume();
+    browser().Buttons().Resume();
     EXPECT_EQ(player.Count("ReDisplay"), 1);
     EXPECT_FALSE(audio.bStartPlaying);
 }

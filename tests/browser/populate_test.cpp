@@ -230,7 +230,7 @@ TEST_F(Populate, AFolderIsListedWithAllBelowItOnce) {
     core.clock.workMs = 400;
     std::filesystem::create_directory_symlink(media + "/rock", media + "/rock/live/loop");
     browser().ReShow();
-    browser().ToggleRecurse();
+    browser().Buttons().ToggleRecurse();
     EXPECT_EQ(view.pictures[BrowserButton::Recurse], "recursesel.gif");
     Steps({{"rock",
             "Recurse Folder: rock | [<...>] | (Unknown Artist) - b | (Unknown Artist) - a",

@@ -47,18 +47,20 @@ class PlaylistsScreen : public testing::Test {
         core.state.ScreenWidth = size.width();
         core.state.ScreenHeight = size.height();
         host.resize(size);
-        BrowserNeeds needs{core.settings, core.state,  state,     audio,         video,
-                           core.screens,  core.clock,  core.pump, core.commands, core.volumes,
-                           core.locale,   core.report, tags,      extensions,    keys};
-        needs.HasTuner = [](std::int32_t) { return true; };
+        const BrowserNeeds needs{
+            core.base,
+            state,
+            keys,
+            {tags, extensions},
+            {.audio = audio, .video = video, .HasTuner = [](std::int32_t) { return true; }}};
         screen = std::make_unique<playlists>(
             playlists::Needs{{core.state, core.settings.values, skin, pictures, core.clock,
                               core.pump, core.commands},
                              needs},
             &host);
-        core.screens.Add(BrowserName, *screen);
+        core.screens.Add(BrowserName, screen->browser(), *screen);
         host.show();
-        screen->ReShow();
+        screen->browser().ReShow();
     }
     QWidget& Part(const char* name) {
         auto* part = screen->findChild<QWidget*>(QString::fromLatin1(name));
@@ -101,8 +103,8 @@ TEST_F(PlaylistsScreen, TouchesAndKeysReachTheirOperations) {
     Tap("Image11");
     EXPECT_EQ(Title(), "Browse By Directory ");
     EXPECT_EQ(List().iSelected, 2);
-    EXPECT_TRUE(screen->Form_KeyDown("38"));
-    EXPECT_TRUE(screen->DoAction(InputCode("13", keys)));
+    EXPECT_TRUE(screen->browser().Form_KeyDown("38"));
+    EXPECT_TRUE(screen->browser().DoAction(InputCode("13", keys)));
     EXPECT_EQ(Title(), " a");
     audio.PlayMode = PlayAudio;
     Tap("Image6");
@@ -112,7 +114,7 @@ TEST_F(PlaylistsScreen, TouchesAndKeysReachTheirOperations) {
     EXPECT_EQ(Loading(), "You must first play an audio file before resuming.");
     Tap("Image15");
     EXPECT_EQ(audio.PlayMode, PlayFM);
-    screen->ReShow();
+    screen->browser().ReShow();
     Tap("imgHome");
     EXPECT_EQ(menu.Count("ReShow"), 1);
 }
@@ -136,7 +138,7 @@ TEST_F(PlaylistsScreen, TheRarerButtonsComeOutOfTheBottomBar) {
     core.settings.values.dlink_enabled = false;
     core.settings.values.CDDriveLetter = "NONE";
     core.screens.Remove("frmGPS");
-    screen->ReShow();
+    screen->browser().ReShow();
     Tap("Image7");
     for (const char* name : {"Image15", "Image16", "Image17"})
         EXPECT_FALSE(Part(name).isVisible()) << name << " leads to what is not there";
@@ -165,7 +167,7 @@ TEST_F(PlaylistsScreen, AListIsBuiltByTouchInTwoListsSideBySide) {
         state.ListMode = ListFromMenu;
         keys[Action::vup] = "85"; // which is a letter, too
         Resize(size);
-        EXPECT_TRUE(screen->Repeats(InputCode(keys[Action::vup], keys)));
+        EXPECT_TRUE(screen->browser().Repeats(InputCode(keys[Action::vup], keys)));
         QWidget& left = Part("UCListBox");
         QWidget& right = Part("UCListBox2");
         EXPECT_FALSE(right.isVisible());
@@ -187,8 +189,8 @@ TEST_F(PlaylistsScreen, AListIsBuiltByTouchInTwoListsSideBySide) {
         EXPECT_FALSE(left.isVisible() || right.isVisible()) << "the keyboard has their place";
         for (const auto& [code, on] :
              {std::pair<std::string, bool>{"85", false}, {"8", true}, {"38", true}, {"13", false}})
-            EXPECT_EQ(screen->Repeats(InputCode(code, keys)), on) << code;
-        EXPECT_TRUE(screen->Form_KeyDown("27"));
+            EXPECT_EQ(screen->browser().Repeats(InputCode(code, keys)), on) << code;
+        EXPECT_TRUE(screen->browser().Form_KeyDown("27"));
         EXPECT_TRUE(left.isVisible() && right.isVisible());
         touchRow(right, 0);
         EXPECT_EQ(built.Row(0).first, NoValidFilenames);

@@ -1,5 +1,5 @@
-// Saving the list that was built.
-#include "browser/list_editor.h"
+#include "browser/saved_list.h"
+
 #include "core/text.h"
 #include "library/lists/list_file.h"
 #include "platform/files.h"
@@ -38,67 +38,63 @@ bool IsFileName(const std::string& name) {
 
 } // namespace
 
-std::string ListEditor::DefaultName() const {
-    return ShownListName(EditListPath);
+void SavedList::Open(const std::string& path, bool ofChannels) {
+    path_ = opened_ = path;
+    channels_ = ofChannels;
 }
 
-std::string ListEditor::TargetPath(const std::string& name) const {
-    if (!EditListPath.empty() && EqualNoCase(name, DefaultName())) return EditListPath;
-    if (channels_) return desk_.needs.settings.File(name + ".xcl");
-    return JoinPath(desk_.needs.settings.values.PlaylistDir, name + ".m3u");
+std::string SavedList::DefaultName() const {
+    return ShownListName(path_);
 }
 
-bool ListEditor::HasPlaylistFolder() const {
-    const std::string& folder = desk_.needs.settings.values.PlaylistDir;
+std::string SavedList::TargetPath(const std::string& name) const {
+    if (!path_.empty() && EqualNoCase(name, DefaultName())) return path_;
+    if (channels_) return desk_.needs.base.settings.File(name + ".xcl");
+    return JoinPath(desk_.needs.Options().PlaylistDir, name + ".m3u");
+}
+
+bool SavedList::HasFolder() const {
+    const std::string& folder = desk_.needs.Options().PlaylistDir;
     return !folder.empty() && FolderExists(folder);
 }
 
-std::string ListEditor::NameProblem(const std::string& name, const std::string& path) const {
+std::string SavedList::NameProblem(const std::string& name, const std::string& path) const {
     if (name.empty()) return "Please type a name.";
     if (!IsFileName(name)) return "A list cannot have this name.";
     if (FileNameOf(path).size() > LongestFileName) return "The name is too long.";
-    if (!channels_ && !HasPlaylistFolder()) return NoPlaylistFolder;
+    if (!channels_ && !HasFolder()) return NoPlaylistFolder;
     if (NameTaken(path)) return "There is a list of this name.";
     return {};
 }
 
-std::vector<std::string> ListEditor::Entries() const {
-    std::vector<std::string> entries;
-    for (int row = 0; row < right_.ItemCount(); ++row) {
-        const std::string descriptor = right_.GetFileNameListusercontrol(row);
-        const auto end = descriptor.find(channels_ ? '|' : ':');
-        if (!descriptor.empty()) entries.push_back(descriptor.substr(end + 1));
-    }
-    return entries;
-}
-
-SaveResult ListEditor::Refuse(const std::string& why) {
+SaveResult SavedList::Refuse(const std::string& why) {
     message_ = why;
     return SaveResult::Refused;
 }
 
-SaveResult ListEditor::Save(const std::string& text) {
+SaveResult SavedList::Save(const std::string& text, const std::vector<std::string>& entries) {
     message_ = "Not Saved ";
-    if (!editing_ || text.empty()) return SaveResult::NotSaved;
+    if (text.empty()) return SaveResult::NotSaved;
     const std::string name = Trim(text);
     const std::string path = TargetPath(name);
-    const std::string problem = path == EditListPath ? "" : NameProblem(name, path);
-    return problem.empty() ? Write(name, path) : Refuse(problem);
+    const std::string problem = path == path_ ? "" : NameProblem(name, path);
+    return problem.empty() ? Write(name, path, entries) : Refuse(problem);
 }
 
-SaveResult ListEditor::Write(const std::string& name, const std::string& path) {
-    const bool updated = path == EditListPath;
+SaveResult SavedList::Write(const std::string& name, const std::string& path,
+                            const std::vector<std::string>& entries) {
+    const bool updated = path == path_;
     std::string reason;
-    if (!WriteListFile(path, "", Entries(), &reason)) {
-        desk_.needs.report.Log("could not write " + ToUtf8(path) + ": " + reason);
+    if (!WriteListFile(path, "", entries, &reason)) {
+        desk_.needs.base.report.Log("could not write " + ToUtf8(path) + ": " + reason);
         return Refuse("Not saved: " + reason);
     }
     // Only now: whatever happens there is a whole list, the old or the new one.
-    if (!updated && FileExists(EditListPath) && !DeleteFileAt(EditListPath))
-        desk_.needs.report.Log("could not remove " + ToUtf8(EditListPath));
-    if (desk_.needs.catalogue && path != desk_.needs.settings.File("favorites.m3u"))
-        desk_.needs.catalogue->UpdateFileRow(path);
-    EditListPath = path;
+    if (!updated && FileExists(path_) && !DeleteFileAt(path_))
+        desk_.needs.base.report.Log("could not remove " + ToUtf8(path_));
+    if (desk_.needs.library.catalogue && path != desk_.needs.base.settings.File("favorites.m3u"))
+        desk_.needs.library.catalogue->UpdateFileRow(path);
+    path_ = path;
     message_ = updated ? name + " Has Been Updated " : "Saved: " + name;
     return SaveResult::Saved;
 }

@@ -1,0 +1,67 @@
+#include "skin/text_entry.h"
+
+#include <utility>
+
+namespace vk {
+
+namespace {
+
+constexpr const char* Backspace = "8";
+
+constexpr ActionRow<KeyboardModel> Rows[] = {
+    {Action::forward, &KeyboardModel::MoveRight}, {Action::back, &KeyboardModel::MoveLeft},
+    {Action::up, &KeyboardModel::MoveUp},         {Action::down, &KeyboardModel::MoveDown},
+    {Action::ok, &KeyboardModel::ClickIt},        {Action::quit, &KeyboardModel::Leave}};
+
+} // namespace
+
+TextEntry::TextEntry(KeyboardModel& keyboard, TextEntryView& view)
+    : keyboard_(keyboard), view_(view) {
+    keyboard_.onOK = [this](const std::string& text) { Take(text); };
+    keyboard_.onEscape = [this] { Cancel(); };
+}
+
+void TextEntry::Open(TextQuestion question) {
+    question_ = std::move(question);
+    keyboard_.SetCaption(question_.caption);
+    keyboard_.SetValue(question_.value);
+    if (question_.startOnOK) keyboard_.MarkKey(KeyboardModel::OKKey);
+    view_.SlideKeyboard(true);
+    open_ = true;
+}
+
+void TextEntry::Close() {
+    if (!std::exchange(open_, false)) return;
+    question_ = {};
+    view_.SlideKeyboard(false);
+}
+
+void TextEntry::Cancel() {
+    if (open_) Answer(std::nullopt);
+}
+
+void TextEntry::Take(const std::string& text) {
+    if (!open_) return;
+    const std::string refused = question_.refuse ? question_.refuse(text) : std::string();
+    if (!refused.empty()) return keyboard_.SetCaption(refused);
+    Answer(text);
+}
+
+// The answer may ask the next question.
+void TextEntry::Answer(const std::optional<std::string>& text) {
+    const auto answer = std::move(question_.answer);
+    Close();
+    if (answer) answer(text);
+}
+
+bool TextEntry::Key(const InputCode& code) {
+    if (!open_) return false;
+    if (code.FromKeyboard() && keyboard_.KeyDown(code.Text())) return true;
+    return RunAction(keyboard_, Rows, code);
+}
+
+bool TextEntry::Repeats(const InputCode& key) {
+    return KeyboardModel::Types(key.Text()) ? key.Text() == Backspace : GoesOnWhileHeld(key);
+}
+
+} // namespace vk
