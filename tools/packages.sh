@@ -7,7 +7,7 @@ libasound2 libasound2-plugins fonts-dejavu-core xvfb x11-apps imagemagick"
 DEMO_PACKAGES="ffmpeg"
 SCAN_BENCH_PACKAGES="libbenchmark-dev libtag1-dev mpd"
 TEST_PACKAGES="procps libgtest-dev libgmock-dev xvfb xauth xdotool openbox x11-utils pulseaudio clang-format"
-TIDY_PACKAGES="clang clang-tidy"
+TIDY_PACKAGES="clang clang-tidy libbenchmark-dev"
 
 say() { printf '%s\n' "velkorandum: $*"; }
 

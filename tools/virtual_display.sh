@@ -1,10 +1,10 @@
-# A display where there is none. Sourced.
+# A display where there is none. Sourced. What is started here ends with the shell, whatever ends that.
 
 # start_virtual_display WIDTHxHEIGHT: starts Xvfb on a free number and exports DISPLAY.
 start_virtual_display() {
     local numbers
     numbers=$(mktemp)
-    Xvfb -displayfd 3 -screen 0 "$1x24" -dpi 96 -nolisten tcp 3>"$numbers" >/dev/null 2>&1 &
+    setpriv --pdeathsig TERM Xvfb -displayfd 3 -screen 0 "$1x24" -dpi 96 -nolisten tcp 3>"$numbers" >/dev/null 2>&1 &
     XVFB=$!
     for _ in $(seq 100); do
         [ -s "$numbers" ] && break
@@ -34,5 +34,5 @@ mogrify_to_png() {
 
 # keep_picture FILE: a new picture every two seconds.
 keep_picture() {
-    while sleep 2; do take_picture "$1"; done
+    while sleep 2 && kill -0 $$ 2>/dev/null; do take_picture "$1"; done
 }

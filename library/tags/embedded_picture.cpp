@@ -65,7 +65,7 @@ class Best {
 
 // The description before a picture may be in a two-byte encoding, whose NULs end it too early for
 // the frame's reader.
-std::string FromSignature(std::string picture) {
+std::string FromSignature(const std::string& picture) {
     constexpr std::size_t LongestDescription = 512;
     constexpr std::array<std::string_view, 3> Signatures = {"\xFF\xD8\xFF", "\x89PNG", "GIF8"};
     const std::string_view head = std::string_view(picture).substr(0, LongestDescription);

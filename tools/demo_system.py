@@ -1,0 +1,59 @@
+"""The demo (./run demo makes it) on a virtual display, in a folder of its own: the demo's state stays as it is."""
+
+import os
+import pathlib
+import shutil
+import subprocess
+import sys
+
+ROOT = pathlib.Path(__file__).resolve().parent.parent
+sys.path.insert(0, str(ROOT / "tests" / "support"))
+from alone import Alone  # noqa: E402
+from display import Display  # noqa: E402
+from steered import Steered  # noqa: E402
+
+PARTS = ("velkorandum", "winamp", "DB_UPDATE", "tags_empty.mdb", "settings.ini")
+
+
+class DemoSystem(Steered):
+    vkini = ROOT / "build" / "release" / "tools" / "vkini"
+    demo = ROOT / "build" / "demo"
+
+    def __init__(self, size):
+        if not (self.demo / "velkorandum").exists():
+            sys.exit("run './run demo' first")
+        self.size = size
+        self.width, self.height = map(int, size.split("x"))
+        self.alone = Alone()
+        self.display = Display(self.alone.env, self.alone.folder, size)
+        self.app = self.alone.folder / "app"
+
+    def fresh(self):
+        """An application directory as after the first run."""
+        shutil.rmtree(self.app, ignore_errors=True)
+        self.app.mkdir()
+        for part in PARTS:
+            shutil.copy(self.demo / part, self.app)
+        os.symlink(self.demo / "skins", self.app / "skins")
+        subprocess.run([self.app / "DB_UPDATE"], env=self.alone.env, check=True)
+
+    def start_with_catalogue(self):
+        """The first start of a fresh one."""
+        self.start_to_menu()
+        self.wait_for("the catalogue", lambda: "db checkpoint" in self.log())
+        self.settle("the menu")
+
+    def answer_message(self):
+        """Without a sound card a box tells so."""
+        if self.message():
+            self.press("Return")
+            self.wait_for("the box to go", lambda: not self.message())
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *error):
+        if self.system and self.running():
+            self.system.terminate()
+        self.display.close()
+        self.alone.end()

@@ -1,0 +1,142 @@
+"""screenshots.sh: pictures of every screen, made by keys and by touch on displays of three sizes."""
+
+import pathlib
+import sys
+
+from demo_system import DemoSystem
+
+DARK = (2, 51)  # the mean of the loading screen's pixels, of 255: the menu is light
+
+
+class Pictured(DemoSystem):
+    def __init__(self, size, out):
+        super().__init__(size)
+        self.out = out
+
+    def shot(self, name):
+        self.display.picture(self.out / f"{name}-{self.size}.png")
+
+    def fresh(self):
+        """It is day until told otherwise."""
+        super().fresh()
+        self.set_setting("main", "Time1", "12:00:00 AM")
+        self.set_setting("main", "Time2", "11:59:00 PM")
+
+    def tap(self, *points):
+        """In hundredths of the screen."""
+        super().tap(*((self.width * x // 100, self.height * y // 100) for x, y in points))
+
+    def row(self, number):
+        """Touches that row of the browser's list."""
+        super().tap((self.width // 3, self.height * 11 // 100 + 45 * number - 18))
+
+    def play(self, start):
+        start()
+        self.wait_for_music()
+        self.answer_message()
+        self.wait_for_music(1500)
+
+    def loading(self):
+        """Pictures as fast as they come; the last dark one before the menu is kept."""
+        self.start()
+        pixels = -4 * self.width * self.height
+
+        def painted():
+            mean = sum(self.display.screen[pixels::4]) * 4 / -pixels
+            if DARK[0] < mean < DARK[1]:
+                self.shot("loading")
+            return "Main menu painted" in self.log()
+
+        self.wait_for("the menu", painted)
+        self.settle("the menu")
+
+
+def by_keys(s):
+    s.fresh()
+    s.loading()
+    s.shot("menu-day")
+    s.keys("Right")
+    s.shot("menu-chosen")
+    s.keys("Left", "Down", "Return")
+    s.shot("browser-top")
+    s.keys("Down", "Down", "Return")
+    s.shot("browser-artist")
+    s.keys("Down", "Return")
+    s.shot("browser-album")
+    s.keys("Down", "Down")
+    s.play(lambda: s.press("Return"))
+    s.shot("player")
+    s.press("Right")
+    saved = s.setting("audio_player", "CurrentPosition")
+    s.wait_for("a saved position", lambda: s.setting("audio_player", "CurrentPosition") != saved)
+    s.kill()
+    s.start_to_menu()
+    s.keys("Up")
+    s.play(lambda: s.press("Return"))
+    s.shot("resumed")
+    s.press("Escape")
+    s.settle("the menu")
+    s.end()
+    s.set_setting("main", "Time1", "11:58:00 PM")
+    s.start_to_menu()
+    s.shot("menu-night")
+    s.keys("Down", "Return")
+    s.shot("browser-night")
+    s.end()
+
+
+def catalogue(s):
+    s.fresh()
+    s.start_with_catalogue()
+    for name, keys in (("database", "Down Return Return"), ("database-artists", "Down Return"),
+                       ("database-titles", "Down Return")):
+        s.keys(*keys.split())
+        s.shot(name)
+    s.end()
+
+
+def list_in_the_making(s):
+    s.fresh()
+    s.start_with_catalogue()
+    s.keys("Down", "Return", "Down", "Return")
+    s.shot("build")
+    s.keys("Down", "Down", "Return", "Down", "Return", "Down", "Return")
+    s.shot("build-list")
+    s.end()
+
+
+def settings(s):
+    s.start_to_menu()
+    s.keys("p")
+    s.shot("settings")
+    for page in range(1, 7):
+        s.keys("Down")
+        s.shot(f"settings-{page}")
+    s.end()
+
+
+def by_touch(s):
+    s.fresh()
+    s.start_with_catalogue()
+    s.tap((37, 25))
+    s.shot("touch-browser")
+    s.row(3)
+    s.shot("touch-artist")
+    s.row(2)
+    s.shot("touch-album")
+    s.play(lambda: s.row(3))
+    s.shot("touch-player")
+    s.tap((50, 92))
+    s.shot("touch-playing")
+    s.tap((5, 92))
+    s.shot("touch-menu")
+    s.end()
+
+
+folder = pathlib.Path(sys.argv[1])
+folder.mkdir(parents=True, exist_ok=True)
+for size in ("640x480", "800x480", "1024x768"):
+    with Pictured(size, folder) as system:
+        for part in (by_keys, catalogue, list_in_the_making, settings, by_touch):
+            part(system)
+print(f"pictures are in {folder}")
