@@ -1,6 +1,7 @@
 // What every press waits for: from a key to the painted picture, in the whole application, on each
 // of its screens.
 #include "app/application.h"
+#include "app/linux/linux_ports.h"
 #include "core/version.h"
 #include "tests/support/fake_card.h"
 #include "tests/support/temp_folder.h"
@@ -74,7 +75,8 @@ class Running {
                                        "\nTime1=8:00:00 AM\nTime2=9:00:00 PM\n"
                                        "[audio_player]\nAudioExtensions=WAV\n");
         qApp->installEventFilter(&watch_);
-        app_ = std::make_unique<Application>(dir_.Path());
+        ports_ = std::make_unique<LinuxPorts>();
+        app_ = std::make_unique<Application>(dir_.Path(), ports_->ports(), [] {});
         started = started && app_->Start();
         Run(SettleTime);
     }
@@ -115,6 +117,7 @@ class Running {
     FakeCard card_{{"Master Playback", "PCM Playback"}};
     TempFolder dir_;
     PaintWatch watch_;
+    std::unique_ptr<LinuxPorts> ports_;
     std::unique_ptr<Application> app_;
 };
 

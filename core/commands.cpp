@@ -39,6 +39,8 @@ void Commands::Keep(When when, const std::function<void()>& command) {
     if (when == When::Interrupt) {
         if (clock_.TickMs() - startedMs_ < InterruptMs) return;
         End();
+    } else if (next_ && nextEnded_) {
+        return;
     }
     next_ = command;
     nextEnded_ = when == When::Interrupt;

@@ -19,7 +19,8 @@ class Commands {
     enum class When {
         Drop,     ///< it is forgotten: the press was meant for what has just changed
         Queue,    ///< it follows, the last one asked for, when its screen is still in front
-        Interrupt ///< the same, and what waits is ended for it: the user wants to leave
+        Interrupt ///< the same, but before any that is queued, and what waits is ended for it: the
+                  ///< user wants to leave
     };
     /// A wish to interrupt that comes sooner than this into a command was meant for what was there
     /// before, and is dropped; milliseconds.
@@ -43,6 +44,8 @@ class Commands {
     bool Following() const { return following_; }
     /// Has the command that runs come to its end: nothing in it waits any more.
     void End();
+    /// Drops what was to follow: the screens that it was meant for go.
+    void Forget() { next_ = {}; }
     /// Lets nothing begin or follow any more: the system ends.
     void Close();
 

@@ -56,7 +56,9 @@ bool Pump::Pause(const char* what, int milliseconds) {
 }
 
 bool Pump::Turn() {
-    if (!closed_) clock_.DoEvents(0);
+    if (closed_) return false;
+    const Scope scope(*this, {.what = "a turn of events", .done = {}});
+    clock_.DoEvents(0);
     return !closed_;
 }
 

@@ -20,6 +20,11 @@ bool Screens::ReDisplay(const std::string& name) const {
     return true;
 }
 
+void Screens::LayOut() const {
+    for (const auto& [name, screen] : screens_)
+        screen.DoLayout();
+}
+
 void Screens::HideOthers(const std::string& name) const {
     for (const auto& [other, screen] : screens_)
         if (other != name) screen.Hide();

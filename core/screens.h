@@ -46,6 +46,9 @@ concept ScreenWindow = requires(T window) {
     window.Hide();
 };
 
+/// The name of the main menu, which every other screen goes back to.
+inline constexpr const char* HomeScreen = "velkorandum";
+
 /// What others do with a screen that they know by its name alone. `Form_KeyDown` takes the decimal
 /// text of a Windows virtual-key code, with "%" in front while Alt is held, and tells whether the
 /// key was used; `DoAction` takes what a map gives a meaning, as the remote's.
@@ -126,6 +129,8 @@ class Screens {
     bool Show(const std::string& name) const;
     /// The same by its `ReDisplay`; a screen without one is shown by `ReShow`.
     bool ReDisplay(const std::string& name) const;
+    /// Has every screen laid out anew, as for another skin.
+    void LayOut() const;
     /// Hides every screen but this one.
     void HideOthers(const std::string& name) const;
     std::size_t Count() const { return screens_.size(); }

@@ -1,10 +1,7 @@
 // Day or night by the clock: which skin is in use, and whether the screen is dimmed.
 #pragma once
 
-#include "core/app_state.h"
-#include "core/screens.h"
-#include "core/settings.h"
-#include "platform/clock.h"
+#include "core/base.h"
 #include "skin/skin.h"
 
 #include <functional>
@@ -14,15 +11,8 @@ namespace vk {
 
 class Daylight {
   public:
-    struct Needs {
-        AppState& state;
-        SettingsStore& settings;
-        const Clock& clock;
-        const Screens& screens;
-        SkinStore& skin;
-        std::function<void(bool)> setDimmer; ///< empty where the screen cannot be dimmed
-    };
-    explicit Daylight(Needs needs) : n_(std::move(needs)) {}
+    /// Both outlive this object.
+    Daylight(Base& base, SkinStore& skin) : base_(base), skin_(skin) {}
 
     /// Follows the clock; called by the timers of the screens. With times that are no times of day
     /// everything stays as it is.
@@ -31,8 +21,11 @@ class Daylight {
     /// within is ignored.
     void ReloadSkin();
 
+    std::function<void(bool)> setDimmer; ///< empty where the screen cannot be dimmed
+
   private:
-    Needs n_;
+    Base& base_;
+    SkinStore& skin_;
     std::string refused_; ///< a skin that could not be loaded
     bool reloading_ = false;
 };

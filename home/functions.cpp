@@ -20,14 +20,14 @@ const MainMenu::Function MainMenu::Functions[] = {
 };
 
 void MainMenu::runok(int item) {
-    Trap(n_.report, "An error occured in velkorandum.runok ", [&] {
+    Trap(base_.report, "An error occured in velkorandum.runok ", [&] {
         const MenuIconData* icon = Selected();
         if (item == 0 && (!icon || icon->function.empty()))
             return Message(
                 "Someone didn't set the function for this button when they created this skin!");
         if (item == 0)
             LastStartSelection = static_cast<int>(ParseDecimal(icon->function).value_or(0));
-        Update(CurrentSelection, n_.settings.values.UseAnimation);
+        Update(CurrentSelection, base_.settings.values.UseAnimation);
         for (const Function& function : Functions)
             if (function.number == LastStartSelection) return (this->*function.start)();
     });
@@ -35,17 +35,17 @@ void MainMenu::runok(int item) {
 
 // Saves the selection and shows another screen; false when this system has none of that name.
 bool MainMenu::Leave(const char* screen) {
-    if (!n_.screens.Find(screen)) return false;
+    if (!base_.screens.Find(screen)) return false;
     switchingform();
     view_.ShowBanner("Loading");
-    n_.screens.Show(screen);
+    base_.screens.Show(screen);
     return true;
 }
 
 void MainMenu::OpenBrowser(std::int16_t mode) {
-    if (n_.settings.values.PlaylistDir == "none") return view_.ShowFrame(true);
+    if (base_.settings.values.PlaylistDir == "none") return view_.ShowFrame(true);
     n_.browser.ListMode = mode;
-    n_.browser.CurrentPath = n_.settings.values.MediaDir;
+    n_.browser.CurrentPath = base_.settings.values.MediaDir;
     n_.browser.FromPlayer = false;
     n_.browser.RestoreHistory = n_.audio.PlayMode == PlayAudio || n_.audio.PlayMode == PlayXM;
     Leave("playlists");
@@ -58,53 +58,54 @@ void MainMenu::StartBrowser() {
 // A list that came from a disc is resumed only when that disc is in the drive.
 bool MainMenu::DiscMatches(std::int32_t serial) const {
     if (serial == 0 || serial == -1) return true;
-    const std::string drive = OpticalRoot(n_.volumes, n_.settings.values.CDDriveLetter);
-    return !drive.empty() && n_.volumes.IsReady(drive) && n_.volumes.Serial(drive) == serial;
+    const std::string drive = OpticalRoot(base_.volumes, base_.settings.values.CDDriveLetter);
+    return !drive.empty() && base_.volumes.IsReady(drive) && base_.volumes.Serial(drive) == serial;
 }
 
 void MainMenu::StartAudio() {
     const auto number = [&](const char* key) {
-        return n_.settings.Read("audio_player", key, IniType::Long).Long();
+        return base_.settings.Read("audio_player", key, IniType::Long).Long();
     };
-    if (FileLength(n_.settings.File(AudioListName)) == 0 || n_.settings.values.MediaDir == "none" ||
-        number("currenttrack") == 0 || !DiscMatches(number("volumeserial")) ||
-        PrepareResume(n_.settings, n_.volumes, n_.audio) != ResumeResult::Ready)
+    if (FileLength(base_.settings.File(AudioListName)) == 0 ||
+        base_.settings.values.MediaDir == "none" || number("currenttrack") == 0 ||
+        !DiscMatches(number("volumeserial")) ||
+        PrepareResume(base_.settings, base_.volumes, n_.audio) != ResumeResult::Ready)
         return OpenBrowser(ListFromMenu);
     if (!Leave("playmp3")) Message("The audio player is not available.");
 }
 
 void MainMenu::StartVideo() {
-    if (FileLength(n_.settings.File("vk_video.m3u")) == 0) return OpenBrowser(ListFromMenu);
+    if (FileLength(base_.settings.File("vk_video.m3u")) == 0) return OpenBrowser(ListFromMenu);
     const std::int32_t serial =
-        n_.settings.Read("video_player", "volumeserial", IniType::Long).Long();
+        base_.settings.Read("video_player", "volumeserial", IniType::Long).Long();
     if (!DiscMatches(serial)) return OpenBrowser(ListFromMenu);
     if (!Leave("playmovie")) Message("The movie player is not available.");
 }
 
 void MainMenu::StartApplications() {
-    if (!FileExists(n_.settings.File("apps.lst")))
+    if (!FileExists(base_.settings.File("apps.lst")))
         return Message("You must first configure external app support.");
     OpenBrowser(ListApplications);
 }
 
 void MainMenu::StartRadio() {
-    const Settings& s = n_.settings.values;
+    const Settings& s = base_.settings.values;
     if (!s.dlink_enabled && !s.xmpcr_enabled)
         return Message("You must first configure your radio.");
     Message("The radio is not available.");
 }
 
 void MainMenu::StartGPS() {
-    if (n_.settings.values.GPSModule == 0) return Message("You have no GPS module configured");
-    if (!n_.screens.Find("frmGPS")) return Message("The GPS system is not available.");
-    n_.loadGPS();
+    if (base_.settings.values.GPSModule == 0) return Message("You have no GPS module configured");
+    if (!base_.screens.Find("frmGPS")) return Message("The GPS system is not available.");
+    n_.doors.loadGPS();
 }
 
 void MainMenu::Exit() {
-    const bool off = n_.settings.values.ShutDownMode == 0;
-    if (off) n_.settings.Write("main", "CurrentSelectID", "0");
-    if (n_.powerAction) n_.powerAction();
-    if (off) n_.exitApplication();
+    const bool off = base_.settings.values.ShutDownMode == 0;
+    if (off) base_.settings.Write("main", "CurrentSelectID", "0");
+    if (n_.doors.powerAction) n_.doors.powerAction();
+    if (off) n_.doors.exitApplication();
 }
 
 } // namespace vk

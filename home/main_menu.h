@@ -1,19 +1,11 @@
 // The home screen's logic: the graph of icons, what they start, and the way back from every screen.
 #pragma once
 
-#include "core/app_state.h"
-#include "core/debug_log.h"
-#include "core/error_report.h"
-#include "core/screens.h"
-#include "core/settings.h"
+#include "core/base.h"
 #include "home/daylight.h"
 #include "home/menu_view.h"
 #include "input/key_map.h"
 #include "library/browser_state.h"
-#include "platform/clock.h"
-#include "platform/locale_info.h"
-#include "platform/volumes.h"
-#include "platform/window_layer.h"
 #include "playback/audio_state.h"
 #include "playback/c_volume.h"
 #include "playback/c_winamp.h"
@@ -28,23 +20,8 @@ namespace vk {
 
 class MainMenu {
   public:
-    struct Needs {
-        AppState& state;
-        SettingsStore& settings;
-        const DebugLog& log;
-        ErrorReport& report;
-        Clock& clock;
-        const LocaleInfo& locale;
-        const Volumes& volumes;
-        WindowLayer& window;
-        Screens& screens;
-        SkinStore& skin;
-        Daylight& daylight;
-        const KeyMap& keys;
-        AudioState& audio;
-        BrowserState& browser;
-        cWinamp& winamp;
-        cVolume& volume;
+    /// Where the menu leads to besides the screens that are met by name.
+    struct Doors {
         std::function<void()> openSettings; ///< makes and shows the settings screen
         /// Removes it again; false when that has to wait, because a dialog of it is still open.
         std::function<bool()> unloadSettings;
@@ -55,6 +32,18 @@ class MainMenu {
         std::function<void(bool)> setDimmer;
         std::function<void()> clearRemote = {}; ///< drops codes that were not yet carried out
     };
+    /// All of it outlives the menu.
+    struct Needs {
+        Base& base;
+        SkinStore& skin;
+        Daylight& daylight;
+        const KeyMap& keys;
+        AudioState& audio;
+        BrowserState& browser;
+        cWinamp& winamp;
+        cVolume& volume;
+        Doors doors;
+    };
 
     MainMenu(Needs needs, MenuView& view);
 
@@ -64,6 +53,10 @@ class MainMenu {
     /// Draws the selection; `previous` is the icon that lost it. `animate` blinks twice.
     void Update(int previous, bool animate);
     void ReShow();
+    /// The menu is what every other screen goes back to, and nothing sounds on it.
+    void doquit() {}
+    void VolUp() {}
+    void VolDown() {}
     void LoadSelections();
     void MoveUp();
     void MoveDown();
@@ -120,13 +113,15 @@ class MainMenu {
     void ApplySafeVolume();
     void SilencePlayer();
     void FirstActivation();
-    void WaitForCatalogue();
+    bool CatalogueIsAwaited() const;
+    void ShowWaiting();
     /// The banner says so while the server works.
     void ShowRefreshing();
     void Timer1_Timer();
     void tmrSettingsReload_Timer();
 
     Needs n_;
+    Base& base_;
     MenuView& view_;
     std::unique_ptr<Timer> timer1_;
     std::unique_ptr<Timer> tmrSettingsReload_;
@@ -134,6 +129,7 @@ class MainMenu {
     std::vector<MenuIconData> icons_;
     int clockTicks_ = 0;
     int settingsTicks_ = 0;
+    std::size_t blank_ = 0; ///< where the moving blank of the banner stands
     bool activated_ = false;
     bool refreshing_ = false; ///< the banner says that the server works
 };

@@ -19,7 +19,7 @@ bool MainMenu::Form_KeyDown(const std::string& code) {
 
 bool MainMenu::DoAction(const InputCode& code) {
     bool used = true; // also by an operation that fails
-    Trap(n_.report, "An error occured in velkorandum.Form_KeyDown ", [&] {
+    Trap(base_.report, "An error occured in velkorandum.Form_KeyDown ", [&] {
         if (code.Mapped(Action::gps)) return StartGPS(); // on this screen before everything else
         used = RunAction(*this, Rows, code);
     });
@@ -38,9 +38,9 @@ void MainMenu::KeyDown() {
 
 // For the user who has hidden the pointer on a machine without a touch screen.
 void MainMenu::ShowPointer() {
-    n_.window.ShowCursor(true);
-    n_.settings.values.hidemouse = false;
-    n_.settings.Write("main", "hidemouse", "false");
+    base_.window.ShowCursor(true);
+    base_.settings.values.hidemouse = false;
+    base_.settings.Write("main", "hidemouse", "false");
 }
 
 } // namespace vk

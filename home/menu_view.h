@@ -8,6 +8,8 @@ namespace vk {
 class MenuView {
   public:
     virtual ~MenuView() = default;
+    /// Brings the screen to the front.
+    virtual void ShowAtFront() = 0;
     /// Makes the icons anew from the skin's icons in the menu.
     virtual void ShowIcons() = 0;
     /// Draws icon `index` (from 1; others are ignored) selected or not, at once.
@@ -19,7 +21,6 @@ class MenuView {
     virtual void ShowBanner(const std::string& text) = 0;
     /// Applies the skin's colours to the clock bar again.
     virtual void RefreshClockColours() = 0;
-    virtual void DoLayout() = 0;
 };
 
 } // namespace vk

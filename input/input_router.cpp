@@ -4,16 +4,26 @@
 
 namespace vk {
 
+namespace {
+
+constexpr const char* AltF4 = "%115";
+
+/// What the user leaves by.
+bool Leaves(const InputCode& code) {
+    return code.Mapped(Action::quit) || code.Fixed(Action::quit) || code.Mapped(Action::power) ||
+           (code.FromKeyboard() && code.Text() == AltF4);
+}
+
+} // namespace
+
 bool InputRouter::Key(const std::string& code, bool repeat) {
     const InputCode key(code, n_.keys);
     const ScreenOperations* screen = n_.screens.Current();
     if (!screen) return false;
     if (!repeat) key_ = Now(code);
     if (repeat && (key_ != Now(code) || !Repeats(*screen, key))) return true;
-    if (Dropped()) return true;
-    return Run(key, repeat, [this, code] {
-        const ScreenOperations* front = n_.screens.Current();
-        return front && (front->Form_KeyDown(code) || Power(InputCode(code, n_.keys)));
+    return Ask(key, repeat, [this, code](const ScreenOperations& front) {
+        return front.Form_KeyDown(code) || Power(InputCode(code, n_.keys));
     });
 }
 
@@ -22,12 +32,10 @@ void InputRouter::IRCommand(const std::string& code, bool repeat) {
     if (!repeat) button_ = Now(code);
     if (repeat && button_ != Now(code)) return;
     if (n_.dialog && n_.dialog(input, repeat)) return;
-    const ScreenOperations* screen = n_.screens.Current();
-    if (!screen || code.empty() || Dropped()) return;
-    Run(input, repeat, [this, code, repeat] {
-        const InputCode asked(code, n_.remoteKeys, repeat);
-        const ScreenOperations* front = n_.screens.Current();
-        return Power(asked) || (front && front->DoAction(asked));
+    if (code.empty()) return;
+    Ask(input, repeat, [this, code, repeat](const ScreenOperations& front) {
+        const InputCode press(code, n_.remoteKeys, repeat);
+        return Power(press) || front.DoAction(press);
     });
 }
 
@@ -39,12 +47,16 @@ bool InputRouter::Repeats(const ScreenOperations& screen, const InputCode& key) 
     return screen.Repeats ? screen.Repeats(key) : GoesOnWhileHeld(key);
 }
 
-// What runs later is taken for used.
-bool InputRouter::Run(const InputCode& code, bool repeat, std::function<bool()> command) {
-    const bool quit = !repeat && (code.Mapped(Action::quit) || code.Fixed(Action::quit));
-    const auto used = std::make_shared<bool>(true);
-    n_.commands.Run(quit ? Commands::When::Interrupt : Commands::When::Drop,
-                    [used, command = std::move(command)] { *used = command(); });
+bool InputRouter::Ask(const InputCode& code, bool repeat,
+                      const std::function<bool(const ScreenOperations&)>& work) {
+    if (!n_.commands.ListBusy() && n_.newScreen.Deaf()) return true;
+    using When = Commands::When;
+    const When when = Leaves(code) && !repeat ? When::Interrupt : When::Drop;
+    const auto used = std::make_shared<bool>(true); // it may be run when this call has returned
+    n_.commands.Run(when, [this, work, used] {
+        const ScreenOperations* screen = n_.screens.Current();
+        *used = screen && work(*screen);
+    });
     return *used;
 }
 

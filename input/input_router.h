@@ -12,17 +12,16 @@
 
 namespace vk {
 
-/// While a command runs, and events with it, keys and codes are dropped, but for quit, which ends
-/// it (a long list that is being built). So is what comes right after a change of screen, and what
-/// a key or button goes on sending that is held since before it: it was pressed for the screen that
-/// has gone.
+/// While a command runs, keys and codes are dropped, but for those that leave: they end it. What
+/// comes right after a change of screen is dropped, too, and what a key or button goes on sending
+/// that is held since before it: it was pressed for the screen that has gone.
 class InputRouter {
   public:
     /// All of it outlives the router.
     struct Needs {
         Screens& screens;
-        const NewScreen& newScreen;
         Commands& commands;
+        const NewScreen& newScreen;
         const KeyMap& keys;
         const RemoteMap& remoteKeys;
         /// Works the dialog in front; false when there is none. Keys reach dialogs by themselves.
@@ -50,8 +49,9 @@ class InputRouter {
 
     Press Now(const std::string& code) const;
     static bool Repeats(const ScreenOperations& screen, const InputCode& key);
-    bool Dropped() const { return !n_.commands.ListBusy() && n_.newScreen.Deaf(); }
-    bool Run(const InputCode& code, bool repeat, std::function<bool()> command);
+    /// Asks for `work` on the screen in front; false when it was run and found nothing to do.
+    bool Ask(const InputCode& code, bool repeat,
+             const std::function<bool(const ScreenOperations&)>& work);
     bool Power(const InputCode& code);
 
     Needs n_;

@@ -1,26 +1,18 @@
 // The screen behind all screens: proves the machine, makes the others, and supervises them.
 #pragma once
 
-#include "core/app_state.h"
-#include "core/debug_log.h"
-#include "core/error_report.h"
-#include "core/screens.h"
-#include "core/settings.h"
+#include "core/base.h"
 #include "input/key_map.h"
 #include "input/remote_map.h"
 #include "library/tags/media_type.h"
-#include "platform/clock.h"
-#include "platform/locale_info.h"
 #include "platform/player_window.h"
 #include "platform/processes.h"
 #include "platform/registry.h"
 #include "platform/screen_metrics.h"
-#include "platform/volumes.h"
-#include "platform/window_layer.h"
 #include "playback/c_winamp.h"
 #include "skin/loading_screen.h"
 #include "skin/skin.h"
-#include "startup/screen_loader.h"
+#include "startup/whole.h"
 
 #include <functional>
 #include <memory>
@@ -35,49 +27,53 @@ enum class StartOutcome {
     Running   ///< the main menu is in front
 };
 
-/// What start-up and supervision do with the catalogue; empty functions where it is not used.
-struct CatalogueHooks {
-    /// Takes the server, a program, into use; called before `open`.
-    std::function<void(const std::string& program)> reference;
-    std::function<void()> open;      ///< unless it was opened before
-    std::function<void()> supervise; ///< every tick of the supervisor
-    std::function<void()> release;   ///< lets the server go
+/// The machine as the start proves it.
+struct StartMachine {
+    const Processes& processes;
+    const Registry& registry;
+    PlayerWindow& player;
+    std::function<ScreenMetrics()> metrics;
+    std::function<std::string(const std::string&)> environment; ///< "" for a missing variable
+    std::function<bool()> destinatorInstalled = {};             ///< empty: it is not
 };
 
-/// Never shown; lives until the process ends. Owns the player's remote control and the supervisor
-/// timer.
+/// What the start does with the catalogue; empty functions where it is not used.
+struct CatalogueHooks {
+    /// Takes the server, a program, into use; called before `open`.
+    std::function<void(const std::string& program)> reference = {};
+    std::function<void()> open = {}; ///< unless it was opened before
+};
+
+/// And with the remote; empty functions for a device that is not there.
+struct RemoteHooks {
+    std::function<bool()> init = {};
+    std::function<void()> clear = {};            ///< drops received codes
+    std::function<std::string()> learnText = {}; ///< the value of key learn at the end
+};
+
+/// And with the settings screen, which leads through the first run.
+struct FirstRunHooks {
+    std::function<void()> load;   ///< makes and registers it
+    std::function<void()> unload; ///< removes it again
+};
+
+/// Never shown; lives until the process ends. Makes the player's remote control and owns the
+/// supervisor timer.
 class astart {
   public:
     struct Needs {
-        AppState& state;
-        SettingsStore& settings;
-        const DebugLog& log;
-        ErrorReport& report;
-        Dialogs& dialogs;
-        Clock& clock;
-        const LocaleInfo& locale;
-        const Volumes& volumes;
-        const Processes& processes;
-        const Registry& registry;
-        WindowLayer& window;
-        PlayerWindow& player;
-        Screens& screens;
+        Base& base;
+        StartMachine machine;
         LoadingScreen& loading;
         SkinStore& skin;
         KeyMap& keys;
         RemoteMap& remoteKeys;
         MediaExtensions& extensions;
-        ScreenLoader& loader;
-        std::function<ScreenMetrics()> metrics;
-        std::function<std::string(const std::string&)> environment; ///< "" for a missing variable
-        std::function<void()> unloadAll; ///< closes every screen and ends the event loop
-        /// Parts that may be missing: an empty function is a device or program that is not there.
-        std::function<bool()> initRemote;
-        std::function<void()> clearRemote;            ///< drops received codes
-        std::function<void()> closeRemote;            ///< closes the receiver
-        std::function<std::string()> remoteLearnText; ///< the value of key learn at the end
-        std::function<bool()> destinatorInstalled;
-        CatalogueHooks catalogue = {};
+        std::unique_ptr<cWinamp>& winamp; ///< made here, as soon as its settings are written
+        Whole whole;
+        FirstRunHooks firstRun;
+        RemoteHooks remote;
+        CatalogueHooks catalogue;
     };
 
     explicit astart(Needs needs);
@@ -94,37 +90,37 @@ class astart {
     bool SettingsAreValid();
     /// Counts one finished step of the start; the text only names it in the code.
     void AddBootItem(const char* text);
-    /// Shows the GPS screen where there is one.
-    void LoadGPS();
     /// Loads the screens anew after the settings screen was left.
     void ReloadScreens();
     /// Before the screens go: `osShutdown` when the operating system ends the session, the user's
     /// wish otherwise.
     void Form_QueryUnload(bool osShutdown);
-    /// Makes what runs beside the screens: the catalogue server and, when it is enabled, the
-    /// remote's receiver. A missing program or device is left out.
-    void RefClass();
-    /// Lets both go; what fails at that is only logged.
+    /// Lets what runs beside the screens go: the catalogue server, the remote's receiver. What
+    /// fails at that is only logged.
     void UnRefClass();
     /// The orderly exit. Runs once.
     void Form_Unload();
-
-    cWinamp* Winamp() { return winamp_.get(); }
 
     int BootStepCount = 0;
     int BootStepTotal = 0;
 
   private:
+    using Step = bool (astart::*)();
+    /// Runs the steps in their order; false when one of them, or the user, ends the start.
+    template<class Steps> bool Run(const Steps& steps);
+    bool Ended() const { return base_.pump.Closed(); }
+    bool Prove();
     bool ProveEnvironment();
+    bool CloseOldPlayer();
+    bool ReadMachine();
     bool CheckVersion();
-    void MakeMissingFiles();
+    bool MakeMissingFiles();
     bool PrepareServerAndPlayer();
     bool ServerRegistered();
     void ForceWinampKeys();
     bool CreateWinamp();
-    void ShowLoadingScreen();
-    void FindOpticalDrives();
-    bool MakeServer();
+    bool ShowLoadingScreen();
+    bool FindOpticalDrives();
     bool ReferenceServer();
     StartOutcome StartFirstRun();
     StartOutcome StartNormally();
@@ -134,19 +130,19 @@ class astart {
     bool FoldersAreValid();
     bool SkinsAreThere(bool& stop);
     bool AskRevert();
-    void LoadScreen(const char* step, const std::function<void()>& load);
+    void ReadUserSettings();
+    /// Makes the screens, in the order of their `place`; the number of the step is counted.
+    void LoadScreens(int LoadStep::Place::*place, const char* LoadStep::*text);
     void StartRemote();
     void Timer1_Timer();
     void WatchPlayer();
     static void Call(const std::function<void()>& hook) {
         if (hook) hook();
     }
-    StartOutcome End();
-
     static constexpr int SupervisorMs = 400;
 
     Needs n_;
-    std::unique_ptr<cWinamp> winamp_;
+    Base& base_;
     std::unique_ptr<Timer> timer1_;
     bool keepRemoteLearning_ = false; ///< set when the settings were found unusable
     bool unloaded_ = false;

@@ -2,62 +2,66 @@
 #include "core/text.h"
 #include "startup/astart.h"
 
+#include <algorithm>
+
 namespace vk {
 
 void astart::FinishExecution() {
-    Trap(n_.report, "There has been an error in astart.FinishExecution on line: ", [&] {
-        n_.loader.unloadSettings();
-        AddBootItem("Revving Velkorandum");
-        n_.extensions.Load(n_.settings.values.AudioExtensions, n_.settings.values.VideoExtensions);
-        n_.state.FirstRadioType = n_.settings.Read("main", "FirstRadioType", IniType::Long).Long();
-        AddBootItem("Loading User Settings");
-        n_.keys = ReadKeyMap(n_.settings.ini(), n_.settings.File("kb.ini"));
-        n_.remoteKeys = ReadRemoteMap(n_.settings.ini(), n_.settings.File("keys.ini"));
-        if (n_.settings.values.remoteStatus) StartRemote();
-        Call(n_.clearRemote);
-        n_.state.WinampWatched = false;
-        if (!winamp_->WinAMP_FindWindow()) {
+    Trap(base_.report, "There has been an error in astart.FinishExecution on line: ", [&] {
+        n_.firstRun.unload();
+        ReadUserSettings();
+        if (base_.settings.values.remoteStatus) StartRemote();
+        Call(n_.remote.clear);
+        base_.state.WinampWatched = false;
+        if (!n_.winamp->WinAMP_FindWindow()) {
             AddBootItem("Loading Winamp");
-            winamp_->WinAMP_Start();
+            n_.winamp->WinAMP_Start();
         }
-        LoadScreen("Loading Main Menu", n_.loader.velkorandum);
-        LoadScreen("Loading Media Browser", n_.loader.playlists);
-        LoadScreen("Loading Movie Player", n_.loader.playmovie);
-        LoadScreen("Loading Media Player", n_.loader.playmp3);
-        if (n_.settings.values.GPSModule != 0) LoadScreen("Loading GPS System", n_.loader.frmGPS);
-        if (n_.settings.values.xmpcr_enabled) LoadScreen("Loading XM Control", n_.loader.frmXMCtl);
+        LoadScreens(&LoadStep::Place::start, &LoadStep::text);
         AddBootItem("Finished Loading");
         n_.loading.SetProgressToMax();
-        n_.clock.DoEvents(0);
+        base_.pump.Turn();
         n_.loading.ClearScreen();
-        n_.screens.Show("velkorandum");
+        if (!Ended()) base_.screens.Show(HomeScreen);
     });
 }
 
-void astart::LoadScreen(const char* step, const std::function<void()>& load) {
-    AddBootItem(step);
-    if (load) load();
+void astart::ReadUserSettings() {
+    AddBootItem("Revving Velkorandum");
+    const Settings& s = base_.settings.values;
+    n_.extensions.Load(s.AudioExtensions, s.VideoExtensions);
+    base_.state.FirstRadioType =
+        base_.settings.Read("main", "FirstRadioType", IniType::Long).Long();
+    AddBootItem("Loading User Settings");
+    n_.keys = ReadKeyMap(base_.settings.ini(), base_.settings.File("kb.ini"));
+    n_.remoteKeys = ReadRemoteMap(base_.settings.ini(), base_.settings.File("keys.ini"));
+}
+
+void astart::LoadScreens(int LoadStep::Place::*place, const char* LoadStep::*text) {
+    std::vector<LoadStep> steps = n_.whole.steps();
+    std::ranges::stable_sort(steps, {}, [&](const LoadStep& step) { return step.place.*place; });
+    for (const LoadStep& step : steps) {
+        if (Ended()) return;
+        AddBootItem(step.*text);
+        Call(step.load);
+    }
 }
 
 void astart::StartRemote() {
-    if (n_.initRemote && n_.initRemote()) {
+    if (n_.remote.init && n_.remote.init()) {
         AddBootItem("Initializing the Remote");
         return;
     }
-    n_.log.WriteDebugLog("Error Starting the Remote");
+    base_.log.WriteDebugLog("Error Starting the Remote");
     AddBootItem("ERROR - Initializing the Remote");
 }
 
 void astart::ReloadScreens() {
-    n_.loader.unloadScreens();
-    LoadScreen("Reloading Main Menu", n_.loader.velkorandum);
-    LoadScreen("Reloading Media Browser", n_.loader.playlists);
-    LoadScreen("Reloading Movie Player", n_.loader.playmovie);
-    LoadScreen("Reloading Media Player", n_.loader.playmp3);
-    if (n_.settings.values.xmpcr_enabled) LoadScreen("Loading XM Control", n_.loader.frmXMCtl);
-    if (n_.settings.values.GPSModule != 0) LoadScreen("Loading GPS System", n_.loader.frmGPS);
+    base_.commands.Forget();
+    n_.whole.unloadScreens();
+    LoadScreens(&LoadStep::Place::reload, &LoadStep::reloadText);
     n_.loading.SetProgressToMax();
-    n_.screens.Show("velkorandum");
+    base_.screens.Show(HomeScreen);
 }
 
 } // namespace vk

@@ -8,6 +8,7 @@
 #include "platform/paths.h"
 #include "startup/astart.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace vk {
@@ -24,57 +25,69 @@ constexpr std::pair<const char*, const char*> ForcedWinampKeys[] = {
 
 } // namespace
 
-astart::astart(Needs needs) : n_(std::move(needs)) {
-    timer1_ = n_.clock.MakeTimer([this] { Timer1_Timer(); });
+astart::astart(Needs needs) : n_(std::move(needs)), base_(n_.base) {
+    timer1_ = base_.clock.MakeTimer([this] { Timer1_Timer(); });
 }
 
 astart::~astart() = default;
 
-StartOutcome astart::End() {
-    n_.unloadAll();
-    return StartOutcome::Ended;
+template<class Steps> bool astart::Run(const Steps& steps) {
+    return std::ranges::all_of(steps, [this](Step step) { return !Ended() && (this->*step)(); }) &&
+           !Ended();
 }
 
 StartOutcome astart::Form_Load() {
-    const bool proven = Trap<bool>(
-        n_.report, "Velkorandum could not perform initialization routines in astart.Form_Load.",
-        false, [&] { return ProveEnvironment(); });
-    if (!proven) return End();
-    if (const WindowHandle old = n_.player.FindWindow(WinampWindowClass))
-        n_.player.SendMessage(old, WM_COMMAND, WinampClose, 0);
-    if (!CheckVersion()) return End();
-    MakeMissingFiles();
-    if (!PrepareServerAndPlayer()) return End();
-    if (!CreateWinamp()) return End();
-    n_.state.IsWindowsNT = n_.environment("OS") == "Windows_NT";
-    n_.state.DecimalSymbol = n_.locale.DecimalSymbol();
+    static constexpr Step Steps[] = {&astart::Prove,
+                                     &astart::CloseOldPlayer,
+                                     &astart::CheckVersion,
+                                     &astart::MakeMissingFiles,
+                                     &astart::PrepareServerAndPlayer,
+                                     &astart::CreateWinamp,
+                                     &astart::ReadMachine,
+                                     &astart::SettingsAreValid,
+                                     &astart::ShowLoadingScreen,
+                                     &astart::FindOpticalDrives,
+                                     &astart::ReferenceServer};
+    if (!Run(Steps)) return StartOutcome::Ended;
+    return Trap<StartOutcome>(
+        base_.report, "There has been an error in astart.form_load", StartOutcome::Ended,
+        [&] { return base_.state.Setup ? StartNormally() : StartFirstRun(); });
+}
+
+bool astart::Prove() {
+    return Trap<bool>(base_.report,
+                      "Velkorandum could not perform initialization routines in astart.Form_Load.",
+                      false, [&] { return ProveEnvironment(); });
+}
+
+bool astart::CloseOldPlayer() {
+    if (const WindowHandle old = n_.machine.player.FindWindow(WinampWindowClass))
+        n_.machine.player.SendMessage(old, WM_COMMAND, WinampClose, 0);
+    return true;
+}
+
+bool astart::ReadMachine() {
+    base_.state.IsWindowsNT = n_.machine.environment("OS") == "Windows_NT";
+    base_.state.DecimalSymbol = base_.locale.DecimalSymbol();
     GetResolutions();
-    if (!SettingsAreValid()) return End();
-    ShowLoadingScreen();
-    FindOpticalDrives();
-    n_.state.Setup = n_.settings.Read("main", "Setup", IniType::Boolean).Bool();
-    AddBootItem("Initializing Database System");
-    if (!ReferenceServer()) return End();
-    return Trap<StartOutcome>(n_.report, "There has been an error in astart.form_load",
-                              StartOutcome::Ended,
-                              [&] { return n_.state.Setup ? StartNormally() : StartFirstRun(); });
+    return true;
 }
 
 bool astart::ProveEnvironment() {
-    if (n_.processes.ProcessRunning("velkorandum.exe", n_.processes.OwnId())) {
-        n_.dialogs.ShowMessage(
+    if (n_.machine.processes.ProcessRunning("velkorandum.exe", n_.machine.processes.OwnId())) {
+        base_.dialogs.ShowMessage(
             "Velkorandum is already running, or has not finished closing out from "
             "a previous instance.");
         return false;
     }
-    if (!FolderExists(n_.settings.File("skins"))) {
-        n_.dialogs.ShowMessage("Cannot find skin directory\n" + n_.settings.File("skins") +
-                               " does not exist");
+    if (!FolderExists(base_.settings.File("skins"))) {
+        base_.dialogs.ShowMessage("Cannot find skin directory\n" + base_.settings.File("skins") +
+                                  " does not exist");
         return false;
     }
-    const ScreenMetrics screen = n_.metrics();
+    const ScreenMetrics screen = n_.machine.metrics();
     if (screen.dpiX != 96)
-        n_.dialogs.ShowMessage(
+        base_.dialogs.ShowMessage(
             "Your DPI settings for your video card are not set to 96 DPI.  Velkorandum will still "
             "run, however it will not appear to be shown on the screen correctly.You can change "
             "this "
@@ -86,86 +99,89 @@ bool astart::ProveEnvironment() {
 }
 
 bool astart::CheckVersion() {
-    if (!FileExists(n_.settings.SettingsFile()) &&
-        !MakeSettingsFile(n_.settings.SettingsFile(), Version))
-        n_.log.WriteDebugLog("Could not make " + n_.settings.SettingsFile());
-    if (n_.settings.Read("main", "version") == Version) return true;
-    const bool fix = n_.dialogs.AskYesNo(
+    if (!FileExists(base_.settings.SettingsFile()) &&
+        !MakeSettingsFile(base_.settings.SettingsFile(), Version))
+        base_.log.WriteDebugLog("Could not make " + base_.settings.SettingsFile());
+    if (base_.settings.Read("main", "version") == Version) return true;
+    const bool fix = base_.dialogs.AskYesNo(
         "Your settings.ini file appears to be from a different version of Velkorandum.\n"
         "do you want Velkorandum to try to fix this problem?");
     if (!fix) {
-        n_.dialogs.ShowMessage("To avoid this issue, you should run RESET.bat from the Velkorandum "
-                               "directory, then re-launch.");
+        base_.dialogs.ShowMessage(
+            "To avoid this issue, you should run RESET.bat from the Velkorandum "
+            "directory, then re-launch.");
         return false;
     }
-    n_.settings.Write("main", "Version", Version);
-    n_.dialogs.ShowMessage("If you have trouble, you should run RESET.bat from the Velkorandum "
-                           "directory, then re-launch.");
+    base_.settings.Write("main", "Version", Version);
+    base_.dialogs.ShowMessage("If you have trouble, you should run RESET.bat from the Velkorandum "
+                              "directory, then re-launch.");
     return true;
 }
 
-void astart::MakeMissingFiles() {
-    const std::string keyboard = n_.settings.File("kb.ini");
-    const std::string winamp = n_.settings.File("winamp.ini");
+bool astart::MakeMissingFiles() {
+    const std::string keyboard = base_.settings.File("kb.ini");
+    const std::string winamp = base_.settings.File("winamp.ini");
     if (!FileExists(keyboard) && !MakeKeyboardFile(keyboard))
-        n_.log.WriteDebugLog("Could not make " + keyboard);
+        base_.log.WriteDebugLog("Could not make " + keyboard);
     if (!FileExists(winamp) && !MakeWinampFile(winamp))
-        n_.log.WriteDebugLog("Could not make " + winamp);
-    if (!FileExists(n_.log.FileName())) n_.log.MakeLogFile();
+        base_.log.WriteDebugLog("Could not make " + winamp);
+    if (!FileExists(base_.log.FileName())) base_.log.MakeLogFile();
+    return true;
 }
 
 bool astart::ServerRegistered() {
-    if (CatalogueServerRegistered(n_.registry)) return true;
+    if (CatalogueServerRegistered(n_.machine.registry)) return true;
     // One failed start is how the server gets registered.
-    const std::string program = CatalogueServerProgram(n_.registry, n_.settings.AppDir());
-    if (program.empty() || !n_.player.RunHidden(program, "", n_.settings.AppDir()))
+    const std::string program =
+        CatalogueServerProgram(n_.machine.registry, base_.settings.AppDir());
+    if (program.empty() || !n_.machine.player.RunHidden(program, "", base_.settings.AppDir()))
         throw Error("no catalogue server");
-    n_.dialogs.ShowMessage("DB_UPDATE.exe registered!  Restart the application");
+    base_.dialogs.ShowMessage("DB_UPDATE.exe registered!  Restart the application");
     return false;
 }
 
 void astart::ForceWinampKeys() {
-    const std::string file = n_.settings.File("winamp.ini");
+    const std::string file = base_.settings.File("winamp.ini");
     std::vector<IniKey> keys;
     for (const auto& [key, value] : ForcedWinampKeys)
         keys.push_back({"Winamp", key, value});
-    n_.settings.ini().WriteKeys(file, keys);
-    n_.settings.Finish(); // the player reads the file when it starts
+    base_.settings.ini().WriteKeys(file, keys);
+    base_.settings.Finish(); // the player reads the file when it starts
 }
 
 bool astart::PrepareServerAndPlayer() {
     try {
         if (!ServerRegistered()) return false;
-        n_.settings.Write("Temp", "PWR", "0");
+        base_.settings.Write("Temp", "PWR", "0");
         ForceWinampKeys();
         return true;
     } catch (const std::exception&) {
-        n_.dialogs.ShowMessage("An activeX EXE is not correctly registered.");
+        base_.dialogs.ShowMessage("An activeX EXE is not correctly registered.");
         return false;
     }
 }
 
 bool astart::CreateWinamp() {
     try {
-        winamp_ = std::make_unique<cWinamp>(
-            WinampNeeds{n_.player, n_.clock, n_.report, n_.settings.AppDir()});
+        n_.winamp = std::make_unique<cWinamp>(
+            WinampNeeds{n_.machine.player, base_.clock, base_.report, base_.settings.AppDir()});
     } catch (const std::exception&) {
-        n_.dialogs.ShowMessage("Error Referencing Winamp Class");
+        base_.dialogs.ShowMessage("Error Referencing Winamp Class");
         return false;
     }
-    if (!winamp_->WinAMP_Start()) n_.log.WriteDebugLog("Winamp could not be started");
-    winamp_->WinAMP_FindWindow();
+    if (!n_.winamp->WinAMP_Start()) base_.log.WriteDebugLog("Winamp could not be started");
+    n_.winamp->WinAMP_FindWindow();
     return true;
 }
 
 void astart::GetResolutions() {
-    const ScreenMetrics screen = n_.metrics();
-    AppState& s = n_.state;
+    const ScreenMetrics screen = n_.machine.metrics();
+    AppState& s = base_.state;
     const auto set = [&](int width, int height) {
         s.ScreenWidth = width;
         s.ScreenHeight = height;
     };
-    switch (n_.settings.Read("main", "appsize", IniType::Long).Long()) {
+    switch (base_.settings.Read("main", "appsize", IniType::Long).Long()) {
     case 0:
         set(screen.width, screen.height);
         break;
@@ -185,8 +201,8 @@ void astart::GetResolutions() {
         set(1024, 768);
         break;
     case 6:
-        set(n_.settings.Read("main", "AppSizeCustomX", IniType::Long).Long(),
-            n_.settings.Read("main", "AppSizeCustomY", IniType::Long).Long());
+        set(base_.settings.Read("main", "AppSizeCustomX", IniType::Long).Long(),
+            base_.settings.Read("main", "AppSizeCustomY", IniType::Long).Long());
         break;
     default:
         break;
@@ -197,67 +213,59 @@ void astart::GetResolutions() {
     if (screen.dpiY > 0) s.fPixelsToTwipsY = 1440.0 / screen.dpiY;
 }
 
-void astart::ShowLoadingScreen() {
-    if (n_.settings.values.hidemouse) n_.window.ShowCursor(false);
+bool astart::ShowLoadingScreen() {
+    if (base_.settings.values.hidemouse) base_.window.ShowCursor(false);
     n_.loading.Load();
-    n_.window.ForceForegroundWindow();
+    base_.window.ForceForegroundWindow();
     BootStepCount = 0;
-    BootStepTotal = 13 + (n_.settings.values.xmpcr_enabled ? 1 : 0) +
-                    (n_.settings.values.GPSModule != 0 ? 3 : 0);
+    BootStepTotal = 13 + (base_.settings.values.xmpcr_enabled ? 1 : 0) +
+                    (base_.settings.values.GPSModule != 0 ? 3 : 0);
     n_.loading.InitProgress(0, BootStepTotal);
     AddBootItem("Starting Velkorandum");
+    return true;
 }
 
-void astart::FindOpticalDrives() {
+bool astart::FindOpticalDrives() {
     AddBootItem("Checking for CDROM drives");
-    n_.state.CDDrives.clear();
-    for (const Drive& drive : n_.volumes.Drives()) {
+    base_.state.CDDrives.clear();
+    for (const Drive& drive : base_.volumes.Drives()) {
         if (drive.type != DriveType::CdRom) continue;
         // Letters are kept in upper case; where drives are folders their case matters.
-        n_.state.CDDrives.push_back(PathSeparator == '\\' ? ToUpper(Trim(drive.root)) : drive.root);
-        n_.state.CDDriveFound = true;
+        base_.state.CDDrives.push_back(PathSeparator == '\\' ? ToUpper(Trim(drive.root))
+                                                             : drive.root);
+        base_.state.CDDriveFound = true;
     }
-}
-
-bool astart::MakeServer() {
-    const std::string program = CatalogueServerProgram(n_.registry, n_.settings.AppDir());
-    if (!program.empty() && n_.catalogue.reference) n_.catalogue.reference(program);
-    return !program.empty();
-}
-
-void astart::RefClass() {
-    MakeServer();
-    if (n_.settings.values.remoteStatus && n_.initRemote) n_.initRemote();
-}
-
-void astart::UnRefClass() {
-    for (const auto& release : {n_.catalogue.release, n_.closeRemote})
-        TrapAndLog(n_.report, "astart.UnRefClass: ", [&] { Call(release); });
+    base_.state.Setup = base_.settings.Read("main", "Setup", IniType::Boolean).Bool();
+    return true;
 }
 
 bool astart::ReferenceServer() {
-    if (MakeServer()) return true;
-    n_.dialogs.ShowMessage("Could not reference DB_UPDATE.exe");
-    n_.report.ReportError("Could not reference DB_UPDATE.exe", "Not Registered", 0);
+    AddBootItem("Initializing Database System");
+    const std::string program =
+        CatalogueServerProgram(n_.machine.registry, base_.settings.AppDir());
+    if (!program.empty() && n_.catalogue.reference) n_.catalogue.reference(program);
+    if (!program.empty()) return true;
+    base_.dialogs.ShowMessage("Could not reference DB_UPDATE.exe");
+    base_.report.ReportError("Could not reference DB_UPDATE.exe", "Not Registered", 0);
     return false;
 }
 
 StartOutcome astart::StartFirstRun() {
     timer1_->Start(SupervisorMs);
     n_.loading.ClearScreen();
-    n_.loader.settings();
-    n_.screens.Show("settings");
-    return n_.screens.CurrentForm == "settings" ? StartOutcome::FirstRun : StartOutcome::Running;
+    n_.firstRun.load();
+    base_.screens.Show("settings");
+    return base_.screens.CurrentForm == "settings" ? StartOutcome::FirstRun : StartOutcome::Running;
 }
 
 StartOutcome astart::StartNormally() {
     AddBootItem("Validating Settings");
     CheckGPS();
     AddBootItem("Setting Current Skin");
-    if (!ChooseSkinAtStart()) return End();
+    if (!ChooseSkinAtStart()) return StartOutcome::Ended;
     n_.skin.LoadSkin();
     ChooseOpticalDrive();
-    if (n_.settings.values.UseScaling) AddBootItem("Using Adaptive Font Scaling");
+    if (base_.settings.values.UseScaling) AddBootItem("Using Adaptive Font Scaling");
     Call(n_.catalogue.open);
     timer1_->Start(SupervisorMs);
     FinishExecution();
@@ -265,35 +273,36 @@ StartOutcome astart::StartNormally() {
 }
 
 void astart::CheckGPS() {
-    const Settings& s = n_.settings.values;
+    const Settings& s = base_.settings.values;
     if (s.GPSModule == 1) {
         AddBootItem("Checking for GPS");
-        if (n_.destinatorInstalled && n_.destinatorInstalled()) AddBootItem("Destinator Detected");
+        if (n_.machine.destinatorInstalled && n_.machine.destinatorInstalled())
+            AddBootItem("Destinator Detected");
     }
     if (s.GPSModule == 2 && FileExists(s.EXTGPSexeName))
         AddBootItem((s.EXTGPSexeName + " is a valid executable").c_str());
 }
 
 bool astart::ChooseSkinAtStart() {
-    const auto time1 = ParseTimeOfDay(n_.settings.values.Time1);
-    const auto time2 = ParseTimeOfDay(n_.settings.values.Time2);
+    const auto time1 = ParseTimeOfDay(base_.settings.values.Time1);
+    const auto time2 = ParseTimeOfDay(base_.settings.values.Time2);
     if (!time1 || !time2) {
-        n_.dialogs.ShowMessage(
+        base_.dialogs.ShowMessage(
             "Your time must be formatted to this format 'HH:MM:SS AM' in order "
             "for this application to function.\nChange your clock settings, then "
             "run Reset.bat",
             "Clock settings incorrect");
         return false;
     }
-    const bool day = IsDayAtStart(n_.clock.Now().MinuteOfDay(), *time1, *time2);
-    n_.state.CurrentSkinFile =
-        day ? n_.settings.values.CurrentSkin : n_.settings.values.CurrentNTSkin;
+    const bool day = IsDayAtStart(base_.clock.Now().MinuteOfDay(), *time1, *time2);
+    base_.state.CurrentSkinFile =
+        day ? base_.settings.values.CurrentSkin : base_.settings.values.CurrentNTSkin;
     return true;
 }
 
 void astart::ChooseOpticalDrive() {
-    AppState& s = n_.state;
-    std::string& chosen = n_.settings.values.CDDriveLetter;
+    AppState& s = base_.state;
+    std::string& chosen = base_.settings.values.CDDriveLetter;
     if (!s.CDDriveFound) {
         chosen = "NONE";
         return;
@@ -303,7 +312,7 @@ void astart::ChooseOpticalDrive() {
         if (chosen != "NONE" && drive == chosen) s.CDDriveFound = true;
     if (s.CDDriveFound) return;
     chosen = s.CDDrives.front();
-    n_.settings.Write("main", "CDDriveLetter", chosen);
+    base_.settings.Write("main", "CDDriveLetter", chosen);
 }
 
 void astart::AddBootItem(const char* /*text*/) {

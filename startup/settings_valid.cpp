@@ -17,50 +17,51 @@ bool astart::SettingsAreValid() {
     bool stop = false;
     bool valid = false;
     try {
-        n_.settings.LoadSettings();
+        base_.settings.LoadSettings();
         valid = FoldersAreValid() && SkinsAreThere(stop);
     } catch (const std::exception& error) {
-        n_.log.WriteDebugLog(std::string("Settings could not be checked: ") + error.what());
+        base_.log.WriteDebugLog(std::string("Settings could not be checked: ") + error.what());
     }
     if (stop) return false;
     if (!valid) return AskRevert();
-    n_.settings.FillEmptySettings();
-    n_.settings.LoadSettings();
+    base_.settings.FillEmptySettings();
+    base_.settings.LoadSettings();
     return true;
 }
 
 bool astart::FoldersAreValid() {
-    const Settings& s = n_.settings.values;
+    const Settings& s = base_.settings.values;
     if (!FolderExists(s.MediaDir)) {
-        n_.dialogs.ShowMessage("Your media folder appears to be missing.\n"
-                               "Please recreate your media folder.");
+        base_.dialogs.ShowMessage("Your media folder appears to be missing.\n"
+                                  "Please recreate your media folder.");
         return false;
     }
     if (!FolderExists(s.PlaylistDir)) {
-        n_.dialogs.ShowMessage(
+        base_.dialogs.ShowMessage(
             "Your playlists folder appears to be missing.  &vbcrlf & Please recreate the folder.",
             "Warning", MessageKind::Warning);
         return false;
     }
     if (!s.PlaylistDir.starts_with(s.MediaDir)) {
-        n_.dialogs.ShowMessage("You must use a playlists directory WITHIN your Media Directory.");
+        base_.dialogs.ShowMessage(
+            "You must use a playlists directory WITHIN your Media Directory.");
         return false;
     }
     return true;
 }
 
 bool astart::SkinsAreThere(bool& stop) {
-    Settings& s = n_.settings.values;
+    Settings& s = base_.settings.values;
     const auto there = [&](const std::string& skin) {
-        return FileExists(JoinPath(n_.settings.File("skins"), skin));
+        return FileExists(JoinPath(base_.settings.File("skins"), skin));
     };
     if (there(s.CurrentSkin) && there(s.CurrentNTSkin)) return true;
-    n_.dialogs.ShowMessage("Missing .skn file.  Default skin will be used.");
+    base_.dialogs.ShowMessage("Missing .skn file.  Default skin will be used.");
     if (!there(DefaultSkin)) return true;
-    n_.settings.Write({{setting::CurrentSkin, DefaultSkin},
-                       {setting::CurrentDTSkin, DefaultSkin},
-                       {setting::CurrentNTSkin, DefaultSkin}});
-    n_.state.CurrentSkinFile = DefaultSkin;
+    base_.settings.Write({{setting::CurrentSkin, DefaultSkin},
+                          {setting::CurrentDTSkin, DefaultSkin},
+                          {setting::CurrentNTSkin, DefaultSkin}});
+    base_.state.CurrentSkinFile = DefaultSkin;
     n_.skin.LoadSkin();
     stop = true; // the next start uses it
     return false;
@@ -68,16 +69,17 @@ bool astart::SkinsAreThere(bool& stop) {
 
 bool astart::AskRevert() {
     keepRemoteLearning_ = true;
-    const bool revert = n_.dialogs.AskYesNo(
+    const bool revert = base_.dialogs.AskYesNo(
         "Do you want Velkorandum to reset all values and revert to defaults?\n"
         "This will cause everything to be as it was the first time you launched Velkorandum. \n"
         "If you choose no, you will retain your current settings, but also any errors you have\n"
         "encountered may re-occur.",
         "Revert?");
-    n_.settings.Finish();
+    base_.settings.Finish();
     for (const char* name : GeneratedFiles)
-        if (revert && FileExists(n_.settings.File(name))) DeleteFileAt(n_.settings.File(name));
-    n_.dialogs.ShowMessage("Velkorandum will now exit.");
+        if (revert && FileExists(base_.settings.File(name)))
+            DeleteFileAt(base_.settings.File(name));
+    base_.dialogs.ShowMessage("Velkorandum will now exit.");
     return false;
 }
 

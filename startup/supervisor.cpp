@@ -12,40 +12,34 @@ constexpr int MostScreensToLeave = 4;
 
 void astart::Timer1_Timer() {
     timer1_->Stop();
-    if (n_.screens.Count() == 0) n_.window.ForceForegroundWindow();
-    Call(n_.catalogue.supervise);
-    if (n_.state.WinampWatched && winamp_) WatchPlayer();
+    if (base_.screens.Count() == 0) base_.window.ForceForegroundWindow();
+    n_.whole.supervise();
+    if (base_.state.WinampWatched && n_.winamp) base_.commands.Run([this] { WatchPlayer(); });
     if (!unloaded_) timer1_->Start(SupervisorMs);
 }
 
 void astart::WatchPlayer() {
-    if (winamp_->WinAMP_FindWindow()) return;
-    n_.log.WriteDebugLog("Winamp was restarted");
-    winamp_->WinAMP_Start();
+    if (n_.winamp->WinAMP_FindWindow()) return;
+    base_.log.WriteDebugLog("Winamp was restarted");
+    n_.winamp->WinAMP_Start();
     // The browser would go back to the player screen, whose player has lost its state as well.
-    for (int i = 0; i < MostScreensToLeave && n_.screens.CurrentForm != "velkorandum"; ++i) {
-        const std::string form = n_.screens.CurrentForm.Text();
-        if (const ScreenOperations* screen = n_.screens.Current())
-            TrapAndLog(n_.report, "Leaving " + form + ": ", screen->doquit);
-        if (n_.screens.CurrentForm == form) return; // it asks something first
+    for (int i = 0; i < MostScreensToLeave && base_.screens.CurrentForm != HomeScreen; ++i) {
+        const std::string form = base_.screens.CurrentForm.Text();
+        if (const ScreenOperations* screen = base_.screens.Current())
+            TrapAndLog(base_.report, "Leaving " + form + ": ", screen->doquit);
+        if (base_.screens.CurrentForm == form) return; // it asks something first
     }
 }
 
-void astart::LoadGPS() {
-    if (n_.settings.values.GPSModule != 0) n_.screens.Show("frmGPS");
+void astart::UnRefClass() {
+    TrapAndLog(base_.report, "astart.UnRefClass: ", n_.whole.release);
 }
 
 void astart::Form_QueryUnload(bool osShutdown) {
-    if (!osShutdown) {
-        n_.log.WriteDebugLog("Velkorandum terminated cleanly by user");
-        return;
-    }
-    n_.log.WriteDebugLog("shutdown initiated by administrative request - os shutdown");
-    const std::string& form = n_.screens.CurrentForm.Text();
-    const bool saves =
-        form == "playlists" || form == "playmp3" || form == "playmovie" || form == "ExtAppTools";
-    if (const ScreenOperations* screen = saves ? n_.screens.Current() : nullptr)
-        TrapAndLog(n_.report, "Leaving " + form + ": ", screen->doquit);
+    base_.log.WriteDebugLog(osShutdown
+                                ? "shutdown initiated by administrative request - os shutdown"
+                                : "Velkorandum terminated cleanly by user");
+    if (osShutdown) n_.whole.sessionEnds();
 }
 
 void astart::Form_Unload() {
@@ -53,9 +47,10 @@ void astart::Form_Unload() {
     unloaded_ = true;
     timer1_->Stop();
     UnRefClass();
-    if (!keepRemoteLearning_)
-        n_.settings.Write("remote", "learn", n_.remoteLearnText ? n_.remoteLearnText() : "0");
-    if (n_.settings.values.hidemouse) n_.window.ShowCursor(true);
+    // A start that ended before there were settings leaves none.
+    if (!keepRemoteLearning_ && !base_.settings.Read("main", "Version").empty())
+        base_.settings.Write("remote", "learn", n_.remote.learnText ? n_.remote.learnText() : "0");
+    if (base_.settings.values.hidemouse) base_.window.ShowCursor(true);
 }
 
 } // namespace vk

@@ -22,7 +22,7 @@ constexpr int PlateRadius = 14;
 
 velkorandum::velkorandum(const ControlContext& context, MainMenu::Needs needs, QWidget* parent)
     : QWidget(parent), context_(context), menu_(needs, *this), Frame1(this), ClockBar(this),
-      Label6(this), canDim_(static_cast<bool>(needs.setDimmer)) {
+      Label6(this), canDim_(static_cast<bool>(needs.doors.setDimmer)) {
     Image1 = MakeButton("quit.gif", "Quit", [this] { menu_.Image1_Click(); });
     Image2 = MakeButton("watermark.gif", "Dim", [this] { menu_.Image2_Click(); });
     Image3 = MakeButton("cpl.jpg", "Set", [this] { menu_.ClockBar_Click(); });
@@ -46,15 +46,10 @@ std::unique_ptr<TouchButton> velkorandum::MakeButton(const char* picture, const 
     return button;
 }
 
-void velkorandum::ReShow() {
+void velkorandum::ShowAtFront() {
     setGeometry(QRect(QPoint(), ScreenSize()));
     show();
     raise();
-    menu_.ReShow();
-}
-
-void velkorandum::Hide() {
-    hide();
 }
 
 void velkorandum::DoLayout() {
@@ -164,11 +159,13 @@ void velkorandum::paintEvent(QPaintEvent*) {
 }
 
 void velkorandum::mousePressEvent(QMouseEvent* event) {
-    menu_.PressedAt(event->pos().x(), event->pos().y());
+    context_.commands.Run([&] { menu_.PressedAt(event->pos().x(), event->pos().y()); });
 }
 
 void velkorandum::wheelEvent(QWheelEvent* event) {
-    wheel_.Turn(*event, [this](int tick) { tick > 0 ? menu_.MoveUp() : menu_.MoveDown(); });
+    wheel_.Turn(*event, [this](int tick) {
+        context_.commands.Run([&] { tick > 0 ? menu_.MoveUp() : menu_.MoveDown(); });
+    });
 }
 
 } // namespace vk

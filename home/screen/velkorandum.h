@@ -21,29 +21,16 @@ class velkorandum : public QWidget, public MenuView {
     velkorandum(const ControlContext& context, MainMenu::Needs needs, QWidget* parent);
     ~velkorandum() override;
 
-    // What every screen offers.
-    void runok() { menu_.runok(); }
-    void MoveUp() { menu_.MoveUp(); }
-    void MoveDown() { menu_.MoveDown(); }
-    void MoveBack() { menu_.MoveLeft(); }
-    void MoveAhead() { menu_.MoveRight(); }
-    /// Nothing sounds on the menu, and it is what every other screen goes back to.
-    void VolUp() {}
-    void VolDown() {}
-    void doquit() {}
-    void ReShow();
-    void DoLayout() override;
-    void switchingform() { menu_.switchingform(); }
-    void Hide();
-    bool Form_KeyDown(const std::string& code) { return menu_.Form_KeyDown(code); }
-    bool DoAction(const InputCode& code) { return menu_.DoAction(code); }
+    void DoLayout();
+    void Hide() { hide(); }
 
     /// Called once, after the menu has been painted for the first time with its icons.
     std::function<void()> onFirstPaint;
 
-    /// The logic behind the picture, for tests and wiring.
+    /// The logic behind the picture.
     MainMenu& menu() { return menu_; }
 
+    void ShowAtFront() override;
     void ShowIcons() override;
     void DrawIcon(int index, bool selected) override;
     void ShowFrame(bool shown) override;

@@ -19,14 +19,14 @@ constexpr std::size_t LearnDigits = 4;
 
 } // namespace
 
-Remote::Remote(Needs needs) : n_(std::move(needs)) {}
+Remote::Remote(Needs needs) : n_(std::move(needs)), base_(n_.base) {}
 
 Remote::~Remote() = default;
 
 bool Remote::InitRemote() {
     CloseRemote();
-    if (!n_.settings.values.remoteStatus) return false;
-    const std::string type = ToUpper(n_.settings.Read("remote", "type"));
+    if (!base_.settings.values.remoteStatus) return false;
+    const std::string type = ToUpper(base_.settings.Read("remote", "type"));
     speedFactor_ = type == "USBUIRT" ? UuirtSpeedFactor : 1;
     receiver_ = MakeReceiver(type);
     receiver_->onCode = [this, from = receiver_.get()](const std::string& code) {
@@ -36,7 +36,7 @@ bool Remote::InitRemote() {
 }
 
 void Remote::CloseRemote() {
-    if (!busy_) retired_.clear();
+    if (telling_ == 0) retired_.clear();
     if (!receiver_) return;
     receiver_->Stop();
     retired_.push_back(std::move(receiver_));
@@ -56,39 +56,39 @@ std::unique_ptr<RemoteReceiver> Remote::MakeReceiver(const std::string& type) {
 std::unique_ptr<RemoteReceiver> Remote::MakeSerial(const std::string& type) {
     return std::make_unique<SerialReceiver>(SerialReceiver::Needs{
         .port = n_.devices.serial(),
-        .device = SerialPortName(std::string_view(n_.settings.Read("remote", "comport"))),
+        .device = SerialPortName(std::string_view(base_.settings.Read("remote", "comport"))),
         .model = ModelOfType(type),
-        .clock = n_.clock,
-        .log = n_.log});
+        .clock = base_.clock,
+        .log = base_.log});
 }
 
 std::unique_ptr<RemoteReceiver> Remote::MakeLirc() {
-    const std::string socket = n_.settings.Read("remote", "lircsocket");
-    return std::make_unique<LircReceiver>(
-        n_.devices.stream(), socket.empty() ? LircSockets : std::vector{socket}, n_.clock, n_.log);
+    const std::string socket = base_.settings.Read("remote", "lircsocket");
+    return std::make_unique<LircReceiver>(n_.devices.stream(),
+                                          socket.empty() ? LircSockets : std::vector{socket},
+                                          base_.clock, base_.log);
 }
 
 std::unique_ptr<RemoteReceiver> Remote::MakeUuirt() {
     return std::make_unique<UuirtReceiver>(UuirtReceiver::Needs{.load = n_.devices.uuirt,
-                                                                .clock = n_.clock,
-                                                                .log = n_.log,
-                                                                .dialogs = n_.dialogs,
+                                                                .clock = base_.clock,
+                                                                .log = base_.log,
+                                                                .dialogs = base_.dialogs,
                                                                 .ui = n_.ui});
 }
 
 void Remote::Received(const std::string& code) {
-    const bool dropped = busy_ && !(withinCommand && withinCommand(code));
     const Heard heard = Filtered(code);
-    if (heard == Heard::Dropped || !n_.settings.values.remoteStatus || dropped) return;
+    if (heard == Heard::Dropped || !base_.settings.values.remoteStatus) return;
     RunCommand(code, heard == Heard::Repeat);
     ClearBuff();
-    filter_.Resume(n_.clock.Now().SecondsOfDay());
+    filter_.Resume(base_.clock.Now().SecondsOfDay());
 }
 
 Heard Remote::Filtered(const std::string& code) {
-    const double now = n_.clock.Now().SecondsOfDay();
+    const double now = base_.clock.Now().SecondsOfDay();
     if (!learn.empty()) return filter_.Note(code, now);
-    const Settings& s = n_.settings.values;
+    const Settings& s = base_.settings.values;
     const float speed = static_cast<float>(s.speed) / 1000 * speedFactor_;
     const float delay = s.UseDelay ? static_cast<float>(s.delay) / 1000 : 0;
     return filter_.Accept(code, now, {speed, delay});
@@ -97,9 +97,10 @@ Heard Remote::Filtered(const std::string& code) {
 void Remote::RunCommand(const std::string& code, bool repeat) {
     const auto command = IRCommand;
     if (!command) return;
-    const bool before = std::exchange(busy_, true);
-    TrapAndLog(n_.report, "An error occured in astart.IRCommand ", [&] { command(code, repeat); });
-    busy_ = before;
+    ++telling_;
+    TrapAndLog(base_.report, "An error occured in astart.IRCommand ",
+               [&] { command(code, repeat); });
+    --telling_;
 }
 
 std::string Remote::LearnText() const {

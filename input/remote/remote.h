@@ -1,11 +1,9 @@
 // The remote: one receiver by the settings, the filter for held buttons, and the one way on.
 #pragma once
 
-#include "core/error_report.h"
-#include "core/settings.h"
+#include "core/base.h"
 #include "input/remote/remote_receiver.h"
 #include "input/remote/repeat_filter.h"
-#include "platform/clock.h"
 #include "platform/loaded_library.h"
 #include "platform/local_stream.h"
 #include "platform/serial_port.h"
@@ -31,11 +29,7 @@ struct RemoteDevices {
 class Remote {
   public:
     struct Needs {
-        SettingsStore& settings;
-        ErrorReport& report;
-        const DebugLog& log;
-        Dialogs& dialogs;
-        Clock& clock;
+        Base& base;
         UiThread& ui;
         RemoteDevices devices;
     };
@@ -57,12 +51,9 @@ class Remote {
     /// characters at most, or "0".
     std::string LearnText() const;
 
-    /// Gets each code that is to be carried out, and whether its button is just held on. While it
-    /// runs further codes are dropped. Its exceptions are logged.
+    /// Gets each code that is to be carried out, and whether its button is just held on. Its
+    /// exceptions are logged.
     std::function<void(const std::string& code, bool repeat)> IRCommand;
-    /// True for a code that is carried out even within a command: a dialog waits for an answer, or
-    /// the command may be ended.
-    std::function<bool(const std::string& code)> withinCommand;
 
     /// Not empty while the settings page collects codes: none is dropped then.
     std::string learn;
@@ -78,9 +69,10 @@ class Remote {
     void RunCommand(const std::string& code, bool repeat);
 
     Needs n_;
+    Base& base_;
     RepeatFilter filter_;
     float speedFactor_ = 1; ///< of the bound between repeats, by type
-    bool busy_ = false;     ///< a command is running
+    int telling_ = 0;       ///< calls of `IRCommand` under way: a receiver is on the stack
     std::unique_ptr<RemoteReceiver> receiver_;
     std::vector<std::unique_ptr<RemoteReceiver>> retired_; ///< closed while they told a code
 };

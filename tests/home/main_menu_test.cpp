@@ -11,7 +11,7 @@ struct ToldView : MenuView {
     void SetClockBar(const std::string& text) override { clockBar = text; }
     void ShowBanner(const std::string& text) override { banner = text; }
     void RefreshClockColours() override {}
-    void DoLayout() override {}
+    void ShowAtFront() override {}
     std::pair<int, bool> drawn;
     std::string clockBar, banner;
     bool frame = false;
@@ -29,8 +29,8 @@ struct MainMenuTest : testing::Test, test::MenuFixture {
             "[Colors]\n[DMFS]\nitemindex=2\n[IconNames]\nNames=a b c\n[a]\nfunction=1\nof_right=2\n"
             "[b]\nfunction=2\nof_left=1\nof_below=3\n[c]\nof_above=2\n");
         skin.LoadSkin();
-        loader.playlists();
-        loader.playmp3();
+        MakeScreen("playlists");
+        MakeScreen("playmp3");
         told.clear();
     }
     // The screen that the selected icon leads to when it has this function, "" for none.
@@ -149,7 +149,7 @@ TEST_F(MainMenuTest, AudioResumesWhatWasSavedOrOpensTheBrowser) {
 
 TEST_F(MainMenuTest, ComingBackSilencesThePlayerAndUnloadsTheSettings) {
     player.answer = [](const auto& message) { return message.lParam == 104 ? 1 : 0; };
-    loader.settings();
+    MakeScreen("settings");
     menu.ReShow();
     EXPECT_EQ(player.sent.back(), test::RecordingPlayer::Command(WinampStop));
     EXPECT_EQ(screens.CurrentForm, "velkorandum");
@@ -199,17 +199,28 @@ TEST_F(MainMenuTest, TheClockFollowsTheDay) {
     EXPECT_TRUE(Told("playmp3.DoLayout"));
 }
 
+TEST_F(MainMenuTest, ABrokenSkinIsTriedOnce) {
+    settings.values.CurrentNTSkin = "Broken.skn"; // there is none
+    settings.values.Time1 = settings.values.Time2 = "8:00:00 AM";
+    for (int second = 0; second < 3; ++second)
+        daylight.Check();
+    EXPECT_EQ(state.CurrentSkinFile, "Torque.skn");
+    EXPECT_EQ(dialogs.shown.size(), 1u);
+}
+
 TEST_F(MainMenuTest, TheFirstAppearanceWaitsForTheCatalogue) {
     state.Setup = true;
     state.DBState = DBStateValue::Rebuilding;
-    int turns = 0;
-    clock.onEvents = [&] {
-        EXPECT_NE(view.banner.find("Refreshing Database"), std::string::npos);
-        if (++turns == 20) state.DBState = DBStateValue::OnLine;
-    };
     menu.ReShow();
-    clock.Advance(1);
-    EXPECT_EQ(turns, 20);
+    std::string before;
+    for (int i = 0; i < 20; ++i) {
+        clock.Advance(20);
+        EXPECT_TRUE(view.banner.ends_with("\nRefreshing Database"));
+        EXPECT_NE(std::exchange(before, view.banner), view.banner) << "the blank moves";
+    }
+    EXPECT_FALSE(state.WinampWatched || commands.ListBusy());
+    state.DBState = DBStateValue::OnLine;
+    clock.Advance(20);
     EXPECT_EQ(view.banner, "");
     EXPECT_TRUE(state.WinampWatched);
     for (const auto value : {DBStateValue::Rebuilding, DBStateValue::CheckPoint}) {
@@ -223,9 +234,11 @@ TEST_F(MainMenuTest, TheWaitForTheCatalogueEndsWithTheMenuAndStartsNothing) {
     state.Setup = true;
     state.DBState = DBStateValue::Rebuilding;
     settings.values.LoadtoMP3 = true;
-    clock.onEvents = [&] { screens.CurrentForm.clear(); };
     menu.ReShow();
     clock.Advance(1);
+    screens.CurrentForm = "playlists";
+    clock.Advance(1000);
+    EXPECT_TRUE(state.WinampWatched);
     EXPECT_FALSE(Told("playmp3.ReShow") || Told("playlists.ReShow"));
 }
 

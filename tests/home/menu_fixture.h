@@ -9,15 +9,7 @@ namespace vk::test {
 
 struct MenuFixture : StartFixture {
     MainMenu::Needs MenuNeeds() {
-        return {.state = state,
-                .settings = settings,
-                .log = log,
-                .report = report,
-                .clock = clock,
-                .locale = locale,
-                .volumes = volumes,
-                .window = window,
-                .screens = screens,
+        return {.base = base,
                 .skin = skin,
                 .daylight = daylight,
                 .keys = keys,
@@ -25,21 +17,21 @@ struct MenuFixture : StartFixture {
                 .browser = browser,
                 .winamp = winamp,
                 .volume = volume,
-                .openSettings = [this] { ++settingsOpened; },
-                .unloadSettings =
-                    [this] {
-                        if (!settingsBusy) screens.Remove("settings");
-                        return !settingsBusy;
-                    },
-                .loadGPS = [] {},
-                .exitApplication = [this] { ++exits; },
-                .powerAction = {},
-                .setDimmer = {}};
+                .doors = {.openSettings = [this] { ++settingsOpened; },
+                          .unloadSettings =
+                              [this] {
+                                  if (!settingsBusy) screens.Remove("settings");
+                                  return !settingsBusy;
+                              },
+                          .loadGPS = [] {},
+                          .exitApplication = [this] { ++exits; },
+                          .powerAction = {},
+                          .setDimmer = {}}};
     }
     AudioState audio;
     BrowserState browser;
     cWinamp winamp{{player, clock, report, app.Path()}};
-    Daylight daylight{{state, settings, clock, screens, skin, {}}};
+    Daylight daylight{base, skin};
     FakeMixer mixer;
     FakeWaveInput input;
     cVolume volume{{mixer, input, dialogs, report}};

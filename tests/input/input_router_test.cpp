@@ -1,5 +1,5 @@
 // From a key or code to an operation: maps, tables, and what is dropped.
-#include "app/touch_filter.h"
+#include "app/host/touch_filter.h"
 #include "input/input_router.h"
 #include "input/key_map.h"
 #include "input/remote_map.h"
@@ -54,7 +54,7 @@ struct InputRouterTest : testing::Test, CoreFixture {
     bool dialogOpen = false;
     int powered = 0, dialogs = 0;
     NewScreen newScreen{screens, clock};
-    InputRouter router{{screens, newScreen, commands, keys, remoteKeys,
+    InputRouter router{{screens, commands, newScreen, keys, remoteKeys,
                         [this](const InputCode&, bool) { return dialogOpen; },
                         [this] { return dialogs; }, [this] { ++powered; }}};
 };
@@ -101,15 +101,17 @@ TEST_F(InputRouterTest, ATableIsComparedInOrderAndFixedKeysBeforeWhatIsNoMovemen
     }
 }
 
-TEST_F(InputRouterTest, WhileACommandRunsCodesAreDroppedAndALateQuitFollows) {
+TEST_F(InputRouterTest, WhileACommandRunsCodesAreDroppedAndOnlyALateQuitIsNot) {
     browser.onCall = [this](const std::string&) {
         browser.onCall = {};
         EXPECT_EQ(Sent({"40", "81", "out"}), Calls{"DoAction"}) << "this command";
-        clock.Advance(Commands::InterruptMs);
-        EXPECT_EQ(Sent({"out~", "40", "enter", "27"}), Calls{});
-        EXPECT_FALSE(pump.Pause("this command's rest", 1000));
+        EXPECT_TRUE(pump.Pause("a long list", Commands::InterruptMs)) << "too soon to end it";
+        EXPECT_EQ(Sent({"out~", "40", "enter"}), Calls{});
+        EXPECT_TRUE(pump.Pause("a long list", 1));
+        EXPECT_EQ(Sent({"27", "40", "enter"}), Calls{});
+        EXPECT_FALSE(pump.Pause("a long list", 1));
     };
-    EXPECT_EQ(Sent({"enter"}), Calls{"key 27"});
+    EXPECT_EQ(Sent({"enter"}), Calls{"key 27"}) << "when the command has come to its end";
     EXPECT_EQ(Sent({"40"}), Calls{"key 40"});
 }
 

@@ -4,6 +4,7 @@
 #include "input/remote/remote.h"
 #include "tests/support/core_fixture.h"
 #include "tests/support/fake_serial_port.h"
+#include "tests/support/machine_fakes.h"
 
 #include <gtest/gtest.h>
 
@@ -11,17 +12,6 @@
 #include <vector>
 
 namespace vk::test {
-
-/// Runs work when a test says so, as an event loop does.
-class FakeUiThread : public UiThread {
-  public:
-    void Post(std::function<void()> work) override { pending.push_back(std::move(work)); }
-    void Run() {
-        for (auto& work : std::exchange(pending, {}))
-            work();
-    }
-    std::vector<std::function<void()>> pending;
-};
 
 class FakeX10 : public X10Remote {};
 
@@ -85,11 +75,7 @@ struct RemoteFixture : testing::Test, CoreFixture {
                                   return made;
                               },
                           .uuirt = {}}; ///< may be changed until the receiver is opened
-    Remote remote{{.settings = settings,
-                   .report = report,
-                   .log = log,
-                   .dialogs = dialogs,
-                   .clock = clock,
+    Remote remote{{.base = base,
                    .ui = ui,
                    .devices = {.serial = [this] { return devices.serial(); },
                                .stream = [this] { return devices.stream(); },

@@ -17,7 +17,7 @@ struct MenuScreenTest : testing::Test, test::MenuFixture {
         std::filesystem::create_directory_symlink(VK_RENDERED_SKINS, app.File("skins"));
         settings.LoadSettings();
         settings.values.ShowClock = true;
-        loader.playlists();
+        MakeScreen("playlists");
     }
     void Show(int width, int height, const char* skinFile = "Torque.skn") {
         state.ScreenWidth = width;
@@ -29,7 +29,7 @@ struct MenuScreenTest : testing::Test, test::MenuFixture {
             ControlContext{state, settings.values, skin, pictures, clock, pump, commands},
             MenuNeeds(), &host);
         host.show();
-        menu->ReShow();
+        menu->menu().ReShow();
         QCoreApplication::processEvents();
     }
     PictureCache pictures{skin};
@@ -50,19 +50,19 @@ TEST_F(MenuScreenTest, EverythingLiesOnTheScreenAtEverySize) {
 TEST_F(MenuScreenTest, TheChosenTileIsUnmistakableATouchedOneStartsAndTheBarHasItsButtons) {
     Show(800, 480);
     const QImage before = menu->grab().toImage();
-    menu->MoveDown();
+    menu->menu().MoveDown();
     EXPECT_GT(test::DifferingPixels(before, menu->grab().toImage()), 800 * 480 / 50);
-    menu->MoveUp();
+    menu->menu().MoveUp();
     EXPECT_EQ(test::DifferingPixels(before, menu->grab().toImage()), 0);
     for (const MenuIconData& icon : menu->menu().Icons())
         if (icon.function == "2")
             test::Tap(host, {static_cast<int>((icon.iconleft + icon.iconwidth / 2) * 800),
                              static_cast<int>((icon.icontop + icon.iconheight / 2) * 480)});
     EXPECT_TRUE(Told("playlists.ReShow"));
-    menu->ReShow();
+    menu->menu().ReShow();
     test::Tap(host, {400, 470});
     EXPECT_EQ(settingsOpened, 1);
-    menu->ReShow();
+    menu->menu().ReShow();
     test::Tap(host, {790, 470});
     EXPECT_EQ(exits, 1);
 }
@@ -75,8 +75,8 @@ TEST_F(MenuScreenTest, ASkinWithoutPicturesStaysUsable) {
               "of_right=2\n[two]\nicontop=0\niconleft=0.5\niconheight=0.4\niconwidth=0.4\n");
     Show(640, 480, "Bare.skn");
     const QImage before = menu->grab().toImage();
-    menu->MoveDown();
-    menu->MoveAhead();
+    menu->menu().MoveDown();
+    menu->menu().MoveRight();
     EXPECT_GT(test::DifferingPixels(before, menu->grab().toImage()), 0);
     EXPECT_TRUE(dialogs.shown.empty());
 }

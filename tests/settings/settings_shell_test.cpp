@@ -19,7 +19,7 @@ struct ToldSettingsView : SettingsView {
 struct SettingsShellTest : testing::Test, test::StartFixture {
     SettingsShellTest() {
         // The start makes the settings screen; here it is the shell under test.
-        loader.settings = [this] {
+        loadSettings = [this] {
             shell = std::make_unique<SettingsShell>(
                 SettingsShell::Needs{
                     state, settings, report, dialogs, clock, locale, screens, window, loading, skin,
@@ -38,7 +38,7 @@ struct SettingsShellTest : testing::Test, test::StartFixture {
     void LaterRun() {
         SetUpApp();
         start->Form_Load();
-        loader.settings();
+        loadSettings();
         shell->FirstRunDue = false;
     }
     ToldSettingsView view;
@@ -104,8 +104,8 @@ TEST_F(SettingsShellTest, LeavingLaterLoadsTheScreensAnewAndTheExitWaitsForTheCa
     told.clear();
     shell->DoneButton_Click();
     EXPECT_EQ(told, (std::vector<std::string>{
-                        "loading.Init 0 13", "loading.Clear", "unload screens", "load velkorandum",
-                        "load playlists", "load playmp3", "loading.Max", "velkorandum.ReShow"}));
+                        "loading.Init 0 13", "loading.Clear", "unload screens", "load playmp3",
+                        "load velkorandum", "loading.Max", "velkorandum.ReShow"}));
     EXPECT_EQ(shell->DBStatusText(), "Disabled");
     state.DBState = DBStateValue::Rebuilding;
     shell->bExitApp_Click();

@@ -7,6 +7,7 @@
 #include "startup/astart.h"
 #include "tests/sim/recording_player.h"
 #include "tests/support/core_fixture.h"
+#include "tests/support/machine_fakes.h"
 #include "tests/support/recording_screen.h"
 
 #include <map>
@@ -31,66 +32,47 @@ class ToldLoading : public LoadingScreen {
     int progress = 0;
 };
 
-class FakeProcesses : public Processes {
-  public:
-    long OwnId() const override { return 1; }
-    long AgeMs() const override { return 0; }
-    bool ProcessRunning(const std::string& name, long ownId) const override {
-        return running && name == "velkorandum.exe" && ownId == 1;
-    }
-    bool running = false;
-};
-
 struct StartFixture : CoreFixture {
     StartFixture() {
         app.MakeFolder("skins");
         app.Write("skins/Torque.skn", "[Colors]\n");
         app.Write("DB_UPDATE", "");
         registry.SetStringValue(Hive::ClassesRoot, "DB_UPDATE.clsDB", "", app.File("DB_UPDATE"));
-        loader.velkorandum = [this] { MakeScreen("velkorandum"); };
-        loader.playlists = [this] { MakeScreen("playlists"); };
-        loader.playmp3 = [this] { MakeScreen("playmp3"); };
-        loader.settings = [this] { MakeScreen("settings"); };
-        loader.unloadSettings = [this] { screens.Remove("settings"); };
-        loader.unloadScreens = [this] { told.push_back("unload screens"); };
         report.unloadAll = [this] { ++ended; };
     }
 
     std::unique_ptr<astart> Make() {
-        return std::make_unique<astart>(
-            astart::Needs{.state = state,
-                          .settings = settings,
-                          .log = log,
-                          .report = report,
-                          .dialogs = dialogs,
-                          .clock = clock,
-                          .locale = locale,
-                          .volumes = volumes,
-                          .processes = processes,
-                          .registry = registry,
-                          .window = window,
-                          .player = player,
-                          .screens = screens,
-                          .loading = loading,
-                          .skin = skin,
-                          .keys = keys,
-                          .remoteKeys = remoteKeys,
-                          .extensions = extensions,
-                          .loader = loader,
-                          .metrics = [this] { return metrics; },
-                          .environment = [](const std::string&) { return std::string(); },
-                          .unloadAll = [this] { ++ended; },
-                          .initRemote = {},
-                          .clearRemote = {},
-                          .closeRemote = [this] { told.push_back("close remote"); },
-                          .remoteLearnText = [] { return std::string("171"); },
-                          .destinatorInstalled = {},
-                          .catalogue = {[this](const std::string& program) {
-                                            told.push_back("server " + program);
-                                            state.DBState = DBStateValue::Offline;
-                                        },
-                                        [this] { updates.Open(); }, [this] { updates.Supervise(); },
-                                        [this] { told.push_back("server released"); }}});
+        return std::make_unique<astart>(astart::Needs{
+            .base = base,
+            .machine = {processes, registry, player, [this] { return metrics; },
+                        [](const std::string&) { return std::string(); }},
+            .loading = loading,
+            .skin = skin,
+            .keys = keys,
+            .remoteKeys = remoteKeys,
+            .extensions = extensions,
+            .winamp = control,
+            .whole = AllTogether(),
+            .firstRun = {[this] { loadSettings(); }, [this] { screens.Remove("settings"); }},
+            .remote = {.learnText = [] { return std::string("171"); }},
+            .catalogue = {[this](const std::string& program) {
+                              told.push_back("server " + program);
+                              state.DBState = DBStateValue::Offline;
+                          },
+                          [this] { updates.Open(); }}});
+    }
+    Whole AllTogether() {
+        return {.steps =
+                    [this] {
+                        return std::vector<LoadStep>{
+                            {{3, 1}, "", "", [this] { MakeScreen("playmp3"); }},
+                            {{2, 3}, "", "", {}},
+                            {{1, 2}, "", "", [this] { MakeScreen("velkorandum"); }}};
+                    },
+                .unloadScreens = [this] { told.push_back("unload screens"); },
+                .supervise = [this] { updates.Supervise(); },
+                .sessionEnds = [this] { told.push_back("session ends"); },
+                .release = [this] { told.push_back("release"); }};
     }
     /// An application directory that has been through its first run.
     void SetUpApp() {
@@ -126,7 +108,8 @@ struct StartFixture : CoreFixture {
     KeyMap keys;
     RemoteMap remoteKeys;
     MediaExtensions extensions;
-    ScreenLoader loader;
+    std::unique_ptr<cWinamp> control;
+    std::function<void()> loadSettings = [this] { MakeScreen("settings"); };
     int ended = 0;
 
     ID3 reader{{log, dialogs}, state.DecimalSymbol};

@@ -57,6 +57,13 @@ class FakeClock : public Clock {
         jump_ = elapsed_;
     }
 
+    /// How many timers there are, and how many of them are running.
+    int Timers() const { return static_cast<int>(timers_.size()); }
+    int Running() const {
+        return static_cast<int>(std::ranges::count_if(
+            timers_, [](const FakeTimer* timer) { return timer->Enabled(); }));
+    }
+
     int workMs = 0;                 ///< milliseconds that pass with each look at `TickMs`
     std::int64_t slept = 0;         ///< milliseconds spent in `Sleep`
     int eventRuns = 0;              ///< calls of `DoEvents`

@@ -1,4 +1,4 @@
-#include "app/host_window.h"
+#include "app/host/host_window.h"
 
 #include "platform/qt/virtual_keys.h"
 

@@ -1,4 +1,5 @@
 #include "app/application.h"
+#include "app/linux/linux_ports.h"
 #include "platform/paths.h"
 
 #include <QApplication>
@@ -46,7 +47,10 @@ int main(int argc, char** argv) {
     QApplication::setApplicationName(QStringLiteral("Velkorandum"));
     QApplication::setQuitOnLastWindowClosed(false);
     CatchSignals();
-    vk::Application application(vk::ExecutableFolder());
+    vk::LinuxPorts machine;
+    // Not quit(): that would ask the window, which refuses to be closed by others.
+    vk::Application application(vk::ExecutableFolder(), machine.ports(),
+                                [] { QCoreApplication::exit(0); });
     QSocketNotifier wakeUp(signalPipe[0], QSocketNotifier::Read);
     QObject::connect(&wakeUp, &QSocketNotifier::activated, &qt,
                      [&application] { application.Quit(true); });

@@ -1,0 +1,27 @@
+#include "app/host/modules.h"
+
+#include <utility>
+
+namespace vk {
+
+Module::Module(Modules& all) {
+    all.Add(*this);
+}
+
+std::vector<LoadStep> Modules::Steps() const {
+    std::vector<LoadStep> all;
+    for (Module* module : modules_)
+        for (LoadStep& step : module->Steps())
+            all.push_back(std::move(step));
+    return all;
+}
+
+Whole Modules::AsWhole() {
+    return {.steps = [this] { return Steps(); },
+            .unloadScreens = [this] { Ask(&Module::Unload); },
+            .supervise = [this] { Ask(&Module::Supervise); },
+            .sessionEnds = [this] { Ask(&Module::SessionEnds); },
+            .release = [this] { Ask(&Module::Release); }};
+}
+
+} // namespace vk

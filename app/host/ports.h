@@ -1,0 +1,61 @@
+// What the system needs of the machine: made by main for the platform, by tests from fakes.
+#pragma once
+
+#include "input/remote/remote.h"
+#include "platform/beeper.h"
+#include "platform/clock.h"
+#include "platform/fonts.h"
+#include "platform/locale_info.h"
+#include "platform/mixer.h"
+#include "platform/player_window.h"
+#include "platform/processes.h"
+#include "platform/registry.h"
+#include "platform/screen_metrics.h"
+#include "platform/ui_thread.h"
+#include "platform/volumes.h"
+#include "platform/wave_input.h"
+
+#include <functional>
+#include <string>
+
+namespace vk {
+
+/// The machine and its user.
+struct MachinePorts {
+    Clock& clock;
+    UiThread& ui;
+    const LocaleInfo& locale;
+    Volumes& volumes;
+    const Processes& processes;
+    Registry& registry;
+    std::function<std::string(const std::string&)> environment; ///< "" for a missing variable
+};
+
+struct ScreenPorts {
+    const Fonts& fonts;
+    std::function<ScreenMetrics()> metrics;
+};
+
+/// Who is told of the sound card, on the user-interface thread; set by what uses the card.
+struct SoundCardListener {
+    std::function<void(bool present)> changed;
+    std::function<void(const std::string&)> log; ///< a peculiarity of the card
+};
+
+struct SoundPorts {
+    Mixer& mixer;
+    WaveInput& input;
+    PlayerWindow& player;
+    Beeper& beeper;
+    SoundCardListener& listener;
+};
+
+/// References only: what they name outlives the application.
+struct Ports {
+    MachinePorts machine;
+    ScreenPorts screen;
+    SoundPorts sound;
+    RemoteDevices remote;
+};
+
+} // namespace vk

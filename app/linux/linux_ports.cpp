@@ -1,0 +1,44 @@
+#include "app/linux/linux_ports.h"
+
+#include "input/remote/uuirt_calls.h"
+#include "platform/qt/qt_local_stream.h"
+#include "platform/qt/qt_serial_port.h"
+#include "platform/qt/qt_window_layer.h"
+
+#include <cstdlib>
+
+namespace vk {
+
+namespace {
+
+std::string Environment(const std::string& name) {
+    const char* value = std::getenv(name.c_str());
+    return value ? value : "";
+}
+
+} // namespace
+
+Ports LinuxPorts::ports() {
+    return {.machine = {clock_, uiThread_, locale_, volumes_, processes_, registry_, Environment},
+            .screen = {fonts_, QtScreenMetrics},
+            .sound = {mixer_, soundInput_, *player_, beeper_, listener_},
+            .remote = {.serial = [] { return std::make_unique<QtSerialPort>(); },
+                       .stream = [] { return std::make_unique<QtLocalStream>(); },
+                       .x10 = {},
+                       .uuirt = LoadUUIRTLibrary}};
+}
+
+// Both are called on the card's thread.
+void LinuxPorts::SoundCardChanged(bool present) {
+    uiThread_.Post([this, present] {
+        if (listener_.changed) listener_.changed(present);
+    });
+}
+
+void LinuxPorts::LogSoundCard(const std::string& text) {
+    uiThread_.Post([this, text] {
+        if (listener_.log) listener_.log(text);
+    });
+}
+
+} // namespace vk

@@ -1,0 +1,45 @@
+// The ports of the system on Linux.
+#pragma once
+
+#include "app/host/ports.h"
+#include "core/file_registry.h"
+#include "platform/linux/processes.h"
+#include "platform/linux/sound/alsa_input.h"
+#include "platform/linux/sound/alsa_mixer.h"
+#include "platform/linux/volumes.h"
+#include "platform/qt/qt_beeper.h"
+#include "platform/qt/qt_clock.h"
+#include "platform/qt/qt_fonts.h"
+#include "platform/qt/qt_locale.h"
+#include "platform/qt/qt_ui_thread.h"
+
+#include <memory>
+#include <string>
+
+namespace vk {
+
+/// Owns them; one a process, made on the user-interface thread.
+class LinuxPorts {
+  public:
+    Ports ports();
+
+  private:
+    void SoundCardChanged(bool present);
+    void LogSoundCard(const std::string& text);
+
+    QtClock clock_;
+    QtUiThread uiThread_;
+    QtLocaleInfo locale_;
+    QtFonts fonts_;
+    QtBeeper beeper_;
+    LinuxVolumes volumes_;
+    LinuxProcesses processes_;
+    FileRegistry registry_{UserRegistryFile()};
+    SoundCardListener listener_;
+    AlsaMixer mixer_{{.onChange = [this](bool present) { SoundCardChanged(present); },
+                      .log = [this](const std::string& text) { LogSoundCard(text); }}};
+    AlsaInput soundInput_;
+    std::unique_ptr<PlayerWindow> player_ = MakePlayerWindow();
+};
+
+} // namespace vk

@@ -1,0 +1,72 @@
+#include "app/modules/home_module.h"
+
+#include <string>
+
+namespace vk {
+
+HomeModule::HomeModule(Host& host, const Rooms& rooms)
+    : Module(host.modules), host_(host), rooms_(rooms) {
+    rooms_.input.onPower = [this] { PowerKey(); };
+}
+
+std::vector<LoadStep> HomeModule::Steps() {
+    return {{{10, 10}, "Loading Main Menu", "Reloading Main Menu", [this] { Load(); }}};
+}
+
+void HomeModule::Load() {
+    screen_ = std::make_unique<velkorandum>(host_.controls, Needs(), &host_.window);
+    host_.screens.Add(HomeScreen, screen_->menu(), *screen_);
+    screen_->onFirstPaint = [this] {
+        host_.log.WriteDebugLog("Main menu painted " +
+                                std::to_string(host_.ports.machine.processes.AgeMs()) +
+                                " ms after the start of the process");
+    };
+}
+
+void HomeModule::Unload() {
+    host_.screens.Remove(HomeScreen);
+    screen_.reset();
+}
+
+MainMenu::Needs HomeModule::Needs() {
+    return {.base = host_.base,
+            .skin = host_.skin,
+            .daylight = host_.daylight,
+            .keys = host_.keys,
+            .audio = rooms_.playback.audio,
+            .browser = rooms_.library.browser,
+            .winamp = *rooms_.playback.winamp,
+            .volume = rooms_.playback.Volume(),
+            .doors = Doors()};
+}
+
+MainMenu::Doors HomeModule::Doors() {
+    return {.openSettings =
+                [this] {
+                    rooms_.settings.Load();
+                    host_.screens.Show("settings");
+                },
+            .unloadSettings = [this] { return rooms_.settings.Remove(); },
+            .loadGPS = [this] { rooms_.navigation.Show(); },
+            .exitApplication = [this] { host_.quit(false); },
+            .powerAction = [this] { PowerAction(); },
+            .setDimmer = {},
+            .clearRemote = [this] { rooms_.input.remote.ClearBuff(); }};
+}
+
+void HomeModule::PowerKey() {
+    if (!screen_) return; // the first run
+    const bool ends = host_.settings.values.ShutDownMode == 0;
+    const ScreenOperations* front = host_.screens.Current();
+    if (ends && front) front->switchingform();
+    screen_->menu().Exit();
+}
+
+// In mode 0 the menu ends the system; who turns the machine off then is not up to this version.
+void HomeModule::PowerAction() {
+    const auto mode = host_.settings.values.ShutDownMode;
+    if (mode == 1 || mode == 2)
+        host_.dialogs.ShowMessage("Hibernation and standby are not part of this version.");
+}
+
+} // namespace vk

@@ -1,0 +1,30 @@
+// The subsystems that this system has; a new one is a line here.
+#pragma once
+
+#include "app/modules/browser_module.h"
+#include "app/modules/home_module.h"
+#include "app/modules/input_module.h"
+#include "app/modules/library_module.h"
+#include "app/modules/navigation_module.h"
+#include "app/modules/playback_module.h"
+#include "app/modules/settings_module.h"
+#include "app/modules/tuners_module.h"
+
+namespace vk {
+
+/// Each stands on those above it.
+struct Subsystems {
+    explicit Subsystems(Host& theHost) : host(theHost) {}
+
+    Host& host;
+    InputModule input{host};
+    LibraryModule library{host};
+    NavigationModule navigation{host};
+    TunersModule tuners{host};
+    PlaybackModule playback{host, library, navigation};
+    BrowserModule browser{host, library, playback};
+    SettingsModule settings{host, library, input, playback};
+    HomeModule home{host, {library, playback, navigation, input, settings}};
+};
+
+} // namespace vk

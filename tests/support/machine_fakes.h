@@ -1,0 +1,48 @@
+// Fakes of the ports that only the wiring, the start and the remote see.
+#pragma once
+
+#include "platform/beeper.h"
+#include "platform/local_stream.h"
+#include "platform/processes.h"
+#include "platform/ui_thread.h"
+
+#include <functional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace vk::test {
+
+class FakeProcesses : public Processes {
+  public:
+    long OwnId() const override { return 1; }
+    long AgeMs() const override { return 0; }
+    bool ProcessRunning(const std::string& name, long ownId) const override {
+        return running && name == "velkorandum.exe" && ownId == 1;
+    }
+    bool running = false;
+};
+
+/// Runs work when a test says so, as an event loop does.
+class FakeUiThread : public UiThread {
+  public:
+    void Post(std::function<void()> work) override { pending.push_back(std::move(work)); }
+    void Run() {
+        for (auto& work : std::exchange(pending, {}))
+            work();
+    }
+    std::vector<std::function<void()>> pending;
+};
+
+struct SilentBeeper : Beeper {
+    void Beep() override {}
+};
+
+/// A stream that is there; a test calls `onBytes`.
+struct FakeLocalStream : LocalStream {
+    bool Connect(const std::string&) override { return true; }
+    void Close() override {}
+    std::string Input() override { return {}; }
+};
+
+} // namespace vk::test
