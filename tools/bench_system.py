@@ -2,11 +2,11 @@
 
 import re
 import statistics
-import subprocess
+import sys
 import time
 from pathlib import Path
 
-from demo_system import ROOT, DemoSystem
+from demo_system import ROOT, DemoSystem, alone
 
 STARTS = 10
 MEASURED = 10  # seconds of playing
@@ -72,7 +72,6 @@ with DemoSystem("800x480") as system:
         print(f"memory while playing: {program} {memory(number)}")
     system.display.picture(ROOT / "build" / "log" / "bench.png")  # what was measured
     system.end()
-if KEYS.exists():
-    subprocess.run([KEYS], check=True)
-else:
-    print("key to paint: cmake --preset bench && cmake --build --preset bench, then again")
+if not KEYS.exists():
+    sys.exit("key to paint: cmake --preset bench && cmake --build --preset bench, then again")
+sys.exit(alone.main([KEYS]))

@@ -8,7 +8,7 @@ import sys
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 sys.path.insert(0, str(ROOT / "tests" / "support"))
-from alone import Alone  # noqa: E402
+import alone  # noqa: E402
 from display import Display  # noqa: E402
 from steered import Steered  # noqa: E402
 
@@ -24,7 +24,7 @@ class DemoSystem(Steered):
             sys.exit("run './run demo' first")
         self.size = size
         self.width, self.height = map(int, size.split("x"))
-        self.alone = Alone()
+        self.alone = alone.Alone()
         self.display = Display(self.alone.env, self.alone.folder, size)
         self.app = self.alone.folder / "app"
 

@@ -65,9 +65,9 @@ class Display:
         """A number that another picture does not have."""
         return zlib.crc32(self.screen)
 
-    def settle(self, what, before=None, busy=lambda: False):
+    def settle(self, what, before=None, busy=lambda: False, alive=lambda: True):
         """Until the picture is another one than `before` and stands still, and nothing works."""
-        wait_for(what, lambda: self.look() != before)
+        wait_for(what, lambda: self.look() != before, alive)
         seen, since = self.look(), time.monotonic()
 
         def still():
@@ -77,7 +77,7 @@ class Display:
                 seen, since = now, time.monotonic()
             return time.monotonic() >= since + SETTLED
 
-        wait_for(what + " to stand still", still)
+        wait_for(what + " to stand still", still, alive)
 
     def send(self, *words):
         subprocess.run(["xdotool", *map(str, words)], env=self.env, check=True)

@@ -100,7 +100,7 @@ class Steered:
         self.settle("the message")
 
     def settle(self, what, before=None):
-        self.display.settle(what, before, self.busy)
+        self.display.settle(what, before, self.busy, self.running)
 
     def press(self, name):
         """For keys whose picture says nothing: what moves by itself is in front."""
