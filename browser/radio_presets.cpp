@@ -23,6 +23,13 @@ void RadioPresets::ReadPresets(const std::string& path) {
     desk_.Finish();
 }
 
+// The frequency where there is none.
+std::string RadioPresets::SelectedLabel() const {
+    const std::string label = Trim(desk_.list.GetSelectedItemText());
+    const bool named = label.size() > 1 && label.ends_with("-");
+    return named ? Trim(label.substr(0, label.size() - 1)) : desk_.list.GetSelectedItemTitle();
+}
+
 void RadioPresets::AskLabel(const std::string& frequency) {
     const auto save = [this, frequency](const std::optional<std::string>& label) {
         if (!label) return;
@@ -30,13 +37,12 @@ void RadioPresets::AskLabel(const std::string& frequency) {
             Change("SavePreset()", [&] { SavePreset(path_, frequency, Trim(*label)); });
         });
     };
-    text_.Open({.caption = "Label For: " + frequency,
-                .value = desk_.list.GetSelectedItemTitle(),
-                .answer = save});
+    text_.Open({.caption = "Label For: " + frequency, .value = SelectedLabel(), .answer = save});
 }
 
 void RadioPresets::DeleteFreq(const std::string& frequency) {
-    Change("DeleteFreq()", [&] { vk::DeleteFreq(path_, frequency); });
+    if (desk_.needs.base.dialogs.AskYesNo("Delete the preset " + frequency + "?"))
+        Change("DeleteFreq()", [&] { vk::DeleteFreq(path_, frequency); });
 }
 
 // The presets are shown again, the cursor where it was.

@@ -18,9 +18,11 @@ class RadioPresets {
     void ReadPresets(const std::string& path);
     /// Asks for another label of the selected preset and saves it.
     void AskLabel(const std::string& frequency);
+    /// Deletes the selected preset, once the user has said so.
     void DeleteFreq(const std::string& frequency);
 
   private:
+    std::string SelectedLabel() const;
     void Change(const char* name, const std::function<void()>& change);
 
     ListDesk& desk_;

@@ -185,6 +185,7 @@ void ListModel::SelectItem(int index, bool jump, bool keep) {
 
 void ListModel::SelectVisible(int index) {
     if (!Valid(index)) return;
+    iFirstVisible = TopRow(); // the page stands still under the finger
     iPrevSelected = iSelected;
     iSelected = index;
 }

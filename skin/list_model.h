@@ -61,7 +61,7 @@ class ListModel {
     /// Selects a row. `jump`: the caller has found it by itself; `keep`: brought into view as if it
     /// were outside the page.
     void SelectItem(int index, bool jump = false, bool keep = false);
-    /// A touched row: selected where it is.
+    /// A touched row: selected where it is drawn.
     void SelectVisible(int index);
     /// Index of the first row with that descriptor, -1 if none.
     int MatchItem(const std::string& descriptor) const;

@@ -81,6 +81,7 @@ playlists::playlists(const Needs& needs, QWidget* parent)
     WireVolume("Image10", "vupsel.gif", &Browser::VolUp);
     KBFrame.onSlide = [this](bool open) { CoverLists(open); };
     toolFrame_.hide();
+    lbLoading.setAttribute(Qt::WA_TransparentForMouseEvents); // it may lie over drawn keys
     lbLoading.hide();
     DoLayout();
 }

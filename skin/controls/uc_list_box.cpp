@@ -148,6 +148,8 @@ void UCListBox::TouchRow(int row) {
     if (!onPage || context_.clock.TickMs() < deafUntilMs_ || !ShowTouched(row)) return;
     const QPointer<UCListBox> alive(this);
     const int changes = model_.Changes();
+    // The selection may have moved meanwhile, with the track.
+    if (model_.iSelected != row) Move([&] { model_.SelectVisible(row); });
     if (onItemClick && row < model_.ItemCount()) onItemClick(row);
     if (alive && model_.Changes() != changes) deafUntilMs_ = context_.clock.TickMs() + DeafMs;
 }

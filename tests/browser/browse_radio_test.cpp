@@ -59,11 +59,14 @@ TEST_F(BrowseRadio, APresetIsRelabelledAndDeletedWhereTheCursorStays) {
     Choose("B - 96.5");
     EXPECT_TRUE(view.keyboard);
     EXPECT_EQ(keyboard.Caption(), "Label For: 96.5");
-    EXPECT_EQ(keyboard.UserText(), "96.5");
+    EXPECT_EQ(keyboard.UserText(), "B");
     keyboard.onOK("Loud:er ");
     EXPECT_FALSE(view.keyboard);
     EXPECT_EQ(Presets(), "95.1:A\r\n96.5:Loud:er\r\n96.55:C\r\n");
     EXPECT_EQ(Selected(), "Loud:er - 96.5");
+    core.dialogs.answers = {false};
+    browser().MoveAhead();
+    EXPECT_EQ(Selected(), "Loud:er - 96.5") << "not without a question";
     browser().MoveAhead();
     EXPECT_EQ(Presets(), "95.1:A\r\n96.55:C\r\n");
     EXPECT_EQ(Selected(), "C - 96.55");

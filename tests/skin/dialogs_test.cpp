@@ -114,7 +114,7 @@ TEST_F(DialogsTest, QuestionsByKeysAndTouch) {
         Then(keys);
         EXPECT_EQ(skinDialogs.AskOkCancel("Sure?"), answer);
     }
-    EXPECT_FALSE(Asked([this] { Touch("No"); }));
+    commands.Run([this] { EXPECT_FALSE(Asked([this] { Touch("No"); })) << "in a command, too"; });
     Then([this] {
         Touch(QPoint(2, 2));
         test::Press(*Front(), Cell("Cancel").box.center());

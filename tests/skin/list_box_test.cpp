@@ -141,9 +141,14 @@ TEST_F(ListBoxTest, ATouchedRowIsSelectedShownAndThenReported) {
     clock.Advance(250);
     Press(list, {60, 5 * model.RowHeight});
     EXPECT_EQ(clicked.size(), 4u) << "no row there";
+    list.onItemClick = [this](int) { clicked.push_back(model.iSelected); };
+    clock.onEvents = [this] { model.SelectItem(1); }; // as the track changes
+    Press(list, {60, 5});
+    EXPECT_EQ(clicked.size(), 5u);
+    EXPECT_EQ(clicked.back(), 0) << "the touched row is the chosen one";
     clock.onEvents = [this] { list.hide(); };
     Press(list, {60, 5});
-    EXPECT_EQ(clicked.size(), 4u) << "another screen came";
+    EXPECT_EQ(clicked.size(), 5u) << "another screen came";
 }
 
 TEST_F(ListBoxTest, TheListMayGoAwayWhileATouchIsServed) {
