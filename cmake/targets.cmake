@@ -62,9 +62,8 @@ function(vk_test folder)
   endif()
   add_executable(test_${folder} ${files})
   target_link_libraries(test_${folder} PRIVATE vk_flags vk_test_support ${ARG_LINK})
-  target_compile_definitions(test_${folder} PRIVATE VK_APP_DIR="${VK_APP_DIR}"
-                                                    VK_SOURCE_DIR="${PROJECT_SOURCE_DIR}"
-                                                    VK_RENDERED_SKINS="${VK_APP_DIR}/skins")
+  target_compile_options(test_${folder} PRIVATE -fPIC) # as the header was compiled, and as Qt wants it
+  target_precompile_headers(test_${folder} REUSE_FROM vk_test_pch)
   if(ARG_ALONE)
     set_target_properties(test_${folder} PROPERTIES CROSSCOMPILING_EMULATOR
                           "${Python3_EXECUTABLE};${PROJECT_SOURCE_DIR}/tests/support/alone.py")

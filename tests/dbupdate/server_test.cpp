@@ -2,6 +2,7 @@
 #include "dbupdate/scan/scan.h"
 #include "library/catalogue/server_client.h"
 #include "tests/dbupdate/scan_fixture.h"
+#include "tests/paths.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>

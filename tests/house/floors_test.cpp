@@ -1,4 +1,6 @@
 // The floors of the house, as the README shows them, held against the include lines.
+#include "tests/paths.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>

@@ -4,6 +4,7 @@
 #include "platform/linux/player_socket.h"
 #include "platform/linux/spawn.h"
 #include "playback/c_winamp.h"
+#include "tests/paths.h"
 #include "tests/support/core_fixture.h"
 
 #include <gtest/gtest.h>

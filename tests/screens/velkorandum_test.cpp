@@ -1,5 +1,6 @@
 #include "home/screen/velkorandum.h"
 #include "tests/home/menu_fixture.h"
+#include "tests/paths.h"
 #include "tests/support/widgets.h"
 
 #include <QImage>

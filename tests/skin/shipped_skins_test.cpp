@@ -1,5 +1,6 @@
 // The two skins that ship, as the build rendered them.
 #include "skin/controls/looks.h"
+#include "tests/paths.h"
 #include "tests/support/core_fixture.h"
 
 #include <QDir>
