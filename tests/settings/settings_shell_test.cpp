@@ -103,9 +103,9 @@ TEST_F(SettingsShellTest, LeavingLaterLoadsTheScreensAnewAndTheExitWaitsForTheCa
     EXPECT_TRUE(view.topInfo.starts_with("This screen allows you to change"));
     told.clear();
     shell->DoneButton_Click();
-    EXPECT_EQ(told, (std::vector<std::string>{
-                        "loading.Init 0 13", "loading.Clear", "unload screens", "load playmp3",
-                        "load velkorandum", "loading.Max", "velkorandum.ReShow"}));
+    EXPECT_EQ(told, (std::vector<std::string>{"loading.Init 0 13", "loading.Clear",
+                                              "unload screens", "load playmp3", "load velkorandum",
+                                              "loading.Max", "velkorandum.ReShow"}));
     EXPECT_EQ(shell->DBStatusText(), "Disabled");
     state.DBState = DBStateValue::Rebuilding;
     shell->bExitApp_Click();
