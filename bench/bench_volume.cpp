@@ -17,23 +17,17 @@ struct Bench : AudioFixture {
     AlsaMixer alsa{{}};
     AlsaInput recording;
     cVolume lines{{alsa, recording, dialogs, report}};
+    Loudness onLines{base, lines};
 
     AudioPlayer Player() {
         auto needs = Needs();
-        return AudioPlayer({.audio = needs.audio,
+        return AudioPlayer({.base = needs.base,
+                            .audio = needs.audio,
                             .browser = needs.browser,
-                            .app = needs.app,
                             .winamp = needs.winamp,
-                            .settings = needs.settings,
+                            .loudness = onLines,
                             .keys = needs.keys,
-                            .clock = needs.clock,
-                            .locale = needs.locale,
-                            .volumes = needs.volumes,
-                            .window = needs.window,
-                            .screens = needs.screens,
-                            .log = needs.log,
-                            .report = needs.report,
-                            .volume = lines,
+                            .sources = needs.sources,
                             .tagOf = needs.tagOf},
                            list, view);
     }

@@ -41,7 +41,10 @@ Browser::Browser(const BrowserNeeds& needs, BrowserModels models, BrowserView& v
     : desk_(needs, models.list, view), rightList_(models.rightList), text_(models.text),
       lists_(desk_, models.rightList), building_(lists_, models.rightList, models.text),
       chooser_(lists_, building_, models.text, [this] { Leave(); }), buttons_(lists_, chooser_),
-      ways_(desk_, [this] { Leave(); }), Timer2(needs.base.clock.MakeTimer([this] { Tick(); })) {}
+      ways_(desk_, [this] { Leave(); }),
+      loudnessShown_(needs.players.loudness,
+                     [this](const std::string& level) { ShowLoudness(level); }),
+      Timer2(needs.base.clock.MakeTimer([this] { Tick(); })) {}
 
 // Among the lists that are built from, what ended the reading of one has done enough.
 bool Browser::OnlyEnds() const {
@@ -130,22 +133,18 @@ void Browser::MoveAhead() {
 }
 
 void Browser::VolUp() {
-    const auto* player = desk_.needs.base.screens.Find("playmp3");
-    if (player) ShowChangeOfVolume(player->VolUp);
+    desk_.needs.players.loudness.VolUp();
 }
 
 void Browser::VolDown() {
-    const auto* player = desk_.needs.base.screens.Find("playmp3");
-    if (player) ShowChangeOfVolume(player->VolDown);
+    desk_.needs.players.loudness.VolDown();
 }
 
-void Browser::ShowChangeOfVolume(const std::function<void()>& change) {
-    const AppState& app = desk_.needs.base.state;
-    const auto before = std::pair(app.VolumePercent, app.bMuted);
-    change();
-    if (before == std::pair(app.VolumePercent, app.bMuted)) return;
-    if (desk_.needs.base.screens.CurrentForm != BrowserName) return;
-    desk_.Say("Volume : " + (app.bMuted ? "Muted" : std::to_string(app.VolumePercent) + "%"));
+// Not over what is said of a list that is on its way.
+void Browser::ShowLoudness(const std::string& level) {
+    const Base& base = desk_.needs.base;
+    if (base.pump.Waiting() || base.screens.CurrentForm != BrowserName) return;
+    desk_.Say("Volume : " + level);
 }
 
 void Browser::doquit() {
@@ -209,13 +208,8 @@ bool Browser::DoAction(const InputCode& code) {
     if (text_.Key(code)) return true;
     if (text_.IsOpen() ? RunAction(*this, BehindText, code) : RunAction(*this, Rows, code))
         return true;
-    const auto* player = desk_.needs.base.screens.Find("playmp3");
-    if (!player ||
-        std::ranges::none_of(PlayerActions, [&](Action action) { return code.Mapped(action); }))
-        return false;
-    bool used = false;
-    ShowChangeOfVolume([&] { used = player->DoAction(code); });
-    return used;
+    return std::ranges::any_of(PlayerActions, [&](Action action) { return code.Mapped(action); }) &&
+           desk_.needs.players.transport.DoAction(code);
 }
 
 void Browser::Tick() {

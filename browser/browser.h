@@ -90,7 +90,7 @@ class Browser {
     bool OnlyEnds() const;
     void MoveList(void (ListModel::*move)());
     void Leave();
-    void ShowChangeOfVolume(const std::function<void()>& change);
+    void ShowLoudness(const std::string& level);
     void Tick();
 
     ListDesk desk_;
@@ -101,6 +101,7 @@ class Browser {
     Chooser chooser_;
     BrowserButtons buttons_;
     WaysOut ways_;
+    LoudnessListener loudnessShown_;
     std::unique_ptr<Timer> Timer2; ///< clock label, state of the player, catalogue
 };
 

@@ -9,6 +9,8 @@
 #include "library/media_tags.h"
 #include "platform/paths.h"
 #include "playback/audio_state.h"
+#include "playback/loudness.h"
+#include "playback/transport.h"
 #include "playback/video_state.h"
 
 #include <functional>
@@ -27,6 +29,8 @@ struct BrowsedLibrary {
 struct BrowserPlayers {
     AudioState& audio;
     VideoState& video;
+    Loudness& loudness;
+    Transport& transport;
     std::function<void()> StopAudio = {}; ///< silences the audio player process before a film
     /// Tells whether the tuner of that `PlayMode` is there; empty: none is.
     std::function<bool(std::int32_t playMode)> HasTuner = {};

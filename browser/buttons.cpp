@@ -3,9 +3,8 @@
 namespace vk {
 
 void BrowserButtons::PlayPause() {
-    const auto* player = desk_.needs.base.screens.Find("playmp3");
-    if (desk_.needs.players.audio.PlayMode != PlayNone && player && player->DoPause)
-        player->DoPause();
+    const BrowserPlayers& players = desk_.needs.players;
+    if (players.audio.PlayMode != PlayNone) players.transport.DoPause();
     ShowState();
 }
 

@@ -20,8 +20,8 @@ void WaysOut::GoHome() {
 
 // The menu silences what plays: better that the player saves it before.
 void WaysOut::EndPlayer() {
-    const auto* player = desk_.needs.base.screens.Find("playmp3");
-    if (player && desk_.needs.players.audio.PlayMode != PlayNone) player->doquit();
+    const BrowserPlayers& players = desk_.needs.players;
+    if (players.audio.PlayMode != PlayNone) players.transport.doquit();
 }
 
 void WaysOut::ShowGPS() {

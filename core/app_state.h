@@ -3,7 +3,6 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -36,16 +35,9 @@ struct AppState {
     std::int32_t FirstRadioType = 0; ///< 0 FM, 1 XM first
     bool WinampWatched = false;      ///< the watchdog restarts the player only while this is set
     DBStateValue DBState = DBStateValue::Disabled;
-    bool ListBusy = false; ///< a list is being rebuilt: input handlers ignore presses
     bool Dimmed = false;
-    bool InSuspend = false; ///< from the suspend broadcast until the machine is back
-    bool bMuted = false;    ///< muted by the player
-    /// What the player has set the master line to, of its scale, 0 to 1: to go back to from a mute
-    /// and to give to a card that comes, whose units may be others. None before the first.
-    std::optional<double> MasterShare;
-    std::int32_t VolumePercent = 0; ///< of the master line, as last shown
-    bool SafeVolumeDone = false;    ///< the loud level of the last run has been cut once
-    std::string CurrentSkinFile;    ///< the skin in use, "Torque.skn"
+    bool InSuspend = false;      ///< from the suspend broadcast until the machine is back
+    std::string CurrentSkinFile; ///< the skin in use, "Torque.skn"
     int quitAttempts = 0;
 };
 

@@ -41,7 +41,7 @@ void MainMenu::ReShow() {
         if (n_.doors.clearRemote) n_.doors.clearRemote();
         Update(CurrentSelection, false);
         timer1_->Start(ClockIntervalMs);
-        ApplySafeVolume();
+        n_.loudness.CutAtStart();
         SilencePlayer();
         Message(ClockText());
         base_.screens.HideOthers(HomeScreen);
@@ -161,22 +161,11 @@ std::string MainMenu::ClockText() const {
     return base_.locale.LongDate(now) + " " + base_.locale.ShortTime(now);
 }
 
-// Once a run, and not without a card. A player with a level of its own will bring that back, so
-// there the mark is left to it.
-void MainMenu::ApplySafeVolume() {
-    const Settings& s = base_.settings.values;
-    const std::int32_t maximum = n_.volume.VolumeMax();
-    if (!s.safevolume || base_.state.SafeVolumeDone || maximum <= 0) return;
-    const auto safe = static_cast<std::int32_t>(std::int64_t{maximum} * s.safevol_value / 100);
-    if (n_.volume.VolumeLevel() > safe) n_.volume.VolumeLevel(safe);
-    base_.state.SafeVolumeDone = !s.UseSplitVolume;
-}
-
 // The menu is the one screen on which nothing plays. A mute that a tuner or a suspend left behind
 // ends here, or the volume keys would stay locked.
 void MainMenu::SilencePlayer() {
     if (n_.winamp.WinAMP_GetStatus() == "1") n_.winamp.WinAMP_SCM(WinampStop);
-    n_.volume.VolumeMute(base_.state.bMuted);
+    n_.loudness.RestoreMute();
 }
 
 // Step by step until the catalogue is there: nothing is held meanwhile, the user may go elsewhere.

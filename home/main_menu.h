@@ -7,8 +7,8 @@
 #include "input/key_map.h"
 #include "library/browser_state.h"
 #include "playback/audio_state.h"
-#include "playback/c_volume.h"
 #include "playback/c_winamp.h"
+#include "playback/loudness.h"
 #include "skin/skin.h"
 
 #include <functional>
@@ -41,7 +41,7 @@ class MainMenu {
         AudioState& audio;
         BrowserState& browser;
         cWinamp& winamp;
-        cVolume& volume;
+        Loudness& loudness;
         Doors doors;
     };
 
@@ -110,7 +110,6 @@ class MainMenu {
     bool Leave(const char* screen);
     void Message(const std::string& text) { view_.SetClockBar(text); }
     std::string ClockText() const;
-    void ApplySafeVolume();
     void SilencePlayer();
     void FirstActivation();
     bool CatalogueIsAwaited() const;

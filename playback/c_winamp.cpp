@@ -169,7 +169,7 @@ std::int32_t cWinamp::WinAMP_GetTrackLength() {
     return Trap(needs_.report, Where("WinAMP_GetTrackLength"), 0, [&] {
         std::int32_t length = 0;
         for (int tries = 0; tries < LengthTries && length <= 0; ++tries) {
-            needs_.clock.DoEvents(0);
+            needs_.pump.Turn();
             length = Query(AskTime, 1);
         }
         return length;

@@ -4,7 +4,7 @@
 #pragma once
 
 #include "core/error_report.h"
-#include "platform/clock.h"
+#include "core/pump.h"
 #include "platform/player_window.h"
 
 #include <cstdint>
@@ -33,7 +33,7 @@ enum WinampCommand : std::int32_t {
 /// What `cWinamp` needs of its surroundings; all of it outlives the object.
 struct WinampNeeds {
     PlayerWindow& window;
-    Clock& clock;
+    Pump& pump;
     ErrorReport& report;
     std::string folder; ///< application directory: home of the program and its settings
 };

@@ -164,7 +164,7 @@ bool astart::PrepareServerAndPlayer() {
 bool astart::CreateWinamp() {
     try {
         n_.winamp = std::make_unique<cWinamp>(
-            WinampNeeds{n_.machine.player, base_.clock, base_.report, base_.settings.AppDir()});
+            WinampNeeds{n_.machine.player, base_.pump, base_.report, base_.settings.AppDir()});
     } catch (const std::exception&) {
         base_.dialogs.ShowMessage("Error Referencing Winamp Class");
         return false;

@@ -33,6 +33,8 @@ BrowserNeeds BrowserModule::Needs() {
         .library = {library_.tags, library_.extensions, &library_.db, &library_.channels},
         .players = {.audio = playback_.audio,
                     .video = playback_.video,
+                    .loudness = playback_.TheLoudness(),
+                    .transport = playback_.transport,
                     .StopAudio = [this] { playback_.winamp->WinAMP_SCM(WinampStop); },
                     .HasTuner = [this](std::int32_t mode) { return playback_.HasSource(mode); }}};
 }

@@ -36,7 +36,7 @@ MainMenu::Needs HomeModule::Needs() {
             .audio = rooms_.playback.audio,
             .browser = rooms_.library.browser,
             .winamp = *rooms_.playback.winamp,
-            .volume = rooms_.playback.Volume(),
+            .loudness = rooms_.playback.TheLoudness(),
             .doors = Doors()};
 }
 

@@ -1,6 +1,7 @@
 #include "app/modules/playback_module.h"
 
 #include "platform/paths.h"
+#include "playback/audio/file_source.h"
 
 namespace vk {
 
@@ -22,12 +23,14 @@ std::vector<LoadStep> PlaybackModule::Steps() {
 
 void PlaybackModule::Load() {
     screen_ = std::make_unique<playmp3>(host_.controls, Needs(), &host_.window);
-    host_.screens.Add("playmp3", *screen_);
+    host_.screens.Add("playmp3", screen_->player(), *screen_);
+    transport.Connect(&screen_->player());
 }
 
 void PlaybackModule::Unload() {
     if (screen_ && !closed_) screen_->player().Form_Unload(false);
     host_.screens.Remove("playmp3");
+    transport.Connect(nullptr);
     screen_.reset();
 }
 
@@ -36,35 +39,29 @@ void PlaybackModule::Close(bool osShutdown) {
     if (screen_) screen_->player().Form_Unload(osShutdown);
 }
 
-cVolume& PlaybackModule::Volume() {
-    if (!volume_)
-        volume_ = std::make_unique<cVolume>(cVolume::Needs{
-            host_.ports.sound.mixer, host_.ports.sound.input, host_.dialogs, host_.report});
-    return *volume_;
+Loudness& PlaybackModule::TheLoudness() {
+    if (loudness_) return *loudness_;
+    volume_ = std::make_unique<cVolume>(cVolume::Needs{
+        host_.ports.sound.mixer, host_.ports.sound.input, host_.dialogs, host_.report});
+    loudness_ = std::make_unique<Loudness>(host_.base, *volume_);
+    return *loudness_;
 }
 
 void PlaybackModule::SoundCardChanged(bool present) {
     host_.log.WriteDebugLog(present ? "The sound card is there now" : "There is no sound card now");
-    if (present && screen_) screen_->player().SoundCardCame();
+    if (present && loudness_) loudness_->CardCame();
 }
 
 AudioPlayer::Needs PlaybackModule::Needs() {
-    return {.audio = audio,
+    sources[PlayAudio] = AudioFiles(*winamp, [this](const std::string& sql) { return Query(sql); });
+    return {.base = host_.base,
+            .audio = audio,
             .browser = library_.browser,
-            .app = host_.state,
             .winamp = *winamp,
-            .settings = host_.settings,
+            .loudness = TheLoudness(),
             .keys = host_.keys,
-            .clock = host_.base.clock,
-            .locale = host_.base.locale,
-            .volumes = host_.base.volumes,
-            .window = host_.base.window,
-            .screens = host_.screens,
-            .log = host_.log,
-            .report = host_.report,
-            .volume = Volume(),
+            .sources = sources,
             .tagOf = [this](const std::string& path) { return library_.tags.GetDBTag(path); },
-            .query = [this](const std::string& sql) { return Query(sql); },
             .checkDaylight = [this] { host_.daylight.Check(); },
             .loadGPS = [this] { navigation_.Show(); }};
 }

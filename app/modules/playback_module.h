@@ -4,9 +4,10 @@
 #include "app/modules/library_module.h"
 #include "app/modules/navigation_module.h"
 #include "playback/audio_state.h"
-#include "playback/c_volume.h"
 #include "playback/c_winamp.h"
+#include "playback/loudness.h"
 #include "playback/screen/playmp3.h"
+#include "playback/transport.h"
 #include "playback/video_state.h"
 
 #include <memory>
@@ -25,14 +26,18 @@ class PlaybackModule : public Module {
     void SessionEnds() override { host_.LeaveScreen("playmp3"); }
     void Close(bool osShutdown) override;
 
-    /// The one object for the sound card, made by the first screen that needs it.
-    cVolume& Volume();
+    /// The one object for the loudness, made by the first screen that needs it.
+    Loudness& TheLoudness();
     /// Whether the source of that `PlayMode` is there.
-    bool HasSource(std::int32_t mode) { return screen_ && screen_->player().HasSource(mode); }
+    bool HasSource(std::int32_t mode) const {
+        return screen_ && screen_->player().sources().Find(mode);
+    }
 
     AudioState audio;
     VideoState video;
     std::unique_ptr<cWinamp> winamp; ///< made by the start
+    TransportLink transport;         ///< of whoever plays
+    SourceMakers sources; ///< the subsystem of a source adds its own before the screens are made
 
   private:
     void Load();
@@ -44,6 +49,7 @@ class PlaybackModule : public Module {
     LibraryModule& library_;
     NavigationModule& navigation_;
     std::unique_ptr<cVolume> volume_;
+    std::unique_ptr<Loudness> loudness_;
     std::unique_ptr<playmp3> screen_;
     bool closed_ = false;
 };

@@ -1,14 +1,11 @@
 #include "playback/audio/audio_player.h"
 
-#include "platform/files.h"
-#include "playback/audio/busy_guard.h"
-
 namespace vk {
 
 namespace {
 
 constexpr const char* FormName = "playmp3";
-constexpr int TickMs = 100;
+constexpr const char* SettingsSection = "audio_player";
 
 std::string ErrorIn(const char* operation) {
     return std::string("Error occured in Playmp3.") + operation + " ";
@@ -17,24 +14,24 @@ std::string ErrorIn(const char* operation) {
 } // namespace
 
 AudioPlayer::AudioPlayer(Needs needs, ListModel& list, PlayerView& view)
-    : n_(std::move(needs)), list_(list), view_(view),
-      rows_({list_, n_.settings, n_.tagOf, [this] { n_.clock.DoEvents(0); }}),
-      cover_({n_.audio, n_.app, n_.settings.AppDir(), n_.log, view_, n_.xmLogo}),
-      clockLine_(n_.clock, n_.locale, view_),
-      files_({n_.audio, n_.app, n_.winamp, n_.settings, n_.clock, n_.log, view_, rows_, cover_,
-              n_.query, [this](const std::string& text) { clockLine_.ShowProblem(text); }}),
-      volume_({n_.volume, n_.settings, n_.app, n_.screens, n_.clock, view_}), lineMute_(n_.volume),
-      Timer2(n_.clock.MakeTimer([this] { Timer2_Timer(); })) {}
+    : n_(std::move(needs)), base_(n_.base), list_(list), view_(view),
+      rows_(base_, list, std::move(n_.tagOf)), cover_(base_, view), clockLine_(base_, view),
+      volumeLabel_(base_, n_.loudness, view),
+      shuffle_(base_, n_.audio, n_.winamp, view), parts_{base_, n_.audio, n_.loudness, view,
+                                                         rows_, cover_,   clockLine_,  shuffle_},
+      sources_(parts_, n_.winamp, n_.sources),
+      buttons_(base_, view,
+               {[this](HeldAction action) { DoHeld(action); },
+                [this](bool ahead) {
+                    ticks_.Soon();
+                    Ask(ahead ? "MoveAhead" : "MoveBack",
+                        [&](PlayerSource& source) { source.ShortPress(ahead); });
+                }}),
+      ticks_({parts_, sources_, buttons_, volumeLabel_, n_.checkDaylight, [this] { doquit(); }}) {}
 
-PlayerSource* AudioPlayer::Source(std::int32_t mode) {
-    if (mode == PlayAudio) return &files_;
-    return mode == PlayFM ? n_.fm : mode == PlayXM ? n_.xm : nullptr;
-}
-
-void AudioPlayer::WithSource(const char* where,
-                             const std::function<void(PlayerSource&)>& operation) {
-    TrapAndLog(n_.report, ErrorIn(where), [&] {
-        if (PlayerSource* source = Source()) operation(*source);
+void AudioPlayer::Ask(const char* where, const std::function<void(PlayerSource&)>& operation) {
+    TrapAndLog(base_.report, ErrorIn(where), [&] {
+        if (PlayerSource* source = sources_.Current()) operation(*source);
     });
 }
 
@@ -42,280 +39,196 @@ void AudioPlayer::WithSource(const char* where,
 
 void AudioPlayer::Enter() {
     bInPlayer = false;
-    n_.screens.CurrentForm = FormName;
+    base_.screens.CurrentForm = FormName;
     clockLine_.Refresh();
     view_.ShowListTitle(n_.audio.ListTitle);
     view_.ShowFrame(true);
     view_.ShowAtFront();
-    n_.screens.HideOthers(FormName);
+    base_.screens.HideOthers(FormName);
 }
 
 void AudioPlayer::Ready() {
-    LetGo();
-    TickCount = 0;
-    bForceUpdate = true;
-    RefreshLater();
-    Timer2->Start(TickMs);
+    buttons_.LetGo();
+    ticks_.Start();
     view_.ShowFrame(true);
-    volume_.Enter();
+    volumeLabel_.Enter();
     bInPlayer = true;
 }
 
 void AudioPlayer::ReShow() {
-    TrapAndLog(n_.report, "There has been an error in playmp3.ReShow ", [&] {
-        const BusyGuard busy(n_.app.ListBusy);
+    TrapAndLog(base_.report, "There has been an error in playmp3.ReShow ", [&] {
         Enter();
-        volume_.SetFirstLevel();
-        // Before anything can save it.
-        if (n_.audio.PlayMode == PlayAudio && FileLength(n_.audio.ListFile) > 0) ShowShuffle();
-        if (n_.audio.PlayMode != PlayAudio)
-            EnterTuner(n_.audio.PlayMode);
-        else if (n_.audio.bStartPlaying || n_.audio.ListFile != shownList_)
-            LoadPlaylist();
-        SetMediaTypeIcon();
-        SetPlayerButton();
+        n_.loudness.Enter(SettingsSection);
+        if (PlayerSource* source = sources_.Current()) source->Enter();
+        sources_.SetMediaTypeIcon();
+        sources_.SetPlayerButton();
         Ready();
     });
-    n_.volume.ShowHardwareProblem(); // it waits for an answer, and the music does not
+    n_.loudness.ShowHardwareProblem(); // it waits for an answer, and the music does not
 }
 
 void AudioPlayer::ReDisplay() {
-    TrapAndLog(n_.report, "Error in Playmp3.Redisplay ", [&] {
-        const BusyGuard busy(n_.app.ListBusy);
+    TrapAndLog(base_.report, "Error in Playmp3.Redisplay ", [&] {
         Enter();
-        n_.audio.PlayMode == PlayAudio ? ShowShuffle() : DrawShuffle(false);
-        SetMediaTypeIcon();
-        SetPlayerButton();
+        PlayerSource* source = sources_.Current();
+        if (source) source->EnterAgain();
+        sources_.SetPlayerButton();
         if (n_.audio.bStartPlaying) {
-            if (PlayerSource* source = Source()) source->LeaveScreen();
-            SilenceOtherSources();
+            if (source) source->LeaveScreen();
+            sources_.SilenceOthers();
             n_.audio.bPaused = false;
             view_.SetButton(PlayerButton::Pause, "pause.gif");
-            LoadPlaylist();
-            SetMediaTypeIcon(); // a disc's follows its track
+            if (source) source->LoadPlaylist();
         }
+        sources_.SetMediaTypeIcon(); // a disc's follows its track
         Ready();
-    });
-}
-
-void AudioPlayer::SilenceOtherSources() {
-    if (n_.winamp.WinAMP_FindWindow()) n_.winamp.WinAMP_SCM(WinampStop);
-    if (n_.audio.PlayMode != PlayFM) TurnOffRadio();
-    if (n_.xm && n_.audio.PlayMode != PlayXM) n_.xm->Stop();
-}
-
-void AudioPlayer::LoadPlaylist() {
-    WithSource("LoadPlaylist", [&](PlayerSource& source) {
-        shownList_ = n_.audio.ListFile;
-        source.LoadPlaylist();
     });
 }
 
 void AudioPlayer::SaveAudioData(std::int32_t mode) {
-    TrapAndLog(n_.report, ErrorIn("SaveAudioData"), [&] {
-        if (const auto level = volume_.LevelToKeep())
-            n_.settings.Write("audio_player", "Volume", std::to_string(*level));
-        if (PlayerSource* source = Source(mode == PlayNone ? n_.audio.PlayMode : mode))
+    TrapAndLog(base_.report, ErrorIn("SaveAudioData"), [&] {
+        if (const auto level = n_.loudness.LevelToKeep(SettingsSection))
+            base_.settings.Write(SettingsSection, "Volume", std::to_string(*level));
+        if (PlayerSource* source = sources_.Find(mode == PlayNone ? n_.audio.PlayMode : mode))
             source->Save();
     });
 }
 
 void AudioPlayer::switchingform() {
-    TrapAndLog(n_.report, ErrorIn("switchingform"), [&] {
-        const BusyGuard busy(n_.app.ListBusy);
-        Timer2->Stop();
-        LetGo();
+    TrapAndLog(base_.report, ErrorIn("switchingform"), [&] {
+        ticks_.Stop();
+        buttons_.LetGo();
         view_.ShowFrame(false);
-        n_.settings.Write("main", "LastPlayMode", std::to_string(n_.audio.PlayMode));
-        if (PlayerSource* source = Source()) source->LeaveScreen();
+        base_.settings.Write("main", "LastPlayMode", std::to_string(n_.audio.PlayMode));
+        if (PlayerSource* source = sources_.Current()) source->LeaveScreen();
     });
 }
 
 void AudioPlayer::doquit() {
-    TrapAndLog(n_.report, ErrorIn("doquit"), [&] {
+    TrapAndLog(base_.report, ErrorIn("doquit"), [&] {
         view_.ShowLoading("");
         if (!bInPlayer) return;
         bInPlayer = false;
         view_.ShowFrame(true);
         n_.audio.bStartPlaying = false;
         SaveAudioData();
-        LeaveSource();
-        if (n_.audio.PlayMode != PlayAudio) n_.audio.ListTitle.clear(); // it was the tuner's
+        if (PlayerSource* source = sources_.Current()) source->Stop();
         switchingform();
         cover_.Hide();
         n_.audio.PlayMode = PlayNone;
         n_.audio.bPaused = false;
-        if (n_.screens.CurrentForm == FormName) n_.screens.Show("velkorandum");
+        if (base_.screens.CurrentForm == FormName) base_.screens.Show("velkorandum");
     });
 }
 
 void AudioPlayer::Swap() {
-    TrapAndLog(n_.report, ErrorIn("swap"), [&] {
-        if (!bInPlayer || !n_.screens.Find("playlists")) return;
-        const bool remembers = n_.audio.PlayMode == PlayAudio || n_.audio.PlayMode == PlayXM;
+    TrapAndLog(base_.report, ErrorIn("swap"), [&] {
+        if (!bInPlayer || !base_.screens.Find("playlists")) return;
+        const PlayerSource* source = sources_.Current();
+        const bool remembers = source && source->RemembersChoice();
         if (remembers) SaveAudioData();
         n_.browser.ListMode = ListFromAudio;
-        n_.browser.CurrentPath = n_.settings.values.MediaDir;
+        n_.browser.CurrentPath = base_.settings.values.MediaDir;
         n_.browser.RestoreHistory = remembers;
         n_.browser.FromPlayer = true;
         switchingform();
-        n_.screens.Show("playlists");
+        base_.screens.Show("playlists");
     });
 }
 
 void AudioPlayer::Form_Unload(bool osShutdown) {
-    TrapAndLog(n_.report, ErrorIn("Form_Unload"), [&] {
+    TrapAndLog(base_.report, ErrorIn("Form_Unload"), [&] {
         if (osShutdown)
-            n_.log.WriteDebugLog("form unloaded by administrative request - os shutdown");
-        const BusyGuard busy(n_.app.ListBusy);
+            base_.log.WriteDebugLog("form unloaded by administrative request - os shutdown");
         SaveAudioData();
-        volume_.Unload();
-        Timer2->Stop();
+        n_.loudness.Unload();
+        ticks_.Stop();
     });
 }
 
-// The sources' operations ------------------------------------------------------------------------
+void AudioPlayer::TSRadio2MP3Btn_Click() {
+    TrapAndLog(base_.report, "Error occured in Playmp3.TSRadio2MP3Btn_Click ", [&] {
+        SaveAudioData();
+        ticks_.Soon();
+        if (!sources_.SwitchToNext()) doquit();
+    });
+}
+
+// The source's operations ------------------------------------------------------------------------
 
 void AudioPlayer::runok() {
-    bForceUpdate = true;
-    WithSource("runok", [](PlayerSource& source) { source.runok(); });
+    ticks_.Soon();
+    Ask("runok", [](PlayerSource& source) { source.runok(); });
 }
 
 void AudioPlayer::MoveAhead() {
-    bForceUpdate = true;
-    WithSource("MoveAhead", [](PlayerSource& source) { source.MoveAhead(); });
+    ticks_.Soon();
+    Ask("MoveAhead", [](PlayerSource& source) { source.MoveAhead(); });
 }
 
 void AudioPlayer::MoveBack() {
-    bForceUpdate = true;
-    WithSource("MoveBack", [](PlayerSource& source) { source.MoveBack(); });
+    ticks_.Soon();
+    Ask("MoveBack", [](PlayerSource& source) { source.MoveBack(); });
 }
 
-void AudioPlayer::Step(void (PlayerSource::*step)(), const char* where) {
-    WithSource(where, [&](PlayerSource& source) { (source.*step)(); });
+void AudioPlayer::Step(const char* where, void (PlayerSource::*step)()) {
+    Ask(where, [&](PlayerSource& source) { (source.*step)(); });
     view_.ShowLoading("");
 }
 
 void AudioPlayer::DoFF() {
-    bForceUpdate = true;
-    Step(&PlayerSource::DoFF, "DoFF");
+    ticks_.Soon();
+    Step("DoFF", &PlayerSource::DoFF);
 }
 
 void AudioPlayer::DoRW() {
-    bForceUpdate = true;
-    Step(&PlayerSource::DoRW, "DoRW");
+    ticks_.Soon();
+    Step("DoRW", &PlayerSource::DoRW);
 }
 
 void AudioPlayer::DoPlay() {
-    Step(&PlayerSource::DoPlay, "DoPlay");
+    Step("DoPlay", &PlayerSource::DoPlay);
 }
 
 void AudioPlayer::DoPause() {
-    Step(&PlayerSource::DoPause, "DoPause");
+    Step("DoPause", &PlayerSource::DoPause);
 }
 
-void AudioPlayer::UpdateScreen() {
-    WithSource("UpdateScreen", [](PlayerSource& source) { source.UpdateScreen(); });
+NowPlaying AudioPlayer::Now() {
+    PlayerSource* source = sources_.Current();
+    return source ? source->Now() : NowPlaying{};
 }
 
-void AudioPlayer::SetMediaTypeIcon() {
-    WithSource("SetMediaTypeIcon",
-               [&](PlayerSource& source) { view_.ShowMediaType(source.MediaTypeIcon()); });
+void AudioPlayer::AddToFavorites() {
+    TrapAndLog(base_.report, "An error occured in playmp3.AddToFavorites() ",
+               [&] { sources_.AddToFavorites(); });
 }
 
-// List, volume, shuffle --------------------------------------------------------------------------
+// List, shuffle, time ----------------------------------------------------------------------------
 
 void AudioPlayer::MoveList(void (ListModel::*move)(), const char* where) {
-    TrapAndLog(n_.report, ErrorIn(where), [&] {
+    TrapAndLog(base_.report, ErrorIn(where), [&] {
         (list_.*move)();
-        ListMoved();
+        rows_.ReadTagsOnPage();
+        view_.ReDrawList();
     });
-}
-
-void AudioPlayer::ListMoved() {
-    rows_.ReadTagsOnPage();
-    view_.ReDrawList();
-}
-
-void AudioPlayer::MoveUp() {
-    MoveList(&ListModel::MoveUp, "MoveUp");
-}
-
-void AudioPlayer::MoveDown() {
-    MoveList(&ListModel::MoveDown, "MoveDown");
-}
-
-void AudioPlayer::PgUp() {
-    MoveList(&ListModel::PageUp, "PgUp");
-}
-
-void AudioPlayer::PgDn() {
-    MoveList(&ListModel::PageDown, "PgDn");
-}
-
-void AudioPlayer::VolUp() {
-    TrapAndLog(n_.report, ErrorIn("volup"), [&] { volume_.VolUp(); });
-}
-
-void AudioPlayer::VolDown() {
-    TrapAndLog(n_.report, ErrorIn("voldown"), [&] { volume_.VolDown(); });
-}
-
-void AudioPlayer::domute() {
-    TrapAndLog(n_.report, ErrorIn("domute"), [&] { volume_.domute(); });
-}
-
-// Any number but 0 is "on": other programs write -1.
-static bool ReadShuffle(SettingsStore& settings, std::string& text) {
-    text = settings.ini().ReadText(settings.File("winamp.ini"), "winamp", "shuffle");
-    return ConvertIniText(text, IniType::Long, ".").Long() != 0;
-}
-
-void AudioPlayer::ShowShuffle() {
-    std::string text;
-    n_.audio.bShuffle = ReadShuffle(n_.settings, text);
-    n_.log.WriteDebugLog("winamp.ini shuffle=" + text);
-    DrawShuffle(n_.audio.bShuffle);
-}
-
-void AudioPlayer::DrawShuffle(bool on) {
-    view_.ShowShuffle(on);
-    view_.SetButton(PlayerButton::Shuffle, on ? "shufflesel.gif" : "shuffle.gif");
 }
 
 void AudioPlayer::setshuffle() {
-    TrapAndLog(n_.report, ErrorIn("setshuffle"), [&] {
-        std::string text;
-        const bool on = !ReadShuffle(n_.settings, text);
-        n_.winamp.WinAMP_SCM(WinampToggleShuffle);
-        n_.audio.bShuffle = on;
-        DrawShuffle(on);
-        n_.settings.ini().WriteINI(n_.settings.File("winamp.ini"), "winamp", "shuffle",
-                                   on ? "1" : "0");
-    });
+    TrapAndLog(base_.report, ErrorIn("setshuffle"), [&] { shuffle_.setshuffle(); });
 }
 
 void AudioPlayer::TrackTimeLabel_Click() {
-    TrapAndLog(n_.report, ErrorIn("TrackTimeLabel_Click"), [&] {
-        bool& elapsed = n_.settings.values.ShowElapsedTime;
+    TrapAndLog(base_.report, ErrorIn("TrackTimeLabel_Click"), [&] {
+        bool& elapsed = base_.settings.values.ShowElapsedTime;
         elapsed = !elapsed;
-        n_.settings.WriteBool("audio_player", "ShowElapsedTime", elapsed);
-        if (n_.audio.PlayMode == PlayAudio) files_.ShowTrackTime();
+        base_.settings.WriteBool(SettingsSection, "ShowElapsedTime", elapsed);
+        if (PlayerSource* source = sources_.Current()) source->ShowTrackTime();
     });
 }
 
-void AudioPlayer::Wheel(int delta) {
-    if (delta == 0) return;
-    const bool up = delta > 0;
-    if (n_.settings.values.MouseFunction == 1) {
-        for (std::int32_t i = 0; i < n_.settings.values.WheelSteps(); ++i)
-            up ? VolUp() : VolDown();
-    } else if (n_.audio.PlayMode == PlayXM || n_.audio.PlayMode == PlayAudio) {
-        up ? MoveUp() : MoveDown();
-    } else {
-        WithSource(up ? "FineTuneUp" : "FineTuneDown",
-                   [&](PlayerSource& source) { up ? source.DoFF() : source.DoRW(); });
-    }
+void AudioPlayer::LoadGPS() {
+    if (n_.loadGPS) n_.loadGPS();
 }
 
 } // namespace vk

@@ -2,16 +2,16 @@
 
 namespace vk {
 
-ClockLine::ClockLine(Clock& clock, const LocaleInfo& locale, PlayerView& view)
-    : clock_(clock), locale_(locale), view_(view), notice_(clock.MakeTimer([this] {
+ClockLine::ClockLine(Base& base, PlayerView& view)
+    : base_(base), view_(view), notice_(base.clock.MakeTimer([this] {
           notice_->Stop();
           Refresh();
       })) {}
 
 void ClockLine::Refresh() {
     if (notice_->Enabled()) return;
-    const DateTime now = clock_.Now();
-    const std::string text = locale_.LongDate(now) + "    " + locale_.ShortTime(now);
+    const DateTime now = base_.clock.Now();
+    const std::string text = base_.locale.LongDate(now) + "    " + base_.locale.ShortTime(now);
     if (text != shown_) view_.ShowClock(text);
     shown_ = text;
 }

@@ -1,8 +1,7 @@
 // Date and time on the player's screen, and what stands in their place for a moment.
 #pragma once
 
-#include "platform/clock.h"
-#include "platform/locale_info.h"
+#include "core/base.h"
 #include "playback/audio/player_view.h"
 
 #include <memory>
@@ -12,7 +11,8 @@ namespace vk {
 
 class ClockLine {
   public:
-    ClockLine(Clock& clock, const LocaleInfo& locale, PlayerView& view);
+    /// Both outlive this object.
+    ClockLine(Base& base, PlayerView& view);
 
     /// Shows the time when it has changed, unless a notice stands.
     void Refresh();
@@ -24,8 +24,7 @@ class ClockLine {
   private:
     static constexpr int ProblemMs = 4000;
 
-    Clock& clock_;
-    const LocaleInfo& locale_;
+    Base& base_;
     PlayerView& view_;
     std::unique_ptr<Timer> notice_; ///< runs while a notice stands
     std::string shown_;

@@ -1,7 +1,6 @@
 #include "playback/audio/cover_art.h"
 
 #include "platform/paths.h"
-#include "playback/audio/busy_guard.h"
 
 namespace vk {
 
@@ -15,37 +14,30 @@ bool IsTurn(int second) {
 
 } // namespace
 
+void CoverArt::Forget() {
+    pictures_.clear();
+    CoverIndex = 0;
+}
+
 void CoverArt::Hide() {
-    pictures_.clear();
+    Forget();
     logged_.clear();
-    CoverIndex = 0;
-    n_.view.HideCover();
+    view_.HideCover();
 }
 
-void CoverArt::ShowCoverArt(const std::string& item) {
-    pictures_.clear();
-    CoverIndex = 0;
-    if (n_.audio.PlayMode == PlayFM)
-        ShowFile(StationPicture(n_.appDir, item));
-    else if (n_.audio.PlayMode == PlayXM)
-        ShowFile(n_.xmLogo ? n_.xmLogo(item) : "");
-    else if (n_.audio.PlayMode == PlayAudio && !n_.audio.OnDisc() && !item.empty())
-        ShowTrack(item);
-    else
-        n_.view.HideCover();
+void CoverArt::ShowCoverArt(const std::string& track) {
+    Forget();
+    Show({{}, track, JoinPath(base_.settings.AppDir(), TemporaryName)}, true);
 }
 
-void CoverArt::ShowFile(const std::string& picture) {
-    if (picture.empty()) return n_.view.HideCover();
-    Show({picture, {}, {}}, false);
-}
-
-void CoverArt::ShowTrack(const std::string& path) {
-    Show({{}, path, JoinPath(n_.appDir, TemporaryName)}, true);
+void CoverArt::ShowPicture(const std::string& file) {
+    Forget();
+    if (file.empty()) return view_.HideCover();
+    Show({file, {}, {}}, false);
 }
 
 void CoverArt::Show(const CoverRequest& request, bool takePictures) {
-    n_.view.LoadCover(request, [this, takePictures](const CoverOutcome& outcome) {
+    view_.LoadCover(request, [this, takePictures](const CoverOutcome& outcome) {
         if (!outcome.error.empty()) LogOnce(outcome.error);
         if (!takePictures) return;
         pictures_ = outcome.pictures;
@@ -56,7 +48,7 @@ void CoverArt::Show(const CoverRequest& request, bool takePictures) {
 // A bad picture comes round again every minute, and with every track of its folder.
 void CoverArt::LogOnce(const std::string& error) {
     if (!logged_.insert(error).second) return;
-    n_.log.WriteDebugLog("error in playmp3.ShowCoverArt(), " + error);
+    base_.log.WriteDebugLog("error in playmp3.ShowCoverArt(), " + error);
 }
 
 void CoverArt::EverySecond() {
@@ -66,8 +58,7 @@ void CoverArt::EverySecond() {
 }
 
 void CoverArt::NextPicture() {
-    if (n_.audio.PlayMode != PlayAudio || CoverIndex < 1) return;
-    const BusyGuard busy(n_.app.ListBusy);
+    if (CoverIndex < 1) return;
     if (static_cast<std::size_t>(++CoverIndex) > pictures_.size()) CoverIndex = 1;
     Show({pictures_[static_cast<std::size_t>(CoverIndex) - 1], {}, {}}, false);
 }

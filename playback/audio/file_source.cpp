@@ -1,18 +1,20 @@
 #include "playback/audio/file_source.h"
 
+#include "core/optical_drive.h"
 #include "core/text.h"
 #include "library/lists/list_file.h"
 #include "platform/files.h"
 #include "platform/paths.h"
-#include "playback/audio/busy_guard.h"
+#include "playback/resume.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace vk {
 
 namespace {
 
-constexpr int PlayPolls = 100;
+constexpr int PlayMs = 5000;
 constexpr int PollMs = 50;
 constexpr const char* ExpandedName = "vk_audio_expanded.m3u";
 
@@ -24,196 +26,250 @@ struct LoadingSign {
 
 } // namespace
 
-FileSource::FileSource(Needs needs)
-    : n_(std::move(needs)), position_(n_.winamp, n_.clock, n_.app.InSuspend),
-      saved_({n_.audio, n_.winamp, n_.settings, n_.clock, position_}) {}
+FileSource::FileSource(const SourceContext& context, cWinamp& winamp, CatalogueQuery query)
+    : c_(context), audio_(c_.audio), view_(c_.view), winamp_(winamp), query_(std::move(query)),
+      position_(winamp, c_.base.clock, c_.base.state.InSuspend),
+      saved_({audio_, winamp, c_.base.settings, c_.base.clock, position_}) {}
+
+// Coming and going -------------------------------------------------------------------------------
+
+bool FileSource::CanPlay() {
+    if (HasListToResume(c_.base.settings)) return true;
+    c_.clockLine.ShowProblem(NothingToResume);
+    return false;
+}
+
+bool FileSource::SwitchTo() {
+    const ResumeResult result = PrepareResume(c_.base.settings, c_.base.volumes, audio_);
+    if (result == ResumeResult::NoList) c_.clockLine.ShowProblem(NothingToResume);
+    if (result != ResumeResult::Ready) return result == ResumeResult::NoList;
+    audio_.bResuming = true; // the button means it, whatever the start of the system does
+    audio_.ListTitle.clear();
+    c_.shuffle.Show();
+    LoadPlaylist();
+    return true;
+}
+
+// Shuffle is shown before anything can save it.
+void FileSource::Enter() {
+    if (FileLength(audio_.ListFile) > 0) c_.shuffle.Show();
+    if (audio_.bStartPlaying || audio_.ListFile != shownList_) LoadPlaylist();
+}
+
+void FileSource::GiveWay() {
+    saved_.Stop();
+    position_.Forget();
+    Unpause();
+    if (winamp_.WinAMP_GetStatus() == "1") Command(WinampStop);
+}
+
+void FileSource::Stop() {
+    saved_.Stop();
+    winamp_.WinAMP_ClearPlaylist();
+    Command(WinampStop);
+}
+
+void FileSource::Save() {
+    saved_.SaveAll();
+    c_.base.log.WriteDebugLog("saved audio data");
+}
+
+bool FileSource::IsGone() {
+    if (!audio_.OnDisc()) return false;
+    const Volumes& volumes = c_.base.volumes;
+    const std::string drive = OpticalRoot(volumes, c_.base.settings.values.CDDriveLetter);
+    return !drive.empty() && !volumes.IsReady(drive);
+}
+
+// The list ---------------------------------------------------------------------------------------
 
 void FileSource::LoadPlaylist() {
-    const BusyGuard busy(n_.app.ListBusy);
-    n_.audio.CurrentTrack = n_.audio.TrackToSelect - 1;
-    if (!FileExists(n_.audio.ListFile)) return UpdateScreen();
-    const LoadingSign sign{n_.view};
-    n_.view.ShowLoading("Loading");
-    if (n_.audio.bStartPlaying) BeginList();
-    ReadList();
-    if (n_.audio.PlayMode != PlayAudio) return; // the player was left while the list was read
-    if (n_.audio.bStartPlaying) return StartPlaying();
-    Select(n_.audio.CurrentTrack);
+    shownList_ = audio_.ListFile;
+    audio_.CurrentTrack = audio_.TrackToSelect - 1;
+    if (!FileExists(audio_.ListFile)) return UpdateScreen();
+    const LoadingSign sign{view_};
+    view_.ShowLoading("Loading");
+    if (audio_.bStartPlaying) BeginList();
+    if (!ReadList()) return shownList_.clear();
+    if (audio_.bStartPlaying) return StartPlaying();
+    Select(audio_.CurrentTrack);
     UpdateScreen();
 }
 
 // What is on show is no longer what is to be heard.
 void FileSource::BeginList() {
-    saved_.Loading(n_.audio.bResuming ? n_.audio.ResumePosition : 0);
+    saved_.Loading(audio_.bResuming ? audio_.ResumePosition : 0);
     position_.NewTrack();
     bitRateKnown_ = true;
-    n_.view.ShowArtist("");
-    n_.view.ShowTitle("");
-    n_.view.ShowBitRate("");
+    view_.ShowArtist("");
+    view_.ShowTitle("");
+    view_.ShowBitRate("");
     ShowTrackTime();
 }
 
 void FileSource::Select(std::int32_t index) {
-    n_.rows.Select(index);
-    n_.view.ReDrawList();
+    c_.rows.Select(index);
+    view_.ReDrawList();
 }
 
-void FileSource::ReadList() {
+// False when the user leaves meanwhile; the rows are then those of before.
+bool FileSource::ReadList() {
+    Work work(c_.base.pump, "a list that is read");
     TrackListNeeds needs;
-    needs.query = n_.query;
-    needs.log = [this](const std::string& text) { n_.log.WriteDebugLog(text); };
-    needs.progress = [this](int percent) {
-        n_.view.ShowLoading("Loading " + std::to_string(percent) + "%");
-        n_.clock.DoEvents(0);
+    needs.query = query_;
+    needs.log = [this](const std::string& text) { c_.base.log.WriteDebugLog(text); };
+    needs.progress = [&](int percent) {
+        view_.ShowLoading("Loading " + std::to_string(percent) + "%");
+        return work.Pulse();
     };
-    TrackList list = ReadTrackList(n_.audio.ListFile, n_.audio.TrackToSelect, needs);
+    TrackList list = ReadTrackList(audio_.ListFile, audio_.TrackToSelect, needs);
+    if (list.ended) return false;
     HandOver(list);
+    TakeList(list);
+    c_.rows.Load(std::move(list.tracks), audio_.CurrentTrack);
+    return !work.Ended();
+}
+
+void FileSource::TakeList(const TrackList& list) {
     const auto last = static_cast<std::int32_t>(list.tracks.size()) - 1;
     // Where no file is there the medium is missing, not the entry.
-    if (list.wantedMissing && last >= 0) n_.audio.bResuming = false;
+    if (list.wantedMissing && last >= 0) audio_.bResuming = false;
     // A resumed list comes without a title, or with its own path for one.
-    if (n_.audio.ListTitle.empty() || n_.audio.ListTitle == n_.audio.ListFile)
-        n_.audio.ListTitle = list.title;
-    if (last >= 0) n_.audio.CurrentTrack = std::clamp(n_.audio.CurrentTrack, 0, last);
+    if (audio_.ListTitle.empty() || audio_.ListTitle == audio_.ListFile)
+        audio_.ListTitle = list.title;
+    if (last >= 0) audio_.CurrentTrack = std::clamp(audio_.CurrentTrack, 0, last);
     // A resumed list without a name is called after the folder of its track.
-    if (n_.audio.ListTitle.empty() && last >= 0) {
-        const auto& track = list.tracks[static_cast<std::size_t>(n_.audio.CurrentTrack)];
-        n_.audio.ListTitle = ReplaceAll(ToUtf8(FileNameOf(FolderOf(track.path))), "_", " ");
+    if (audio_.ListTitle.empty() && last >= 0) {
+        const auto& track = list.tracks[static_cast<std::size_t>(audio_.CurrentTrack)];
+        audio_.ListTitle = ReplaceAll(ToUtf8(FileNameOf(FolderOf(track.path))), "_", " ");
     }
-    n_.rows.Load(std::move(list.tracks), n_.audio.CurrentTrack);
-    n_.view.ShowListTitle(n_.audio.ListTitle);
+    view_.ShowListTitle(audio_.ListTitle);
 }
 
 // The player process knows no queries: it gets a copy with what they have found, so that both
 // number the list alike.
 void FileSource::HandOver(const TrackList& list) {
-    handedOver_ = n_.audio.ListFile;
+    handedOver_ = audio_.ListFile;
     if (!list.expanded) return;
     std::vector<std::string> paths;
     for (const Track& track : list.tracks)
         paths.push_back(track.path);
-    const std::string copy = n_.settings.File(ExpandedName);
+    const std::string copy = c_.base.settings.File(ExpandedName);
     std::string reason;
     if (WriteListFile(copy, "", paths, &reason))
         handedOver_ = copy;
     else
-        n_.log.WriteDebugLog("could not write " + ToUtf8(copy) + ": " + reason);
+        c_.base.log.WriteDebugLog("could not write " + ToUtf8(copy) + ": " + reason);
 }
 
 // The order of the messages is what the player process relies on: it must have stopped and emptied
 // its list before the new one comes in, and the entry is chosen in the new list.
 void FileSource::StartPlaying() {
-    Select(n_.audio.CurrentTrack);
-    n_.audio.PlayingIndex = n_.audio.CurrentTrack;
-    n_.audio.bStartPlaying = false;
+    Select(audio_.CurrentTrack);
+    audio_.PlayingIndex = audio_.CurrentTrack;
+    audio_.bStartPlaying = false;
     started_ = false;
     Unpause();
     Command(WinampStop);
-    n_.winamp.WinAMP_ClearPlaylist();
-    if (n_.rows.Count() == 0) return NotStarted("The files of this list are not there.");
-    n_.winamp.WinAMP_OpenFile(handedOver_);
-    n_.winamp.WinAMP_loadtracknum(n_.audio.CurrentTrack);
+    winamp_.WinAMP_ClearPlaylist();
+    if (c_.rows.Count() == 0) return NotStarted("The files of this list are not there.");
+    winamp_.WinAMP_OpenFile(handedOver_);
+    winamp_.WinAMP_loadtracknum(audio_.CurrentTrack);
     Command(WinampPlay);
-    n_.view.ShowLoading("Loading");
+    view_.ShowLoading("Loading");
     if (!WaitForPlay()) return;
     started_ = true;
-    const std::int32_t position = Resume();
-    if (n_.audio.PlayMode != PlayAudio) return; // left in the events of the seek
-    saved_.Started(position);
+    saved_.Started(SeekToResume());
     UpdateScreen();
 }
 
 bool FileSource::Playing() {
-    const std::string status = n_.winamp.WinAMP_GetStatus();
+    const std::string status = winamp_.WinAMP_GetStatus();
     return status == "1" || status == "2";
 }
 
 void FileSource::NotStarted(const std::string& notice) {
     saved_.NotStarted();
-    n_.notice(notice);
+    c_.clockLine.ShowProblem(notice);
 }
 
-// Events run in here: the user may have left the player before it answers. A pause (the ignition)
-// may come in between as well.
+// It is asked when it has had a moment to begin. False as well when the user leaves meanwhile. A
+// pause (the ignition) may come in between.
 bool FileSource::WaitForPlay() {
-    const std::string list = n_.audio.ListFile;
-    for (int count = 1;; ++count) {
-        n_.clock.DoEvents(0);
-        n_.clock.Sleep(PollMs);
-        if (n_.audio.PlayMode != PlayAudio || n_.audio.ListFile != list) return false;
-        if (Playing()) return true;
-        if (count < PlayPolls) continue;
-        n_.log.WriteDebugLog("Winamp did not respond to play request in playmp3 form load");
-        NotStarted("This list cannot be played.");
-        return false;
-    }
+    bool asked = false;
+    const auto plays = [&] { return std::exchange(asked, true) && Playing(); };
+    const Waited waited = c_.base.pump.Until({"the player's start", plays, PlayMs, PollMs});
+    if (waited != Waited::TimedOut) return waited == Waited::Done;
+    c_.base.log.WriteDebugLog("Winamp did not respond to play request in playmp3 form load");
+    NotStarted("This list cannot be played.");
+    return false;
 }
 
 // The seconds that it goes on at.
-std::int32_t FileSource::Resume() {
-    const bool seeks = n_.audio.bResuming && n_.audio.ResumePosition != 0;
-    n_.audio.bResuming = false;
+std::int32_t FileSource::SeekToResume() {
+    const bool seeks = audio_.bResuming && audio_.ResumePosition != 0;
+    audio_.bResuming = false;
     if (seeks) {
-        const std::string seconds = std::to_string(n_.audio.ResumePosition);
-        n_.winamp.WinAMP_SeekToPosition(n_.audio.ResumePosition);
-        n_.log.WriteDebugLog("resume to position " + seconds + " of current track");
+        const std::string seconds = std::to_string(audio_.ResumePosition);
+        winamp_.WinAMP_SeekToPosition(audio_.ResumePosition);
+        c_.base.log.WriteDebugLog("resume to position " + seconds + " of current track");
     }
-    return seeks ? n_.audio.ResumePosition : 0;
+    return seeks ? audio_.ResumePosition : 0;
 }
 
 void FileSource::UpdateScreen() {
-    const Track* track = n_.rows.Find(n_.audio.CurrentTrack);
+    const Track* track = c_.rows.Find(audio_.CurrentTrack);
     bitRateKnown_ = true;
     if (track && !track->IsDiscTrack()) {
         position_.NewTrack();
         bitRateKnown_ = false;
     }
-    n_.view.ShowArtist(track ? track->artist : "");
-    n_.view.ShowTitle(track ? track->title : "");
-    n_.view.ShowBitRate("");
+    view_.ShowArtist(track ? track->artist : "");
+    view_.ShowTitle(track ? track->title : "");
+    view_.ShowBitRate("");
     if (!bitRateKnown_) ShowBitRate();
-    n_.cover.ShowCoverArt(track && !track->IsDiscTrack() ? track->path : "");
+    const bool hasCover = track && !track->IsDiscTrack() && !audio_.OnDisc();
+    hasCover ? c_.cover.ShowCoverArt(track->path) : c_.cover.Hide();
 }
 
 // A track that has just been started may not have told its rate yet.
 void FileSource::ShowBitRate() {
-    const std::string rate = n_.winamp.WinAmp_GetBitRate();
+    const std::string rate = winamp_.WinAmp_GetBitRate();
     bitRateKnown_ = ParseInteger(rate).value_or(0) > 0;
-    if (bitRateKnown_) n_.view.ShowBitRate(rate + " KB/s");
+    if (bitRateKnown_) view_.ShowBitRate(rate + " KB/s");
 }
 
 void FileSource::runok() {
-    const std::int32_t selected = n_.rows.Selected();
+    const std::int32_t selected = c_.rows.Selected();
     if (!started_ && !Playing()) return StartAgain(selected);
-    if (!n_.rows.Find(selected)) return;
-    n_.audio.CurrentTrack = selected;
-    if (n_.audio.bPaused) {
+    if (!c_.rows.Find(selected)) return;
+    audio_.CurrentTrack = selected;
+    if (audio_.bPaused) {
         Unpause();
         Command(WinampPlay);
     }
-    if (selected == n_.audio.PlayingIndex) {
+    if (selected == audio_.PlayingIndex) {
         Command(WinampPlay);
         saved_.TrackChanged(); // to its beginning
         return position_.Forget();
     }
-    n_.audio.TrackToSelect = selected + 1;
-    n_.winamp.WinAMP_loadtracknum(selected);
+    audio_.TrackToSelect = selected + 1;
+    winamp_.WinAMP_loadtracknum(selected);
     Command(WinampPlay);
     Select(selected);
     UpdateScreen();
-    n_.audio.PlayingIndex = selected;
+    audio_.PlayingIndex = selected;
     position_.Forget();
     saved_.TrackChanged();
 }
 
 // The start of the list has failed: its files or the player process may be there by now.
 void FileSource::StartAgain(std::int32_t selected) {
-    if (n_.app.ListBusy) return;
-    if (n_.rows.Find(selected) && selected != n_.audio.CurrentTrack) {
-        n_.audio.TrackToSelect = selected + 1;
-        n_.audio.bResuming = false;
+    if (c_.rows.Find(selected) && selected != audio_.CurrentTrack) {
+        audio_.TrackToSelect = selected + 1;
+        audio_.bResuming = false;
     }
-    n_.audio.bStartPlaying = true;
+    audio_.bStartPlaying = true;
     LoadPlaylist();
 }
 
@@ -221,15 +277,15 @@ void FileSource::StartAgain(std::int32_t selected) {
 // counts only where the status behind it says that something plays.
 void FileSource::SkipTo(std::int32_t command) {
     Command(command);
-    const std::int32_t track = n_.winamp.WinAMP_gettracknum();
+    const std::int32_t track = winamp_.WinAMP_gettracknum();
     if (!Playing()) return;
     // A skip out of the pause may have ended it.
-    if (n_.audio.bPaused && n_.winamp.WinAMP_GetStatus() == "1") Unpause();
+    if (audio_.bPaused && winamp_.WinAMP_GetStatus() == "1") Unpause();
     ShowPlaying(track);
 }
 
 void FileSource::ShowPlaying(std::int32_t track) {
-    n_.audio.CurrentTrack = n_.audio.PlayingIndex = n_.audio.TrackToSelect = track;
+    audio_.CurrentTrack = audio_.PlayingIndex = audio_.TrackToSelect = track;
     Select(track);
     UpdateScreen();
     saved_.TrackChanged();
@@ -243,47 +299,41 @@ void FileSource::MoveBack() {
     SkipTo(WinampPrevious);
 }
 
-void FileSource::ShortPress(bool ahead) {
-    ahead ? MoveAhead() : MoveBack();
-}
-
 void FileSource::DoFF() {
     position_.Stepped();
-    n_.winamp.WinAMP_FF();
+    winamp_.WinAMP_FF();
 }
 
 void FileSource::DoRW() {
     position_.Stepped();
-    n_.winamp.WinAMP_RW();
+    winamp_.WinAMP_RW();
 }
 
 void FileSource::DoPlay() {
-    if (!n_.audio.bPaused) return runok();
+    if (!audio_.bPaused) return runok();
     Unpause();
     Command(WinampPlay);
 }
 
 void FileSource::DoPause() {
-    if (n_.audio.bPaused) {
+    if (audio_.bPaused) {
         Command(WinampPlay);
         return Unpause();
     }
     Command(WinampPause);
-    n_.view.SetButton(PlayerButton::Pause, "play.gif");
-    n_.audio.bPaused = true;
+    view_.SetButton(PlayerButton::Pause, "play.gif");
+    audio_.bPaused = true;
     saved_.SaveProgress();
 }
 
 void FileSource::Unpause() {
-    n_.audio.bPaused = false;
-    n_.view.SetButton(PlayerButton::Pause, "pause.gif");
+    audio_.bPaused = false;
+    view_.SetButton(PlayerButton::Pause, "pause.gif");
 }
 
 void FileSource::EverySecond() {
-    if (n_.app.ListBusy) return; // a list is on its way to the player process
     if (!started_ && Playing()) StartedLate();
-    position_.Refresh(n_.audio.bPaused);
-    if (n_.app.ListBusy || n_.audio.PlayMode != PlayAudio) return; // left in the events of it
+    position_.Refresh(audio_.bPaused);
     ShowTrackTime();
     if (!bitRateKnown_) ShowBitRate();
     FollowTrack();
@@ -298,42 +348,40 @@ void FileSource::StartedLate() {
 
 // There is no end-of-track event: the player process goes on by itself.
 void FileSource::FollowTrack() {
-    const std::int32_t track = n_.winamp.WinAMP_gettracknum();
-    if (track == n_.audio.CurrentTrack || !Playing()) return;
+    const std::int32_t track = winamp_.WinAMP_gettracknum();
+    if (track == audio_.CurrentTrack || !Playing()) return;
     ShowPlaying(track);
 }
 
 void FileSource::ShowTrackTime() {
-    n_.view.ShowTrackTime(position_.TrackTime(n_.settings.values.ShowElapsedTime));
-}
-
-void FileSource::Save() {
-    saved_.SaveAll();
-    n_.log.WriteDebugLog("saved audio data");
-}
-
-void FileSource::Stop() {
-    saved_.Stop();
-    n_.winamp.WinAMP_ClearPlaylist();
-    Command(WinampStop);
-}
-
-void FileSource::GiveWay() {
-    saved_.Stop();
-    position_.Forget();
-    Unpause();
-    if (n_.winamp.WinAMP_GetStatus() == "1") Command(WinampStop);
+    view_.ShowTrackTime(position_.TrackTime(c_.base.settings.values.ShowElapsedTime));
 }
 
 Favorite FileSource::SelectedFavorite() {
-    const Track* track = n_.rows.Find(n_.rows.Selected());
+    const Track* track = audio_.OnDisc() ? nullptr : c_.rows.Find(c_.rows.Selected());
     return track && !track->IsDiscTrack() ? AudioFavorite(track->path) : Favorite{};
 }
 
+// The player process is asked only where the stopwatch stands, as behind another screen.
+NowPlaying FileSource::Now() {
+    const Track* track = c_.rows.Find(audio_.CurrentTrack);
+    if (!track) return {};
+    const bool known = position_.Known();
+    const auto position =
+        known ? static_cast<std::int32_t>(position_.Position()) : winamp_.WinAMP_GetTrackPosition();
+    return {track->title, track->artist, position, winamp_.WinAMP_GetStatus() == "1"};
+}
+
 std::string FileSource::MediaTypeIcon() const {
-    if (!n_.audio.OnDisc()) return "mp3icon.gif";
-    const Track* track = n_.rows.Find(n_.audio.CurrentTrack);
+    if (!audio_.OnDisc()) return "mp3icon.gif";
+    const Track* track = c_.rows.Find(audio_.CurrentTrack);
     return track && track->IsDiscTrack() ? "cdicon.gif" : "mp3icon.gif";
+}
+
+SourceMaker AudioFiles(cWinamp& winamp, CatalogueQuery query) {
+    return [&winamp, query = std::move(query)](const SourceContext& context) {
+        return std::make_unique<FileSource>(context, winamp, query);
+    };
 }
 
 } // namespace vk

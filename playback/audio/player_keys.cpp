@@ -1,4 +1,4 @@
-// The keys of the audio player, and the remote's.
+// The keys of the audio player, the remote's, its wheel and its held buttons.
 #include "playback/audio/audio_player.h"
 
 namespace vk {
@@ -24,7 +24,7 @@ constexpr ActionRow<AudioPlayer> Rows[] = {
     {Action::forward, &AudioPlayer::MoveAhead},
     {Action::back, &AudioPlayer::MoveBack},
     {Action::mute, &AudioPlayer::domute},
-    {Action::addfav, &AudioPlayer::AddFavKBIR},
+    {Action::addfav, &AudioPlayer::AddToFavorites},
     {Action::MP3toRadio, &AudioPlayer::TSRadio2MP3Btn_Click},
     {Action::gps, &AudioPlayer::LoadGPS},
 };
@@ -36,12 +36,40 @@ bool AudioPlayer::Form_KeyDown(const std::string& code) {
 }
 
 bool AudioPlayer::DoAction(const InputCode& code) {
-    // While a list is on its way to the player process a press would meet half of it.
-    return n_.app.ListBusy || RunAction(*this, Rows, code);
+    return RunAction(*this, Rows, code);
 }
 
-void AudioPlayer::LoadGPS() {
-    if (n_.loadGPS) n_.loadGPS();
+void AudioPlayer::Wheel(int delta) {
+    if (delta == 0) return;
+    const bool up = delta > 0;
+    if (base_.settings.values.MouseFunction == 1) {
+        for (std::int32_t i = 0; i < base_.settings.values.WheelSteps(); ++i)
+            up ? VolUp() : VolDown();
+        return;
+    }
+    Ask(up ? "FineTuneUp" : "FineTuneDown", [&](PlayerSource& source) {
+        if (!source.WheelSteps()) return up ? MoveUp() : MoveDown();
+        up ? source.DoFF() : source.DoRW();
+    });
+}
+
+void AudioPlayer::DoHeld(HeldAction action) {
+    switch (action) {
+    case HeldNone:
+        return;
+    case HeldVolUp:
+        return VolUp();
+    case HeldVolDown:
+        return VolDown();
+    case HeldForward:
+        return DoFF();
+    case HeldRewind:
+        return DoRW();
+    case HeldScrollUp:
+        return MoveUp();
+    case HeldScrollDown:
+        return MoveDown();
+    }
 }
 
 } // namespace vk

@@ -71,8 +71,8 @@ std::optional<SavedState::Progress> SavedState::Now() {
     return wanted_ ? wanted_ : written_;
 }
 
-// The position goes first: when the power fails between the two writes, the old track starts a
-// little off instead of the new one in its middle.
+// Track and position are one replacement of the file: whenever the power fails, they belong
+// together.
 void SavedState::WriteProgress(const Progress& progress) {
     wanted_.reset();
     Write(progress);
@@ -80,14 +80,14 @@ void SavedState::WriteProgress(const Progress& progress) {
 
 void SavedState::Write(const Progress& progress) {
     if (written_ == progress) return;
-    n_.settings.Write("audio_player", "CurrentPosition", std::to_string(progress.position));
-    n_.settings.Write("audio_player", "CurrentTrack", std::to_string(progress.track));
+    n_.settings.Write({{setting::CurrentPosition, static_cast<double>(progress.position)},
+                       {setting::CurrentTrack, progress.track}});
     written_ = progress;
 }
 
 void SavedState::WriteList() {
-    n_.settings.Write("audio_player", "CurrentPlaylist", n_.audio.ListFile);
-    n_.settings.Write("audio_player", "VolumeSerial", std::to_string(n_.audio.VolumeSerial));
+    n_.settings.Write({{setting::currentplaylist, n_.audio.ListFile},
+                       {setting::AudioVolumeSerial, n_.audio.VolumeSerial}});
 }
 
 void SavedState::SaveAll() {

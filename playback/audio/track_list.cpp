@@ -24,8 +24,9 @@ class Reader {
 
     TrackList Read(const std::vector<std::string>& lines) {
         for (std::size_t i = 0; i < lines.size(); ++i) {
-            if (i % LinesAPulse == LinesAPulse - 1 && needs_.progress)
-                needs_.progress(static_cast<int>(i * 100 / lines.size()));
+            const bool pulse = i % LinesAPulse == LinesAPulse - 1 && needs_.progress;
+            list_.ended = pulse && !needs_.progress(static_cast<int>(i * 100 / lines.size()));
+            if (list_.ended) break;
             AddLine(lines[i], i == 0);
         }
         return std::move(list_);

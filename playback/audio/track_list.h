@@ -27,8 +27,9 @@ struct CatalogueRow {
 using CatalogueQuery = std::function<std::vector<CatalogueRow>(const std::string& sql)>;
 
 struct TrackListNeeds {
-    CatalogueQuery query;              ///< empty without a catalogue
-    std::function<void(int)> progress; ///< called now and then with the percentage that is done
+    CatalogueQuery query; ///< empty without a catalogue
+    /// Called now and then with the percentage that is done; false ends the reading.
+    std::function<bool(int)> progress;
     std::function<void(const std::string&)> log;
 };
 
@@ -39,6 +40,7 @@ struct TrackList {
     /// The entry number `wanted` was not there: it must not be resumed at a position.
     bool wantedMissing = false;
     bool expanded = false; ///< some tracks are a query's: the file itself does not name them
+    bool ended = false;    ///< `progress` has ended the reading
 };
 
 /// Reads a list: paths, ".CDA" lines and "# SELECT" queries side by side. Files that do not exist

@@ -31,32 +31,32 @@ void NameTrack(Track& track) {
 
 void TrackRows::Load(std::vector<Track> tracks, std::int32_t selected) {
     tracks_ = std::move(tracks);
-    ListModel& list = n_.list;
-    list.ClearAllArrays();
-    list.numberedList = n_.settings.values.numberedList;
-    list.HideDupes = n_.settings.values.hideDupeArtist;
-    if (list.HideDupes) ReadTagsForDuplicates();
+    list_.ClearAllArrays();
+    list_.numberedList = base_.settings.values.numberedList;
+    list_.HideDupes = base_.settings.values.hideDupeArtist;
+    if (list_.HideDupes) ReadTagsForDuplicates();
     for (std::int32_t i = 0; i < Count(); ++i)
         AddRow(i);
-    list.iSelected = selected;
-    list.iHighlight = -1;
-    list.LoadList();
+    list_.iSelected = selected;
+    list_.iHighlight = -1;
+    list_.LoadList();
     ReadTagsOnPage();
 }
 
 // The rule for the artist that all rows share needs every row's artist, but only as long as no two
 // differ: in most lists the second tag settles it.
 void TrackRows::ReadTagsForDuplicates() {
+    Work work(base_.pump, "the tags of a list");
     for (std::int32_t i = 0; i < Count(); ++i) {
         if (WithTag(i).artist != tracks_.front().artist) return;
-        if (i % TagsAPulse == TagsAPulse - 1 && n_.pulse) n_.pulse();
+        if (i % TagsAPulse == TagsAPulse - 1 && !work.Pulse()) return;
     }
 }
 
 std::string TrackRows::FirstText(std::int32_t index) const {
     const Track& track = tracks_[static_cast<std::size_t>(index)];
     std::string text;
-    if (n_.settings.values.numberedList) text = std::to_string(index + 1) + " - ";
+    if (base_.settings.values.numberedList) text = std::to_string(index + 1) + " - ";
     if (track.artist.empty()) return text + track.title;
     return text + track.artist + (track.title.empty() ? "" : " - ");
 }
@@ -64,15 +64,15 @@ std::string TrackRows::FirstText(std::int32_t index) const {
 void TrackRows::AddRow(std::int32_t index) {
     Track& track = tracks_[static_cast<std::size_t>(index)];
     if (!track.tagged) NameTrack(track);
-    n_.list.AddItem(FirstText(index), track.artist.empty() ? "" : track.title, track.path,
-                    RowPicture(track.path));
+    list_.AddItem(FirstText(index), track.artist.empty() ? "" : track.title, track.path,
+                  RowPicture(track.path));
 }
 
 Track& TrackRows::WithTag(std::int32_t index) {
     Track& track = tracks_[static_cast<std::size_t>(index)];
     if (track.tagged) return track;
     track.tagged = true;
-    const TagRecord tag = n_.tagOf ? n_.tagOf(track.path) : TagRecord{};
+    const TagRecord tag = tagOf_ ? tagOf_(track.path) : TagRecord{};
     if (tag.Artist.empty() && tag.Title.empty()) {
         NameTrack(track);
     } else {
@@ -87,20 +87,19 @@ const Track* TrackRows::Find(std::int32_t index) {
 }
 
 void TrackRows::ReadTagsOnPage() {
-    ListModel& list = n_.list;
-    readTop_ = list.TopRow();
-    const std::int32_t end = std::min(Count(), readTop_ + list.iMaxVis + 1);
+    readTop_ = list_.TopRow();
+    const std::int32_t end = std::min(Count(), readTop_ + list_.iMaxVis + 1);
     for (std::int32_t i = readTop_; i < end; ++i) {
         const Track& track = WithTag(i);
-        list.RplartistListItem(i, FirstText(i));
-        list.RplTitleListItem(i, track.artist.empty() ? "" : track.title);
+        list_.RplartistListItem(i, FirstText(i));
+        list_.RplTitleListItem(i, track.artist.empty() ? "" : track.title);
     }
 }
 
 void TrackRows::Select(std::int32_t index) {
     if (index < 0 || index >= Count()) return;
-    n_.list.iHighlight = index;
-    n_.list.SelectItem(index);
+    list_.iHighlight = index;
+    list_.SelectItem(index);
     ReadTagsOnPage();
 }
 

@@ -1,7 +1,7 @@
 // The player's tracks as rows of its list control.
 #pragma once
 
-#include "core/settings.h"
+#include "core/base.h"
 #include "library/tags/tag_record.h"
 #include "playback/audio/track_list.h"
 #include "skin/list_model.h"
@@ -21,27 +21,24 @@ using TagOfFile = std::function<TagRecord(const std::string& path)>;
 /// what is seen is the same as with all tags read first.
 class TrackRows {
   public:
-    struct Needs {
-        ListModel& list;
-        SettingsStore& settings;
-        TagOfFile tagOf;
-        std::function<void()> pulse; ///< called now and then where many tags must be read at once
-    };
-    explicit TrackRows(Needs needs) : n_(std::move(needs)) {}
+    /// `base` and `list` outlive this object.
+    TrackRows(Base& base, ListModel& list, TagOfFile tagOf)
+        : base_(base), list_(list), tagOf_(std::move(tagOf)) {}
 
-    /// Replaces all rows; `selected` is an entry of them.
+    /// Replaces all rows; `selected` is an entry of them. Events run inside where many tags must be
+    /// read at once.
     void Load(std::vector<Track> tracks, std::int32_t selected);
     /// Selects an entry and marks it as the one that plays; an index without entry changes nothing.
     void Select(std::int32_t index);
     /// Reads the tags of the page on show; to be called when the page has moved.
     void ReadTagsOnPage();
     /// True when the page has moved since its tags were read: a touch strip pages by itself.
-    bool PageHasMoved() const { return n_.list.TopRow() != readTop_; }
+    bool PageHasMoved() const { return list_.TopRow() != readTop_; }
 
     /// The track at `index` with its tag; null when there is none.
     const Track* Find(std::int32_t index);
     std::int32_t Count() const { return static_cast<std::int32_t>(tracks_.size()); }
-    std::int32_t Selected() const { return n_.list.GetSelectedSongNum(); }
+    std::int32_t Selected() const { return list_.GetSelectedSongNum(); }
 
   private:
     Track& WithTag(std::int32_t index);
@@ -49,7 +46,9 @@ class TrackRows {
     void AddRow(std::int32_t index);
     std::string FirstText(std::int32_t index) const;
 
-    Needs n_;
+    Base& base_;
+    ListModel& list_;
+    TagOfFile tagOf_;
     std::vector<Track> tracks_;
     std::int32_t readTop_ = 0; ///< top row of the page whose tags were read last
 };

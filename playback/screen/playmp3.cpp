@@ -67,7 +67,9 @@ playmp3::playmp3(const ControlContext& context, AudioPlayer::Needs needs, QWidge
     NameControls();
     MakeButtons();
     ConnectList();
-    TrackTimeLabel_.onClick = [this] { player_.TrackTimeLabel_Click(); };
+    TrackTimeLabel_.onClick = [this] {
+        context_.commands.Run([this] { player_.TrackTimeLabel_Click(); });
+    };
     lblShuffle_.SetText("Shuffle");
     lblShuffle_.hide();
     Vol_.hide();
@@ -114,26 +116,25 @@ void playmp3::MakeButtons() {
     HoldButton(TouchButtonId::VolumeDown, HeldVolDown);
     HoldButton(TouchButtonId::VolumeUp, HeldVolUp);
     const auto click = [this](TouchButtonId id, void (AudioPlayer::*operation)()) {
-        Button(id).onClick = [this, operation] {
-            if (!context_.state.ListBusy) (player_.*operation)();
-        };
+        Button(id).onClick = [this, operation] { (player_.*operation)(); };
     };
     click(TouchButtonId::DoQuit, &AudioPlayer::doquit);
+    Button(TouchButtonId::DoQuit).whileBusy = Commands::When::Interrupt;
     click(TouchButtonId::Swap, &AudioPlayer::Swap);
     click(TouchButtonId::RunOk, &AudioPlayer::runok);
     click(TouchButtonId::Pause, &AudioPlayer::DoPause);
     click(TouchButtonId::Shuffle, &AudioPlayer::setshuffle);
     click(TouchButtonId::Source, &AudioPlayer::TSRadio2MP3Btn_Click);
     Button(TouchButtonId::AddFavorite).onClick = [this] {
-        player_.TSAddFavBtn_Click();
+        player_.AddToFavorites();
         ShowUpperBar(false);
     };
     Button(TouchButtonId::PopUpMenu).onClick = [this] { ShowUpperBar(!upperOpen_); };
 }
 
 void playmp3::HoldButton(TouchButtonId id, HeldAction action) {
-    Button(id).onPress = [this, action] { player_.Press(action); };
-    Button(id).onRelease = [this](bool inside) { player_.Release(inside); };
+    Button(id).onPress = [this, action] { player_.buttons().Press(action); };
+    Button(id).onRelease = [this](bool inside) { player_.buttons().Release(inside); };
 }
 
 void playmp3::ConnectList() {
@@ -141,8 +142,10 @@ void playmp3::ConnectList() {
         ShowUpperBar(false);
         player_.runok();
     };
-    UCListBox_.onScrollStart = [this](int code) { player_.Press(static_cast<HeldAction>(code)); };
-    UCListBox_.onScrollStop = [this] { player_.Release(); };
+    UCListBox_.onScrollStart = [this](int code) {
+        player_.buttons().Press(static_cast<HeldAction>(code));
+    };
+    UCListBox_.onScrollStop = [this] { player_.buttons().Release(); };
 }
 
 void playmp3::ShowUpperBar(bool open) {
@@ -154,7 +157,7 @@ void playmp3::ShowUpperBar(bool open) {
 }
 
 void playmp3::wheelEvent(QWheelEvent* event) {
-    wheel_.Turn(*event, [this](int tick) { player_.Wheel(tick); });
+    wheel_.Turn(*event, [this](int tick) { context_.commands.Run([&] { player_.Wheel(tick); }); });
 }
 
 // Layout and look --------------------------------------------------------------------------------

@@ -27,26 +27,12 @@ class playmp3 : public QWidget, private PlayerView {
   public:
     playmp3(const ControlContext& context, AudioPlayer::Needs needs, QWidget* parent);
 
-    void runok() { player_.runok(); }
-    void MoveUp() { player_.MoveUp(); }
-    void MoveDown() { player_.MoveDown(); }
-    void MoveBack() { player_.MoveBack(); }
-    void MoveAhead() { player_.MoveAhead(); }
-    void VolUp() { player_.VolUp(); }
-    void VolDown() { player_.VolDown(); }
-    void doquit() { player_.doquit(); }
-    void ReShow() { player_.ReShow(); }
-    void ReDisplay() { player_.ReDisplay(); }
-    void DoPause() { player_.DoPause(); }
-    void switchingform() { player_.switchingform(); }
     void Hide() { hide(); }
-    bool Form_KeyDown(const std::string& code) { return player_.Form_KeyDown(code); }
-    bool DoAction(const InputCode& code) { return player_.DoAction(code); }
     /// Places every control for the configured size, and takes colours, fonts and pictures from
     /// the skin in use.
     void DoLayout();
 
-    /// The operations that not every screen has.
+    /// What is done on it.
     AudioPlayer& player() { return player_; }
 
   protected:

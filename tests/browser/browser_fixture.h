@@ -5,6 +5,7 @@
 #include "library/tags/tag_reader.h"
 #include "tests/support/core_fixture.h"
 #include "tests/support/recording_screen.h"
+#include "tests/support/sound_card.h"
 
 #include <gmock/gmock.h>
 
@@ -121,14 +122,14 @@ class BrowserTest : public testing::Test {
     /// Makes the browser now, so that a test can change the settings before.
     Browser& browser() {
         if (!made_)
-            made_ =
-                std::make_unique<Browser>(BrowserNeeds{core.base,
-                                                       state,
-                                                       keys,
-                                                       {tags, extensions, catalogue, &channels},
-                                                       {audio, video, [this] { ++audioStopped; },
-                                                        [this](std::int32_t) { return tuner; }}},
-                                          BrowserModels{list, rightList, entry}, view);
+            made_ = std::make_unique<Browser>(
+                BrowserNeeds{core.base,
+                             state,
+                             keys,
+                             {tags, extensions, catalogue, &channels},
+                             {audio, video, sound.loudness, player, [this] { ++audioStopped; },
+                              [this](std::int32_t) { return tuner; }}},
+                BrowserModels{list, rightList, entry}, view);
         return *made_;
     }
     void AddChannel(int number, const std::string& name, const std::string& category = {}) {
@@ -221,6 +222,7 @@ class BrowserTest : public testing::Test {
     AudioState audio;
     VideoState video;
     RecordingPlayerScreen player;
+    SoundCard sound{core};
     RecordingScreen menu, self;
     ID3 reader{{core.log, core.dialogs}, core.state.DecimalSymbol};
     MediaExtensions extensions;

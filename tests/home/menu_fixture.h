@@ -16,7 +16,7 @@ struct MenuFixture : StartFixture {
                 .audio = audio,
                 .browser = browser,
                 .winamp = winamp,
-                .volume = volume,
+                .loudness = loudness,
                 .doors = {.openSettings = [this] { ++settingsOpened; },
                           .unloadSettings =
                               [this] {
@@ -30,11 +30,12 @@ struct MenuFixture : StartFixture {
     }
     AudioState audio;
     BrowserState browser;
-    cWinamp winamp{{player, clock, report, app.Path()}};
+    cWinamp winamp{{player, pump, report, app.Path()}};
     Daylight daylight{base, skin};
     FakeMixer mixer;
     FakeWaveInput input;
     cVolume volume{{mixer, input, dialogs, report}};
+    Loudness loudness{base, volume};
     int exits = 0, settingsOpened = 0;
     bool settingsBusy = false; ///< a dialog of the settings is open
 };

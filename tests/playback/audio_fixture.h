@@ -3,10 +3,11 @@
 
 #include "input/key_map.h"
 #include "playback/audio/audio_player.h"
+#include "playback/audio/file_source.h"
 #include "tests/sim/recording_player.h"
 #include "tests/support/core_fixture.h"
-#include "tests/support/fake_mixer.h"
 #include "tests/support/recording_screen.h"
+#include "tests/support/sound_card.h"
 
 #include <map>
 #include <memory>
@@ -121,7 +122,7 @@ struct SimulatedProcess {
 
 struct AudioFixture : CoreFixture {
     SimulatedProcess process;
-    cWinamp winamp{{process.wire, clock, report, app.Path()}};
+    cWinamp winamp{{process.wire, pump, report, app.Path()}};
     AudioState audio;
     BrowserState browser;
     KeyMap keys;
@@ -131,11 +132,9 @@ struct AudioFixture : CoreFixture {
     std::map<std::string, TagRecord> tags; ///< by file name
     int tagsRead = 0;
     CatalogueQuery query;
-    FakeMixer mixer;
-    FakeWaveInput input;
-    std::unique_ptr<cVolume> volume; ///< made with the player
-    PlayerSource *fm = nullptr, *xm = nullptr;
-    std::function<std::string(const std::string&)> xmLogo;
+    SourceMakers sources;
+    SoundCard sound{*this};
+    FakeMixer& mixer = sound.mixer;
     std::unique_ptr<AudioPlayer> made;
 
     AudioFixture() {
@@ -147,18 +146,26 @@ struct AudioFixture : CoreFixture {
         screens.Add("velkorandum", menu);
         screens.Add("playlists", playlists);
     }
-    AudioPlayer::Needs Needs() {
+    AudioPlayer::Needs Needs(Loudness* other = nullptr) {
         const auto tagOf = [this](const std::string& path) {
             ++tagsRead;
             return tags[FileNameOf(path)];
         };
-        volume = std::make_unique<cVolume>(cVolume::Needs{mixer, input, dialogs, report});
-        return {audio,   browser, state,  winamp,  settings, keys,  clock, locale, volumes, window,
-                screens, log,     report, *volume, tagOf,    query, fm,    xm,     xmLogo};
+        sources[PlayAudio] = AudioFiles(winamp, query);
+        return {base, audio,   browser, winamp, other ? *other : sound.loudness,
+                keys, sources, tagOf};
     }
     AudioPlayer& player() {
         if (!made) made = std::make_unique<AudioPlayer>(Needs(), list, view);
         return *made;
+    }
+    /// An operation as a key asks for it: events run inside, and with them come ticks and keys.
+    void Command(void (AudioPlayer::*operation)()) {
+        commands.Run([this, operation] { (player().*operation)(); });
+    }
+    /// What a quit does to an operation that is under way.
+    void QuitMeanwhile() {
+        commands.Run(Commands::When::Interrupt, [this] { player().doquit(); });
     }
     void InsertDisc() {
         audio.VolumeSerial = 77;
@@ -187,12 +194,12 @@ struct AudioFixture : CoreFixture {
     void Show(const std::string& file, std::int32_t track = 1) {
         ChooseList(file, track);
         audio.bStartPlaying = false;
-        player().ReShow();
+        Command(&AudioPlayer::ReShow);
     }
     /// Chooses a list and enters the player.
     void Play(int count, std::int32_t track = 1) {
         Choose(count, track);
-        player().ReShow();
+        Command(&AudioPlayer::ReShow);
     }
     std::string Saved(const char* key) { return settings.Read("audio_player", key); }
 };

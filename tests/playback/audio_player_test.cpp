@@ -24,10 +24,10 @@ struct AudioPlayerTest : testing::Test, AudioFixture {
                 if (process.Count(command) > 0) seen.back() = letter;
         };
         settings.values.TSRepeatVal = repeatAfter;
-        player().Press(action);
+        player().buttons().Press(action);
         for (int tick = 0; tick < ticks; ++tick)
             watch([this] { clock.Advance(100); });
-        watch([&] { player().Release(inside); });
+        watch([&] { player().buttons().Release(inside); });
         watch([this] { clock.Advance(600); });
         return seen;
     }
@@ -72,11 +72,17 @@ TEST_F(AudioPlayerTest, SwapsToTheBrowserAndReturnsWithOrWithoutAChoice) {
     EXPECT_EQ(process.Count(WinampPlay), 0);
     clock.Advance(100);
     EXPECT_EQ(view.title, "Song3");
-    player().DoPause();
+    process.positionMs = 61000;
+    TransportLink transport; // what other screens see of it
+    EXPECT_EQ(transport.Now(), NowPlaying());
+    transport.Connect(&player());
+    EXPECT_EQ(transport.Now(), (NowPlaying{"Song3", "Artist3", 61, true}));
+    transport.DoPause();
+    EXPECT_FALSE(transport.Now().playing);
     player().Swap();
     Choose(8, 6);
     process.wire.sent.clear();
-    player().ReDisplay();
+    Command(&AudioPlayer::ReDisplay);
     EXPECT_EQ(process.Count(WinampStop), 2); // the old sound first, then the list's own
     EXPECT_EQ(process.State(), "playing 5 at 0");
     EXPECT_FALSE(audio.bPaused);
@@ -133,7 +139,7 @@ TEST_F(AudioPlayerTest, HoldsAndClicksTheStepButtonsAndStrips) {
         EXPECT_EQ(Trace(held.action, held.repeatAfter, held.ticks), held.trace) << held.action;
     EXPECT_EQ(Trace(HeldForward, 4, 2, false), "....") << "the finger has slid off";
     EXPECT_EQ(view.buttons[PlayerButton::FastForward], "ff.gif");
-    player().Press(HeldForward);
+    player().buttons().Press(HeldForward);
     EXPECT_EQ(view.buttons[PlayerButton::FastForward], "ffsel.gif");
     player().Swap(); // the screen goes under the finger
     EXPECT_EQ(view.buttons[PlayerButton::FastForward], "ff.gif");
@@ -162,7 +168,7 @@ TEST_F(AudioPlayerTest, ComesToTheFrontEachSecondWhenToldTo) {
     };
     Play(2);
     EXPECT_EQ(times(3), 0);
-    player().BringToFront(2);
+    player().ticks().BringToFront(2);
     EXPECT_EQ(times(5), 2);
     settings.values.alwaysontop = true;
     EXPECT_EQ(times(3), 3);
@@ -170,16 +176,24 @@ TEST_F(AudioPlayerTest, ComesToTheFrontEachSecondWhenToldTo) {
     EXPECT_EQ(times(3), 0);
 }
 
-TEST_F(AudioPlayerTest, IgnoresKeysWhileAListIsLoadedAndGoesOnAfterAFailure) {
-    int tried = 0;
-    clock.onEvents = [&] {
-        if (!state.ListBusy || audio.PlayMode != PlayAudio) return;
-        EXPECT_TRUE(player().Form_KeyDown("27"));
-        ++tried;
-    };
+TEST_F(AudioPlayerTest, AQuitEndsAStartThatHangsAtOnceAndAHeldButtonIsLetGoMeanwhile) {
     Play(2);
-    EXPECT_GT(tried, 0);
-    EXPECT_EQ(menu.Count("ReShow"), 0);
+    player().buttons().Press(HeldForward);
+    process.obeys = false;
+    process.status = 0;
+    clock.onEvents = [&] {
+        player().buttons().Release();
+        if (clock.TickMs() >= 1000) QuitMeanwhile();
+    };
+    Play(2); // events run inside: ticks and a click are dropped or wait
+    EXPECT_LE(clock.TickMs(), 1050);
+    EXPECT_EQ(menu.Count("ReShow"), 1);
+    EXPECT_EQ(process.Count(WinampForward) + process.Count(WinampNext), 0);
+    EXPECT_EQ(view.clocks.size(), 1u) << "it has not failed";
+}
+
+TEST_F(AudioPlayerTest, GoesOnAfterAFailure) {
+    Play(2);
     process.wire.broken = true;
     player().MoveAhead();
     EXPECT_TRUE(Logged("Error occured in Playmp3.MoveAhead wire cut"));
@@ -190,14 +204,13 @@ TEST_F(AudioPlayerTest, IgnoresKeysWhileAListIsLoadedAndGoesOnAfterAFailure) {
 
 TEST_F(AudioPlayerTest, WithoutTunerOrCardTheirOperationsDoNothing) {
     mixer.present = false;
+    cVolume none({mixer, sound.input, dialogs, report});
+    Loudness silence(base, none);
+    made = std::make_unique<AudioPlayer>(Needs(&silence), list, view);
     Play(2);
     EXPECT_EQ(dialogs.shown.back(), "No sound card detected.  You must install a sound card.");
     player().ReShow();
     EXPECT_EQ(dialogs.shown.size(), 1u); // told once, and after the music was started
-    player().SwitchToFM();
-    player().SwitchToXM();
-    EXPECT_EQ(process.status, 1);
-    EXPECT_EQ(audio.PlayMode, PlayAudio);
     audio.PlayMode = PlayFM;
     process.wire.sent.clear();
     for (const auto press : {&AudioPlayer::MoveAhead, &AudioPlayer::DoFF, &AudioPlayer::runok,
@@ -211,6 +224,7 @@ TEST_F(AudioPlayerTest, WithoutTunerOrCardTheirOperationsDoNothing) {
     clock.Advance(2000);
     EXPECT_TRUE(process.wire.sent.empty());
     EXPECT_TRUE(view.volumes.empty());
+    made.reset();
 }
 
 } // namespace vk::test

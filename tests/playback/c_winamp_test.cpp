@@ -13,7 +13,7 @@ using testing::IsEmpty;
 struct WinampTest : testing::Test {
     CoreFixture core;
     RecordingPlayer player;
-    cWinamp winamp{{player, core.clock, core.report, core.app.Path()}};
+    cWinamp winamp{{player, core.pump, core.report, core.app.Path()}};
 
     static auto Cmd(std::int32_t id) { return RecordingPlayer::Command(id); }
     static auto Ask(std::int32_t function, std::int32_t argument = 0) {
@@ -156,10 +156,10 @@ TEST_F(WinampTest, ErrorsAreReportedUnderTheOperationsNameOrPassedOn) {
 }
 
 TEST_F(WinampTest, TheEndEmptiesStopsAndClosesThePlayer) {
-    { cWinamp other({player, core.clock, core.report, core.app.Path()}); }
+    { cWinamp other({player, core.pump, core.report, core.app.Path()}); }
     EXPECT_THAT(player.sent, ElementsAre(Ask(101), Cmd(40047), Cmd(40001)));
     player.broken = true;
-    EXPECT_NO_THROW(cWinamp({player, core.clock, core.report, core.app.Path()}));
+    EXPECT_NO_THROW(cWinamp({player, core.pump, core.report, core.app.Path()}));
 }
 
 } // namespace

@@ -28,7 +28,7 @@ TEST_F(CoverArtTest, TurnsThePicturesOfTheFolderEveryFifteenSeconds) {
     for (const char* name : {"a.bmp", "b.GIF", "c.jpg", "d.JPEG", ".c.jpg", "e.png", "notes.txt"})
         Picture(name);
     bool busy = false;
-    view.onLoadCover = [&] { busy = state.ListBusy; };
+    view.onLoadCover = [&] { busy = commands.ListBusy(); };
     PlayAndLook();
     EXPECT_EQ(view.cover, "picture d.JPEG");
     std::vector<std::string> shown;
@@ -37,7 +37,6 @@ TEST_F(CoverArtTest, TurnsThePicturesOfTheFolderEveryFifteenSeconds) {
         clock.Advance(100);
         if (view.covers.size() == before) continue;
         EXPECT_TRUE(busy);
-        EXPECT_FALSE(state.ListBusy);
         view.FinishCover();
         shown.push_back(std::to_string(tick) + " " + view.cover);
     }
@@ -54,7 +53,7 @@ TEST_F(CoverArtTest, PrefersThePictureInTheTagAndRemovesItsFile) {
     Tagged("media/" + FileNameOf(Song(1)), "picture in tag");
     Tagged("media/" + FileNameOf(Song(2)), "broken");
     ChooseList(songs);
-    player().ReShow();
+    Command(&AudioPlayer::ReShow);
     view.FinishCover();
     EXPECT_EQ(view.cover, "picture in tag");
     EXPECT_FALSE(FileExists(app.File("coverart.tmp")));
@@ -90,7 +89,7 @@ TEST_F(CoverArtTest, OnePictureStandsStillADiscShowsItNotAndNoneHides) {
     EXPECT_EQ(view.covers.size(), 1u);
     for (const int disc : {77, 0}) {
         audio.VolumeSerial = disc;
-        player().UpdateScreen();
+        player().sources().Current()->UpdateScreen();
         view.FinishCover();
         EXPECT_EQ(view.cover, disc ? "" : "picture front.jpg");
     }
@@ -114,24 +113,18 @@ TEST_F(CoverArtTest, ABrokenPictureOfManyIsLoggedOnceAndPassedOver) {
     EXPECT_EQ(app.Read("debug.log").find(Error), app.Read("debug.log").rfind(Error));
 }
 
-TEST_F(CoverArtTest, StationsAndChannelsHaveTheirOwn) {
+TEST_F(CoverArtTest, StationsHaveTheirOwn) {
     for (const char* name : {"96.5.bmp", "96.5.png", "Radio One.gif"})
         app.Write(std::string("COMMON/FMPICS/") + name, std::string("picture ") + name);
-    xmLogo = [&](const std::string& channel) {
-        return channel == "12" ? app.Write("logo.gif", "picture 12") : std::string();
-    };
-    const auto show = [&](std::int32_t mode, const std::string& item) {
-        audio.PlayMode = mode;
-        player().ShowCoverArt(item);
+    CoverArt cover(base, view);
+    const auto show = [&](const std::string& station) {
+        cover.ShowPicture(StationPicture(app.Path(), station));
         view.FinishCover();
         return view.cover;
     };
-    EXPECT_EQ(show(PlayFM, "96.5"), "picture 96.5.png");
-    EXPECT_EQ(show(PlayFM, "Radio One"), "picture Radio One.gif");
-    EXPECT_EQ(show(PlayFM, "../FMPICS/96.5"), "");
-    EXPECT_EQ(show(PlayXM, "12"), "picture 12");
-    EXPECT_EQ(show(PlayXM, "13"), "");
-    EXPECT_EQ(show(PlayNone, "96.5"), "");
+    EXPECT_EQ(show("96.5"), "picture 96.5.png");
+    EXPECT_EQ(show("Radio One"), "picture Radio One.gif");
+    EXPECT_EQ(show("../FMPICS/96.5"), "");
 }
 
 } // namespace vk::test

@@ -30,13 +30,14 @@ TEST_F(PlayerKeysTest, EveryActionReachesItsOperationAndNoOther) {
         playlists.calls.clear();
         menu.calls.clear();
         level = 500;
-        if (state.bMuted) text = "mute";
+        if (sound.loudness.Fading() || sound.loudness.Muted()) text = "mute";
+        if (sound.loudness.Fading()) clock.Advance(5000);
+        if (sound.loudness.Muted()) sound.loudness.domute(), clock.Advance(5000);
+        process.wire.sent.clear();
         if (FileExists(app.File("favorites.m3u"))) text += "favourite";
         if (text.empty() && Logged("saved audio data")) text = "another source";
         for (const char* file : {"favorites.m3u", "debug.log"})
             std::filesystem::remove(app.File(file));
-        state.bMuted = false;
-        mixer.Mute(MixerLine::Master) = 0;
         if (text.empty()) return text; // nothing to bring back
         audio.bPaused = false;
         process.status = 1;

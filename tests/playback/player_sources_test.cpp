@@ -1,4 +1,5 @@
 #include "playback/audio/source_table.h"
+#include "playback/audio/tuner_source.h"
 #include "tests/playback/audio_fixture.h"
 
 #include <gmock/gmock.h>
@@ -9,52 +10,61 @@ namespace vk::test {
 
 using testing::ElementsAre;
 
-/// Records what it is asked for.
-struct FakeTuner : PlayerSource {
-    explicit FakeTuner(Favorite f) : favorite(std::move(f)) {}
-    bool Start() override {
-        Record("Start");
-        if (onStart) onStart();
-        return answers;
-    }
+/// What a simulated tuner does, and was asked for.
+struct TunerScript {
+    Favorite favorite;
+    const std::int32_t* line = nullptr; ///< the mute of its line
+    std::function<void()> onStart = {};
+    Waited answer = Waited::Done;
+    std::vector<std::string> calls = {}, muted = {}; ///< all, and those while its line was mute
+};
+
+class FakeTuner : public TunerSource {
+  public:
+    FakeTuner(const SourceContext& context, const TunerKind& kind, TunerScript& script)
+        : TunerSource(context, kind), script_(script) {}
     void LoadPlaylist() override { Record("LoadPlaylist"); }
     void UpdateScreen() override {}
     void runok() override {}
     void MoveAhead() override {}
     void MoveBack() override {}
-    void ShortPress(bool) override {}
-    void DoFF() override {}
-    void DoRW() override {}
+    void DoFF() override { Record("DoFF"); }
+    void DoRW() override { Record("DoRW"); }
     void DoPlay() override {}
     void DoPause() override {}
-    void Tick() override {}
     void EverySecond() override {}
-    void LeaveScreen() override {}
-    void Save() override { calls.push_back("Save"); }
-    void Stop() override { Record("Stop"); }
-    std::string MediaTypeIcon() const override { return "radio.gif"; }
-    Favorite SelectedFavorite() override { return favorite; }
+    void Save() override { script_.calls.push_back("Save"); }
+    Favorite SelectedFavorite() override { return script_.favorite; }
 
+  private:
+    Waited Start() override {
+        Record("Start");
+        const auto began = [&] {
+            if (script_.onStart) script_.onStart();
+            return script_.answer == Waited::Done;
+        };
+        return c_.base.pump.Until({"a tuner", began, 1000});
+    }
+    void PowerDown() override { Record("PowerDown"); }
     void Record(const std::string& call) {
-        calls.push_back(call);
-        if (line && *line != 0) muted.push_back(call);
+        script_.calls.push_back(call);
+        if (script_.line && *script_.line != 0) script_.muted.push_back(call);
     }
 
-    Favorite favorite;
-    std::vector<std::string> calls, muted; ///< all, and those while its line was mute
-    const std::int32_t* line = nullptr;
-    std::function<void()> onStart;
-    bool answers = true;
+    TunerScript& script_;
 };
 
 struct PlayerSourcesTest : testing::Test, AudioFixture {
-    FakeTuner fmTuner{FMFavorite("96.50")}, xmTuner{XMFavorite(12)};
+    TunerScript fmTuner{FMFavorite("96.50")}, xmTuner{XMFavorite(12)};
 
     PlayerSourcesTest() {
-        fm = &fmTuner;
-        xm = &xmTuner;
+        for (const auto& [kind, script] : {std::pair{&FMKind, &fmTuner}, {&XMKind, &xmTuner}})
+            sources[kind->mode] = [kind = kind, script = script](const SourceContext& context) {
+                return std::make_unique<FakeTuner>(context, *kind, *script);
+            };
         settings.values.dlink_enabled = settings.values.xmpcr_enabled = true;
     }
+    void Press() { Command(&AudioPlayer::TSRadio2MP3Btn_Click); }
     /// What the screen says of the source, and of the one that a press selects.
     std::string Said() {
         return view.listTitle + ", " + view.mediaType + ", " + view.buttons[PlayerButton::Source];
@@ -83,7 +93,7 @@ TEST_F(PlayerSourcesTest, OneButtonGoesThroughAllSourcesAndResumesTheMusic) {
     EXPECT_EQ(Said(), "media, mp3icon.gif, fm.gif");
     process.positionMs = 61000;
     clock.Advance(1000);
-    player().TSRadio2MP3Btn_Click();
+    Press();
     EXPECT_EQ(audio.PlayMode, PlayFM);
     EXPECT_EQ(process.status, 0);
     EXPECT_FALSE(audio.bShuffle || view.shuffle);
@@ -97,17 +107,17 @@ TEST_F(PlayerSourcesTest, OneButtonGoesThroughAllSourcesAndResumesTheMusic) {
     xmTuner.onStart = [&] {
         waiting = view.loading;
         EXPECT_EQ(audio.PlayMode, PlayFM);
-        player().TSRadio2MP3Btn_Click(); // pressed again while it starts
+        Press(); // again while it starts
     };
-    player().TSRadio2MP3Btn_Click();
+    Press();
     EXPECT_EQ(waiting, "Please wait while the XM channel list is initialized...");
     EXPECT_EQ(view.loading, "");
     EXPECT_EQ(Said(), "XM Satellite Radio, radio.gif, player.gif");
-    EXPECT_THAT(fmTuner.calls, testing::Contains("Stop"));
+    EXPECT_THAT(fmTuner.calls, testing::Contains("PowerDown"));
     EXPECT_EQ(xmTuner.calls.size(), 2u);
 
-    player().TSRadio2MP3Btn_Click();
-    EXPECT_EQ(xmTuner.calls.back(), "Stop");
+    Press();
+    EXPECT_EQ(xmTuner.calls.back(), "PowerDown");
     EXPECT_EQ(audio.PlayMode, PlayAudio);
     EXPECT_EQ(process.State(), "playing 3 at 61");
     EXPECT_TRUE(view.shuffle);
@@ -117,9 +127,11 @@ TEST_F(PlayerSourcesTest, OneButtonGoesThroughAllSourcesAndResumesTheMusic) {
 TEST_F(PlayerSourcesTest, StaysWhereItIsWhenTheNextSourceCannotPlay) {
     settings.values.xmpcr_enabled = false;
     audio.PlayMode = PlayFM;
-    player().ReShow();
+    Command(&AudioPlayer::ReShow);
+    player().Wheel(-1); // it tunes by steps
+    EXPECT_EQ(fmTuner.calls.back(), "DoRW");
     fmTuner.calls.clear();
-    player().TSRadio2MP3Btn_Click();
+    Press();
     EXPECT_EQ(view.clocks.back(), "You must first play an audio file before resuming.");
     EXPECT_EQ(audio.PlayMode, PlayFM);
     EXPECT_THAT(fmTuner.calls, ElementsAre("Save"));
@@ -128,33 +140,31 @@ TEST_F(PlayerSourcesTest, StaysWhereItIsWhenTheNextSourceCannotPlay) {
     settings.values.dlink_enabled = false;
     Play(2);
     EXPECT_EQ(Said(), "media, mp3icon.gif, player.gif");
-    for (const bool enabled : {false, true}) {
-        settings.values.dlink_enabled = state.ListBusy = enabled;
-        player().TSRadio2MP3Btn_Click();
-        EXPECT_EQ(audio.PlayMode, PlayAudio);
-    }
-    state.ListBusy = false;
+    Press();
+    EXPECT_EQ(audio.PlayMode, PlayAudio);
+    settings.values.dlink_enabled = true;
     settings.Write("audio_player", "VolumeSerial", "77"); // a list on a disc that is gone
     audio.PlayMode = PlayFM;
-    player().TSRadio2MP3Btn_Click();
+    Press();
     EXPECT_EQ(menu.Count("ReShow"), 1);
     EXPECT_EQ(audio.PlayMode, PlayNone);
 }
 
 TEST_F(PlayerSourcesTest, AReceiverThatDoesNotAnswerSaysSo) {
-    xmTuner.answers = false;
+    xmTuner.answer = Waited::TimedOut;
     state.FirstRadioType = 1;
     Play(2);
-    player().TSRadio2MP3Btn_Click();
+    Press();
     EXPECT_EQ(view.clocks.back(), "The radio is not available.");
     EXPECT_EQ(view.loading, "");
     EXPECT_EQ(xmTuner.calls.back(), "Start");
     EXPECT_EQ(audio.PlayMode, PlayXM);
     Play(2);
-    xmTuner.onStart = [&] { player().doquit(); };
-    player().SwitchToXM();
-    EXPECT_EQ(xmTuner.calls.back(), "Stop");
+    xmTuner.onStart = [&] { QuitMeanwhile(); };
+    Press();
+    EXPECT_EQ(xmTuner.calls.back(), "PowerDown");
     EXPECT_EQ(menu.Count("ReShow"), 1);
+    EXPECT_EQ(settings.Read("main", "LastPlayMode"), "3") << "it has not taken over";
 }
 
 TEST_F(PlayerSourcesTest, TheLineOfATunerIsMuteWhileItStartsAndStops) {
@@ -165,19 +175,19 @@ TEST_F(PlayerSourcesTest, TheLineOfATunerIsMuteWhileItStartsAndStops) {
     fmTuner.line = &line;
     xmTuner.line = &disc;
     Choose(2);
-    player().ReDisplay(); // silences tuners that were never on
+    Command(&AudioPlayer::ReDisplay); // silences tuners that were never on
     EXPECT_EQ(line, 1);
     fmTuner.muted.clear();
-    player().TSRadio2MP3Btn_Click();
+    Press();
     EXPECT_EQ(line, 0);
-    player().TSRadio2MP3Btn_Click();
+    Press();
     EXPECT_EQ(line, 1);
-    EXPECT_THAT(fmTuner.muted, ElementsAre("Start", "LoadPlaylist", "Stop"));
-    EXPECT_THAT(xmTuner.muted, ElementsAre("Start"));
+    EXPECT_THAT(fmTuner.muted, ElementsAre("Start", "LoadPlaylist", "PowerDown"));
+    EXPECT_THAT(xmTuner.muted, ElementsAre("PowerDown", "Start"));
     EXPECT_EQ(disc, 0);
-    xmTuner.answers = false;
+    xmTuner.answer = Waited::TimedOut;
     xmTuner.muted.clear();
-    player().ReShow(); // back from another screen
+    Command(&AudioPlayer::ReShow); // back from another screen
     EXPECT_THAT(xmTuner.muted, ElementsAre("Start"));
     EXPECT_EQ(disc, 0);
 }
@@ -198,8 +208,8 @@ TEST_F(PlayerSourcesTest, AddsEachSourcesFavouriteOnce) {
     for (const auto& c : cases) {
         app.Write(c.file, c.before);
         audio.PlayMode = c.mode;
-        player().AddFavKBIR();
-        player().TSAddFavBtn_Click();
+        for (int i = 0; i < 2; ++i)
+            player().AddToFavorites();
         EXPECT_EQ(app.Read(c.file), c.after);
     }
     app.Write("favorites.m3u", "");
@@ -214,20 +224,17 @@ TEST_F(PlayerSourcesTest, AddsEachSourcesFavouriteOnce) {
 
 TEST_F(PlayerSourcesTest, RefusesDiscsAndSaysWhatFailed) {
     Play(3, 2);
-    state.ListBusy = true;
-    player().TSAddFavBtn_Click();
-    state.ListBusy = false;
     audio.VolumeSerial = 77;
-    player().AddFavKBIR();
+    player().AddToFavorites();
     audio.VolumeSerial = -1;
     EXPECT_FALSE(FileExists(app.File("favorites.m3u")));
     app.MakeFolder("favorites.m3u"); // cannot be replaced
-    player().AddFavKBIR();
+    player().AddToFavorites();
     EXPECT_THAT(view.clocks.back(), testing::StartsWith("favorites.m3u cannot be written: "));
     EXPECT_TRUE(Logged("An error occured in playmp3.AddToFavorites() favorites.m3u cannot be"));
     std::filesystem::remove(app.File("favorites.m3u"));
     app.Write("favorites.m3u", std::string(17 << 20, 'x'));
-    player().AddFavKBIR();
+    player().AddToFavorites();
     EXPECT_EQ(FileLength(app.File("favorites.m3u")), 17u << 20);
     EXPECT_EQ(view.clocks.back(), "favorites.m3u cannot be read");
 }

@@ -9,7 +9,7 @@ using testing::ElementsAre;
 
 struct PositionClockTest : testing::Test, CoreFixture {
     SimulatedProcess process;
-    cWinamp winamp{{process.wire, clock, report, app.Path()}};
+    cWinamp winamp{{process.wire, pump, report, app.Path()}};
     PositionClock position{winamp, clock, state.InSuspend};
     PositionClockTest() { process.status = 1; }
     /// The position after each of so many seconds.

@@ -15,7 +15,7 @@ struct SavedStateTest : testing::Test, AudioFixture {
         settings.values.DoResume = true;
         settings.values.CDDriveLetter = "/media/disc";
         EXPECT_EQ(PrepareResume(settings, volumes, audio), ResumeResult::Ready);
-        player().ReShow();
+        Command(&AudioPlayer::ReShow);
         return process.State();
     }
     void PlayTo(std::int32_t seconds) {
@@ -72,7 +72,7 @@ TEST_F(SavedStateTest, AStartThatFailsOrIsCutOffLosesNothingAndOkTriesAgain) {
         clock.onEvents = {};
         process.obeys = true;
         app.Write("vk_audio.m3u", lines);
-        player().runok();
+        Command(&AudioPlayer::runok);
         EXPECT_EQ(process.State(), "playing 3 at 33");
     }
 }
@@ -124,6 +124,26 @@ TEST_F(SavedStateTest, SavesAllOfItOnLeavingAndMeanwhileOnlyWhatHasChanged) {
     EXPECT_TRUE(Logged("saved audio data"));
     player().Form_Unload(true);
     EXPECT_TRUE(Logged("form unloaded by administrative request - os shutdown"));
+}
+
+TEST_F(SavedStateTest, TrackAndPositionAreNeverOnTheDiskWithoutEachOther) {
+    struct Writer : DirectFileWriter {
+        std::uint64_t Replace(const std::string& path, std::string contents) override {
+            ++replaced;
+            return DirectFileWriter::Replace(path, std::move(contents));
+        }
+        int replaced = 0;
+    } writer;
+    Ini counted{state.DecimalSymbol, report, writer};
+    SettingsStore store{app.Path(), counted};
+    const PositionClock position{winamp, clock, state.InSuspend};
+    SavedState saved({audio, winamp, store, clock, position});
+    saved.Started(33);
+    writer.replaced = 0;
+    audio.CurrentTrack = 4;
+    saved.TrackChanged();
+    EXPECT_EQ(writer.replaced, 1);
+    EXPECT_EQ(SavedPlace(), "4 at 0");
 }
 
 struct ResumeTest : testing::Test, CoreFixture {

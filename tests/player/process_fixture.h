@@ -105,7 +105,7 @@ struct ProcessFixture : testing::Test {
     CoreFixture core;
     std::unique_ptr<PlayerWindow> window = MakePlayerWindow();
     std::unique_ptr<cWinamp> winamp =
-        std::make_unique<cWinamp>(WinampNeeds{*window, core.clock, core.report, core.app.Path()});
+        std::make_unique<cWinamp>(WinampNeeds{*window, core.pump, core.report, core.app.Path()});
 };
 
 } // namespace vk::test

@@ -27,9 +27,9 @@ struct Playmp3Test : testing::Test, AudioFixture {
         host.resize(size);
         host.show();
         screen = std::make_unique<playmp3>(context, Needs(), &host);
-        screens.Add("playmp3", *screen);
+        screens.Add("playmp3", screen->player(), *screen);
         if (tracks > 0) Choose(tracks, selected);
-        screen->ReShow();
+        screen->player().ReShow();
     }
     QWidget* Named(const char* name) { return screen->findChild<QWidget*>(name); }
     void Touch(QWidget* widget, QPoint at, int ticks = 0) {
@@ -60,7 +60,7 @@ TEST_F(Playmp3Test, TouchesReachTheOperations) {
     EXPECT_EQ(process.Count(WinampToggleShuffle), 1);
     Touch("TSswmpBtn");
     EXPECT_EQ(playlists.Count("ReShow"), 1);
-    screen->ReDisplay();
+    screen->player().ReDisplay();
     Touch("TSdoQuitBtn");
     EXPECT_EQ(menu.Count("ReShow"), 1);
 }
@@ -166,7 +166,7 @@ TEST_F(Playmp3Test, ShowsTheCoverOfTheTrack) {
     ASSERT_TRUE(Eventually([&] { return cover->isVisible(); }));
     EXPECT_EQ(cover->grab().toImage().pixelColor(cover->rect().center()), QColor(Qt::red));
     InsertDisc();
-    screen->player().UpdateScreen();
+    screen->player().sources().Current()->UpdateScreen();
     EXPECT_FALSE(cover->isVisible());
 }
 

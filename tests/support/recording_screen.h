@@ -1,6 +1,8 @@
 // Screens that only write down what was asked of them.
 #pragma once
 
+#include "playback/transport.h"
+
 #include <algorithm>
 #include <functional>
 #include <string>
@@ -50,11 +52,21 @@ class RecordingScreen {
     }
 };
 
-/// A player: it has an entry for the browser and a pause as well.
-class RecordingPlayerScreen : public RecordingScreen {
+/// A player: it has an entry for the browser and a tape deck's keys as well.
+class RecordingPlayerScreen : public RecordingScreen, public Transport {
   public:
     void ReDisplay() { Tell("ReDisplay"); }
-    void DoPause() { Tell("DoPause"); }
+    void DoPause() override { Tell("DoPause"); }
+    void DoPlay() override { Tell("DoPlay"); }
+    void MoveAhead() override { Tell("MoveAhead"); }
+    void MoveBack() override { Tell("MoveBack"); }
+    void DoFF() override { Tell("DoFF"); }
+    void DoRW() override { Tell("DoRW"); }
+    void doquit() override { Tell("doquit"); }
+    bool DoAction(const InputCode& code) override { return RecordingScreen::DoAction(code); }
+    NowPlaying Now() override { return now; }
+
+    NowPlaying now;
 };
 
 } // namespace vk::test

@@ -1,4 +1,4 @@
-#include "playback/audio/line_mute.h"
+#include "playback/line_mute.h"
 
 namespace vk {
 

@@ -1,26 +1,33 @@
-#include "playback/audio/player_volume.h"
+#include "playback/audio/volume_label.h"
+#include "playback/loudness.h"
 #include "tests/playback/audio_fixture.h"
 
 #include <gtest/gtest.h>
 
 namespace vk::test {
 
-struct PlayerVolumeTest : testing::Test, CoreFixture {
-    FakeMixer mixer;
-    FakeWaveInput input;
-    cVolume card{{mixer, input, dialogs, report}};
+struct LoudnessTest : testing::Test, CoreFixture {
+    SoundCard sound{*this};
+    FakeMixer& mixer = sound.mixer;
+    Loudness& volume = sound.loudness;
     RecordingView view;
-    PlayerVolume volume = Anew();
+    VolumeLabel label{base, volume, view};
     std::int32_t& master = mixer.Level(MixerLine::Master);
     std::int32_t& wave = mixer.Level(MixerLine::Wave);
     std::int32_t& muted = mixer.Mute(MixerLine::Master);
-    PlayerVolumeTest() {
+    LoudnessTest() {
         settings.values.AdjMainVol = true;
         settings.values.mutespeed = 50;
         master = 500;
     }
-    PlayerVolume Anew() { return PlayerVolume({card, settings, state, screens, clock, view}); }
     std::string Card() const { return std::to_string(master) + (muted ? " muted" : ""); }
+    /// Mutes or comes back, and waits for the end of the fade; its length in milliseconds.
+    int Fade() {
+        const std::int64_t begun = clock.TickMs();
+        for (volume.domute(); volume.Fading();)
+            clock.Advance(1);
+        return static_cast<int>(clock.TickMs() - begun);
+    }
     /// A card comes, or another one, as loud or as silent as it was switched on.
     std::string CardComes(std::int32_t scale, std::int32_t level, bool mute) {
         mixer.Change(true, scale);
@@ -30,16 +37,16 @@ struct PlayerVolumeTest : testing::Test, CoreFixture {
         return Card();
     }
     std::int32_t FirstLevel() {
-        volume.SetFirstLevel();
+        volume.Enter("audio_player");
         return master;
     }
 };
 
-TEST_F(PlayerVolumeTest, MovesByAFiftiethOfItsLineAndStopsAtTheEnds) {
+TEST_F(LoudnessTest, MovesByAFiftiethOfItsLineAndStopsAtTheEnds) {
     volume.VolUp();
     EXPECT_EQ(master, 520);
     EXPECT_EQ(view.volumes.back(), "      Volume : 52%");
-    EXPECT_EQ(state.VolumePercent, 52);
+    EXPECT_EQ(volume.Percent(), 52);
     EXPECT_EQ(wave, 0);
     master = 990;
     volume.VolUp();
@@ -55,133 +62,118 @@ TEST_F(PlayerVolumeTest, MovesByAFiftiethOfItsLineAndStopsAtTheEnds) {
     EXPECT_EQ(master, 32768 + 1310);
     EXPECT_EQ(wave, 259);
     clock.Advance(4000);
-    volume.HideWhenOld(false);
+    label.HideWhenOld(false);
     EXPECT_NE(view.volumes.back(), "");
     clock.Advance(1000);
-    volume.HideWhenOld(true);
+    label.HideWhenOld(true);
     EXPECT_NE(view.volumes.back(), "");
-    volume.HideWhenOld(false);
+    label.HideWhenOld(false);
     EXPECT_EQ(view.volumes.back(), "");
-    volume.domute();
-    EXPECT_EQ(clock.slept, 27 * 50);
+    EXPECT_NEAR(Fade(), 27 * 50, 20);
 }
 
-TEST_F(PlayerVolumeTest, FadesOutAndInAStepATickWithEventsAmongWhichKeysAreIgnored) {
-    std::vector<std::int32_t> steps;
-    settings.values.mutespeed = 20; // of a slower one events run meanwhile, too
-    clock.onEvents = [&] {
-        EXPECT_EQ(clock.slept, 20 * std::int64_t(steps.size() + 1));
-        steps.push_back(master);
+TEST_F(LoudnessTest, FadesOutAndInAStepATickWhileItsKeysAreIgnored) {
+    settings.values.mutespeed = 500; // as slow a one keeps the text on show
+    volume.domute();
+    EXPECT_EQ(view.volumes.back(), "      Volume : 48%");
+    for (int step = 2; step <= 25; ++step) {
+        clock.Advance(500);
+        EXPECT_EQ(master, 500 - 20 * step);
         volume.domute();
         volume.VolUp();
-        volume.HideWhenOld(false);
-    };
-    volume.domute();
-    ASSERT_EQ(steps.size(), 25u);
-    EXPECT_EQ(steps.front(), 480);
-    EXPECT_EQ(steps.back(), 0);
+        label.HideWhenOld(false);
+        EXPECT_EQ(volume.LevelToKeep("audio_player"), 500);
+    }
+    clock.Advance(500);
     EXPECT_EQ(view.volumes.size(), 26u);
     EXPECT_EQ(view.volumes.back(), "      Volume : Muted");
-    EXPECT_TRUE(state.bMuted);
-    clock.onEvents = {};
     volume.VolUp();
     EXPECT_EQ(Card(), "0 muted");
+    EXPECT_EQ(clock.slept + clock.eventRuns, 0) << "nothing waits for it";
     settings.values.mutespeed = 0;
-    clock.slept = 0;
-    volume.domute();
+    EXPECT_EQ(Fade(), 25);
     EXPECT_EQ(Card(), "500");
-    EXPECT_EQ(clock.slept, 25);
-    EXPECT_FALSE(state.bMuted);
+    EXPECT_FALSE(volume.Muted());
 }
 
-TEST_F(PlayerVolumeTest, AMuteWhileAListIsLoadedLeavesTheTitleAlone) {
-    state.ListBusy = true;
-    volume.domute();
+TEST_F(LoudnessTest, LeavesTheTitleAloneOfAListThatIsOnItsWay) {
+    pump.Until({"list", [&] { return Fade() > 0; }});
     EXPECT_TRUE(view.volumes.empty());
     EXPECT_EQ(muted, 1);
-    volume.domute();
-    EXPECT_EQ(view.volumes.back(), "      Volume : 50%");
 }
 
-TEST_F(PlayerVolumeTest, EndsTheFadeAtOnceWhenTheScreenIsLeft) {
+TEST_F(LoudnessTest, EndsTheFadeAtOnceWhenTheScreenIsLeft) {
+    settings.values.mutespeed = 1000;
     for (const char* end : {"0 muted", "500"}) {
-        clock.onEvents = [&] {
-            screens.CurrentForm = "velkorandum";
-            card.VolumeMute(state.bMuted); // as the menu does
-        };
         screens.CurrentForm = "playmp3";
-        clock.eventRuns = 0;
         volume.domute();
-        EXPECT_EQ(clock.eventRuns, 1);
+        screens.CurrentForm = "velkorandum";
+        volume.RestoreMute(); // as the menu does
+        clock.Advance(20);
         EXPECT_EQ(Card(), end);
+        EXPECT_FALSE(volume.Fading());
     }
-    clock.onEvents = {};
-    volume.domute(); // from another screen it fades
-    EXPECT_EQ(clock.eventRuns, 1 + 25 * 3);
+    EXPECT_NEAR(Fade(), 25 * 1000, 20) << "from another screen it fades";
 }
 
-TEST_F(PlayerVolumeTest, AMuteOutlivesItsScreenAndEndsWithTheLevelOfBefore) {
-    clock.onEvents = [&] { EXPECT_EQ(volume.LevelToKeep(), 500); };
-    volume.domute();
-    PlayerVolume anew = Anew();
-    EXPECT_EQ(anew.LevelToKeep(), 500);
+TEST_F(LoudnessTest, AMuteOutlivesItsScreenAndEndsWithTheLevelOfBefore) {
+    Fade();
+    EXPECT_EQ(volume.LevelToKeep("audio_player"), 500);
     view.volumes.clear();
+    VolumeLabel anew{base, volume, view};
     anew.Enter();
     EXPECT_EQ(view.volumes, std::vector<std::string>{"      Volume : Muted"});
-    anew.Unload();
+    volume.Unload();
     EXPECT_EQ(Card(), "500 muted");
-    volume.domute(); // from silence all the same
-    EXPECT_EQ(clock.slept, 2 * 25 * 50);
+    EXPECT_NEAR(Fade(), 25 * 50, 20) << "from silence all the same";
     EXPECT_EQ(Card(), "500");
-    clock.onEvents = [&] { volume.Unload(); }; // the system ends in the fade
     volume.domute();
+    volume.Unload(); // the system ends in the fade
     EXPECT_EQ(Card(), "500 muted");
 }
 
-TEST_F(PlayerVolumeTest, ACardWithoutAMuteIsSilencedByItsLevel) {
+TEST_F(LoudnessTest, ACardWithoutAMuteIsSilencedByItsLevel) {
     mixer.mutes = false;
     mixer.Change(true);
-    volume.domute();
+    Fade();
     volume.VolUp(); // locked
     EXPECT_EQ(CardComes(1000, 800, false), "0");
     volume.Unload();
     EXPECT_EQ(Card(), "0");
-    Anew().domute();
+    Fade();
     EXPECT_EQ(Card(), "500");
 }
 
-TEST_F(PlayerVolumeTest, ACardThatComesTakesOverMuteAndLevel) {
+TEST_F(LoudnessTest, ACardThatComesTakesOverMuteAndLevel) {
     volume.VolUp();
     EXPECT_EQ(CardComes(100, 100, true), "52");
-    volume.domute();
+    Fade();
     EXPECT_EQ(CardComes(1000, 900, false), "0 muted");
     mixer.Change(false);
-    EXPECT_EQ(volume.LevelToKeep(), std::nullopt);
-    volume.domute(); // while there is none
-    EXPECT_LE(clock.slept, (26 + 1) * 50) << "nothing to fade";
+    EXPECT_EQ(volume.LevelToKeep("audio_player"), std::nullopt);
+    EXPECT_EQ(Fade(), 0) << "nothing to fade while there is none";
     EXPECT_EQ(CardComes(1000, 1000, true), "520");
-    for (const char* end : {"0 muted", "52"}) { // into a fade
-        clock.onEvents = [&] {
-            if (mixer.maximum == 1000) CardComes(100, 100, true);
-        };
+    for (const char* end : {"0 muted", "52"}) {
         mixer.Change(true);
         volume.domute();
+        clock.Advance(100);
+        CardComes(100, 100, true); // into a fade
+        clock.Advance(5000);
         EXPECT_EQ(Card(), end);
     }
 }
 
-TEST_F(PlayerVolumeTest, EntersWithALevelOfItsOwnCutOnceARunWhenItIsLoud) {
+TEST_F(LoudnessTest, EachPlayerHasALevelOfItsOwnCutOnceARunWhenItIsLoud) {
     settings.values.safevolume = true;
     settings.values.safevol_value = 36;
     mixer.Change(false);
-    volume.SetFirstLevel();
+    FirstLevel();
     EXPECT_EQ(CardComes(1000, 800, false), "360"); // it gets what it missed
     settings.values.UseSplitVolume = true;
-    EXPECT_EQ(volume.LevelToKeep(), std::nullopt) << "another's, until the player is entered";
-    volume.Enter();
-    EXPECT_EQ(volume.LevelToKeep(), 360);
     master = 800;
     EXPECT_EQ(FirstLevel(), 800) << "none of its own yet";
+    EXPECT_EQ(volume.LevelToKeep("audio_player"), 800);
+    EXPECT_EQ(volume.LevelToKeep("video_player"), std::nullopt) << "another's";
     settings.Write("audio_player", "Volume", "440");
     settings.values.AdjMainVol = false;
     wave = 7;
@@ -191,8 +183,12 @@ TEST_F(PlayerVolumeTest, EntersWithALevelOfItsOwnCutOnceARunWhenItIsLoud) {
         settings.Write("audio_player", "Volume", otherCards);
         EXPECT_EQ(FirstLevel(), 440);
     }
-    state.SafeVolumeDone = false;
-    EXPECT_EQ(FirstLevel(), 360);
+    Loudness anew(base, sound.volume); // another run
+    anew.CutAtStart();
+    EXPECT_EQ(master, 360);
+    master = 440;
+    anew.Enter("audio_player");
+    EXPECT_EQ(master, 360) << "the player's own was still to come";
 }
 
 } // namespace vk::test

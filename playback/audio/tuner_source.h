@@ -1,0 +1,65 @@
+// What the tuners have in common: how they take over, how their line of the sound card is silent
+// meanwhile, and how they let go.
+#pragma once
+
+#include "playback/audio/source_context.h"
+
+#include <cstdint>
+#include <string>
+
+namespace vk {
+
+/// What is said where there is no tuner, or one that does not answer.
+inline constexpr const char* NoRadio = "The radio is not available.";
+
+/// In what the tuners differ.
+struct TunerKind {
+    PlayModeValue mode;
+    std::int32_t Settings::*audioInput; ///< the line of the sound card, see `LineMute`
+    const char* waitText;               ///< shown while it starts
+    /// It has channels, which have to be known first: it takes its mode when it has started (what
+    /// is saved before then is the old source's), and plays by itself. One without is tuned by
+    /// steps, at first as its list is loaded.
+    bool hasChannels;
+    /// Puts the list and the title into the state that it was left with.
+    void (*takeList)(SettingsStore& settings, AudioState& audio);
+};
+
+extern const TunerKind FMKind;
+extern const TunerKind XMKind;
+
+class TunerSource : public PlayerSource {
+  public:
+    TunerSource(const SourceContext& context, const TunerKind& kind) : c_(context), kind_(kind) {}
+
+    bool SwitchTo() final;
+    void Enter() final { Begin(false); }
+    void EnterAgain() final { c_.shuffle.ShowNone(); }
+    void GiveWay() final;
+    void Stop() final;
+    void Suspend() final { GiveWay(); }
+    void Resume() final { Enter(); }
+    bool RemembersChoice() const final { return kind_.hasChannels; }
+    bool WheelSteps() const final { return !kind_.hasChannels; }
+    std::string MediaTypeIcon() const final { return "radio.gif"; }
+
+  protected:
+    /// Makes it ready to play: its channels are known then. Waits by the pump, and comes back early
+    /// when that is ended; `TimedOut` when the tuner does not answer.
+    virtual Waited Start() = 0;
+    virtual void PowerDown() = 0;
+
+    const SourceContext c_;
+
+  private:
+    std::int32_t Input() const { return c_.base.settings.values.*kind_.audioInput; }
+    void TakeMode();
+    void Begin(bool switches);
+    Waited StartShown();
+    void ShowName();
+    void StartPlaying();
+
+    const TunerKind& kind_;
+};
+
+} // namespace vk
