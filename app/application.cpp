@@ -71,8 +71,8 @@ void Application::WayOut() {
 astart::Needs Application::StartNeeds() {
     const Ports& ports = host_.ports;
     return {.base = host_.base,
-            .machine = {ports.machine.processes, ports.machine.registry, ports.sound.player,
-                        ports.screen.metrics, ports.machine.environment},
+            .machine = {ports.machine.instance, ports.machine.programs, ports.machine.registry,
+                        ports.sound.player, ports.screen.metrics, ports.machine.environment},
             .loading = host_.background,
             .skin = host_.skin,
             .keys = host_.keys,

@@ -67,7 +67,9 @@ struct Watched : CoreFixture {
     CatalogueUpdates updates{{state, settings, screens, report, db,
                               [this](const ScanRequest& request) { server.Scan(request); },
                               [this] { server.Stop(); }}};
-    DB_OBJ server{JoinPath(VK_APP_DIR, "DB_UPDATE"), log, updates.Events()};
+    DB_OBJ server{JoinPath(VK_APP_DIR, "DB_UPDATE"),
+                  {log, clock, [] { return std::make_unique<QtChildProcess>(); }},
+                  updates.Events()};
 };
 
 void LongestStall(benchmark::State& state) {

@@ -34,7 +34,8 @@ class PrivatePlayer {
     PrivatePlayer(const PrivatePlayer&) = delete;
     PrivatePlayer& operator=(const PrivatePlayer&) = delete;
 
-    std::unique_ptr<PlayerWindow> window = MakePlayerWindow();
+    std::unique_ptr<Programs> programs = MakePrograms();
+    std::unique_ptr<PlayerWindow> window = MakePlayerWindow(*programs, VK_APP_DIR);
     WindowHandle handle = 0;
 
   private:

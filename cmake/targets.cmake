@@ -1,6 +1,8 @@
 # vk_library(<name> [QT] [SOURCES dir…] [LINK targets…]): a static library of all .cpp and .h files of
 # the current folder (or of the named folders).
 # vk_qt_library(<name> [SOURCES dir…] [LINK targets…]): the same on Qt's widgets; nothing in a build without Qt.
+# vk_host_headers(<name> headers…): a library of headers alone that lie beside the build machine's own, for a build
+# that must not see those.
 # vk_test(<folder> [ALONE] [LINK targets…]): the test program test_<folder> of tests/<folder>/*.cpp. ALONE: it starts
 # programs, which are kept apart from the user's and ended with it.
 
@@ -43,6 +45,17 @@ function(vk_qt_library name)
   if(NOT VK_PORTABLE_ONLY)
     vk_library(${name} QT ${ARGN})
   endif()
+endfunction()
+
+function(vk_host_headers name)
+  set(folder ${CMAKE_BINARY_DIR}/host_headers)
+  file(MAKE_DIRECTORY ${folder})
+  foreach(header IN LISTS ARGN)
+    find_path(VK_HOST_${header} ${header} PATHS /usr/include REQUIRED NO_CMAKE_FIND_ROOT_PATH)
+    file(CREATE_LINK ${VK_HOST_${header}}/${header} ${folder}/${header} SYMBOLIC)
+  endforeach()
+  add_library(${name} INTERFACE)
+  target_include_directories(${name} SYSTEM INTERFACE ${folder})
 endfunction()
 
 function(vk_program name)

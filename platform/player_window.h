@@ -2,6 +2,8 @@
 // in messages with one answer each.
 #pragma once
 
+#include "platform/programs.h"
+
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -14,6 +16,8 @@ using WindowHandle = std::uintptr_t;
 inline constexpr unsigned WM_COMMAND = 273;
 inline constexpr unsigned WM_USER = 1024;
 
+/// Destroying it ends what it has started: a player that has been asked to close gets half a second
+/// for it, a command line that has not done its work yet none.
 class PlayerWindow {
   public:
     virtual ~PlayerWindow() = default;
@@ -32,7 +36,8 @@ class PlayerWindow {
                            const std::string& folder) = 0;
 };
 
-/// The platform's own adapter.
-std::unique_ptr<PlayerWindow> MakePlayerWindow();
+/// The platform's own adapter. `folder` is the application directory: where players have no window,
+/// only the one of that folder is found.
+std::unique_ptr<PlayerWindow> MakePlayerWindow(Programs& programs, const std::string& folder);
 
 } // namespace vk

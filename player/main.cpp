@@ -35,8 +35,8 @@ int main(int count, char** words) {
     HoldEndSignals();
     const std::string file = FileToAdd(count, words);
     const auto entries = file.empty() ? std::vector<std::string>() : ListEntries(file);
-    const std::string path = PlayerSocketPath(PlayerWindowClass);
-    Instance instance(path);
+    const std::string path = PlayerSocketPath(PlayerWindowClass, ExecutableFolder());
+    Instance instance(path, PlayerSocketPath(PlayerWindowClass));
     const auto deadline = std::chrono::steady_clock::now() + ClaimTimeout;
     do {
         if (instance.Claim()) {

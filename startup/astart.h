@@ -5,8 +5,9 @@
 #include "input/key_map.h"
 #include "input/remote_map.h"
 #include "library/tags/media_type.h"
+#include "platform/instance_lock.h"
 #include "platform/player_window.h"
-#include "platform/processes.h"
+#include "platform/programs.h"
 #include "platform/registry.h"
 #include "platform/screen_metrics.h"
 #include "playback/c_winamp.h"
@@ -29,7 +30,8 @@ enum class StartOutcome {
 
 /// The machine as the start proves it.
 struct StartMachine {
-    const Processes& processes;
+    InstanceLock& instance;
+    Programs& programs;
     const Registry& registry;
     PlayerWindow& player;
     std::function<ScreenMetrics()> metrics;

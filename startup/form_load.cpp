@@ -74,7 +74,7 @@ bool astart::ReadMachine() {
 }
 
 bool astart::ProveEnvironment() {
-    if (n_.machine.processes.ProcessRunning("velkorandum.exe", n_.machine.processes.OwnId())) {
+    if (!n_.machine.instance.Claim(base_.settings.AppDir())) {
         base_.dialogs.ShowMessage(
             "Velkorandum is already running, or has not finished closing out from "
             "a previous instance.");
@@ -134,7 +134,9 @@ bool astart::ServerRegistered() {
     // One failed start is how the server gets registered.
     const std::string program =
         CatalogueServerProgram(n_.machine.registry, base_.settings.AppDir());
-    if (program.empty() || !n_.machine.player.RunHidden(program, "", base_.settings.AppDir()))
+    if (program.empty() ||
+        !n_.machine.programs.Start(
+            {.program = program, .folder = base_.settings.AppDir(), .hidden = true}))
         throw Error("no catalogue server");
     base_.dialogs.ShowMessage("DB_UPDATE.exe registered!  Restart the application");
     return false;

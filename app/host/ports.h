@@ -3,12 +3,14 @@
 
 #include "input/remote/remote.h"
 #include "platform/beeper.h"
+#include "platform/child_process.h"
 #include "platform/clock.h"
 #include "platform/fonts.h"
+#include "platform/instance_lock.h"
 #include "platform/locale_info.h"
 #include "platform/mixer.h"
 #include "platform/player_window.h"
-#include "platform/processes.h"
+#include "platform/programs.h"
 #include "platform/registry.h"
 #include "platform/screen_metrics.h"
 #include "platform/ui_thread.h"
@@ -26,7 +28,9 @@ struct MachinePorts {
     UiThread& ui;
     const LocaleInfo& locale;
     Volumes& volumes;
-    const Processes& processes;
+    Programs& programs;
+    InstanceLock& instance;
+    MakeChildProcess child; ///< programs that talk to us
     Registry& registry;
     std::function<std::string(const std::string&)> environment; ///< "" for a missing variable
 };

@@ -1,6 +1,7 @@
 #include "app/linux/linux_ports.h"
 
 #include "input/remote/uuirt_calls.h"
+#include "platform/qt/qt_child_process.h"
 #include "platform/qt/qt_local_stream.h"
 #include "platform/qt/qt_serial_port.h"
 #include "platform/qt/qt_window_layer.h"
@@ -19,7 +20,8 @@ std::string Environment(const std::string& name) {
 } // namespace
 
 Ports LinuxPorts::ports() {
-    return {.machine = {clock_, uiThread_, locale_, volumes_, processes_, registry_, Environment},
+    return {.machine = {clock_, uiThread_, locale_, volumes_, *programs_, *instance_,
+                        [] { return std::make_unique<QtChildProcess>(); }, registry_, Environment},
             .screen = {fonts_, QtScreenMetrics},
             .sound = {mixer_, soundInput_, *player_, beeper_, listener_},
             .remote = {.serial = [] { return std::make_unique<QtSerialPort>(); },

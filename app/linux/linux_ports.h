@@ -3,15 +3,16 @@
 
 #include "app/host/ports.h"
 #include "core/file_registry.h"
-#include "platform/linux/processes.h"
 #include "platform/linux/sound/alsa_input.h"
 #include "platform/linux/sound/alsa_mixer.h"
 #include "platform/linux/volumes.h"
+#include "platform/paths.h"
 #include "platform/qt/qt_beeper.h"
 #include "platform/qt/qt_clock.h"
 #include "platform/qt/qt_fonts.h"
 #include "platform/qt/qt_locale.h"
 #include "platform/qt/qt_ui_thread.h"
+#include "platform/serial_owners.h"
 
 #include <memory>
 #include <string>
@@ -33,13 +34,15 @@ class LinuxPorts {
     QtFonts fonts_;
     QtBeeper beeper_;
     LinuxVolumes volumes_;
-    LinuxProcesses processes_;
+    std::unique_ptr<Programs> programs_ = MakePrograms();
+    std::unique_ptr<InstanceLock> instance_ = MakeInstanceLock();
+    SerialOwners serialOwners_;
     FileRegistry registry_{UserRegistryFile()};
     SoundCardListener listener_;
     AlsaMixer mixer_{{.onChange = [this](bool present) { SoundCardChanged(present); },
                       .log = [this](const std::string& text) { LogSoundCard(text); }}};
     AlsaInput soundInput_;
-    std::unique_ptr<PlayerWindow> player_ = MakePlayerWindow();
+    std::unique_ptr<PlayerWindow> player_ = MakePlayerWindow(*programs_, ExecutableFolder());
 };
 
 } // namespace vk

@@ -1,5 +1,7 @@
 #include "app/modules/home_module.h"
 
+#include "platform/own_process.h"
+
 #include <string>
 
 namespace vk {
@@ -17,8 +19,7 @@ void HomeModule::Load() {
     screen_ = std::make_unique<velkorandum>(host_.controls, Needs(), &host_.window);
     host_.screens.Add(HomeScreen, screen_->menu(), *screen_);
     screen_->onFirstPaint = [this] {
-        host_.log.WriteDebugLog("Main menu painted " +
-                                std::to_string(host_.ports.machine.processes.AgeMs()) +
+        host_.log.WriteDebugLog("Main menu painted " + std::to_string(OwnProcessAgeMs()) +
                                 " ms after the start of the process");
     };
 }

@@ -29,7 +29,9 @@ CatalogueUpdates::Needs LibraryModule::UpdateNeeds() {
 
 void LibraryModule::ReferenceServer(const std::string& program) {
     if (server_) return;
-    server_ = std::make_unique<DB_OBJ>(program, host_.log, updates.Events());
+    server_ = std::make_unique<DB_OBJ>(
+        program, DB_OBJ::Needs{host_.log, host_.ports.machine.clock, host_.ports.machine.child},
+        updates.Events());
     host_.state.DBState = DBStateValue::Offline;
 }
 

@@ -1,23 +1,16 @@
 #include "library/catalogue/collation.h"
 
 #include "core/error_report.h"
-
-#include <QString>
+#include "library/catalogue/folding.h"
 
 #include <sqlite3.h>
 
 #include <algorithm>
-#include <array>
-#include <cstdint>
 #include <string>
-#include <vector>
 
 namespace vk {
 
 namespace {
-
-constexpr char32_t FirstListed = 0x80;
-constexpr char32_t EndListed = 0x2000; // the alphabets that have case and accents
 
 char Lower(char byte) {
     return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte + ('a' - 'A')) : byte;
@@ -39,34 +32,6 @@ bool IsMark(std::string_view text, std::size_t at) {
     return Continues(text[at + 1]) && (lead == 0xCC || (lead == 0xCD && next < 0xB0));
 }
 
-/// Letters that Unicode does not decompose, though people look for them under a base letter.
-QString Expanded(char32_t letter) {
-    static const struct {
-        char32_t letter;
-        const char16_t* base;
-    } letters[] = {{0xDF, u"ss\u0334"}, {0x1E9E, u"ss\u0334"}, {0xE6, u"ae\u0334"},
-                   {0xC6, u"ae\u0334"}, {0x153, u"oe\u0334"},  {0x152, u"oe\u0334"},
-                   {0xF8, u"o\u0338"},  {0xD8, u"o\u0338"},    {0x142, u"l\u0338"},
-                   {0x141, u"l\u0338"}, {0x111, u"d\u0338"},   {0x110, u"d\u0338"},
-                   {0xF0, u"d\u0334"},  {0xD0, u"d\u0334"},    {0xFE, u"th\u0334"},
-                   {0xDE, u"th\u0334"}, {0x131, u"i\u0338"}};
-    for (const auto& entry : letters)
-        if (entry.letter == letter) return QString::fromUtf16(entry.base);
-    return QString::fromUcs4(&letter, 1).normalized(QString::NormalizationForm_D).toCaseFolded();
-}
-
-using Entry = std::array<char, 12>; // a decomposition as UTF-8, NUL at its end
-
-std::vector<Entry> MakeEntries() {
-    std::vector<Entry> entries(EndListed - FirstListed);
-    for (char32_t letter = FirstListed; letter < EndListed; ++letter) {
-        const std::string bytes = Expanded(letter).toUtf8().toStdString();
-        Entry& entry = entries[letter - FirstListed];
-        std::copy_n(bytes.begin(), std::min(bytes.size(), entry.size() - 1), entry.begin());
-    }
-    return entries;
-}
-
 /// The letter of the two or three bytes at `at`, 0 when they are none that is listed.
 char32_t Listed(std::string_view text, std::size_t at, std::size_t& length) {
     const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[at + i]); };
@@ -84,7 +49,6 @@ char32_t Listed(std::string_view text, std::size_t at, std::size_t& length) {
 }
 
 void AppendKey(std::string_view text, std::string& key) {
-    static const std::vector<Entry> entries = MakeEntries();
     // Most texts are ASCII: a table scan spends its time here.
     const auto plain = std::ranges::find_if_not(text, IsAscii);
     const std::size_t start = key.size();
@@ -99,7 +63,7 @@ void AppendKey(std::string_view text, std::string& key) {
         std::size_t bytes = 1;
         const char32_t letter = Listed(text, at, bytes);
         if (letter != 0)
-            key.append(entries[letter - FirstListed].data());
+            key.append(FoldedLetters[letter - FirstFolded].data());
         else
             key.append(text.substr(at, bytes));
         at += bytes;

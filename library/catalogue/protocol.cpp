@@ -1,72 +1,92 @@
 #include "library/catalogue/protocol.h"
 
-#include <QByteArray>
-#include <QJsonDocument>
-#include <QJsonObject>
-
 #include <array>
-#include <utility>
+#include <charconv>
+#include <cstdio>
+#include <nlohmann/json.hpp>
 
 namespace vk {
 
 namespace {
 
+using Json = nlohmann::json;
+
 constexpr std::array<const char*, 3> RequestNames = {"scan", "stop", "quit"};
 constexpr std::array<const char*, 4> EventNames = {"StatusChanged", "ShowProgress", "UnhookDB",
                                                    "DBError"};
 
-QByteArray Bytes(std::string_view text) {
-    return {text.data(), static_cast<qsizetype>(text.size())};
+std::string Encoded(std::string_view bytes) {
+    constexpr std::string_view Plain =
+        "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-._~/";
+    std::string text;
+    for (const char byte : bytes) {
+        char code[4];
+        std::snprintf(code, sizeof code, "%%%02X", static_cast<unsigned char>(byte));
+        Plain.find(byte) != std::string_view::npos ? text += byte : text += code;
+    }
+    return text;
 }
 
-QString Text(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+std::string Decoded(std::string_view text) {
+    std::string bytes;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        unsigned code = 0;
+        const char* const digits = text.data() + at + 1;
+        const bool coded = text[at] == '%' && at + 2 < text.size() &&
+                           std::from_chars(digits, digits + 2, code, 16).ptr == digits + 2;
+        bytes += coded ? static_cast<char>(code) : text[at];
+        if (coded) at += 2;
+    }
+    return bytes;
 }
 
-std::string TextOf(const QJsonObject& object, const char* name) {
-    return object[QLatin1String(name)].toString().toStdString();
+std::string Line(const Json& object) {
+    return object.dump(-1, ' ', false, Json::error_handler_t::replace);
 }
 
-QString Encoded(std::string_view bytes) {
-    return QString::fromLatin1(Bytes(bytes).toPercentEncoding("/"));
+// Whatever else a line holds, it gives an object: an empty one at worst.
+Json Parsed(std::string_view line) {
+    Json json = Json::parse(line, nullptr, false);
+    return json.is_object() ? json : Json::object();
 }
 
-std::string Decoded(const QJsonObject& object, const char* name) {
-    const QString text = object[QLatin1String(name)].toString();
-    return QByteArray::fromPercentEncoding(text.toLatin1()).toStdString();
+std::string TextOf(const Json& object, const char* key) {
+    const auto value = object.find(key);
+    return value != object.end() && value->is_string() ? value->get<std::string>() : std::string();
 }
 
-std::string Line(const QJsonObject& object) {
-    return QJsonDocument(object).toJson(QJsonDocument::Compact).toStdString();
+template<class Integer> Integer NumberOf(const Json& object, const char* key) {
+    const auto value = object.find(key);
+    return value != object.end() && value->is_number_integer() ? value->get<Integer>() : 0;
+}
+
+/// A flag that is missing is set.
+bool FlagOf(const Json& object, const char* key) {
+    const auto value = object.find(key);
+    return value == object.end() || !value->is_boolean() || value->get<bool>();
 }
 
 /// The index of the object's name among `names`; nothing when there is none.
 template<std::size_t Count>
-std::optional<int> Named(const QJsonObject& object, const char* key,
+std::optional<int> Named(const Json& object, const char* key,
                          const std::array<const char*, Count>& names) {
-    const QString name = object[QLatin1String(key)].toString();
+    const std::string name = TextOf(object, key);
     for (std::size_t i = 0; i < Count; ++i)
-        if (name == QLatin1String(names[i])) return static_cast<int>(i);
+        if (name == names[i]) return static_cast<int>(i);
     return std::nullopt;
 }
 
-QJsonObject Parsed(std::string_view line) {
-    return QJsonDocument::fromJson(Bytes(line)).object();
+ScanRequest ScanOf(const Json& object) {
+    return {.full = FlagOf(object, "full"),
+            .appDir = Decoded(TextOf(object, "appDir")),
+            .mediaDir = Decoded(TextOf(object, "mediaDir")),
+            .audioExtensions = TextOf(object, "audioExtensions"),
+            .videoExtensions = TextOf(object, "videoExtensions"),
+            .decimalSymbol = TextOf(object, "decimalSymbol")};
 }
 
-ScanRequest ScanOf(const QJsonObject& object) {
-    ScanRequest scan;
-    scan.full = object[u"full"].toBool(true);
-    scan.appDir = Decoded(object, "appDir");
-    scan.mediaDir = Decoded(object, "mediaDir");
-    scan.audioExtensions = TextOf(object, "audioExtensions");
-    scan.videoExtensions = TextOf(object, "videoExtensions");
-    scan.decimalSymbol = TextOf(object, "decimalSymbol");
-    return scan;
-}
-
-DBStateValue StateOf(const QJsonObject& object) {
-    const int number = object[u"state"].toInt();
+DBStateValue StateOf(const Json& object) {
+    const int number = NumberOf<int>(object, "state");
     const bool known = number >= static_cast<int>(DBStateValue::Disabled) &&
                        number <= static_cast<int>(DBStateValue::OnLine);
     return known ? static_cast<DBStateValue>(number) : DBStateValue::Offline;
@@ -75,53 +95,53 @@ DBStateValue StateOf(const QJsonObject& object) {
 } // namespace
 
 std::string ToLine(const ServerRequest& request) {
-    QJsonObject object{{"request", RequestNames[static_cast<std::size_t>(request.kind)]}};
+    Json object{{"request", RequestNames[static_cast<std::size_t>(request.kind)]}};
     if (request.kind == ServerRequest::Kind::Scan) {
         object["full"] = request.scan.full;
         object["appDir"] = Encoded(request.scan.appDir);
         object["mediaDir"] = Encoded(request.scan.mediaDir);
-        object["audioExtensions"] = Text(request.scan.audioExtensions);
-        object["videoExtensions"] = Text(request.scan.videoExtensions);
-        object["decimalSymbol"] = Text(request.scan.decimalSymbol);
+        object["audioExtensions"] = request.scan.audioExtensions;
+        object["videoExtensions"] = request.scan.videoExtensions;
+        object["decimalSymbol"] = request.scan.decimalSymbol;
     }
     return Line(object);
 }
 
 std::string ToLine(const ServerEvent& event) {
-    QJsonObject object{{"event", EventNames[static_cast<std::size_t>(event.kind)]}};
+    Json object{{"event", EventNames[static_cast<std::size_t>(event.kind)]}};
     if (event.kind == ServerEvent::Kind::StatusChanged) {
         object["state"] = static_cast<int>(event.state);
     } else if (event.kind == ServerEvent::Kind::ShowProgress) {
         object["step"] = static_cast<int>(event.progress.step);
-        object["count"] = static_cast<qint64>(event.progress.count);
-        object["text"] = Text(event.progress.text);
+        object["count"] = event.progress.count;
+        object["text"] = event.progress.text;
     } else if (event.kind == ServerEvent::Kind::DBError) {
         object["number"] = event.error.number;
-        object["source"] = Text(event.error.source);
-        object["description"] = Text(event.error.description);
+        object["source"] = event.error.source;
+        object["description"] = event.error.description;
         object["silent"] = event.error.silent;
     }
     return Line(object);
 }
 
 std::optional<ServerRequest> ParseRequest(std::string_view line) {
-    const QJsonObject object = Parsed(line);
+    const Json object = Parsed(line);
     const auto kind = Named(object, "request", RequestNames);
     if (!kind) return std::nullopt;
     return ServerRequest{static_cast<ServerRequest::Kind>(*kind), ScanOf(object)};
 }
 
 std::optional<ServerEvent> ParseEvent(std::string_view line) {
-    const QJsonObject object = Parsed(line);
+    const Json object = Parsed(line);
     const auto kind = Named(object, "event", EventNames);
     if (!kind) return std::nullopt;
     ServerEvent event;
     event.kind = static_cast<ServerEvent::Kind>(*kind);
     event.state = StateOf(object);
-    event.progress = {static_cast<ScanStep>(object[u"step"].toInt()), object[u"count"].toInteger(),
-                      TextOf(object, "text")};
-    event.error = {object[u"number"].toInt(), TextOf(object, "source"),
-                   TextOf(object, "description"), object[u"silent"].toBool(true)};
+    event.progress = {static_cast<ScanStep>(NumberOf<int>(object, "step")),
+                      NumberOf<std::int64_t>(object, "count"), TextOf(object, "text")};
+    event.error = {NumberOf<int>(object, "number"), TextOf(object, "source"),
+                   TextOf(object, "description"), FlagOf(object, "silent")};
     return event;
 }
 

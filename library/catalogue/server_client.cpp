@@ -1,17 +1,10 @@
 #include "library/catalogue/server_client.h"
 
-#include <QPointer>
-#include <QProcess>
-#include <QTimer>
-
 #include <utility>
-#include <vector>
 
 namespace vk {
 
 namespace {
-
-constexpr int GraceMs = 500; ///< for a server that has been told to quit
 
 bool IsLast(const ServerEvent& event) {
     return event.kind == ServerEvent::Kind::StatusChanged &&
@@ -20,69 +13,68 @@ bool IsLast(const ServerEvent& event) {
 
 } // namespace
 
-DB_OBJ::DB_OBJ(std::string program, const DebugLog& log, Events events, int stopMs)
-    : program_(std::move(program)), log_(log), events_(std::move(events)), stopMs_(stopMs),
-      processes_(std::make_unique<QObject>()) {}
+DB_OBJ::DB_OBJ(std::string program, Needs needs, Events events, int stopMs)
+    : program_(std::move(program)), n_(std::move(needs)), events_(std::move(events)),
+      stopMs_(stopMs), stopTimer_(n_.clock.MakeTimer([this] { StopsNot(); })) {}
 
 // The server works on a file of its own, so that ending it without more ado loses nothing.
 DB_OBJ::~DB_OBJ() {
     Release();
-    for (QProcess* process : processes_->findChildren<QProcess*>()) {
-        process->disconnect();
-        if (process->waitForFinished(GraceMs)) continue;
-        process->kill();
-        // It may hang in the kernel, on a drive: its destructor would wait for it.
-        if (!process->waitForFinished(GraceMs)) process->setParent(nullptr);
-    }
 }
 
 void DB_OBJ::Scan(const ScanRequest& request) {
     if (process_) return;
     lines_ = {};
-    process_ = new QProcess(processes_.get());
-    process_->setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    QObject::connect(process_, &QProcess::readyReadStandardOutput, process_, [this] { Read(); });
-    QObject::connect(process_, &QProcess::finished, process_, [this](int code) {
-        Read();
-        Lose("DB_UPDATE ended during a scan, exit code " + std::to_string(code));
-    });
-    QObject::connect(process_, &QProcess::errorOccurred, process_,
-                     [this](QProcess::ProcessError error) {
-                         if (error == QProcess::FailedToStart)
-                             Lose("Could not reference DB_UPDATE.exe");
-                     });
-    process_->start(QString::fromStdString(program_), {QStringLiteral("--serve")});
+    process_ = n_.makeProcess();
+    process_->onOutput = [this](std::string_view bytes) { Read(bytes); };
+    process_->onEnded = [this](int code) { Ended(code); };
+    ChildProcess& server = *process_;
+    server.Start(program_, {"--serve"});
     Send({ServerRequest::Kind::Scan, request});
 }
 
 void DB_OBJ::Stop() {
     if (!process_) return;
     Send({ServerRequest::Kind::Stop, {}});
-    // It may hang on a drive, and then even survive being killed.
-    const QPointer<QProcess> process = process_;
-    QTimer::singleShot(stopMs_, processes_.get(), [this, process] {
-        if (process) process->kill();
-        if (process && process == process_) Lose("DB_UPDATE does not stop");
-    });
+    stopping_ = process_.get();
+    stopTimer_->Start(stopMs_);
+}
+
+// It may hang on a drive, and then even survive being killed. One that said its last word meanwhile
+// is no loss.
+void DB_OBJ::StopsNot() {
+    stopTimer_->Stop();
+    ChildProcess* const late = std::exchange(stopping_, nullptr);
+    if (late) late->Kill();
+    if (!late || late != process_.get()) return;
+    n_.log.WriteDebugLog("DB_UPDATE does not stop");
+    Release();
+    events_.Lost();
 }
 
 void DB_OBJ::Send(const ServerRequest& request) {
-    if (process_) process_->write((ToLine(request) + '\n').c_str());
+    if (process_) process_->Write(ToLine(request) + '\n');
 }
 
-void DB_OBJ::Read() {
-    if (!process_) return;
-    const QByteArray bytes = process_->readAllStandardOutput();
+void DB_OBJ::Read(std::string_view bytes) {
     std::vector<ServerEvent> events;
-    lines_.Feed({bytes.constData(), static_cast<std::size_t>(bytes.size())},
-                [&](std::string_view line) {
-                    if (auto event = ParseEvent(line))
-                        events.push_back(*std::move(event));
-                    else
-                        log_.WriteDebugLog("DB_UPDATE: not understood: " + std::string(line));
-                });
+    lines_.Feed(bytes, [&](std::string_view line) {
+        if (auto event = ParseEvent(line))
+            events.push_back(*std::move(event));
+        else
+            n_.log.WriteDebugLog("DB_UPDATE: not understood: " + std::string(line));
+    });
     for (const ServerEvent& event : events)
         Take(event);
+}
+
+void DB_OBJ::Ended(int code) {
+    const std::unique_ptr<ChildProcess> gone = std::move(process_);
+    stopping_ = nullptr;
+    n_.log.WriteDebugLog(code == ChildProcess::NotStarted
+                             ? "Could not reference DB_UPDATE.exe"
+                             : "DB_UPDATE ended during a scan, exit code " + std::to_string(code));
+    events_.Lost();
 }
 
 void DB_OBJ::Take(const ServerEvent& event) {
@@ -99,22 +91,17 @@ void DB_OBJ::Take(const ServerEvent& event) {
     }
 }
 
-void DB_OBJ::Lose(const std::string& why) {
-    if (!process_) return;
-    log_.WriteDebugLog(why);
-    Release();
-    events_.Lost();
-}
-
-/// The process is let go, not waited for: it ends when its input does, and is then deleted.
 void DB_OBJ::Release() {
-    QProcess* process = std::exchange(process_, nullptr);
-    if (!process) return;
-    process->disconnect();
-    if (process->state() == QProcess::NotRunning) return process->deleteLater();
-    QObject::connect(process, &QProcess::finished, process, &QObject::deleteLater);
-    process->write((ToLine(ServerRequest{ServerRequest::Kind::Quit, {}}) + '\n').c_str());
-    process->closeWriteChannel();
+    if (!process_) return;
+    ChildProcess* const server = process_.get();
+    leaving_.push_back(std::move(process_));
+    server->onOutput = {};
+    server->onEnded = [this, server](int) {
+        if (stopping_ == server) stopping_ = nullptr;
+        std::erase_if(leaving_, [&](const auto& child) { return child.get() == server; });
+    };
+    server->Write(ToLine(ServerRequest{ServerRequest::Kind::Quit, {}}) + '\n');
+    server->CloseInput();
 }
 
 } // namespace vk

@@ -3,18 +3,18 @@
 
 #include "core/debug_log.h"
 #include "library/catalogue/protocol.h"
+#include "platform/child_process.h"
+#include "platform/clock.h"
 
 #include <functional>
 #include <memory>
 #include <string>
-
-class QObject;
-class QProcess;
+#include <vector>
 
 namespace vk {
 
-/// Starts the server for each scan and lets it go afterwards. Needs Qt's event loop, in which the
-/// events arrive; a handler may call any operation of this object.
+/// Starts the server for each scan and lets it go afterwards. Events arrive while the application's
+/// events run; a handler may call any operation of this object.
 class DB_OBJ {
   public:
     struct Events {
@@ -27,10 +27,15 @@ class DB_OBJ {
         /// logged. The old catalogue is as it was.
         std::function<void()> Lost;
     };
+    struct Needs {
+        const DebugLog& log;
+        Clock& clock;
+        MakeChildProcess makeProcess;
+    };
 
     /// `program` is the server's full path. All events must be set. A server that does not come to
     /// its end within `stopMs` milliseconds of a `Stop` is killed.
-    DB_OBJ(std::string program, const DebugLog& log, Events events, int stopMs = 5000);
+    DB_OBJ(std::string program, Needs needs, Events events, int stopMs = 5000);
     /// Lets the server go; a scan that is under way comes to nothing.
     ~DB_OBJ();
     DB_OBJ(const DB_OBJ&) = delete;
@@ -45,17 +50,21 @@ class DB_OBJ {
 
   private:
     void Send(const ServerRequest& request);
-    void Read();
+    void Read(std::string_view bytes);
+    void Ended(int code);
     void Take(const ServerEvent& event);
-    void Lose(const std::string& why);
+    void StopsNot();
     void Release();
 
     const std::string program_;
-    const DebugLog& log_;
+    const Needs n_;
     const Events events_;
     const int stopMs_;
-    std::unique_ptr<QObject> processes_; ///< parent of every process that has not ended yet
-    QProcess* process_ = nullptr;        ///< the one that works; deletes itself once let go
+    std::unique_ptr<Timer> stopTimer_;
+    std::unique_ptr<ChildProcess> process_; ///< the one that works
+    /// Let go: each ends when it finds the end of its input, and is then deleted.
+    std::vector<std::unique_ptr<ChildProcess>> leaving_;
+    ChildProcess* stopping_ = nullptr; ///< was told to stop; one of the above
     LineSplitter lines_;
 };
 

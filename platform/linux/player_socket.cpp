@@ -8,6 +8,7 @@
 #include <sys/un.h>
 
 #include <cerrno>
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 
@@ -21,6 +22,20 @@ bool IsOwnFolder(const std::string& path) {
     struct stat info {};
     return ::lstat(path.c_str(), &info) == 0 && S_ISDIR(info.st_mode) &&
            info.st_uid == ::getuid() && (info.st_mode & 022) == 0;
+}
+
+// Both ends must come to the same, whatever name led them to the folder (FNV-1a,
+// http://www.isthe.com/chongo/tech/comp/fnv/).
+std::string Mark(const std::string& folder) {
+    if (folder.empty()) return {};
+    char* const real = ::realpath(folder.c_str(), nullptr);
+    std::uint64_t hash = 0xcbf29ce484222325u;
+    for (const char byte : std::string(real ? real : folder))
+        hash = (hash ^ static_cast<unsigned char>(byte)) * 0x100000001b3u;
+    ::free(real);
+    char text[24];
+    std::snprintf(text, sizeof text, " %016llx", static_cast<unsigned long long>(hash));
+    return text;
 }
 
 bool FillAddress(const std::string& path, sockaddr_un& address) {
@@ -56,16 +71,17 @@ bool SendPacket(int fd, const PlayerRequest& request, std::string_view payload) 
 
 } // namespace
 
-std::string PlayerSocketPath(const std::string& windowClass) {
+std::string PlayerSocketPath(const std::string& windowClass, const std::string& folder) {
+    const std::string name = windowClass + Mark(folder);
     const char* runtime = std::getenv("XDG_RUNTIME_DIR");
     sockaddr_un address{};
     if (runtime && IsOwnFolder(runtime)) {
-        std::string path = JoinPath(runtime, windowClass);
+        std::string path = JoinPath(runtime, name);
         if (FillAddress(path, address)) return path;
     }
-    const std::string folder = "/tmp/velkorandum-" + std::to_string(::getuid());
-    if (::mkdir(folder.c_str(), 0700) != 0 && errno != EEXIST) return {};
-    return IsOwnFolder(folder) ? JoinPath(folder, windowClass) : std::string();
+    const std::string own = "/tmp/velkorandum-" + std::to_string(::getuid());
+    if (::mkdir(own.c_str(), 0700) != 0 && errno != EEXIST) return {};
+    return IsOwnFolder(own) ? JoinPath(own, name) : std::string();
 }
 
 FileDescriptor ListenAt(const std::string& path) {

@@ -41,8 +41,10 @@ enum PlayerListStep : std::int32_t {
 inline constexpr std::size_t PlayerPayloadLimit = 60000;
 
 /// Full path of the socket of that class, in a folder that is this user's alone: XDG_RUNTIME_DIR,
-/// else one under /tmp, made when it is missing. "" when no such folder can be had.
-std::string PlayerSocketPath(const std::string& windowClass);
+/// else one under /tmp, made when it is missing. "" when no such folder can be had. Each
+/// application directory has its own player, and so a name of its own, which begins with the class.
+/// Without `folder`, where a program from outside finds a player: a link to one that runs.
+std::string PlayerSocketPath(const std::string& windowClass, const std::string& folder = {});
 
 /// A listening socket at `path` in the place of whatever was there; closed when it failed.
 FileDescriptor ListenAt(const std::string& path);

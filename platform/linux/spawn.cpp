@@ -74,12 +74,4 @@ pid_t SpawnDetached(const std::string& program, const std::vector<std::string>& 
     return error == 0 ? child : 0;
 }
 
-void ChildReaper::Reap() {
-    std::erase_if(children_, [](pid_t child) { return ::waitpid(child, nullptr, WNOHANG) != 0; });
-}
-
-bool ChildReaper::Running(pid_t child) const {
-    return std::find(children_.begin(), children_.end(), child) != children_.end();
-}
-
 } // namespace vk

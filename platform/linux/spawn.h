@@ -19,18 +19,7 @@ std::vector<std::string> SplitArguments(std::string_view line);
 pid_t SpawnDetached(const std::string& program, const std::vector<std::string>& arguments,
                     const std::string& folder);
 
-/// Collects ended children that it was told of, and no others: no signal handler is needed, and
-/// nobody else's children are taken away.
-class ChildReaper {
-  public:
-    void Add(pid_t child) { children_.push_back(child); }
-    /// Collects who has ended, without waiting.
-    void Reap();
-    /// True while that child has not been collected.
-    bool Running(pid_t child) const;
-
-  private:
-    std::vector<pid_t> children_;
-};
+/// Has a process that was just started work in the background from now on.
+void PutInBackground(pid_t process);
 
 } // namespace vk

@@ -1,4 +1,4 @@
-// One player a user: who may listen, and where.
+// One player an application directory: who may listen, and where.
 #pragma once
 
 #include "platform/linux/descriptor.h"
@@ -11,8 +11,10 @@ namespace vk {
 /// process whatever happens, and of two starts at once one gets it.
 class Instance {
   public:
-    /// `socketPath` as PlayerSocketPath gives it.
-    explicit Instance(std::string socketPath) : path_(std::move(socketPath)) {}
+    /// `socketPath` as PlayerSocketPath gives it. Programs from outside look at `commonPath`: it
+    /// leads to the player unless it leads to another one.
+    explicit Instance(std::string socketPath, std::string commonPath = {})
+        : path_(std::move(socketPath)), common_(std::move(commonPath)) {}
     ~Instance() { Release(); }
     Instance(const Instance&) = delete;
     Instance& operator=(const Instance&) = delete;
@@ -25,7 +27,10 @@ class Instance {
     void Release();
 
   private:
-    std::string path_;
+    void LeadHere() const;
+    void LeadNowhere() const;
+
+    std::string path_, common_;
     FileDescriptor lock_;
     FileDescriptor listener_;
 };

@@ -4,7 +4,9 @@
 #include "app/application.h"
 #include "core/file_registry.h"
 #include "core/version.h"
+#include "platform/qt/qt_child_process.h"
 #include "tests/sim/recording_player.h"
+#include "tests/sim/recording_programs.h"
 #include "tests/support/fake_clock.h"
 #include "tests/support/fake_mixer.h"
 #include "tests/support/fake_serial_port.h"
@@ -41,7 +43,8 @@ struct FakeMachine {
         };
     }
     Ports ports() {
-        return {.machine = {clock, ui, locale, volumes, processes, registry,
+        return {.machine = {clock, ui, locale, volumes, programs, instance,
+                            [] { return std::make_unique<QtChildProcess>(); }, registry,
                             [this](const std::string&) {
                                 Look();
                                 return std::string();
@@ -72,7 +75,8 @@ struct FakeMachine {
     FakeLocale locale;
     FakeVolumes volumes;
     FakeFonts fonts;
-    FakeProcesses processes;
+    RecordingPrograms programs;
+    FakeInstance instance;
     FileRegistry registry{dir.File("registry.ini")};
     WatchedPlayer player;
     FakeMixer mixer;

@@ -1,6 +1,8 @@
 // The server as a process, with the main program's client.
 #include "dbupdate/scan/scan.h"
 #include "library/catalogue/server_client.h"
+#include "platform/qt/qt_child_process.h"
+#include "platform/qt/qt_clock.h"
 #include "tests/dbupdate/scan_fixture.h"
 #include "tests/paths.h"
 
@@ -26,7 +28,8 @@ constexpr int PatienceMs = 100'000;
 class ServerTest : public ScanFixture {
   protected:
     DB_OBJ Client(const std::string& executable, int stopMs = PatienceMs) {
-        return DB_OBJ(executable, log,
+        return DB_OBJ(executable,
+                      {log, realClock, [] { return std::make_unique<QtChildProcess>(); }},
                       {[this](DBStateValue value) {
                            Take({ServerEvent::Kind::StatusChanged, value, {}, {}});
                        },
@@ -53,6 +56,7 @@ class ServerTest : public ScanFixture {
     }
 
     const std::string program = JoinPath(VK_APP_DIR, "DB_UPDATE");
+    QtClock realClock;
     std::function<void(ScanStep)> onProgress;
     int lost = 0;
 };

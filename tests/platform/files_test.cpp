@@ -1,12 +1,9 @@
 #include "core/file_registry.h"
 #include "library/catalogue_server.h"
 #include "platform/files.h"
-#include "platform/linux/processes.h"
 #include "platform/linux/volumes.h"
 #include "platform/qt/virtual_keys.h"
 #include "tests/support/temp_folder.h"
-
-#include <QProcess>
 
 #include <gmock/gmock.h>
 #include <sys/stat.h>
@@ -88,23 +85,6 @@ TEST_F(FilesTest, DrivesComeFromTheKernelsTables) {
     EXPECT_FALSE(volumes.IsReady("/dev/no-such-drive"));
     EXPECT_FALSE(volumes.Eject("/dev/no-such-drive"));
     EXPECT_TRUE(LinuxVolumes("/none", "/none", "/none").Drives().empty());
-}
-
-TEST_F(FilesTest, ProcessesAreFoundByTheirFileNameAlone) {
-    const LinuxProcesses processes;
-    const std::string name = "vk-probe-" + std::to_string(processes.OwnId());
-    std::filesystem::copy_file("/bin/sleep", folder.File(name));
-    QProcess probe;
-    probe.start(QString::fromStdString(folder.File(name)), {QStringLiteral("60")});
-    ASSERT_TRUE(probe.waitForStarted());
-    EXPECT_TRUE(processes.ProcessRunning(name + ".EXE", processes.OwnId()));
-    EXPECT_FALSE(processes.ProcessRunning(name, static_cast<long>(probe.processId())));
-    EXPECT_FALSE(processes.ProcessRunning(FileNameOf(folder.Path()), 0)) << "folders do not count";
-    probe.kill();
-    probe.waitForFinished();
-    EXPECT_FALSE(processes.ProcessRunning("no-such-program", 0));
-    EXPECT_GE(processes.AgeMs(), 0);
-    EXPECT_LT(processes.AgeMs(), 120000) << "this test program has just been started";
 }
 
 TEST_F(FilesTest, TheRegistryFileKeepsKeysAndValues) {

@@ -1,4 +1,5 @@
 // The adapter against sockets that behave badly.
+#include "platform/linux/spawn.h"
 #include "tests/player/process_fixture.h"
 
 #include <gmock/gmock.h>
@@ -12,8 +13,11 @@ struct PlayerWindowTest : testing::Test {
     static std::ptrdiff_t OpenFiles() {
         return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
     }
+    std::string SocketPath() const { return PlayerSocketPath(PlayerWindowClass); }
+
     PrivateRuntime runtime;
-    std::unique_ptr<PlayerWindow> window = MakePlayerWindow();
+    std::unique_ptr<Programs> programs = MakePrograms();
+    std::unique_ptr<PlayerWindow> window = MakePlayerWindow(*programs, "");
 };
 
 TEST(SplitArguments, QuotesKeepBlanks) {
@@ -36,7 +40,7 @@ TEST_F(PlayerWindowTest, FindsNothingWhereNobodyListens) {
 }
 
 TEST_F(PlayerWindowTest, AHungPlayerCostsASecondAndTheConnection) {
-    const FileDescriptor listener = ListenAt(runtime.SocketPath());
+    const FileDescriptor listener = ListenAt(SocketPath());
     const WindowHandle handle = window->FindWindow(PlayerWindowClass);
     ASSERT_NE(handle, 0u);
     EXPECT_EQ(window->FindWindow(PlayerWindowClass), handle);
@@ -51,7 +55,7 @@ TEST_F(PlayerWindowTest, AHungPlayerCostsASecondAndTheConnection) {
 
 TEST_F(PlayerWindowTest, LeaksNoFiles) {
     const auto cycle = [this] {
-        const FileDescriptor listener = ListenAt(runtime.SocketPath());
+        const FileDescriptor listener = ListenAt(SocketPath());
         EXPECT_NE(window->FindWindow(PlayerWindowClass), 0u);
         EXPECT_TRUE(window->RunHidden("/bin/true", "x", "/"));
     };
@@ -87,13 +91,13 @@ TEST_F(PlayerWindowTest, WhatCannotBeStartedIsToldAtOnce) {
 }
 
 TEST_F(PlayerWindowTest, TheSocketLiesWhereOthersHaveNoSay) {
-    EXPECT_EQ(runtime.SocketPath(), runtime.folder.File(PlayerWindowClass));
+    EXPECT_EQ(SocketPath(), runtime.folder.File(PlayerWindowClass));
     std::filesystem::permissions(runtime.folder.Path(), std::filesystem::perms::all);
     const std::string fallback =
         "/tmp/velkorandum-" + std::to_string(::getuid()) + "/" + PlayerWindowClass;
-    EXPECT_EQ(runtime.SocketPath(), fallback) << "a folder that others may write to";
+    EXPECT_EQ(SocketPath(), fallback) << "a folder that others may write to";
     ::unsetenv("XDG_RUNTIME_DIR");
-    EXPECT_EQ(runtime.SocketPath(), fallback);
+    EXPECT_EQ(SocketPath(), fallback);
     const auto rights = std::filesystem::status(FolderOf(fallback)).permissions();
     EXPECT_EQ(rights, std::filesystem::perms::owner_all);
 }

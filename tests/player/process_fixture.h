@@ -2,7 +2,6 @@
 #pragma once
 
 #include "platform/linux/player_socket.h"
-#include "platform/linux/spawn.h"
 #include "playback/c_winamp.h"
 #include "tests/paths.h"
 #include "tests/support/core_fixture.h"
@@ -50,7 +49,6 @@ struct PrivateRuntime {
         ::unsetenv("ALSA_CONFIG_PATH");
     }
     TempFolder folder;
-    std::string SocketPath() const { return PlayerSocketPath(PlayerWindowClass); }
 };
 
 /// The copy of the player lies in the application directory with its settings.
@@ -60,9 +58,9 @@ struct ProcessFixture : testing::Test {
         core.app.Write("winamp.ini", "[winamp]\r\nrepeat=1\r\nVolume=0\r\n");
     }
     ~ProcessFixture() override {
-        const pid_t player = PlayerPid();
         winamp.reset();
-        if (player > 0) ::kill(player, SIGKILL);
+        window.reset();
+        EXPECT_EQ(PlayerPid(), 0) << "left running";
     }
     /// A list of wave files "<name>.wav" of these lengths, in the application directory.
     std::string List(const std::string& name, std::vector<std::pair<std::string, int>> tracks) {
@@ -92,7 +90,7 @@ struct ProcessFixture : testing::Test {
     }
     /// Process number of whoever listens, 0 when nobody does.
     pid_t PlayerPid() const {
-        const FileDescriptor connection = ConnectTo(runtime.SocketPath());
+        const FileDescriptor connection = ConnectTo(SocketPath());
         ucred peer{};
         socklen_t size = sizeof peer;
         if (!connection ||
@@ -101,9 +99,12 @@ struct ProcessFixture : testing::Test {
         return peer.pid;
     }
 
+    std::string SocketPath() const { return PlayerSocketPath(PlayerWindowClass, core.app.Path()); }
+
     PrivateRuntime runtime;
     CoreFixture core;
-    std::unique_ptr<PlayerWindow> window = MakePlayerWindow();
+    std::unique_ptr<Programs> programs = MakePrograms();
+    std::unique_ptr<PlayerWindow> window = MakePlayerWindow(*programs, core.app.Path());
     std::unique_ptr<cWinamp> winamp =
         std::make_unique<cWinamp>(WinampNeeds{*window, core.pump, core.report, core.app.Path()});
 };

@@ -82,7 +82,7 @@ TEST_F(PlayerProcess, SkipsWhatVanishedAndWhatIsNoSoundAndStopsWhenNothingIsLeft
 TEST_F(PlayerProcess, PlaysOnWhenItsRemoteControlDies) {
     StartPlayer();
     LoadAndPlay(List("l.m3u", {{"a", 30000}}), 0);
-    auto other = MakePlayerWindow();
+    auto other = MakePlayerWindow(*programs, core.app.Path());
     EXPECT_EQ(other->SendMessage(1, WM_USER, 0, 104), 0) << "a handle of the other one";
     const WindowHandle handle = other->FindWindow(PlayerWindowClass);
     EXPECT_EQ(other->SendMessage(handle, WM_USER, 0, 104), 1);
@@ -113,20 +113,16 @@ TEST_F(PlayerProcess, ItsDeathIsNoticedAndTheNextOneTakesItsPlace) {
         EXPECT_TRUE(Eventually([&] { return !winamp->WinAMP_FindWindow(); }));
         EXPECT_EQ(winamp->WinAMP_GetStatus(), "0");
     }
-    EXPECT_FALSE(FileExists(runtime.SocketPath())) << "a clean end takes its name away";
+    EXPECT_FALSE(FileExists(SocketPath())) << "a clean end takes its name away";
 }
 
 TEST_F(PlayerProcess, OfSeveralStartsAtOnceOneStays) {
-    ChildReaper reaper;
-    std::vector<pid_t> children;
-    for (int start = 0; start < 4; ++start) {
-        children.push_back(SpawnDetached(core.app.File("winamp"), {}, core.app.Path()));
-        reaper.Add(children.back());
-    }
+    std::vector<ProgramId> children;
+    for (int start = 0; start < 4; ++start)
+        children.push_back(programs->Start({core.app.File("winamp"), {}, core.app.Path()}));
     const auto running = [&] {
-        reaper.Reap();
         return std::count_if(children.begin(), children.end(),
-                             [&](pid_t child) { return reaper.Running(child); });
+                             [&](ProgramId child) { return programs->Running(child); });
     };
     EXPECT_TRUE(Eventually([&] { return running() == 1; }));
     EXPECT_TRUE(winamp->WinAMP_FindWindow());
@@ -139,6 +135,37 @@ TEST_F(PlayerProcess, AddStartsAPlayerWhereNoneRuns) {
     ASSERT_TRUE(Eventually([&] { return winamp->WinAMP_FindWindow(); }));
     winamp->WinAMP_SCM(WinampPlay);
     EXPECT_TRUE(Eventually([&] { return Playing(); }));
+}
+
+TEST_F(PlayerProcess, AListThatIsHandedOverAsTheSystemEndsLeavesNoPlayerBehind) {
+    List("l.m3u", {{"a", 9000}});
+    StartPlayer();
+    const std::string list = core.app.File("l.m3u");
+    for (int hand = 0; hand < 5; ++hand)
+        EXPECT_TRUE(winamp->WinAMP_OpenFile(list));
+    winamp.reset();
+    window.reset();
+    EXPECT_FALSE(programs->ProcessRunning("winamp", 0) && PlayerPid() != 0);
+    EXPECT_EQ(PlayerPid(), 0);
+    EXPECT_FALSE(ConnectTo(PlayerSocketPath(PlayerWindowClass)));
+}
+
+TEST_F(PlayerProcess, TwoSystemsBesideEachOtherHaveAPlayerEach) {
+    StartPlayer();
+    LoadAndPlay(List("l.m3u", {{"a", 9000}}), 0);
+    CoreFixture second;
+    std::filesystem::copy_file(core.app.File("winamp"), second.app.File("winamp"));
+    auto other = MakePlayerWindow(*programs, second.app.Path());
+    EXPECT_EQ(other->FindWindow(PlayerWindowClass), 0u);
+    EXPECT_TRUE(other->StartAndWaitForInputIdle(second.app.File("winamp"), second.app.Path()));
+    const WindowHandle handle = other->FindWindow(PlayerWindowClass);
+    EXPECT_NE(handle, 0u);
+    EXPECT_EQ(other->SendMessage(handle, WM_USER, 0, 104), 0) << "it plays nothing";
+    EXPECT_TRUE(Playing());
+    auto outside = MakePlayerWindow(*programs, "");
+    const WindowHandle found = outside->FindWindow(PlayerWindowClass);
+    EXPECT_EQ(outside->SendMessage(found, WM_USER, 0, 104), 1) << "the first of them";
+    other->SendMessage(handle, WM_COMMAND, WinampClose, 0);
 }
 
 } // namespace

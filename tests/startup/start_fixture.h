@@ -6,6 +6,7 @@
 #include "library/catalogue/updates.h"
 #include "startup/astart.h"
 #include "tests/sim/recording_player.h"
+#include "tests/sim/recording_programs.h"
 #include "tests/support/core_fixture.h"
 #include "tests/support/machine_fakes.h"
 #include "tests/support/recording_screen.h"
@@ -44,7 +45,7 @@ struct StartFixture : CoreFixture {
     std::unique_ptr<astart> Make() {
         return std::make_unique<astart>(astart::Needs{
             .base = base,
-            .machine = {processes, registry, player, [this] { return metrics; },
+            .machine = {instance, programs, registry, player, [this] { return metrics; },
                         [](const std::string&) { return std::string(); }},
             .loading = loading,
             .skin = skin,
@@ -100,7 +101,8 @@ struct StartFixture : CoreFixture {
     std::map<std::string, RecordingScreen> made;
     std::map<std::string, std::string> leadsTo; ///< the screen in front after a doquit
     ToldLoading loading{told};
-    FakeProcesses processes;
+    FakeInstance instance;
+    RecordingPrograms programs;
     FileRegistry registry{app.File("registry.ini")};
     RecordingPlayer player;
     ScreenMetrics metrics{800, 480, 96, 96};

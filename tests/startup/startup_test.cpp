@@ -86,10 +86,10 @@ TEST_F(StartupTest, EachUnusableSettingHasItsWordsAndEndsTheStart) {
 }
 
 TEST_F(StartupTest, ASecondInstanceAndAMissingSkinFolderEndBeforeAnyFileIsMade) {
-    processes.running = true;
+    instance.free = "";
     ExpectEnds("Velkorandum is already running, or has not finished closing out from a previous "
                "instance.");
-    processes.running = false;
+    instance.free = app.Path();
     std::filesystem::remove_all(app.File("skins"));
     ExpectEnds("Cannot find skin directory\n" + app.File("skins") + " does not exist");
     EXPECT_FALSE(FileExists(settings.SettingsFile()));
@@ -121,11 +121,11 @@ TEST_F(StartupTest, AnUnregisteredServerIsRegisteredAndOneThatIsGoneReported) {
     SetUpApp();
     DeleteFileAt(app.File("registry.ini"));
     ExpectEnds("DB_UPDATE.exe registered!  Restart the application");
-    EXPECT_EQ(player.ran.at(0), app.File("DB_UPDATE") + " ");
-    player.canStart = false;
+    EXPECT_EQ(programs.started.at(0).program, app.File("DB_UPDATE"));
+    programs.canStart = false;
     ExpectEnds("An activeX EXE is not correctly registered.");
     EXPECT_EQ(settings.Read("Temp", "PWR"), "") << "stopped at once";
-    player.canStart = true;
+    programs.canStart = true;
     DeleteFileAt(app.File("DB_UPDATE"));
     registry.SetStringValue(Hive::ClassesRoot, "DB_UPDATE.clsDB", "", app.File("DB_UPDATE"));
     EXPECT_EQ(Make()->Form_Load(), StartOutcome::Ended);

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "platform/beeper.h"
+#include "platform/instance_lock.h"
 #include "platform/local_stream.h"
-#include "platform/processes.h"
 #include "platform/ui_thread.h"
 
 #include <functional>
@@ -13,14 +13,14 @@
 
 namespace vk::test {
 
-class FakeProcesses : public Processes {
+class FakeInstance : public InstanceLock {
   public:
-    long OwnId() const override { return 1; }
-    long AgeMs() const override { return 0; }
-    bool ProcessRunning(const std::string& name, long ownId) const override {
-        return running && name == "velkorandum.exe" && ownId == 1;
+    bool Claim(const std::string& folder) override {
+        claimed = folder;
+        return !running;
     }
-    bool running = false;
+    bool running = false; ///< another system, in every folder
+    std::string claimed;
 };
 
 /// Runs work when a test says so, as an event loop does.

@@ -1,0 +1,75 @@
+#include "platform/programs.h"
+
+#include "platform/files.h"
+#include "platform/linux/child_watch.h"
+#include "platform/linux/spawn.h"
+#include "platform/paths.h"
+
+#include <strings.h>
+#include <unistd.h>
+
+#include <cctype>
+#include <csignal>
+#include <cstdlib>
+#include <cstring>
+
+namespace vk {
+
+namespace {
+
+constexpr char ReplacedMark[] = " (deleted)";
+
+// The file name of a process's program; "" when it has gone or belongs to somebody else.
+std::string ProgramOf(const std::string& id) {
+    std::string path(4096, '\0');
+    const std::string link = "/proc/" + id + "/exe";
+    const ssize_t length = ::readlink(link.c_str(), path.data(), path.size());
+    path.resize(length > 0 ? static_cast<std::size_t>(length) : 0);
+    if (path.ends_with(ReplacedMark)) path.resize(path.size() - sizeof ReplacedMark + 1);
+    return FileNameOf(path);
+}
+
+std::string WithoutExe(const std::string& name) {
+    const bool has = name.size() > 4 && strcasecmp(name.c_str() + name.size() - 4, ".exe") == 0;
+    return has ? name.substr(0, name.size() - 4) : name;
+}
+
+class LinuxPrograms : public Programs {
+  public:
+    ProgramId Start(const ProgramStart& what) override {
+        const pid_t child = SpawnDetached(what.program, what.arguments, what.folder);
+        if (child == 0) return 0;
+        if (what.background) PutInBackground(child);
+        children_.Watch(child);
+        return child;
+    }
+    bool Running(ProgramId program) const override { return children_.Running(Pid(program)); }
+    void Close(ProgramId program) override { children_.Signal(Pid(program), SIGTERM); }
+    void Kill(ProgramId program) override { children_.Signal(Pid(program), SIGKILL); }
+    bool Wait(ProgramId program, int timeoutMs) const override {
+        return children_.Wait(Pid(program), timeoutMs);
+    }
+    bool ProcessRunning(const std::string& name, ProgramId ownId) const override {
+        const std::string wanted = WithoutExe(name);
+        for (const FolderEntry& entry : ListFolder("/proc")) {
+            if (!entry.isFolder || !std::isdigit(static_cast<unsigned char>(entry.name[0])))
+                continue;
+            if (std::atol(entry.name.c_str()) == ownId) continue;
+            if (strcasestr(ProgramOf(entry.name).c_str(), wanted.c_str())) return true;
+        }
+        return false;
+    }
+
+  private:
+    static pid_t Pid(ProgramId program) { return static_cast<pid_t>(program); }
+
+    ChildWatch children_;
+};
+
+} // namespace
+
+std::unique_ptr<Programs> MakePrograms() {
+    return std::make_unique<LinuxPrograms>();
+}
+
+} // namespace vk
