@@ -72,16 +72,18 @@ class Wired {
     SettingsStore settings_{app_.Path(), ini_};
     QtUiThread ui_;
     PtyReceiver device_{app_.File("receiver")};
-    Remote remote_{{.settings = settings_,
-                    .report = report_,
-                    .log = log_,
-                    .dialogs = dialogs_,
-                    .clock = clock_,
-                    .ui = ui_,
-                    .devices = {.serial = [] { return std::make_unique<QtSerialPort>(); },
-                                .stream = {},
-                                .x10 = {},
-                                .uuirt = {}}}};
+    SerialOwners owners_;
+    Remote remote_{
+        {.settings = settings_,
+         .report = report_,
+         .log = log_,
+         .dialogs = dialogs_,
+         .clock = clock_,
+         .ui = ui_,
+         .devices = {.serial = [this] { return std::make_unique<QtSerialPort>(owners_); },
+                     .stream = {},
+                     .x10 = {},
+                     .uuirt = {}}}};
     SteadyTime done_;
 };
 

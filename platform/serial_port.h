@@ -47,13 +47,24 @@ std::string SerialPortName(std::string_view setting);
 /// to 16 ms. `handle` is the system's own; a device that cannot is left as it is.
 void ShortenSerialLatency(std::intptr_t handle);
 
+/// Who opens a port, and in which state the lines are that feed some receivers and switch others.
+struct SerialUse {
+    std::string owner; ///< as others are told of it: "the remote"
+    bool dtr = true;
+    bool rts = true;
+};
+
 /// One port. All on the user-interface thread. Destroying it closes it.
 class SerialPort {
   public:
     virtual ~SerialPort() = default;
-    /// Opens `name` with `settings` ("9600,N,8,1") and raises DTR and RTS, which feed some
-    /// receivers. False when there is no such device, it is in use, or the settings are none.
-    virtual bool Open(const std::string& name, const std::string& settings) = 0;
+    /// Opens `name` with `settings` ("9600,N,8,1") for this process alone. The lines are set at
+    /// once; the driver itself may raise them for a moment. False when there is no such device, it
+    /// is in use, or the settings are none.
+    virtual bool Open(const std::string& name, const std::string& settings,
+                      const SerialUse& use = {}) = 0;
+    /// Why the last `Open` gave false, for the log and the user.
+    virtual std::string Failure() const = 0;
     virtual void Close() = 0;
     virtual bool PortOpen() const = 0;
     /// Bytes that wait to be read.
@@ -70,8 +81,8 @@ class SerialPort {
     virtual bool CDHolding() const = 0;
     virtual bool CTSHolding() const = 0;
     virtual bool DSRHolding() const = 0;
-    /// Turns the events of the modem lines on; they are off after opening. Changes are seen within
-    /// 100 ms.
+    /// Turns the events of the modem lines on; they are off after opening. Changes are told at
+    /// once where the driver tells of them, else within a second.
     virtual void WatchModemLines(bool on) = 0;
 
     /// Gets a `CommEvent`. May close or reopen the port, but must not destroy it.

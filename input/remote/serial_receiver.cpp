@@ -37,7 +37,7 @@ void SerialReceiver::Stop() {
 }
 
 bool SerialReceiver::Open() {
-    if (!n_.port->Open(n_.device, n_.model.settings)) return false;
+    if (!n_.port->Open(n_.device, n_.model.settings, {.owner = "the remote"})) return false;
     stage_ = n_.model.wakeUp ? Stage::PoweringUp : Stage::Listening;
     if (n_.model.wakeUp) step_->Start(PowerUpMs);
     ClearBuff();

@@ -1,12 +1,14 @@
 #include "platform/qt/qt_serial_port.h"
 
+#include <filesystem>
 #include <map>
+#include <system_error>
 
 namespace vk {
 
 namespace {
 
-constexpr int LinePollMs = 100;
+constexpr int LinePollMs = 1000; // one call of the driver: less than 0.001 of a core
 
 void Apply(const SerialSettings& settings, QSerialPort& port) {
     static const std::map<char, QSerialPort::Parity> parities = {{'N', QSerialPort::NoParity},
@@ -24,7 +26,7 @@ void Apply(const SerialSettings& settings, QSerialPort& port) {
 
 } // namespace
 
-QtSerialPort::QtSerialPort() {
+QtSerialPort::QtSerialPort(SerialOwners& owners) : owners_(owners) {
     QObject::connect(&port_, &QSerialPort::readyRead, &port_, [this] { Tell(comEvReceive); });
     QObject::connect(&port_, &QSerialPort::errorOccurred, &port_,
                      [this](QSerialPort::SerialPortError error) { Failed(error); });
@@ -33,25 +35,42 @@ QtSerialPort::QtSerialPort() {
 
 QtSerialPort::~QtSerialPort() {
     port_.disconnect();
-    port_.close();
+    Close();
 }
 
-bool QtSerialPort::Open(const std::string& name, const std::string& settings) {
+bool QtSerialPort::Open(const std::string& name, const std::string& settings,
+                        const SerialUse& use) {
     Close();
+    failure_.clear();
     const auto parsed = ParseSerialSettings(settings);
-    if (!parsed || name.empty()) return false;
+    if (!parsed || name.empty()) return Fail("\"" + settings + "\" is no setting of " + name);
+    std::error_code none;
+    const auto device = std::filesystem::canonical(name, none); // links lead to one device
+    const std::string id = none ? name : device.string();
+    const std::string other = owners_.Take(id, use.owner);
+    if (!other.empty()) return Fail(name + " is in use by " + other);
+    owned_ = id;
     port_.setPortName(QString::fromStdString(name));
     Apply(*parsed, port_);
-    if (!port_.open(QIODevice::ReadWrite)) return false;
+    if (!port_.open(QIODevice::ReadWrite))
+        return Fail(name + ": " + port_.errorString().toStdString());
+    SetDTREnable(use.dtr);
+    SetRTSEnable(use.rts);
     ShortenSerialLatency(std::intptr_t(port_.handle()));
-    SetDTREnable(true);
-    SetRTSEnable(true);
     return true;
+}
+
+bool QtSerialPort::Fail(const std::string& why) {
+    Close();
+    failure_ = why;
+    return false;
 }
 
 void QtSerialPort::Close() {
     linesTimer_.stop();
+    lineWatch_.reset(); // before the number of the open file may be given to another
     if (port_.isOpen()) port_.close();
+    if (!owned_.empty()) owners_.Give(std::exchange(owned_, {}));
 }
 
 bool QtSerialPort::PortOpen() const {
@@ -101,13 +120,15 @@ bool QtSerialPort::DSRHolding() const {
 
 void QtSerialPort::WatchModemLines(bool on) {
     lines_ = Lines();
-    if (on && port_.isOpen())
-        linesTimer_.start(LinePollMs);
-    else
-        linesTimer_.stop();
+    lineWatch_.reset();
+    if (!on || !port_.isOpen()) return linesTimer_.stop();
+    linesTimer_.start(LinePollMs);
+    lineWatch_ = std::make_unique<LineWatch>([port = port_.handle()] { return WaitForLines(port); },
+                                             [this] { uiThread_.Post([this] { PollLines(); }); });
 }
 
 void QtSerialPort::PollLines() {
+    if (!linesTimer_.isActive()) return; // asked for by a thread that has ended meanwhile
     const auto now = Lines();
     const auto changed = now ^ lines_;
     lines_ = now;

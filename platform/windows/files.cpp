@@ -111,6 +111,16 @@ bool AppendToFile(const std::string& path, std::string_view contents) {
     return file && WriteAll(file.get(), contents);
 }
 
+bool RenameFlushed(const std::string& from, const std::string& to) {
+    return FlushFile(from) && ::MoveFileExW(ToWide(from).c_str(), ToWide(to).c_str(),
+                                            MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH);
+}
+
+bool FlushFile(const std::string& path) {
+    const FileHandle file(Open(path, GENERIC_WRITE, OPEN_EXISTING));
+    return file && ::FlushFileBuffers(file.get());
+}
+
 bool CopyFileTo(const std::string& from, const std::string& to) {
     const auto contents = ReadWholeFile(from, static_cast<std::size_t>(-1) / 2);
     return contents && ReplaceFile(to, *contents);

@@ -13,7 +13,7 @@ struct SerialPtyTest : RemoteFixture {
     SerialPtyTest() {
         settings.Write("remote", "comport", path);
         devices.serial = [this] {
-            auto made = std::make_unique<QtSerialPort>();
+            auto made = std::make_unique<QtSerialPort>(owners);
             real = made.get();
             return made;
         };
@@ -35,6 +35,7 @@ struct SerialPtyTest : RemoteFixture {
 
     std::string path = app.File("receiver");
     PtyReceiver device{path};
+    SerialOwners owners;
     QtSerialPort* real = nullptr;
     int reads = 0; ///< events of the port
 };

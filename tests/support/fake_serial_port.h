@@ -11,11 +11,13 @@ namespace vk::test {
 
 class FakeSerialPort : public SerialPort {
   public:
-    bool Open(const std::string& name, const std::string& settings) override {
+    bool Open(const std::string& name, const std::string& settings,
+              const SerialUse& = {}) override {
         opened.push_back(name + " " + settings);
         open_ = present;
         return open_;
     }
+    std::string Failure() const override { return open_ ? "" : "not there"; }
     void Close() override { open_ = false; }
     bool PortOpen() const override { return open_; }
     std::size_t InBufferCount() const override { return waiting_.size(); }

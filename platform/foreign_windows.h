@@ -1,0 +1,71 @@
+// Windows of other programs: found, taken into ours, placed and given the input.
+#pragma once
+
+#include "platform/player_window.h"
+#include "platform/programs.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace vk {
+
+/// Pixels of the screen, or of the window that it lies in.
+struct WindowArea {
+    int x = 0, y = 0;
+    int width = 0, height = 0;
+    bool operator==(const WindowArea&) const = default;
+};
+
+struct ForeignWindow {
+    WindowHandle handle = 0;
+    ProgramId program = 0; ///< whose it is; 0 where it does not tell
+    std::string title, windowClass;
+    bool visible = false;
+    WindowArea area; ///< without the frame; pixels of the screen
+};
+
+/// All on the user-interface thread, and none waits for the other program. A window that has gone
+/// is no failure: what is asked of it does nothing.
+class ForeignWindows {
+  public:
+    virtual ~ForeignWindows() = default;
+    /// The top-level windows of the screen, the one in front last; adopted ones are none of them.
+    virtual std::vector<ForeignWindow> List() const = 0;
+    virtual bool Exists(WindowHandle window) const = 0;
+    /// Makes it a part of our window `host`, shown at `area` in there and without a frame. It is
+    /// the desktop's again after `Return`, and when this process ends, however that comes. False
+    /// when one of both is not there.
+    virtual bool Adopt(WindowHandle window, WindowHandle host, const WindowArea& area) = 0;
+    virtual void Return(WindowHandle window) = 0;
+    virtual void Place(WindowHandle window, const WindowArea& area) = 0;
+    virtual void Show(WindowHandle window, bool shown) = 0;
+    /// In front of its siblings.
+    virtual void Raise(WindowHandle window) = 0;
+    /// Keeps it above all others, or lets it go again; where nobody manages the windows it is
+    /// raised once.
+    virtual void SetTopmost(WindowHandle window, bool on) = 0;
+    /// With or without title bar and frame.
+    virtual void SetFrame(WindowHandle window, bool on) = 0;
+    /// Gives it the input.
+    virtual void Focus(WindowHandle window) = 0;
+    /// Asks its program to close it.
+    virtual void Close(WindowHandle window) = 0;
+    /// From now on these keys (virtual-key codes) come to `onKey` instead of the program in front,
+    /// and none with an empty list. Keys that another program holds stay with it.
+    virtual void HoldKeys(const std::vector<int>& keys) = 0;
+
+    /// A held key went down.
+    std::function<void(int key)> onKey;
+    /// An adopted window has gone, with its program or without.
+    std::function<void(WindowHandle window)> onGone;
+};
+
+/// Those of `List` that belong to a program.
+inline std::vector<ForeignWindow> WindowsOf(const ForeignWindows& windows, ProgramId program) {
+    std::vector<ForeignWindow> all = windows.List();
+    std::erase_if(all, [&](const ForeignWindow& window) { return window.program != program; });
+    return all;
+}
+
+} // namespace vk

@@ -1,0 +1,47 @@
+#include "skin/surfaces.h"
+
+#include <algorithm>
+#include <ranges>
+
+namespace vk {
+
+void Surfaces::Put(const std::string& owner, Surface surface) {
+    std::erase_if(entries_, [&](const Entry& entry) { return entry.owner == owner; });
+    const auto place = std::ranges::upper_bound(
+        entries_, surface.layer, {}, [](const Entry& entry) { return entry.surface.layer; });
+    const auto put = entries_.insert(place, {owner, std::move(surface)});
+    if (put->surface.show) put->surface.show(dialogs_ == 0);
+    Restack();
+}
+
+void Surfaces::Remove(const std::string& owner) {
+    std::erase_if(entries_, [&](const Entry& entry) { return entry.owner == owner; });
+}
+
+std::string Surfaces::Owner(Layer layer) const {
+    for (const Entry& entry : std::views::reverse(entries_))
+        if (entry.surface.layer == layer) return entry.owner;
+    return {};
+}
+
+void Surfaces::DialogOpened() {
+    if (++dialogs_ == 1) ShowPrograms(false);
+}
+
+void Surfaces::DialogClosed() {
+    if (dialogs_ == 0 || --dialogs_ > 0) return;
+    ShowPrograms(true);
+    Restack();
+}
+
+void Surfaces::Restack() const {
+    for (const Entry& entry : entries_)
+        entry.surface.raise();
+}
+
+void Surfaces::ShowPrograms(bool shown) const {
+    for (const Entry& entry : entries_)
+        if (entry.surface.show) entry.surface.show(shown);
+}
+
+} // namespace vk

@@ -1,0 +1,58 @@
+#include "skin/surfaces.h"
+
+#include <gmock/gmock.h>
+
+namespace vk::test {
+namespace {
+
+using testing::ElementsAre;
+
+struct SurfacesTest : testing::Test {
+    void Put(const std::string& owner, Layer layer) {
+        Surface surface{layer, [this, owner] {
+                            std::erase(order, owner);
+                            order.push_back(owner);
+                        }};
+        if (layer == Layer::Program) surface.show = [this](bool on) { shown = on; };
+        surfaces.Put(owner, surface);
+    }
+    Surfaces surfaces;
+    std::vector<std::string> order; ///< the front last
+    bool shown = false;
+};
+
+TEST_F(SurfacesTest, LayersKeepTheirOrderWhoeverComesLast) {
+    Put("tools", Layer::Bar);
+    Put("film", Layer::Film);
+    Put("menu", Layer::Screen);
+    Put("player", Layer::Screen);
+    EXPECT_THAT(order, ElementsAre("menu", "player", "film", "tools"));
+    Put("menu", Layer::Screen);
+    EXPECT_THAT(order, ElementsAre("player", "menu", "film", "tools"));
+    EXPECT_EQ(surfaces.Owner(Layer::Screen), "menu");
+    surfaces.Remove("menu");
+    surfaces.Remove("nobody");
+    EXPECT_EQ(surfaces.Owner(Layer::Screen), "player");
+    EXPECT_EQ(surfaces.Owner(Layer::Dialog), "");
+}
+
+TEST_F(SurfacesTest, ProgramsStepBackForDialogsAndReturnAfterTheLast) {
+    Put("map", Layer::Program);
+    EXPECT_TRUE(shown);
+    surfaces.DialogOpened();
+    surfaces.DialogOpened();
+    surfaces.DialogClosed();
+    EXPECT_FALSE(shown);
+    surfaces.DialogClosed();
+    EXPECT_TRUE(shown);
+    surfaces.DialogClosed(); // one too many changes nothing
+    surfaces.DialogOpened();
+    Put("other", Layer::Program);
+    EXPECT_FALSE(shown) << "what comes while a dialog is open waits";
+    surfaces.Remove("map");
+    surfaces.DialogClosed();
+    EXPECT_TRUE(shown);
+}
+
+} // namespace
+} // namespace vk::test
