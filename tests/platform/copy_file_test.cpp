@@ -1,6 +1,7 @@
 #include "platform/copy_file.h"
 #include "tests/support/temp_folder.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 

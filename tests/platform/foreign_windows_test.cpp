@@ -2,7 +2,7 @@
 #include "platform/linux/x11/x11_windows.h"
 #include "platform/paths.h"
 #include "platform/qt/qt_child_process.h"
-#include "tests/support/events.h"
+#include "tests/platform/polled.h"
 #include "tests/support/temp_folder.h"
 
 #include <gmock/gmock.h>
@@ -19,14 +19,14 @@ struct ForeignWindowsTest : testing::TestWithParam<bool> {
         server.onOutput = [this](std::string_view text) { display += text; };
         server.Start("/usr/bin/Xvfb",
                      {"-displayfd", "1", "-screen", "0", "640x480x24", "-nolisten", "tcp"});
-        EXPECT_TRUE(Eventually([&] { return display.ends_with('\n'); }));
+        EXPECT_TRUE(Polled([&] { return display.ends_with('\n'); }));
         display = ":" + display.substr(0, display.size() - 1);
         ::setenv("DISPLAY", display.c_str(), 1);
         Connect();
         if (!GetParam()) return;
         manager = programs->Start({"/usr/bin/openbox", {}, folder.Path()});
         const X11Properties properties(connection);
-        EXPECT_TRUE(Eventually([&] { return properties.Managed(); }));
+        EXPECT_TRUE(Polled([&] { return properties.Managed(); }));
     }
     ~ForeignWindowsTest() override {
         for (const ProgramId program : {manager, terminal}) {
@@ -54,7 +54,7 @@ struct ForeignWindowsTest : testing::TestWithParam<bool> {
     }
     /// Waits with the display's events handled.
     template<class Condition> bool Soon(Condition condition) {
-        return Eventually([&] {
+        return Polled([&] {
             while (XReply<xcb_generic_event_t> event{xcb_poll_for_event(connection)})
                 windows->Handle(*event);
             return condition();

@@ -3,7 +3,7 @@
 #include "platform/paths.h"
 #include "platform/programs.h"
 #include "platform/qt/qt_child_process.h"
-#include "tests/support/events.h"
+#include "tests/platform/polled.h"
 #include "tests/support/temp_folder.h"
 
 #include <gmock/gmock.h>
@@ -29,7 +29,7 @@ struct ProgramsTest : testing::Test {
 TEST_F(ProgramsTest, AProgramRunsUntilItIsAskedOrMadeToEnd) {
     const ProgramId polite = Shell("exec sleep 1000", true);
     const ProgramId rude = Shell("trap '' TERM; echo > ready; while :; do sleep 0.01; done");
-    ASSERT_TRUE(Eventually([&] { return FileExists(folder.File("ready")); }));
+    ASSERT_TRUE(Polled([&] { return FileExists(folder.File("ready")); }));
     EXPECT_TRUE(programs->Running(polite) && programs->Running(rude));
     EXPECT_FALSE(programs->Wait(polite, 0));
     EXPECT_EQ(::getpriority(PRIO_PROCESS, static_cast<id_t>(polite)), 19);
@@ -90,10 +90,10 @@ struct ChildProcessTest : testing::Test {
 TEST_F(ChildProcessTest, TalksUntilItsInputEnds) {
     Start("while read line; do echo \"<$line>\"; done; echo bye; exit 3");
     child->Write("one\ntwo\n");
-    ASSERT_TRUE(Eventually([&] { return said == "<one>\n<two>\n"; }));
+    ASSERT_TRUE(Polled([&] { return said == "<one>\n<two>\n"; }));
     child->Write("three\n");
     child->CloseInput();
-    ASSERT_TRUE(Eventually([&] { return !codes.empty(); }));
+    ASSERT_TRUE(Polled([&] { return !codes.empty(); }));
     EXPECT_EQ(said, "<one>\n<two>\n<three>\nbye\n");
     EXPECT_EQ(codes, std::vector{3});
 }
@@ -104,13 +104,13 @@ TEST_F(ChildProcessTest, IsEndedWithItsObjectAlsoFromItsOwnWords) {
         said += bytes;
         if (said.ends_with('\n')) child.reset();
     };
-    ASSERT_TRUE(Eventually([&] { return !child; }));
-    EXPECT_TRUE(Eventually([&] { return ::kill(std::stoi(said), 0) != 0; })) << "nor a zombie";
+    ASSERT_TRUE(Polled([&] { return !child; }));
+    EXPECT_TRUE(Polled([&] { return ::kill(std::stoi(said), 0) != 0; })) << "nor a zombie";
     EXPECT_TRUE(codes.empty());
     child = std::make_unique<QtChildProcess>();
     child->onEnded = [this](int code) { codes.push_back(code); };
     child->Start("/no/such/program", {});
-    EXPECT_TRUE(Eventually([&] { return codes == std::vector{ChildProcess::NotStarted}; }));
+    EXPECT_TRUE(Polled([&] { return codes == std::vector{ChildProcess::NotStarted}; }));
 }
 
 } // namespace

@@ -2,8 +2,8 @@
 #include "platform/linux/line_watch.h"
 #include "platform/linux/serial_list.h"
 #include "platform/qt/qt_serial_port.h"
+#include "tests/platform/polled.h"
 #include "tests/sim/pty_receiver.h"
-#include "tests/support/events.h"
 #include "tests/support/temp_folder.h"
 
 #include <gmock/gmock.h>
@@ -29,7 +29,7 @@ TEST_F(SerialTest, APortHasOneOwner) {
     EXPECT_FALSE(second.Open(folder.File("other name"), Settings, {.owner = "the remote"}));
     EXPECT_THAT(second.Failure(), HasSubstr("other name is in use by the satellite receiver"));
     EXPECT_TRUE(first.Output("x")) << "which does not harm the first";
-    EXPECT_TRUE(Eventually([&] { return device.Heard() == "x"; }));
+    EXPECT_TRUE(Polled([&] { return device.Heard() == "x"; }));
     first.Close();
     EXPECT_TRUE(second.Open(folder.File("port"), Settings)) << second.Failure();
     EXPECT_EQ(second.Failure(), "");
@@ -48,7 +48,7 @@ TEST_F(SerialTest, APortWithoutModemLinesTellsNothingAndCloses) {
     port.OnComm = [&](int event) { events.push_back(event); };
     port.WatchModemLines(true);
     device.Send("x");
-    EXPECT_TRUE(Eventually([&] { return !events.empty(); }));
+    EXPECT_TRUE(Polled([&] { return !events.empty(); }));
     port.Close();
     QCoreApplication::processEvents();
     EXPECT_EQ(events, std::vector{int(comEvReceive)});
@@ -58,7 +58,7 @@ TEST(LineWatchTest, TellsEachChangeAndEndsAlsoWhileItWaits) {
     std::atomic<int> waits = 0, changes = 0;
     {
         const LineWatch watch([&] { return ++waits <= 3 || ::pause() == 0; }, [&] { ++changes; });
-        EXPECT_TRUE(Eventually([&] { return waits == 4; }));
+        EXPECT_TRUE(Polled([&] { return waits == 4; }));
         EXPECT_EQ(changes, 3);
     } // interrupts the pause
     EXPECT_EQ(changes, 3);

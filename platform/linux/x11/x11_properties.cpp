@@ -39,7 +39,8 @@ xcb_atom_t X11Properties::Atom(const std::string& name) const {
         xcb_intern_atom(connection_, 0, static_cast<std::uint16_t>(name.size()), name.c_str());
     const XReply<xcb_intern_atom_reply_t> reply(
         xcb_intern_atom_reply(connection_, request, nullptr));
-    return atom = reply ? reply->atom : XCB_ATOM_NONE;
+    if (reply) atom = reply->atom;
+    return atom;
 }
 
 std::vector<std::uint32_t> X11Properties::Numbers(xcb_window_t window,

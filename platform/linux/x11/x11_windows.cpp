@@ -13,6 +13,10 @@ constexpr std::uint32_t FromPager = 2; // EWMH: on the user's behalf
 constexpr std::uint32_t DecorationsField = 2;
 // A program that insists on another size gets its way in the end.
 constexpr int MostCorrections = 8;
+// A key is the same with CapsLock and NumLock. Not with any modifier: a manager that holds Alt with
+// the key would keep it from us altogether.
+constexpr std::uint16_t Locks[] = {0, XCB_MOD_MASK_LOCK, XCB_MOD_MASK_2,
+                                   XCB_MOD_MASK_LOCK | XCB_MOD_MASK_2};
 
 xcb_window_t Id(WindowHandle window) {
     return static_cast<xcb_window_t>(window);
@@ -203,15 +207,15 @@ void X11Windows::Close(WindowHandle window) {
     xcb_flush(x_.connection());
 }
 
-// With any modifier: a key is the same with NumLock.
 void X11Windows::HoldKeys(const std::vector<int>& keys) {
     xcb_connection_t* const c = x_.connection();
     for (const auto& [code, key] : std::exchange(held_, {}))
-        xcb_ungrab_key(c, code, x_.Root(), XCB_MOD_MASK_ANY);
+        for (const std::uint16_t locks : Locks)
+            xcb_ungrab_key(c, code, x_.Root(), locks);
     if (!keys.empty()) held_ = KeyCodes(c, keys);
     for (const auto& [code, key] : held_)
-        xcb_grab_key(c, 1, x_.Root(), XCB_MOD_MASK_ANY, code, XCB_GRAB_MODE_ASYNC,
-                     XCB_GRAB_MODE_ASYNC);
+        for (const std::uint16_t locks : Locks)
+            xcb_grab_key(c, 1, x_.Root(), locks, code, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
     xcb_flush(c);
 }
 
