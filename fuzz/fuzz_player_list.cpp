@@ -10,7 +10,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     vk::PlayOrder list(static_cast<std::uint32_t>(size));
     list.SetRepeat(true);
     list.SetShuffle(size % 2 == 0);
-    for (const auto& entries : {vk::ParseM3u(contents, "/l"), vk::ParsePls(contents, "/l")}) {
+    for (const auto& entries : {vk::M3uEntries(contents, "/l"), vk::PlsEntries(contents, "/l")}) {
         std::string paths;
         for (const std::string& entry : entries)
             paths.append(entry).push_back('\0');

@@ -9,14 +9,14 @@ namespace vk {
 
 namespace {
 
-constexpr std::size_t TextLimit = 64u << 20;
+constexpr std::size_t TextLimit = 512u << 20;
 
 } // namespace
 
 void PlayOrder::Clear() {
     text_ = {};
     starts_ = {};
-    order_ = {};
+    order_ = other_ = {};
     place_ = 0;
     index_ = 0;
     begun_ = false;
@@ -35,6 +35,7 @@ void PlayOrder::Append(std::string_view paths) {
     }
     if (!shuffle_ || Size() == before) return;
     if (!begun_) return Reshuffle();
+    other_ = {};
     order_.resize(Size());
     std::iota(order_.begin() + static_cast<std::ptrdiff_t>(before), order_.end(),
               static_cast<std::uint32_t>(before));
@@ -52,7 +53,7 @@ void PlayOrder::SetIndex(std::int32_t index) {
 
 void PlayOrder::SetShuffle(bool on) {
     shuffle_ = on;
-    order_ = {};
+    order_ = other_ = {};
     if (on) Reshuffle();
 }
 
@@ -67,6 +68,8 @@ bool PlayOrder::Previous() {
 std::optional<std::size_t> PlayOrder::PeekNext() const {
     const std::size_t place = shuffle_ ? place_ : static_cast<std::size_t>(index_);
     if (place + 1 < Size()) return shuffle_ ? order_[place + 1] : place + 1;
+    if (shuffle_ && repeat_ && otherIsLater_ && other_.size() == Size() && Size() > 0)
+        return other_.front();
     if (shuffle_ || !repeat_ || Size() == 0) return std::nullopt;
     return 0;
 }
@@ -76,11 +79,14 @@ bool PlayOrder::Step(bool forward) {
     const std::size_t place = shuffle_ ? place_ : static_cast<std::size_t>(index_);
     const bool atEnd = forward ? place + 1 >= Size() : place == 0;
     if (atEnd && !repeat_) return false;
+    if (atEnd && shuffle_ && TurnRound(forward)) return true;
     std::size_t next = forward ? (atEnd ? 0 : place + 1) : (atEnd ? Size() : place) - 1;
     next = std::min(next, Size() - 1);
     if (shuffle_) {
         if (atEnd && forward) {
             // The entry that ended the round must not begin the next one.
+            other_ = order_;
+            otherIsLater_ = false;
             ShuffleFrom(0);
             if (Size() > 1 && order_.front() == static_cast<std::uint32_t>(index_))
                 std::swap(order_.front(), order_.back());
@@ -92,7 +98,18 @@ bool PlayOrder::Step(bool forward) {
     return true;
 }
 
+// Back into the round before, or forward again into the one that was left for it.
+bool PlayOrder::TurnRound(bool forward) {
+    if (other_.size() != Size() || otherIsLater_ != forward) return false;
+    std::swap(order_, other_);
+    otherIsLater_ = !forward;
+    place_ = forward ? 0 : Size() - 1;
+    index_ = static_cast<std::int32_t>(order_[place_]);
+    return true;
+}
+
 void PlayOrder::Reshuffle() {
+    other_ = {};
     order_.resize(Size());
     std::iota(order_.begin(), order_.end(), 0u);
     place_ = 0;

@@ -13,7 +13,8 @@ namespace vk {
 
 /// Entries are numbered from 0. The current index may lie beyond the list: the list may arrive a
 /// moment after it was chosen. With shuffle on, a random order is followed in which no entry comes
-/// twice before all have come; `Previous` goes back in it.
+/// twice before all have come; `Previous` goes back in it, and from its beginning into the round
+/// before.
 class PlayOrder {
   public:
     explicit PlayOrder(std::uint32_t seed) : random_(seed) {}
@@ -46,6 +47,7 @@ class PlayOrder {
 
   private:
     bool Step(bool forward);
+    bool TurnRound(bool forward);
     void Reshuffle();
     void ShuffleFrom(std::size_t first);
     void PutInOrder();
@@ -54,6 +56,9 @@ class PlayOrder {
     std::string text_;
     std::vector<std::uint32_t> starts_;
     std::vector<std::uint32_t> order_; ///< with shuffle on: a permutation, played up to `place_`
+    /// The round before this one, or the one after it that was left backwards; may be empty.
+    std::vector<std::uint32_t> other_;
+    bool otherIsLater_ = false;
     std::size_t place_ = 0;
     std::int32_t index_ = 0;
     bool shuffle_ = false;

@@ -38,8 +38,9 @@ std::string Packed(const std::vector<std::string>& entries) {
 class PollLoop {
   public:
     PollLoop(Instance& instance, const std::string& folder)
-        : instance_(instance), output_([this](const OutputEvent& event) { events_.Post(event); },
-                                       FindSoundDevice(SoundPlaces::OfEnvironment())),
+        : instance_(instance),
+          output_([this](const OutputEvent& event) { events_.Post(event); },
+                  [] { return FindSoundDevice(SoundPlaces::OfEnvironment()); }),
           engine_(output_, ReadPlayerSettings(JoinPath(folder, "winamp.ini")), SteadyNanoseconds,
                   std::random_device()()),
           server_(instance.Listener(),

@@ -52,6 +52,10 @@ std::int64_t VlcDeck::LengthMs() const {
     return libvlc_media_player_get_length(player_.get());
 }
 
+std::int64_t VlcDeck::TimeMs() const {
+    return libvlc_media_player_get_time(player_.get());
+}
+
 VlcNotes VlcDeck::TakeNotes() {
     const std::lock_guard lock(mutex_);
     const VlcNotes notes = notes_;

@@ -37,6 +37,7 @@ class VlcDeck {
     void SetPaused(bool paused);
     void Seek(std::int64_t positionMs);
     std::int64_t LengthMs() const;
+    std::int64_t TimeMs() const; ///< 0 or less until it sounds
     libvlc_media_t* Media() const { return media_.get(); }
     libvlc_media_player_t* Player() const { return player_.get(); }
     VlcNotes TakeNotes();

@@ -1,7 +1,9 @@
 #include "player/engine/vlc_output.h"
 
+#include "player/engine/certain_length.h"
 #include "player/engine/vlc_media.h"
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 #include <vector>
@@ -20,6 +22,7 @@ constexpr std::int64_t ArmMs = 3000;
 // …and so long before it is let go: what a paused stream takes to sound again.
 constexpr auto SwitchLead = 40ms;
 constexpr auto SettleTime = 400ms;
+constexpr auto LookEvery = 2s;
 
 // libVLC's scale is cubic in amplitude, 100 being full; ours is linear.
 int VlcVolume(int volume) {
@@ -39,8 +42,9 @@ std::vector<const char*> Options(SoundDevice device) {
 
 } // namespace
 
-VlcOutput::VlcOutput(std::function<void(const OutputEvent&)> sink, SoundDevice device)
-    : sink_(std::move(sink)), device_(device), worker_([this] { Work(); }) {}
+VlcOutput::VlcOutput(std::function<void(const OutputEvent&)> sink,
+                     std::function<SoundDevice()> find)
+    : sink_(std::move(sink)), find_(std::move(find)), worker_([this] { Work(); }) {}
 
 VlcOutput::~VlcOutput() {
     Wish([](Wishes& wishes) { wishes.quit = true; });
@@ -92,12 +96,7 @@ void VlcOutput::SetEqualiser(const Equaliser& equaliser) {
 
 VlcOutput::Wishes VlcOutput::NextWishes() {
     std::unique_lock lock(mutex_);
-    const auto due = SwitchDue();
-    const auto pending = [this] { return dirty_; };
-    if (due)
-        changed_.wait_until(lock, *due, pending);
-    else
-        changed_.wait(lock, pending);
+    changed_.wait_until(lock, WakeAt(), [this] { return dirty_; });
     dirty_ = false;
     const Wishes wishes = wishes_;
     wishes_.seekMs.reset();
@@ -114,13 +113,19 @@ void VlcOutput::Work() {
             // Nothing can be played: every track fails, so that the list comes to its end.
             if (wishes.track != std::exchange(track_, wishes.track) && track_ != 0)
                 Emit(OutputEvent::Failed);
+            lookAt_ = std::chrono::steady_clock::now() + LookEvery;
             continue;
         }
         Carry(wishes);
         Heed(Deck().TakeNotes());
         HeedStandby(Standby().TakeNotes());
         SwitchWhenDue();
+        LookForDevice();
     }
+    CloseLibrary();
+}
+
+void VlcOutput::CloseLibrary() {
     if (!library_) return;
     for (auto& deck : decks_)
         deck->Stop();
@@ -129,7 +134,37 @@ void VlcOutput::Work() {
     library_.reset();
 }
 
+void VlcOutput::LookForDevice() {
+    const auto now = std::chrono::steady_clock::now();
+    if (now < lookAt_) return;
+    lookAt_ = now + LookEvery;
+    if (find_() != device_) OpenAgain();
+}
+
+// The way of playing is another one: the track goes on at its place through a new library.
+void VlcOutput::OpenAgain() {
+    const std::int64_t placeMs = started_ ? Deck().TimeMs() : 0;
+    CloseLibrary();
+    armedPath_.clear();
+    armedReady_ = false;
+    OpenLibrary();
+    if (!library_) return;
+    ApplyEqualiser(equaliser_);
+    ApplyVolume();
+    if (track_ == 0 || over_) return;
+    started_ = paused_ = volumeApplied_ = false;
+    endsAt_.reset();
+    if (placeMs > 0 && !seekMs_) seekMs_ = placeMs;
+    Deck().Open(MakeVlcMedia(library_, path_), track_);
+}
+
+VlcOutput::Moment VlcOutput::WakeAt() const {
+    return std::min(lookAt_, SwitchDue().value_or(lookAt_));
+}
+
 void VlcOutput::OpenLibrary() {
+    device_ = find_();
+    lookAt_ = std::chrono::steady_clock::now() + LookEvery;
     const auto options = Options(device_);
     library_.reset(libvlc_new(static_cast<int>(options.size()), options.data()));
     if (!library_) return;
@@ -146,7 +181,7 @@ void VlcOutput::Carry(const Wishes& wishes) {
         volume_ = *wishes.volume;
         ApplyVolume();
     }
-    if (wishes.equaliser) ApplyEqualiser(*wishes.equaliser);
+    if (wishes.equaliser) ApplyEqualiser(equaliser_ = *wishes.equaliser);
     if (wishes.track != track_) StartTrack(wishes);
     if (wishes.seekMs) seekMs_ = wishes.seekMs;
     wantPaused_ = wishes.paused;
@@ -194,6 +229,8 @@ void VlcOutput::StartTrack(const Wishes& wishes) {
         }
         return;
     }
+    certain_ = LengthIsCertain(path_);
+    volumeApplied_ = false;
     Deck().Open(prepared_ && preparedPath_ == path_ ? std::move(prepared_)
                                                     : MakeVlcMedia(library_, path_),
                 track_);
@@ -204,6 +241,8 @@ bool VlcOutput::Adopt() {
     if (!armedReady_ || armedPath_ != path_) return false;
     armedPath_.clear();
     armedReady_ = false;
+    certain_ = LengthIsCertain(path_);
+    volumeApplied_ = false;
     Deck().SetTrack(0);
     current_ = 1 - current_;
     Deck().SetTrack(track_);
@@ -253,6 +292,9 @@ void VlcOutput::HeedEnd(const VlcNotes& notes) {
 }
 
 void VlcOutput::HeedTime(const VlcNotes& notes) {
+    // A stream that a sound server has just made has the server's own level until now.
+    if (!std::exchange(volumeApplied_, true)) ApplyVolume();
+    if (!certain_) return; // the file may go on for long behind an estimated end
     const std::int64_t leftMs = Deck().LengthMs() - notes.timeMs;
     if (paused_ || leftMs < 0 || notes.timeAt < unsettledUntil_) return;
     endsAt_ = notes.timeAt + std::chrono::milliseconds(leftMs);

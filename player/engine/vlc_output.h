@@ -29,8 +29,10 @@ namespace vk {
 
 class VlcOutput : public Output {
   public:
-    /// `sink` is called from other threads. Without a device the sound goes nowhere, in real time.
-    VlcOutput(std::function<void(const OutputEvent&)> sink, SoundDevice device);
+    /// `sink` is called from other threads. `find` tells what there is to play on and is asked
+    /// again every few seconds on a thread: devices and servers come late and go. Without one the
+    /// sound goes nowhere, in real time.
+    VlcOutput(std::function<void(const OutputEvent&)> sink, std::function<SoundDevice()> find);
     /// Waits for libVLC to let the device go.
     ~VlcOutput() override;
 
@@ -63,6 +65,9 @@ class VlcOutput : public Output {
     Wishes NextWishes();
     void Work();
     void OpenLibrary();
+    void CloseLibrary();
+    void LookForDevice();
+    void OpenAgain();
     void Carry(const Wishes& wishes);
     void CarryPause();
     void CarrySeek();
@@ -76,6 +81,7 @@ class VlcOutput : public Output {
     void HeedStandby(const VlcNotes& notes);
     void Disarm();
     std::optional<Moment> SwitchDue() const;
+    Moment WakeAt() const;
     void SwitchWhenDue();
     void ApplyVolume();
     void ApplyEqualiser(const Equaliser& equaliser);
@@ -84,7 +90,7 @@ class VlcOutput : public Output {
     VlcDeck& Standby() { return *decks_[1 - current_]; }
 
     const std::function<void(const OutputEvent&)> sink_;
-    const SoundDevice device_;
+    const std::function<SoundDevice()> find_;
 
     std::mutex mutex_;
     std::condition_variable changed_;
@@ -92,6 +98,9 @@ class VlcOutput : public Output {
     bool dirty_ = false; ///< under the mutex: there is something to do
 
     // The worker's own:
+    SoundDevice device_ = SoundDevice::None;
+    Moment lookAt_; ///< when the device is looked for next
+    Equaliser equaliser_;
     VlcInstance library_;
     std::array<std::unique_ptr<VlcDeck>, 2> decks_; ///< empty when libVLC could not be had
     std::size_t current_ = 0;
@@ -110,6 +119,8 @@ class VlcOutput : public Output {
     std::optional<Moment> endsAt_; ///< by the latest report of the time
     Moment unsettledUntil_;        ///< reports are of before a seek or a pause
     int volume_ = 255;
+    bool volumeApplied_ = false; ///< to the stream that sounds
+    bool certain_ = false;       ///< the length of the track
 
     std::thread worker_;
 };

@@ -11,7 +11,7 @@ namespace vk {
 namespace {
 
 constexpr std::size_t MaxClients = 64;
-constexpr std::size_t ListBytesLimit = 64u << 20;
+constexpr std::size_t ListBytesLimit = 512u << 20;
 
 } // namespace
 

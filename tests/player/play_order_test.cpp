@@ -82,7 +82,13 @@ TEST_P(ShuffledTest, EveryEntryComesOnceARoundFromTheChosenOneOn) {
     EXPECT_EQ(Round(Count).size(), 9u);
     const std::int32_t last = list.Index();
     ASSERT_TRUE(list.Next());
-    EXPECT_NE(list.Index(), last);
+    const std::int32_t first = list.Index();
+    EXPECT_NE(first, last);
+    ASSERT_TRUE(list.Previous());
+    EXPECT_EQ(list.Index(), last) << "back over the end of the round";
+    EXPECT_EQ(list.PeekNext(), static_cast<std::size_t>(first));
+    ASSERT_TRUE(list.Next());
+    EXPECT_EQ(list.Index(), first) << "and on as it was";
     EXPECT_EQ(Round(Count).size(), 9u);
 }
 
