@@ -24,7 +24,7 @@ Ports LinuxPorts::ports() {
                         [] { return std::make_unique<QtChildProcess>(); }, registry_, Environment},
             .screen = {fonts_, QtScreenMetrics},
             .sound = {mixer_, soundInput_, *player_, beeper_, listener_},
-            .remote = {.serial = [] { return std::make_unique<QtSerialPort>(); },
+            .remote = {.serial = [this] { return std::make_unique<QtSerialPort>(serialOwners_); },
                        .stream = [] { return std::make_unique<QtLocalStream>(); },
                        .x10 = {},
                        .uuirt = LoadUUIRTLibrary}};

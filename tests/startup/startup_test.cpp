@@ -86,10 +86,11 @@ TEST_F(StartupTest, EachUnusableSettingHasItsWordsAndEndsTheStart) {
 }
 
 TEST_F(StartupTest, ASecondInstanceAndAMissingSkinFolderEndBeforeAnyFileIsMade) {
-    instance.free = "";
+    instance.running = true;
     ExpectEnds("Velkorandum is already running, or has not finished closing out from a previous "
                "instance.");
-    instance.free = app.Path();
+    EXPECT_EQ(instance.claimed, app.Path());
+    instance.running = false;
     std::filesystem::remove_all(app.File("skins"));
     ExpectEnds("Cannot find skin directory\n" + app.File("skins") + " does not exist");
     EXPECT_FALSE(FileExists(settings.SettingsFile()));
