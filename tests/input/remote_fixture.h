@@ -2,6 +2,7 @@
 #pragma once
 
 #include "input/remote/remote.h"
+#include "platform/serial_owners.h"
 #include "tests/support/core_fixture.h"
 #include "tests/support/fake_serial_port.h"
 #include "tests/support/machine_fakes.h"
@@ -60,6 +61,7 @@ struct RemoteFixture : testing::Test, CoreFixture {
     FakeSerialPort* port = nullptr; ///< of the receiver that was opened last
     FakeX10* x10 = nullptr;
     bool portPresent = true;
+    SerialOwners owners; ///< of real ports
     RemoteDevices devices{.serial =
                               [this] {
                                   auto made = std::make_unique<FakeSerialPort>();

@@ -35,7 +35,6 @@ struct SerialPtyTest : RemoteFixture {
 
     std::string path = app.File("receiver");
     PtyReceiver device{path};
-    SerialOwners owners;
     QtSerialPort* real = nullptr;
     int reads = 0; ///< events of the port
 };
