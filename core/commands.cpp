@@ -37,7 +37,7 @@ void Commands::RunNow(const std::function<void()>& command, bool following) {
 void Commands::Keep(When when, const std::function<void()>& command) {
     if (when == When::Drop) return;
     if (when == When::Interrupt) {
-        if (clock_.TickMs() - startedMs_ < InterruptMs) return;
+        if (RunningMs() < InterruptMs) return;
         End();
     } else if (next_ && nextEnded_) {
         return;

@@ -39,6 +39,8 @@ class Commands {
     /// True while a command runs: a list is being built, a player started. The old name of a flag
     /// that screens may ask.
     bool ListBusy() const { return running_; }
+    /// How long the running command has been going, milliseconds; -1 when none is.
+    std::int64_t RunningMs() const { return running_ ? clock_.TickMs() - startedMs_ : -1; }
     /// True in a command that ended another one to be run: for those with which leaving off is
     /// enough.
     bool Following() const { return following_; }
