@@ -153,9 +153,8 @@ void KeyToPaint(benchmark::State& state, std::vector<int> way, int there, int ba
 const std::vector<int> ToBrowser = {Qt::Key_Right, Qt::Key_Return};
 const std::vector<int> ToPlayer = {Qt::Key_Right, Qt::Key_Return, Qt::Key_Up, Qt::Key_Return};
 constexpr int SettingsKey = Qt::Key_P; ///< from the menu
-const std::vector<int> ToKeyboardPage = {SettingsKey,  Qt::Key_Down, Qt::Key_Down,  Qt::Key_Down,
-                                         Qt::Key_Down, Qt::Key_Down, Qt::Key_Return};
-const std::vector<int> ToRemotePage = {SettingsKey, Qt::Key_Up, Qt::Key_Up, Qt::Key_Up,
+const std::vector<int> ToKeyboardPage = {SettingsKey, Qt::Key_Up, Qt::Key_Right, Qt::Key_Return};
+const std::vector<int> ToRemotePage = {SettingsKey, Qt::Key_Up, Qt::Key_Right, Qt::Key_Right,
                                        Qt::Key_Return};
 
 BENCHMARK_CAPTURE(KeyToPaint, menu, {}, Qt::Key_Right, Qt::Key_Left)->Iterations(1);

@@ -87,6 +87,9 @@ template<class T> T ValueOf(const SettingRow& row, const IniValue& read) {
     }
 }
 
+/// The next multiple of the step in a direction (-1, 1), within the limits.
+double Stepped(double value, int direction, const SettingLimits& limits);
+
 /// A value as it is written. Numbers have a point whatever the locale, as it is read everywhere.
 std::string SettingText(bool value);
 std::string SettingText(std::int16_t value);

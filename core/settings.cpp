@@ -2,20 +2,30 @@
 
 #include "platform/paths.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
+#include <cmath>
 
 namespace vk {
 
 namespace {
 
-template<class Number> std::string NumberText(Number value) {
-    std::array<char, 64> text{};
-    const auto end = std::to_chars(text.data(), text.data() + text.size(), value).ptr;
+// No exponent, which would not be read.
+std::string NumberText(double value) {
+    std::array<char, 512> text{};
+    const auto end =
+        std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed).ptr;
     return std::string(text.data(), end);
 }
 
 } // namespace
+
+double Stepped(double value, int direction, const SettingLimits& limits) {
+    const double steps = value / limits.step;
+    const double next = direction > 0 ? std::floor(steps) + 1 : std::ceil(steps) - 1;
+    return std::clamp(next * limits.step, limits.low, limits.high);
+}
 
 std::string SettingText(bool value) {
     return value ? "true" : "false";

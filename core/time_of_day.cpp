@@ -34,6 +34,12 @@ std::optional<int> ParseTimeOfDay(std::string_view text) {
     return *result * 60 + static_cast<int>(*ParseInteger(parts[1]));
 }
 
+std::string TimeOfDayText(int minutes) {
+    const int hour = minutes / 60 % 12, minute = minutes % 60;
+    return std::to_string(hour == 0 ? 12 : hour) + (minute < 10 ? ":0" : ":") +
+           std::to_string(minute) + (minutes < 12 * 60 ? ":00 AM" : ":00 PM");
+}
+
 bool IsDay(int now, int time1, int time2) {
     const int span = time2 - time1;
     const int left = time2 - now;

@@ -55,7 +55,7 @@ void SettingsShell::chkDBManualUpdate_Click() {
     Trap(n_.report, "An error occured in settings.chkDBManualUpdate_Click ", [&] {
         const bool manual = !Values().manualdb;
         if (manual) n_.dialogs.ShowMessage(ManualWarning, "Critical Database Option Change");
-        n_.settings.Write("main", "manualdb", manual ? "true" : "false");
+        n_.settings.Set(setting::manualdb, manual);
         n_.settings.LoadSettings();
         view_.ShowTexts();
     });

@@ -43,10 +43,10 @@ bool MediaFolders::ChooseMediaDir() {
     }
     for (const char* list : {"vk_audio.m3u", "vk_video.m3u"})
         if (FileExists(settings_.File(list))) DeleteFileAt(settings_.File(list));
-    settings_.Write("main", "MediaDir", chosen);
-    settings_.Write("Sync", "dest", chosen);
-    settings_.Write("audio_player", "Volume", "0");
-    settings_.Write("video_player", "Volume", "0");
+    settings_.Write({{setting::MediaDir, chosen},
+                     {setting::SyncDest, chosen},
+                     {setting::AudioVolume, 0},
+                     {setting::VideoVolume, 0}});
     settings_.LoadSettings();
     return true;
 }
@@ -61,8 +61,7 @@ bool MediaFolders::ChoosePlaylistDir(bool mayKeep) {
         } else if (!Within(chosen, settings_.values.MediaDir)) {
             dialogs_.ShowMessage(PlaylistOutside);
         } else {
-            settings_.Write("main", "PlaylistDir", chosen);
-            settings_.values.PlaylistDir = chosen;
+            settings_.Set(setting::PlaylistDir, chosen);
             return true;
         }
     }

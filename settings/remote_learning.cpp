@@ -13,13 +13,10 @@ namespace vk {
 
 namespace {
 
-constexpr const char* Section = "remote";
 constexpr const char* RemoteFile = "keys.ini";
 constexpr std::size_t LongestList = 200;
 constexpr int Ports = 16;
 constexpr const char* Canceled = "Key Programming Canceled";
-constexpr int DelayStep = 50, LongestDelay = 2000; // milliseconds
-constexpr int SpeedStep = 10, LongestSpeed = 1000;
 // A pause that comes out a little shorter than measured must not be dropped.
 constexpr int SpeedPercent = 90;
 
@@ -32,12 +29,6 @@ constexpr std::array<const char*, ActionCount> Buttons = {
     "btnIRdown",     "btnIRswmp",     "btnIRshuffle", "btnIRstartvis",    "btnIRpageup",
     "btnIRpagedown", "btnIRplay",     "btnIRpause",   "btnIRfastforward", "btnIRrewind",
     "btnIRsearch",   "btnIRaddfav",   "btnIRnextvis", "btnIRpower"};
-
-// The next multiple of `unit` in the direction of `step`.
-int Stepped(int value, int step, int unit, int largest) {
-    const int next = step > 0 ? value / unit + 1 : (value + unit - 1) / unit - 1;
-    return std::clamp(next * unit, 0, largest);
-}
 
 } // namespace
 
@@ -105,8 +96,7 @@ void RemoteLearning::Measure(std::int64_t gapMs) {
     Disarm();
     const auto interval = static_cast<int>(measuredMs_ / MeasuredGaps);
     n_.setInterval(static_cast<float>(interval) / 1000);
-    n_.settings.values.speed = static_cast<std::int16_t>(interval * SpeedPercent / 100);
-    n_.settings.Write(Section, "speed", std::to_string(n_.settings.values.speed));
+    n_.settings.Set(setting::speed, static_cast<std::int16_t>(interval * SpeedPercent / 100));
     Add("Codes of a held button come every " + std::to_string(interval) + " ms");
 }
 
@@ -150,18 +140,16 @@ void RemoteLearning::FixRepeat() {
 }
 
 void RemoteLearning::Enable(bool on) {
-    n_.settings.values.remoteStatus = on;
-    n_.settings.WriteBool(Section, "status", on);
+    n_.settings.Set(setting::remoteStatus, on);
     Reopen();
 }
 
 void RemoteLearning::UseRepeatDelay(bool on) {
-    n_.settings.values.UseDelay = on;
-    n_.settings.WriteBool("main", "UseDelay", on);
+    n_.settings.Set(setting::UseDelay, on);
 }
 
 std::string RemoteLearning::Type() const {
-    const std::string type = n_.settings.Read(Section, "type");
+    const std::string type = n_.settings.Get(setting::remoteType);
     return type.empty() ? Types.front() : ToUpper(type);
 }
 
@@ -171,14 +159,14 @@ std::string RemoteLearning::Obstacle() const {
 }
 
 std::string RemoteLearning::Port() const {
-    return n_.settings.Read(Section, "comport");
+    return n_.settings.Text(setting::comport);
 }
 
 void RemoteLearning::StepType(int step) {
     const auto found = std::ranges::find(Types, Type());
     const auto count = static_cast<int>(Types.size());
     const int at = found == Types.end() ? 0 : static_cast<int>(found - Types.begin()) + step;
-    n_.settings.Write(Section, "type", Types[static_cast<std::size_t>((at + count) % count)]);
+    n_.settings.Set(setting::remoteType, Types[static_cast<std::size_t>((at + count) % count)]);
     Reopen();
 }
 
@@ -188,21 +176,8 @@ void RemoteLearning::StepPort(int step) {
     int port = 0;
     std::from_chars(text.data(), text.data() + text.size(), port);
     port = std::clamp(port + step, 1, Ports);
-    n_.settings.values.comport = static_cast<std::int16_t>(port);
-    n_.settings.Write(Section, "comport", std::to_string(port));
+    n_.settings.Set(setting::comport, static_cast<std::int16_t>(port));
     Reopen();
-}
-
-void RemoteLearning::StepDelay(int step) {
-    n_.settings.values.delay =
-        static_cast<std::int16_t>(Stepped(Values().delay, step, DelayStep, LongestDelay));
-    n_.settings.Write(Section, "delay", std::to_string(Values().delay));
-}
-
-void RemoteLearning::StepSpeed(int step) {
-    n_.settings.values.speed =
-        static_cast<std::int16_t>(Stepped(Values().speed, step, SpeedStep, LongestSpeed));
-    n_.settings.Write(Section, "speed", std::to_string(Values().speed));
 }
 
 void RemoteLearning::Reopen() {

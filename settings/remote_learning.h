@@ -69,8 +69,6 @@ class RemoteLearning {
     // Up for a positive step, down for a negative one.
     void StepType(int step);
     void StepPort(int step);
-    void StepDelay(int step);
-    void StepSpeed(int step);
 
     /// Why no code can be learnt now, "" when one can.
     std::string Obstacle() const;

@@ -51,7 +51,7 @@ void SettingsShell::FirstRun() {
             "Velkorandum will now update the database.\nThis may take a few minutes.");
         n_.catalogue.Open();
         view_.EnableLeaving(true, true);
-        n_.settings.Write("main", "Setup", "true");
+        n_.settings.Set(setting::Setup, true);
         n_.state.Setup = true;
         DoneButton_Click();
     });
@@ -109,7 +109,7 @@ void SettingsShell::DoneButton_Click() {
 void SettingsShell::bExitApp_Click() {
     Trap(n_.report, "An error occured in settings.bExitApp_Click ", [&] {
         if (RefusedWhileBusy()) return;
-        n_.settings.Write("main", "CurrentSelectID", "0");
+        n_.settings.Set(setting::CurrentSelectID, 0);
         n_.window.ShowCursor(true);
         n_.exitApplication();
     });

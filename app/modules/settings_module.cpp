@@ -7,42 +7,24 @@ SettingsModule::SettingsModule(Host& host, LibraryModule& library, InputModule& 
     : Module(host.modules), host_(host), library_(library), remote_(input.remote),
       playback_(playback) {
     library_.onProgress = [this] {
-        if (screen_) screen_->ShowTexts();
+        if (screen_) screen_->Draw();
     };
 }
 
 void SettingsModule::Load() {
     if (screen_) return;
-    screen_ = new settings(host_.controls, ShellNeeds(), &host_.window);
+    screen_ = new settings(host_.controls, ShellNeeds(), LearningNeeds(), &host_.window);
     screen_->shell().FirstRunDue = !host_.state.Setup;
-    host_.screens.Add("settings", *screen_);
-    LoadPages();
-}
-
-void SettingsModule::LoadPages() {
-    keyboardPage_ = std::make_unique<settingsKeyboard>(
-        LearningPage::Needs{host_.controls, host_.screens, host_.keys, "settingsKeyboard"},
-        KeyboardLearning::Needs{host_.settings, host_.report, host_.base.clock, host_.keys},
-        &host_.window);
-    remotePage_ = std::make_unique<settingsRemote>(
-        LearningPage::Needs{host_.controls, host_.screens, host_.keys, "settingsRemote"},
-        LearningNeeds(), &host_.window);
-    host_.screens.Add("settingsKeyboard", *keyboardPage_);
-    host_.screens.Add("settingsRemote", *remotePage_);
+    screen_->AddTo(host_.screens);
 }
 
 bool SettingsModule::Remove() {
     if (host_.dialogs.Active()) return false;
     if (!screen_) return true;
-    host_.screens.Remove("settings");
-    screen_->Hide();
+    screen_->RemoveFrom(host_.screens);
+    screen_->HidePage();
     screen_->deleteLater(); // it may be on the stack itself, as the first run ends
     screen_ = nullptr;
-    // No page is on the stack: it would be in front, or have a dialog open.
-    host_.screens.Remove("settingsKeyboard");
-    host_.screens.Remove("settingsRemote");
-    keyboardPage_.reset();
-    remotePage_.reset();
     return true;
 }
 

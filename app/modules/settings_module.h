@@ -4,14 +4,11 @@
 #include "app/modules/input_module.h"
 #include "app/modules/library_module.h"
 #include "app/modules/playback_module.h"
-#include "settings/screen/keyboard_page.h"
-#include "settings/screen/remote_page.h"
 #include "settings/screen/settings_screen.h"
 
 #include <QPointer>
 
 #include <functional>
-#include <memory>
 
 namespace vk {
 
@@ -35,15 +32,12 @@ class SettingsModule : public Module {
   private:
     SettingsShell::Needs ShellNeeds();
     RemoteLearning::Needs LearningNeeds();
-    void LoadPages();
 
     Host& host_;
     LibraryModule& library_;
     Remote& remote_;
     PlaybackModule& playback_;
     QPointer<settings> screen_;
-    std::unique_ptr<settingsKeyboard> keyboardPage_;
-    std::unique_ptr<settingsRemote> remotePage_;
 };
 
 } // namespace vk

@@ -1,75 +1,56 @@
-// The settings screen: the two folders, the catalogue, and the way back.
+// The settings: their pages, and the window that draws the one that is shown.
 #pragma once
 
-#include "settings/settings_shell.h"
+#include "settings/keyboard_learning.h"
+#include "settings/pages/settings_pages.h"
+#include "settings/remote_learning.h"
+#include "settings/screen/plate_label.h"
+#include "settings/shell_page.h"
 #include "skin/controls/control_context.h"
-#include "skin/controls/shaded_label.h"
 
-#include <QProgressBar>
 #include <QWidget>
 
-#include <functional>
 #include <memory>
-#include <string>
 #include <vector>
 
 namespace vk {
 
-/// Large rows, moved through by the arrows, used by Enter or touch; Escape is Done.
-class settings : public QWidget, public SettingsView {
+/// Tabs, a text, large plates. The arrows move over them, Enter or a touch uses one, Escape leads
+/// back.
+class settings : public QWidget, public PageView {
   public:
-    settings(const ControlContext& context, SettingsShell::Needs needs, QWidget* parent);
+    settings(const ControlContext& context, SettingsShell::Needs shell,
+             RemoteLearning::Needs remote, QWidget* parent);
     ~settings() override;
 
-    void runok();
-    void MoveUp() { MoveTo(current_ - 1); }
-    void MoveDown() { MoveTo(current_ + 1); }
-    void MoveBack() { MoveUp(); }
-    void MoveAhead() { MoveDown(); }
-    void VolUp() {}
-    void VolDown() {}
-    /// Done.
-    void doquit();
-    void ReShow();
-    void DoLayout();
-    void switchingform() {}
-    void Hide();
-    bool Form_KeyDown(const std::string& code) { return DoAction(InputCode(code, keys_)); }
-    bool DoAction(const InputCode& code);
+    ShellPage& shellPage() { return shellPage_; }
+    SettingsShell& shell() { return shellPage_.shell(); }
+    const KeyboardLearning& keyboard() const { return keyboard_; }
+    const RemoteLearning& remote() const { return remote_; }
+    /// Makes every page known by its name, or unknown.
+    void AddTo(Screens& screens) { pages_.AddTo(screens); }
+    void RemoveFrom(Screens& screens) const { pages_.RemoveFrom(screens); }
 
-    SettingsShell& shell() { return shell_; }
-
-    void ShowShell() override;
-    void EnableLeaving(bool exitApp, bool done) override;
-    void ShowTexts() override;
-    void SetTopInfo(const std::string& text) override;
+    void DoLayout() override;
+    void ShowPage() override;
+    void HidePage() override;
+    void Draw() override;
 
   protected:
     void paintEvent(QPaintEvent* event) override;
 
   private:
-    struct Row {
-        std::unique_ptr<ShadedLabel> label;
-        std::string caption;
-        std::function<void()> use;
-        bool enabled = true;
-    };
-    void AddRow(const char* caption, std::function<void()> use);
-    void MoveTo(int row);
-    void Use(int row);
-    void DrawRows();
+    PlateLabel& LabelOf(std::size_t plate);
+    QRect BoxOf(const Plate& plate) const;
 
     ControlContext context_;
-    SettingsShell shell_;
-    const KeyMap& keys_;
-    const LocaleInfo& locale_;
-    ShadedLabel lblSettingsTopInfo;
-    ShadedLabel lblTime;
-    ShadedLabel lblDBStatus; ///< state of the catalogue, and what an update is doing
-    QProgressBar pbDBStatus; ///< how far the update is
-    std::vector<Row> rows_;
+    ShellPage shellPage_;
+    KeyboardLearning keyboard_;
+    RemoteLearning remote_;
+    SettingsPages pages_;
+    ShadedLabel heading_;
+    std::vector<std::unique_ptr<PlateLabel>> labels_;
     std::unique_ptr<Timer> timer1_;
-    int current_ = 0;
 };
 
 } // namespace vk

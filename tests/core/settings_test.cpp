@@ -51,6 +51,8 @@ TEST_F(SettingsTest, SettingsAreReadAndWrittenByType) {
               "[main]\r\nShowClock=false\r\nsafevol_value=40\r\n[dlink_tuner]\r\nmaxfreq=200\r\n"
               "[audio_player]\r\nCurrentTrack=7\r\nCurrentPosition=61.5\r\n");
     EXPECT_EQ(settings.values.safevol_value, 40) << "in memory too";
+    settings.Set(setting::CurrentPosition, 100000);
+    EXPECT_EQ(settings.Get(setting::CurrentPosition), 100000) << "written without an exponent";
     settings.LoadSettings();
     EXPECT_FALSE(settings.values.ShowClock);
 }

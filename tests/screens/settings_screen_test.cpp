@@ -1,70 +1,102 @@
-#include "settings/screen/settings_screen.h"
-#include "tests/startup/start_fixture.h"
-#include "tests/support/page_table.h"
-#include "tests/support/widgets.h"
+#include "tests/screens/settings_fixture.h"
 
 #include <gtest/gtest.h>
 
 namespace vk {
 namespace {
 
-struct SettingsScreenTest : testing::Test, test::StartFixture {
-    SettingsScreenTest() {
-        SetUpApp();
-        start->Form_Load();
-        host.resize(800, 480);
-        screen = std::make_unique<vk::settings>(
-            ControlContext{state, settings.values, skin, pictures, clock, pump, commands},
-            SettingsShell::Needs{
-                state, settings, report, dialogs, clock, locale, screens, window, loading, skin,
-                keys, remoteKeys, extensions, [this] { start->FinishExecution(); },
-                [this] { start->ReloadScreens(); }, [] {}, updates, [this] { ++exits; }},
-            &host);
-        screens.Add("settings", *screen);
-        host.show();
-        screen->ReShow();
-    }
-    std::unique_ptr<astart> start = Make();
-    PictureCache pictures{skin};
-    QWidget host;
-    std::unique_ptr<vk::settings> screen;
-    int exits = 0;
-};
+struct SettingsScreenTest : testing::Test, test::SettingsFixture {};
 
 TEST_F(SettingsScreenTest, TheFoldersAreChosenByKeysAloneAndByTouchAlone) {
     const std::string media = app.MakeFolder("other"), more = app.MakeFolder("more");
     dialogs.folders = {media, media};
-    EXPECT_TRUE(screen->Form_KeyDown("13"));
+    EXPECT_TRUE(Press("13"));
     EXPECT_EQ(settings.values.MediaDir, media);
     const std::string lists = app.MakeFolder("other/lists");
     dialogs.folders = {lists};
-    EXPECT_TRUE(screen->Form_KeyDown("40"));
-    EXPECT_TRUE(screen->Form_KeyDown("13"));
+    EXPECT_TRUE(Press("40"));
+    EXPECT_TRUE(Press("13"));
     EXPECT_EQ(settings.values.PlaylistDir, lists);
-    EXPECT_TRUE(screen->Form_KeyDown("27"));
+    EXPECT_TRUE(Press("27"));
     EXPECT_EQ(screens.CurrentForm, "velkorandum");
-    screen->ReShow();
+    screens.Show("settings");
     dialogs.folders = {more, more};
-    test::Tap(host, {400, 160});
+    TapOn("btnMediaDir");
     EXPECT_EQ(settings.values.MediaDir, more);
-    test::Tap(host, {700, 370});
+    TapOn("bExitApp");
     EXPECT_EQ(exits, 1);
-    test::Tap(host, {500, 370});
+    TapOn("donebutton");
     EXPECT_EQ(screens.CurrentForm, "velkorandum");
 }
 
-TEST_F(SettingsScreenTest, EveryActionReachesItsOperationAndNoOther) {
-    for (int row = 0; row < 4; ++row)
-        screen->MoveDown(); // to a switch
-    test::ExpectPageTable(*screen, screens, keys, [this] { screen->runok(); });
+TEST_F(SettingsScreenTest, WaysOutThatAreNotOfferedAreNotTaken) {
+    screen->shellPage().EnableLeaving(false, false);
+    TapOn("donebutton");
+    TapOn("bExitApp");
+    Press("27");
+    EXPECT_EQ(screens.CurrentForm, "settings");
+    EXPECT_EQ(exits, 0);
 }
 
-TEST_F(SettingsScreenTest, EverythingLiesOnTheScreenAtEverySize) {
+TEST_F(SettingsScreenTest, AKeyIsGivenByKeysAlone) {
+    screens.Show("settingsKeyboard");
+    for (const char* code : {"39", "40", "38", "13", "%65"})
+        EXPECT_TRUE(Press(code)) << code;
+    EXPECT_EQ(screen->keyboard().Message(), "MP3toRadio has been programmed to keypress A");
+    EXPECT_TRUE(Press("27"));
+    EXPECT_EQ(keys[Action::MP3toRadio], "65");
+    EXPECT_EQ(screens.CurrentForm, "settings");
+}
+
+TEST_F(SettingsScreenTest, ACodeIsLearntByTouchAndByTheRemoteAlone) {
+    screens.Show("settingsRemote");
+    TapOn("btnIRvdown");
+    EXPECT_TRUE(Send("4711"));
+    EXPECT_EQ(screen->remote().Codes()[Action::Vdown], "4711");
+    screens.Show("settingsRemote");
+    Send("ok");
+    EXPECT_EQ(screen->remote().ArmedAction(), Action::Vdown) << "where the finger was";
+    Send("ok", true);
+    Send("0815");
+    EXPECT_EQ(screen->remote().Codes()[Action::Vdown], "0815");
+    for (const char* code : {"down", "down", "down", "forward", "ok", "ok"})
+        Send(code); // from the third column to the plate that turns the sheets
+    TapOn("btnEnableIR");
+    EXPECT_TRUE(settings.values.remoteStatus);
+    Send("quit");
+    EXPECT_EQ(remoteKeys[Action::Vdown], "0815");
+    EXPECT_EQ(screens.CurrentForm, "settings");
+}
+
+TEST_F(SettingsScreenTest, AnAppearanceIsChosenAndCountsWhenTheSettingsAreLeft) {
+    app.Write("skins/Other.skn", "[Colors]\n");
+    screens.Show("settingsAppearance");
+    for (const char* key : {"39", "13", "27"})
+        EXPECT_TRUE(Press(key));
+    EXPECT_EQ(settings.Text(setting::CurrentSkin), "Other.skn");
+    state.CurrentSkinFile.clear();
+    TapOn("donebutton");
+    EXPECT_EQ(screens.CurrentForm, "velkorandum");
+    EXPECT_EQ(state.CurrentSkinFile, "Other.skn");
+}
+
+// What a finger can hit is 12 mm tall and wide on a 7-inch panel.
+TEST_F(SettingsScreenTest, EverythingIsLargeAndLiesOnTheScreenAtEverySize) {
     for (const QSize size : test::PanelSizes) {
         state.ScreenWidth = size.width();
         state.ScreenHeight = size.height();
-        screen->DoLayout();
-        test::ExpectChildrenInside(*screen);
+        for (const char* page :
+             {"settings", "settingsAppearance", "settingsKeyboard", "settingsRemote"})
+            for (int sheet = 0; sheet < 3; ++sheet) {
+                screens.Show(page);
+                if (Find("More")) TapOn("More");
+                test::ExpectChildrenInside(*screen);
+                if (size.width() < 800) continue;
+                for (const QWidget* plate : screen->findChildren<QWidget*>()) {
+                    if (!plate->isVisible() || !dynamic_cast<const PlateLabel*>(plate)) continue;
+                    EXPECT_GE(std::min(plate->width(), plate->height()), 63) << page;
+                }
+            }
     }
 }
 

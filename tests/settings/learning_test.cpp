@@ -139,12 +139,6 @@ TEST_F(LearningTest, TheReceiverIsSetAtOnce) {
     remote.StepPort(1);
     remote.StepPort(-5);
     EXPECT_EQ(stored("comport"), "1");
-    settings.values.speed = 171;
-    for (const int step : {1, -1, -1})
-        remote.StepSpeed(step);
-    EXPECT_EQ(stored("speed"), "160");
-    remote.StepDelay(-1);
-    EXPECT_EQ(stored("delay"), "0");
     opened = 0;
     remote.Enable(true);
     EXPECT_EQ(stored("status") + std::to_string(opened), "true1");

@@ -1,0 +1,34 @@
+// Where the rows of a page lie: plates on a board of lines and columns, sheet by sheet.
+#pragma once
+
+#include "settings/pages/row.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace vk {
+
+/// What can be touched or marked, or is only a text.
+struct Plate {
+    int line = 0, left = 0, width = 0; ///< in lines and columns of the board
+    int sheet = 0;
+    std::function<std::string()> text;
+    std::function<void()> use = {};
+    bool usable = false, lit = false;
+    int percent = -1; ///< a bar; -1: none
+    const char* name = nullptr;
+};
+
+/// The board: tabs on its first line, the footer on its last.
+inline constexpr int BoardLines = 6, BoardColumns = 24;
+
+/// Lays rows out from line to line, `lines` on a sheet beginning with line `first`.
+std::vector<Plate> LayOut(const std::vector<Row>& rows, int first, int lines);
+
+/// The number of the plate that is next to `from` in a direction (-1, 0, 1 each) among those that
+/// can be used; up and down look for the one under the column `centre` (twice the middle), and go
+/// round. `from` when there is none.
+int NextPlate(const std::vector<Plate>& plates, int from, int dx, int dy, int centre);
+
+} // namespace vk

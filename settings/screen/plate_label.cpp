@@ -1,0 +1,50 @@
+#include "settings/screen/plate_label.h"
+
+#include <QPainter>
+
+namespace vk {
+
+namespace {
+
+constexpr double SmallestText = 0.4; // of the font
+constexpr int BarShare = 6;          // the bar's height is the plate's divided by this
+
+} // namespace
+
+PlateLabel::PlateLabel(QWidget* parent) : ShadedLabel(parent) {
+    SetWrap(true);
+    SetShrink(SmallestText);
+}
+
+void PlateLabel::Show(const Plate& plate, const QRect& box, bool marked, const RowLook& look) {
+    setObjectName(QLatin1String(plate.name ? plate.name : ""));
+    setGeometry(box);
+    SetText(plate.text());
+    const State state{static_cast<bool>(plate.use), marked, plate.usable, plate.lit};
+    if (!known_ || !(state == state_)) {
+        SetGround({});
+        if (state.button)
+            look.Dress(*this, marked, plate.usable, plate.lit);
+        else
+            look.DressText(*this);
+        bar_ = look.chosen;
+        ground_ = look.ground;
+    }
+    state_ = state;
+    known_ = true;
+    if (percent_ != plate.percent) update();
+    percent_ = plate.percent;
+    setVisible(true);
+}
+
+void PlateLabel::paintEvent(QPaintEvent* event) {
+    ShadedLabel::paintEvent(event);
+    if (percent_ < 0) return;
+    const int tall = height() / BarShare;
+    const QRect bar(0, height() - tall, width(), tall);
+    QPainter painter(this);
+    painter.fillRect(bar, ground_);
+    painter.fillRect(QRect(bar.topLeft(), QSize(width() * percent_ / 100, tall)), bar_);
+}
+
+} // namespace vk

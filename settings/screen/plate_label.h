@@ -1,0 +1,38 @@
+// A plate of a settings page on the screen.
+#pragma once
+
+#include "settings/pages/plates.h"
+#include "settings/screen/row_look.h"
+#include "skin/controls/shaded_label.h"
+
+#include <QRect>
+
+#include <string>
+
+namespace vk {
+
+/// Draws itself anew when something of it has changed.
+class PlateLabel : public ShadedLabel {
+  public:
+    explicit PlateLabel(QWidget* parent);
+
+    void Show(const Plate& plate, const QRect& box, bool marked, const RowLook& look);
+    /// The skin may have changed: the next `Show` dresses it anew.
+    void Forget() { known_ = false; }
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    /// What decides on the look.
+    struct State {
+        bool button, marked, usable, lit;
+        bool operator==(const State&) const = default;
+    };
+    State state_ = {};
+    bool known_ = false;
+    int percent_ = -1;
+    QColor bar_, ground_;
+};
+
+} // namespace vk

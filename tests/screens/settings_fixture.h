@@ -1,0 +1,63 @@
+// The settings screen on fakes, with all its pages.
+#pragma once
+
+#include "settings/screen/settings_screen.h"
+#include "tests/startup/start_fixture.h"
+#include "tests/support/widgets.h"
+
+#include <memory>
+
+namespace vk::test {
+
+struct SilentBeeper : Beeper {
+    void Beep() override {}
+};
+
+struct SettingsFixture : StartFixture {
+    SettingsFixture() {
+        SetUpApp();
+        app.Write("kb.ini", "[keyboard]\nmute=77\n");
+        app.Write("keys.ini", RemoteKeys());
+        start->Form_Load();
+        host.resize(800, 480);
+        screen = std::make_unique<vk::settings>(
+            ControlContext{state, settings.values, skin, pictures, clock, pump, commands},
+            SettingsShell::Needs{
+                state, settings, report, dialogs, clock, locale, screens, window, loading, skin,
+                keys, remoteKeys, extensions, [this] { start->FinishExecution(); },
+                [this] { start->ReloadScreens(); }, [] {}, updates, [this] { ++exits; }},
+            RemoteLearning::Needs{settings, report, dialogs, clock, beeper, remoteKeys,
+                                  [] { return true; }, [] { return true; }, [](bool) {},
+                                  [](float) {}},
+            &host);
+        screen->AddTo(screens);
+        host.show();
+        screens.Show("settings");
+    }
+    // Every action has its own name for a code.
+    static std::string RemoteKeys() {
+        std::string text = "[remote_keys]\n";
+        for (const ActionNames& names : Actions)
+            text += std::string(names.remote) + "=" + names.remote + "\n";
+        return text;
+    }
+    bool Press(const std::string& key) { return screens.Current()->Form_KeyDown(key); }
+    bool Send(const std::string& code, bool held = false) {
+        return screens.Current()->DoAction(InputCode(code, remoteKeys, held));
+    }
+    QWidget* Find(const char* name) const { return host.findChild<QWidget*>(name); }
+    void TapOn(const char* name) {
+        const QWidget* plate = Find(name);
+        ASSERT_NE(plate, nullptr) << name;
+        Tap(host, plate->mapTo(&host, plate->rect().center()));
+    }
+
+    std::unique_ptr<astart> start = Make();
+    PictureCache pictures{skin};
+    QWidget host;
+    SilentBeeper beeper;
+    std::unique_ptr<vk::settings> screen;
+    int exits = 0;
+};
+
+} // namespace vk::test
