@@ -5,10 +5,9 @@
 namespace vk {
 
 // A line end inside a file name would end the line of the settings file.
-void BrowseTrail::Store(SettingsStore& settings, const char* section) {
+void BrowseTrail::Store(SettingsStore& settings, const Setting<std::string>& setting) {
     if (!std::exchange(played_, false)) return;
-    if (history_.find_first_of("\r\n") == std::string::npos)
-        settings.Write(section, "BrowseHistory", history_);
+    if (history_.find_first_of("\r\n") == std::string::npos) settings.Set(setting, history_);
 }
 
 } // namespace vk

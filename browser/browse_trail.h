@@ -23,8 +23,8 @@ class BrowseTrail {
     void Set(const std::string& history) { history_ = history; }
     /// Something is played from here.
     void Played() { played_ = true; }
-    /// Writes the way if it is worth it; `section` is that of the tuner or of everything else.
-    void Store(SettingsStore& settings, const char* section);
+    /// Writes the way if it is worth it; `setting` is that of the tuner or of everything else.
+    void Store(SettingsStore& settings, const Setting<std::string>& setting);
 
   private:
     std::string history_;

@@ -76,7 +76,8 @@ void Browser::ReShow() {
 void Browser::switchingform() {
     desk_.Hush();
     Timer2->Stop();
-    lists_.trail.Store(desk_.needs.base.settings, desk_.XMView ? "xmpcr_tuner" : "main");
+    lists_.trail.Store(desk_.needs.base.settings,
+                       desk_.XMView ? setting::XMBrowseHistory : setting::BrowseHistory);
 }
 
 void Browser::Leave() {

@@ -138,12 +138,10 @@ void HandOver::SaveChannel(std::int64_t channel) {
     const bool all = desk_.Title() == AllChannelsTitle;
     std::string& list = desk_.needs.players.audio.ListFile;
     list = desk_.needs.base.settings.File(CurrentChannelsName);
-    const auto save = [&](const char* key, const std::string& value) {
-        desk_.needs.base.settings.Write("xmpcr_tuner", key, value);
-    };
-    save("CurrentChannel", std::to_string(channel));
-    save("PresetList", all ? "" : list);
-    save("ListTitle", all ? XMSourceName : Trim(desk_.Title()));
+    desk_.needs.base.settings.Write(
+        {{setting::CurrentChannel, static_cast<std::int32_t>(channel)},
+         {setting::PresetList, all ? "" : list},
+         {setting::ListTitle, all ? XMSourceName : Trim(desk_.Title())}});
 }
 
 void HandOver::TuneChannel(const Descriptor& row) {

@@ -11,7 +11,7 @@ namespace {
 std::vector<std::string> StoredElements(const ListDesk& desk) {
     const bool xm = desk.needs.players.audio.PlayMode == PlayXM;
     return SplitHistory(
-        desk.needs.base.settings.Read(xm ? "xmpcr_tuner" : "main", "BrowseHistory"));
+        desk.needs.base.settings.Get(xm ? setting::XMBrowseHistory : setting::BrowseHistory));
 }
 
 // Of a longer history the end, where something was played, is cut off.

@@ -63,12 +63,10 @@ bool MainMenu::DiscMatches(std::int32_t serial) const {
 }
 
 void MainMenu::StartAudio() {
-    const auto number = [&](const char* key) {
-        return base_.settings.Read("audio_player", key, IniType::Long).Long();
-    };
     if (FileLength(base_.settings.File(AudioListName)) == 0 ||
-        base_.settings.values.MediaDir == "none" || number("currenttrack") == 0 ||
-        !DiscMatches(number("volumeserial")) ||
+        base_.settings.values.MediaDir == "none" ||
+        base_.settings.Get(setting::CurrentTrack) == 0 ||
+        !DiscMatches(base_.settings.Get(setting::AudioVolumeSerial)) ||
         PrepareResume(base_.settings, base_.volumes, n_.audio) != ResumeResult::Ready)
         return OpenBrowser(ListFromMenu);
     if (!Leave("playmp3")) Message("The audio player is not available.");
@@ -76,8 +74,7 @@ void MainMenu::StartAudio() {
 
 void MainMenu::StartVideo() {
     if (FileLength(base_.settings.File("vk_video.m3u")) == 0) return OpenBrowser(ListFromMenu);
-    const std::int32_t serial =
-        base_.settings.Read("video_player", "volumeserial", IniType::Long).Long();
+    const std::int32_t serial = base_.settings.Get(setting::VideoVolumeSerial);
     if (!DiscMatches(serial)) return OpenBrowser(ListFromMenu);
     if (!Leave("playmovie")) Message("The movie player is not available.");
 }
@@ -103,7 +100,7 @@ void MainMenu::StartGPS() {
 
 void MainMenu::Exit() {
     const bool off = base_.settings.values.ShutDownMode == 0;
-    if (off) base_.settings.Write("main", "CurrentSelectID", "0");
+    if (off) base_.settings.Set(setting::CurrentSelectID, 0);
     if (n_.doors.powerAction) n_.doors.powerAction();
     if (off) n_.doors.exitApplication();
 }

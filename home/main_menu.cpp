@@ -58,7 +58,7 @@ void MainMenu::ReShow() {
 
 void MainMenu::LoadSelections() {
     icons_ = n_.skin.ReadMenuIcons();
-    CurrentSelection = base_.settings.Read("main", "CurrentSelectID", IniType::Integer).Integer();
+    CurrentSelection = base_.settings.Get(setting::CurrentSelectID);
     if (CurrentSelection == 0) CurrentSelection = n_.skin.data().itemindex;
     view_.ShowIcons();
     view_.ShowFrame(true);
@@ -106,7 +106,7 @@ void MainMenu::MoveRight() {
 
 void MainMenu::switchingform() {
     Trap(base_.report, "An error occured in velkorandum.switchingform ", [&] {
-        base_.settings.Write("main", "CurrentSelectID", std::to_string(CurrentSelection));
+        base_.settings.Set(setting::CurrentSelectID, static_cast<std::int16_t>(CurrentSelection));
         timer1_->Stop();
     });
 }
@@ -150,7 +150,7 @@ void MainMenu::Image1_Click() {
             return Message("Please wait for the database to finish. :" +
                            std::to_string(base_.state.quitAttempts));
         }
-        base_.settings.Write("main", "CurrentSelectID", "0");
+        base_.settings.Set(setting::CurrentSelectID, 0);
         base_.window.ShowCursor(true);
         n_.doors.exitApplication();
     });

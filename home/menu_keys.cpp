@@ -39,8 +39,7 @@ void MainMenu::KeyDown() {
 // For the user who has hidden the pointer on a machine without a touch screen.
 void MainMenu::ShowPointer() {
     base_.window.ShowCursor(true);
-    base_.settings.values.hidemouse = false;
-    base_.settings.Write("main", "hidemouse", "false");
+    base_.settings.Set(setting::hidemouse, false);
 }
 
 } // namespace vk

@@ -30,8 +30,7 @@ void astart::ReadUserSettings() {
     AddBootItem("Revving Velkorandum");
     const Settings& s = base_.settings.values;
     n_.extensions.Load(s.AudioExtensions, s.VideoExtensions);
-    base_.state.FirstRadioType =
-        base_.settings.Read("main", "FirstRadioType", IniType::Long).Long();
+    base_.state.FirstRadioType = base_.settings.Get(setting::FirstRadioType);
     AddBootItem("Loading User Settings");
     n_.keys = ReadKeyMap(base_.settings.ini(), base_.settings.File("kb.ini"));
     n_.remoteKeys = ReadRemoteMap(base_.settings.ini(), base_.settings.File("keys.ini"));

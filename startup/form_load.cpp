@@ -102,7 +102,7 @@ bool astart::CheckVersion() {
     if (!FileExists(base_.settings.SettingsFile()) &&
         !MakeSettingsFile(base_.settings.SettingsFile(), Version))
         base_.log.WriteDebugLog("Could not make " + base_.settings.SettingsFile());
-    if (base_.settings.Read("main", "version") == Version) return true;
+    if (base_.settings.Get(setting::Version) == Version) return true;
     const bool fix = base_.dialogs.AskYesNo(
         "Your settings.ini file appears to be from a different version of Velkorandum.\n"
         "do you want Velkorandum to try to fix this problem?");
@@ -112,7 +112,7 @@ bool astart::CheckVersion() {
             "directory, then re-launch.");
         return false;
     }
-    base_.settings.Write("main", "Version", Version);
+    base_.settings.Set(setting::Version, Version);
     base_.dialogs.ShowMessage("If you have trouble, you should run RESET.bat from the Velkorandum "
                               "directory, then re-launch.");
     return true;
@@ -154,7 +154,7 @@ void astart::ForceWinampKeys() {
 bool astart::PrepareServerAndPlayer() {
     try {
         if (!ServerRegistered()) return false;
-        base_.settings.Write("Temp", "PWR", "0");
+        base_.settings.Set(setting::PWR, "0");
         ForceWinampKeys();
         return true;
     } catch (const std::exception&) {
@@ -183,7 +183,7 @@ void astart::GetResolutions() {
         s.ScreenWidth = width;
         s.ScreenHeight = height;
     };
-    switch (base_.settings.Read("main", "appsize", IniType::Long).Long()) {
+    switch (base_.settings.Get(setting::AppSize)) {
     case 0:
         set(screen.width, screen.height);
         break;
@@ -203,8 +203,8 @@ void astart::GetResolutions() {
         set(1024, 768);
         break;
     case 6:
-        set(base_.settings.Read("main", "AppSizeCustomX", IniType::Long).Long(),
-            base_.settings.Read("main", "AppSizeCustomY", IniType::Long).Long());
+        set(base_.settings.Get(setting::AppSizeCustomX),
+            base_.settings.Get(setting::AppSizeCustomY));
         break;
     default:
         break;
@@ -237,7 +237,7 @@ bool astart::FindOpticalDrives() {
                                                              : drive.root);
         base_.state.CDDriveFound = true;
     }
-    base_.state.Setup = base_.settings.Read("main", "Setup", IniType::Boolean).Bool();
+    base_.state.Setup = base_.settings.Get(setting::Setup);
     return true;
 }
 
@@ -314,7 +314,7 @@ void astart::ChooseOpticalDrive() {
         if (chosen != "NONE" && drive == chosen) s.CDDriveFound = true;
     if (s.CDDriveFound) return;
     chosen = s.CDDrives.front();
-    base_.settings.Write("main", "CDDriveLetter", chosen);
+    base_.settings.Set(setting::CDDriveLetter, chosen);
 }
 
 void astart::AddBootItem(const char* /*text*/) {

@@ -48,8 +48,8 @@ void astart::Form_Unload() {
     timer1_->Stop();
     UnRefClass();
     // A start that ended before there were settings leaves none.
-    if (!keepRemoteLearning_ && !base_.settings.Read("main", "Version").empty())
-        base_.settings.Write("remote", "learn", n_.remote.learnText ? n_.remote.learnText() : "0");
+    if (!keepRemoteLearning_ && !base_.settings.Get(setting::Version).empty())
+        base_.settings.Set(setting::learn, n_.remote.learnText ? n_.remote.learnText() : "0");
     if (base_.settings.values.hidemouse) base_.window.ShowCursor(true);
 }
 

@@ -26,7 +26,7 @@ Remote::~Remote() = default;
 bool Remote::InitRemote() {
     CloseRemote();
     if (!base_.settings.values.remoteStatus) return false;
-    const std::string type = ToUpper(base_.settings.Read("remote", "type"));
+    const std::string type = ToUpper(base_.settings.Get(setting::remoteType));
     speedFactor_ = type == "USBUIRT" ? UuirtSpeedFactor : 1;
     receiver_ = MakeReceiver(type);
     receiver_->onCode = [this, from = receiver_.get()](const std::string& code) {
@@ -56,14 +56,14 @@ std::unique_ptr<RemoteReceiver> Remote::MakeReceiver(const std::string& type) {
 std::unique_ptr<RemoteReceiver> Remote::MakeSerial(const std::string& type) {
     return std::make_unique<SerialReceiver>(SerialReceiver::Needs{
         .port = n_.devices.serial(),
-        .device = SerialPortName(std::string_view(base_.settings.Read("remote", "comport"))),
+        .device = SerialPortName(std::string_view(base_.settings.Text(setting::comport))),
         .model = ModelOfType(type),
         .clock = base_.clock,
         .log = base_.log});
 }
 
 std::unique_ptr<RemoteReceiver> Remote::MakeLirc() {
-    const std::string socket = base_.settings.Read("remote", "lircsocket");
+    const std::string socket = base_.settings.Get(setting::lircsocket);
     return std::make_unique<LircReceiver>(n_.devices.stream(),
                                           socket.empty() ? LircSockets : std::vector{socket},
                                           base_.clock, base_.log);

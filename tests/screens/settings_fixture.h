@@ -9,10 +9,6 @@
 
 namespace vk::test {
 
-struct SilentBeeper : Beeper {
-    void Beep() override {}
-};
-
 struct SettingsFixture : StartFixture {
     SettingsFixture() {
         SetUpApp();
