@@ -2,8 +2,10 @@
 
 #include "platform/windows/wide_text.h"
 
-#include <setupapi.h>
 #include <windows.h>
+
+// It needs what the other one declares.
+#include <setupapi.h>
 
 #include <algorithm>
 #include <cstdlib>
