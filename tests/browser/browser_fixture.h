@@ -13,26 +13,23 @@
 
 namespace vk::test {
 
+using testing::Contains;
+using testing::ElementsAre;
+
 /// Keeps what the logic shows; `onTitle` runs with each new heading.
 class FakeBrowserView : public BrowserView, public TextEntryView {
   public:
-    void SetTitle(const std::string& text) override {
-        title = text;
-        if (onTitle) onTitle();
-    }
-    void ShowLoading(const std::string& text) override {
-        loading = text;
-        said.push_back(text);
-    }
+    void SetTitle(const std::string& text) override { onTitle(title = text); }
+    void ShowLoading(const std::string& text) override { said.push_back(loading = text); }
     void HideLoading() override { loading.clear(); }
     void SetClock(const std::string& text) override { clock = text; }
-    void SetButton(BrowserButton button, const std::string& picture) override {
-        pictures[button] = picture;
+    void SetButton(BrowserButton which, const std::string& name) override {
+        pictures[which] = name;
     }
     void ShowToolFrame(bool open) override { toolFrame = open; }
     void SlideKeyboard(bool open) override { keyboard = open; }
-    void ReDrawList() override { ++drawn; }
-    void ReDrawRightList() override { ++rightDrawn; }
+    void ReDrawList() override {}
+    void ReDrawRightList() override {}
     void LayOut(std::int16_t listMode) override { laidOut = listMode; }
     void ShowFocus(bool right) override { rightFocus = right; }
     void ShowAtFront() override { ++shown; }
@@ -40,11 +37,10 @@ class FakeBrowserView : public BrowserView, public TextEntryView {
     std::string title, loading, clock;
     std::vector<std::string> said;
     std::map<BrowserButton, std::string> pictures;
-    bool toolFrame = false, keyboard = false;
+    bool toolFrame = false, keyboard = false, rightFocus = false;
     std::int16_t laidOut = ListFromMenu;
-    bool rightFocus = false;
-    int drawn = 0, rightDrawn = 0, shown = 0;
-    std::function<void()> onTitle;
+    int shown = 0;
+    std::function<void(const std::string&)> onTitle = [](const std::string&) {};
 };
 
 /// Folder rows as a test lists them.
@@ -56,26 +52,17 @@ class FakeCatalogue : public Catalogue {
         asked = folder + (playableOnly ? " playable" : "") + (sortByFilename ? " by name" : "");
         return files;
     }
-    std::vector<CatalogueFile> FilesBelow(const std::string& folder) override {
-        asked = folder + " below";
-        return files;
-    }
-    std::vector<CatalogueFile> Files(const std::string& sql) override {
-        asked = sql;
-        return files;
-    }
+    std::vector<CatalogueFile> FilesBelow(const std::string&) override { return files; }
+    std::vector<CatalogueFile> Files(const std::string&) override { return files; }
     void EachFile(const std::string&, const std::function<bool(const CatalogueFile&)>&) override {}
-    std::vector<CatalogueRecord> Records(const std::string& sql) override {
-        asked = sql;
-        return records;
-    }
+    std::vector<CatalogueRecord> Records(const std::string&) override { return {}; }
     std::optional<TagRecord> StoredTag(const std::string&) override { return std::nullopt; }
     void UpdateFileRow(const std::string& path) override { updated.push_back(path); }
+
     DBStateValue state = DBStateValue::OnLine;
     std::vector<CatalogueFile> files;
-    std::vector<CatalogueRecord> records;
     std::vector<std::string> updated;
-    std::string asked;
+    std::string asked; ///< the last folder and how
 };
 
 /// The drives are /'s own media folder, "cd" (an optical drive) and "stick" below one temporary
@@ -141,7 +128,7 @@ class BrowserTest : public testing::Test {
     template<class Part> std::vector<std::string> Rows(const ListModel& of, Part part) const {
         std::vector<std::string> parts;
         for (int row = 0; row < of.ItemCount(); ++row) {
-            std::string text = part(of.Row(row));
+            std::string text = std::invoke(part, of.Row(row));
             if (const auto at = text.find(disk.Path()); at != std::string::npos)
                 text.erase(at, disk.Path().size() + 1);
             parts.push_back(text);
@@ -153,12 +140,8 @@ class BrowserTest : public testing::Test {
         return Rows(of, [](const ListRow& row) { return row.first + row.second; });
     }
     std::vector<std::string> Texts() const { return TextsOf(list); }
-    std::vector<std::string> Descriptors() const {
-        return Rows(list, [](const ListRow& row) { return row.descriptor; });
-    }
-    std::vector<std::string> Pictures() const {
-        return Rows(list, [](const ListRow& row) { return row.picture; });
-    }
+    std::vector<std::string> Descriptors() const { return Rows(list, &ListRow::descriptor); }
+    std::vector<std::string> Pictures() const { return Rows(list, &ListRow::picture); }
     /// The heading and the texts of the rows, the selected one in brackets.
     std::string Shown() const {
         std::string shown = view.title;
@@ -167,22 +150,16 @@ class BrowserTest : public testing::Test {
         return shown;
     }
     struct Step {
-        std::string how; ///< the text of the row that is chosen, "<" for back, ">" for right
+        std::string how; ///< as Choose takes it
         std::string shown;
         std::vector<std::string> descriptors = {}; ///< none: not looked at
     };
     void Steps(const std::vector<Step>& steps) {
         for (const Step& step : steps) {
-            if (step.how == "<")
-                browser().MoveBack();
-            else if (step.how == ">")
-                browser().MoveAhead();
-            else
-                Choose(step.how);
+            Choose(step.how);
             EXPECT_EQ(Shown(), step.shown) << step.how;
-            if (!step.descriptors.empty()) {
-                EXPECT_EQ(Descriptors(), step.descriptors) << step.how;
-            }
+            const auto& of = step.descriptors;
+            EXPECT_EQ(Descriptors(), of.empty() ? Descriptors() : of) << step.how;
         }
     }
     /// What the player is given: mode, heading, list, track, volume, and whether it is to start.
@@ -197,19 +174,21 @@ class BrowserTest : public testing::Test {
     void Press(void (Browser::*operation)(), Commands::When whileBusy = Commands::When::Interrupt) {
         core.commands.Run(whileBusy, [this, operation] { (browser().*operation)(); });
     }
-    /// Chooses the row that shows this text.
-    void Choose(const std::string& text) {
-        const auto texts = Texts();
-        const auto found = std::ranges::find(texts, text);
-        ASSERT_NE(found, texts.end()) << text << " in " << testing::PrintToString(texts);
-        list.SelectItem(static_cast<int>(found - texts.begin()));
-        Press(&Browser::runok);
+    /// Chooses rows by their texts, one after the other; "<" is back, ">" right.
+    template<class... Text> void Choose(const Text&... texts) { (ChooseRow(texts), ...); }
+    /// Chooses the last of the rows, a file of the media folder or the row added for it.
+    void ChooseLast() {
+        list.SelectItem(list.ItemCount() - 1);
+        browser().runok();
     }
-    /// Enters the browser at the top and chooses rows, each by its text.
-    void Walk(const std::vector<std::string>& texts) {
+    void ChooseAdded(const std::string& descriptor) {
+        list.AddItem("", "", descriptor);
+        ChooseLast();
+    }
+    /// Enters the browser at the top and chooses rows.
+    template<class... Text> void Walk(const Text&... texts) {
         Enter(media);
-        for (const std::string& text : texts)
-            Choose(text);
+        Choose(texts...);
     }
     std::string Selected() const { return Texts().at(static_cast<std::size_t>(list.iSelected)); }
 
@@ -239,6 +218,16 @@ class BrowserTest : public testing::Test {
     bool tuner = true; ///< those that are enabled are there
 
   private:
+    void ChooseRow(const std::string& text) {
+        if (text == "<") return browser().MoveBack();
+        if (text == ">") return browser().MoveAhead();
+        const auto texts = Texts();
+        const auto found = std::ranges::find(texts, text);
+        ASSERT_NE(found, texts.end()) << text << " in " << testing::PrintToString(texts);
+        list.SelectItem(static_cast<int>(found - texts.begin()));
+        Press(&Browser::runok);
+    }
+
     std::unique_ptr<Browser> made_;
 };
 

@@ -6,8 +6,6 @@
 #include "library/catalogue/schema.h"
 #include "library/queries/sql_text.h"
 #include "library/tags/media_type.h"
-#include "platform/files.h"
-#include "platform/paths.h"
 #include "tests/browser/browser_fixture.h"
 
 namespace vk::test {
@@ -35,13 +33,13 @@ class DatabaseTest : public BrowserTest {
     }
     void Add(const std::vector<Song>& songs) {
         Database database(core.app.File(CatalogueFileName), Database::Mode::ReadWrite);
-        database.Execute("BEGIN");
-        {
-            RowWriter writer(database);
-            for (const Song& song : songs)
-                Put(writer, song);
+        RowWriter writer(database);
+        for (const Song& song : songs) {
+            if (song.exists) Media(song.path);
+            writer.Put({Escape(song.path), song.stamp, Escape(song.title), Escape(song.artist),
+                        Escape(song.album), Escape(song.genre), song.type,
+                        Escape(song.path.substr(0, song.path.rfind('/') + 1)), song.track});
         }
-        database.Execute("COMMIT");
     }
     void Type(const std::string& text) {
         keyboard.SetValue(text);
@@ -51,27 +49,6 @@ class DatabaseTest : public BrowserTest {
     void BreakDatabase() { db.Close(); }
 
     modDB db{{core.state, extensions, core.settings, core.report, reader}};
-
-  private:
-    // Without a flush: there may be thousands.
-    static void Touch(const std::string& path) {
-        std::filesystem::create_directories(FolderOf(path));
-        if (!FileExists(path)) AppendToFile(path, "x");
-    }
-    void Put(RowWriter& writer, const Song& song) {
-        if (song.exists) Touch(media + song.path);
-        FileRow row;
-        row.Path = Escape(song.path);
-        row.ParentDir = Escape(song.path.substr(0, song.path.rfind('/') + 1));
-        row.TStamp = song.stamp;
-        row.Title = Escape(song.title);
-        row.Artist = Escape(song.artist);
-        row.Album = Escape(song.album);
-        row.Genre = Escape(song.genre);
-        row.MediaType = song.type;
-        row.Track = song.track;
-        writer.Put(row);
-    }
 };
 
 } // namespace vk::test

@@ -2,79 +2,78 @@
 #include "platform/files.h"
 #include "tests/browser/browser_fixture.h"
 
-namespace vk {
-namespace {
+namespace vk::test {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
+// Rows of the media folder, and of lists.
+const std::string A = "1 - (Unknown Artist) - a", B = "2 - (Unknown Artist) - b",
+                  B1 = "1 - (Unknown Artist) - b", D2 = "2 - (Unknown Artist) - d",
+                  NoFiles = "<No Valid Filenames in the Playlist>";
 
-// Rows of the media folder.
-const std::string A = "1 - (Unknown Artist) - a", B = "2 - (Unknown Artist) - b";
-constexpr const char* NoFiles = "<No Valid Filenames in the Playlist>";
-
-class ListEditing : public test::BrowserTest {
+class ListEditing : public BrowserTest {
   protected:
+    using Names = std::vector<std::string>;
+
     ListEditing() {
         core.settings.values.PlaylistDir = lists;
         core.settings.values.numberedList = true;
+        core.settings.values.xmpcr_enabled = true;
         core.volumes.drives.clear();
         MediaFiles({"a.mp3", "b.mp3", "c/d.mp3", "film.avi"});
     }
-    std::vector<std::string> Right() const { return TextsOf(rightList); }
-    /// A list of these files of the media folder, opened from the playlist's own list.
-    void Edit(const std::string& name, std::initializer_list<const char*> files) {
+    Names Right() const { return TextsOf(rightList); }
+    /// The lines of a list of these files of the media folder.
+    std::string Lines(std::initializer_list<const char*> files) const {
         std::string text;
         for (const char* file : files)
             text += (*file == '#' ? "" : media + "/") + file + "\r\n";
-        Media(name + ".m3u", text);
+        return text;
+    }
+    /// A list "old" of these files, opened from the playlist's own list.
+    void Edit(std::initializer_list<const char*> files) {
+        Media("old.m3u", Lines(files));
         browser().ReShow();
-        list.SelectItem(list.MatchItem("FILE:" + media + "/" + name + ".m3u"));
-        browser().runok();
+        ChooseLast();
         Choose("<Edit This List>");
     }
-    void BuildNew(const std::vector<std::string>& rows) {
-        Walk({"Build a new PlayList"});
-        for (const std::string& row : rows)
-            Choose(row);
+    template<class... Text> void BuildNew(const Text&... rows) {
+        Walk("Build a new PlayList", rows...);
     }
     void SaveAs(const std::string& name) {
         browser().SaveList();
         keyboard.SetValue(name);
         keyboard.KeyClick(KeyboardModel::OKKey);
     }
-    std::string Saved(const std::string& name) const { return disk.Read("lists/" + name); }
+    void UseOfflineCatalogue() {
+        UseCatalogue();
+        known.state = DBStateValue::Offline;
+    }
 
     const std::string lists = disk.MakeFolder("lists");
 };
 
 TEST_F(ListEditing, AFolderWalkIsCollectedAndSavedUnderAName) {
-    UseCatalogue();
-    known.state = DBStateValue::Offline;
-    core.settings.values.xmpcr_enabled = true;
+    UseOfflineCatalogue();
     for (const char* other : {"presets.lst", "favorites.m3u"})
         core.app.Write(other, "96.5:A");
-    BuildNew({});
+    BuildNew();
     EXPECT_EQ(view.laidOut, ListBuild);
     EXPECT_EQ(Shown(), "Building Playlist | Browse By Directory  | [c] | " + A + " | " + B);
-    EXPECT_THAT(Right(), ElementsAre(NoFiles));
-    Choose(B);
-    Choose(B);
+    EXPECT_EQ(Right(), Names{NoFiles});
+    Choose(B, B);
     Steps({{"c", "Building Playlist |  c | [<...>] | 1 - (Unknown Artist) - d"}});
-    Choose("1 - (Unknown Artist) - d");
-    browser().MoveBack();
+    Choose("1 - (Unknown Artist) - d", "<");
     EXPECT_EQ(state.CurrentPath, media);
-    EXPECT_THAT(Right(), ElementsAre("1 - (Unknown Artist) - b", "2 - (Unknown Artist) - d"));
+    EXPECT_EQ(Right(), (Names{B1, D2}));
     EXPECT_EQ(rightList.iSelected, 1);
-    std::vector<std::string> titles;
-    view.onTitle = [&] { titles.push_back(view.title); };
+    Names titles;
+    view.onTitle = [&](const std::string& title) { titles.push_back(title); };
     const auto begun = core.clock.TickMs();
     SaveAs(" Trip 1");
-    EXPECT_EQ(Saved("Trip 1.m3u"), media + "/b.mp3\r\n" + media + "/c/d.mp3\r\n");
-    EXPECT_THAT(titles, testing::Contains("Saved: Trip 1"));
+    EXPECT_EQ(disk.Read("lists/Trip 1.m3u"), Lines({"b.mp3", "c/d.mp3"}));
+    EXPECT_THAT(titles, Contains("Saved: Trip 1"));
     EXPECT_EQ(core.clock.TickMs() - begun, 800);
     EXPECT_THAT(known.updated, ElementsAre(lists + "/Trip 1.m3u"));
-    EXPECT_EQ(Shown(), "Trip 1 | [<...>] | <Edit This List> | 1 - (Unknown Artist) - b | "
-                       "2 - (Unknown Artist) - d");
+    EXPECT_EQ(Shown(), "Trip 1 | [<...>] | <Edit This List> | " + B1 + " | " + D2);
     EXPECT_EQ(state.ListMode, ListFromMenu);
     EXPECT_EQ(view.laidOut, ListFromMenu);
     EXPECT_FALSE(view.keyboard);
@@ -82,47 +81,44 @@ TEST_F(ListEditing, AFolderWalkIsCollectedAndSavedUnderAName) {
 
 TEST_F(ListEditing, AnEditedListIsUpdatedAndShownAgain) {
     state.ListMode = ListFromAudio;
-    Edit("old", {"# SELECT Path FROM Media", "a.mp3", "gone.mp3", "b.mp3", "c/d.mp3"});
+    Edit({"# SELECT Path FROM Media", "a.mp3", "gone.mp3", "b.mp3", "c/d.mp3"});
     EXPECT_EQ(view.loading, "1 file is not there and 1 query of the database will be left out.");
-    EXPECT_THAT(Right(), ElementsAre("1 - (Unknown Artist) - a", "2 - (Unknown Artist) - b",
-                                     "3 - (Unknown Artist) - d"));
+    EXPECT_EQ(Right(), (Names{A, B, "3 - (Unknown Artist) - d"}));
     rightList.SelectItem(0);
     browser().ChooseRight();
-    EXPECT_THAT(Right(), ElementsAre("1 - (Unknown Artist) - b", "2 - (Unknown Artist) - d"));
+    EXPECT_EQ(Right(), (Names{B1, D2}));
     browser().doquit();
     EXPECT_EQ(keyboard.UserText(), "old");
     EXPECT_EQ(keyboard.Mark(), KeyboardModel::OKKey);
     keyboard.KeyClick(KeyboardModel::EscKey);
     EXPECT_EQ(view.title, "Building Playlist | Browse By Directory ") << "Escape goes on editing";
     EXPECT_EQ(state.ListMode, ListBuild);
-    std::vector<std::string> said;
-    view.onTitle = [&] { said.push_back(view.title); };
+    Names titles;
+    view.onTitle = [&](const std::string& title) { titles.push_back(title); };
     SaveAs("OLD");
-    EXPECT_EQ(said.at(0), "OLD Has Been Updated ");
-    EXPECT_EQ(disk.Read("media/old.m3u"), media + "/b.mp3\r\n" + media + "/c/d.mp3\r\n");
-    EXPECT_EQ(view.title, "old");
+    EXPECT_EQ(titles.at(0), "OLD Has Been Updated ");
+    EXPECT_EQ(disk.Read("media/old.m3u"), Lines({"b.mp3", "c/d.mp3"}));
+    EXPECT_EQ(Shown(), "old | [<...>] | <Edit This List> | " + B1 + " | " + D2);
     EXPECT_EQ(state.ListMode, ListFromAudio);
-    EXPECT_EQ(Texts().size(), 4u);
-    browser().MoveBack();
+    Choose("<");
     EXPECT_EQ(Selected(), "4 - old") << "the way back is as it was";
 }
 
 TEST_F(ListEditing, ANewNameTakesThePlaceOfTheOldOne) {
-    UseCatalogue();
-    known.state = DBStateValue::Offline;
+    UseOfflineCatalogue();
     core.settings.values.PlaylistDir = media;
-    Edit("old", {"a.mp3"});
+    Edit({"a.mp3"});
     SaveAs("new");
-    EXPECT_EQ(disk.Read("media/new.m3u"), media + "/a.mp3\r\n");
+    EXPECT_EQ(disk.Read("media/new.m3u"), Lines({"a.mp3"}));
     EXPECT_FALSE(FileExists(media + "/old.m3u"));
     EXPECT_EQ(view.title, "new");
-    Choose("1 - (Unknown Artist) - a");
+    Choose(A);
     known.state = DBStateValue::OnLine;
     known.files = {{"/new.m3u", "", "new"}};
     state.RestoreHistory = true;
     browser().ReShow();
     EXPECT_EQ(view.title, "new");
-    browser().MoveBack();
+    Choose("<");
     EXPECT_EQ(Selected(), "1 - new");
 }
 
@@ -140,7 +136,7 @@ TEST_F(ListEditing, WhatCannotBeSavedIsSaidAndLosesNothing) {
         {"taken", "There is a list of this name.", lists},
         {"x", "The playlist folder is missing.", missing},
         {"y", "Not saved: ", lists}};
-    BuildNew({A});
+    BuildNew(A);
     for (const auto& [name, said, folder] : cases) {
         core.settings.values.PlaylistDir = folder;
         SaveAs(name);
@@ -151,12 +147,12 @@ TEST_F(ListEditing, WhatCannotBeSavedIsSaidAndLosesNothing) {
     browser().GoHome();
     EXPECT_TRUE(view.keyboard) << "what was built is not left behind";
     browser().doquit();
-    EXPECT_THAT(Right(), ElementsAre(A));
-    EXPECT_EQ(Saved("Taken.m3u"), "other");
+    EXPECT_EQ(Right(), Names{A});
+    EXPECT_EQ(disk.Read("lists/Taken.m3u"), "other");
     SaveAs("z");
-    EXPECT_EQ(Saved("z.m3u"), media + "/a.mp3\r\n");
+    EXPECT_EQ(disk.Read("lists/z.m3u"), Lines({"a.mp3"}));
     core.settings.values.PlaylistDir.clear();
-    BuildNew({});
+    BuildNew();
     EXPECT_EQ(view.loading, "The playlist folder is missing.");
     Choose(A);
     SaveAs("");
@@ -165,37 +161,35 @@ TEST_F(ListEditing, WhatCannotBeSavedIsSaidAndLosesNothing) {
 }
 
 TEST_F(ListEditing, AFailedSaveKeepsTheOldListAndAnEmptyNameTheListOnDisk) {
-    Edit("old", {"a.mp3", "b.mp3"});
+    Edit({"a.mp3", "b.mp3"});
     disk.MakeFolder("media/old.m3u.new");
     browser().ChooseRight();
     SaveAs("old");
     EXPECT_THAT(keyboard.Caption(), testing::StartsWith("Not saved: "));
-    EXPECT_EQ(disk.Read("media/old.m3u"), media + "/a.mp3\r\n" + media + "/b.mp3\r\n");
+    EXPECT_EQ(disk.Read("media/old.m3u"), Lines({"a.mp3", "b.mp3"}));
     browser().doquit();
-    EXPECT_THAT(Right(), ElementsAre("1 - (Unknown Artist) - b"));
+    EXPECT_EQ(Right(), Names{B1});
     SaveAs("");
     EXPECT_EQ(state.ListMode, ListFromMenu);
     EXPECT_EQ(Texts().size(), 4u) << "as it is on the disk";
     std::filesystem::remove(media + "/old.m3u.new");
     Choose("<Edit This List>");
-    browser().ChooseRight();
-    browser().ChooseRight();
-    browser().doquit();
+    for (const auto press : {&Browser::ChooseRight, &Browser::ChooseRight, &Browser::doquit})
+        (browser().*press)();
     keyboard.ClickIt();
     EXPECT_EQ(disk.Read("media/old.m3u"), "") << "an emptied list is saved, too";
     EXPECT_THAT(Texts(), ElementsAre("<...>", "<Edit This List>", NoFiles));
 }
 
 TEST_F(ListEditing, TheArrowsChangeListsAndRemoveRows) {
-    const auto press = [this](void (Browser::*key)(), bool right, std::vector<std::string> rows) {
+    const auto press = [this](void (Browser::*key)(), bool right, const Names& rows) {
         (browser().*key)();
         EXPECT_EQ(view.rightFocus, right);
         EXPECT_EQ(Right(), rows);
     };
-    BuildNew({});
+    BuildNew();
     press(&Browser::MoveAhead, false, {NoFiles});
-    Choose(A);
-    Choose(B);
+    Choose(A, B);
     press(&Browser::MoveAhead, true, {A, B});
     EXPECT_EQ(rightList.iSelected, 0);
     press(&Browser::MoveDown, true, {A, B});
@@ -212,21 +206,19 @@ TEST_F(ListEditing, TheArrowsChangeListsAndRemoveRows) {
 }
 
 TEST_F(ListEditing, FavouritesStayOutOfTheCatalogue) {
-    UseCatalogue();
-    known.state = DBStateValue::Offline;
+    UseOfflineCatalogue();
     core.app.Write("favorites.m3u", media + "/a.mp3");
-    Walk({"Favorites", "<Edit This List>"});
+    Walk("Favorites", "<Edit This List>");
     SaveAs("favorites");
-    EXPECT_EQ(core.app.Read("favorites.m3u"), media + "/a.mp3\r\n");
-    EXPECT_THAT(known.updated, IsEmpty());
+    EXPECT_EQ(core.app.Read("favorites.m3u"), Lines({"a.mp3"}));
+    EXPECT_TRUE(known.updated.empty());
     EXPECT_THAT(Texts(), ElementsAre("<Edit This List>", A));
 }
 
 TEST_F(ListEditing, ChannelsAreCollectedInAListOfTheirOwn) {
-    core.settings.values.xmpcr_enabled = true;
     for (const int channel : {4, 10, 200})
         AddChannel(channel, "Channel" + std::to_string(channel));
-    Walk({"XM Presets & Categories", "<Build New Channel List>"});
+    Walk("XM Presets & Categories", "<Build New Channel List>");
     EXPECT_EQ(view.title, "Build XM Channel List ");
     const auto all = Texts();
     UseCatalogue();
@@ -235,9 +227,8 @@ TEST_F(ListEditing, ChannelsAreCollectedInAListOfTheirOwn) {
     browser().ReShow();
     EXPECT_EQ(Texts(), all);
     const std::string first = "200 - Channel200", second = "4 - Channel4";
-    for (const std::string& row : {first, second, first})
-        Choose(row);
-    EXPECT_THAT(Right(), ElementsAre(first, second));
+    Choose(first, second, first);
+    EXPECT_EQ(Right(), (Names{first, second}));
     SaveAs("mine");
     EXPECT_EQ(core.app.Read("mine.xcl"), "200\r\n4\r\n");
     EXPECT_THAT(Texts(), ElementsAre("<...>", "<Edit This List>", first, second));
@@ -246,44 +237,41 @@ TEST_F(ListEditing, ChannelsAreCollectedInAListOfTheirOwn) {
     EXPECT_EQ(Texts(), all);
     browser().ToggleListFocus();
     browser().runok();
-    EXPECT_THAT(Right(), ElementsAre(second));
+    EXPECT_EQ(Right(), Names{second});
     SaveAs("yours");
     EXPECT_EQ(core.app.Read("yours.xcl"), "4\r\n");
     EXPECT_FALSE(FileExists(core.app.File("mine.xcl")));
-    browser().MoveBack();
+    Choose("<");
     EXPECT_EQ(Selected(), "yours");
     Choose("<Build New Channel List>");
     browser().doquit();
     EXPECT_EQ(view.title, "XM Channels and Categories ");
-    browser().MoveBack();
+    Choose("<");
     EXPECT_EQ(Selected(), "XM Presets & Categories");
 }
 
 TEST_F(ListEditing, WhatAListCannotHoldIsRefused) {
-    core.volumes.drives = {{cd, DriveType::CdRom}};
     InsertDisc();
     disk.Write("cd/track.mp3", "x");
     Media("two\nlines.mp3");
-    BuildNew({});
-    list.SelectItem(list.MatchItem("FILE:" + media + "/two\nlines.mp3"));
-    browser().runok();
+    BuildNew();
+    ChooseLast();
     EXPECT_EQ(view.loading, "This file's name cannot be stored in a list.");
-    list.AddItem("", "", "FILE:" + media + "/film.avi");
-    list.SelectItem(list.ItemCount() - 1);
-    browser().runok();
+    ChooseAdded("FILE:" + media + "/film.avi");
     EXPECT_EQ(view.loading, "Only music can be put in a list.");
+    core.volumes.drives = {{cd, DriveType::CdRom}};
     Enter(cd);
     Choose("1 - (Unknown Artist) - track");
     EXPECT_EQ(view.loading, "Tracks of a CD cannot be put in a list.");
-    EXPECT_THAT(Right(), ElementsAre(NoFiles));
+    EXPECT_EQ(Right(), Names{NoFiles});
 }
 
 TEST_F(ListEditing, AListThatIsNotReadWholeIsNotEdited) {
     std::string text;
     for (int i = 0; i < 20; ++i)
-        text += media + "/a.mp3\n" + media + "/b.mp3\n";
+        text += Lines({"a.mp3", "b.mp3"});
     Media("long.m3u", text);
-    Walk({"4 - long"});
+    Walk("4 - long");
     int runs = 0;
     core.clock.workMs = 100;
     core.clock.onEvents = [&] {
@@ -295,16 +283,15 @@ TEST_F(ListEditing, AListThatIsNotReadWholeIsNotEdited) {
 }
 
 TEST_F(ListEditing, AnotherModeEndsTheBuildingNotEscapeWhileTheLeftListIsBuilt) {
-    BuildNew({A});
+    BuildNew(A);
     core.clock.workMs = 300;
     core.clock.onEvents = [&] { Press(&Browser::doquit); };
     Choose("c");
     core.clock.onEvents = {};
     EXPECT_EQ(menu.Count("ReShow"), 0);
     EXPECT_EQ(state.ListMode, ListBuild);
-    EXPECT_THAT(Right(), ElementsAre(A));
     browser().ReShow();
-    EXPECT_EQ(Right().size(), 1u) << "the same mode finds its list again";
+    EXPECT_EQ(Right(), Names{A}) << "the same mode finds its list again";
     EXPECT_EQ(view.laidOut, ListBuild);
     state.ListMode = ListFromMenu;
     browser().ReShow();
@@ -313,5 +300,4 @@ TEST_F(ListEditing, AnotherModeEndsTheBuildingNotEscapeWhileTheLeftListIsBuilt) 
     EXPECT_FALSE(view.rightFocus);
 }
 
-} // namespace
-} // namespace vk
+} // namespace vk::test
