@@ -9,6 +9,8 @@
 #include "tests/support/recording_screen.h"
 #include "tests/support/sound_card.h"
 
+#include <gmock/gmock.h>
+
 #include <map>
 #include <memory>
 #include <string>
@@ -17,9 +19,12 @@
 
 namespace vk::test {
 
+using testing::ElementsAre;
+
 /// Keeps what was last shown of each kind.
 class RecordingView : public PlayerView {
   public:
+    using Done = std::function<void(const CoverOutcome&)>;
     void ShowTitle(const std::string& text) override { title = text; }
     void ShowArtist(const std::string& text) override { artist = text; }
     void ShowBitRate(const std::string& text) override { bitRate = text; }
@@ -30,31 +35,27 @@ class RecordingView : public PlayerView {
     void ShowLoading(const std::string& text) override { loading = text; }
     void ShowMediaType(const std::string& picture) override { mediaType = picture; }
     void ShowShuffle(bool on) override { shuffle = on; }
-    void SetButton(PlayerButton button, const std::string& picture) override {
-        buttons[button] = picture;
-    }
-    void LoadCover(const CoverRequest& request,
-                   std::function<void(const CoverOutcome&)> done) override {
+    void SetButton(PlayerButton button, const std::string& is) override { buttons[button] = is; }
+    void LoadCover(const CoverRequest& request, Done done) override {
         covers.push_back(request);
         coverDone = std::move(done);
-        if (onLoadCover) onLoadCover();
     }
-    void HideCover() override {
-        cover.clear();
-        coverDone = nullptr;
-    }
-    /// What the background does: looks for the picture that was asked for last and reads it.
-    void FinishCover() {
-        if (!coverDone) return;
-        std::string decoded;
-        const CoverOutcome outcome = LoadCoverFiles(decoded);
-        if (outcome.error.empty()) cover = decoded;
-        std::exchange(coverDone, nullptr)(outcome);
-    }
+    void HideCover() override { cover.clear(), coverDone = nullptr; }
     void ReDrawCover() override { ++coverRedraws; }
     void ReDrawList() override { ++redraws; }
     void ShowFrame(bool shown) override { frame = shown; }
     void ShowAtFront() override { ++shows; }
+    /// What the background does: looks for the picture that was asked for last and reads it.
+    void FinishCover() {
+        if (!coverDone) return;
+        std::string read;
+        const CoverOutcome outcome = vk::LoadCover(covers.back(), [&](const std::string& path) {
+            read = ReadWholeFile(path).value_or("");
+            return read.starts_with("picture");
+        });
+        if (outcome.error.empty()) cover = read;
+        std::exchange(coverDone, nullptr)(outcome);
+    }
 
     std::string title, artist, bitRate, time, listTitle, loading, mediaType;
     std::vector<std::string> volumes, clocks;
@@ -62,17 +63,8 @@ class RecordingView : public PlayerView {
     bool shuffle = false, frame = false;
     int redraws = 0, coverRedraws = 0, shows = 0;
     std::vector<CoverRequest> covers;
-    std::function<void(const CoverOutcome&)> coverDone;
-    std::function<void()> onLoadCover;
+    Done coverDone;
     std::string cover; ///< the bytes on show, "" when hidden
-
-  private:
-    CoverOutcome LoadCoverFiles(std::string& decoded) const {
-        return vk::LoadCover(covers.back(), [&](const std::string& path) {
-            decoded = ReadWholeFile(path).value_or("");
-            return decoded.starts_with("picture");
-        });
-    }
 };
 
 /// A player process of a hundred tracks of three minutes that obeys the commands.
@@ -90,17 +82,15 @@ struct SimulatedProcess {
         if (command == WinampPlay && obeys) status = 1;
         if (command == WinampPause) status = 3;
         if (command == WinampStop) status = 0;
-        if (command == WinampNext) ++track;
-        if (command == WinampPrevious) --track;
+        track += command == WinampNext ? 1 : command == WinampPrevious ? -1 : 0;
         return 0;
     }
     std::int32_t Answer(std::int32_t function, std::int32_t argument) {
         if (function == 106 || function == 121) positionMs = function == 106 ? argument : 0;
         if (function == 121) track = argument;
         if (function == 105 && argument != 0) return length;
-        const std::map<std::int32_t, std::int32_t> values = {
-            {104, status}, {105, positionMs}, {125, track}, {126, bitRate}};
-        return values.contains(function) ? values.at(function) : 0;
+        return std::map<int, std::int32_t>{
+            {104, status}, {105, positionMs}, {125, track}, {126, bitRate}}[function];
     }
     /// "playing 3 at 42" (seconds).
     std::string State() const {
@@ -114,10 +104,7 @@ struct SimulatedProcess {
             ids.push_back(m.message == WM_COMMAND ? m.wParam : m.lParam);
         return ids;
     }
-    std::int64_t Count(std::int32_t id) const {
-        const auto sent = Sent();
-        return std::count(sent.begin(), sent.end(), id);
-    }
+    std::int64_t Count(std::int32_t id) const { return std::ranges::count(Sent(), id); }
 };
 
 struct AudioFixture : CoreFixture {
@@ -135,6 +122,7 @@ struct AudioFixture : CoreFixture {
     SourceMakers sources;
     SoundCard sound{*this};
     FakeMixer& mixer = sound.mixer;
+    std::int32_t& level = mixer.Level(MixerLine::Master);
     std::unique_ptr<AudioPlayer> made;
 
     AudioFixture() {
@@ -146,14 +134,13 @@ struct AudioFixture : CoreFixture {
         screens.Add("velkorandum", menu);
         screens.Add("playlists", playlists);
     }
-    AudioPlayer::Needs Needs(Loudness* other = nullptr) {
+    AudioPlayer::Needs Needs() {
         const auto tagOf = [this](const std::string& path) {
             ++tagsRead;
             return tags[FileNameOf(path)];
         };
         sources[PlayAudio] = AudioFiles(winamp, query);
-        return {base, audio,   browser, winamp, other ? *other : sound.loudness,
-                keys, sources, tagOf};
+        return {base, audio, browser, winamp, sound.loudness, keys, sources, tagOf};
     }
     AudioPlayer& player() {
         if (!made) made = std::make_unique<AudioPlayer>(Needs(), list, view);
@@ -163,6 +150,7 @@ struct AudioFixture : CoreFixture {
     void Command(void (AudioPlayer::*operation)()) {
         commands.Run([this, operation] { (player().*operation)(); });
     }
+    void Enter() { Command(&AudioPlayer::ReShow); }
     /// What a quit does to an operation that is under way.
     void QuitMeanwhile() {
         commands.Run(Commands::When::Interrupt, [this] { player().doquit(); });
@@ -172,8 +160,8 @@ struct AudioFixture : CoreFixture {
         volumes.ready.insert("/media/disc");
     }
     /// A list of existing files named "Artist<n> - Song<n>.mp3"; returns the list's path.
-    std::string MakeList(int count, const std::string& front = {}) {
-        std::string lines = front;
+    std::string MakeList(int count) {
+        std::string lines;
         for (int i = 1; i <= count; ++i)
             lines += app.Write("media/" + FileNameOf(Song(i)), "x") + "\r\n";
         return app.Write("vk_audio.m3u", lines);
@@ -190,17 +178,12 @@ struct AudioFixture : CoreFixture {
         audio.bStartPlaying = true;
     }
     void Choose(int count, std::int32_t track = 1) { ChooseList(MakeList(count), track); }
-    /// Only shows the list, from entry `track` on.
-    void Show(const std::string& file, std::int32_t track = 1) {
-        ChooseList(file, track);
-        audio.bStartPlaying = false;
-        Command(&AudioPlayer::ReShow);
-    }
     /// Chooses a list and enters the player.
-    void Play(int count, std::int32_t track = 1) {
-        Choose(count, track);
-        Command(&AudioPlayer::ReShow);
+    void PlayList(const std::string& file, std::int32_t track = 1) {
+        ChooseList(file, track);
+        Enter();
     }
+    void Play(int count, std::int32_t track = 1) { PlayList(MakeList(count), track); }
     std::string Saved(const char* key) { return settings.Read("audio_player", key); }
 };
 

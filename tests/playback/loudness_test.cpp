@@ -2,8 +2,6 @@
 #include "playback/loudness.h"
 #include "tests/playback/audio_fixture.h"
 
-#include <gtest/gtest.h>
-
 namespace vk::test {
 
 struct LoudnessTest : testing::Test, CoreFixture {
@@ -40,6 +38,7 @@ struct LoudnessTest : testing::Test, CoreFixture {
         volume.Enter("audio_player");
         return master;
     }
+    auto Kept() { return volume.LevelToKeep("audio_player"); }
 };
 
 TEST_F(LoudnessTest, MovesByAFiftiethOfItsLineAndStopsAtTheEnds) {
@@ -82,7 +81,7 @@ TEST_F(LoudnessTest, FadesOutAndInAStepATickWhileItsKeysAreIgnored) {
         volume.domute();
         volume.VolUp();
         label.HideWhenOld(false);
-        EXPECT_EQ(volume.LevelToKeep("audio_player"), 500);
+        EXPECT_EQ(Kept(), 500);
     }
     clock.Advance(500);
     EXPECT_EQ(view.volumes.size(), 26u);
@@ -94,12 +93,6 @@ TEST_F(LoudnessTest, FadesOutAndInAStepATickWhileItsKeysAreIgnored) {
     EXPECT_EQ(Fade(), 25);
     EXPECT_EQ(Card(), "500");
     EXPECT_FALSE(volume.Muted());
-}
-
-TEST_F(LoudnessTest, LeavesTheTitleAloneOfAListThatIsOnItsWay) {
-    pump.Until({"list", [&] { return Fade() > 0; }});
-    EXPECT_TRUE(view.volumes.empty());
-    EXPECT_EQ(muted, 1);
 }
 
 TEST_F(LoudnessTest, EndsTheFadeAtOnceWhenTheScreenIsLeft) {
@@ -117,12 +110,12 @@ TEST_F(LoudnessTest, EndsTheFadeAtOnceWhenTheScreenIsLeft) {
 }
 
 TEST_F(LoudnessTest, AMuteOutlivesItsScreenAndEndsWithTheLevelOfBefore) {
-    Fade();
-    EXPECT_EQ(volume.LevelToKeep("audio_player"), 500);
-    view.volumes.clear();
+    pump.Until({"list", [&] { return Fade() > 0; }});
+    EXPECT_TRUE(view.volumes.empty()) << "the title of a list that is on its way is left alone";
+    EXPECT_EQ(Kept(), 500);
     VolumeLabel anew{base, volume, view};
     anew.Enter();
-    EXPECT_EQ(view.volumes, std::vector<std::string>{"      Volume : Muted"});
+    EXPECT_THAT(view.volumes, ElementsAre("      Volume : Muted"));
     volume.Unload();
     EXPECT_EQ(Card(), "500 muted");
     EXPECT_NEAR(Fade(), 25 * 50, 20) << "from silence all the same";
@@ -132,25 +125,13 @@ TEST_F(LoudnessTest, AMuteOutlivesItsScreenAndEndsWithTheLevelOfBefore) {
     EXPECT_EQ(Card(), "500 muted");
 }
 
-TEST_F(LoudnessTest, ACardWithoutAMuteIsSilencedByItsLevel) {
-    mixer.mutes = false;
-    mixer.Change(true);
-    Fade();
-    volume.VolUp(); // locked
-    EXPECT_EQ(CardComes(1000, 800, false), "0");
-    volume.Unload();
-    EXPECT_EQ(Card(), "0");
-    Fade();
-    EXPECT_EQ(Card(), "500");
-}
-
 TEST_F(LoudnessTest, ACardThatComesTakesOverMuteAndLevel) {
     volume.VolUp();
     EXPECT_EQ(CardComes(100, 100, true), "52");
     Fade();
     EXPECT_EQ(CardComes(1000, 900, false), "0 muted");
     mixer.Change(false);
-    EXPECT_EQ(volume.LevelToKeep("audio_player"), std::nullopt);
+    EXPECT_EQ(Kept(), std::nullopt);
     EXPECT_EQ(Fade(), 0) << "nothing to fade while there is none";
     EXPECT_EQ(CardComes(1000, 1000, true), "520");
     for (const char* end : {"0 muted", "52"}) {
@@ -161,6 +142,15 @@ TEST_F(LoudnessTest, ACardThatComesTakesOverMuteAndLevel) {
         clock.Advance(5000);
         EXPECT_EQ(Card(), end);
     }
+    mixer.mutes = false; // one without a mute is silenced by its level
+    CardComes(1000, 500, false);
+    Fade();
+    volume.VolUp(); // locked
+    EXPECT_EQ(CardComes(1000, 800, false), "0");
+    volume.Unload();
+    EXPECT_EQ(Card(), "0");
+    Fade();
+    EXPECT_EQ(Card(), "520");
 }
 
 TEST_F(LoudnessTest, EachPlayerHasALevelOfItsOwnCutOnceARunWhenItIsLoud) {
@@ -172,7 +162,7 @@ TEST_F(LoudnessTest, EachPlayerHasALevelOfItsOwnCutOnceARunWhenItIsLoud) {
     settings.values.UseSplitVolume = true;
     master = 800;
     EXPECT_EQ(FirstLevel(), 800) << "none of its own yet";
-    EXPECT_EQ(volume.LevelToKeep("audio_player"), 800);
+    EXPECT_EQ(Kept(), 800);
     EXPECT_EQ(volume.LevelToKeep("video_player"), std::nullopt) << "another's";
     settings.Write("audio_player", "Volume", "440");
     settings.values.AdjMainVol = false;

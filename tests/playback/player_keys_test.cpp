@@ -5,33 +5,29 @@
 #include <filesystem>
 
 namespace vk::test {
-namespace {
 
 struct PlayerKeysTest : testing::Test, AudioFixture {};
 
 TEST_F(PlayerKeysTest, EveryActionReachesItsOperationAndNoOther) {
-    std::int32_t& level = mixer.Level(MixerLine::Master);
-    level = 500;
     settings.values.AdjMainVol = true;
-    int gps = 0;
+    std::string gps;
     auto needs = Needs();
-    needs.loadGPS = [&gps] { ++gps; };
+    needs.loadGPS = [&gps] { gps = "gps"; };
     made = std::make_unique<AudioPlayer>(needs, list, view);
     Play(30, 15);
     const auto effect = [&] {
-        std::string text = gps ? "gps" : "";
+        std::string text = std::exchange(gps, "");
         for (const auto& message : process.wire.sent)
             if (message.message == WM_COMMAND) text += std::to_string(message.wParam) + " ";
         if (list.iSelected != 14) text += "row " + std::to_string(list.iSelected);
         if (level != 500) text += level > 500 ? "louder" : "softer";
-        if (playlists.Count("ReShow") > 0) text += "browser";
-        if (menu.Count("ReShow") > 0) text += "menu";
-        gps = 0;
+        for (auto* screen : {&playlists, &menu})
+            if (screen->Count("ReShow") > 0) text += screen == &menu ? "menu" : "browser";
         playlists.calls.clear();
         menu.calls.clear();
         level = 500;
         if (sound.loudness.Fading() || sound.loudness.Muted()) text = "mute";
-        if (sound.loudness.Fading()) clock.Advance(5000);
+        clock.Advance(sound.loudness.Fading() ? 5000 : 0);
         if (sound.loudness.Muted()) sound.loudness.domute(), clock.Advance(5000);
         process.wire.sent.clear();
         if (FileExists(app.File("favorites.m3u"))) text += "favourite";
@@ -62,5 +58,4 @@ TEST_F(PlayerKeysTest, EveryActionReachesItsOperationAndNoOther) {
                 effect);
 }
 
-} // namespace
 } // namespace vk::test

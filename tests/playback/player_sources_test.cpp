@@ -2,18 +2,14 @@
 #include "playback/audio/tuner_source.h"
 #include "tests/playback/audio_fixture.h"
 
-#include <gmock/gmock.h>
-
 #include <filesystem>
 
 namespace vk::test {
 
-using testing::ElementsAre;
-
 /// What a simulated tuner does, and was asked for.
 struct TunerScript {
     Favorite favorite;
-    const std::int32_t* line = nullptr; ///< the mute of its line
+    const std::int32_t& line; ///< the mute of its line
     std::function<void()> onStart = {};
     Waited answer = Waited::Done;
     std::vector<std::string> calls = {}, muted = {}; ///< all, and those while its line was mute
@@ -28,7 +24,7 @@ class FakeTuner : public TunerSource {
     void runok() override {}
     void MoveAhead() override {}
     void MoveBack() override {}
-    void DoFF() override { Record("DoFF"); }
+    void DoFF() override {}
     void DoRW() override { Record("DoRW"); }
     void DoPlay() override {}
     void DoPause() override {}
@@ -48,14 +44,15 @@ class FakeTuner : public TunerSource {
     void PowerDown() override { Record("PowerDown"); }
     void Record(const std::string& call) {
         script_.calls.push_back(call);
-        if (script_.line && *script_.line != 0) script_.muted.push_back(call);
+        if (script_.line != 0) script_.muted.push_back(call);
     }
 
     TunerScript& script_;
 };
 
 struct PlayerSourcesTest : testing::Test, AudioFixture {
-    TunerScript fmTuner{FMFavorite("96.50")}, xmTuner{XMFavorite(12)};
+    std::int32_t &line = mixer.Mute(MixerLine::Line), &disc = mixer.Mute(MixerLine::CD);
+    TunerScript fmTuner{FMFavorite("96.50"), line}, xmTuner{XMFavorite(12), disc};
 
     PlayerSourcesTest() {
         for (const auto& [kind, script] : {std::pair{&FMKind, &fmTuner}, {&XMKind, &xmTuner}})
@@ -63,6 +60,8 @@ struct PlayerSourcesTest : testing::Test, AudioFixture {
                 return std::make_unique<FakeTuner>(context, *kind, *script);
             };
         settings.values.dlink_enabled = settings.values.xmpcr_enabled = true;
+        settings.values.dlink_audio_input = 1;
+        settings.values.xmpcr_audio_input = 2;
     }
     void Press() { Command(&AudioPlayer::TSRadio2MP3Btn_Click); }
     /// What the screen says of the source, and of the one that a press selects.
@@ -89,7 +88,12 @@ TEST(SourceTable, GoesRound) {
 
 TEST_F(PlayerSourcesTest, OneButtonGoesThroughAllSourcesAndResumesTheMusic) {
     app.Write("winamp.ini", "[Winamp]\r\nshuffle=1\r\n");
-    Play(9, 4);
+    line = 1; // the user's own
+    Choose(9, 4);
+    Command(&AudioPlayer::ReDisplay); // silences tuners that were never on
+    EXPECT_EQ(line, 1);
+    for (TunerScript* tuner : {&fmTuner, &xmTuner})
+        tuner->calls = tuner->muted = {};
     EXPECT_EQ(Said(), "media, mp3icon.gif, fm.gif");
     process.positionMs = 61000;
     clock.Advance(1000);
@@ -102,6 +106,7 @@ TEST_F(PlayerSourcesTest, OneButtonGoesThroughAllSourcesAndResumesTheMusic) {
     EXPECT_TRUE(audio.bStartPlaying);
     EXPECT_THAT(fmTuner.calls, ElementsAre("Start", "LoadPlaylist"));
     EXPECT_EQ(view.title + view.artist + view.time, "");
+    EXPECT_EQ(line, 0);
 
     std::string waiting;
     xmTuner.onStart = [&] {
@@ -113,8 +118,11 @@ TEST_F(PlayerSourcesTest, OneButtonGoesThroughAllSourcesAndResumesTheMusic) {
     EXPECT_EQ(waiting, "Please wait while the XM channel list is initialized...");
     EXPECT_EQ(view.loading, "");
     EXPECT_EQ(Said(), "XM Satellite Radio, radio.gif, player.gif");
-    EXPECT_THAT(fmTuner.calls, testing::Contains("PowerDown"));
+    EXPECT_EQ(line, 1);
+    EXPECT_THAT(fmTuner.muted, ElementsAre("Start", "LoadPlaylist", "PowerDown"));
+    EXPECT_THAT(xmTuner.muted, ElementsAre("Start"));
     EXPECT_EQ(xmTuner.calls.size(), 2u);
+    EXPECT_EQ(disc, 0);
 
     Press();
     EXPECT_EQ(xmTuner.calls.back(), "PowerDown");
@@ -127,7 +135,7 @@ TEST_F(PlayerSourcesTest, OneButtonGoesThroughAllSourcesAndResumesTheMusic) {
 TEST_F(PlayerSourcesTest, StaysWhereItIsWhenTheNextSourceCannotPlay) {
     settings.values.xmpcr_enabled = false;
     audio.PlayMode = PlayFM;
-    Command(&AudioPlayer::ReShow);
+    Enter();
     player().Wheel(-1); // it tunes by steps
     EXPECT_EQ(fmTuner.calls.back(), "DoRW");
     fmTuner.calls.clear();
@@ -157,8 +165,12 @@ TEST_F(PlayerSourcesTest, AReceiverThatDoesNotAnswerSaysSo) {
     Press();
     EXPECT_EQ(view.clocks.back(), "The radio is not available.");
     EXPECT_EQ(view.loading, "");
-    EXPECT_EQ(xmTuner.calls.back(), "Start");
     EXPECT_EQ(audio.PlayMode, PlayXM);
+    xmTuner.calls.clear();
+    Enter(); // back from another screen
+    EXPECT_THAT(xmTuner.calls, ElementsAre("Start"));
+    EXPECT_THAT(xmTuner.muted, ElementsAre("Start", "Start"));
+    EXPECT_EQ(disc, 0);
     Play(2);
     xmTuner.onStart = [&] { QuitMeanwhile(); };
     Press();
@@ -167,43 +179,18 @@ TEST_F(PlayerSourcesTest, AReceiverThatDoesNotAnswerSaysSo) {
     EXPECT_EQ(settings.Read("main", "LastPlayMode"), "3") << "it has not taken over";
 }
 
-TEST_F(PlayerSourcesTest, TheLineOfATunerIsMuteWhileItStartsAndStops) {
-    settings.values.dlink_audio_input = 1;
-    settings.values.xmpcr_audio_input = 2;
-    std::int32_t &line = mixer.Mute(MixerLine::Line), &disc = mixer.Mute(MixerLine::CD);
-    line = 1; // the user's own
-    fmTuner.line = &line;
-    xmTuner.line = &disc;
-    Choose(2);
-    Command(&AudioPlayer::ReDisplay); // silences tuners that were never on
-    EXPECT_EQ(line, 1);
-    fmTuner.muted.clear();
-    Press();
-    EXPECT_EQ(line, 0);
-    Press();
-    EXPECT_EQ(line, 1);
-    EXPECT_THAT(fmTuner.muted, ElementsAre("Start", "LoadPlaylist", "PowerDown"));
-    EXPECT_THAT(xmTuner.muted, ElementsAre("PowerDown", "Start"));
-    EXPECT_EQ(disc, 0);
-    xmTuner.answer = Waited::TimedOut;
-    xmTuner.muted.clear();
-    Command(&AudioPlayer::ReShow); // back from another screen
-    EXPECT_THAT(xmTuner.muted, ElementsAre("Start"));
-    EXPECT_EQ(disc, 0);
-}
-
-TEST_F(PlayerSourcesTest, AddsEachSourcesFavouriteOnce) {
+TEST_F(PlayerSourcesTest, AddsEachSourcesFavouriteOnceAndSaysWhatFailed) {
     Play(3, 2);
     const struct {
         std::int32_t mode;
         const char* file;
         std::string before, after;
     } cases[] = {
-        {PlayAudio, "favorites.m3u", "#EXTM3U\n" + Song(1),
-         "#EXTM3U\n" + Song(1) + "\r\n" + Song(2) + "\r\n"},
         {PlayXM, "favorites.xcl", "112\r\n", "112\r\n12\r\n"},
         {PlayFM, "presets.lst", "", "96.50:96.50 MHz\r\n"},
         {PlayFM, "presets.lst", " 96.5 :Radio One\r\n", " 96.5 :Radio One\r\n"},
+        {PlayAudio, "favorites.m3u", "#EXTM3U\n" + Song(1),
+         "#EXTM3U\n" + Song(1) + "\r\n" + Song(2) + "\r\n"},
     };
     for (const auto& c : cases) {
         app.Write(c.file, c.before);
@@ -212,31 +199,28 @@ TEST_F(PlayerSourcesTest, AddsEachSourcesFavouriteOnce) {
             player().AddToFavorites();
         EXPECT_EQ(app.Read(c.file), c.after);
     }
-    app.Write("favorites.m3u", "");
-    audio.PlayMode = PlayAudio;
-    player().AddToFavorites();
-    EXPECT_EQ(view.clocks.back(), "ADDING: " + Song(2));
+    const auto add = [&] {
+        player().AddToFavorites();
+        return view.clocks.back();
+    };
+    std::filesystem::remove(app.File("favorites.m3u"));
+    audio.VolumeSerial = 77;
+    add();
+    EXPECT_FALSE(FileExists(app.File("favorites.m3u"))) << "nothing of a disc";
+    audio.VolumeSerial = -1;
+    EXPECT_EQ(add(), "ADDING: " + Song(2));
     clock.Advance(700);
     EXPECT_EQ(view.clocks.back(), "ADDING: " + Song(2));
     clock.Advance(100);
     EXPECT_EQ(view.clocks.back(), "Saturday, November 21, 2026    12:0");
-}
-
-TEST_F(PlayerSourcesTest, RefusesDiscsAndSaysWhatFailed) {
-    Play(3, 2);
-    audio.VolumeSerial = 77;
-    player().AddToFavorites();
-    audio.VolumeSerial = -1;
-    EXPECT_FALSE(FileExists(app.File("favorites.m3u")));
+    std::filesystem::remove(app.File("favorites.m3u"));
     app.MakeFolder("favorites.m3u"); // cannot be replaced
-    player().AddToFavorites();
-    EXPECT_THAT(view.clocks.back(), testing::StartsWith("favorites.m3u cannot be written: "));
+    EXPECT_THAT(add(), testing::StartsWith("favorites.m3u cannot be written: "));
     EXPECT_TRUE(Logged("An error occured in playmp3.AddToFavorites() favorites.m3u cannot be"));
     std::filesystem::remove(app.File("favorites.m3u"));
     app.Write("favorites.m3u", std::string(17 << 20, 'x'));
-    player().AddToFavorites();
+    EXPECT_EQ(add(), "favorites.m3u cannot be read");
     EXPECT_EQ(FileLength(app.File("favorites.m3u")), 17u << 20);
-    EXPECT_EQ(view.clocks.back(), "favorites.m3u cannot be read");
 }
 
 } // namespace vk::test

@@ -4,7 +4,10 @@
 #include "platform/linux/sound/alsa_mixer.h"
 #include "playback/c_volume.h"
 #include "tests/support/core_fixture.h"
+#include "tests/support/fake_card.h"
 #include "tests/support/fake_mixer.h"
+
+#include <gmock/gmock.h>
 
 #include <atomic>
 
@@ -14,7 +17,7 @@ namespace vk::test {
 struct Sound : CoreFixture {
     explicit Sound(AlsaMixer::Options options = {.retryMs = 5})
         : mixer([&] {
-              options.onChange = [this](bool present) { present ? ++returns : ++losses; };
+              options.onChange = [this](bool present) { ++(present ? returns : losses); };
               options.log = [this](const std::string&) { ++logged; };
               return options;
           }()) {}
@@ -23,5 +26,9 @@ struct Sound : CoreFixture {
     FakeWaveInput input;
     cVolume volume{{mixer, input, dialogs, report}};
 };
+
+inline bool Reaches(const FakeCard& card, const std::string& element, std::int32_t volume) {
+    return Soon([&] { return card.Volume(element) == volume; });
+}
 
 } // namespace vk::test

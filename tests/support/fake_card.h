@@ -6,8 +6,8 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdint>
-#include <cstdio>
 #include <cstring>
+#include <fstream>
 #include <string>
 #include <thread>
 #include <vector>
@@ -35,13 +35,12 @@ class FakeCard {
             list += " \"" + name + "\"";
             numbers_.insert(numbers_.end(), {minimum, 1});
         }
-        folder_.Write("asound.conf", "ctl_type.fake { lib \"" VK_FAKE_CARD
-                                     "\" }\nctl.!default {\n type fake\n"
-                                     " elements [" +
-                                         list + " ]\n state \"" + State() + "\"\n minimum " +
-                                         std::to_string(minimum) + "\n maximum " +
-                                         std::to_string(maximum) + "\n}\n");
-        ::setenv("ALSA_CONFIG_PATH", folder_.File("asound.conf").c_str(), 1);
+        const std::string file = folder_.Write(
+            "asound.conf",
+            "ctl_type.fake { lib \"" VK_FAKE_CARD "\" }\nctl.!default {\n type fake\n elements [" +
+                list + " ]\n state \"" + State() + "\"\n minimum " + std::to_string(minimum) +
+                "\n maximum " + std::to_string(maximum) + "\n}\n");
+        ::setenv("ALSA_CONFIG_PATH", file.c_str(), 1);
         PlugIn();
     }
     ~FakeCard() { ::unsetenv("ALSA_CONFIG_PATH"); }
@@ -50,8 +49,7 @@ class FakeCard {
     void PlugIn() { Offer(elements_.size()); }
     /// It has only the first elements of those that it had when it was plugged in.
     void Offer(std::size_t elements) {
-        folder_.Write("state", {reinterpret_cast<const char*>(numbers_.data()),
-                                elements * 2 * sizeof(std::int32_t)});
+        folder_.Write("state", {reinterpret_cast<const char*>(numbers_.data()), elements * 8});
     }
     void Pull() {
         for (std::size_t i = 0; i < numbers_.size(); ++i)
@@ -65,10 +63,9 @@ class FakeCard {
     std::int32_t Switch(const std::string& element) const { return Number(Index(element) + 1); }
     /// What another program does.
     void SetVolume(const std::string& element, std::int32_t value) const {
-        std::FILE* file = std::fopen(State().c_str(), "r+b");
-        std::fseek(file, static_cast<long>(Index(element) * sizeof value), SEEK_SET);
-        std::fwrite(&value, sizeof value, 1, file);
-        std::fclose(file);
+        std::fstream file(State(), std::ios::in | std::ios::out | std::ios::binary);
+        file.seekp(static_cast<std::streamoff>(Index(element) * sizeof value));
+        file.write(reinterpret_cast<const char*>(&value), sizeof value);
     }
 
   private:
@@ -77,7 +74,7 @@ class FakeCard {
     }
     std::string State() const { return folder_.File("state"); }
     std::size_t Index(const std::string& element) const {
-        const auto found = std::find(elements_.begin(), elements_.end(), element);
+        const auto found = std::ranges::find(elements_, element);
         return static_cast<std::size_t>(found - elements_.begin()) * 2;
     }
     std::int32_t Number(std::size_t index) const {

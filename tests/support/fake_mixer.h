@@ -4,18 +4,13 @@
 #include "platform/mixer.h"
 #include "platform/wave_input.h"
 
-#include <algorithm>
 #include <map>
-#include <set>
 #include <stdexcept>
-#include <string>
 #include <utility>
-#include <vector>
 
 namespace vk::test {
 
-/// Every line goes from 0 to its maximum and keeps what it is set to, unless it is listed as
-/// missing.
+/// Every line goes from 0 to its maximum and keeps what it is set to.
 class FakeMixer : public Mixer {
   public:
     bool Open() override {
@@ -24,9 +19,7 @@ class FakeMixer : public Mixer {
     }
     unsigned Session() const override { return session; }
     bool GetLineControl(MixerLine line, MixerControlType type, MixerControl& control) override {
-        asked.emplace_back(line, type);
-        if (!present || missing.contains(line)) return false;
-        if (type == MixerControlType::Mute && !mutes) return false;
+        if (!present || (type == MixerControlType::Mute && !mutes)) return false;
         control = {Id(line, type), 0, line == MixerLine::Wave ? waveMaximum : maximum};
         return true;
     }
@@ -48,15 +41,12 @@ class FakeMixer : public Mixer {
     std::int32_t& Level(MixerLine line) { return values[Id(line, MixerControlType::Volume)]; }
     std::int32_t& Mute(MixerLine line) { return values[Id(line, MixerControlType::Mute)]; }
 
-    bool present = true;
-    bool broken = false;
+    bool present = true, broken = false;
     bool mutes = true;   ///< the card has them
     int refusedOpen = 0; ///< the number of the one open that fails, from 1
     int opens = 0;
     unsigned session = 1;
     std::int32_t maximum = 1000, waveMaximum = 1000;
-    std::set<MixerLine> missing;
-    std::vector<std::pair<MixerLine, MixerControlType>> asked;
 
   private:
     static std::uint32_t Id(MixerLine line, MixerControlType type) {
@@ -69,7 +59,6 @@ class FakeMixer : public Mixer {
 class FakeWaveInput : public WaveInput {
   public:
     bool Start(OnBuffer buffer) override {
-        ++starts;
         onBuffer = std::move(buffer);
         return true;
     }
@@ -77,7 +66,6 @@ class FakeWaveInput : public WaveInput {
     bool Running() const override { return onBuffer != nullptr; }
 
     OnBuffer onBuffer;
-    int starts = 0;
 };
 
 } // namespace vk::test
