@@ -106,17 +106,18 @@ class BrowserTest : public testing::Test {
         state.CurrentPath = folder;
         browser().ReShow();
     }
+    BrowserNeeds Needs() {
+        return {core.base,
+                state,
+                keys,
+                {tags, extensions, catalogue, &channels},
+                {audio, video, sound.loudness, player, [this] { ++audioStopped; },
+                 [this](std::int32_t) { return tuner; }}};
+    }
     /// Makes the browser now, so that a test can change the settings before.
     Browser& browser() {
         if (!made_)
-            made_ = std::make_unique<Browser>(
-                BrowserNeeds{core.base,
-                             state,
-                             keys,
-                             {tags, extensions, catalogue, &channels},
-                             {audio, video, sound.loudness, player, [this] { ++audioStopped; },
-                              [this](std::int32_t) { return tuner; }}},
-                BrowserModels{list, rightList, entry}, view);
+            made_ = std::make_unique<Browser>(Needs(), BrowserModels{list, rightList, entry}, view);
         return *made_;
     }
     void AddChannel(int number, const std::string& name, const std::string& category = {}) {

@@ -1,19 +1,14 @@
 // The browser's screen: that touches and keys reach the operations, and that all of it fits.
 #include "browser/screen/playlists.h"
 #include "skin/controls/looks.h"
-#include "tests/support/core_fixture.h"
-#include "tests/support/recording_screen.h"
-#include "tests/support/sound_card.h"
+#include "tests/browser/browser_fixture.h"
 #include "tests/support/widgets.h"
 
 #include <QApplication>
 #include <QFontMetrics>
 #include <QWheelEvent>
 
-#include <gmock/gmock.h>
-
-namespace vk {
-namespace {
+namespace vk::test {
 
 constexpr const char* SkinText =
     "[BGimages]\nplaylist=none.jpg\n[Colors]\nListForegroundClr=1\n[FONTS]\n"
@@ -21,25 +16,18 @@ constexpr const char* SkinText =
     "headingbarfontbold=true\nheadingbarfontsize=18\nListtextfontname=DejaVu Sans\n"
     "Listtextfontsize=22\n";
 
-class PlaylistsScreen : public testing::Test {
+class PlaylistsScreen : public BrowserTest {
   protected:
     PlaylistsScreen() {
-        extensions.AudioExtensionList = {"MP3"};
-        extensions.VideoExtensionList = {"AVI"};
-        core.settings.values.MediaDir = state.CurrentPath = media.Path();
-        core.settings.values.CDDriveLetter = "/cd";
         core.settings.values.dlink_enabled = true;
         core.settings.values.ShowClock = true;
-        core.settings.values.UseBrowseHistory = true;
         core.settings.values.ListSpacing = "3";
         core.state.CurrentSkinFile = "My.skn";
         core.app.Write("skins/My.skn", SkinText);
         skin.LoadSkin();
-        core.screens.Add("playmp3", player);
-        core.screens.Add("velkorandum", menu);
+        core.volumes.drives.clear();
         core.screens.Add("frmGPS", gps);
-        for (const char* name : {"a/x.mp3", "b/y.mp3", "c.mp3", "d.avi"})
-            media.Write(name, "x");
+        MediaFiles({"a/x.mp3", "b/y.mp3", "c.mp3", "d.avi"});
         Resize({800, 480});
     }
     ~PlaylistsScreen() override { core.screens.Remove(BrowserName); }
@@ -48,19 +36,10 @@ class PlaylistsScreen : public testing::Test {
         core.state.ScreenWidth = size.width();
         core.state.ScreenHeight = size.height();
         host.resize(size);
-        const BrowserNeeds needs{core.base,
-                                 state,
-                                 keys,
-                                 {tags, extensions},
-                                 {.audio = audio,
-                                  .video = video,
-                                  .loudness = sound.loudness,
-                                  .transport = player,
-                                  .HasTuner = [](std::int32_t) { return true; }}};
         screen = std::make_unique<playlists>(
             playlists::Needs{{core.state, core.settings.values, skin, pictures, core.clock,
                               core.pump, core.commands},
-                             needs},
+                             Needs()},
             &host);
         core.screens.Add(BrowserName, screen->browser(), *screen);
         host.show();
@@ -74,27 +53,12 @@ class PlaylistsScreen : public testing::Test {
     void Tap(const char* name) {
         QWidget& part = Part(name);
         EXPECT_TRUE(part.isVisible()) << name;
-        test::Click(part, part.rect().center());
+        Click(part, part.rect().center());
     }
     std::string Title() { return static_cast<ShadedLabel&>(Part("lblCurrentFolderStatus")).Text(); }
-    std::string Loading() {
-        auto& label = static_cast<ShadedLabel&>(Part("lbLoading"));
-        return label.isVisible() ? label.Text() : "";
-    }
     ListModel& List() { return static_cast<UCListBox&>(Part("UCListBox")).model(); }
 
-    test::CoreFixture core;
-    test::TempFolder media;
-    BrowserState state;
-    AudioState audio;
-    VideoState video;
-    KeyMap keys;
-    test::RecordingPlayerScreen player;
-    test::SoundCard sound{core};
-    test::RecordingScreen menu, gps;
-    ID3 reader{{core.log, core.dialogs}, core.state.DecimalSymbol};
-    MediaExtensions extensions;
-    MediaTags tags{extensions, reader};
+    RecordingScreen gps;
     SkinStore skin{
         {core.state, core.settings, core.fonts, core.dialogs, core.report, [] { return 800; }}};
     PictureCache pictures{skin};
@@ -103,7 +67,7 @@ class PlaylistsScreen : public testing::Test {
 };
 
 TEST_F(PlaylistsScreen, TouchesAndKeysReachTheirOperations) {
-    test::Click(Part("UCListBox"), {100, List().RowHeight * 5 / 2});
+    Click(Part("UCListBox"), {100, List().RowHeight * 5 / 2});
     EXPECT_EQ(Title(), " b");
     Tap("Image11");
     EXPECT_EQ(Title(), "Browse By Directory ");
@@ -116,7 +80,9 @@ TEST_F(PlaylistsScreen, TouchesAndKeysReachTheirOperations) {
     EXPECT_EQ(player.Count("DoPause"), 1);
     Tap("Image12");
     Tap("Image19");
-    EXPECT_EQ(Loading(), "You must first play an audio file before resuming.");
+    const auto& notice = static_cast<ShadedLabel&>(Part("lbLoading"));
+    EXPECT_TRUE(notice.isVisible());
+    EXPECT_EQ(notice.Text(), "You must first play an audio file before resuming.");
     Tap("Image15");
     EXPECT_EQ(audio.PlayMode, PlayFM);
     screen->browser().ReShow();
@@ -149,24 +115,23 @@ TEST_F(PlaylistsScreen, TheRarerButtonsComeOutOfTheBottomBar) {
 }
 
 TEST_F(PlaylistsScreen, TheWheelAndAReloadKeepTheList) {
-    const QPointF here(300, 200);
-    QWheelEvent half(here, here, {}, {0, -60}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase,
-                     false);
-    QApplication::sendEvent(screen.get(), &half);
-    EXPECT_EQ(List().iSelected, 0);
-    QApplication::sendEvent(screen.get(), &half);
+    QWheelEvent half({9, 9}, {9, 9}, {}, {0, -60}, {}, {}, Qt::NoScrollPhase, false);
+    for (const int row : {0, 1}) {
+        QApplication::sendEvent(screen.get(), &half);
+        EXPECT_EQ(List().iSelected, row);
+    }
     screen->DoLayout();
     EXPECT_EQ(List().iSelected, 1);
     EXPECT_EQ(List().ItemCount(), 5);
 }
 
 TEST_F(PlaylistsScreen, AListIsBuiltByTouchInTwoListsSideBySide) {
-    const auto touchRow = [this](QWidget& list, int row) {
+    const auto touchRow = [this](QWidget& box, int row) {
         core.clock.Advance(250); // as long as a list that has changed hears nothing
-        const int height = static_cast<UCListBox&>(list).model().RowHeight;
-        test::Click(list, {list.width() / 2, height * (2 * row + 1) / 2});
+        const int height = static_cast<UCListBox&>(box).model().RowHeight;
+        Click(box, {box.width() / 2, height * (2 * row + 1) / 2});
     };
-    for (const QSize size : test::PanelSizes) {
+    for (const QSize size : PanelSizes) {
         SCOPED_TRACE(size.width());
         state.ListMode = ListFromMenu;
         keys[Action::vup] = "85"; // which is a letter, too
@@ -178,16 +143,16 @@ TEST_F(PlaylistsScreen, AListIsBuiltByTouchInTwoListsSideBySide) {
         EXPECT_FALSE(Part("imjSave").isVisible());
         touchRow(left, 0);
         EXPECT_EQ(Title(), "Building Playlist | Browse By Directory ");
-        test::ExpectChildrenInside(*screen);
+        ExpectChildrenInside(*screen);
         EXPECT_FALSE(left.geometry().intersects(right.geometry()));
         EXPECT_GE(std::min(left.width(), right.width()), size.width() * 45 / 100);
         EXPECT_GE(Part("imjAdd").width(), size.height() * 15 / 100);
         const auto& built = static_cast<UCListBox&>(right).model();
         touchRow(left, 2);
-        EXPECT_EQ(built.Row(0).descriptor, "FILE:" + media.Path() + "/c.mp3");
+        EXPECT_EQ(built.Row(0).descriptor, "FILE:" + media + "/c.mp3");
         const QImage leftInFront = screen->grab().toImage();
         Tap("imjAdd");
-        EXPECT_GT(test::DifferingPixels(leftInFront, screen->grab().toImage()), 500)
+        EXPECT_GT(DifferingPixels(leftInFront, screen->grab().toImage()), 500)
             << "the list that the keys work is seen";
         Tap("imjSave");
         EXPECT_FALSE(left.isVisible() || right.isVisible()) << "the keyboard has their place";
@@ -204,27 +169,26 @@ TEST_F(PlaylistsScreen, AListIsBuiltByTouchInTwoListsSideBySide) {
 
 // True when the text, wrapped if need be, stands whole in the label at the smallest size it may
 // shrink to.
-bool Fits(const std::string& text, const QWidget& label, const SkinFont& font, double shrink) {
+static bool Fits(const char* text, const QWidget& label, const SkinFont& font, double shrink) {
     QFont smallest = ToQFont(font);
     smallest.setPixelSize(static_cast<int>(smallest.pixelSize() * shrink));
-    const QRect needed = QFontMetrics(smallest).boundingRect(label.rect(), Qt::TextWordWrap,
-                                                             QString::fromStdString(text));
+    const QRect needed =
+        QFontMetrics(smallest).boundingRect(label.rect(), Qt::TextWordWrap, ToQString(text));
     return needed.width() <= label.width() && needed.height() <= label.height();
 }
 
 TEST_F(PlaylistsScreen, EverythingFitsAtEverySize) {
+    const SkinFont &bar = skin.data().headingbarfont, &clock = skin.data().clockfont;
     const std::tuple<const char*, const char*, SkinFont, double> texts[] = {
-        {"Browsing removable drive: /media/stick", "lblCurrentFolderStatus",
-         skin.data().headingbarfont, 0.6},
-        {"External Applications", "lblCurrentFolderStatus", skin.data().headingbarfont, 0.6},
-        {"Wednesday, September 30, 2026\n12:00 PM", "ClockBar", skin.data().clockfont, 0.5},
-        {"You must first play an audio file before resuming.", "lbLoading",
-         skin.data().headingbarfont, 0.6}};
-    for (const QSize size : test::PanelSizes) {
+        {"Browsing removable drive: /media/stick", "lblCurrentFolderStatus", bar, 0.6},
+        {"External Applications", "lblCurrentFolderStatus", bar, 0.6},
+        {"Wednesday, September 30, 2026\n12:00 PM", "ClockBar", clock, 0.5},
+        {"You must first play an audio file before resuming.", "lbLoading", bar, 0.6}};
+    for (const QSize size : PanelSizes) {
         SCOPED_TRACE(size.width());
         Resize(size);
         Tap("Image7");
-        test::ExpectChildrenInside(*screen);
+        ExpectChildrenInside(*screen);
         for (QWidget* part : screen->findChildren<QWidget*>())
             if (part->isVisible() && dynamic_cast<TouchButton*>(part) && part != &Part("imgHome")) {
                 EXPECT_GE(std::min(part->width(), part->height()), size.height() * 15 / 100);
@@ -235,5 +199,4 @@ TEST_F(PlaylistsScreen, EverythingFitsAtEverySize) {
     }
 }
 
-} // namespace
-} // namespace vk
+} // namespace vk::test

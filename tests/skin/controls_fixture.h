@@ -8,6 +8,8 @@
 #include <QImage>
 #include <QWidget>
 
+#include <gtest/gtest.h>
+
 namespace vk::test {
 
 inline constexpr QRgb Ground = 0xFF102030;  ///< of the background picture
@@ -34,8 +36,7 @@ struct ControlsFixture : CoreFixture {
     }
     /// Writes a picture of one colour into the skin's folder; returns its path.
     std::string Picture(const std::string& name, QSize size, QRgb colour) {
-        const std::string path = app.File("skins/My/" + name);
-        app.MakeFolder("skins/My");
+        const std::string path = app.MakeFolder("skins/My") + "/" + name;
         QImage image(size, QImage::Format_ARGB32);
         image.fill(colour);
         image.save(QString::fromStdString(path));

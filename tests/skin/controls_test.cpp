@@ -7,17 +7,11 @@
 #include "skin/controls/uc_scroll_text.h"
 #include "tests/skin/controls_fixture.h"
 
-#include <gtest/gtest.h>
+namespace vk::test {
 
-namespace vk {
-namespace {
+struct ControlsTest : testing::Test, ControlsFixture {};
 
-struct ControlsTest : testing::Test, test::ControlsFixture {
-    static void Click(QWidget& widget, QPoint release) {
-        test::Press(widget, {5, 5});
-        test::Release(widget, release);
-    }
-};
+constexpr QPoint Here(5, 5), Beside(600, 5);
 
 constexpr SkinColour White{0xFFFFFF};
 
@@ -94,10 +88,10 @@ TEST_F(ScrollTextTest, AFittingTextStandsInTheMiddle) {
     EXPECT_EQ(Drawn(line), before);
     const int text = line.TestFitGetX("Short", {"DejaVu Sans", false, false, 20});
     const int margin = (300 - text) / 2;
-    EXPECT_EQ(Count(before.copy(0, 0, margin - 3, 60), 0xFFFFFFFF), 0);
-    EXPECT_EQ(Count(before.copy(300 - margin + 3, 0, margin, 60), 0xFFFFFFFF), 0);
+    for (const int side : {0, 300 - margin + 3})
+        EXPECT_EQ(Count(before.copy(side, 0, margin - 3, 60), 0xFFFFFFFF), 0);
     EXPECT_GT(Count(before.copy(margin - 3, 0, 16, 60), 0xFFFFFFFF), 0);
-    EXPECT_EQ(before.pixel(0, 0), test::Ground);
+    EXPECT_EQ(before.pixel(0, 0), Ground);
 }
 
 TEST_F(ScrollTextTest, ALongTextRunsAPixelEachFifteenMillisecondsAndComesRound) {
@@ -140,13 +134,14 @@ TEST_F(ControlsTest, AMenuIconShowsItsStateAndAnswersToTouch) {
     EXPECT_EQ(Count(Drawn(icon), 0xFF000052), 80 * 96);
     int clicks = 0;
     icon.onClick = [&] { ++clicks; };
-    Click(icon, {200, 5});
+    Press(icon, Here);
+    Release(icon, Beside);
     EXPECT_EQ(clicks, 0) << "the finger slid away";
-    Click(icon, {6, 6});
-    commands.Run([&] { Click(icon, {6, 6}); });
+    Click(icon, Here);
+    commands.Run([&] { Click(icon, Here); });
     EXPECT_EQ(clicks, 1);
     icon.SelectedPic = "missing.png";
-    EXPECT_GT(Count(Drawn(icon), test::Marking), 80 * 96 / 2) << "a plate stands in";
+    EXPECT_GT(Count(Drawn(icon), Marking), 80 * 96 / 2) << "a plate stands in";
 }
 
 TEST_F(ControlsTest, ATouchButtonKeepsItsPictureAndTellsPressReleaseAndClick) {
@@ -167,18 +162,19 @@ TEST_F(ControlsTest, ATouchButtonKeepsItsPictureAndTellsPressReleaseAndClick) {
     };
     button.onRelease = [&](bool inside) { calls += inside ? 'r' : 'o'; };
     button.onClick = [&] { calls += 'c'; };
-    Click(button, {6, 6});
-    Click(button, {600, 6});
-    test::Press(button, {5, 5});
+    Click(button, Here);
+    Press(button, Here);
+    Release(button, Beside);
+    Press(button, Here);
     button.hide();
     EXPECT_EQ(calls, "prcpopo");
     button.show();
     calls.clear();
-    commands.Run([&] { Click(button, {6, 6}); });
+    commands.Run([&] { Click(button, Here); });
     EXPECT_EQ(calls, "r") << "a release is never lost";
     button.onPress = {};
     button.whileBusy = Commands::When::Queue;
-    commands.Run([&] { Click(button, {6, 6}); });
+    commands.Run([&] { Click(button, Here); });
     EXPECT_EQ(calls, "rrc");
     EXPECT_EQ(button.focusPolicy(), Qt::NoFocus);
     TouchButton bare(context, &host);
@@ -192,10 +188,10 @@ TEST_F(ControlsTest, ALabelCutsWrapsShrinksAndStandsOnItsGround) {
     ShadedLabel label(&host);
     label.resize(200, 60);
     label.SetLook({"DejaVu Sans", false, false, 18}, White, skin.data());
-    label.SetGround(QColor::fromRgb(test::Ground));
+    label.SetGround(QColor::fromRgb(Ground));
     label.SetText("A text that is far too long for the label");
     const QImage cut = Drawn(label);
-    EXPECT_GT(Count(cut, test::Ground), 200 * 60 / 2);
+    EXPECT_GT(Count(cut, Ground), 200 * 60 / 2);
     label.SetWrap(true);
     const QImage wrapped = Drawn(label);
     EXPECT_NE(wrapped, cut);
@@ -204,9 +200,9 @@ TEST_F(ControlsTest, ALabelCutsWrapsShrinksAndStandsOnItsGround) {
     label.SetShadow(Qt::red);
     EXPECT_GT(Count(Drawn(label), 0xFFFF0000), 5);
     int clicks = 0;
-    Click(label, {6, 6});
+    Click(label, Here);
     label.onClick = [&] { ++clicks; };
-    Click(label, {6, 6});
+    Click(label, Here);
     EXPECT_EQ(clicks, 1);
     EXPECT_GT(label.sizeHint().width(), 200);
     label.SetWrap(false);
@@ -229,20 +225,18 @@ TEST_F(ControlsTest, TheLoadingBarFollowsTheStart) {
     EXPECT_EQ(black.size(), host.size());
     const QImage empty = bar();
     black.InitProgress(0, 13);
-    EXPECT_EQ(black.Range(), 14);
     EXPECT_DOUBLE_EQ(black.Filled(), 1.0 / 14);
     black.InitProgress(5, 1);
-    EXPECT_EQ(black.Range(), 4);
-    black.SetProgress(2);
-    EXPECT_DOUBLE_EQ(black.Filled(), 0.5);
-    const QImage half = bar();
-    EXPECT_NE(half, empty);
-    black.SetProgress(99);
-    EXPECT_DOUBLE_EQ(black.Filled(), 1);
-    EXPECT_NE(bar(), half);
-    black.SetProgress(2);
-    black.SetProgressToMax();
-    EXPECT_DOUBLE_EQ(black.Filled(), 1);
+    const std::tuple<std::function<void()>, double> steps[] = {
+        {[&] { black.SetProgress(2); }, 0.5},
+        {[&] { black.SetProgress(99); }, 1},
+        {[&] { black.SetProgress(1); }, 0.25},
+        {[&] { black.SetProgressToMax(); }, 1}};
+    for (QImage before = empty; const auto& [step, filled] : steps) {
+        step();
+        EXPECT_DOUBLE_EQ(black.Filled(), filled);
+        EXPECT_NE(std::exchange(before, bar()), bar());
+    }
     black.ClearScreen();
     EXPECT_EQ(bar(), empty);
     EXPECT_EQ(black.Range(), 14);
@@ -252,5 +246,4 @@ TEST_F(ControlsTest, TheLoadingBarFollowsTheStart) {
     EXPECT_TRUE(black.isVisible()) << "it stays behind the others";
 }
 
-} // namespace
-} // namespace vk
+} // namespace vk::test

@@ -7,13 +7,10 @@
 #include <QTimer>
 #include <QWheelEvent>
 
-#include <gtest/gtest.h>
-
 #include <array>
 #include <map>
 
-namespace vk {
-namespace {
+namespace vk::test {
 
 /// Counts the keys that reach the window.
 class KeyCounter : public QWidget {
@@ -25,7 +22,7 @@ class KeyCounter : public QWidget {
 };
 
 // Keys are written as characters: < > ^ _ are the arrows, ! is Escape, the others type themselves.
-struct DialogsTest : testing::Test, test::CoreFixture {
+struct DialogsTest : testing::Test, CoreFixture {
     DialogsTest() {
         clock.onEvents = [] { QCoreApplication::processEvents(); };
         host.resize(800, 480);
@@ -70,7 +67,12 @@ struct DialogsTest : testing::Test, test::CoreFixture {
         ADD_FAILURE() << "no button " << caption;
         return Front()->Cells().front();
     }
-    void Touch(QPoint at) { test::Click(*Front(), at); }
+    void Touch(QPoint at) { Click(*Front(), at); }
+    /// A message that the keys, or the action, answer.
+    template<class Does> void Tell(Does does, const std::string& text = std::string(4000, 'w')) {
+        Then(does);
+        skinDialogs.ShowMessage(text, "Title", MessageKind::Warning);
+    }
     void Touch(const char* caption) { Touch(Cell(caption).box.center()); }
     /// The answer to a question, a text or a folder that the action, or the keys, lead to.
     template<class Does> bool Asked(Does does) {
@@ -92,14 +94,14 @@ struct DialogsTest : testing::Test, test::CoreFixture {
 };
 
 TEST_F(DialogsTest, AMessageWaitsForItsKeyAndKeepsTheHostFromKeys) {
-    Then([this] {
+    const auto answer = [this] {
         EXPECT_EQ(Front()->geometry(), host.rect());
         EXPECT_GE(Cell("OK").box.height(), 480 / 7);
         Keys("a<");
         EXPECT_TRUE(skinDialogs.Active());
         Keys("\n");
-    });
-    skinDialogs.ShowMessage("Text", "Title", MessageKind::Warning);
+    };
+    Tell(answer, "Text");
     EXPECT_FALSE(skinDialogs.Active());
     EXPECT_EQ(host.keys, 0);
     Keys("a");
@@ -117,8 +119,8 @@ TEST_F(DialogsTest, QuestionsByKeysAndTouch) {
     commands.Run([this] { EXPECT_FALSE(Asked([this] { Touch("No"); })) << "in a command, too"; });
     Then([this] {
         Touch(QPoint(2, 2));
-        test::Press(*Front(), Cell("Cancel").box.center());
-        test::Release(*Front(), {2, 2});
+        Press(*Front(), Cell("Cancel").box.center());
+        Release(*Front(), {2, 2});
         EXPECT_TRUE(skinDialogs.Active()) << "beside the buttons, and slid off one";
         Touch("OK");
     });
@@ -181,33 +183,37 @@ TEST_F(DialogsTest, ADialogStaysInFrontFollowsTheWindowsSizeAndMayGoWithIt) {
     EXPECT_FALSE(other.Active());
 }
 
-TEST_F(DialogsTest, ALongTextScrollsByKeysAndFinger) {
-    Then([this] {
+TEST_F(DialogsTest, ALongTextScrollsByKeysFingerAndFineTurnsOfTheWheel) {
+    Tell([this] {
         auto* message = dynamic_cast<MessageOverlay*>(Front());
         ASSERT_TRUE(message);
         EXPECT_LE(Cell("OK").box.bottom(), 480);
         Keys("^");
-        EXPECT_EQ(message->Scrolled(), 0);
+        for (int part = 0; part < 4; ++part) {
+            EXPECT_EQ(message->Scrolled(), 0);
+            QWheelEvent turn({9, 9}, {9, 9}, {}, {0, -30}, {}, {}, Qt::NoScrollPhase, false);
+            QCoreApplication::sendEvent(message, &turn);
+        }
+        const int turned = message->Scrolled();
+        EXPECT_GT(turned, 0);
         Keys("_");
         const int scrolled = message->Scrolled();
-        EXPECT_GT(scrolled, 50);
-        test::Press(*message, {300, 300});
-        test::Drag(*message, {300, 280});
+        EXPECT_GT(scrolled, turned + 50);
+        Press(*message, {300, 300});
+        Drag(*message, {300, 280});
         EXPECT_EQ(message->Scrolled(), scrolled + 20);
-        test::Release(*message, {300, 280});
+        Release(*message, {300, 280});
         Keys("\n");
     });
-    skinDialogs.ShowMessage(std::string(4000, 'w'));
 }
 
 TEST_F(DialogsTest, DialogsWearTheSkin) {
     const auto panel = [&] {
         QRgb colour = 0;
-        Then([&] {
+        Tell([&] {
             colour = host.grab().toImage().pixel(400, Cell("OK").box.top() - 6);
             Keys("\n");
         });
-        skinDialogs.ShowMessage("Text");
         return colour;
     };
     const QRgb builtIn = panel();
@@ -258,7 +264,7 @@ TEST_F(DialogsTest, TheRemoteWorksTheDialogInFront) {
     EXPECT_TRUE(Asked([&] { send("ok"); }));
 }
 
-TEST_F(DialogsTest, MappedKeysAndFineTurnsOfTheWheelWorkADialog) {
+TEST_F(DialogsTest, MappedKeysWorkADialog) {
     KeyMap keys;
     keys[Action::ok] = "79"; // O
     keys[Action::forward] = "37";
@@ -278,17 +284,6 @@ TEST_F(DialogsTest, MappedKeysAndFineTurnsOfTheWheelWorkADialog) {
         Keys("\n");
     };
     EXPECT_EQ(Typed(text, "x"), "xo") << "where a text is typed it types";
-    Then([&] {
-        auto* message = dynamic_cast<MessageOverlay*>(Front());
-        for (int part = 0; part < 4; ++part) {
-            EXPECT_EQ(message->Scrolled(), 0);
-            QWheelEvent turn({9, 9}, {9, 9}, {}, {0, -30}, {}, {}, Qt::NoScrollPhase, false);
-            QCoreApplication::sendEvent(message, &turn);
-        }
-        EXPECT_GT(message->Scrolled(), 0);
-        Keys("\n");
-    });
-    skinDialogs.ShowMessage(std::string(4000, 'w'));
 }
 
 TEST_F(DialogsTest, AFolderIsFoundByKeysAndTouch) {
@@ -352,5 +347,4 @@ TEST_F(DialogsTest, TheStartingPlacesAreHomeMediaAndRoot) {
     EXPECT_EQ(Chosen(select, tree), "");
 }
 
-} // namespace
-} // namespace vk
+} // namespace vk::test

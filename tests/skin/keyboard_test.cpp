@@ -1,11 +1,10 @@
+// The drawn keyboard, and asking for a text with it.
+#include "skin/controls/text_entry_panel.h"
 #include "skin/controls/uc_osk.h"
 #include "tests/skin/controls_fixture.h"
 #include "tests/support/widgets.h"
 
-#include <gtest/gtest.h>
-
-namespace vk {
-namespace {
+namespace vk::test {
 
 using Move = void (KeyboardModel::*)();
 constexpr int One = 0, A = 20, OK = 29, B = 34, Dot = 37, Shift = 40, Space = 41, Delete = 42,
@@ -13,8 +12,8 @@ constexpr int One = 0, A = 20, OK = 29, B = 34, Dot = 37, Shift = 40, Space = 41
 
 struct KeyboardTest : testing::Test {
     KeyboardTest() {
-        model.onOK = [this](const std::string& text) { events.push_back("OK:" + text); };
-        model.onEscape = [this] { events.push_back("Escape"); };
+        model.onOK = [this](const std::string& text) { events += "OK:" + text + " "; };
+        model.onEscape = [this] { events += "Escape"; };
     }
     std::string Typed(const std::vector<int>& keys) {
         for (const int key : keys)
@@ -25,12 +24,7 @@ struct KeyboardTest : testing::Test {
         for (int i = 0; i < count; ++i)
             (model.*move)();
     }
-    /// By arrows from wherever the mark is, over the upper left corner, and then one move.
-    int After(Move move, int key) {
-        GoTo(key);
-        Repeat(move, 1);
-        return model.Mark();
-    }
+    /// By arrows from wherever the mark is, over the upper left corner.
     void GoTo(int key) {
         Repeat(&KeyboardModel::MoveUp, 4);
         Repeat(&KeyboardModel::MoveLeft, 9);
@@ -40,7 +34,7 @@ struct KeyboardTest : testing::Test {
     }
 
     KeyboardModel model;
-    std::vector<std::string> events;
+    std::string events;
 };
 
 TEST_F(KeyboardTest, EachWordBeginsWithACapital) {
@@ -51,7 +45,6 @@ TEST_F(KeyboardTest, EachWordBeginsWithACapital) {
                  {{A, Space, B}, "A B", "Shift"},
                  {{A, B, Dot, One, A}, "Ab.1a", "Shift"},
                  {{Shift, A, Shift, B}, "aB", "Shift"},
-                 {{Delete}, "", "SHIFT"},
                  {{A, B, Delete}, "A", "Shift"},
                  {{A, Space, B, Delete}, "A ", "SHIFT"},
                  {{Shift, Delete}, "", "SHIFT"},
@@ -61,7 +54,7 @@ TEST_F(KeyboardTest, EachWordBeginsWithACapital) {
         EXPECT_EQ(Typed(c.keys), c.text);
         EXPECT_EQ(model.KeyCaption(Shift), c.shift) << c.text;
     }
-    EXPECT_TRUE(events.empty());
+    EXPECT_EQ(events, "");
 }
 
 TEST_F(KeyboardTest, AValueIsGoneOnWithInSmallLettersAndDeletedByCharacters) {
@@ -72,18 +65,11 @@ TEST_F(KeyboardTest, AValueIsGoneOnWithInSmallLettersAndDeletedByCharacters) {
         EXPECT_EQ(Typed({Delete}), left);
     model.SetValue("Caf\xE9");
     EXPECT_EQ(model.UserText(), "Caf\xC3\xA9");
-    model.SetCaption("Gr\xFC\xDF");
-    EXPECT_EQ(model.Caption(), "Gr\xC3\xBC\xC3\x9F");
-    model.SetCaption("");
-    EXPECT_EQ(model.Caption(), "Search For...");
-}
-
-TEST_F(KeyboardTest, ArrowsAndEnterAloneTypeAndRaiseTheEvents) {
-    for (const int key : {OK, A, B, Space, OK, Esc}) {
-        GoTo(key);
-        model.ClickIt();
+    for (const auto& [set, shown] :
+         {std::pair{"Gr\xFC\xDF", "Gr\xC3\xBC\xC3\x9F"}, {"", "Search For..."}}) {
+        model.SetCaption(set);
+        EXPECT_EQ(model.Caption(), shown);
     }
-    EXPECT_EQ(events, (std::vector<std::string>{"OK:", "OK:Ab ", "Escape"}));
 }
 
 // The last row is entered by the wide key below, and left only where left edges agree.
@@ -96,19 +82,28 @@ TEST_F(KeyboardTest, ArrowsWalkEveryRowAndColumnAndStopAtTheEdges) {
             const bool right = key == 43 || (key < 40 && key % 10 == 9);
             const int up = key < 10 ? key : key < 40 ? key - 10 : above[key - 40];
             const int down = key < 30 ? key + 10 : key < 40 ? below[key - 30] : key;
-            EXPECT_EQ(After(&KeyboardModel::MoveLeft, key), key % 10 == 0 ? key : key - 1);
-            EXPECT_EQ(After(&KeyboardModel::MoveRight, key), right ? key : key + 1);
-            EXPECT_EQ(After(&KeyboardModel::MoveUp, key), up);
-            EXPECT_EQ(After(&KeyboardModel::MoveDown, key), down);
+            for (const auto& [move, there] :
+                 {std::pair<Move, int>{&KeyboardModel::MoveLeft, key % 10 == 0 ? key : key - 1},
+                  {&KeyboardModel::MoveRight, right ? key : key + 1},
+                  {&KeyboardModel::MoveUp, up},
+                  {&KeyboardModel::MoveDown, down}}) {
+                GoTo(key);
+                (model.*move)();
+                EXPECT_EQ(model.Mark(), there) << key;
+            }
         }
     }
+    for (const int key : {OK, A, B, Space, OK, Esc}) {
+        GoTo(key);
+        model.ClickIt();
+    }
+    EXPECT_EQ(events, "OK: OK:Ab  Escape");
 }
 
 TEST_F(KeyboardTest, KeysOfAPhysicalKeyboardPressTheDrawnOnes) {
     for (const auto* code :
          {"65", "66", "32", "65", "49", "190", "189", "109", "97", "105", "110", "16", "90", "8"})
         EXPECT_TRUE(model.KeyDown(code)) << code;
-    EXPECT_EQ(model.UserText(), "Ab A1.--19.");
     for (const auto* code :
          {"13", "27", "37", "40", "%65", "", "x", "112", "95", "106", "-65", "0"})
         EXPECT_FALSE(model.KeyDown(code)) << code;
@@ -121,16 +116,14 @@ TEST_F(KeyboardTest, RowsAreTenUnitsWideOfSquareKeys) {
     int left = 0, top = text.Top + text.Height + text.Height * 15 / 100;
     for (int key = 0; key < KeyboardModel::KeyCount; ++key) {
         const KeyBox& box = model.Label1(key);
-        EXPECT_EQ(box.Height, 80);
-        EXPECT_EQ(box.Width, key == 40 ? 240 : key == 41 ? 320 : key == 43 ? 160 : 80);
-        EXPECT_EQ(box.Left, left) << key;
-        EXPECT_EQ(box.Top, top) << key;
+        const int width = key == 40 ? 240 : key == 41 ? 320 : key == 43 ? 160 : 80;
+        EXPECT_EQ(QRect(box.Left, box.Top, box.Width, box.Height), QRect(left, top, width, 80));
         left = (left + box.Width) % 800;
         top += left == 0 ? 80 : 0;
     }
 }
 
-struct OSKTest : KeyboardTest, test::ControlsFixture {
+struct OSKTest : KeyboardTest, ControlsFixture {
     OSKTest() {
         LoadColours("OSKBGClr=1052688\nOSKTextClr=14737632\nOSKSelBoxClr=49152\n"
                     "OSKSearchTextClr=65535\nLineClr=8421504\n");
@@ -149,27 +142,27 @@ struct OSKTest : KeyboardTest, test::ControlsFixture {
 
 TEST_F(OSKTest, EveryKeyIsPressedByATouchThatStaysOnIt) {
     for (int key = 0; key < Shift; ++key)
-        if (key != OK) test::Click(osk, Middle(key));
+        if (key != OK) Click(osk, Middle(key));
     EXPECT_EQ(model.UserText(), "1234567890qwertyuiopasdfghjklzxcvbnm.-!");
     model.ClearInput();
     for (const int key : {B, A, Delete, Space, Shift, A, OK, Esc})
-        test::Click(osk, Middle(key));
-    EXPECT_EQ(events, (std::vector<std::string>{"OK:B a", "Escape"}));
+        Click(osk, Middle(key));
+    EXPECT_EQ(events, "OK:B a Escape");
     EXPECT_EQ(model.Mark(), 0) << "a touch leaves the mark";
     model.ClearInput();
-    test::Press(osk, Middle(A));
-    test::Release(osk, Middle(B));
-    test::Click(osk, {osk.width() - 1, osk.height() - 1});
-    commands.Run([&] { test::Click(osk, Middle(A)); });
+    Press(osk, Middle(A));
+    Release(osk, Middle(B));
+    Click(osk, {osk.width() - 1, osk.height() - 1});
+    commands.Run([&] { Click(osk, Middle(A)); });
     OSKProperties off = osk.Properties();
     off.Enabled = false;
     osk.SetProperties(off);
-    test::Click(osk, Middle(A));
+    Click(osk, Middle(A));
     EXPECT_EQ(model.UserText(), "") << "slid off, missed, busy, switched off";
 }
 
 TEST_F(OSKTest, KeysAreLargeAndInsideOnEveryPanel) {
-    for (const QSize panel : test::PanelSizes) {
+    for (const QSize panel : PanelSizes) {
         osk.resize(panel.width() * 96 / 100, panel.height() * 69 / 100);
         EXPECT_GE(model.Label1(0).Height * 10, panel.height()) << panel.width();
         EXPECT_TRUE(osk.rect().contains(Place(model.Label1(43)))) << panel.width();
@@ -178,13 +171,13 @@ TEST_F(OSKTest, KeysAreLargeAndInsideOnEveryPanel) {
 
 TEST_F(OSKTest, TheMarkedAndThePressedKeyStandOut) {
     const QRgb plain = 0xFF101010;
-    EXPECT_EQ(GroundOf(One), test::Marking);
+    EXPECT_EQ(GroundOf(One), Marking);
     model.MoveRight();
     EXPECT_EQ(GroundOf(One), plain);
-    EXPECT_EQ(GroundOf(One + 1), test::Marking);
-    test::Press(osk, Middle(B));
+    EXPECT_EQ(GroundOf(One + 1), Marking);
+    Press(osk, Middle(B));
     EXPECT_NE(GroundOf(B), plain);
-    test::Release(osk, Middle(B));
+    Release(osk, Middle(B));
     EXPECT_NE(GroundOf(B), plain);
     clock.Advance(249);
     EXPECT_EQ(GroundOf(B), plain);
@@ -193,7 +186,7 @@ TEST_F(OSKTest, TheMarkedAndThePressedKeyStandOut) {
     EXPECT_EQ(GroundOf(A), plain);
 }
 
-TEST_F(OSKTest, TextAndPromptKeepToTheirLines) {
+TEST_F(OSKTest, TextAndPromptKeepToTheirLinesInColoursThatCanBeRead) {
     const QRect keys(0, Place(model.Label1(0)).top(), osk.width(), 5 * model.Label1(0).Height);
     const QImage empty = Drawn(osk).copy(keys);
     const std::string letters(3000, 'W');
@@ -204,9 +197,6 @@ TEST_F(OSKTest, TextAndPromptKeepToTheirLines) {
     EXPECT_NE(Drawn(osk).copy(Place(model.Label2())), first) << "the end of a long text is seen";
     model.SetValue("");
     EXPECT_EQ(Drawn(osk).copy(keys), empty);
-}
-
-TEST_F(OSKTest, ColoursThatCannotBeReadAreReplaced) {
     LoadColours("OSKBGClr=0\nOSKTextClr=65793\n");
     osk.UseSkin();
     model.SetValue("WWW");
@@ -218,5 +208,62 @@ TEST_F(OSKTest, ColoursThatCannotBeReadAreReplaced) {
     EXPECT_EQ(GroundOf(One), 0xFFFFFFFFu);
 }
 
-} // namespace
-} // namespace vk
+struct TextEntryTest : testing::Test, ControlsFixture {
+    TextEntryTest() {
+        panel.Place({0, 50, 800, 430});
+        panel.onSlide = [this](bool open) { slides += open ? "in " : "out "; };
+        keys[Action::vup] = "85"; // which is a letter, too
+        keys[Action::ok] = "112";
+    }
+    void Ask(const std::string& value, bool startOnOK = false) {
+        entry.Open({.caption = "Name",
+                    .value = value,
+                    .refuse = [](const std::string& text) { return text == "No" ? "Taken" : ""; },
+                    .answer = [this](const auto& text) { answer = text.value_or("left"); },
+                    .startOnOK = startOnOK});
+    }
+    bool Key(const std::string& code) { return entry.Key(InputCode(code, keys)); }
+
+    KeyMap keys;
+    KeyboardModel keyboard;
+    TextEntryPanel panel{context, keyboard, &host};
+    TextEntry entry{keyboard, panel};
+    std::string answer, slides;
+};
+
+TEST_F(TextEntryTest, ATextIsAskedForByKeysAndTheKeyboardSlidesInAndOut) {
+    EXPECT_FALSE(Key("65"));
+    Ask("");
+    EXPECT_EQ(clock.TickMs(), 60);
+    EXPECT_TRUE(panel.isVisible());
+    EXPECT_EQ(panel.geometry(), QRect(0, 50, 800, 430));
+    EXPECT_TRUE(Key("85") && Key("80"));
+    EXPECT_FALSE(Key("120")) << "the host's";
+    keyboard.MarkKey(KeyboardModel::OKKey);
+    EXPECT_TRUE(Key("112"));
+    EXPECT_EQ(answer, "Up");
+    EXPECT_EQ(slides, "in out ");
+    EXPECT_FALSE(panel.isVisible() || entry.IsOpen());
+}
+
+TEST_F(TextEntryTest, ARefusedTextStaysUntilItIsTakenOrLeft) {
+    Ask("No", true);
+    EXPECT_TRUE(Key("13"));
+    EXPECT_EQ(keyboard.Caption(), "Taken");
+    EXPECT_TRUE(Key("27"));
+    EXPECT_EQ(answer, "left");
+    Ask("Yes", true);
+    entry.Close();
+    keyboard.ClickIt();
+    EXPECT_EQ(answer, "left") << "nobody waits for it any more";
+    RemoteMap codes;
+    codes[Action::ok] = "enter";
+    Ask("Yes", true);
+    EXPECT_TRUE(entry.Key(InputCode("enter", codes)));
+    EXPECT_EQ(answer, "Yes");
+    for (const auto& [code, on] :
+         {std::pair<std::string, bool>{"85", false}, {"8", true}, {"38", true}, {"13", false}})
+        EXPECT_EQ(TextEntry::Repeats(InputCode(code, keys)), on) << code;
+}
+
+} // namespace vk::test

@@ -3,14 +3,9 @@
 
 #include <QPainter>
 
-#include <gtest/gtest.h>
+namespace vk::test {
 
-namespace vk {
-namespace {
-
-using test::Press, test::Release;
-
-struct ListBoxTest : testing::Test, test::ControlsFixture {
+struct ListBoxTest : testing::Test, ControlsFixture {
     ListBoxTest() {
         list.setGeometry(100, 40, 600, 400);
         list.SetiMaxVis("back.png", "up.png", "down.png");
@@ -61,24 +56,24 @@ TEST_F(ListBoxTest, TheSelectedRowOfAFocusedListIsRuledFoldersAndThePlayingRowHa
     Fill(5);
     list.AddItem("Albums", "", "PATH:/m");
     list.LoadList();
-    EXPECT_GT(Count(RowImage(5), test::Folder), 20);
-    EXPECT_EQ(Count(RowImage(1), test::Folder), 0);
-    EXPECT_EQ(Count(Drawn(list), test::Playing), 0);
+    EXPECT_GT(Count(RowImage(5), Folder), 20);
+    EXPECT_EQ(Count(RowImage(1), Folder), 0);
+    EXPECT_EQ(Count(Drawn(list), Playing), 0);
     model.iHighlight = 1;
-    EXPECT_GT(Count(RowImage(1), test::Playing), 20);
+    EXPECT_GT(Count(RowImage(1), Playing), 20);
     list.ShowHighlight = false;
-    EXPECT_EQ(Count(Drawn(list), test::Playing), 0);
+    EXPECT_EQ(Count(Drawn(list), Playing), 0);
     list.SelectItem(2);
-    EXPECT_GE(Count(RowImage(2), test::Marking), list.width());
-    EXPECT_EQ(Count(RowImage(4), test::Marking), 0);
-    const int ruled = Count(Drawn(list), test::Marking);
+    EXPECT_GE(Count(RowImage(2), Marking), list.width());
+    EXPECT_EQ(Count(RowImage(4), Marking), 0);
+    const int ruled = Count(Drawn(list), Marking);
     list.SelectItem(0);
-    EXPECT_EQ(Count(Drawn(list), test::Marking), ruled) << "the top row has one rule, but double";
+    EXPECT_EQ(Count(Drawn(list), Marking), ruled) << "the top row has one rule, but double";
     list.ShowFocusBar = false;
-    EXPECT_EQ(Count(Drawn(list), test::Marking), 0);
+    EXPECT_EQ(Count(Drawn(list), Marking), 0);
     list.ShowFocusBar = true;
     settings.values.ShowSelBar = false;
-    EXPECT_EQ(Count(Drawn(list), test::Marking), 0);
+    EXPECT_EQ(Count(Drawn(list), Marking), 0);
 }
 
 TEST_F(ListBoxTest, LongTextsAreCutAndBothPartsStayVisible) {
@@ -144,24 +139,17 @@ TEST_F(ListBoxTest, ATouchedRowIsSelectedShownAndThenReported) {
     list.onItemClick = [this](int) { clicked.push_back(model.iSelected); };
     clock.onEvents = [this] { model.SelectItem(1); }; // as the track changes
     Press(list, {60, 5});
-    EXPECT_EQ(clicked.size(), 5u);
     EXPECT_EQ(clicked.back(), 0) << "the touched row is the chosen one";
     clock.onEvents = [this] { list.hide(); };
     Press(list, {60, 5});
     EXPECT_EQ(clicked.size(), 5u) << "another screen came";
-}
-
-TEST_F(ListBoxTest, TheListMayGoAwayWhileATouchIsServed) {
-    ListModel other;
-    auto* doomed = new UCListBox(context, other, &host);
+    auto* doomed = new UCListBox(context, model, &host);
     doomed->resize(600, 400);
     doomed->SetiMaxVis("back.png");
-    doomed->AddItem("a", "", "FILE:a");
-    doomed->LoadList();
-    doomed->onItemClick = [this](int row) { clicked.push_back(row); };
+    doomed->onItemClick = list.onItemClick;
     clock.onEvents = [&] { delete doomed; };
     Press(*doomed, {50, 5});
-    EXPECT_TRUE(clicked.empty());
+    EXPECT_EQ(clicked.size(), 5u) << "the list itself went away";
 }
 
 TEST_F(ListBoxTest, ArrowsOrTrianglesShowInTouchScreenModeWhereRowsAreHidden) {
@@ -173,15 +161,15 @@ TEST_F(ListBoxTest, ArrowsOrTrianglesShowInTouchScreenModeWhereRowsAreHidden) {
         };
         return std::string(there(0, up) ? "up " : "") + (there(360, down) ? "down" : "");
     };
-    EXPECT_EQ(drawn(test::ArrowUp, test::ArrowDown), "");
+    EXPECT_EQ(drawn(ArrowUp, ArrowDown), "");
     settings.values.bTSModeEnabled = true;
-    EXPECT_EQ(drawn(test::ArrowUp, test::ArrowDown), "down");
+    EXPECT_EQ(drawn(ArrowUp, ArrowDown), "down");
     list.PageDown();
-    EXPECT_EQ(drawn(test::ArrowUp, test::ArrowDown), "up down");
+    EXPECT_EQ(drawn(ArrowUp, ArrowDown), "up down");
     list.SetiMaxVis("back.png", "missing.gif", "missing.gif");
-    EXPECT_EQ(drawn(test::Marking, test::Marking), "up down") << "plates stand in";
+    EXPECT_EQ(drawn(Marking, Marking), "up down") << "plates stand in";
     list.SelectItem(39);
-    EXPECT_EQ(drawn(test::Marking, test::Marking), "up ");
+    EXPECT_EQ(drawn(Marking, Marking), "up ");
 }
 
 TEST_F(ListBoxTest, AHeldStripPagesAtOnceThenAfterAWaitEveryTenthOfASecond) {
@@ -211,11 +199,10 @@ TEST_F(ListBoxTest, AScreenMayTakeTheStripsAndHidingLetsGoOnce) {
     std::vector<int> strips;
     const auto hide = [this](int stopsThen) {
         Press(list, DownStrip());
-        list.hide();
-        clock.Advance(500);
-        list.show();
-        list.hide();
-        list.show();
+        for (const bool shown : {false, true, false, true}) {
+            list.setVisible(shown);
+            clock.Advance(500);
+        }
         EXPECT_EQ(stops, stopsThen);
         EXPECT_EQ(model.iFirstVisible, 0);
     };
@@ -229,5 +216,4 @@ TEST_F(ListBoxTest, AScreenMayTakeTheStripsAndHidingLetsGoOnce) {
     hide(4);
 }
 
-} // namespace
-} // namespace vk
+} // namespace vk::test

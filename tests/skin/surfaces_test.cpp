@@ -3,16 +3,14 @@
 #include <gmock/gmock.h>
 
 namespace vk::test {
-namespace {
-
-using testing::ElementsAre;
 
 struct SurfacesTest : testing::Test {
     void Put(const std::string& owner, Layer layer) {
-        Surface surface{layer, [this, owner] {
-                            std::erase(order, owner);
-                            order.push_back(owner);
-                        }};
+        const auto raise = [this, owner] {
+            std::erase(order, owner);
+            order.push_back(owner);
+        };
+        Surface surface{layer, raise};
         if (layer == Layer::Program) surface.show = [this](bool on) { shown = on; };
         surfaces.Put(owner, surface);
     }
@@ -24,11 +22,9 @@ struct SurfacesTest : testing::Test {
 TEST_F(SurfacesTest, LayersKeepTheirOrderWhoeverComesLast) {
     Put("tools", Layer::Bar);
     Put("film", Layer::Film);
-    Put("menu", Layer::Screen);
-    Put("player", Layer::Screen);
-    EXPECT_THAT(order, ElementsAre("menu", "player", "film", "tools"));
-    Put("menu", Layer::Screen);
-    EXPECT_THAT(order, ElementsAre("player", "menu", "film", "tools"));
+    for (const char* screen : {"menu", "player", "menu"})
+        Put(screen, Layer::Screen);
+    EXPECT_THAT(order, testing::ElementsAre("player", "menu", "film", "tools"));
     EXPECT_EQ(surfaces.Owner(Layer::Screen), "menu");
     surfaces.Remove("menu");
     surfaces.Remove("nobody");
@@ -54,5 +50,4 @@ TEST_F(SurfacesTest, ProgramsStepBackForDialogsAndReturnAfterTheLast) {
     EXPECT_TRUE(shown);
 }
 
-} // namespace
 } // namespace vk::test
