@@ -1,15 +1,11 @@
 #include "core/commands.h"
-#include "tests/support/core_fixture.h"
+#include "tests/support/core_test.h"
 #include "tests/support/recording_screen.h"
-
-#include <gtest/gtest.h>
-
-#include <random>
 
 namespace vk::test {
 namespace {
 
-struct PumpTest : testing::Test, CoreFixture {};
+using PumpTest = CoreTest;
 
 TEST_F(PumpTest, AWaitEndsByItsAnswerItsTimeOrByBeingEnded) {
     int asked = 0;

@@ -1,12 +1,10 @@
 #include "core/error_report.h"
-#include "tests/support/core_fixture.h"
+#include "tests/support/core_test.h"
 
-#include <gtest/gtest.h>
-
-namespace vk {
+namespace vk::test {
 namespace {
 
-struct ReportTest : testing::Test, test::CoreFixture {};
+using ReportTest = CoreTest;
 
 TEST_F(ReportTest, LogsShowsAndEndsButASkinErrorIsOnlyLogged) {
     report.unloadAll = [] { FAIL(); };
@@ -37,12 +35,10 @@ TEST_F(ReportTest, TheLogIsOneLineAnEventAndNeverFails) {
     clock.SetNow({2026, 2, 3, 0, 4, 5, 0, 2});
     log.MakeLogFile();
     log.WriteDebugLog("two\r\nlines");
-    log.WriteSyncLog("copied");
     EXPECT_EQ(app.Read("debug.log"), "Velkorandum Version  - Logfile created on 2/3/2026\r\n"
                                      "2/3/2026 12:04:05 AM - two  lines\r\n");
-    EXPECT_TRUE(FileExists(app.File("vk_sync_02032026.log")));
     DebugLog("/no/such/folder", clock).WriteDebugLog("x");
 }
 
 } // namespace
-} // namespace vk
+} // namespace vk::test

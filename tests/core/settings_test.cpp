@@ -1,13 +1,13 @@
 #include "core/settings.h"
 #include "core/settings_files.h"
-#include "tests/support/core_fixture.h"
+#include "tests/support/core_test.h"
 
-#include <gtest/gtest.h>
-
-namespace vk {
+namespace vk::test {
 namespace {
 
-struct SettingsTest : testing::Test, test::CoreFixture {
+using testing::EndsWith, testing::StartsWith;
+
+struct SettingsTest : CoreTest {
     const Settings& Load(const std::string& contents) {
         app.Write("settings.ini", contents);
         settings.LoadSettings();
@@ -21,19 +21,17 @@ TEST_F(SettingsTest, ANewFileHasItsDefaultsAndLeadsToTheFirstRun) {
     const Settings& s = Load(text);
     EXPECT_EQ(settings.Read("main", "version"), "1.2.3");
     EXPECT_EQ(settings.Read("main", "Setup"), "");
-    EXPECT_EQ(s.MediaDir, "");
-    EXPECT_EQ(s.CDDriveLetter, "NONE");
+    EXPECT_EQ(s.MediaDir + s.CDDriveLetter, "NONE");
     EXPECT_TRUE(s.bTSModeEnabled && s.DoResume && s.numberedList && s.Use3Dmaps);
     EXPECT_EQ(s.AudioExtensions, "MP3:MP2:MP1:CDA:WAV:VOC:AU:SND:AIF:AIFF:FLAC:OGG");
     EXPECT_EQ(s.Time2, "9:00:00 PM");
     EXPECT_DOUBLE_EQ(s.maxfreq, 107.9);
-    EXPECT_TRUE(
-        text.starts_with("[main]\r\nVersion=1.2.3\r\nCurrentForm=velkorandum\r\nMediaDir=\r\n"));
-    EXPECT_TRUE(text.ends_with("[PowerOptions]\r\nShutDownMode=0\r\n\r\n"));
-    EXPECT_NE(text.find("TopNewCount=30\r\n\r\n[audio_player]\r\n"), std::string::npos);
-    EXPECT_NE(text.find("\r\nPlayListDir=\r\n"), std::string::npos);
-    EXPECT_NE(text.find("\r\ncurrenttrack=1\r\ncurrentplaylist=\r\nvolumeserial=-1\r\n"),
-              std::string::npos);
+    EXPECT_THAT(text,
+                StartsWith("[main]\r\nVersion=1.2.3\r\nCurrentForm=velkorandum\r\nMediaDir=\r\n"));
+    EXPECT_THAT(text, EndsWith("[PowerOptions]\r\nShutDownMode=0\r\n\r\n"));
+    for (const char* part : {"TopNewCount=30\r\n\r\n[audio_player]\r\n", "\r\nPlayListDir=\r\n",
+                             "\r\ncurrenttrack=1\r\ncurrentplaylist=\r\nvolumeserial=-1\r\n"})
+        EXPECT_THAT(text, testing::HasSubstr(part));
 }
 
 TEST_F(SettingsTest, SettingsAreReadAndWrittenByType) {
@@ -80,25 +78,18 @@ TEST_F(SettingsTest, TheOtherGeneratedFilesReadBack) {
               "19060000000000001F");
 }
 
-TEST_F(SettingsTest, CorrectsSingleValues) {
+TEST_F(SettingsTest, CorrectsSingleValuesReadsPointsInACommaLocaleAndDefaultsFromForeignFiles) {
     const Settings& s =
         Load("[main]\nSearchesToSave=-1\nsafevol_value=0\nCurrentSkin=.skn\nCurrentNTSkin=\n"
              "[dlink_tuner]\nminfreq=0\nmaxfreq=200\nfrequencyincr=0.05\n");
-    EXPECT_EQ(s.SearchesToSave, 5);
-    EXPECT_EQ(s.safevol_value, 36);
-    EXPECT_EQ(s.CurrentSkin, "Torque.skn");
-    EXPECT_EQ(s.CurrentNTSkin, "Torque.skn");
-    EXPECT_DOUBLE_EQ(s.minfreq, 87.7);
-    EXPECT_DOUBLE_EQ(s.maxfreq, 107.9);
-    EXPECT_DOUBLE_EQ(s.frequencyincr, 0.2);
+    EXPECT_EQ(std::tuple(s.SearchesToSave, s.safevol_value, s.minfreq, s.maxfreq, s.frequencyincr),
+              std::tuple(5, 36, 87.7, 107.9, 0.2));
+    EXPECT_EQ(s.CurrentSkin + s.CurrentNTSkin, "Torque.sknTorque.skn");
     EXPECT_EQ(Load("[main]\nCurrentDTSkin=Other.skn\nCurrentSkin=Day.skn\n").CurrentSkin,
               "Day.skn");
     EXPECT_EQ(Load("[main]\nCurrentDTSkin=Other.skn\n").CurrentSkin, "Torque.skn")
         << "the day skin is read from its own key only";
     EXPECT_EQ(settings.SkinPicture("Torque.skn", "a.gif"), app.Path() + "/skins/Torque/a.gif");
-}
-
-TEST_F(SettingsTest, ACommaLocaleReadsPointsAndForeignFilesGiveDefaults) {
     state.DecimalSymbol = ",";
     EXPECT_DOUBLE_EQ(Load("[dlink_tuner]\nfrequencyincr=0.1\n").frequencyincr, 0.1);
     for (const char* contents : {"", "\x01\xFF[main", "[main]\nListSpacing"}) {
@@ -108,4 +99,4 @@ TEST_F(SettingsTest, ACommaLocaleReadsPointsAndForeignFilesGiveDefaults) {
 }
 
 } // namespace
-} // namespace vk
+} // namespace vk::test

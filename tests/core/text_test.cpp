@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-namespace vk {
+namespace vk::test {
 namespace {
 
 TEST(TextTest, KeepsUtf8AndConvertsWindows1252) {
@@ -68,4 +68,4 @@ TEST(PathsTest, TakesPathsApart) {
 }
 
 } // namespace
-} // namespace vk
+} // namespace vk::test

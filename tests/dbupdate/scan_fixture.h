@@ -6,8 +6,7 @@
 
 namespace vk::test {
 
-class ScanFixture : public CatalogueFixture {
-  protected:
+struct ScanFixture : CatalogueFixture {
     ScanFixture() { db.InitDB(false); }
 
     void Albums(int folders, int files) const {

@@ -7,18 +7,17 @@
 namespace vk::test {
 namespace {
 
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::IsEmpty;
-using testing::SizeIs;
+using std::filesystem::rename, std::filesystem::create_directory_symlink;
+using testing::ElementsAre, testing::HasSubstr, testing::IsEmpty, testing::SizeIs;
 
-class ScanTest : public ScanFixture {
-  protected:
-    void Scan() { Scan(Request()); }
-    void Scan(const ScanRequest& request) {
-        Forget();
+struct ScanTest : ScanFixture {
+    void Scan() {
+        states.clear();
+        errors.clear();
+        texts.clear();
+        unhooked = 0;
         stop = false;
-        RunScan(request, {log, [this](const ServerEvent& event) { TakeAndDo(event); }, stop});
+        RunScan(Request(), {log, [this](const ServerEvent& event) { TakeAndDo(event); }, stop});
     }
     template<class Matcher> void ScanFinds(const Matcher& rows, const char* when = "") {
         Scan();
@@ -42,9 +41,8 @@ class ScanTest : public ScanFixture {
 TEST_F(ScanTest, CataloguesTheMediaFolder) {
     Tagged("Rock/b.mp3", "B");
     Tagged("Rock/Live/a.MP3", "A");
-    media.Write("film.avi", "x");
-    media.Write("list.m3u", "x");
-    media.Write("cover.jpg", "x");
+    for (const char* name : {"film.avi", "list.m3u", "cover.jpg"})
+        media.Write(name, "x");
     ScanFinds(ElementsAre("/film.avi", "/list.m3u", "/Rock/b.mp3", "/Rock/Live/a.MP3"));
     EXPECT_THAT(Titles(), ElementsAre("film", "list", "B", "A"));
     EXPECT_THAT(states, ElementsAre(3, 1, 4));
@@ -56,9 +54,8 @@ TEST_F(ScanTest, CataloguesTheMediaFolder) {
 }
 
 TEST_F(ScanTest, ComparesDatesAndNothingElse) {
-    Tagged("same.mp3", "Old");
-    Tagged("newer.mp3", "Old");
-    Tagged("gone.mp3", "Old");
+    for (const char* name : {"same.mp3", "newer.mp3", "gone.mp3"})
+        Tagged(name, "Old");
     Scan();
     app.Write(WorkingCatalogueName, "of a killed scan");
     Scan();
@@ -86,24 +83,23 @@ TEST_F(ScanTest, AFolderThatDoesNotAnswerKeepsItsRows) {
         EXPECT_EQ(unhooked, 0);
         std::filesystem::remove_all(media.Path());
     };
-    std::filesystem::rename(media.Path(), away);
+    rename(media.Path(), away);
     expectKept("cannot be read: No such file or directory");
     std::filesystem::create_directory(media.Path());
     std::filesystem::create_symlink("nowhere", media.File("lost+found"));
     expectKept("holds no media files");
     AppendToFile(media.Path(), "no folder");
     expectKept("cannot be read: Not a directory");
-    std::filesystem::rename(away, media.Path());
-    At(ScanStep::Counting, [&] { std::filesystem::rename(media.Path(), away); });
+    rename(away, media.Path());
+    At(ScanStep::Counting, [&] { rename(media.Path(), away); });
     expectKept("No such file");
-    std::filesystem::rename(away, media.Path());
+    rename(away, media.Path());
     DeleteFileAt(media.File("0/1.mp3"));
     ScanFinds(SizeIs(2));
 }
 
 TEST_F(ScanTest, AFailureWithoutRowsDisablesTheCatalogue) {
-    std::filesystem::create_directories(
-        app.File(std::string(WorkingCatalogueName) + "/in the way"));
+    app.MakeFolder(std::string(WorkingCatalogueName) + "/in the way");
     Albums(1, 1);
     ScanFinds(IsEmpty());
     EXPECT_THAT(errors, SizeIs(1));
@@ -125,20 +121,19 @@ TEST_F(ScanTest, ALinkToNowhereKeepsTheRowsBehindIt) {
     Tagged("gone.mp3", "Gone");
     Tagged("own.mp3", "Own");
     ScanFinds(SizeIs(4));
-    std::filesystem::rename(drive.Path(), drive.Path() + ".off");
+    rename(drive.Path(), drive.Path() + ".off");
     DeleteFileAt(media.File("gone.mp3"));
     ScanFinds(ElementsAre("/drive/Album/a.mp3", "/one.mp3", "/own.mp3"));
-    std::filesystem::rename(drive.Path() + ".off", drive.Path());
+    rename(drive.Path() + ".off", drive.Path());
 }
 
 /// A folder on another volume than the one for temporary files.
 struct OtherVolume {
     OtherVolume() {
-        const auto volume = [](const std::string& at) {
-            return FolderReader(at).Identity().volume;
-        };
+        const auto volume = [](const char* at) { return FolderReader(at).Identity().volume; };
         for (const char* place : {"/dev/shm", "/tmp", "/var/tmp"})
-            if (volume(place) != volume(std::filesystem::temp_directory_path())) path = place;
+            if (volume(place) != volume(std::filesystem::temp_directory_path().c_str()))
+                path = place;
         path += "/vk-XXXXXX";
         EXPECT_TRUE(::mkdtemp(path.data()));
     }
@@ -149,7 +144,7 @@ struct OtherVolume {
 TEST_F(ScanTest, AnUnpluggedDriveKeepsItsRows) {
     const OtherVolume stick;
     const std::string place = media.File("st'ick");
-    const auto plug = [&] { std::filesystem::create_directory_symlink(stick.path, place); };
+    const auto plug = [&] { create_directory_symlink(stick.path, place); };
     const auto unplug = [&] { std::filesystem::remove(place); };
     const auto write = [&](const std::string& name) { AppendToFile(stick.path + name, "x"); };
     write("/a.mp3");
@@ -190,9 +185,9 @@ TEST_F(ScanTest, AnUnpluggedDriveKeepsItsRows) {
 
 TEST_F(ScanTest, LinksInACircleEnd) {
     Tagged("a/b/x.mp3", "X");
-    std::filesystem::create_directory_symlink(media.Path(), media.File("a/b/up"));
-    std::filesystem::create_directory_symlink("self", media.File("self"));
-    std::filesystem::create_directory_symlink(media.File("a"), media.File("0 before a"));
+    create_directory_symlink(media.Path(), media.File("a/b/up"));
+    create_directory_symlink("self", media.File("self"));
+    create_directory_symlink(media.File("a"), media.File("0 before a"));
     ::mkfifo(media.File("pipe.mp3").c_str(), 0600);
     ScanFinds(ElementsAre("/a/b/x.mp3"), "under its own name, not the link's");
 }

@@ -1,7 +1,7 @@
 #include "tests/home/menu_fixture.h"
 #include "tests/support/action_table.h"
 
-namespace vk {
+namespace vk::test {
 namespace {
 
 struct ToldView : MenuView {
@@ -17,21 +17,24 @@ struct ToldView : MenuView {
     bool frame = false;
 };
 
-struct MainMenuTest : testing::Test, test::MenuFixture {
+constexpr const char* NoGPS = "You have no GPS module configured";
+
+struct MainMenuTest : testing::Test, MenuFixture {
     MainMenuTest() {
         SetUpApp();
         settings.LoadSettings();
         state.ScreenWidth = 800;
         state.ScreenHeight = 480;
         state.CurrentSkinFile = "Torque.skn";
-        app.Write(
-            "skins/Torque.skn",
-            "[Colors]\n[DMFS]\nitemindex=2\n[IconNames]\nNames=a b c\n[a]\nfunction=1\nof_right=2\n"
-            "[b]\nfunction=2\nof_left=1\nof_below=3\n[c]\nof_above=2\n");
-        skin.LoadSkin();
+        LoadIcons("[DMFS]\nitemindex=2\n[IconNames]\nNames=a b c\n[a]\nfunction=1\nof_right=2\n"
+                  "[b]\nfunction=2\nof_left=1\nof_below=3\n[c]\nof_above=2\n");
         MakeScreen("playlists");
         MakeScreen("playmp3");
         told.clear();
+    }
+    void LoadIcons(const std::string& sections) {
+        app.Write("skins/Torque.skn", "[Colors]\n" + sections);
+        skin.LoadSkin();
     }
     // The screen that the selected icon leads to when it has this function, "" for none.
     std::string Start(int function) {
@@ -45,6 +48,7 @@ struct MainMenuTest : testing::Test, test::MenuFixture {
 };
 
 TEST_F(MainMenuTest, CutsALoudLevelOnceARunAndEndsAForeignMute) {
+    FakeMixer& mixer = sound.mixer;
     std::int32_t& master = mixer.Level(MixerLine::Master);
     settings.values.safevolume = true;
     settings.values.safevol_value = 36;
@@ -57,7 +61,7 @@ TEST_F(MainMenuTest, CutsALoudLevelOnceARunAndEndsAForeignMute) {
         EXPECT_EQ(master, expected);
     }
     for (const bool users : {false, true}) {
-        if (users) loudness.domute();
+        if (users) sound.loudness.domute();
         clock.Advance(1000);
         mixer.Mute(MixerLine::Master) = !users;
         menu.ReShow();
@@ -65,7 +69,7 @@ TEST_F(MainMenuTest, CutsALoudLevelOnceARunAndEndsAForeignMute) {
     }
 }
 
-TEST_F(MainMenuTest, TheGraphOfTheSkinLeadsTheCursor) {
+TEST_F(MainMenuTest, TheGraphOfTheSkinLeadsTheCursorAndAStoredOneBeyondItSelectsNothing) {
     menu.ReShow();
     EXPECT_EQ(menu.CurrentSelection, 2) << "the skin's own when none is stored";
     menu.MoveLeft();
@@ -82,12 +86,9 @@ TEST_F(MainMenuTest, TheGraphOfTheSkinLeadsTheCursor) {
     menu.switchingform();
     EXPECT_EQ(settings.Read("main", "CurrentSelectID"), "3");
     EXPECT_FALSE(menu.Form_KeyDown("999"));
-}
-
-TEST_F(MainMenuTest, AStoredSelectionBeyondTheIconsSelectsNothing) {
     settings.Write("main", "CurrentSelectID", "9");
     menu.ReShow();
-    EXPECT_EQ(menu.CurrentSelection, 9);
+    EXPECT_EQ(menu.CurrentSelection, 9) << "beyond the icons, thus nothing";
     told.clear();
     menu.runok();
     EXPECT_TRUE(told.empty());
@@ -101,12 +102,11 @@ TEST_F(MainMenuTest, TheBrowserOpensAtTheMediaFolderAndWhatIsNotConfiguredSaysSo
     EXPECT_EQ(browser.ListMode, ListFromMenu);
     settings.values.PlaylistDir = "none";
     EXPECT_EQ(Start(2), "");
-    const std::pair<int, const char*> cases[] = {
-        {4, "You must first configure external app support."},
-        {5, "You must first configure your radio."},
-        {6, "You have no GPS module configured"},
-        {42, "You have no GPS module configured"}};
-    for (const auto& [function, message] : cases) {
+    for (const auto& [function, message] :
+         {std::pair(4, "You must first configure external app support."),
+          {5, "You must first configure your radio."},
+          {6, NoGPS},
+          {42, NoGPS}}) {
         EXPECT_EQ(Start(function), "") << function;
         EXPECT_EQ(view.clockBar, message);
     }
@@ -125,9 +125,8 @@ TEST_F(MainMenuTest, AudioResumesWhatWasSavedOrOpensTheBrowser) {
     EXPECT_EQ(Start(1), "playlists.ReShow") << "an empty list";
     app.Write("vk_audio.m3u", "/cd/a.mp3\n");
     EXPECT_EQ(Start(1), "playmp3.ReShow");
-    EXPECT_EQ(audio.PlayMode, PlayAudio);
-    EXPECT_EQ(audio.TrackToSelect, 5);
-    EXPECT_EQ(audio.ResumePosition, 61);
+    EXPECT_EQ(std::tie(audio.PlayMode, audio.TrackToSelect, audio.ResumePosition),
+              std::tuple(PlayAudio, 5, 61));
     EXPECT_TRUE(audio.bStartPlaying && audio.bResuming);
     EXPECT_EQ(audio.ListFile, app.File("vk_audio.m3u"));
     set("currenttrack", "0");
@@ -138,10 +137,10 @@ TEST_F(MainMenuTest, AudioResumesWhatWasSavedOrOpensTheBrowser) {
     settings.values.CDDriveLetter = "/cd";
     volumes.drives = {{"/cd", DriveType::CdRom}};
     volumes.ready = {"/cd"};
-    volumes.serials["/cd"] = 78;
-    EXPECT_EQ(Start(1), "playlists.ReShow") << "another disc";
-    volumes.serials["/cd"] = 77;
-    EXPECT_EQ(Start(1), "playmp3.ReShow");
+    for (const int disc : {78, 77}) {
+        volumes.serials["/cd"] = disc;
+        EXPECT_EQ(Start(1), disc == 77 ? "playmp3.ReShow" : "playlists.ReShow") << disc;
+    }
 }
 
 TEST_F(MainMenuTest, ComingBackSilencesThePlayerAndUnloadsTheSettings) {
@@ -172,15 +171,14 @@ TEST_F(MainMenuTest, QuittingWaitsForABusyCatalogueTwiceAndForTheMode) {
     EXPECT_TRUE(menu.Form_KeyDown("%115"));
     EXPECT_EQ(exits, 1);
     EXPECT_EQ(settings.Read("main", "CurrentSelectID"), "0");
-    settings.values.ShutDownMode = 3;
-    Start(7);
-    EXPECT_EQ(exits, 1);
-    settings.values.ShutDownMode = 0;
-    Start(7);
-    EXPECT_EQ(exits, 2);
+    for (const int mode : {3, 0}) {
+        settings.values.ShutDownMode = mode;
+        Start(7);
+        EXPECT_EQ(exits, mode == 0 ? 2 : 1);
+    }
 }
 
-TEST_F(MainMenuTest, TheClockFollowsTheDay) {
+TEST_F(MainMenuTest, TheClockFollowsTheDayAndABrokenSkinIsTriedOnce) {
     app.Write("skins/Night.skn", "[Colors]\nLineClr=9\n");
     settings.values.CurrentNTSkin = "Night.skn";
     settings.values.Time1 = "8:00:00 AM";
@@ -194,15 +192,11 @@ TEST_F(MainMenuTest, TheClockFollowsTheDay) {
     EXPECT_EQ(state.CurrentSkinFile, "Night.skn");
     EXPECT_EQ(skin.data().LineClr.value, 9);
     EXPECT_TRUE(Told("playmp3.DoLayout"));
-}
-
-TEST_F(MainMenuTest, ABrokenSkinIsTriedOnce) {
     settings.values.CurrentNTSkin = "Broken.skn"; // there is none
-    settings.values.Time1 = settings.values.Time2 = "8:00:00 AM";
     for (int second = 0; second < 3; ++second)
         daylight.Check();
     EXPECT_EQ(state.CurrentSkinFile, "Torque.skn");
-    EXPECT_EQ(dialogs.shown.size(), 1u);
+    EXPECT_EQ(dialogs.shown.size(), 1u) << "tried once";
 }
 
 TEST_F(MainMenuTest, TheFirstAppearanceWaitsForTheCatalogue) {
@@ -216,14 +210,14 @@ TEST_F(MainMenuTest, TheFirstAppearanceWaitsForTheCatalogue) {
         EXPECT_NE(std::exchange(before, view.banner), view.banner) << "the blank moves";
     }
     EXPECT_FALSE(state.WinampWatched || commands.ListBusy());
-    state.DBState = DBStateValue::OnLine;
-    clock.Advance(20);
-    EXPECT_EQ(view.banner, "");
-    EXPECT_TRUE(state.WinampWatched);
-    for (const auto value : {DBStateValue::Rebuilding, DBStateValue::CheckPoint}) {
+    for (const auto& [value, waitMs, banner] :
+         {std::tuple(DBStateValue::OnLine, 20, ""),
+          {DBStateValue::Rebuilding, 1000, "Refreshing Database"},
+          {DBStateValue::CheckPoint, 1000, ""}}) {
         state.DBState = value;
-        clock.Advance(1000);
-        EXPECT_EQ(view.banner, value == DBStateValue::Rebuilding ? "Refreshing Database" : "");
+        clock.Advance(waitMs);
+        EXPECT_EQ(view.banner, banner);
+        EXPECT_TRUE(state.WinampWatched);
     }
 }
 
@@ -240,9 +234,8 @@ TEST_F(MainMenuTest, TheWaitForTheCatalogueEndsWithTheMenuAndStartsNothing) {
 }
 
 TEST_F(MainMenuTest, EveryActionReachesItsOperationAndNoOther) {
-    app.Write("skins/Torque.skn", "[IconNames]\nNames=a b c d e\n[a]\nfunction=6\nof_above=2\n"
-                                  "of_below=3\nof_left=4\nof_right=5\n[b]\n[c]\n[d]\n[e]\n");
-    skin.LoadSkin();
+    LoadIcons("[IconNames]\nNames=a b c d e\n[a]\nfunction=6\nof_above=2\nof_below=3\nof_left=4\n"
+              "of_right=5\n[b]\n[c]\n[d]\n[e]\n");
     menu.LoadSelections();
     const auto effect = [&] {
         std::string text = std::exchange(view.clockBar, "");
@@ -257,17 +250,11 @@ TEST_F(MainMenuTest, EveryActionReachesItsOperationAndNoOther) {
     };
     settings.values.hidemouse = true;
     effect();
-    test::ExpectTable(menu, keys,
-                      {{Action::gps, "You have no GPS module configured"},
-                       {Action::ok, "You have no GPS module configured"},
-                       {Action::up, "icon 2"},
-                       {Action::down, "icon 3"},
-                       {Action::back, "icon 4"},
-                       {Action::forward, "icon 5"},
-                       {Action::SWMP, "settings"},
-                       {Action::quit, "pointer"},
-                       {Action::power, "exit"}},
-                      effect);
+    const std::map<Action, std::string> table = {
+        {Action::gps, NoGPS},       {Action::ok, NoGPS},       {Action::up, "icon 2"},
+        {Action::down, "icon 3"},   {Action::back, "icon 4"},  {Action::forward, "icon 5"},
+        {Action::SWMP, "settings"}, {Action::quit, "pointer"}, {Action::power, "exit"}};
+    ExpectTable(menu, keys, table, effect);
     EXPECT_FALSE(settings.values.hidemouse);
     EXPECT_EQ(settings.Read("main", "hidemouse"), "false");
 }
@@ -284,4 +271,4 @@ TEST_F(MainMenuTest, TheCleanMenuHasHiddenZones) {
 }
 
 } // namespace
-} // namespace vk
+} // namespace vk::test

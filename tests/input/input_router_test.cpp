@@ -3,18 +3,14 @@
 #include "input/input_router.h"
 #include "input/key_map.h"
 #include "input/remote_map.h"
-#include "tests/support/core_fixture.h"
+#include "tests/support/core_test.h"
 #include "tests/support/mouse.h"
 #include "tests/support/recording_screen.h"
-
-#include <gmock/gmock.h>
-
-#include <cctype>
 
 namespace vk::test {
 namespace {
 
-using Calls = std::vector<std::string>;
+using Calls = Texts;
 
 /// Knows no keys, and no key goes on here.
 struct LearningScreen : RecordingScreen {
@@ -22,12 +18,11 @@ struct LearningScreen : RecordingScreen {
     bool Repeats(const InputCode&) const { return false; }
 };
 
-struct InputRouterTest : testing::Test, CoreFixture {
+struct InputRouterTest : CoreTest {
     InputRouterTest() {
         screens.Add("playlists", browser);
         screens.Add("velkorandum", menu);
-        screens.CurrentForm = "playlists";
-        Settle();
+        Show("playlists");
         keys[Action::quit] = "81";
         remoteKeys[Action::power] = "off";
         remoteKeys[Action::ok] = "enter";
@@ -47,6 +42,10 @@ struct InputRouterTest : testing::Test, CoreFixture {
         return std::exchange(browser.calls, {});
     }
     void Settle() { clock.Advance(1000); }
+    void Show(const char* form) {
+        screens.CurrentForm = form;
+        Settle();
+    }
     KeyMap keys;
     RemoteMap remoteKeys;
     RecordingScreen browser, menu;
@@ -141,17 +140,14 @@ TEST_F(InputRouterTest, AHeldKeyRepeatsWhatMovesAndOnlyOnItsOwnScreen) {
         Sent({"38", "38~", "13", "13~", "33", "33~", "81", "81~", "65", "65~", "%38", "%38~"}),
         (Calls{"key 38", "key 38", "key 13", "key 33", "key 33", "key 81", "key 65", "key %38"}));
     Sent({"40"});
-    screens.CurrentForm = "velkorandum";
-    Settle();
+    Show("velkorandum");
     Sent({"40~"});
     EXPECT_EQ(menu.calls, Calls{});
     screens.Add("settingsKeyboard", learning);
-    screens.CurrentForm = "settingsKeyboard";
-    Settle();
+    Show("settingsKeyboard");
     EXPECT_FALSE(router.Key("40"));
     EXPECT_TRUE(router.Key("40", true)) << "it was not asked for";
-    screens.CurrentForm = "playlists";
-    Settle();
+    Show("playlists");
     Sent({"38"});
     ++dialogs; // in which the key was pressed anew
     EXPECT_EQ(Sent({"38~"}), Calls{});
@@ -160,11 +156,9 @@ TEST_F(InputRouterTest, AHeldKeyRepeatsWhatMovesAndOnlyOnItsOwnScreen) {
 TEST_F(InputRouterTest, AHeldButtonOfTheRemoteStopsAtTheNextScreenOrDialog) {
     EXPECT_EQ(Sent({"enter", "enter~"}), (Calls{"DoAction", "DoAction"}));
     screens.Add("playmp3", browser);
-    const std::function<void()> changes[] = {[this] { ++dialogs; },
-                                             [this] { screens.CurrentForm = "playmp3"; }};
-    for (const auto& change : changes) {
-        change();
-        Settle();
+    for (const bool dialog : {true, false}) {
+        if (dialog) ++dialogs;
+        Show(dialog ? "playlists" : "playmp3");
         EXPECT_EQ(Sent({"enter~"}), Calls{});
         EXPECT_EQ(Sent({"enter"}), Calls{"DoAction"}) << "pressed anew";
     }
@@ -173,43 +167,39 @@ TEST_F(InputRouterTest, AHeldButtonOfTheRemoteStopsAtTheNextScreenOrDialog) {
 
 TEST_F(InputRouterTest, TheSecondTapOfADoubleTapDoesNotReachTheNextScreen) {
     struct Tile : QWidget {
-        int presses = 0, releases = 0;
-        void mousePressEvent(QMouseEvent*) override { ++presses; }
-        void mouseReleaseEvent(QMouseEvent*) override { ++releases; }
+        int events = 0;
+        void mousePressEvent(QMouseEvent*) override { ++events; }
+        void mouseReleaseEvent(QMouseEvent*) override { ++events; }
     } tile;
     TouchFilter filter(newScreen);
     QCoreApplication::instance()->installEventFilter(&filter);
     Click(tile, {1, 1});
     Mouse(tile, QEvent::MouseButtonDblClick, {1, 1});
     Release(tile, {1, 1});
-    EXPECT_EQ(tile.presses + tile.releases, 4) << "two quick taps on one button";
+    EXPECT_EQ(tile.events, 4) << "two quick taps on one button";
     screens.CurrentForm = "velkorandum";
     Click(tile, {1, 1});
     clock.Advance(NewScreen::DeafMs);
     Mouse(tile, QEvent::MouseButtonDblClick, {1, 1});
     clock.Advance(1);
     Release(tile, {1, 1});
-    EXPECT_EQ(tile.presses + tile.releases, 4);
+    EXPECT_EQ(tile.events, 4);
     Click(tile, {1, 1});
-    EXPECT_EQ(tile.presses + tile.releases, 6);
+    EXPECT_EQ(tile.events, 6);
 }
 
 TEST_F(InputRouterTest, DialogsComeFirstAndThenPower) {
     keys[Action::power] = "80";
-    const struct {
-        const char* form;
-        int byRemote; ///< which may be learning its code
-    } cases[] = {{"menu", 1}, {"settings", 0}, {"settingsRemote", 0}, {"settingsKeyboard", 1}};
-    for (const auto& c : cases) {
-        screens.Add(c.form, learning);
-        screens.CurrentForm = c.form;
-        Settle();
+    for (const auto& [form, byRemote] : // which may be learning its code
+         {std::pair("menu", 1), {"settings", 0}, {"settingsRemote", 0}, {"settingsKeyboard", 1}}) {
+        screens.Add(form, learning);
+        Show(form);
         powered = 0;
         Sent({"off"});
-        EXPECT_EQ(powered, c.byRemote) << c.form;
-        EXPECT_EQ(std::exchange(learning.calls, {}).empty(), c.byRemote) << c.form;
+        EXPECT_EQ(powered, byRemote) << form;
+        EXPECT_EQ(std::exchange(learning.calls, {}).empty(), byRemote) << form;
         Sent({"80"});
-        EXPECT_EQ(powered, c.byRemote + 1) << c.form;
+        EXPECT_EQ(powered, byRemote + 1) << form;
     }
     dialogOpen = true;
     Sent({"off"});

@@ -3,25 +3,18 @@
 
 #include "input/remote/remote.h"
 #include "platform/serial_owners.h"
-#include "tests/support/core_fixture.h"
+#include "tests/support/core_test.h"
 #include "tests/support/fake_serial_port.h"
 #include "tests/support/machine_fakes.h"
 
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
-
 namespace vk::test {
 
-class FakeX10 : public X10Remote {};
-
-struct RemoteFixture : testing::Test, CoreFixture {
+struct RemoteFixture : CoreTest {
     RemoteFixture() {
-        settings.values.remoteStatus = true;
-        settings.values.speed = 171;
-        settings.values.delay = 700;
-        settings.values.UseDelay = true;
+        Settings& s = settings.values;
+        s.remoteStatus = s.UseDelay = true;
+        s.speed = 171;
+        s.delay = 700;
         remote.IRCommand = [this](const std::string& code, bool repeat) {
             commands.push_back(code);
             repeats += repeat;
@@ -45,12 +38,11 @@ struct RemoteFixture : testing::Test, CoreFixture {
         port->Receive(bytes);
         clock.Advance(silenceMs);
     }
-    int LinesLogged(const std::string& text) const {
-        const std::string lines = app.Read("debug.log");
-        int count = 0;
-        for (auto at = lines.find(text); at != std::string::npos; at = lines.find(text, at + 1))
-            ++count;
-        return count;
+    std::unique_ptr<SerialPort> MakePort() {
+        auto made = std::make_unique<FakeSerialPort>();
+        made->present = portPresent;
+        port = made.get();
+        return made;
     }
 
     using Commands = std::vector<std::string>;
@@ -59,30 +51,15 @@ struct RemoteFixture : testing::Test, CoreFixture {
     std::function<void()> onCommand;
     FakeUiThread ui;
     FakeSerialPort* port = nullptr; ///< of the receiver that was opened last
-    FakeX10* x10 = nullptr;
     bool portPresent = true;
     SerialOwners owners; ///< of real ports
-    RemoteDevices devices{.serial =
-                              [this] {
-                                  auto made = std::make_unique<FakeSerialPort>();
-                                  made->present = portPresent;
-                                  port = made.get();
-                                  return made;
-                              },
-                          .stream = {},
-                          .x10 =
-                              [this] {
-                                  auto made = std::make_unique<FakeX10>();
-                                  x10 = made.get();
-                                  return made;
-                              },
-                          .uuirt = {}}; ///< may be changed until the receiver is opened
-    Remote remote{{.base = base,
-                   .ui = ui,
-                   .devices = {.serial = [this] { return devices.serial(); },
-                               .stream = [this] { return devices.stream(); },
-                               .x10 = [this] { return devices.x10(); },
-                               .uuirt = [this](auto& reason) { return devices.uuirt(reason); }}}};
+    /// May be changed until the receiver is opened.
+    RemoteDevices devices{[this] { return MakePort(); }, {}, {}, {}};
+    Remote remote{{base,
+                   ui,
+                   {[this] { return devices.serial(); }, [this] { return devices.stream(); },
+                    [this] { return devices.x10(); },
+                    [this](auto& reason) { return devices.uuirt(reason); }}}};
 };
 
 } // namespace vk::test

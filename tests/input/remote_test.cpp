@@ -1,8 +1,9 @@
 // From the bytes on the line to the command, by settings, filter and busy flag.
 #include "input/remote/reconnector.h"
+#include "input/remote/repeat_filter.h"
 #include "tests/input/remote_fixture.h"
 
-#include <stdexcept>
+#include <cmath>
 
 namespace vk::test {
 namespace {
@@ -10,17 +11,16 @@ namespace {
 using RemoteTest = RemoteFixture;
 
 TEST_F(RemoteTest, TheTypeAndThePortChooseWhatIsOpened) {
-    const struct {
-        const char *type, *comport, *opened;
-    } cases[] = {{"CREATIVE", "2", "/dev/ttyS1 2400,n,8,1"},
-                 {"creative", "16", "/dev/ttyS15 2400,n,8,1"},
-                 {"IRMAN", "1", "/dev/ttyS0 9600,n,8,1"},
-                 {"Some other", "/dev/serial/by-id/x", "/dev/serial/by-id/x 9600,n,8,1"},
-                 {"", "0", " 9600,n,8,1"}};
-    for (const auto& c : cases) {
-        settings.Write("remote", "comport", c.comport);
-        Init(c.type);
-        EXPECT_EQ(port->opened, Commands{c.opened}) << c.type;
+    const char* cases[][3] = {
+        {"CREATIVE", "2", "/dev/ttyS1 2400,n,8,1"},
+        {"creative", "16", "/dev/ttyS15 2400,n,8,1"},
+        {"IRMAN", "1", "/dev/ttyS0 9600,n,8,1"},
+        {"Some other", "/dev/serial/by-id/x", "/dev/serial/by-id/x 9600,n,8,1"},
+        {"", "0", " 9600,n,8,1"}};
+    for (const auto& [type, comport, opened] : cases) {
+        settings.Write("remote", "comport", comport);
+        Init(type);
+        EXPECT_EQ(port->opened, Commands{opened}) << type;
     }
     settings.values.remoteStatus = false;
     port = nullptr;
@@ -30,13 +30,9 @@ TEST_F(RemoteTest, TheTypeAndThePortChooseWhatIsOpened) {
 
 TEST_F(RemoteTest, AnIrmanIsWokenAndItsAnswerIsNoCode) {
     ASSERT_TRUE(Init("IRMAN"));
-    const struct {
-        int advanceMs;
-        const char* sent;
-    } steps[] = {{99, ""}, {1, "I"}, {199, "I"}, {1, "IR"}};
-    for (const auto& step : steps) {
-        clock.Advance(step.advanceMs);
-        EXPECT_EQ(port->sent, step.sent);
+    for (const auto& [ms, sent] : {std::pair(99, ""), {1, "I"}, {199, "I"}, {1, "IR"}}) {
+        clock.Advance(ms);
+        EXPECT_EQ(port->sent, sent);
     }
     port->Receive("OK");
     clock.Advance(110);
@@ -46,7 +42,7 @@ TEST_F(RemoteTest, AnIrmanIsWokenAndItsAnswerIsNoCode) {
     EXPECT_EQ(commands, Commands{"12340255"});
 }
 
-TEST_F(RemoteTest, ABurstInPiecesIsOneCodeAndNoiseIsNone) {
+TEST_F(RemoteTest, ABurstInPiecesIsOneCodeAndNoiseOrOneCutOffByACommandsEndIsNone) {
     OpenCreative();
     port->Receive("\x0C");
     clock.Advance(6);
@@ -59,10 +55,7 @@ TEST_F(RemoteTest, ABurstInPiecesIsOneCodeAndNoiseIsNone) {
     EXPECT_EQ(commands.size(), 1u);
     Burst("\x02");
     EXPECT_EQ(commands.back(), "2") << "the line is usable right after noise";
-}
-
-TEST_F(RemoteTest, ACodeWithinACommandIsToldAndOneCutOffByItsEndIsDropped) {
-    OpenCreative();
+    commands.clear();
     onCommand = [this] {
         onCommand = {};
         clock.Advance(1000);
@@ -141,6 +134,12 @@ TEST_F(RemoteTest, AReceiverThatComesAndGoesCostsOneLineEach) {
 
 TEST_F(RemoteTest, ACommandMayFailOrChangeTheReceiver) {
     OpenCreative();
+    X10Remote* x10 = nullptr;
+    devices.x10 = [&] {
+        auto made = std::make_unique<X10Remote>();
+        x10 = made.get();
+        return made;
+    };
     onCommand = [] { throw std::runtime_error("no such row"); };
     Burst("\x01");
     EXPECT_TRUE(Logged("An error occured in astart.IRCommand no such row"));
@@ -161,6 +160,57 @@ TEST_F(RemoteTest, TheLearntIntervalIsWrittenInMilliseconds) {
          {std::pair(0.0F, "0"), {-1.0F, "0"}, {0.1714F, "171"}, {12.3456F, "1234"}}) {
         remote.learnInterval = seconds;
         EXPECT_EQ(remote.LearnText(), text);
+    }
+}
+
+/// The code comes every eighth of a second, a time that single precision holds exactly.
+struct Hold {
+    const char* code;
+    double from, to; ///< seconds of the day
+};
+
+/// What becomes of each code: dropped, a press or a repeat.
+std::string Marks(RepeatFilter& filter, const RepeatBounds& bounds,
+                  const std::vector<Hold>& holds) {
+    std::string marks;
+    for (const Hold& hold : holds)
+        for (double at = hold.from; at <= hold.to; at += 0.125)
+            marks += ".PR"[int(filter.Accept(hold.code, std::fmod(at, 86400), bounds))];
+    return marks;
+}
+
+constexpr RepeatBounds Bounds{0.25F, 1.25F}; // repeating begins from 1.25 to 1.75 s
+
+TEST(RepeatFilterTest, LetsThroughWhatTheBoundsSay) {
+    const struct {
+        const char* what;
+        RepeatBounds bounds;
+        std::vector<Hold> holds;
+        const char* marks;
+    } cases[] = {
+        {"after the delay at the pace", Bounds, {{"a", 10, 11.75}}, "P.........R.R.R"},
+        {"taps", Bounds, {{"a", 10, 10}, {"a", 10.5, 10.625}, {"a", 11, 11}}, "PP.P"},
+        {"nor taps faster", {0.5F, 0}, {{"a", 10, 10}, {"a", 10.375, 10.5}}, "P.R"},
+        {"a pause ends it", Bounds, {{"a", 10, 11.25}, {"a", 11.75, 12}}, "P.........RP.."},
+        {"another code at once", Bounds, {{"a", 10, 10}, {"b", 10, 10}, {"a", 10, 10.25}}, "PPP.."},
+        {"midnight", Bounds, {{"a", 86399.875, 86401.125}}, "P.........R"},
+        {"a clock set back", Bounds, {{"a", 50000, 50000}, {"a", 46400, 46400.125}}, "PP."},
+        {"midnight after start", Bounds, {{"", 0, 0.125}}, "P."},
+        {"no delay", {0.25F, 0}, {{"a", 10, 11.875}}, "P.R.R.R.R.R.R.R."},
+        {"no bounds", {0, 0}, {{"a", 10, 10.125}, {"a", 10.625, 10.625}}, "PRP"},
+    };
+    for (const auto& c : cases) {
+        RepeatFilter filter;
+        EXPECT_EQ(Marks(filter, c.bounds, c.holds), c.marks) << c.what;
+    }
+}
+
+TEST(RepeatFilterTest, AfterALongCommandTheRepeatingBeginsInsideTheBandOnly) {
+    for (const auto& [end, marks] : {std::pair(11.5, "R.R"), {12.0, "R.."}}) {
+        RepeatFilter filter;
+        Marks(filter, Bounds, {{"a", 10, 10.125}});
+        filter.Resume(end);
+        EXPECT_EQ(Marks(filter, Bounds, {{"a", end + 0.125, end + 0.375}}), marks);
     }
 }
 

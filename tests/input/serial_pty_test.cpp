@@ -4,8 +4,6 @@
 #include "tests/sim/pty_receiver.h"
 #include "tests/support/events.h"
 
-#include <QCoreApplication>
-
 namespace vk::test {
 namespace {
 
@@ -24,15 +22,6 @@ struct SerialPtyTest : RemoteFixture {
         ASSERT_TRUE(device.Send(bytes));
         ASSERT_TRUE(Eventually([&] { return reads > before; }));
     }
-    bool InitOnPty(const std::string& type) {
-        const bool opened = Init(type);
-        real->OnComm = [this, receiver = real->OnComm](int commEvent) {
-            receiver(commEvent);
-            ++reads;
-        };
-        return opened;
-    }
-
     std::string path = app.File("receiver");
     PtyReceiver device{path};
     QtSerialPort* real = nullptr;
@@ -40,10 +29,12 @@ struct SerialPtyTest : RemoteFixture {
 };
 
 TEST_F(SerialPtyTest, AnIrmanWakesUpGivesCodesAndComesBackAfterItWasPulled) {
-    ASSERT_TRUE(InitOnPty("IRMAN"));
-    clock.Advance(100);
-    EXPECT_TRUE(Eventually([&] { return device.Heard() == "I"; }));
-    clock.Advance(200);
+    ASSERT_TRUE(Init("IRMAN"));
+    real->OnComm = [this, receiver = real->OnComm](int commEvent) {
+        receiver(commEvent);
+        ++reads;
+    };
+    clock.Advance(300);
     EXPECT_TRUE(Eventually([&] { return device.Heard() == "IR"; }));
     Send("OK");
     clock.Advance(110);
@@ -52,9 +43,6 @@ TEST_F(SerialPtyTest, AnIrmanWakesUpGivesCodesAndComesBackAfterItWasPulled) {
     Send(std::string_view("\0\x11\x13\xFF", 4)); // XON, XOFF and NUL are bytes as all others
     clock.Advance(4);
     EXPECT_EQ(commands, Commands{"123401719255"});
-    EXPECT_TRUE(real->PortOpen());
-    EXPECT_FALSE(real->CDHolding()) << "a line that the port lacks";
-    EXPECT_TRUE(real->PortOpen()) << "which is no failure";
     device.Unplug();
     EXPECT_TRUE(Eventually([&] { return Logged("Remote receiver lost: " + path); }));
     const int events = reads;

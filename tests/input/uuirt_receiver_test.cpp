@@ -5,19 +5,19 @@
 #include "tests/sim/uuirtdrv/uuirt_sim.h"
 #include "tests/support/events.h"
 
-#include <thread>
-
 namespace vk::test {
 namespace {
 
 constexpr int NoDevice = 0x20000001;
 
+auto Loading(const char* file) {
+    return [file](std::string& reason) { return LoadFirstLibrary({file}, reason); };
+}
+
 struct UuirtTest : RemoteFixture {
     UuirtTest() {
         device = {};
-        devices.uuirt = [](std::string& reason) {
-            return LoadFirstLibrary({VK_UUIRT_SIM}, reason);
-        };
+        devices.uuirt = Loading(VK_UUIRT_SIM);
     }
     void Press(const char* code) {
         device.Button(code);
@@ -35,7 +35,7 @@ struct UuirtTest : RemoteFixture {
 
     std::string ignored;
     /// Keeps the driver, and what it answers, loaded for the whole test.
-    std::unique_ptr<LoadedLibrary> library = LoadFirstLibrary({VK_UUIRT_SIM}, ignored);
+    std::unique_ptr<LoadedLibrary> library = Loading(VK_UUIRT_SIM)(ignored);
     UuirtSim& device = *library->Get<UuirtSim* (*)()>("SimState")();
 };
 
@@ -47,9 +47,7 @@ TEST_F(UuirtTest, EachFailureOfTheDriverHasItsText) {
     EXPECT_EQ(ShownAtStart(false),
               Commands{"Invalid uuirtdrv version!\nThis application requires USB-UIRT API driver "
                        "DLL (UUIRTDRV.DLL) version 2.6.1 or later."});
-    devices.uuirt = [](std::string& reason) {
-        return LoadFirstLibrary({"/nowhere/libuuirtdrv.so"}, reason);
-    };
+    devices.uuirt = Loading("/nowhere/libuuirtdrv.so");
     EXPECT_EQ(ShownAtStart(false), retrieve);
     EXPECT_EQ(LinesLogged("USB-UIRT driver: /nowhere/libuuirtdrv.so"), 1);
     clock.Advance(60'000);
@@ -57,10 +55,7 @@ TEST_F(UuirtTest, EachFailureOfTheDriverHasItsText) {
 }
 
 TEST_F(UuirtTest, EachErrorOfOpeningHasItsText) {
-    const struct {
-        int error;
-        const char* start;
-    } cases[] = {
+    const std::pair<int, const char*> cases[] = {
         {NoDevice, "Unable to connect to USB-UIRT device!  Please ensure device is connected to "
                    "the computer!"},
         {0x20000002, "Unable to communicate with USB-UIRT device!  Please check connections and "
@@ -69,11 +64,9 @@ TEST_F(UuirtTest, EachErrorOfOpeningHasItsText) {
         {0x20000003, "Unable to find USB-UIRT Driver. Please make sure driver is Installed!"},
         {0x20000004, "The firmware of the USB-UIRT device does not match its driver!"},
         {5, "Unable to initialize USB-UIRT (unknown error)!"}};
-    for (const auto& c : cases) {
-        device.openError = c.error;
-        const Commands shown = ShownAtStart(false);
-        ASSERT_EQ(shown.size(), 1u);
-        EXPECT_TRUE(shown[0].starts_with(c.start)) << shown[0];
+    for (const auto& [error, text] : cases) {
+        device.openError = error;
+        EXPECT_THAT(ShownAtStart(false), testing::ElementsAre(testing::StartsWith(text)));
     }
     device.openError = 0;
     device.info = device.config = false;
@@ -82,7 +75,7 @@ TEST_F(UuirtTest, EachErrorOfOpeningHasItsText) {
                         "*** ERROR Retrieving USB-UIRT Configuration Info! ***"}));
     device.info = device.config = true;
     device.takesCallback = false;
-    EXPECT_EQ(ShownAtStart(false), Commands{cases[4].start});
+    EXPECT_EQ(ShownAtStart(false), Commands{cases[4].second});
     EXPECT_EQ(device.open, 0);
 }
 

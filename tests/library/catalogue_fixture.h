@@ -5,16 +5,13 @@
 #include "library/catalogue/mod_db.h"
 #include "library/catalogue/schema.h"
 #include "tests/library/tag_bytes.h"
-#include "tests/support/core_fixture.h"
+#include "tests/support/core_test.h"
 
-#include <gmock/gmock.h>
 #include <utime.h>
-
-#include <filesystem>
 
 namespace vk::test {
 
-struct CatalogueFixture : testing::Test, CoreFixture {
+struct CatalogueFixture : CoreTest {
     CatalogueFixture() {
         extensions.AudioExtensionList = {"MP3"};
         extensions.VideoExtensionList = {"AVI"};

@@ -9,12 +9,9 @@
 namespace vk::test {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::SizeIs;
+using testing::ElementsAre, testing::SizeIs;
 
-class CatalogueTest : public CatalogueFixture {
-  protected:
+struct CatalogueTest : CatalogueFixture {
     void Add(const std::string& name, const std::string& title, const std::string& artist,
              const std::string& genre = "Pop", std::time_t date = 1'000'000'000) {
         db.UpdateFileRow(Tagged(name, title, date, artist, genre));

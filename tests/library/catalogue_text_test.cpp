@@ -12,18 +12,13 @@ using testing::ElementsAreArray;
 
 TEST(Collation, OrdersLettersBeforeAccentsAndNeverByCase) {
     const std::vector<std::string> ordered = {
-        "",        "(a",  "1",     "a",      "ä",      "ab",      "Äb",
-        "abc",     "äbc", "b",     "Bjork",  "Björk",  "bjorl",   "o",
-        "Ö",       "ø",   "oz",    "Søren",  "Sorex",  "strasse", "Straße",
-        "strasst", "Z",   "Ünder", "Ελλαδα", "Ελλάδα", "жар",     "Яблоко"};
+        "",       "(a",      "1",     "a", "ä",      "ab",     "Äb",  "abc",   "äbc",   "b",
+        "Bjork",  "Björk",   "bjorl", "o", "Ö",      "ø",      "oz",  "Søren", "Sorex", "strasse",
+        "Straße", "strasst", "Ünder", "Z", "Ελλαδα", "Ελλάδα", "жар", "Яблоко"};
     std::vector<std::string> sorted = ordered;
     std::ranges::reverse(sorted);
     std::ranges::sort(sorted, [](const auto& a, const auto& b) { return CompareTexts(a, b) < 0; });
-    std::vector<std::string> expected = ordered;
-    // "Ünder" is a u.
-    std::erase(expected, "Ünder");
-    expected.insert(std::ranges::find(expected, "Z"), "Ünder");
-    EXPECT_THAT(sorted, ElementsAreArray(expected));
+    EXPECT_THAT(sorted, ElementsAreArray(ordered));
 }
 
 TEST(Collation, TakesTextsThatDifferInCaseAsEqual) {

@@ -1,9 +1,11 @@
+#include "library/tags/embedded_picture.h"
 #include "library/tags/id3v1.h"
 #include "library/tags/tag_reader.h"
 #include "tests/library/tag_bytes.h"
-#include "tests/support/core_fixture.h"
+#include "tests/support/core_test.h"
 
-#include <gmock/gmock.h>
+#include <QByteArray>
+
 #include <sys/stat.h>
 
 #include <fstream>
@@ -13,7 +15,6 @@ namespace vk::test {
 namespace {
 
 using namespace std::string_literals;
-using testing::ElementsAre;
 
 const std::string Sound(400, '\x55');
 
@@ -23,8 +24,7 @@ std::string Brief(const TagRecord& tag) {
            std::to_string(tag.GenreNum) + "|" + std::to_string(tag.Track);
 }
 
-class TagReader : public testing::Test, public CoreFixture {
-  protected:
+struct TagReader : CoreTest {
     TagRecord Read(const std::string& bytes, const std::string& name = "a.mp3") {
         return id3.ReadTag(app.Write(name, bytes));
     }
@@ -134,8 +134,10 @@ TEST_F(TagReader, ReadsGenreTexts) {
          {std::pair{"(13)", "|||Pop|13|0"}, std::pair{"(17)Garage", "|||Garage|17|0"},
           std::pair{"Garage (17)", "|||Garage|17|0"}, std::pair{" rock ", "|||rock|17|0"},
           std::pair{"Polka (Live)", "|||Polka (Live)|255|0"}, std::pair{"(13", "|||(13|255|0"},
-          std::pair{"()", "|||()|255|0"}, std::pair{"(115)", unknown},
-          std::pair{"(99999999999999999999)", unknown}, std::pair{"", unknown}})
+          std::pair{"()", "|||()|255|0"}, std::pair{"(85)", "|||Latin|85|0"},
+          std::pair{"folk/rock", "|||folk/rock|81|0"}, std::pair{"(114)", "|||Folklore|114|0"},
+          std::pair{"(115)", unknown}, std::pair{"(99999999999999999999)", unknown},
+          std::pair{"", unknown}})
         EXPECT_EQ(Brief(Read(ID3v2(3, TextFrame(3, "TCON", text)))), brief) << text;
 }
 
@@ -180,30 +182,61 @@ TEST_F(TagReader, WhatIsNoReadableFileGivesAnEmptyRecord) {
     EXPECT_EQ(tag.Title, "");
 }
 
-TEST_F(TagReader, ReadsTheGenreFileOrFallsBackToTheBuiltInGenres) {
-    id3.InitGenre(app.Write("genres.txt", "Schlager\r\nPolka\nSchlager"));
-    EXPECT_EQ(id3.Genres().UpperIndex(), 2);
-    EXPECT_EQ(id3.GenreStringToNum("SCHLAGER"), 0);
-    EXPECT_EQ(id3.GenreStringToNum("Pop"), 255);
-    EXPECT_TRUE(Logged("Using Genres from file..."));
-    EXPECT_EQ(Read(ID3v1("T", "A", 1)).Genre, "Polka");
-    id3.InitGenre(app.Write("long.txt", std::string(1000, '\n')));
-    EXPECT_EQ(id3.Genres().UpperIndex(), 254);
-    ::mkfifo(app.File("pipe").c_str(), 0600);
-    for (const std::string& file :
-         {""s, app.File("missing"), app.File("pipe"), app.Write("no", "")}) {
-        id3.InitGenre(file);
-        for (const auto& [genre, number] :
-             {std::pair{"folk/rock", 81}, {"Fast Fusion", 255}, {"Folklore", 114}})
-            EXPECT_EQ(id3.GenreStringToNum(genre), number);
-        EXPECT_EQ(id3.Genres().UpperIndex(), 114);
-        EXPECT_EQ(id3.Genres().Description(85), "Latin");
+const std::string Jpeg = "\xFF\xD8\xFF\0pixels\0"s;
+
+std::string Picture(const std::string& bytes) {
+    TempFolder folder;
+    return ReadEmbeddedPicture(folder.Write("a.audio", bytes));
+}
+
+TEST(EmbeddedPicture, ComesOutOfEveryVersionOfTheTag) {
+    const std::string utf16 = "\1image/jpeg\0\3\xFF\xFE\0a\0\0"s;
+    for (const auto& [version, id, head] : std::vector<std::tuple<int, const char*, std::string>>{
+             {2, "PIC", "\0JPG\3Front\0"s},
+             {3, "APIC", "\0image/jpeg\0\3Front\0"s},
+             {4, "APIC", "\0image/jpeg\0\3\0"s},
+             {3, "APIC", "\0image/png\0\0\0"s},
+             {3, "APIC", utf16}}) {
+        const std::string tag = ID3v2(version, Frame(version, id, head + Jpeg));
+        EXPECT_EQ(Picture(tag + "sound"), Jpeg) << version;
+        EXPECT_EQ(Picture(tag.substr(0, tag.size() - 2)), "") << version;
     }
-    EXPECT_THAT(
-        dialogs.shown,
-        ElementsAre("Couldn't open the genre file!\nDefaults will be used.",
-                    "The specified file contains no genre information!\nDefaults will be used."));
-    EXPECT_THAT(dialogs.titles, ElementsAre("Error!", "Error!"));
+    EXPECT_EQ(Picture(ID3v2(3, Frame(3, "APIC", "\0image/jpeg\0\3\0"s + Jpeg), 0, 0x80)), "");
+    for (const std::string& torn : {"\0"s, "\0image/jpeg"s, "\0image/jpeg\0\3Front"s})
+        EXPECT_EQ(Picture(ID3v2(3, Frame(3, "APIC", torn))), "");
+    EXPECT_EQ(Picture("no tag at all"), "");
+}
+
+TEST(EmbeddedPicture, IsTheFrontCoverOfAFlacFile) {
+    const auto block = [](int type, const std::string& body, bool last = false) {
+        return Number(static_cast<std::size_t>(type + (last ? 128 : 0)), 1) +
+               Number(body.size(), 3) + body;
+    };
+    const std::string front = PictureBlock(3, Jpeg), back = PictureBlock(4, "back");
+    const std::string start = "fLaC" + block(0, std::string(34, '\0'));
+    EXPECT_EQ(Picture(start + block(6, back) + block(6, front) + block(6, back, true)), Jpeg);
+    EXPECT_EQ(Picture(start + block(6, back, true) + block(6, front)), "back");
+    EXPECT_EQ(Picture(start + "\x06\xFF\xFF\xFF" + front.substr(0, 40)), "");
+    EXPECT_EQ(PictureOfBlock(front.substr(0, front.size() - 1)), "");
+}
+
+TEST(EmbeddedPicture, IsPutTogetherFromThePagesOfAnOggFile) {
+    std::string large = Jpeg;
+    for (int i = 0; i < 150000; ++i)
+        large += static_cast<char>(i * 7);
+    const std::string base64 =
+        QByteArray::fromStdString(PictureBlock(3, large)).toBase64().toStdString();
+    for (const std::string& marker : {"\x03vorbis"s, "OpusTags"s})
+        for (const std::string& key : {"METADATA_BLOCK_PICTURE="s, "metadata_block_picture="s}) {
+            const std::string comments =
+                CommentList({"title=Rain", key + base64, "artist=Someone"});
+            const std::string file =
+                OggPages("first packet") + OggPages(marker + comments) + OggPages("sound");
+            EXPECT_TRUE(Picture(file) == large) << key;
+            EXPECT_EQ(Picture(file.substr(0, file.size() / 2)), "");
+        }
+    EXPECT_EQ(FromBase64("SGVsbG8="), "Hello");
+    EXPECT_EQ(FromBase64("SG?s"), "");
 }
 
 } // namespace

@@ -3,15 +3,11 @@
 #include "tests/paths.h"
 #include "tests/support/widgets.h"
 
-#include <QImage>
-
-#include <gtest/gtest.h>
-
-namespace vk {
+namespace vk::test {
 namespace {
 
 // The menu on the skins that ship.
-struct MenuScreenTest : testing::Test, test::MenuFixture {
+struct MenuScreenTest : testing::Test, MenuFixture {
     MenuScreenTest() {
         SetUpApp();
         std::filesystem::remove_all(app.File("skins"));
@@ -40,10 +36,10 @@ struct MenuScreenTest : testing::Test, test::MenuFixture {
 
 TEST_F(MenuScreenTest, EverythingLiesOnTheScreenAtEverySize) {
     for (const char* skinFile : {"Torque.skn", "TorqueNight.skn"})
-        for (const QSize size : test::PanelSizes) {
+        for (const QSize size : PanelSizes) {
             Show(size.width(), size.height(), skinFile);
             EXPECT_EQ(menu->size(), size);
-            test::ExpectChildrenInside(*menu);
+            ExpectChildrenInside(*menu);
             EXPECT_EQ(menu->menu().Icons().size(), 7u);
         }
 }
@@ -52,19 +48,19 @@ TEST_F(MenuScreenTest, TheChosenTileIsUnmistakableATouchedOneStartsAndTheBarHasI
     Show(800, 480);
     const QImage before = menu->grab().toImage();
     menu->menu().MoveDown();
-    EXPECT_GT(test::DifferingPixels(before, menu->grab().toImage()), 800 * 480 / 50);
+    EXPECT_GT(DifferingPixels(before, menu->grab().toImage()), 800 * 480 / 50);
     menu->menu().MoveUp();
-    EXPECT_EQ(test::DifferingPixels(before, menu->grab().toImage()), 0);
+    EXPECT_EQ(DifferingPixels(before, menu->grab().toImage()), 0);
     for (const MenuIconData& icon : menu->menu().Icons())
         if (icon.function == "2")
-            test::Tap(host, {static_cast<int>((icon.iconleft + icon.iconwidth / 2) * 800),
-                             static_cast<int>((icon.icontop + icon.iconheight / 2) * 480)});
+            Tap(host, {static_cast<int>((icon.iconleft + icon.iconwidth / 2) * 800),
+                       static_cast<int>((icon.icontop + icon.iconheight / 2) * 480)});
     EXPECT_TRUE(Told("playlists.ReShow"));
     menu->menu().ReShow();
-    test::Tap(host, {400, 470});
+    Tap(host, {400, 470});
     EXPECT_EQ(settingsOpened, 1);
     menu->menu().ReShow();
-    test::Tap(host, {790, 470});
+    Tap(host, {790, 470});
     EXPECT_EQ(exits, 1);
 }
 
@@ -78,9 +74,9 @@ TEST_F(MenuScreenTest, ASkinWithoutPicturesStaysUsable) {
     const QImage before = menu->grab().toImage();
     menu->menu().MoveDown();
     menu->menu().MoveRight();
-    EXPECT_GT(test::DifferingPixels(before, menu->grab().toImage()), 0);
+    EXPECT_GT(DifferingPixels(before, menu->grab().toImage()), 0);
     EXPECT_TRUE(dialogs.shown.empty());
 }
 
 } // namespace
-} // namespace vk
+} // namespace vk::test

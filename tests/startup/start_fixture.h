@@ -11,11 +11,6 @@
 #include "tests/support/machine_fakes.h"
 #include "tests/support/recording_screen.h"
 
-#include <map>
-#include <memory>
-#include <string>
-#include <vector>
-
 namespace vk::test {
 
 class ToldLoading : public LoadingScreen {
@@ -25,12 +20,11 @@ class ToldLoading : public LoadingScreen {
     void InitProgress(int from, int to) override {
         told.push_back("loading.Init " + std::to_string(from) + " " + std::to_string(to));
     }
-    void SetProgress(int value) override { progress = value; }
+    void SetProgress(int) override {}
     void SetProgressToMax() override { told.push_back("loading.Max"); }
     void ClearScreen() override { told.push_back("loading.Clear"); }
     void ReBlit() override {}
     std::vector<std::string>& told;
-    int progress = 0;
 };
 
 struct StartFixture : CoreFixture {
@@ -43,6 +37,15 @@ struct StartFixture : CoreFixture {
     }
 
     std::unique_ptr<astart> Make() {
+        const auto server = [this](const std::string& program) {
+            told.push_back("server " + program);
+            state.DBState = DBStateValue::Offline;
+        };
+        const auto steps = [this] {
+            return std::vector<LoadStep>{{{3, 1}, "", "", [this] { MakeScreen("playmp3"); }},
+                                         {{2, 3}, "", "", {}},
+                                         {{1, 2}, "", "", [this] { MakeScreen("velkorandum"); }}};
+        };
         return std::make_unique<astart>(astart::Needs{
             .base = base,
             .machine = {instance, programs, registry, player, [this] { return metrics; },
@@ -53,27 +56,14 @@ struct StartFixture : CoreFixture {
             .remoteKeys = remoteKeys,
             .extensions = extensions,
             .winamp = control,
-            .whole = AllTogether(),
+            .whole = {steps, Telling("unload screens"), [this] { updates.Supervise(); },
+                      Telling("session ends"), Telling("release")},
             .firstRun = {[this] { loadSettings(); }, [this] { screens.Remove("settings"); }},
             .remote = {.learnText = [] { return std::string("171"); }},
-            .catalogue = {[this](const std::string& program) {
-                              told.push_back("server " + program);
-                              state.DBState = DBStateValue::Offline;
-                          },
-                          [this] { updates.Open(); }}});
+            .catalogue = {server, [this] { updates.Open(); }}});
     }
-    Whole AllTogether() {
-        return {.steps =
-                    [this] {
-                        return std::vector<LoadStep>{
-                            {{3, 1}, "", "", [this] { MakeScreen("playmp3"); }},
-                            {{2, 3}, "", "", {}},
-                            {{1, 2}, "", "", [this] { MakeScreen("velkorandum"); }}};
-                    },
-                .unloadScreens = [this] { told.push_back("unload screens"); },
-                .supervise = [this] { updates.Supervise(); },
-                .sessionEnds = [this] { told.push_back("session ends"); },
-                .release = [this] { told.push_back("release"); }};
+    std::function<void()> Telling(const char* what) {
+        return [this, what] { told.push_back(what); };
     }
     /// An application directory that has been through its first run.
     void SetUpApp() {
@@ -93,9 +83,7 @@ struct StartFixture : CoreFixture {
         screens.Add(name, made[name]);
         told.push_back("load " + name);
     }
-    bool Told(const std::string& what) const {
-        return std::find(told.begin(), told.end(), what) != told.end();
-    }
+    bool Told(const std::string& what) const { return std::ranges::find(told, what) != told.end(); }
 
     std::vector<std::string> told;
     std::map<std::string, RecordingScreen> made;

@@ -2,19 +2,23 @@
 
 #include <gmock/gmock.h>
 
-#include <array>
-
-namespace vk {
+namespace vk::test {
 namespace {
 
-using testing::Contains;
+using testing::Contains, testing::ElementsAre;
 
-struct StartupTest : testing::Test, test::StartFixture {
+struct StartupTest : testing::Test, StartFixture {
     /// Starts with one key of a set-up directory changed.
     StartOutcome StartWith(const std::string& key, const std::string& value) {
         SetUpApp();
         settings.Write("main", key, value);
         return Make()->Form_Load();
+    }
+    std::unique_ptr<astart> Running() {
+        SetUpApp();
+        auto start = Make();
+        EXPECT_EQ(start->Form_Load(), StartOutcome::Running);
+        return start;
     }
     void ExpectEnds(const std::string& message) {
         dialogs.shown = {""};
@@ -38,51 +42,51 @@ TEST_F(StartupTest, ANewDirectoryGetsItsFilesAndTheFirstRun) {
 }
 
 TEST_F(StartupTest, ASetUpDirectoryLeadsToTheMenuInOrder) {
-    SetUpApp();
-    const auto start = Make();
-    EXPECT_EQ(start->Form_Load(), StartOutcome::Running);
-    const std::vector<std::string> expected = {
-        "loading.Load",     "loading.Init 0 13", "server " + app.File("DB_UPDATE"),
-        "load velkorandum", "load playmp3",      "loading.Max",
-        "loading.Clear",    "velkorandum.ReShow"};
-    EXPECT_EQ(told, expected);
+    const auto start = Running();
+    EXPECT_THAT(told,
+                ElementsAre("loading.Load", "loading.Init 0 13", "server " + app.File("DB_UPDATE"),
+                            "load velkorandum", "load playmp3", "loading.Max", "loading.Clear",
+                            "velkorandum.ReShow"));
     EXPECT_EQ(start->BootStepCount, 11) << "the bar stops short when the player is there already";
     told.clear();
     start->ReloadScreens();
-    EXPECT_EQ(told, (std::vector<std::string>{"unload screens", "load playmp3", "load velkorandum",
-                                              "loading.Max", "velkorandum.ReShow"}));
+    EXPECT_THAT(told, ElementsAre("unload screens", "load playmp3", "load velkorandum",
+                                  "loading.Max", "velkorandum.ReShow"));
     EXPECT_EQ(state.CurrentSkinFile, "Torque.skn");
     EXPECT_EQ(settings.Read("main", "ListSpacing"), "3") << "empty keys are filled";
     EXPECT_EQ(settings.Read("audio_player", "AudioExtensions"),
               "MP3:MP2:MP1:CDA:WAV:VOC:AU:SND:AIF:AIFF");
     EXPECT_EQ(extensions.AudioExtensionList.front(), "MP3");
-    ASSERT_FALSE(player.sent.empty());
-    EXPECT_EQ(player.sent.front(), test::RecordingPlayer::Command(40001))
+    EXPECT_EQ(player.sent.at(0), RecordingPlayer::Command(40001))
         << "an old player is closed before its settings are touched";
 }
 
 TEST_F(StartupTest, EachUnusableSettingHasItsWordsAndEndsTheStart) {
-    using Case = std::array<const char*, 3>;
-    for (const auto& [key, value, message] :
-         {Case{"version", "0",
-               "To avoid this issue, you should run RESET.bat from the Velkorandum directory, then "
-               "re-launch."},
-          Case{"MediaDir", "/no/such",
-               "Your media folder appears to be missing.\nPlease recreate your media folder."},
-          Case{"PlaylistDir", "/no/such",
-               "Your playlists folder appears to be missing.  &vbcrlf & Please recreate the "
-               "folder."},
-          Case{"PlaylistDir", "/",
-               "You must use a playlists directory WITHIN your Media Directory."},
-          Case{"CurrentSkin", "Gone.skn", "Missing .skn file.  Default skin will be used."},
-          Case{"Time1", "dawn",
-               "Your time must be formatted to this format 'HH:MM:SS AM' in order for this "
-               "application to function.\nChange your clock settings, then run Reset.bat"}}) {
+    const char* cases[][3] = {
+        {"version", "0",
+         "To avoid this issue, you should run RESET.bat from the Velkorandum directory, then "
+         "re-launch."},
+        {"MediaDir", "/no/such",
+         "Your media folder appears to be missing.\nPlease recreate your media folder."},
+        {"PlaylistDir", "/no/such",
+         "Your playlists folder appears to be missing.  &vbcrlf & Please recreate the "
+         "folder."},
+        {"PlaylistDir", "/", "You must use a playlists directory WITHIN your Media Directory."},
+        {"CurrentSkin", "Gone.skn", "Missing .skn file.  Default skin will be used."},
+        {"Time1", "dawn",
+         "Your time must be formatted to this format 'HH:MM:SS AM' in order for this "
+         "application to function.\nChange your clock settings, then run Reset.bat"}};
+    for (const auto& [key, value, message] : cases) {
         dialogs.answers = {false};
         EXPECT_EQ(StartWith(key, value), StartOutcome::Ended) << key;
         EXPECT_THAT(dialogs.shown, Contains(message));
     }
     EXPECT_EQ(settings.Read("main", "CurrentNTSkin"), "Torque.skn");
+    dialogs.answers.clear();
+    EXPECT_EQ(StartWith("version", "0.0.1"), StartOutcome::Running);
+    EXPECT_EQ(settings.Read("main", "version"), Version) << "taken over";
+    EXPECT_THAT(dialogs.shown, Contains("If you have trouble, you should run RESET.bat from the "
+                                        "Velkorandum directory, then re-launch."));
 }
 
 TEST_F(StartupTest, ASecondInstanceAndAMissingSkinFolderEndBeforeAnyFileIsMade) {
@@ -111,13 +115,6 @@ TEST_F(StartupTest, RevertDeletesTheGeneratedFilesOnly) {
     EXPECT_TRUE(FileExists(song));
 }
 
-TEST_F(StartupTest, AnotherVersionIsTakenOverOnRequest) {
-    EXPECT_EQ(StartWith("version", "0.0.1"), StartOutcome::Running);
-    EXPECT_EQ(settings.Read("main", "version"), Version);
-    EXPECT_THAT(dialogs.shown, Contains("If you have trouble, you should run RESET.bat from the "
-                                        "Velkorandum directory, then re-launch."));
-}
-
 TEST_F(StartupTest, AnUnregisteredServerIsRegisteredAndOneThatIsGoneReported) {
     SetUpApp();
     DeleteFileAt(app.File("registry.ini"));
@@ -135,18 +132,16 @@ TEST_F(StartupTest, AnUnregisteredServerIsRegisteredAndOneThatIsGoneReported) {
 }
 
 TEST_F(StartupTest, OpticalDrives) {
-    struct Case {
+    const Drive sr0{"/dev/sr0", DriveType::CdRom}, sr1{"/dev/sr1", DriveType::CdRom};
+    const struct {
         const char* stored;
         std::vector<Drive> drives;
         const char *chosen, *written;
-    };
-    const Drive sr0{"/dev/sr0", DriveType::CdRom}, sr1{"/dev/sr1", DriveType::CdRom};
-    const Drive stick{"/stick", DriveType::Removable};
-    const Case cases[] = {{"/dev/sr1", {}, "NONE", "/dev/sr1"},
-                          {"/dev/sr1", {sr0, sr1}, "/dev/sr1", "/dev/sr1"},
-                          {"/dev/sr9", {stick, sr0}, "/dev/sr0", "/dev/sr0"},
-                          {"NONE", {sr0}, "/dev/sr0", "/dev/sr0"}};
-    for (const Case& c : cases) {
+    } cases[] = {{"/dev/sr1", {}, "NONE", "/dev/sr1"},
+                 {"/dev/sr1", {sr0, sr1}, "/dev/sr1", "/dev/sr1"},
+                 {"/dev/sr9", {{"/stick", DriveType::Removable}, sr0}, "/dev/sr0", "/dev/sr0"},
+                 {"NONE", {sr0}, "/dev/sr0", "/dev/sr0"}};
+    for (const auto& c : cases) {
         state = AppState();
         volumes.drives = c.drives;
         EXPECT_EQ(StartWith("CDDriveLetter", c.stored), StartOutcome::Running);
@@ -169,24 +164,17 @@ TEST_F(StartupTest, Resolutions) {
 }
 
 TEST_F(StartupTest, TheDaySkinIsChosenStrictly) {
-    struct Case {
-        int hour, minute;
-        const char* skin;
-    };
     app.Write("skins/Night.skn", "[Colors]\n");
-    for (const Case& c :
-         {Case{8, 0, "Night.skn"}, Case{8, 1, "Torque.skn"}, Case{20, 59, "Torque.skn"},
-          Case{21, 0, "Night.skn"}, Case{3, 0, "Night.skn"}}) {
-        clock.SetNow({2026, 11, 21, c.hour, c.minute, 0, 0, 6});
+    for (const auto& [hour, minute, day] :
+         {std::tuple(8, 0, false), {8, 1, true}, {20, 59, true}, {21, 0, false}, {3, 0, false}}) {
+        clock.SetNow({2026, 11, 21, hour, minute, 0, 0, 6});
         StartWith("CurrentNTSkin", "Night.skn");
-        EXPECT_EQ(state.CurrentSkinFile, c.skin) << c.hour << ":" << c.minute;
+        EXPECT_EQ(state.CurrentSkinFile, day ? "Torque.skn" : "Night.skn") << hour << ":" << minute;
     }
 }
 
 TEST_F(StartupTest, ALostPlayerIsBroughtBackAndTheMenuIsInFront) {
-    SetUpApp();
-    const auto start = Make();
-    start->Form_Load();
+    const auto start = Running();
     MakeScreen("playlists");
     state.WinampWatched = true;
     leadsTo = {{"playlists", "playmp3"}, {"playmp3", "velkorandum"}};
@@ -222,4 +210,4 @@ TEST_F(StartupTest, TheWayOutTellsTheModulesAndTheLog) {
 }
 
 } // namespace
-} // namespace vk
+} // namespace vk::test

@@ -36,8 +36,14 @@ struct CoreFixture {
     Base base{state,    settings, log,     report, clock,  pump,
               commands, screens,  dialogs, window, locale, volumes};
 
-    bool Logged(const std::string& text) const {
-        return app.Read("debug.log").find(text) != std::string::npos;
+    bool Logged(const std::string& text) const { return LinesLogged(text) > 0; }
+    /// How many times a text is in the log.
+    int LinesLogged(const std::string& text) const {
+        const std::string lines = app.Read("debug.log");
+        int count = 0;
+        for (auto at = lines.find(text); at != std::string::npos; at = lines.find(text, at + 1))
+            ++count;
+        return count;
     }
 };
 

@@ -29,7 +29,7 @@ class FakeSerialPort : public SerialPort {
     }
     void SetDTREnable(bool) override {}
     void SetRTSEnable(bool) override {}
-    bool CDHolding() const override { return carrier; }
+    bool CDHolding() const override { return false; }
     bool CTSHolding() const override { return false; }
     bool DSRHolding() const override { return false; }
     void WatchModemLines(bool on) override { watched = on; }
@@ -47,7 +47,6 @@ class FakeSerialPort : public SerialPort {
     }
 
     bool present = true;             ///< `Open` succeeds
-    bool carrier = false;            ///< what `CDHolding` gives
     bool watched = false;            ///< the modem lines' events are on
     std::vector<std::string> opened; ///< "name settings" of every try to open
     std::string sent;

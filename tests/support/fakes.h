@@ -18,22 +18,18 @@ namespace vk::test {
 /// Records every text and answers from queues; an empty queue means OK, Yes, or cancelled input.
 class FakeDialogs : public Dialogs {
   public:
-    void ShowMessage(const std::string& text, const std::string& title, MessageKind) override {
+    using Text = const std::string&;
+    void ShowMessage(Text text, Text title, MessageKind) override {
         shown.push_back(text);
         titles.push_back(title);
     }
-    bool AskYesNo(const std::string& text, const std::string& title) override {
-        return Asked(text, title);
-    }
-    bool AskOkCancel(const std::string& text, const std::string& title) override {
-        return Asked(text, title);
-    }
-    std::optional<std::string> InputBox(const std::string& text, const std::string& title,
-                                        const std::string&) override {
+    bool AskYesNo(Text text, Text title) override { return Asked(text, title); }
+    bool AskOkCancel(Text text, Text title) override { return Asked(text, title); }
+    std::optional<std::string> InputBox(Text text, Text title, Text) override {
         ShowMessage(text, title, MessageKind::Plain);
         return inputs.empty() ? std::nullopt : std::optional(Next(inputs));
     }
-    std::string ChooseFolder(const std::string& caption, const std::string&) override {
+    std::string ChooseFolder(Text caption, Text) override {
         captions.push_back(caption);
         return folders.empty() ? std::string() : Next(folders);
     }
@@ -46,7 +42,7 @@ class FakeDialogs : public Dialogs {
     std::deque<std::string> inputs, folders;
 
   private:
-    bool Asked(const std::string& text, const std::string& title) {
+    bool Asked(Text text, Text title) {
         ShowMessage(text, title, MessageKind::Plain);
         return answers.empty() || Next(answers);
     }
@@ -111,10 +107,9 @@ class FakeFonts : public Fonts {
 class FakeWindowLayer : public WindowLayer {
   public:
     void ForceForegroundWindow() override { ++foreground; }
-    void SetTopmost(bool on) override { topmost = on; }
+    void SetTopmost(bool) override {}
     void ShowCursor(bool shown) override { cursor = shown; }
     int foreground = 0;
-    bool topmost = false;
     bool cursor = true;
 };
 

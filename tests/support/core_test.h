@@ -1,0 +1,14 @@
+// Tests that start from the lower layer on fakes.
+#pragma once
+
+#include "tests/support/core_fixture.h"
+
+#include <gmock/gmock.h>
+
+namespace vk::test {
+
+struct CoreTest : testing::Test, CoreFixture {};
+
+using Texts = std::vector<std::string>;
+
+} // namespace vk::test
