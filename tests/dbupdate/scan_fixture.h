@@ -34,12 +34,6 @@ struct ScanFixture : CatalogueFixture {
             texts.push_back(event.progress.text);
         }
     }
-    void Forget() {
-        states.clear();
-        errors.clear();
-        texts.clear();
-        unhooked = 0;
-    }
 
     std::vector<int> states;
     std::vector<std::string> errors, texts;

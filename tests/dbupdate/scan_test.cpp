@@ -17,16 +17,17 @@ struct ScanTest : ScanFixture {
         texts.clear();
         unhooked = 0;
         stop = false;
-        RunScan(Request(), {log, [this](const ServerEvent& event) { TakeAndDo(event); }, stop});
+        const auto send = [this](const ServerEvent& event) {
+            Take(event);
+            if (event.kind == ServerEvent::Kind::ShowProgress && event.progress.step == actAt &&
+                act)
+                std::exchange(act, {})();
+        };
+        RunScan(Request(), {log, send, stop});
     }
     template<class Matcher> void ScanFinds(const Matcher& rows, const char* when = "") {
         Scan();
         EXPECT_THAT(Paths(), rows) << when;
-    }
-    void TakeAndDo(const ServerEvent& event) {
-        Take(event);
-        if (event.kind == ServerEvent::Kind::ShowProgress && event.progress.step == actAt && act)
-            std::exchange(act, {})();
     }
     void At(ScanStep step, std::function<void()> action) {
         actAt = step;
@@ -48,9 +49,8 @@ TEST_F(ScanTest, CataloguesTheMediaFolder) {
     EXPECT_THAT(states, ElementsAre(3, 1, 4));
     EXPECT_EQ(unhooked, 1);
     EXPECT_THAT(errors, IsEmpty());
-    EXPECT_EQ(texts.front(), "Getting File Count");
+    EXPECT_EQ(texts.front() + texts.back(), "Getting File CountReady");
     EXPECT_THAT(texts, testing::Contains("0 reconciling db"));
-    EXPECT_EQ(texts.back(), "Ready");
 }
 
 TEST_F(ScanTest, ComparesDatesAndNothingElse) {
@@ -104,8 +104,8 @@ TEST_F(ScanTest, AFailureWithoutRowsDisablesTheCatalogue) {
     ScanFinds(IsEmpty());
     EXPECT_THAT(errors, SizeIs(1));
     EXPECT_EQ(states.back(), -1);
-    std::filesystem::remove_all(app.File(WorkingCatalogueName));
-    std::filesystem::remove_all(media.Path());
+    for (const std::string& path : {app.File(WorkingCatalogueName), media.Path()})
+        std::filesystem::remove_all(path);
     Scan();
     EXPECT_THAT(states, ElementsAre(3, -1));
     std::filesystem::create_directory(media.Path());
@@ -215,13 +215,12 @@ TEST_F(ScanTest, AStopLeavesTheCatalogueAsItWas) {
     for (const ScanStep step : {ScanStep::Counting, ScanStep::ToRead, ScanStep::Reconciling}) {
         At(step, [&] { stop = true; });
         Scan();
-        if (step == ScanStep::Reconciling) continue; // too late: it is carried through
-        EXPECT_EQ(unhooked, 0);
+        const bool late = step == ScanStep::Reconciling; // it is carried through
+        EXPECT_EQ(unhooked, late ? 1 : 0);
         EXPECT_EQ(states.back(), 4);
-        EXPECT_THAT(Paths(), SizeIs(3));
+        EXPECT_THAT(Paths(), SizeIs(late ? 300 : 3));
         EXPECT_FALSE(FileExists(app.File(WorkingCatalogueName)));
     }
-    EXPECT_THAT(Paths(), SizeIs(300));
 }
 
 TEST_F(ScanTest, ADamagedCatalogueIsBuiltAnew) {
@@ -251,10 +250,11 @@ TEST_F(ScanTest, NamesOfOneKeyDoNotWaver) {
     Tagged("a\"b.mp3", "Quote", 1'100'000'000);
     Tagged("Umlaut \xE4.mp3", "Latin");
     Tagged("line\nend.mp3", "Line");
-    Scan();
-    EXPECT_THAT(Titles(), testing::UnorderedElementsAre("Apostrophe", "Latin", "Line"));
-    Scan();
-    EXPECT_EQ(unhooked, 0);
+    for (const int changed : {1, 0}) {
+        Scan();
+        EXPECT_THAT(Titles(), testing::UnorderedElementsAre("Apostrophe", "Latin", "Line"));
+        EXPECT_EQ(unhooked, changed);
+    }
 }
 
 TEST_F(ScanTest, AFullScanGivesBackUnusedSpace) {

@@ -10,7 +10,7 @@
 namespace vk::test {
 namespace {
 
-using Calls = Texts;
+using Calls = std::vector<std::string>;
 
 /// Knows no keys, and no key goes on here.
 struct LearningScreen : RecordingScreen {
@@ -84,19 +84,14 @@ TEST_F(InputRouterTest, ATableIsComparedInOrderAndFixedKeysBeforeWhatIsNoMovemen
     keys[Action::ok] = keys[Action::quit];
     keys[Action::vup] = "38"; // but nothing else may take one
     remoteKeys[Action::vup] = "out";
-    const struct {
-        const char* code;
-        bool remote;
-        const char* call;
-    } cases[] = {{"81", false, "doquit"}, {"13", false, "MoveUp"}, {"38", false, "MoveUp"},
-                 {"40", false, ""},       {"", false, ""},         {"enter", true, "runok"},
-                 {"out", true, "VolUp"},  {"27", true, ""}};
-    for (const auto& c : cases) {
-        const std::string code = c.code;
-        const bool used = RunAction(browser, rows,
-                                    c.remote ? InputCode(code, remoteKeys) : InputCode(code, keys));
-        EXPECT_EQ(used, *c.call != 0) << code;
-        EXPECT_EQ(std::exchange(browser.calls, {}), used ? Calls{c.call} : Calls{}) << code;
+    const std::tuple<std::string, bool, const char*> cases[] = {
+        {"81", false, "doquit"}, {"13", false, "MoveUp"}, {"38", false, "MoveUp"},
+        {"40", false, ""},       {"", false, ""},         {"enter", true, "runok"},
+        {"out", true, "VolUp"},  {"27", true, ""}};
+    for (const auto& [code, remote, call] : cases) {
+        const InputCode sent = remote ? InputCode(code, remoteKeys) : InputCode(code, keys);
+        EXPECT_EQ(RunAction(browser, rows, sent), *call != 0) << code;
+        EXPECT_EQ(std::exchange(browser.calls, {}), *call ? Calls{call} : Calls{}) << code;
     }
 }
 

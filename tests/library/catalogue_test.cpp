@@ -68,8 +68,11 @@ TEST_F(CatalogueTest, ADamagedFileWaitsForTheServerAndAnyOtherFailureIsReported)
     EXPECT_TRUE(Logged("An error occured in modDB.InitDB "));
 }
 
-TEST_F(CatalogueTest, ReadsBackWhatItWasGiven) {
-    db.InitDB(false);
+struct OpenCatalogueTest : CatalogueTest {
+    OpenCatalogueTest() { db.InitDB(false); }
+};
+
+TEST_F(OpenCatalogueTest, ReadsBackWhatItWasGiven) {
     const std::string path =
         Tagged("Rock/O'Hanlon - It's.mp3", "It's 100% \"it\"\n", 1, "O'Hanlon");
     db.UpdateFileRow(path);
@@ -79,17 +82,14 @@ TEST_F(CatalogueTest, ReadsBackWhatItWasGiven) {
               "/Rock/O'Hanlon - It's.mp3|O'Hanlon|It's 100% 'it'");
     EXPECT_THAT(First("SELECT Artist FROM Media WHERE Artist='O\"Hanlon'"),
                 ElementsAre("O\"Hanlon"));
-    const auto tag = db.StoredTag(path);
-    ASSERT_TRUE(tag);
-    EXPECT_EQ(tag->Genre, "Pop");
+    EXPECT_EQ(db.StoredTag(path).value().Genre, "Pop");
     DeleteFileAt(path);
     const MediaTags tags(extensions, reader, &db);
     EXPECT_EQ(tags.GetDBTag(path).Title, "It's 100% 'it'");
     EXPECT_EQ(tags.GetDBTag(media.File("B - T.mp3")).Artist, "B") << "no row: by its name";
 }
 
-TEST_F(CatalogueTest, ReadsAFileAgainOnlyWhenItsDateHasChanged) {
-    db.InitDB(false);
+TEST_F(OpenCatalogueTest, ReadsAFileAgainOnlyWhenItsDateHasChanged) {
     Add("a.mp3", "Old", "A", "Pop");
     Add("a.mp3", "New", "A", "Rock");
     EXPECT_THAT(First("SELECT Title FROM Media"), ElementsAre("Old"));
@@ -105,14 +105,13 @@ TEST_F(CatalogueTest, ReadsAFileAgainOnlyWhenItsDateHasChanged) {
     EXPECT_TRUE(Logged("An error occured in modDB.UpdateFileRow no such file"));
 }
 
-TEST_F(CatalogueTest, OtherKindsOfFilesAreKnownByTheirNames) {
-    db.InitDB(false);
+TEST_F(OpenCatalogueTest, OtherKindsOfFilesAreKnownByTheirNames) {
     for (const char* name :
          {"My_Film.avi", "Lists/party.m3u", "presets.lst", "untagged.mp3", "none.mp3"})
         db.UpdateFileRow(media.Write(name, "x"));
     EXPECT_THAT(First("SELECT Title FROM Media WHERE MediaType<>1 ORDER BY MediaType"),
                 ElementsAre("My Film", "party", "presets"));
-    EXPECT_THAT(First("SELECT Genres.Description FROM Genres INNER JOIN Media ON Genres.GenreID = "
+    EXPECT_THAT(First("SELECT Description FROM Genres INNER JOIN Media ON Genres.GenreID = "
                       "Media.GenreID WHERE MediaType<3"),
                 ElementsAre("(Empty)", "(Empty)", "(Empty)"));
     const auto playable = db.FolderFiles(media.Path(), true, false);
@@ -121,8 +120,7 @@ TEST_F(CatalogueTest, OtherKindsOfFilesAreKnownByTheirNames) {
     EXPECT_EQ(playable[1].artist, "(Unknown Artist)");
 }
 
-TEST_F(CatalogueTest, AnswersTheSystemsQueries) {
-    db.InitDB(false);
+TEST_F(OpenCatalogueTest, AnswersTheSystemsQueries) {
     Add("1/a.mp3", "Zwei", "Ärzte", "Rock", 1'000'000'000);
     Add("1/b.mp3", "eins", "ÄRZTE", "rock", 1'100'000'000);
     Add("1/sub/c.mp3", "Drei", "Abba", "Pop", 1'200'000'000);
@@ -148,16 +146,14 @@ TEST_F(CatalogueTest, AnswersTheSystemsQueries) {
     EXPECT_EQ(named[0].title, "eins");
 }
 
-TEST_F(CatalogueTest, RefusesWhatIsNoQuery) {
-    db.InitDB(false);
+TEST_F(OpenCatalogueTest, RefusesWhatIsNoQuery) {
     Add("a.mp3", "T", "A");
     for (const char* sql : {"DELETE FROM Media", "", "SELECT FROM", "SELECT Nothing FROM Media",
                             "SELECT count(*) FROM Media a, Media b; DROP TABLE Media x"}) {
         try {
             db.Records(sql);
         } catch (const Error&) {
-            // Refused; a second statement is not looked at.
-        }
+        } // refused; a second statement is not looked at
         EXPECT_THAT(First("SELECT Path FROM Media"), SizeIs(1)) << sql;
     }
     EXPECT_THROW(db.Records("SELECT count(*) FROM (WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL "
@@ -166,14 +162,13 @@ TEST_F(CatalogueTest, RefusesWhatIsNoQuery) {
         << "a query without end";
 }
 
-TEST_F(CatalogueTest, HostileNamesKeepTheirRows) {
-    db.InitDB(false);
+TEST_F(OpenCatalogueTest, HostileNamesKeepTheirRows) {
     const std::vector<std::string> names = {"a'b.mp3",    "say \"x\".mp3", "100%_[a-z].mp3",
                                             "l\nine.mp3", "\xE4\xFF.mp3",  "A.mp3",
                                             "a.mp3",      "semi;--.mp3"};
+    std::vector<std::string> found;
     for (const std::string& name : names)
         db.UpdateFileRow(media.Write("50%/" + name, "x"));
-    std::vector<std::string> found;
     for (const CatalogueFile& file : db.FolderFiles(media.File("50%"), false, true))
         found.push_back(FileNameOf(file.path));
     EXPECT_THAT(found, testing::UnorderedElementsAreArray(names));
@@ -184,8 +179,7 @@ TEST_F(CatalogueTest, HostileNamesKeepTheirRows) {
         << "a prefix in another case";
 }
 
-TEST_F(CatalogueTest, TakesTheServersFileAndRepeatsItsOwnUpdates) {
-    db.InitDB(false);
+TEST_F(OpenCatalogueTest, TakesTheServersFileAndRepeatsItsOwnUpdates) {
     Add("old.mp3", "Old", "A");
     CopyFileTo(app.File(CatalogueFileName), app.File(WorkingCatalogueName));
     state.DBState = DBStateValue::Rebuilding;

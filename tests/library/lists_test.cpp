@@ -100,14 +100,12 @@ TEST_F(ListFile, WhatIsWrittenReadsBackWithItsCommentOnTop) {
 
 TEST(Sort, OrdersArraysOfEveryLengthByPlainComparison) {
     std::mt19937 random(1);
-    std::vector<std::string> names = {"b", "a", "B", "10", "9", "", "a b", "\xC3\xA9", "a"};
-    while (names.size() < 70)
-        names.push_back(std::to_string(random() % 50));
-    for (; !names.empty(); names.erase(names.begin())) {
-        std::vector<std::string> sorted = names, expected = names;
-        std::ranges::sort(expected);
+    std::vector<std::string> names = {"b", "a", "B", "10", "", "a b", "\xC3\xA9", "a"};
+    for (; names.size() < 70; names.push_back(std::to_string(random() % 50))) {
+        std::vector<std::string> sorted = names;
         ShellSortVariantArray(sorted);
-        EXPECT_EQ(sorted, expected);
+        EXPECT_TRUE(std::ranges::is_sorted(sorted));
+        EXPECT_TRUE(std::ranges::is_permutation(sorted, names));
     }
 }
 

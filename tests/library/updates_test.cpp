@@ -16,6 +16,7 @@ struct UpdatesTest : CatalogueFixture {
         for (int i = 0; i < ticks; ++i)
             updates.Supervise();
     }
+    void Fail() { server.DBError({4, "DB_UPDATE", "no such folder", true}); }
     void End() { server.StatusChanged(DBStateValue::OnLine); }
     std::vector<ScanRequest> scans;
     int stops = 0, shown = 0;
@@ -52,17 +53,17 @@ TEST_F(UpdatesTest, TheFirstScanOfARunStartsOnceAndIsWhole) {
 
 TEST_F(UpdatesTest, NoScanStartsBeforeItsTime) {
     updates.Open();
-    const auto refuse = [&](const char* why, auto& value, auto bad) {
+    const auto refuse = [&](auto& value, auto bad) {
         const auto good = std::exchange(value, bad);
         Supervise(1);
-        EXPECT_TRUE(scans.empty()) << why;
+        EXPECT_TRUE(scans.empty()) << testing::PrintToString(bad);
         value = good;
     };
-    refuse("settings", screens.CurrentForm, "settings");
-    refuse("first run", state.Setup, false);
-    refuse("manual", settings.values.manualdb, true);
-    refuse("no folder", settings.values.MediaDir, media.File("gone"));
-    refuse("state", state.DBState, DBStateValue::OnLine);
+    refuse(screens.CurrentForm, "settings");
+    refuse(state.Setup, false);
+    refuse(settings.values.manualdb, true);
+    refuse(settings.values.MediaDir, media.File("gone"));
+    refuse(state.DBState, DBStateValue::OnLine);
     Supervise(1);
     EXPECT_EQ(scans.size(), 1u);
 }
@@ -88,12 +89,11 @@ TEST_F(UpdatesTest, ADeletedCatalogueIsMadeAnewOnRequest) {
 }
 
 TEST_F(UpdatesTest, AServerThatIsLostLeavesTheOldRows) {
-    const std::string file = media.Write("a.m3u", "x");
     updates.Open();
-    db.UpdateFileRow(file);
+    db.UpdateFileRow(media.Write("a.m3u", "x"));
     state.DBState = DBStateValue::Rebuilding;
     EXPECT_TRUE(updates.Busy());
-    server.DBError({4, "DB_UPDATE", "no such folder", true});
+    Fail();
     server.Lost();
     EXPECT_EQ(updates.Action(), "The last update failed: DB_UPDATE has ended");
     EXPECT_EQ(state.DBState, DBStateValue::OnLine);
@@ -120,7 +120,7 @@ TEST_F(UpdatesTest, ProgressIsToldToTheSettingsScreenAlone) {
     EXPECT_EQ(updates.Action(), "100 reconciling db   of 200");
     server.ShowProgress({ScanStep::Ready, 0, "Ready"});
     EXPECT_EQ(updates.Percent(), 90);
-    server.DBError({4, "DB_UPDATE", "no such folder", true});
+    Fail();
     End();
     EXPECT_EQ(updates.Action(), "The last update failed: no such folder");
     updates.RequestScan();

@@ -46,21 +46,21 @@ struct StartFixture : CoreFixture {
                                          {{2, 3}, "", "", {}},
                                          {{1, 2}, "", "", [this] { MakeScreen("velkorandum"); }}};
         };
-        return std::make_unique<astart>(astart::Needs{
-            .base = base,
-            .machine = {instance, programs, registry, player, [this] { return metrics; },
-                        [](const std::string&) { return std::string(); }},
-            .loading = loading,
-            .skin = skin,
-            .keys = keys,
-            .remoteKeys = remoteKeys,
-            .extensions = extensions,
-            .winamp = control,
-            .whole = {steps, Telling("unload screens"), [this] { updates.Supervise(); },
-                      Telling("session ends"), Telling("release")},
-            .firstRun = {[this] { loadSettings(); }, [this] { screens.Remove("settings"); }},
-            .remote = {.learnText = [] { return std::string("171"); }},
-            .catalogue = {server, [this] { updates.Open(); }}});
+        return std::make_unique<astart>(
+            astart::Needs{base,
+                          {instance, programs, registry, player, [this] { return metrics; },
+                           [](const std::string&) { return std::string(); }},
+                          loading,
+                          skin,
+                          keys,
+                          remoteKeys,
+                          extensions,
+                          control,
+                          {steps, Telling("unload screens"), [this] { updates.Supervise(); },
+                           Telling("session ends"), Telling("release")},
+                          {[this] { loadSettings(); }, [this] { screens.Remove("settings"); }},
+                          {.learnText = [] { return std::string("171"); }},
+                          {server, [this] { updates.Open(); }}});
     }
     std::function<void()> Telling(const char* what) {
         return [this, what] { told.push_back(what); };

@@ -9,6 +9,4 @@ namespace vk::test {
 
 struct CoreTest : testing::Test, CoreFixture {};
 
-using Texts = std::vector<std::string>;
-
 } // namespace vk::test
