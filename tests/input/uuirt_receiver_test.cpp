@@ -52,9 +52,8 @@ TEST_F(UuirtTest, EachFailureOfTheDriverHasItsText) {
     EXPECT_EQ(LinesLogged("USB-UIRT driver: /nowhere/libuuirtdrv.so"), 1);
     clock.Advance(60'000);
     EXPECT_EQ(dialogs.shown.size(), 1u) << "without a driver there are no further tries";
-}
-
-TEST_F(UuirtTest, EachErrorOfOpeningHasItsText) {
+    devices.uuirt = Loading(VK_UUIRT_SIM);
+    device.version = 0x0100;
     const std::pair<int, const char*> cases[] = {
         {NoDevice, "Unable to connect to USB-UIRT device!  Please ensure device is connected to "
                    "the computer!"},

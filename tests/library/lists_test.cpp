@@ -17,11 +17,11 @@ namespace {
 using namespace std::string_literals;
 using testing::ElementsAre, testing::IsEmpty;
 
-struct ListFile : testing::Test {
+struct Lists : testing::Test {
     TempFolder folder;
 };
 
-TEST_F(ListFile, LinesEndInAnyWayAndMarksAndBlanksAreDropped) {
+TEST_F(Lists, LinesEndInAnyWayAndMarksAndBlanksAreDropped) {
     EXPECT_THAT(ListLines("\xEF\xBB\xBFone\r\ntwo\rthree\n\n\r\n  four \nfive"),
                 ElementsAre("one", "two", "three", "four", "five"));
     for (const char* empty : {"", "\xEF\xBB\xBF", "\r\r\n\n"})
@@ -37,7 +37,7 @@ std::string Utf16(std::u16string_view text, bool big) {
     return bytes;
 }
 
-TEST_F(ListFile, ListsInUtf16AreReadWithAndWithoutAMark) {
+TEST_F(Lists, ListsInUtf16AreReadWithAndWithoutAMark) {
     for (const bool big : {false, true})
         for (const auto* mark : {u"\uFEFF", u""}) {
             const std::u16string text = std::u16string(mark) +
@@ -56,7 +56,7 @@ TEST_F(ListFile, ListsInUtf16AreReadWithAndWithoutAMark) {
         << "a stray NUL is no sign of UTF-16";
 }
 
-TEST_F(ListFile, EntriesAreAbsoluteRelativeOrWrittenElsewhere) {
+TEST_F(Lists, EntriesAreAbsoluteRelativeOrWrittenElsewhere) {
     const std::string song = folder.Write("sub/song.mp3", "x");
     const std::string accent = folder.Write("caf\xC3\xA9.mp3", "x");
     const std::string raw = folder.Write("raw\xE9.mp3", "x");
@@ -71,7 +71,7 @@ TEST_F(ListFile, EntriesAreAbsoluteRelativeOrWrittenElsewhere) {
         EXPECT_EQ(ResolveListEntry(line, here), "") << line.substr(0, 40);
 }
 
-TEST_F(ListFile, AnyBytesAreReadOrRefused) {
+TEST_F(Lists, AnyBytesAreReadOrRefused) {
     for (const std::string& path : {folder.File("none.m3u"), folder.Path()})
         EXPECT_THROW(ReadListText(path), Error);
     std::mt19937 random(7);
@@ -84,7 +84,7 @@ TEST_F(ListFile, AnyBytesAreReadOrRefused) {
     EXPECT_EQ(visits, 2);
 }
 
-TEST_F(ListFile, WhatIsWrittenReadsBackWithItsCommentOnTop) {
+TEST_F(Lists, WhatIsWrittenReadsBackWithItsCommentOnTop) {
     const std::string song = folder.Write("a song.mp3", "x");
     ASSERT_TRUE(WriteListFile(folder.File("l.m3u"), "Rock", {song, song}));
     EXPECT_EQ(folder.Read("l.m3u"), "# Rock\r\n" + song + "\r\n" + song + "\r\n");
@@ -134,8 +134,7 @@ TEST(Presets, AChangeMeetsTheLinesOfThatFrequencyAlone) {
     }
 }
 
-TEST(Presets, AFileThatCannotBeReadWholeIsLeftAlone) {
-    const TempFolder folder;
+TEST_F(Lists, AFileOfPresetsThatCannotBeReadWholeIsLeftAlone) {
     EXPECT_THROW(SavePreset(folder.File("none.lst"), "96.5", "x"), Error);
     const std::string huge = "96.5:A\r\n" + std::string(2 << 20, 'x');
     const std::string path = folder.Write("huge.lst", huge);
@@ -148,8 +147,7 @@ TEST(Presets, AFileThatCannotBeReadWholeIsLeftAlone) {
     EXPECT_EQ(folder.Read("wide.lst"), "9:new\r\n");
 }
 
-TEST(ChannelList, HoldsANumberALine) {
-    const TempFolder folder;
+TEST_F(Lists, AListOfChannelsHoldsANumberALine) {
     const std::string path =
         folder.Write("a.xcl", "5\r\n 200 \nx\n0\n256\n-3\n\n5\r7.5\n99999999999");
     EXPECT_THAT(ReadChannelList(path), ElementsAre(5, 200, 5));

@@ -1,7 +1,6 @@
 // Tags as bytes, made by tests.
 #pragma once
 
-#include <algorithm>
 #include <initializer_list>
 #include <string>
 
@@ -12,6 +11,10 @@ inline std::string Number(std::size_t value, int bytes, int bitsPerByte = 8) {
     for (int i = bytes - 1; i >= 0; --i)
         text.push_back(static_cast<char>((value >> (i * bitsPerByte)) & ((1u << bitsPerByte) - 1)));
     return text;
+}
+
+inline std::string Bytes(std::initializer_list<int> numbers) {
+    return {numbers.begin(), numbers.end()};
 }
 
 inline std::string Little(std::size_t value) {
@@ -31,9 +34,7 @@ inline std::string TextFrame(int version, const std::string& id, const std::stri
 }
 
 inline std::string ID3v2(int version, const std::string& frames, int revision = 0, int flags = 0) {
-    return "ID3" + Number(static_cast<std::size_t>(version), 1) +
-           Number(static_cast<std::size_t>(revision), 1) +
-           Number(static_cast<std::size_t>(flags), 1) + Number(frames.size(), 4, 7) + frames;
+    return "ID3" + Bytes({version, revision, flags}) + Number(frames.size(), 4, 7) + frames;
 }
 
 inline std::string ID3v1(const std::string& title, const std::string& artist, int genre = 255,
@@ -43,8 +44,7 @@ inline std::string ID3v1(const std::string& title, const std::string& artist, in
         return text;
     };
     return "TAG" + field(title, 30) + field(artist, 30) + field("Low Tide", 30) + "1998" +
-           field("taped  ", 29) + Number(static_cast<std::size_t>(track), 1) +
-           Number(static_cast<std::size_t>(genre), 1);
+           field("taped  ", 29) + Bytes({track, genre});
 }
 
 inline std::string CommentList(std::initializer_list<std::string> comments) {
@@ -61,22 +61,14 @@ inline std::string Vorbis(std::initializer_list<std::string> comments) {
 }
 
 /// One packet in as many pages of an Ogg stream as it takes.
-inline std::string OggPages(std::string packet) {
-    constexpr std::size_t Segment = 255;
-    std::string pages, lengths;
-    std::size_t taken = 0;
-    for (bool ended = false; !ended;) {
-        lengths.clear();
-        std::size_t body = 0;
-        while (lengths.size() < Segment && !ended) {
-            const std::size_t length = std::min(Segment, packet.size() - taken - body);
-            lengths.push_back(static_cast<char>(length));
-            body += length;
-            ended = length < Segment;
-        }
+inline std::string OggPages(const std::string& packet) {
+    constexpr std::size_t Most = 255; // bytes in a segment, segments in a page
+    std::string pages, lengths(packet.size() / Most, '\xFF');
+    lengths += static_cast<char>(packet.size() % Most);
+    for (std::size_t at = 0; at < lengths.size(); at += Most) {
+        const std::string table = lengths.substr(at, Most);
         pages += "OggS" + std::string(10, '\0') + "unit" + std::string(8, '\0') +
-                 static_cast<char>(lengths.size()) + lengths + packet.substr(taken, body);
-        taken += body;
+                 static_cast<char>(table.size()) + table + packet.substr(at * Most, Most * Most);
     }
     return pages;
 }

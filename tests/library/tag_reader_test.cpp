@@ -209,8 +209,7 @@ TEST(EmbeddedPicture, ComesOutOfEveryVersionOfTheTag) {
 
 TEST(EmbeddedPicture, IsTheFrontCoverOfAFlacFile) {
     const auto block = [](int type, const std::string& body, bool last = false) {
-        return Number(static_cast<std::size_t>(type + (last ? 128 : 0)), 1) +
-               Number(body.size(), 3) + body;
+        return Bytes({type + (last ? 128 : 0)}) + Number(body.size(), 3) + body;
     };
     const std::string front = PictureBlock(3, Jpeg), back = PictureBlock(4, "back");
     const std::string start = "fLaC" + block(0, std::string(34, '\0'));

@@ -11,6 +11,7 @@ struct UpdatesTest : CatalogueFixture {
         state.DBState = DBStateValue::Offline;
         state.Setup = true;
         screens.CurrentForm = "velkorandum";
+        updates.Open();
     }
     void Supervise(int ticks) {
         for (int i = 0; i < ticks; ++i)
@@ -27,7 +28,6 @@ struct UpdatesTest : CatalogueFixture {
 };
 
 TEST_F(UpdatesTest, TheFirstScanOfARunStartsOnceAndIsWhole) {
-    updates.Open();
     EXPECT_EQ(state.DBState, DBStateValue::Initialized);
     Supervise(3);
     ASSERT_EQ(scans.size(), 1u);
@@ -52,7 +52,6 @@ TEST_F(UpdatesTest, TheFirstScanOfARunStartsOnceAndIsWhole) {
 }
 
 TEST_F(UpdatesTest, NoScanStartsBeforeItsTime) {
-    updates.Open();
     const auto refuse = [&](auto& value, auto bad) {
         const auto good = std::exchange(value, bad);
         Supervise(1);
@@ -69,7 +68,6 @@ TEST_F(UpdatesTest, NoScanStartsBeforeItsTime) {
 }
 
 TEST_F(UpdatesTest, ADeletedCatalogueIsMadeAnewOnRequest) {
-    updates.Open();
     Supervise(1);
     End();
     updates.Delete();
@@ -89,7 +87,6 @@ TEST_F(UpdatesTest, ADeletedCatalogueIsMadeAnewOnRequest) {
 }
 
 TEST_F(UpdatesTest, AServerThatIsLostLeavesTheOldRows) {
-    updates.Open();
     db.UpdateFileRow(media.Write("a.m3u", "x"));
     state.DBState = DBStateValue::Rebuilding;
     EXPECT_TRUE(updates.Busy());
@@ -102,7 +99,6 @@ TEST_F(UpdatesTest, AServerThatIsLostLeavesTheOldRows) {
 }
 
 TEST_F(UpdatesTest, ProgressIsToldToTheSettingsScreenAlone) {
-    updates.Open();
     updates.RequestScan();
     EXPECT_EQ(updates.Action(), "Please Wait...");
     Supervise(1);

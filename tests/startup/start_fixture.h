@@ -33,7 +33,7 @@ struct StartFixture : CoreFixture {
         app.Write("skins/Torque.skn", "[Colors]\n");
         app.Write("DB_UPDATE", "");
         registry.SetStringValue(Hive::ClassesRoot, "DB_UPDATE.clsDB", "", app.File("DB_UPDATE"));
-        report.unloadAll = [this] { ++ended; };
+        report.unloadAll = [] {};
     }
 
     std::unique_ptr<astart> Make() {
@@ -100,7 +100,6 @@ struct StartFixture : CoreFixture {
     MediaExtensions extensions;
     std::unique_ptr<cWinamp> control;
     std::function<void()> loadSettings = [this] { MakeScreen("settings"); };
-    int ended = 0;
 
     ID3 reader{{log, dialogs}, state.DecimalSymbol};
     modDB db{{state, extensions, settings, report, reader}};

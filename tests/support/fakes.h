@@ -71,12 +71,10 @@ class FakeVolumes : public Volumes {
     std::vector<Drive> Drives() const override { return drives; }
     bool IsReady(const std::string& root) const override { return ready.contains(root); }
     std::string Label(const std::string& root) const override {
-        const auto found = labels.find(root);
-        return found == labels.end() ? std::string() : found->second;
+        return labels.contains(root) ? labels.at(root) : std::string();
     }
     std::int32_t Serial(const std::string& path) const override {
-        const auto found = serials.find(DriveOf(path));
-        return found == serials.end() ? 0 : found->second;
+        return serials.contains(DriveOf(path)) ? serials.at(DriveOf(path)) : 0;
     }
     std::string DriveOf(const std::string& path) const override {
         std::string best = "/";
