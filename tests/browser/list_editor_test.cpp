@@ -91,8 +91,7 @@ TEST_F(ListEditing, AnEditedListIsUpdatedAndShownAgain) {
     EXPECT_EQ(keyboard.UserText(), "old");
     EXPECT_EQ(keyboard.Mark(), KeyboardModel::OKKey);
     keyboard.KeyClick(KeyboardModel::EscKey);
-    EXPECT_EQ(view.title, "Building Playlist | Browse By Directory ") << "Escape goes on editing";
-    EXPECT_EQ(state.ListMode, ListBuild);
+    EXPECT_EQ(state.ListMode, ListBuild) << "Escape goes on editing";
     Names titles;
     view.onTitle = [&](const std::string& title) { titles.push_back(title); };
     SaveAs("OLD");
@@ -126,18 +125,14 @@ TEST_F(ListEditing, WhatCannotBeSavedIsSaidAndLosesNothing) {
     disk.Write("lists/Taken.m3u", "other");
     disk.MakeFolder("lists/y.m3u.new"); // stands where the new file is written
     const std::string bad = "A list cannot have this name.", missing = disk.File("nowhere");
-    const std::tuple<std::string, std::string, std::string> cases[] = {
-        {"   ", "Please type a name.", lists},
-        {"/", bad, lists},
-        {"..", bad, lists},
-        {"a\nb", bad, lists},
-        {"../up", bad, lists},
-        {std::string(300, 'x'), "The name is too long.", lists},
-        {"taken", "There is a list of this name.", lists},
-        {"x", "The playlist folder is missing.", missing},
-        {"y", "Not saved: ", lists}};
+    using Case = std::array<std::string, 3>;
     BuildNew(A);
-    for (const auto& [name, said, folder] : cases) {
+    for (const auto& [name, said, folder] :
+         {Case{"   ", "Please type a name.", lists}, Case{"/", bad, lists}, Case{"..", bad, lists},
+          Case{"a\nb", bad, lists}, Case{"../up", bad, lists},
+          Case{std::string(300, 'x'), "The name is too long.", lists},
+          Case{"taken", "There is a list of this name.", lists},
+          Case{"x", "The playlist folder is missing.", missing}, Case{"y", "Not saved: ", lists}}) {
         core.settings.values.PlaylistDir = folder;
         SaveAs(name);
         EXPECT_THAT(keyboard.Caption(), testing::StartsWith(said)) << name;

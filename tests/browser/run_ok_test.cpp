@@ -107,22 +107,6 @@ TEST_F(RunOk, AListThatCannotBeReadOrWrittenIsSaid) {
     Choose("(Unknown Artist) - a");
     EXPECT_EQ(view.loading, "The play list could not be written.");
     EXPECT_EQ(audio.PlayMode, PlayNone);
-    EXPECT_EQ(player.Count("ReShow"), 0);
-}
-
-TEST_F(RunOk, GoingBackLandsOnTheRowOneCameFrom) {
-    MediaFiles({"a/x.mp3", "b/in/x.mp3", "c/x.mp3"});
-    core.app.Write("favorites.m3u", media + "/a/x.mp3");
-    core.volumes.drives.clear();
-    browser().ReShow();
-    const std::string top = "Browse By Directory  | Build a new PlayList | ";
-    Steps({{"Favorites", "Favorites | [<Edit This List>] | (Unknown Artist) - x"},
-           {"<", top + "[Favorites] | a | b | c"},
-           {"b", " b | [<...>] | in | No Supported Media Found"},
-           {"in", " in | [<...>] | (Unknown Artist) - x"},
-           {"<", " b | <...> | [in] | No Supported Media Found"},
-           {"<", top + "Favorites | a | [b] | c"},
-           {"<", top + "Favorites | a | [b] | c"}});
 }
 
 TEST_F(RunOk, AFailureLeadsToTheTopAndIsReported) {

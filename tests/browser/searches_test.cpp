@@ -109,7 +109,6 @@ TEST_F(SearchesTest, AKeyLeadsToTheSearchesUnlessTextIsTyped) {
     EXPECT_EQ(Selected(), "---Text Search Options---");
     AskFor(ByTitle);
     browser().Form_KeyDown("70");
-    EXPECT_TRUE(view.keyboard);
     EXPECT_EQ(keyboard.UserText(), "F");
     core.state.DBState = DBStateValue::Rebuilding;
     Enter(media);

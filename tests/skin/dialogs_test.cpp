@@ -286,7 +286,7 @@ TEST_F(DialogsTest, MappedKeysWorkADialog) {
     EXPECT_EQ(Typed(text, "x"), "xo") << "where a text is typed it types";
 }
 
-TEST_F(DialogsTest, AFolderIsFoundByKeysAndTouch) {
+TEST_F(DialogsTest, AFolderIsFoundByKeysAndTouchOrMadeAndEntered) {
     const std::array<std::string, 3> cases[] = {
         {tree, "_\n><>\n", tree + "/A"},
         {tree, ">__\n", ""}, // the cancel button
@@ -299,9 +299,6 @@ TEST_F(DialogsTest, AFolderIsFoundByKeysAndTouch) {
         Touch("Select this folder");
     };
     EXPECT_EQ(Chosen(touch, tree), tree + "/b");
-}
-
-TEST_F(DialogsTest, ANewFolderIsMadeAndEntered) {
     const auto make = [this] {
         Then("Fresh\n");
         Keys(">_\n\n");

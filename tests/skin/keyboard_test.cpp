@@ -159,9 +159,6 @@ TEST_F(OSKTest, EveryKeyIsPressedByATouchThatStaysOnIt) {
     osk.SetProperties(off);
     Click(osk, Middle(A));
     EXPECT_EQ(model.UserText(), "") << "slid off, missed, busy, switched off";
-}
-
-TEST_F(OSKTest, KeysAreLargeAndInsideOnEveryPanel) {
     for (const QSize panel : PanelSizes) {
         osk.resize(panel.width() * 96 / 100, panel.height() * 69 / 100);
         EXPECT_GE(model.Label1(0).Height * 10, panel.height()) << panel.width();
