@@ -79,8 +79,8 @@ void Loudness::VolDown() {
 
 // Safe and split volume --------------------------------------------------------------------------
 
-std::optional<std::int32_t> Loudness::LevelToKeep(const std::string& section) const {
-    const bool others = Options().UseSplitVolume && section_ != section;
+std::optional<std::int32_t> Loudness::LevelToKeep(const Setting<std::int32_t>& kept) const {
+    const bool others = Options().UseSplitVolume && kept_ != &kept;
     if (Max() <= 0 || others) return std::nullopt;
     return Wanted();
 }
@@ -102,8 +102,8 @@ void Loudness::CutAtStart() {
     safeVolumeDone_ = safeVolumeDone_ || !Options().UseSplitVolume;
 }
 
-void Loudness::Enter(const std::string& section) {
-    section_ = section;
+void Loudness::Enter(const Setting<std::int32_t>& kept) {
+    kept_ = &kept;
     SetFirstLevel();
 }
 
@@ -123,8 +123,8 @@ void Loudness::SetFirstLevel() {
 
 // One off the scale is another card's, and says nothing of this one.
 std::int32_t Loudness::OwnLevel() {
-    if (base_.settings.Read(section_, "Volume").empty()) return Wanted();
-    const auto kept = base_.settings.Read(section_, "Volume", IniType::Long).Long();
+    if (!kept_ || base_.settings.Text(*kept_).empty()) return Wanted();
+    const auto kept = base_.settings.Get(*kept_);
     return kept >= 0 && kept <= Max() ? kept : Wanted();
 }
 

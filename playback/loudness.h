@@ -55,15 +55,15 @@ class Loudness {
     /// What `LoudnessListener` was told last.
     std::string Text() const { return muted_ ? "Muted" : std::to_string(percent_) + "%"; }
 
-    /// The player whose settings are in `section` is entered: with `UseSplitVolume` it gets its own
-    /// level, its key `Volume`; a loud level is cut to the safe one, once a run. Without a card
-    /// both wait for the one that comes.
-    void Enter(const std::string& section);
+    /// The player whose level is kept in `kept` is entered: with `UseSplitVolume` it gets that; a
+    /// loud level is cut to the safe one, once a run. Without a card both wait for the one that
+    /// comes.
+    void Enter(const Setting<std::int32_t>& kept);
     /// The system has started: a loud level is cut before anything plays.
     void CutAtStart();
-    /// What the next run is to find for the player of `section`: the level, or that behind a mute.
+    /// What the next run is to find in `kept`, a player's: the level, or that behind a mute.
     /// None without a card, nor of a level of its own that it has not been entered with.
-    std::optional<std::int32_t> LevelToKeep(const std::string& section) const;
+    std::optional<std::int32_t> LevelToKeep(const Setting<std::int32_t>& kept) const;
 
     /// A card has come, perhaps in place of another: it gets the mute and the level of the one
     /// before, or the first level when that still waits.
@@ -113,7 +113,8 @@ class Loudness {
     std::optional<double> share_;
     std::int32_t percent_ = 0;
     bool muted_ = false;
-    std::string section_;        ///< of the player that was entered last
+    /// Of the player that was entered last; null: none was.
+    const Setting<std::int32_t>* kept_ = nullptr;
     bool firstLevelDue_ = false; ///< it waits for a card
     bool safeVolumeDone_ = false;
 

@@ -26,19 +26,15 @@ bool HasListToResume(const SettingsStore& settings) {
 
 ResumeResult PrepareResume(SettingsStore& settings, const Volumes& volumes, AudioState& audio) {
     if (!HasListToResume(settings)) return ResumeResult::NoList;
-    const auto number = [&](std::string_view key) {
-        return settings.Read("audio_player", key, IniType::Long).Long();
-    };
-    const std::int32_t serial = number("volumeserial");
+    const std::int32_t serial = settings.Get(setting::AudioVolumeSerial);
     if (!DiscIsIn(serial, settings.values.CDDriveLetter, volumes)) return ResumeResult::DiscMissing;
     audio.PlayMode = PlayAudio;
     audio.bResuming = settings.values.DoResume;
     audio.bStartPlaying = true;
     // The position may carry a fraction; only its whole seconds count.
-    const double position =
-        settings.Read("audio_player", "CurrentPosition", IniType::Double).Double();
+    const double position = settings.Get(setting::CurrentPosition);
     audio.ResumePosition = static_cast<std::int32_t>(std::clamp(position, -1.0, 1e9));
-    audio.TrackToSelect = std::clamp(number("currenttrack"), 0, MostTrack) + 1;
+    audio.TrackToSelect = std::clamp(settings.Get(setting::CurrentTrack), 0, MostTrack) + 1;
     audio.VolumeSerial = serial;
     audio.ListFile = settings.File(AudioListName);
     return ResumeResult::Ready;

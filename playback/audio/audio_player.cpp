@@ -5,7 +5,6 @@ namespace vk {
 namespace {
 
 constexpr const char* FormName = "playmp3";
-constexpr const char* SettingsSection = "audio_player";
 
 std::string ErrorIn(const char* operation) {
     return std::string("Error occured in Playmp3.") + operation + " ";
@@ -58,7 +57,7 @@ void AudioPlayer::Ready() {
 void AudioPlayer::ReShow() {
     TrapAndLog(base_.report, "There has been an error in playmp3.ReShow ", [&] {
         Enter();
-        n_.loudness.Enter(SettingsSection);
+        n_.loudness.Enter(setting::AudioVolume);
         if (PlayerSource* source = sources_.Current()) source->Enter();
         sources_.SetMediaTypeIcon();
         sources_.SetPlayerButton();
@@ -87,8 +86,8 @@ void AudioPlayer::ReDisplay() {
 
 void AudioPlayer::SaveAudioData(std::int32_t mode) {
     TrapAndLog(base_.report, ErrorIn("SaveAudioData"), [&] {
-        if (const auto level = n_.loudness.LevelToKeep(SettingsSection))
-            base_.settings.Write(SettingsSection, "Volume", std::to_string(*level));
+        if (const auto level = n_.loudness.LevelToKeep(setting::AudioVolume))
+            base_.settings.Set(setting::AudioVolume, *level);
         if (PlayerSource* source = sources_.Find(mode == PlayNone ? n_.audio.PlayMode : mode))
             source->Save();
     });
@@ -99,7 +98,7 @@ void AudioPlayer::switchingform() {
         ticks_.Stop();
         buttons_.LetGo();
         view_.ShowFrame(false);
-        base_.settings.Write("main", "LastPlayMode", std::to_string(n_.audio.PlayMode));
+        base_.settings.Set(setting::LastPlayMode, n_.audio.PlayMode);
         if (PlayerSource* source = sources_.Current()) source->LeaveScreen();
     });
 }
@@ -220,9 +219,7 @@ void AudioPlayer::setshuffle() {
 
 void AudioPlayer::TrackTimeLabel_Click() {
     TrapAndLog(base_.report, ErrorIn("TrackTimeLabel_Click"), [&] {
-        bool& elapsed = base_.settings.values.ShowElapsedTime;
-        elapsed = !elapsed;
-        base_.settings.WriteBool(SettingsSection, "ShowElapsedTime", elapsed);
+        base_.settings.Set(setting::ShowElapsedTime, !base_.settings.values.ShowElapsedTime);
         if (PlayerSource* source = sources_.Current()) source->ShowTrackTime();
     });
 }

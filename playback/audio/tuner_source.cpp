@@ -12,9 +12,8 @@ void TakePresets(SettingsStore& settings, AudioState& audio) {
 }
 
 void TakeChannels(SettingsStore& settings, AudioState& audio) {
-    audio.ListFile = settings.Read("xmpcr_tuner", "PresetList");
-    audio.ListTitle =
-        audio.ListFile.empty() ? XMSourceName : settings.Read("xmpcr_tuner", "ListTitle");
+    audio.ListFile = settings.Get(setting::PresetList);
+    audio.ListTitle = audio.ListFile.empty() ? XMSourceName : settings.Get(setting::ListTitle);
 }
 
 } // namespace

@@ -35,10 +35,10 @@ struct LoudnessTest : testing::Test, CoreFixture {
         return Card();
     }
     std::int32_t FirstLevel() {
-        volume.Enter("audio_player");
+        volume.Enter(setting::AudioVolume);
         return master;
     }
-    auto Kept() { return volume.LevelToKeep("audio_player"); }
+    auto Kept() { return volume.LevelToKeep(setting::AudioVolume); }
 };
 
 TEST_F(LoudnessTest, MovesByAFiftiethOfItsLineAndStopsAtTheEnds) {
@@ -165,7 +165,7 @@ TEST_F(LoudnessTest, EachPlayerHasALevelOfItsOwnCutOnceARunWhenItIsLoud) {
     master = 800;
     EXPECT_EQ(FirstLevel(), 800) << "none of its own yet";
     EXPECT_EQ(Kept(), 800);
-    EXPECT_EQ(volume.LevelToKeep("video_player"), std::nullopt) << "another's";
+    EXPECT_EQ(volume.LevelToKeep(setting::VideoVolume), std::nullopt) << "another's";
     settings.Write("audio_player", "Volume", "440");
     settings.values.AdjMainVol = false;
     wave = 7;
@@ -179,7 +179,7 @@ TEST_F(LoudnessTest, EachPlayerHasALevelOfItsOwnCutOnceARunWhenItIsLoud) {
     anew.CutAtStart();
     EXPECT_EQ(master, 360);
     master = 440;
-    anew.Enter("audio_player");
+    anew.Enter(setting::AudioVolume);
     EXPECT_EQ(master, 360) << "the player's own was still to come";
 }
 
