@@ -1,5 +1,7 @@
 #include "playback/audio/audio_player.h"
 
+#include <functional>
+
 namespace vk {
 
 namespace {
@@ -207,7 +209,7 @@ void AudioPlayer::AddToFavorites() {
 
 void AudioPlayer::MoveList(void (ListModel::*move)(), const char* where) {
     TrapAndLog(base_.report, ErrorIn(where), [&] {
-        (list_.*move)();
+        std::invoke(move, list_);
         rows_.ReadTagsOnPage();
         view_.ReDrawList();
     });

@@ -86,9 +86,10 @@ class Spy {
     const ScreenOperations real_;
 };
 
-class RandomTest : public testing::TestWithParam<unsigned>, public WiredSystem {
+/// One run of the whole system under what a seed gives.
+class RandomRun : public WiredSystem {
   public:
-    RandomTest() {
+    explicit RandomRun(unsigned seed) : random_(seed) {
         // A player that stays silent now and then: what waits for it waits to its end.
         player.answer = [this, real = player.answer](const auto& message) {
             return silent_ ? 0 : real(message);
@@ -96,7 +97,11 @@ class RandomTest : public testing::TestWithParam<unsigned>, public WiredSystem {
         onEvents = [this] { WithinEvents(); };
     }
 
-  protected:
+    void Work();
+
+    int lateQuits = 0; ///< pressed while something ran
+
+  private:
     /// Every screen that has been made since is watched from now on.
     void Watch() {
         for (const char* name : {HomeScreen, "playlists", "playmp3", "settings", "settingsKeyboard",
@@ -114,25 +119,24 @@ class RandomTest : public testing::TestWithParam<unsigned>, public WiredSystem {
         const std::string form = Front();
         const bool late = host().commands.RunningMs() >= Commands::InterruptMs;
         if (late && !host().dialogs.Active()) owed_[form] = record_.quits[form] + 1;
-        lateQuits_ += late;
+        lateQuits += late;
         byRemote ? Remote("BACK") : Key(Qt::Key_Escape);
     }
+    /// Where OK would choose another media folder or remote, or end the system.
+    bool OnSettings() { return Front().starts_with("settings"); }
     void Press() {
         static constexpr int Keys[] = {
             Qt::Key_Up,   Qt::Key_Down,   Qt::Key_Left,   Qt::Key_Right,  Qt::Key_Up,
             Qt::Key_Down, Qt::Key_P,      Qt::Key_L,      Qt::Key_M,      Qt::Key_U,
             Qt::Key_D,    Qt::Key_PageUp, Qt::Key_Return, Qt::Key_Return, Qt::Key_Return};
         const int key = Keys[Any(std::size(Keys))];
-        // Which would choose another media folder, that of this machine, or another remote.
-        const bool changes = Front() == "settings" || Front() == "settingsRemote";
-        if (changes && key == Qt::Key_Return) return;
+        if (key == Qt::Key_Return && OnSettings()) return;
         Key(key);
     }
     void Touch() {
         const QPoint at(Any(800), Any(430)); // above the menu's quit
         QWidget* target = host().window.childAt(at);
-        if (target && !Front().starts_with("settings"))
-            Click(*target, target->mapFrom(&host().window, at));
+        if (target && !OnSettings()) Click(*target, target->mapFrom(&host().window, at));
     }
     void One() {
         switch (Any(10)) {
@@ -142,7 +146,7 @@ class RandomTest : public testing::TestWithParam<unsigned>, public WiredSystem {
         case 2:
             return Touch();
         case 3:
-            return Remote(Any(2) == 0 ? "OK" : "DOWN", Any(3));
+            return Remote(Any(2) == 0 && !OnSettings() ? "OK" : "DOWN", Any(3));
         case 4:
             silent_ = Any(3) == 0;
             if (Any(10) == 0) player.running = false;
@@ -187,16 +191,16 @@ class RandomTest : public testing::TestWithParam<unsigned>, public WiredSystem {
     Record record_;
     std::vector<std::unique_ptr<Spy>> spies_; ///< kept: one may be on the stack as its screen goes
     const std::type_info* spied_ = nullptr;
-    std::mt19937 random_{GetParam()};
+    std::mt19937 random_;
     std::map<std::string, int> owed_; ///< quits that must have been carried out, by screen
-    int depth_ = 0, lateQuits_ = 0;
+    int depth_ = 0;
     bool silent_ = false;
     bool quiet_ = true; ///< nothing comes from outside
 };
 
-TEST_P(RandomTest, NothingIsLostAndNothingIsLeft) {
+void RandomRun::Work() {
     ASSERT_TRUE(Make().Start());
-    for (int step = 0; step < Steps && !HasFailure(); ++step) {
+    for (int step = 0; step < Steps && !testing::Test::HasFailure(); ++step) {
         const std::string when = "step " + std::to_string(step);
         const std::int64_t begun = clock.TickMs();
         quiet_ = false;
@@ -206,11 +210,11 @@ TEST_P(RandomTest, NothingIsLostAndNothingIsLeft) {
         else
             One();
         quiet_ = true;
+        ASSERT_EQ(exits, 0) << when << ": nobody asked for the end";
         EXPECT_LT(clock.TickMs() - begun, LongestStepMs) << when;
         ExpectAtRest(when);
         if (Any(20) == 0) QuitAtRest(when);
     }
-    EXPECT_GT(lateQuits_, 0);
     quiet_ = true;
     app->Quit(Any(2) == 0);
     Pass(10);
@@ -220,9 +224,16 @@ TEST_P(RandomTest, NothingIsLostAndNothingIsLeft) {
     EXPECT_EQ(clock.Timers(), 0);
 }
 
-// Seeds 1, 2 and 4 do not pass yet: at rest on the settings screen a quit is dropped there, by key
-// and by remote, and why is not known.
-INSTANTIATE_TEST_SUITE_P(Seeds, RandomTest, testing::Values(3u, 5u));
+TEST(Random, NothingIsLostAndNothingIsLeft) {
+    int lateQuits = 0;
+    for (const unsigned seed : {1u, 2u, 3u, 4u, 5u}) {
+        SCOPED_TRACE("seed " + std::to_string(seed));
+        RandomRun run(seed);
+        run.Work();
+        lateQuits += run.lateQuits;
+    }
+    EXPECT_GT(lateQuits, 5) << "else nothing was tried";
+}
 
 } // namespace
 } // namespace vk::test
