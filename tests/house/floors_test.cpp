@@ -7,10 +7,10 @@
 #include <filesystem>
 #include <fstream>
 #include <map>
-#include <regex>
 #include <set>
 #include <sstream>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace vk::test {
@@ -51,7 +51,7 @@ std::map<std::string, int> Floors() {
 }
 
 std::vector<Arrow> Arrows(const std::map<std::string, int>& floors) {
-    static const std::regex include(R"re(^\s*#include "([^"]+)")re");
+    constexpr std::string_view Include = "#include \"";
     std::vector<Arrow> arrows;
     for (const auto& [room, floor] : floors) {
         const fs::path root = fs::path(VK_SOURCE_DIR) / room;
@@ -60,9 +60,10 @@ std::vector<Arrow> Arrows(const std::map<std::string, int>& floors) {
             if (extension != ".h" && extension != ".cpp") continue;
             const std::string from = fs::relative(entry.path(), VK_SOURCE_DIR).string();
             std::ifstream file(entry.path());
-            std::smatch match;
             for (std::string line; std::getline(file, line);)
-                if (std::regex_search(line, match, include)) arrows.push_back({from, match[1]});
+                if (line.starts_with(Include))
+                    arrows.push_back(
+                        {from, line.substr(Include.size(), line.rfind('"') - Include.size())});
         }
     }
     return arrows;
