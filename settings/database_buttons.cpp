@@ -23,46 +23,47 @@ bool SettingsShell::RefusedWhileBusy() {
 }
 
 void SettingsShell::AskForUpdate() {
-    if (n_.dialogs.AskYesNo("Update the media database now?\nThis may take a few minutes",
-                            "Velkorandum Database"))
+    if (n_.base.dialogs.AskYesNo("Update the media database now?\nThis may take a few minutes",
+                                 "Velkorandum Database"))
         n_.catalogue.RequestScan();
 }
 
 void SettingsShell::bDBForceUpdate_Click() {
-    Trap(n_.report, "An error occured in settings.bDBForceUpdate_Click ", [&] {
+    Trap(n_.base.report, "An error occured in settings.bDBForceUpdate_Click ", [&] {
         if (n_.catalogue.Busy())
             n_.catalogue.RequestStop();
-        else if (n_.dialogs.AskYesNo("Update the Velkorandum database now?", "Database Update"))
+        else if (n_.base.dialogs.AskYesNo("Update the Velkorandum database now?",
+                                          "Database Update"))
             n_.catalogue.RequestScan();
         view_.ShowTexts();
     });
 }
 
 void SettingsShell::bDeleteDB_Click() {
-    Trap(n_.report, "An error occured in settings.bDeleteDB_Click ", [&] {
+    Trap(n_.base.report, "An error occured in settings.bDeleteDB_Click ", [&] {
         if (RefusedWhileBusy()) return;
-        if (!n_.dialogs.AskYesNo("Are you sure?", "Delete Velkorandum Database")) return;
+        if (!n_.base.dialogs.AskYesNo("Are you sure?", "Delete Velkorandum Database")) return;
         if (RefusedWhileBusy()) return; // a scan may have begun meanwhile
         n_.catalogue.Delete();
-        if (n_.dialogs.AskYesNo("Update the media database now?\nThis may take a few minutes",
-                                "Velkorandum Database"))
+        if (n_.base.dialogs.AskYesNo("Update the media database now?\nThis may take a few minutes",
+                                     "Velkorandum Database"))
             n_.catalogue.OpenAnew();
         view_.ShowTexts();
     });
 }
 
 void SettingsShell::chkDBManualUpdate_Click() {
-    Trap(n_.report, "An error occured in settings.chkDBManualUpdate_Click ", [&] {
+    Trap(n_.base.report, "An error occured in settings.chkDBManualUpdate_Click ", [&] {
         const bool manual = !Values().manualdb;
-        if (manual) n_.dialogs.ShowMessage(ManualWarning, "Critical Database Option Change");
-        n_.settings.Set(setting::manualdb, manual);
-        n_.settings.LoadSettings();
+        if (manual) n_.base.dialogs.ShowMessage(ManualWarning, "Critical Database Option Change");
+        n_.base.settings.Set(setting::manualdb, manual);
+        n_.base.settings.LoadSettings();
         view_.ShowTexts();
     });
 }
 
 std::string SettingsShell::DBStatusText() const {
-    switch (n_.state.DBState) {
+    switch (n_.base.state.DBState) {
     case DBStateValue::Disabled:
         return "Disabled";
     case DBStateValue::Offline:

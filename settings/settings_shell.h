@@ -1,7 +1,7 @@
 // The settings screen's logic: the first run, the two folders, the way out.
 #pragma once
 
-#include "core/app_state.h"
+#include "core/base.h"
 #include "core/error_report.h"
 #include "core/screens.h"
 #include "core/settings.h"
@@ -37,29 +37,26 @@ class SettingsView {
 
 class SettingsShell {
   public:
+    /// What follows a visit.
+    struct WaysOut {
+        std::function<void()> finishStart;     ///< the rest of the start, after a first run
+        std::function<void()> reloadScreens;   ///< after any other visit
+        std::function<void()> askPlayer;       ///< whether the player process still answers
+        std::function<void()> exitApplication; ///< ends the process, nothing more is asked
+    };
     struct Needs {
-        AppState& state;
-        SettingsStore& settings;
-        ErrorReport& report;
-        Dialogs& dialogs;
-        Clock& clock;
-        const LocaleInfo& locale;
-        Screens& screens;
-        WindowLayer& window;
+        Base& base;
         LoadingScreen& loading;
         SkinStore& skin;
         KeyMap& keys;
         RemoteMap& remoteKeys;
         MediaExtensions& extensions;
-        std::function<void()> finishStart;   ///< the rest of the start, after a first run
-        std::function<void()> reloadScreens; ///< after any other visit
-        std::function<void()> askPlayer;     ///< whether the player process still answers
         CatalogueUpdates& catalogue;
-        std::function<void()> exitApplication; ///< ends the process, nothing more is asked
+        WaysOut ways;
     };
 
     SettingsShell(Needs needs, SettingsView& view)
-        : n_(std::move(needs)), view_(view), folders_(n_.settings, n_.dialogs) {}
+        : n_(std::move(needs)), view_(view), folders_(n_.base.settings, n_.base.dialogs) {}
 
     void ReShow();
     void btnmediadir_Click();
@@ -70,7 +67,7 @@ class SettingsShell {
     /// Turns the updates at each start off or on again.
     void chkDBManualUpdate_Click();
     /// Opens a page of its own, by its name as a screen.
-    void ShowPage(const char* name) { n_.screens.Show(name); }
+    void ShowPage(const char* name) { n_.base.screens.Show(name); }
     void DoneButton_Click();
     void bExitApp_Click();
 
@@ -81,7 +78,7 @@ class SettingsShell {
     /// How far an update is, of 100.
     int DBPercent() const { return n_.catalogue.Percent(); }
     bool DBUpdating() const { return n_.catalogue.Busy(); }
-    const Settings& Values() const { return n_.settings.values; }
+    const Settings& Values() const { return n_.base.settings.values; }
 
     bool FirstRunDue = false; ///< the user has not been through the first run yet
 

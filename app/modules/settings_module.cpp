@@ -29,27 +29,20 @@ bool SettingsModule::Remove() {
 }
 
 SettingsShell::Needs SettingsModule::ShellNeeds() {
-    return {.state = host_.state,
-            .settings = host_.settings,
-            .report = host_.report,
-            .dialogs = host_.dialogs,
-            .clock = host_.base.clock,
-            .locale = host_.base.locale,
-            .screens = host_.screens,
-            .window = host_.base.window,
+    return {.base = host_.base,
             .loading = host_.background,
             .skin = host_.skin,
             .keys = host_.keys,
             .remoteKeys = host_.remoteKeys,
             .extensions = library_.extensions,
-            .finishStart = finishStart,
-            .reloadScreens = reloadScreens,
-            .askPlayer =
-                [this] {
-                    if (playback_.winamp) playback_.winamp->WinAMP_GetStatus();
-                },
             .catalogue = library_.updates,
-            .exitApplication = [this] { host_.quit(false); }};
+            .ways = {.finishStart = finishStart,
+                     .reloadScreens = reloadScreens,
+                     .askPlayer =
+                         [this] {
+                             if (playback_.winamp) playback_.winamp->WinAMP_GetStatus();
+                         },
+                     .exitApplication = [this] { host_.quit(false); }}};
 }
 
 RemoteLearning::Needs SettingsModule::LearningNeeds() {

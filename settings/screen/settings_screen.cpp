@@ -19,7 +19,7 @@ constexpr int HeadingPercent = 11;      // of the screen's height
 constexpr int GapShare = 160;           // a gap is the width divided by this
 
 KeyboardLearning::Needs KeyboardNeeds(const SettingsShell::Needs& shell) {
-    return {shell.settings, shell.report, shell.clock, shell.keys};
+    return {shell.base.settings, shell.base.report, shell.base.clock, shell.keys};
 }
 
 } // namespace
@@ -27,12 +27,12 @@ KeyboardLearning::Needs KeyboardNeeds(const SettingsShell::Needs& shell) {
 settings::settings(const ControlContext& context, SettingsShell::Needs shell,
                    RemoteLearning::Needs remote, QWidget* parent)
     : QWidget(parent), context_(context), shellPage_(shell, *this), keyboard_(KeyboardNeeds(shell)),
-      remote_(std::move(remote)), pages_(shell.screens, shell.keys, *this), heading_(this) {
+      remote_(std::move(remote)), pages_(shell.base.screens, shell.keys, *this), heading_(this) {
     const auto back = [this] { pages_.GoTo(0); };
     pages_.Add(shellPage_.Describe());
-    pages_.Add(AppearancePage(shell.settings));
+    pages_.Add(AppearancePage(shell.base.settings));
     pages_.Add(KeyboardPage(keyboard_, back));
-    pages_.Add(RemotePage(shell.settings, remote_, back));
+    pages_.Add(RemotePage(shell.base.settings, remote_, back));
     keyboard_.onTimeOut = remote_.onTimeOut = [this] { Draw(); };
     heading_.SetWrap(true);
     heading_.SetShrink(SmallestHeading);

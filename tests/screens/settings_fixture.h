@@ -18,10 +18,15 @@ struct SettingsFixture : StartFixture {
         host.resize(800, 480);
         screen = std::make_unique<vk::settings>(
             ControlContext{state, settings.values, skin, pictures, clock, pump, commands},
-            SettingsShell::Needs{
-                state, settings, report, dialogs, clock, locale, screens, window, loading, skin,
-                keys, remoteKeys, extensions, [this] { start->FinishExecution(); },
-                [this] { start->ReloadScreens(); }, [] {}, updates, [this] { ++exits; }},
+            SettingsShell::Needs{base,
+                                 loading,
+                                 skin,
+                                 keys,
+                                 remoteKeys,
+                                 extensions,
+                                 updates,
+                                 {[this] { start->FinishExecution(); },
+                                  [this] { start->ReloadScreens(); }, [] {}, [this] { ++exits; }}},
             RemoteLearning::Needs{settings, report, dialogs, clock, beeper, remoteKeys,
                                   [] { return true; }, [] { return true; }, [](bool) {},
                                   [](float) {}},

@@ -21,10 +21,16 @@ struct SettingsShellTest : testing::Test, test::StartFixture {
         // The start makes the settings screen; here it is the shell under test.
         loadSettings = [this] {
             shell = std::make_unique<SettingsShell>(
-                SettingsShell::Needs{
-                    state, settings, report, dialogs, clock, locale, screens, window, loading, skin,
-                    keys, remoteKeys, extensions, [this] { start->FinishExecution(); },
-                    [this] { start->ReloadScreens(); }, [] {}, updates, [this] { ++exits; }},
+                SettingsShell::Needs{base,
+                                     loading,
+                                     skin,
+                                     keys,
+                                     remoteKeys,
+                                     extensions,
+                                     updates,
+                                     {[this] { start->FinishExecution(); },
+                                      [this] { start->ReloadScreens(); }, [] {},
+                                      [this] { ++exits; }}},
                 view);
             shell->FirstRunDue = true;
             MakeScreen("settings");
