@@ -1,14 +1,12 @@
 #include "playback/line_mute.h"
-#include "tests/support/core_fixture.h"
+#include "tests/support/core_test.h"
 #include "tests/support/fake_mixer.h"
-
-#include <gmock/gmock.h>
 
 namespace vk::test {
 
 using testing::ElementsAre;
 
-struct VolumeTest : testing::Test, CoreFixture {
+struct VolumeTest : CoreTest {
     FakeMixer mixer;
     FakeWaveInput input;
     cVolume::Needs needs{mixer, input, dialogs, report};

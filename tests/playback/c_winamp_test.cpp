@@ -1,15 +1,13 @@
 #include "playback/c_winamp.h"
 #include "tests/sim/recording_player.h"
-#include "tests/support/core_fixture.h"
-
-#include <gmock/gmock.h>
+#include "tests/support/core_test.h"
 
 namespace vk::test {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-struct WinampTest : testing::Test, CoreFixture {
+struct WinampTest : CoreTest {
     RecordingPlayer player;
     cWinamp winamp{{player, pump, report, app.Path()}};
     static constexpr auto Cmd = RecordingPlayer::Command;
