@@ -35,8 +35,8 @@ TEST_F(StartupTest, ANewDirectoryGetsItsFilesAndTheFirstRun) {
     EXPECT_TRUE(dialogs.shown.empty());
     EXPECT_TRUE(Told("settings.ReShow"));
     EXPECT_EQ(settings.Read("Temp", "PWR"), "0");
-    EXPECT_EQ(ini.ReadText(app.File("winamp.ini"), "winamp", "repeat"), "1");
-    EXPECT_EQ(ini.ReadText(app.File("winamp.ini"), "winamp", "mw_open"), "0");
+    for (const auto& [key, value] : {std::pair("repeat", "1"), {"mw_open", "0"}})
+        EXPECT_EQ(ini.ReadText(app.File("winamp.ini"), "winamp", key), value);
     EXPECT_EQ(player.started.size(), 1u);
     EXPECT_EQ(state.DecimalSymbol, ".");
 }

@@ -32,7 +32,7 @@ class FakeSerialPort : public SerialPort {
     bool CDHolding() const override { return false; }
     bool CTSHolding() const override { return false; }
     bool DSRHolding() const override { return false; }
-    void WatchModemLines(bool on) override { watched = on; }
+    void WatchModemLines(bool) override {}
 
     /// Bytes arrive from the device.
     void Receive(std::string_view bytes) {
@@ -47,7 +47,6 @@ class FakeSerialPort : public SerialPort {
     }
 
     bool present = true;             ///< `Open` succeeds
-    bool watched = false;            ///< the modem lines' events are on
     std::vector<std::string> opened; ///< "name settings" of every try to open
     std::string sent;
 
