@@ -5,7 +5,8 @@
 namespace vk {
 
 ShellPage::ShellPage(SettingsShell::Needs needs, PageView& view)
-    : clock_(needs.base.clock), locale_(needs.base.locale), view_(view), shell_(std::move(needs), *this) {}
+    : clock_(needs.base.clock), locale_(needs.base.locale), view_(view),
+      shell_(std::move(needs), *this) {}
 
 void ShellPage::EnableLeaving(bool exitApp, bool done) {
     exitApp_ = exitApp;
