@@ -57,9 +57,6 @@ class SettingsStore {
     IniValue Read(std::string_view section, std::string_view key, IniType type);
     /// The result of the write call, 1 for done.
     std::int16_t Write(std::string_view section, std::string_view key, std::string_view value);
-    void WriteBool(std::string_view section, std::string_view key, bool value) {
-        Write(section, key, value ? "true" : "false");
-    }
     /// Waits until everything that was written is on the disk: before others read or delete it.
     void Finish() { ini_.Finish(); }
 
