@@ -1,6 +1,7 @@
 // One subsystem, as the whole system sees it.
 #pragma once
 
+#include "settings/pages/page.h"
 #include "startup/whole.h"
 
 #include <vector>
@@ -23,6 +24,9 @@ class Module {
     /// The screens that the settings, as they are now, ask for; made at the start and, after
     /// `Unload`, at each reload.
     virtual std::vector<LoadStep> Steps() { return {}; }
+    /// Its pages of the settings, made whenever the settings screen is; they may go on using this
+    /// module.
+    virtual std::vector<Page> Pages() { return {}; }
     /// Removes its screens. Nothing of them is on the stack.
     virtual void Unload() {}
     /// Every 400 ms.

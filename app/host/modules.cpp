@@ -16,6 +16,14 @@ std::vector<LoadStep> Modules::Steps() const {
     return all;
 }
 
+std::vector<Page> Modules::Pages() const {
+    std::vector<Page> all;
+    for (Module* module : modules_)
+        for (Page& page : module->Pages())
+            all.push_back(std::move(page));
+    return all;
+}
+
 Whole Modules::AsWhole() {
     return {.steps = [this] { return Steps(); },
             .unloadScreens = [this] { Ask(&Module::Unload); },

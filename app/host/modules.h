@@ -19,6 +19,8 @@ class Modules {
     }
     /// Every step that is due.
     std::vector<LoadStep> Steps() const;
+    /// Every page of the settings that a subsystem has.
+    std::vector<Page> Pages() const;
     /// As the start needs them.
     Whole AsWhole();
 

@@ -13,7 +13,8 @@ SettingsModule::SettingsModule(Host& host, LibraryModule& library, InputModule& 
 
 void SettingsModule::Load() {
     if (screen_) return;
-    screen_ = new settings(host_.controls, ShellNeeds(), LearningNeeds(), &host_.window);
+    screen_ = new settings(host_.controls, ShellNeeds(), LearningNeeds(), host_.modules.Pages(),
+                           &host_.window);
     screen_->shell().FirstRunDue = !host_.state.Setup;
     screen_->AddTo(host_.screens);
 }

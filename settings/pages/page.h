@@ -25,7 +25,8 @@ struct Page {
     /// Takes a key, or a code of the remote, before it works the page; true when it did.
     std::function<bool(const std::string&)> takesKey = {};
     std::function<bool(const InputCode&)> takesCode = {};
-    bool repeats = true; ///< the arrows go on while they are held
+    int refreshMs = 1000; ///< how often what it shows is looked at again
+    bool repeats = true;  ///< the arrows go on while they are held
 };
 
 } // namespace vk

@@ -43,6 +43,7 @@ class SettingsPages {
     std::vector<Plate> Plates();
     int Marked() const { return places_[current_].marked; }
     std::string Heading() const;
+    int RefreshMs() const { return Shown().refreshMs; }
     /// Uses a plate, by its number, that was touched.
     void Touch(int plate);
     /// Goes to the page `number`, leaving the one that is shown.

@@ -13,7 +13,6 @@ namespace vk {
 
 namespace {
 
-constexpr int RefreshMs = 1000;
 constexpr double SmallestHeading = 0.5; // of the font
 constexpr int HeadingPercent = 11;      // of the screen's height
 constexpr int GapShare = 160;           // a gap is the width divided by this
@@ -25,7 +24,7 @@ KeyboardLearning::Needs KeyboardNeeds(const SettingsShell::Needs& shell) {
 } // namespace
 
 settings::settings(const ControlContext& context, SettingsShell::Needs shell,
-                   RemoteLearning::Needs remote, QWidget* parent)
+                   RemoteLearning::Needs remote, std::vector<Page> more, QWidget* parent)
     : QWidget(parent), context_(context), shellPage_(shell, *this), keyboard_(KeyboardNeeds(shell)),
       remote_(std::move(remote)), pages_(shell.base.screens, shell.keys, *this), heading_(this) {
     const auto back = [this] { pages_.GoTo(0); };
@@ -33,6 +32,8 @@ settings::settings(const ControlContext& context, SettingsShell::Needs shell,
     pages_.Add(AppearancePage(shell.base.settings));
     pages_.Add(KeyboardPage(keyboard_, back));
     pages_.Add(RemotePage(shell.base.settings, remote_, back));
+    for (Page& page : more)
+        pages_.Add(std::move(page));
     keyboard_.onTimeOut = remote_.onTimeOut = [this] { Draw(); };
     heading_.SetWrap(true);
     heading_.SetShrink(SmallestHeading);
@@ -46,7 +47,7 @@ void settings::ShowPage() {
     DoLayout();
     show();
     raise();
-    timer1_->Start(RefreshMs);
+    timer1_->Start(pages_.RefreshMs());
 }
 
 void settings::HidePage() {

@@ -19,8 +19,9 @@ namespace vk {
 /// back.
 class settings : public QWidget, public PageView {
   public:
+    /// `more` are the pages of other subsystems, behind its own.
     settings(const ControlContext& context, SettingsShell::Needs shell,
-             RemoteLearning::Needs remote, QWidget* parent);
+             RemoteLearning::Needs remote, std::vector<Page> more, QWidget* parent);
     ~settings() override;
 
     ShellPage& shellPage() { return shellPage_; }

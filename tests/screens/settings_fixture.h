@@ -30,7 +30,7 @@ struct SettingsFixture : StartFixture {
             RemoteLearning::Needs{settings, report, dialogs, clock, beeper, remoteKeys,
                                   [] { return true; }, [] { return true; }, [](bool) {},
                                   [](float) {}},
-            &host);
+            std::vector<Page>{}, &host);
         screen->AddTo(screens);
         host.show();
         screens.Show("settings");
