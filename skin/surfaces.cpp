@@ -35,6 +35,7 @@ void Surfaces::DialogClosed() {
 }
 
 void Surfaces::Restack() const {
+    if (dialogs_ > 0) return;
     for (const Entry& entry : entries_)
         entry.surface.raise();
 }

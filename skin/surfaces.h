@@ -1,5 +1,5 @@
-// What is on the screen, from the back to the front: screens, films, windows of other programs,
-// bars, dialogs.
+// What lies over the screens, from the back to the front: films, windows of other programs, bars;
+// and over all of these the dialogs.
 #pragma once
 
 #include <functional>
@@ -8,11 +8,12 @@
 
 namespace vk {
 
-enum class Layer { Screen, Film, Program, Bar, Dialog };
+/// Between the screens and the dialogs, which take their places themselves.
+enum class Layer { Film, Program, Bar };
 
 /// One thing that is shown, as its owner hands it over.
 struct Surface {
-    Layer layer = Layer::Screen;
+    Layer layer = Layer::Film;
     /// Brings it in front of everything else in the window.
     std::function<void()> raise;
     /// Hides it or shows it again. Needed of programs alone: the display puts their windows over
@@ -21,6 +22,7 @@ struct Surface {
 };
 
 /// Keeps the layers in their order whoever comes and goes. Within a layer the last one is in front.
+/// What belongs to a screen is put when that screen comes and removed when it goes.
 class Surfaces {
   public:
     /// Puts it in front of its layer; the owner's earlier one is dropped.
@@ -29,6 +31,9 @@ class Surfaces {
     void Remove(const std::string& owner);
     /// Whose surface is in front in that layer; "" for an empty one.
     std::string Owner(Layer layer) const;
+    /// Brings all of it in front of the screens again, as when one of these has come to the front.
+    /// Nothing while a dialog is open: that stays in front, and its end does it.
+    void Restack() const;
     /// Dialogs open and close in pairs, one within another.
     void DialogOpened();
     void DialogClosed();
@@ -38,7 +43,6 @@ class Surfaces {
         std::string owner;
         Surface surface;
     };
-    void Restack() const;
     void ShowPrograms(bool shown) const;
 
     std::vector<Entry> entries_; ///< from the back to the front

@@ -4,6 +4,7 @@
 #include "app/host/host_window.h"
 #include "app/host/modules.h"
 #include "app/host/ports.h"
+#include "app/host/stacking.h"
 #include "core/base.h"
 #include "core/ini_file.h"
 #include "home/daylight.h"
@@ -37,7 +38,9 @@ struct Host {
     Screens screens;
     Pump pump{ports.machine.clock};
     Commands commands{pump, screens, ports.machine.clock};
-    SkinDialogs dialogs{&window, ports.machine.volumes, ports.machine.clock, pump};
+    Surfaces surfaces;
+    Stacking stacking{window, surfaces};
+    SkinDialogs dialogs{&window, ports.machine.volumes, ports.machine.clock, pump, surfaces};
     DebugLog log;
     ErrorReport report{log, dialogs};
     QueuedFileWriter fileWriter;

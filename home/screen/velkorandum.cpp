@@ -26,7 +26,7 @@ velkorandum::velkorandum(const ControlContext& context, MainMenu::Needs needs, Q
     Image1 = MakeButton("quit.gif", "Quit", [this] { menu_.Image1_Click(); });
     Image2 = MakeButton("watermark.gif", "Dim", [this] { menu_.Image2_Click(); });
     Image3 = MakeButton("cpl.jpg", "Set", [this] { menu_.ClockBar_Click(); });
-    ClockBar.onClick = [this] { menu_.ClockBar_Click(); };
+    ClockBar.OnClick(context_.commands, [this] { menu_.ClockBar_Click(); });
     hide();
     DoLayout();
 }

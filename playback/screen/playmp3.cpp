@@ -67,9 +67,7 @@ playmp3::playmp3(const ControlContext& context, AudioPlayer::Needs needs, QWidge
     NameControls();
     MakeButtons();
     ConnectList();
-    TrackTimeLabel_.onClick = [this] {
-        context_.commands.Run([this] { player_.TrackTimeLabel_Click(); });
-    };
+    TrackTimeLabel_.OnClick(context_.commands, [this] { player_.TrackTimeLabel_Click(); });
     lblShuffle_.SetText("Shuffle");
     lblShuffle_.hide();
     Vol_.hide();

@@ -59,9 +59,7 @@ PlateLabel& settings::LabelOf(std::size_t plate) {
     while (labels_.size() <= plate) {
         const int number = static_cast<int>(labels_.size());
         labels_.push_back(std::make_unique<PlateLabel>(this));
-        labels_.back()->onClick = [this, number] {
-            context_.commands.Run([this, number] { pages_.Touch(number); });
-        };
+        labels_.back()->OnClick(context_.commands, [this, number] { pages_.Touch(number); });
     }
     return *labels_[plate];
 }

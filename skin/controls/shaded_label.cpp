@@ -8,6 +8,7 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <utility>
 
 namespace vk {
 
@@ -100,15 +101,19 @@ void ShadedLabel::paintEvent(QPaintEvent*) {
     painter.drawText(box, Flags(), shown);
 }
 
+void ShadedLabel::OnClick(Commands& commands, std::function<void()> click) {
+    click_ = [&commands, click = std::move(click)] { commands.Run(click); };
+}
+
 void ShadedLabel::mousePressEvent(QMouseEvent* event) {
-    pressed_ = static_cast<bool>(onClick);
+    pressed_ = static_cast<bool>(click_);
     event->setAccepted(pressed_);
 }
 
 void ShadedLabel::mouseReleaseEvent(QMouseEvent* event) {
     const bool clicked = pressed_ && rect().contains(event->position().toPoint());
     pressed_ = false;
-    if (clicked && onClick) onClick();
+    if (clicked) click_();
 }
 
 } // namespace vk

@@ -1,6 +1,7 @@
 // A text on a screen.
 #pragma once
 
+#include "core/commands.h"
 #include "skin/skin.h"
 
 #include <QWidget>
@@ -34,7 +35,9 @@ class ShadedLabel : public QWidget {
     void SetElide(Qt::TextElideMode mode);
     QSize sizeHint() const override;
 
-    std::function<void()> onClick; ///< without it touches go to the parent
+    /// A touch runs `click` as a command: dropped while another one runs. Without one touches go to
+    /// the parent. `commands` outlives the label.
+    void OnClick(Commands& commands, std::function<void()> click);
 
   protected:
     void paintEvent(QPaintEvent* event) override;
@@ -46,6 +49,7 @@ class ShadedLabel : public QWidget {
     int Flags() const;
     QString ShownText(const QFont& font, const QRect& box) const;
 
+    std::function<void()> click_;
     std::string text_;
     QFont font_;
     QColor colour_ = Qt::white;

@@ -40,8 +40,9 @@ Qt::Key DialogKey(const InputCode& code) {
 
 } // namespace
 
-SkinDialogs::SkinDialogs(QWidget* host, const Volumes& volumes, const Clock& clock, Pump& pump)
-    : host_(host), volumes_(volumes), clock_(clock), pump_(pump) {}
+SkinDialogs::SkinDialogs(QWidget* host, const Volumes& volumes, const Clock& clock, Pump& pump,
+                         Surfaces& surfaces)
+    : host_(host), volumes_(volumes), clock_(clock), pump_(pump), surfaces_(surfaces) {}
 
 SkinDialogs::~SkinDialogs() = default;
 
@@ -53,7 +54,7 @@ bool SkinDialogs::Run(const QPointer<DialogOverlay>& overlay) {
     if (closing_) return false;
     if (!host_->isVisible()) host_->show();
     const QPointer<QWidget> focus = host_->window()->focusWidget();
-    if (open_.empty() && onOpened) onOpened();
+    surfaces_.DialogOpened();
     if (!open_.empty() && open_.back()) open_.back()->SetFront(false);
     open_.push_back(overlay);
     overlay->meaning = [this](const QKeyEvent& event) {
@@ -74,6 +75,7 @@ bool SkinDialogs::Run(const QPointer<DialogOverlay>& overlay) {
     }
     if (!open_.empty() && open_.back()) open_.back()->SetFront(true);
     if (focus) focus->setFocus();
+    surfaces_.DialogClosed();
     if (open_.empty() && onClosed) onClosed();
     return overlay && overlay->Accepted();
 }

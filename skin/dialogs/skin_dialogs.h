@@ -7,6 +7,7 @@
 #include "platform/dialogs.h"
 #include "platform/volumes.h"
 #include "skin/skin.h"
+#include "skin/surfaces.h"
 
 #include <QPointer>
 #include <QWidget>
@@ -24,8 +25,9 @@ struct DialogLook;
 /// work whatever command it was asked in. Calls nest.
 class SkinDialogs : public Dialogs {
   public:
-    /// `host` and the ports outlive this object.
-    SkinDialogs(QWidget* host, const Volumes& volumes, const Clock& clock, Pump& pump);
+    /// `host`, the ports and `surfaces`, which make way for a dialog, outlive this object.
+    SkinDialogs(QWidget* host, const Volumes& volumes, const Clock& clock, Pump& pump,
+                Surfaces& surfaces);
     ~SkinDialogs() override;
 
     /// From now on the dialogs wear the skin's colours (once it has been loaded).
@@ -53,8 +55,6 @@ class SkinDialogs : public Dialogs {
     /// end of the program.
     void CloseAll();
 
-    /// Called before the first dialog opens: what draws over the window has to step back.
-    std::function<void()> onOpened;
     /// Called when the last open dialog has closed: what lies under it is in front again.
     std::function<void()> onClosed;
 
@@ -69,6 +69,7 @@ class SkinDialogs : public Dialogs {
     const Volumes& volumes_;
     const Clock& clock_;
     Pump& pump_;
+    Surfaces& surfaces_;
     const SkinStore* skin_ = nullptr;
     const KeyMap* keys_ = nullptr;
     int changes_ = 0;                           ///< how often a dialog has come or gone

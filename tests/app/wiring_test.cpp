@@ -32,11 +32,16 @@ TEST_F(WiringTest, TheStartLeadsToTheMenuAndTheScreensMeetByName) {
     for (const char* name : {HomeScreen, "playlists", "playmp3"})
         EXPECT_NE(host().screens.Find(name), nullptr) << name;
     Pass(1000);
+    auto* bar = new QWidget(&host().window);
+    host().surfaces.Put("tools", {Layer::Bar, [&] { bar->raise(); }});
     Key(Qt::Key_Return);
     EXPECT_EQ(Front(), "playlists");
+    EXPECT_EQ(host().window.children().back(), bar) << "the screen came under it";
+    host().surfaces.Remove("tools");
     Pass(1000);
     Remote("BACK");
     EXPECT_EQ(Front(), HomeScreen);
+    EXPECT_NE(host().window.children().back(), bar);
     Pass(1000);
     app->Quit(false);
     EXPECT_EQ(exits, 0) << "what asked for it returns first";

@@ -201,8 +201,9 @@ TEST_F(ControlsTest, ALabelCutsWrapsShrinksAndStandsOnItsGround) {
     EXPECT_GT(Count(Drawn(label), 0xFFFF0000), 5);
     int clicks = 0;
     Click(label, Here);
-    label.onClick = [&] { ++clicks; };
+    label.OnClick(commands, [&] { ++clicks; });
     Click(label, Here);
+    commands.Run([&] { Click(label, Here); });
     EXPECT_EQ(clicks, 1);
     EXPECT_GT(label.sizeHint().width(), 200);
     label.SetWrap(false);

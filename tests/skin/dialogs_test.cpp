@@ -89,7 +89,8 @@ struct DialogsTest : testing::Test, CoreFixture {
     }
 
     KeyCounter host;
-    SkinDialogs skinDialogs{&host, volumes, clock, pump};
+    Surfaces surfaces;
+    SkinDialogs skinDialogs{&host, volumes, clock, pump, surfaces};
     std::string tree;
 };
 
@@ -144,8 +145,9 @@ TEST_F(DialogsTest, ADoublePressAnswersOneDialogOnly) {
 }
 
 TEST_F(DialogsTest, NestedDialogsGoBackToTheOneBelowUntilAllAreClosed) {
-    int opened = 0, closed = 0;
-    skinDialogs.onOpened = [&] { ++opened; };
+    int closed = 0;
+    std::string program;
+    surfaces.Put("map", {Layer::Program, [] {}, [&](bool on) { program += on ? "on " : "off "; }});
     skinDialogs.onClosed = [&] { ++closed; };
     EXPECT_TRUE(Asked([&] {
         EXPECT_FALSE(Asked("!"));
@@ -153,7 +155,7 @@ TEST_F(DialogsTest, NestedDialogsGoBackToTheOneBelowUntilAllAreClosed) {
         EXPECT_EQ(closed, 0);
         Keys("\n");
     }));
-    EXPECT_EQ(opened, 1);
+    EXPECT_EQ(program, "on off on ") << "it makes way once";
     EXPECT_EQ(closed, 1);
     EXPECT_FALSE(Asked([&] {
         EXPECT_EQ(Typed([this] { skinDialogs.CloseAll(); }, "x"), std::nullopt);
@@ -177,7 +179,7 @@ TEST_F(DialogsTest, ADialogStaysInFrontFollowsTheWindowsSizeAndMayGoWithIt) {
     }));
     auto* doomed = new QWidget;
     doomed->show();
-    SkinDialogs other(doomed, volumes, clock, pump);
+    SkinDialogs other(doomed, volumes, clock, pump, surfaces);
     Then([&] { delete doomed; });
     EXPECT_FALSE(other.AskYesNo("Sure?"));
     EXPECT_FALSE(other.Active());

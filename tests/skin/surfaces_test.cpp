@@ -22,14 +22,14 @@ struct SurfacesTest : testing::Test {
 TEST_F(SurfacesTest, LayersKeepTheirOrderWhoeverComesLast) {
     Put("tools", Layer::Bar);
     Put("film", Layer::Film);
-    for (const char* screen : {"menu", "player", "menu"})
-        Put(screen, Layer::Screen);
-    EXPECT_THAT(order, testing::ElementsAre("player", "menu", "film", "tools"));
-    EXPECT_EQ(surfaces.Owner(Layer::Screen), "menu");
-    surfaces.Remove("menu");
-    surfaces.Remove("nobody");
-    EXPECT_EQ(surfaces.Owner(Layer::Screen), "player");
-    EXPECT_EQ(surfaces.Owner(Layer::Dialog), "");
+    for (const char* program : {"map", "other", "map"})
+        Put(program, Layer::Program);
+    EXPECT_THAT(order, testing::ElementsAre("film", "other", "map", "tools"));
+    EXPECT_EQ(surfaces.Owner(Layer::Program), "map");
+    for (const char* gone : {"map", "nobody", "tools"})
+        surfaces.Remove(gone);
+    EXPECT_EQ(surfaces.Owner(Layer::Program), "other");
+    EXPECT_EQ(surfaces.Owner(Layer::Bar), "");
 }
 
 TEST_F(SurfacesTest, ProgramsStepBackForDialogsAndReturnAfterTheLast) {
