@@ -8,6 +8,7 @@
 #include "app/modules/navigation_module.h"
 #include "app/modules/playback_module.h"
 #include "app/modules/settings_module.h"
+#include "app/modules/sync_module.h"
 #include "app/modules/tuners_module.h"
 
 namespace vk {
@@ -23,6 +24,7 @@ struct Subsystems {
     TunersModule tuners{host};
     PlaybackModule playback{host, library, navigation};
     BrowserModule browser{host, library, playback};
+    SyncModule sync{host, library};
     SettingsModule settings{host, library, input, playback};
     HomeModule home{host, {library, playback, navigation, input, settings}};
 };

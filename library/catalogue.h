@@ -48,6 +48,8 @@ class Catalogue {
     /// Adds or updates the row of the file at a full path; a file whose date is as catalogued is
     /// not read again. Never throws.
     virtual void UpdateFileRow(const std::string& path) = 0;
+    /// The same for several files in one transaction.
+    virtual void UpdateFileRows(const std::vector<std::string>& paths) = 0;
 };
 
 } // namespace vk

@@ -34,6 +34,9 @@ bool FlushFile(const std::string& path);
 bool CopyFileTo(const std::string& from, const std::string& to);
 bool DeleteFileAt(const std::string& path);
 
+/// Makes one folder in a folder that exists; false when it could not be made.
+bool MakeFolder(const std::string& path);
+
 /// True when `path` is an existing file (of any kind but a folder).
 bool FileExists(const std::string& path);
 /// True when `path` is an existing folder, with or without a trailing separator. An empty path is

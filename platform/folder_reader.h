@@ -34,6 +34,7 @@ class FolderReader {
         bool isFolder = false;
         bool isFile = false;      ///< a regular one
         std::int64_t written = 0; ///< seconds since 1970
+        std::uint64_t length = 0; ///< bytes
     };
 
     /// Opens the folder at `path`; with `base` a path below that folder, which is found also when

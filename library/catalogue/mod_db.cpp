@@ -16,6 +16,7 @@ namespace vk {
 namespace {
 
 constexpr int ClosedObject = 3704;
+constexpr char UpdateFailed[] = "An error occured in modDB.UpdateFileRow ";
 
 } // namespace
 
@@ -235,33 +236,45 @@ std::optional<TagRecord> modDB::FindTag(const std::string& path) {
     return tag;
 }
 
-void modDB::UpdateFileRow(const std::string& path) {
+void modDB::UpdateFileRows(const std::vector<std::string>& paths) {
     // The server would lock a writer out while it copies the file, and its own is coming.
-    if (ServerWorks()) return due_.push_back(path);
-    const int type = GetMediaType(needs_.extensions, path);
-    if (type == MediaUnknown || !database_) return;
-    TrapAndLog(needs_.report, "An error occured in modDB.UpdateFileRow ",
-               [&] { Guarded([&] { WriteRow(path, type); }); });
+    if (ServerWorks()) {
+        due_.insert(due_.end(), paths.begin(), paths.end());
+        return;
+    }
+    if (!database_) return;
+    std::vector<FileRow> rows;
+    for (const std::string& path : paths)
+        TrapAndLog(needs_.report, UpdateFailed, [&] {
+            if (auto row = Guarded([&] { return ChangedRow(path); })) rows.push_back(*row);
+        });
+    if (rows.empty()) return;
+    TrapAndLog(needs_.report, UpdateFailed, [&] { Guarded([&] { WriteRows(rows); }); });
 }
 
 void modDB::RunUpdates() {
-    for (const std::string& path : std::exchange(due_, {}))
-        UpdateFileRow(path);
+    UpdateFileRows(std::exchange(due_, {}));
 }
 
-void modDB::WriteRow(const std::string& path, int mediaType) {
+// Nothing for what is no media file and for a file whose date is as catalogued.
+std::optional<FileRow> modDB::ChangedRow(const std::string& path) {
+    const int type = GetMediaType(needs_.extensions, path);
+    if (type == MediaUnknown) return std::nullopt;
     const std::string relative = RelativePath(needs_.settings.values.MediaDir, path);
     const std::string stamp = GetFileDate(path);
     if (stamp.empty()) throw Error("no such file: " + path);
-    {
-        Statement known(Opened(), "SELECT TStamp FROM Media WHERE Path=?");
-        known.Bind(1, Escape(relative));
-        if (known.Step() && known.Text(0) == stamp) return;
-    }
-    const FileRow row = MakeFileRow(needs_.reader, path, relative, stamp, mediaType);
-    database_->Execute("BEGIN IMMEDIATE");
+    Statement known(Opened(), "SELECT TStamp FROM Media WHERE Path=?");
+    known.Bind(1, Escape(relative));
+    if (known.Step() && known.Text(0) == stamp) return std::nullopt;
+    return MakeFileRow(needs_.reader, path, relative, stamp, type);
+}
+
+void modDB::WriteRows(const std::vector<FileRow>& rows) {
+    Opened().Execute("BEGIN IMMEDIATE");
     try {
-        RowWriter(*database_).Put(row);
+        RowWriter writer(*database_);
+        for (const FileRow& row : rows)
+            writer.Put(row);
         database_->Execute("COMMIT");
     } catch (...) {
         // The failure may have ended the transaction by itself.

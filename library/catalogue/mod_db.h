@@ -5,6 +5,7 @@
 #include "core/error_report.h"
 #include "core/settings.h"
 #include "library/catalogue.h"
+#include "library/catalogue/file_row.h"
 #include "library/catalogue/sqlite.h"
 #include "library/tags/media_type.h"
 #include "library/tags/tag_reader.h"
@@ -58,7 +59,8 @@ class modDB : public Catalogue {
                   const std::function<bool(const CatalogueFile&)>& take) override;
     std::vector<CatalogueRecord> Records(const std::string& sql) override;
     std::optional<TagRecord> StoredTag(const std::string& path) override;
-    void UpdateFileRow(const std::string& path) override;
+    void UpdateFileRow(const std::string& path) override { UpdateFileRows({path}); }
+    void UpdateFileRows(const std::vector<std::string>& paths) override;
 
   private:
     std::string File(const char* name) const;
@@ -74,7 +76,8 @@ class modDB : public Catalogue {
     CatalogueFile ReadFile(const Statement& record) const;
     std::string StoredPath(std::string_view stored) const;
     std::optional<TagRecord> FindTag(const std::string& path);
-    void WriteRow(const std::string& path, int mediaType);
+    std::optional<FileRow> ChangedRow(const std::string& path);
+    void WriteRows(const std::vector<FileRow>& rows);
 
     Needs needs_;
     std::unique_ptr<Database> database_;

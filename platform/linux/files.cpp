@@ -112,6 +112,10 @@ bool DeleteFileAt(const std::string& path) {
     return ::unlink(path.c_str()) == 0;
 }
 
+bool MakeFolder(const std::string& path) {
+    return ::mkdir(path.c_str(), 0755) == 0;
+}
+
 bool FileExists(const std::string& path) {
     struct stat info {};
     return ::stat(path.c_str(), &info) == 0 && !S_ISDIR(info.st_mode);

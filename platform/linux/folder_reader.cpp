@@ -83,7 +83,8 @@ std::optional<FolderReader::Facts> FolderReader::Look() {
         error_ = LastError();
         return std::nullopt;
     }
-    return Facts{S_ISDIR(info.st_mode), S_ISREG(info.st_mode), info.st_mtime};
+    return Facts{S_ISDIR(info.st_mode), S_ISREG(info.st_mode), info.st_mtime,
+                 static_cast<std::uint64_t>(info.st_size)};
 }
 
 } // namespace vk

@@ -130,6 +130,10 @@ bool DeleteFileAt(const std::string& path) {
     return ::DeleteFileW(ToWide(path).c_str()) != 0;
 }
 
+bool MakeFolder(const std::string& path) {
+    return ::CreateDirectoryW(ToWide(path).c_str(), nullptr);
+}
+
 bool FileExists(const std::string& path) {
     const DWORD attributes = Attributes(path);
     return attributes != INVALID_FILE_ATTRIBUTES && !(attributes & FILE_ATTRIBUTE_DIRECTORY);

@@ -26,9 +26,9 @@ std::int64_t Seconds(const FILETIME& time) {
            Between;
 }
 
-FolderReader::Facts FactsOf(DWORD attributes, const FILETIME& written) {
+FolderReader::Facts FactsOf(DWORD attributes, const FILETIME& written, std::uint64_t length) {
     const bool isFolder = attributes & FILE_ATTRIBUTE_DIRECTORY;
-    return {isFolder, !isFolder && !(attributes & FILE_ATTRIBUTE_DEVICE), Seconds(written)};
+    return {isFolder, !isFolder && !(attributes & FILE_ATTRIBUTE_DEVICE), Seconds(written), length};
 }
 
 /// What is at a path, links followed; false when it cannot be opened.
@@ -93,13 +93,15 @@ std::optional<FolderReader::Entry> FolderReader::Next() {
 std::optional<FolderReader::Facts> FolderReader::Look() {
     const WIN32_FIND_DATAW& item = open_->item;
     if (!(item.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT))
-        return FactsOf(item.dwFileAttributes, item.ftLastWriteTime);
+        return FactsOf(item.dwFileAttributes, item.ftLastWriteTime,
+                       Joined(item.nFileSizeHigh, item.nFileSizeLow));
     BY_HANDLE_FILE_INFORMATION info{};
     if (!LookAt(JoinPath(open_->path, open_->name), info)) {
         error_ = LastError();
         return std::nullopt;
     }
-    return FactsOf(info.dwFileAttributes, info.ftLastWriteTime);
+    return FactsOf(info.dwFileAttributes, info.ftLastWriteTime,
+                   Joined(info.nFileSizeHigh, info.nFileSizeLow));
 }
 
 } // namespace vk

@@ -58,6 +58,7 @@ class FakeCatalogue : public Catalogue {
     std::vector<CatalogueRecord> Records(const std::string&) override { return {}; }
     std::optional<TagRecord> StoredTag(const std::string&) override { return std::nullopt; }
     void UpdateFileRow(const std::string& path) override { updated.push_back(path); }
+    void UpdateFileRows(const std::vector<std::string>&) override {}
 
     DBStateValue state = DBStateValue::OnLine;
     std::vector<CatalogueFile> files;

@@ -1,0 +1,73 @@
+// One run of the synchronisation: a tree of folders copied into another one.
+#pragma once
+
+#include "platform/folder_reader.h"
+#include "sync/source_walk.h"
+
+#include <cstdint>
+#include <functional>
+#include <set>
+#include <string>
+
+namespace vk {
+
+struct SyncOrder {
+    std::string source, dest; ///< full paths
+    bool backup = false;      ///< what is replaced is kept
+    /// Compares a file with the one at the destination, by length and time. Without it a file is
+    /// compared with itself, so that only what is missing is copied.
+    bool refresh = false;
+    std::string backupName; ///< of the folders that keep what this run replaces
+};
+
+struct SyncResult {
+    enum End { Whole, Aborted, NoSpace, SourceGone, DestGone };
+    End end = Whole;
+    int filesChecked = 0, filesCopied = 0, filesBackedUp = 0, filesFailed = 0;
+};
+
+/// What a run tells of itself, on its own thread.
+struct SyncListener {
+    std::function<void(const std::string&)> status; ///< what it does, for the screen
+    std::function<void(const std::string&)> log;
+    std::function<void(const std::string& path)> copied; ///< a file that is whole at its place
+    /// How far the file and the run are, of 100; false stops in the middle of the file.
+    std::function<bool(int file, int run)> progress;
+};
+
+class FolderCopy {
+  public:
+    /// All of it outlives this object.
+    FolderCopy(const SyncOrder& order, const SyncListener& listener)
+        : order_(order), listener_(listener) {}
+
+    /// Blocks until the run is over: for a thread of its own.
+    SyncResult CopyFiles();
+
+  private:
+    struct Pair {
+        std::string source, dest;
+        const SourceFile& file;
+    };
+    void CopyFolder(const SourceFolder& folder);
+    void Check(const Pair& pair);
+    void backupFile(const Pair& pair);
+    bool Differs(const Pair& pair) const;
+    bool Archive(const Pair& pair);
+    void Copy(const Pair& pair);
+    bool makePath(const std::string& path);
+    bool IsTaken(const Pair& pair);
+    void Fail(const Pair& pair, const std::string& why);
+    bool Told(std::uint64_t done, std::uint64_t total);
+    bool HasRoom(std::int64_t needed);
+    bool Over() const { return result_.end != SyncResult::Whole; }
+
+    const SyncOrder& order_;
+    const SyncListener& listener_;
+    SyncResult result_;
+    FolderIdentity sourceRoot_, destRoot_;
+    std::uint64_t total_ = 0, done_ = 0; ///< bytes of the files to look at, and of those looked at
+    std::set<std::string> names_;        ///< of the folder's files, in upper case
+};
+
+} // namespace vk

@@ -1,0 +1,94 @@
+#include "sync/source_walk.h"
+
+#include "core/text.h"
+#include "platform/folder_reader.h"
+#include "platform/paths.h"
+
+#include <algorithm>
+#include <set>
+
+namespace vk {
+
+namespace {
+
+constexpr std::string_view DoNotCopy = "VK_DO_NOT_COPY";
+
+bool MarksAsNotToCopy(const std::string& upperName) {
+    return upperName.starts_with(DoNotCopy) &&
+           (upperName.size() == DoNotCopy.size() || upperName[DoNotCopy.size()] == '.');
+}
+
+// The last one is what later versions of the platform call the first.
+bool Ignored(const std::string& upperName) {
+    for (const char* name :
+         {"RECYCLER", "SYSTEM VOLUME INFORMATION", "THUMBS.DB", "DESKTOP.INI", "$RECYCLE.BIN"})
+        if (upperName == name) return true;
+    return false;
+}
+
+/// One walk; recursion is as deep as the tree.
+class Walk {
+  public:
+    Walk(const std::string& source, const std::string& except, const WalkListener& listener)
+        : source_(source), listener_(listener) {
+        if (const FolderIdentity own = FolderReader(except).Identity(); own != FolderIdentity())
+            seen_.insert(own);
+    }
+
+    bool Enter(const std::string& path) {
+        const std::string full = source_ + path;
+        FolderReader reader(full);
+        if (reader.Error()) return LeaveOut(full, reader.Error().message());
+        if (!seen_.insert(reader.Identity()).second)
+            return LeaveOut(full, "it is the destination or was entered by another name");
+        std::vector<std::string> below;
+        SourceFolder folder{path, {}};
+        while (const auto entry = reader.Next()) {
+            const std::string name(entry->name), upper = ToUpper(name);
+            if (MarksAsNotToCopy(upper)) return LeaveOut(full, "it is marked by " + name);
+            if (Ignored(upper)) continue;
+            if (!listener_.entry(JoinPath(full, name))) return false;
+            Take(reader, JoinPath(full, name), folder, below);
+        }
+        if (reader.Error()) LeaveOut(full, reader.Error().message() + ", what follows in it");
+        std::ranges::sort(folder.files, {}, &SourceFile::name);
+        found.push_back(std::move(folder));
+        return std::ranges::all_of(
+            below, [&](const std::string& name) { return Enter(path + PathSeparator + name); });
+    }
+
+    std::vector<SourceFolder> found;
+
+  private:
+    void Take(FolderReader& reader, const std::string& full, SourceFolder& folder,
+              std::vector<std::string>& below) const {
+        const auto facts = reader.Look();
+        if (!facts)
+            LeaveOut(full, reader.Error().message());
+        else if (facts->isFolder)
+            below.push_back(FileNameOf(full));
+        else if (facts->isFile)
+            folder.files.push_back({FileNameOf(full), facts->length, facts->written});
+        else
+            LeaveOut(full, "it is no file");
+    }
+    bool LeaveOut(const std::string& path, const std::string& why) const {
+        listener_.leftOut("left out: " + path + ": " + why);
+        return true;
+    }
+
+    const std::string& source_;
+    const WalkListener& listener_;
+    std::set<FolderIdentity> seen_;
+};
+
+} // namespace
+
+std::optional<std::vector<SourceFolder>>
+WalkSource(const std::string& source, const std::string& except, const WalkListener& listener) {
+    Walk walk(source, except, listener);
+    if (!walk.Enter("")) return std::nullopt;
+    return std::move(walk.found);
+}
+
+} // namespace vk

@@ -1,0 +1,184 @@
+#include "sync/synchronizer.h"
+
+#include "core/text.h"
+#include "platform/files.h"
+#include "platform/paths.h"
+
+#include <algorithm>
+#include <atomic>
+#include <chrono>
+#include <condition_variable>
+#include <cstdio>
+#include <mutex>
+#include <optional>
+#include <thread>
+#include <utility>
+
+namespace vk {
+
+namespace {
+
+constexpr int TickMs = 50;
+constexpr std::size_t RowsAtOnce = 24; // catalogued in one transaction; some milliseconds
+
+std::string BackupName(const DateTime& now) {
+    char text[64];
+    std::snprintf(text, sizeof text, "backup_%02d%02d%04d_%02d%02d%02d", now.day, now.month,
+                  now.year, now.hour, now.minute, now.second);
+    return text;
+}
+
+std::string Summary(const SyncResult& result) {
+    std::string text = "Files checked: " + std::to_string(result.filesChecked) +
+                       "  Copied: " + std::to_string(result.filesCopied) +
+                       "   Made backup: " + std::to_string(result.filesBackedUp);
+    if (result.filesFailed > 0) text += "   Failed: " + std::to_string(result.filesFailed);
+    return text;
+}
+
+} // namespace
+
+/// What the two threads share.
+struct Synchronizer::Run {
+    explicit Run(SyncOrder what) : order(std::move(what)) {}
+
+    void Work() {
+        const SyncListener listener{[this](const std::string& text) {
+                                        const std::lock_guard lock(mutex);
+                                        status = text;
+                                    },
+                                    [this](const std::string& line) {
+                                        const std::lock_guard lock(mutex);
+                                        lines.push_back(line);
+                                    },
+                                    [this](const std::string& path) {
+                                        const std::lock_guard lock(mutex);
+                                        copied.push_back(path);
+                                    },
+                                    [this](int file, int whole) {
+                                        filePercent = file;
+                                        runPercent = whole;
+                                        return !stop;
+                                    }};
+        const SyncResult ended = FolderCopy(order, listener).CopyFiles();
+        const std::lock_guard lock(mutex);
+        result = ended;
+        over.notify_all();
+    }
+    bool WaitForEnd(int milliseconds) {
+        std::unique_lock lock(mutex);
+        return over.wait_for(lock, std::chrono::milliseconds(milliseconds),
+                             [this] { return result.has_value(); });
+    }
+
+    const SyncOrder order;
+    std::atomic<bool> stop = false;
+    std::atomic<int> filePercent = 0, runPercent = 0;
+    std::mutex mutex; ///< of what follows
+    std::condition_variable over;
+    std::string status;
+    std::vector<std::string> lines, copied;
+    std::optional<SyncResult> result;
+};
+
+Synchronizer::Synchronizer(Base& base, Catalogue& catalogue)
+    : base_(base), catalogue_(catalogue), timer_(base.clock.MakeTimer([this] { Tick(); })) {}
+
+Synchronizer::~Synchronizer() {
+    if (!run_) return;
+    Abort();
+    if (!run_->WaitForEnd(EndMs)) base_.log.WriteSyncLog("the run does not end, it is left alone");
+}
+
+void Synchronizer::cmdSync_Click() {
+    if (Running()) return Abort();
+    Trap(base_.report, "An error occured in settings.cmdSync_Click ", [this] { CopyFiles(); });
+}
+
+void Synchronizer::Abort() {
+    if (run_) run_->stop = true;
+}
+
+bool Synchronizer::Ready(const SyncOrder& order) {
+    status_ = "Checking for source drive availability...";
+    const std::string drive = base_.volumes.DriveOf(order.source);
+    if (!order.source.empty() && !base_.volumes.IsReady(drive)) {
+        status_ = "Drive " + drive + "not available";
+        return false;
+    }
+    for (const std::string& folder : {order.source, order.dest}) {
+        if (!folder.empty() && FolderExists(folder)) continue;
+        status_ = folder;
+        base_.dialogs.ShowMessage("Not a valid directory!");
+        return false;
+    }
+    return true;
+}
+
+void Synchronizer::CopyFiles() {
+    SettingsStore& store = base_.settings;
+    SyncOrder order{.source = WithoutTrailingSeparator(store.Get(setting::SyncSource)),
+                    .dest = WithoutTrailingSeparator(store.Get(setting::SyncDest)),
+                    .backup = store.Get(setting::SyncBackup),
+                    .refresh = store.Get(setting::SyncRefresh),
+                    .backupName = BackupName(base_.clock.Now())};
+    if (!Ready(order)) return;
+    run_ = std::make_shared<Run>(std::move(order));
+    filePercent_ = runPercent_ = 0;
+    std::thread([run = run_] { run->Work(); }).detach();
+    timer_->Start(TickMs);
+}
+
+// The end is told when everything that was copied is catalogued.
+void Synchronizer::Tick() {
+    std::vector<std::string> lines, copied;
+    std::optional<SyncResult> result;
+    {
+        const std::lock_guard lock(run_->mutex);
+        lines.swap(run_->lines);
+        copied.swap(run_->copied);
+        status_ = run_->status;
+        result = run_->result;
+    }
+    filePercent_ = run_->filePercent;
+    runPercent_ = run_->runPercent;
+    for (const std::string& line : lines)
+        base_.log.WriteSyncLog(line);
+    copied_.insert(copied_.end(), copied.begin(), copied.end());
+    CatalogueSome();
+    if (result && copied_.empty()) End(*result);
+}
+
+void Synchronizer::CatalogueSome() {
+    const auto some =
+        copied_.begin() + static_cast<std::ptrdiff_t>(std::min(copied_.size(), RowsAtOnce));
+    const std::string library = base_.settings.values.MediaDir + PathSeparator;
+    std::vector<std::string> paths(copied_.begin(), some);
+    copied_.erase(copied_.begin(), some);
+    std::erase_if(paths, [&](const std::string& path) { return !path.starts_with(library); });
+    if (!paths.empty()) catalogue_.UpdateFileRows(paths);
+}
+
+void Synchronizer::End(const SyncResult& result) {
+    timer_->Stop();
+    const SyncOrder order = std::exchange(run_, {})->order;
+    const auto missing = [&](const std::string& folder) {
+        return "Drive " + base_.volumes.DriveOf(folder) + "not available";
+    };
+    switch (result.end) {
+    case SyncResult::NoSpace:
+        status_ = "Sync could not complete due to insufficient disk space";
+        break;
+    case SyncResult::SourceGone:
+        status_ = missing(order.source);
+        break;
+    case SyncResult::DestGone:
+        status_ = missing(order.dest);
+        break;
+    default:
+        status_ = Summary(result);
+    }
+    base_.log.WriteSyncLog(status_ + (result.end == SyncResult::Aborted ? ", aborted" : ""));
+}
+
+} // namespace vk
