@@ -3,6 +3,8 @@
 
 #include "platform/serial_port.h"
 
+#include <functional>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -12,9 +14,11 @@ namespace vk::test {
 class FakeSerialPort : public SerialPort {
   public:
     bool Open(const std::string& name, const std::string& settings,
-              const SerialUse& = {}) override {
+              const SerialUse& use = {}) override {
         opened.push_back(name + " " + settings);
-        open_ = present;
+        open_ = present && !inUse.contains(name);
+        dtr = use.dtr;
+        rts = use.rts;
         return open_;
     }
     std::string Failure() const override { return open_ ? "" : "not there"; }
@@ -24,11 +28,13 @@ class FakeSerialPort : public SerialPort {
     std::string Input() override { return std::exchange(waiting_, {}); }
     void ClearInput() override { waiting_.clear(); }
     bool Output(std::string_view bytes) override {
-        if (open_) sent += bytes;
-        return open_;
+        if (!open_) return false;
+        sent += bytes;
+        if (onOutput) onOutput(bytes);
+        return true;
     }
-    void SetDTREnable(bool) override {}
-    void SetRTSEnable(bool) override {}
+    void SetDTREnable(bool on) override { dtr = on; }
+    void SetRTSEnable(bool on) override { rts = on; }
     bool CDHolding() const override { return false; }
     bool CTSHolding() const override { return false; }
     bool DSRHolding() const override { return false; }
@@ -46,9 +52,12 @@ class FakeSerialPort : public SerialPort {
         if (OnComm) OnComm(comEventDCB);
     }
 
-    bool present = true;             ///< `Open` succeeds
+    bool present = true; ///< `Open` succeeds
+    bool dtr = true, rts = true;
+    std::set<std::string> inUse;     ///< names that cannot be opened
     std::vector<std::string> opened; ///< "name settings" of every try to open
     std::string sent;
+    std::function<void(std::string_view)> onOutput; ///< what the device hears; it may answer
 
   private:
     bool open_ = false;
