@@ -40,7 +40,7 @@ std::string WithoutQuotes(std::string value) {
 
 } // namespace
 
-IniDocument::IniDocument(std::string_view contents) {
+IniDocument::IniDocument(std::string_view contents, SameSections same) : same_(same) {
     if (contents.starts_with(Utf8Mark)) contents.remove_prefix(Utf8Mark.size());
     while (!contents.empty()) {
         const auto at = contents.find_first_of("\r\n");
@@ -51,18 +51,20 @@ IniDocument::IniDocument(std::string_view contents) {
     }
 }
 
-// Of equal sections the first counts, and of equal keys in it.
+// New lines go to the first of equal sections, whether or not the others count.
 IniDocument::Index IniDocument::MakeIndex() const {
     Index index;
     std::string section;
     Range* range = nullptr;
+    bool counts = false;
     for (std::size_t i = 0; i < lines_.size(); ++i) {
         if (const auto name = SectionName(lines_[i])) {
             section = ToLower(*name);
             const auto [at, added] = index.sections.try_emplace(section, Range{i + 1, i + 1});
             range = added ? &at->second : nullptr;
-        } else if (range) {
-            range->end = i + 1;
+            counts = added || same_ == SameSections::AreOne;
+        } else if (counts) {
+            if (range) range->end = i + 1;
             if (const auto key = KeyName(lines_[i]))
                 index.keys.try_emplace(KeyIn(section, *key), i);
         }

@@ -10,13 +10,16 @@
 
 namespace vk {
 
-/// Names are compared without regard to case; the first of equal sections and keys counts.
+/// What several sections of one name are.
+enum class SameSections { FirstCounts, AreOne };
+
+/// Names are compared without regard to case; the first of equal keys counts.
 class IniDocument {
   public:
     IniDocument() = default;
     /// Takes any bytes: what is no section or key line is kept and ignored. Line ends may be CR LF,
     /// LF or CR; a byte order mark is skipped.
-    explicit IniDocument(std::string_view contents);
+    explicit IniDocument(std::string_view contents, SameSections same = SameSections::FirstCounts);
 
     bool HasSection(std::string_view section) const;
     /// The trimmed value, nothing when section or key is missing.
@@ -44,6 +47,7 @@ class IniDocument {
     std::optional<std::size_t> FindKey(std::string_view section, std::string_view key) const;
 
     std::vector<std::string> lines_;
+    SameSections same_ = SameSections::FirstCounts;
     mutable std::optional<Index> index_; ///< made when it is needed
 };
 

@@ -47,11 +47,6 @@ std::string SettingsStore::File(std::string_view name) const {
     return JoinPath(appDir_, std::string(name));
 }
 
-std::string SettingsStore::SkinPicture(const std::string& skinFile, std::string_view name) const {
-    const std::string stem = skinFile.substr(0, skinFile.size() < 4 ? 0 : skinFile.size() - 4);
-    return JoinPath(JoinPath(File("skins"), stem), std::string(name));
-}
-
 void SettingsStore::LoadSettings() {
     ForEachSetting([this](const auto& setting) {
         if (setting.kept) values.*setting.kept = Get(setting);

@@ -64,8 +64,6 @@ class SettingsStore {
     /// A file of the application directory.
     std::string File(std::string_view name) const;
     std::string SettingsFile() const { return File("settings.ini"); }
-    /// A picture or other file in the folder of the skin `skinFile` ("Torque.skn").
-    std::string SkinPicture(const std::string& skinFile, std::string_view name) const;
 
     Ini& ini() { return ini_; }
 

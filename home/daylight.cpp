@@ -12,10 +12,9 @@ void Daylight::Check() {
     const bool day = IsDay(base_.clock.Now().MinuteOfDay(), *time1, *time2);
     const std::string& skin = day ? s.CurrentSkin : s.CurrentNTSkin;
     // A broken skin leaves another one in use; it is not tried again every second.
-    if (skin != base_.state.CurrentSkinFile && skin != refused_ && !reloading_) {
+    if (skin != base_.state.CurrentSkinFile && skin != skin_.Refused() && !reloading_) {
         base_.state.CurrentSkinFile = skin;
         ReloadSkin();
-        refused_ = base_.state.CurrentSkinFile == skin ? std::string() : skin;
     }
     if (s.AutoDimScreen && setDimmer && base_.state.Dimmed == day) setDimmer(!day);
 }

@@ -26,7 +26,6 @@ class Daylight {
   private:
     Base& base_;
     SkinStore& skin_;
-    std::string refused_; ///< a skin that could not be loaded
     bool reloading_ = false;
 };
 

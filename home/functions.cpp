@@ -37,7 +37,7 @@ void MainMenu::runok(int item) {
 bool MainMenu::Leave(const char* screen) {
     if (!base_.screens.Find(screen)) return false;
     switchingform();
-    view_.ShowBanner("Loading");
+    view_.ShowLoading("Loading");
     base_.screens.Show(screen);
     return true;
 }

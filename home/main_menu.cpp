@@ -1,6 +1,8 @@
 #include "home/main_menu.h"
 
 #include "core/text.h"
+#include "home/plain_icons.h"
+#include "skin/touch_target.h"
 
 #include <algorithm>
 #include <array>
@@ -60,6 +62,10 @@ void MainMenu::LoadSelections() {
     icons_ = n_.skin.ReadMenuIcons();
     CurrentSelection = base_.settings.Get(setting::CurrentSelectID);
     if (CurrentSelection == 0) CurrentSelection = n_.skin.data().itemindex;
+    if (icons_.empty()) {
+        icons_ = PlainIcons();
+        CurrentSelection = std::max(1, CurrentSelection);
+    }
     view_.ShowIcons();
     view_.ShowFrame(true);
 }
@@ -136,9 +142,11 @@ void MainMenu::PressedAt(int x, int y) {
     if (!base_.settings.values.CleanMenu) return;
     const int width = base_.state.ScreenWidth;
     const int height = base_.state.ScreenHeight;
-    const bool bottom = y >= height - height / 20;
-    if (x >= width - width / 20 && y < height / 20) return Image1_Click();
-    if (bottom && x < width / 20) return ClockBar_Click();
+    const int wide = std::max(width / 20, TouchSide(height));
+    const int tall = std::max(height / 20, TouchSide(height));
+    const bool bottom = y >= height - tall;
+    if (x >= width - wide && y < tall) return Image1_Click();
+    if (bottom && x < wide) return ClockBar_Click();
     if (bottom && x >= width - width / 7) Image2_Click();
 }
 

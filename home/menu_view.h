@@ -19,6 +19,8 @@ class MenuView {
     virtual void SetClockBar(const std::string& text) = 0;
     /// The banner in the middle; an empty text hides it.
     virtual void ShowBanner(const std::string& text) = 0;
+    /// The banner on the skin's picture for that, while another screen is on its way.
+    virtual void ShowLoading(const std::string& text) = 0;
     /// Applies the skin's colours to the clock bar again.
     virtual void RefreshClockColours() = 0;
 };

@@ -1,5 +1,6 @@
 #include "settings/appearance_page.h"
 
+#include "core/text.h"
 #include "platform/files.h"
 
 #include <algorithm>
@@ -14,7 +15,7 @@ constexpr std::string_view SkinEnding = ".skn";
 std::vector<Option> Skins(const std::string& folder) {
     std::vector<Option> skins;
     for (const FolderEntry& entry : ListFolder(folder))
-        if (!entry.isFolder && entry.name.ends_with(SkinEnding))
+        if (!entry.isFolder && EqualNoCase(LastBytes(entry.name, SkinEnding.size()), SkinEnding))
             skins.emplace_back(entry.name,
                                entry.name.substr(0, entry.name.size() - SkinEnding.size()));
     std::ranges::sort(skins);

@@ -1,13 +1,14 @@
 #include "skin/skin.h"
 
-#include "core/ini_document.h"
+#include "core/find_file.h"
 #include "core/text.h"
 #include "platform/files.h"
 #include "platform/paths.h"
 
 #include <algorithm>
 #include <cmath>
-#include <iterator>
+#include <cstdlib>
+#include <utility>
 
 namespace vk {
 
@@ -15,7 +16,13 @@ namespace {
 
 constexpr char SafeSkin[] = "Torque.skn";
 constexpr std::int32_t White = 0xFFFFFF;
+constexpr std::size_t EndingSize = 4; // ".skn"
 constexpr int SmallestSize = 10;
+constexpr int LargestFont = 144; // points
+constexpr double LargestScale = 4;
+constexpr int LargestScreen = 32767;
+constexpr int LargestFunction = 32767;
+constexpr int MostIcons = 100;
 
 struct SizeRow {
     int screenWidth;
@@ -28,57 +35,88 @@ constexpr SizeRow Sizes[] = {{640, 10, 13, 18, 20, 16},
                              {1024, 14, 17, 22, 24, 20},
                              {1152, 16, 19, 24, 28, 24}};
 
-// Any one section of a skin makes it one: what is missing has its defaults.
-bool IsSkin(const IniDocument& document) {
-    const char* const sections[] = {"NativeRes", "BGimages", "Colors", "FONTS", "IconNames"};
-    return std::any_of(std::begin(sections), std::end(sections),
-                       [&](const char* section) { return document.HasSection(section); });
+// The row of this width, or for a size that is missing the one that is nearest to it.
+const SizeRow* SizesFor(int screenWidth, bool missing) {
+    const auto distance = [&](const SizeRow& row) {
+        return std::abs(row.screenWidth - screenWidth);
+    };
+    const SizeRow& nearest = *std::ranges::min_element(Sizes, {}, distance);
+    return missing || nearest.screenWidth == screenWidth ? &nearest : nullptr;
+}
+
+double OrOne(float factor) {
+    return factor > 0 ? static_cast<double>(factor) : 1;
 }
 
 } // namespace
 
-std::string SkinStore::File() const {
-    return JoinPath(n_.settings.File("skins"), n_.state.CurrentSkinFile);
+double SkinData::FontScale() const {
+    return std::clamp(OrOne(FontScaleX) * OrOne(FontScaleY), 1 / LargestScale, LargestScale);
+}
+
+std::string SkinStore::FileOf(const std::string& skinFile) const {
+    return FindFile(n_.settings.File("skins"), skinFile);
+}
+
+bool SkinStore::IsThere(const std::string& skinFile) const {
+    return FileExists(FileOf(skinFile));
 }
 
 std::string SkinStore::PicturePath(const std::string& name) const {
-    return IsAbsolutePath(name) ? name : n_.settings.SkinPicture(n_.state.CurrentSkinFile, name);
+    if (IsAbsolutePath(name)) return name;
+    const std::string& skin = n_.state.CurrentSkinFile;
+    return FindFile(FileOf(skin.substr(0, skin.size() - std::min(skin.size(), EndingSize))), name);
 }
 
-std::string SkinStore::Text(const char* section, const std::string& key) {
-    return n_.settings.ini().ReadText(File(), section, key);
-}
-
-IniValue SkinStore::Value(const char* section, const std::string& key, IniType type) {
-    return n_.settings.ini().ReadINI(File(), section, key, type);
+void SkinStore::TellLacking(const std::string& picture) const {
+    const std::string path = PicturePath(picture);
+    n_.report.Log(FileExists(path) ? "The picture " + path + " cannot be shown"
+                                   : "The skin " + n_.state.CurrentSkinFile + " lacks " + picture);
 }
 
 void SkinStore::LoadSkin() {
-    ++generation_;
-    if (ReadSkin()) return;
+    refused_.clear();
+    if (ReadSkin()) {
+        ++generation_;
+        return;
+    }
     const std::string broken = File();
+    refused_ = n_.state.CurrentSkinFile;
     n_.report.ReportError("An error occured in modSkin.LoadSkin " + broken + " ", "Skin Error", 5);
-    n_.dialogs.ShowMessage("Skin Error.  Using Safe Mode Skin");
     n_.state.CurrentSkinFile = SafeSkin;
-    if (File() != broken && ReadSkin()) return;
     // Loading the safe skin again and again would never end.
-    n_.report.Log("No usable skin: " + File() + "; using built-in colours");
-    UseBuiltInLook();
+    if (File() == broken || !ReadSkin()) {
+        n_.report.Log("No usable skin: " + File() + "; using built-in colours");
+        UseBuiltInLook();
+    }
+    ++generation_;
+    // What is drawn while the message stands there is drawn in the skin that is in use now.
+    n_.dialogs.ShowMessage("Skin Error.  Using Safe Mode Skin");
 }
 
 bool SkinStore::ReadSkin() {
     const auto contents = ReadWholeFile(File());
     if (!contents) return false;
-    if (!IsSkin(IniDocument(*contents))) return false;
-    data_.X = Value("NativeRes", "X", IniType::Long).Long();
-    data_.Y = Value("NativeRes", "Y", IniType::Long).Long();
+    SkinFile file(*contents, n_.state.DecimalSymbol);
+    if (!file.IsSkin()) return false;
+    file_ = std::move(file);
+    data_.X = Whole("NativeRes", "X", 0, LargestScreen);
+    data_.Y = Whole("NativeRes", "Y", 0, LargestScreen);
     ReadScale();
     ReadBackgrounds();
     ReadColours();
     ReadFonts();
     ReplaceSmallSizes();
-    data_.itemindex = Value("DMFS", "itemindex", IniType::Integer).Integer();
+    data_.itemindex = static_cast<std::int16_t>(Whole("DMFS", "itemindex", 0, MostIcons));
+    ReadIcons();
+    if (const std::string faults = file_.Faults(); !faults.empty())
+        n_.report.Log("The skin " + n_.state.CurrentSkinFile + ": " + faults);
+    file_ = {};
     return true;
+}
+
+int SkinStore::Whole(const std::string& section, const std::string& key, int low, int high) {
+    return static_cast<int>(file_.Number(section, key, IniType::Long, low, high));
 }
 
 void SkinStore::ReadScale() {
@@ -96,17 +134,18 @@ void SkinStore::ReadScale() {
 }
 
 void SkinStore::ReadBackgrounds() {
-    data_.mainmenu = Text("BGimages", "mainmenu");
-    data_.playlist = Text("BGimages", "playlist");
-    data_.playmp3 = Text("BGimages", "playmp3");
-    data_.FM = Text("BGimages", "FM");
-    data_.GPSSTD = Text("BGimages", "GPSSTD");
-    data_.GPSMUSIC = Text("BGimages", "GPSMUSIC");
+    const auto picture = [&](const char* key) { return file_.Text("BGimages", key); };
+    data_.mainmenu = picture("mainmenu");
+    data_.playlist = picture("playlist");
+    data_.playmp3 = picture("playmp3");
+    data_.FM = picture("FM");
+    data_.GPSSTD = picture("GPSSTD");
+    data_.GPSMUSIC = picture("GPSMUSIC");
 }
 
 void SkinStore::ReadColours() {
     const auto plain = [&](const char* key) {
-        return SkinColour{Value("Colors", key, IniType::Long).Long() & White};
+        return SkinColour{Whole("Colors", key, INT32_MIN, INT32_MAX) & White};
     };
     const auto neverBlack = [&](const char* key) {
         const SkinColour colour = plain(key);
@@ -134,11 +173,13 @@ void SkinStore::ReadColours() {
 
 SkinFont SkinStore::ReadFont(const std::string& name) {
     SkinFont font;
-    font.name = Text("FONTS", name + "name");
+    font.name = file_.Text("FONTS", name + "name");
+    if (!font.name.empty() && !n_.fonts.FontExists(font.name))
+        file_.AddFault("the font " + font.name + " is not installed");
     if (!n_.fonts.FontExists(font.name)) font.name = "Verdana";
-    font.bold = Value("FONTS", name + "bold", IniType::Boolean).Bool();
-    font.italic = Value("FONTS", name + "italic", IniType::Boolean).Bool();
-    font.size = Value("FONTS", name + "size", IniType::Integer).Integer();
+    font.bold = file_.Flag("FONTS", name + "bold");
+    font.italic = file_.Flag("FONTS", name + "italic");
+    font.size = static_cast<std::int16_t>(Whole("FONTS", name + "size", 0, LargestFont));
     return font;
 }
 
@@ -152,22 +193,21 @@ void SkinStore::ReadFonts() {
 
 void SkinStore::ReplaceSmallSizes() {
     const int width = n_.screenWidth();
-    const auto replace = [](SkinFont& font, std::int16_t size) {
-        if (font.size < SmallestSize) font.size = size;
+    const auto replace = [&](SkinFont& font, std::int16_t SizeRow::*size) {
+        const SizeRow* row = SizesFor(width, font.size == 0);
+        if (font.size < SmallestSize && row) font.size = row->*size;
     };
-    for (const SizeRow& row : Sizes) {
-        if (row.screenWidth != width) continue;
-        replace(data_.clockfont, row.clock);
-        replace(data_.headingbarfont, row.heading);
-        replace(data_.Listtextfont, row.list);
-        replace(data_.Titlefont, row.title);
-        replace(data_.artistfont, row.artist);
-    }
+    replace(data_.clockfont, &SizeRow::clock);
+    replace(data_.headingbarfont, &SizeRow::heading);
+    replace(data_.Listtextfont, &SizeRow::list);
+    replace(data_.Titlefont, &SizeRow::title);
+    replace(data_.artistfont, &SizeRow::artist);
 }
 
 // Light text on dark grounds, in the sizes of a small in-dash screen.
 void SkinStore::UseBuiltInLook() {
     data_ = {};
+    icons_.clear();
     SkinData& d = data_;
     d.FontScaleX = d.FontScaleY = 1;
     for (SkinColour* colour :
@@ -186,35 +226,40 @@ void SkinStore::UseBuiltInLook() {
     d.artistfont.size = 18;
 }
 
-std::vector<MenuIconData> SkinStore::ReadMenuIcons() {
-    std::vector<MenuIconData> icons;
-    const auto names = Split(Trim(Text("IconNames", "Names")), ' ');
-    if (names.size() < 2) return icons;
-    for (const std::string& name : names) {
-        const char* section = name.c_str();
-        const auto fraction = [&](const char* key) {
-            return Value(section, key, IniType::Decimal).Double();
-        };
-        const auto neighbour = [&](const char* key) {
-            return static_cast<int>(Value(section, key, IniType::Integer).Integer());
-        };
-        MenuIconData icon;
-        icon.name = name;
-        icon.icontop = fraction("icontop");
-        icon.iconleft = fraction("iconleft");
-        icon.iconheight = fraction("iconheight");
-        icon.iconwidth = fraction("iconwidth");
-        icon.iconpictureunsel = Text(section, "iconpictureunsel");
-        icon.iconpicturesel = Text(section, "iconpicturesel");
-        const int function = static_cast<int>(Value(section, "function", IniType::Single).Double());
-        if (function != 0) icon.function = std::to_string(function);
-        icon.of_above = neighbour("of_above");
-        icon.of_below = neighbour("of_below");
-        icon.of_right = neighbour("of_right");
-        icon.of_left = neighbour("of_left");
-        icons.push_back(icon);
-    }
-    return icons;
+void SkinStore::ReadIcons() {
+    auto names = Split(Trim(file_.Text("IconNames", "Names")), ' ');
+    names.resize(std::min<std::size_t>(names.size(), MostIcons));
+    const auto described = [&](const std::string& name) { return file_.HasSection(name); };
+    icons_.clear();
+    if (names.size() < 2 || std::ranges::none_of(names, described))
+        return file_.AddFault("no icons for the menu");
+    for (const std::string& name : names)
+        icons_.push_back(ReadIcon(name, static_cast<int>(names.size())));
+}
+
+MenuIconData SkinStore::ReadIcon(const std::string& name, int count) {
+    const auto fraction = [&](const char* key, double low) {
+        return file_.Number(name, key, IniType::Decimal, low, 1);
+    };
+    const auto neighbour = [&](const char* key) {
+        return file_.Has(name, key) ? Whole(name, key, 0, count) : 0;
+    };
+    MenuIconData icon;
+    icon.name = name;
+    icon.icontop = fraction("icontop", -1);
+    icon.iconleft = fraction("iconleft", -1);
+    icon.iconheight = fraction("iconheight", 0);
+    icon.iconwidth = fraction("iconwidth", 0);
+    icon.iconpictureunsel = file_.Text(name, "iconpictureunsel");
+    icon.iconpicturesel = file_.Text(name, "iconpicturesel");
+    const auto function = static_cast<int>(
+        file_.Number(name, "function", IniType::Single, -LargestFunction, LargestFunction));
+    if (function != 0) icon.function = std::to_string(function);
+    icon.of_above = neighbour("of_above");
+    icon.of_below = neighbour("of_below");
+    icon.of_right = neighbour("of_right");
+    icon.of_left = neighbour("of_left");
+    return icon;
 }
 
 } // namespace vk

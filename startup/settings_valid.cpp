@@ -52,9 +52,7 @@ bool astart::FoldersAreValid() {
 
 bool astart::SkinsAreThere(bool& stop) {
     Settings& s = base_.settings.values;
-    const auto there = [&](const std::string& skin) {
-        return FileExists(JoinPath(base_.settings.File("skins"), skin));
-    };
+    const auto there = [&](const std::string& skin) { return n_.skin.IsThere(skin); };
     if (there(s.CurrentSkin) && there(s.CurrentNTSkin)) return true;
     base_.dialogs.ShowMessage("Missing .skn file.  Default skin will be used.");
     if (!there(DefaultSkin)) return true;

@@ -54,7 +54,7 @@ struct Host {
     PictureCache pictures{skin};
     ControlContext controls{state, settings.values, skin, pictures, ports.machine.clock,
                             pump,  commands};
-    BlackBackground background{screens, skin, &window};
+    BlackBackground background{state, screens, skin, &window};
     Daylight daylight{base, skin};
     Modules modules;
     /// Ends the system in good order; `osShutdown` when the operating system wants it. May be

@@ -3,8 +3,11 @@
 #include "browser/screen/playlists_layout.h"
 #include "core/text.h"
 #include "skin/controls/looks.h"
+#include "skin/touch_target.h"
 
 #include <QPainter>
+
+#include <algorithm>
 
 namespace vk {
 
@@ -179,7 +182,10 @@ std::vector<TouchButton*> playlists::Offered(const std::vector<ButtonRow>& rows)
 
 void playlists::LayoutButtons() {
     const PlaylistsLayout layout(width(), height());
-    buttons_.at("imgHome")->setGeometry(layout.home);
+    const QRect touched(layout.home.left(), 0, layout.home.width(),
+                        std::max(layout.topBar.height(), TouchSide(height())));
+    buttons_.at("imgHome")->setGeometry(touched);
+    buttons_.at("imgHome")->SetFace(layout.home.translated(-touched.topLeft()));
     bottomBar_.setGeometry(layout.bottomBar);
     SetBarColour(bottomBar_, context_.skin.data());
     const auto bottom = Offered(BottomRows);

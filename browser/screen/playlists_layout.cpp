@@ -6,7 +6,7 @@ namespace vk {
 
 PlaylistsLayout::PlaylistsLayout(int width, int height)
     : button(height * 15 / 100 + 1), gap_(std::max(4, height / 60)) {
-    const int top = height * 11 / 100;
+    const int top = height / 8; // two lines of a title
     const int bottom = height * 17 / 100;
     const int margin = width * 2 / 100;
     topBar = {0, 0, width, top};

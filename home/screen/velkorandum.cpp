@@ -1,6 +1,7 @@
 #include "home/screen/velkorandum.h"
 
 #include "skin/controls/looks.h"
+#include "skin/touch_target.h"
 
 #include <QMouseEvent>
 #include <QPainter>
@@ -22,7 +23,7 @@ constexpr int PlateRadius = 14;
 
 velkorandum::velkorandum(const ControlContext& context, MainMenu::Needs needs, QWidget* parent)
     : QWidget(parent), context_(context), menu_(needs, *this), Frame1(this), ClockBar(this),
-      Label6(this), canDim_(static_cast<bool>(needs.doors.setDimmer)) {
+      Label6(this), imgLoading(this), canDim_(static_cast<bool>(needs.doors.setDimmer)) {
     Image1 = MakeButton("quit.gif", "Quit", [this] { menu_.Image1_Click(); });
     Image2 = MakeButton("watermark.gif", "Dim", [this] { menu_.Image2_Click(); });
     Image3 = MakeButton("cpl.jpg", "Set", [this] { menu_.ClockBar_Click(); });
@@ -59,7 +60,6 @@ void velkorandum::DoLayout() {
     Frame1.lower();
     background_ =
         context_.pictures.Picture(context_.skin.data().mainmenu, size, PictureFit::Stretch);
-    loading_ = context_.pictures.Picture("loading.jpg", {size.width() / 2, size.height() / 2});
     LayOutBar();
     LayOutBanner();
     if (context_.skin.Generation() != iconGeneration_ && !menu_.Icons().empty()) {
@@ -71,25 +71,38 @@ void velkorandum::DoLayout() {
     update();
 }
 
+// The bar is low: what is touched of it reaches up as far as the skin's icons leave room.
+int velkorandum::TouchedAbove(int barTop) const {
+    int top = height() - TouchSide(height());
+    for (const auto& icon : icons_)
+        if (icon->geometry().bottom() < barTop) top = std::max(top, icon->geometry().bottom() + 1);
+    return std::min(top, barTop);
+}
+
 void velkorandum::LayOutBar() {
     const SkinData& skin = context_.skin.data();
     const bool plain = !context_.settings.CleanMenu;
-    const int height = this->height() / BarShare;
+    const int tall = height() / BarShare;
     const int button = width() / ButtonShare;
-    const int top = this->height() - height;
-    ClockBar.setGeometry(0, top, width(), height);
+    const int top = TouchedAbove(height() - tall);
+    const int touched = height() - top;
+    ClockBar.setGeometry(0, top, width(), touched);
+    ClockBar.SetFace({0, touched - tall, width(), tall});
+    ClockBar.SetMargin(canDim_ ? 2 * button : button);
     ClockBar.SetLook(skin.clockfont, skin.ClockForegroundClr, skin);
     ClockBar.SetGround(ToQColor(skin.ClockBackgroundClr));
     ClockBar.SetShrink(0.5);
     ClockBar.setVisible(context_.settings.ShowClock);
-    Image3->setGeometry(0, top, button, height);
-    Image2->setGeometry(width() - 2 * button, top, button, height);
-    Image1->setGeometry(width() - button, top, button, height);
+    Image3->setGeometry(0, top, button, touched);
+    Image2->setGeometry(width() - 2 * button, top, button, touched);
+    Image1->setGeometry(width() - button, top, button, touched);
     Image1->setVisible(plain);
     Image3->setVisible(plain);
     Image2->setVisible(plain && canDim_);
-    for (TouchButton* image : {Image1.get(), Image2.get(), Image3.get()})
+    for (TouchButton* image : {Image1.get(), Image2.get(), Image3.get()}) {
+        image->SetFace({0, touched - tall, button, tall});
         image->raise();
+    }
 }
 
 void velkorandum::LayOutBanner() {
@@ -100,8 +113,12 @@ void velkorandum::LayOutBanner() {
     Label6.SetShrink(0.5);
     const QSize size(width() / 2, height() / BannerShare);
     Label6.setGeometry(QRect(rect().center() - QPoint(size.width() / 2, size.height() / 2), size));
-    Label6.setAttribute(Qt::WA_TransparentForMouseEvents); // it may stand there for minutes
-    Label6.raise();
+    imgLoading.setGeometry(rect());
+    imgLoading.setAlignment(Qt::AlignCenter);
+    for (QWidget* part : {static_cast<QWidget*>(&imgLoading), static_cast<QWidget*>(&Label6)}) {
+        part->setAttribute(Qt::WA_TransparentForMouseEvents); // it may stand there for minutes
+        part->raise();
+    }
 }
 
 void velkorandum::ShowIcons() {
@@ -120,6 +137,7 @@ void velkorandum::ShowIcons() {
         icon->show();
         icons_.push_back(std::move(icon));
     }
+    LayOutBar();
 }
 
 void velkorandum::DrawIcon(int index, bool selected) {
@@ -138,9 +156,18 @@ void velkorandum::SetClockBar(const std::string& text) {
 }
 
 void velkorandum::ShowBanner(const std::string& text) {
+    imgLoading.hide();
     Label6.SetText(text);
     Label6.setVisible(!text.empty());
     if (!text.empty() && isVisible()) Label6.repaint();
+}
+
+void velkorandum::ShowLoading(const std::string& text) {
+    imgLoading.setPixmap(context_.pictures.Picture("loading.jpg", size(), PictureFit::Within));
+    imgLoading.setVisible(!imgLoading.pixmap(Qt::ReturnByValue).isNull());
+    Label6.SetText(text);
+    Label6.show();
+    if (isVisible()) repaint(imgLoading.geometry());
 }
 
 void velkorandum::RefreshClockColours() {

@@ -8,6 +8,7 @@
 #include "skin/controls/touch_button.h"
 #include "skin/controls/wheel_ticks.h"
 
+#include <QLabel>
 #include <QPixmap>
 #include <QWidget>
 
@@ -36,6 +37,7 @@ class velkorandum : public QWidget, public MenuView {
     void ShowFrame(bool shown) override;
     void SetClockBar(const std::string& text) override;
     void ShowBanner(const std::string& text) override;
+    void ShowLoading(const std::string& text) override;
     void RefreshClockColours() override;
 
   protected:
@@ -46,6 +48,7 @@ class velkorandum : public QWidget, public MenuView {
   private:
     QSize ScreenSize() const;
     void LayOutBar();
+    int TouchedAbove(int barTop) const;
     void LayOutBanner();
     std::unique_ptr<TouchButton> MakeButton(const char* picture, const char* caption,
                                             std::function<void()> onClick);
@@ -57,7 +60,8 @@ class velkorandum : public QWidget, public MenuView {
     ShadedLabel Label6; ///< the banner's text, on its plate
     std::unique_ptr<TouchButton> Image1, Image2, Image3;
     std::vector<std::unique_ptr<MenuIcon>> icons_;
-    QPixmap background_, loading_;
+    QPixmap background_;
+    QLabel imgLoading;
     int iconGeneration_ = -1;
     WheelTicks wheel_;
     bool canDim_ = false;

@@ -1,8 +1,11 @@
 #include "playback/screen/playmp3.h"
 
 #include "skin/controls/looks.h"
+#include "skin/touch_target.h"
 
 #include <QPainter>
+
+#include <algorithm>
 
 namespace vk {
 
@@ -177,7 +180,10 @@ void playmp3::Place() {
     Label1_.setGeometry(layout_.clock);
     UCST_.setGeometry(layout_.title);
     artistlabel_.setGeometry(layout_.artist);
-    TrackTimeLabel_.setGeometry(layout_.trackTime);
+    QRect touched = layout_.trackTime;
+    touched.setTop(std::min(touched.top(), touched.bottom() + 1 - TouchSide(height())));
+    TrackTimeLabel_.setGeometry(touched);
+    TrackTimeLabel_.SetFace(layout_.trackTime.translated(-touched.topLeft()));
     lblBitRate_.setGeometry(layout_.bitRate);
     lblShuffle_.setGeometry(layout_.shuffle);
     lbLoading_.setGeometry(layout_.loading);

@@ -19,8 +19,9 @@ constexpr int BootSteps = 13;       // the range that an emptied bar stands at
 
 } // namespace
 
-BlackBackground::BlackBackground(Screens& screens, const SkinStore& skin, QWidget* parent)
-    : QWidget(parent), screens_(screens), skin_(skin) {
+BlackBackground::BlackBackground(const AppState& state, Screens& screens, const SkinStore& skin,
+                                 QWidget* parent)
+    : QWidget(parent), state_(state), screens_(screens), skin_(skin) {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setFocusPolicy(Qt::NoFocus);
     DoLayout();
@@ -67,10 +68,17 @@ double BlackBackground::Filled() const {
     return faceShown_ ? std::clamp(static_cast<double>(value_) / range_, 0.0, 1.0) : 0.0;
 }
 
+// The screens may be smaller than the display.
+QRect BlackBackground::Interface() const {
+    const QRect screens(0, 0, state_.ScreenWidth, state_.ScreenHeight);
+    return screens.isEmpty() ? rect() : rect().intersected(screens);
+}
+
 QRect BlackBackground::BarRect() const {
-    const int wide = static_cast<int>(width() * BarWidth);
-    return {(width() - wide) / 2, static_cast<int>(height() * BarTop), wide,
-            std::max(12, static_cast<int>(height() * BarHeight))};
+    const QRect whole = Interface();
+    const int wide = static_cast<int>(whole.width() * BarWidth);
+    return {(whole.width() - wide) / 2, static_cast<int>(whole.height() * BarTop), wide,
+            std::max(12, static_cast<int>(whole.height() * BarHeight))};
 }
 
 QColor BlackBackground::Accent() const {
@@ -93,10 +101,11 @@ void BlackBackground::DrawName(QPainter& painter) const {
     QFont font(QStringLiteral("DejaVu Sans"));
     font.setPixelSize(100);
     const double natural = QFontMetricsF(font).horizontalAdvance(name);
-    font.setPixelSize(std::max(8, static_cast<int>(100 * width() * NameWidth / natural)));
+    font.setPixelSize(
+        std::max(8, static_cast<int>(100 * Interface().width() * NameWidth / natural)));
     painter.setFont(font);
     painter.setPen(QColor(0xB4, 0xBE, 0xC8));
-    painter.drawText(rect(), Qt::AlignCenter, name);
+    painter.drawText(Interface(), Qt::AlignCenter, name);
 }
 
 void BlackBackground::DrawBar(QPainter& painter) const {

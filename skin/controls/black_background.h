@@ -1,6 +1,7 @@
 // The dark backdrop behind every screen, with the progress bar of the start.
 #pragma once
 
+#include "core/app_state.h"
 #include "core/screens.h"
 #include "skin/loading_screen.h"
 #include "skin/skin.h"
@@ -11,11 +12,13 @@
 
 namespace vk {
 
-/// Stays for the whole run: a gap between two screens shows it, not the desktop. Covers its parent.
+/// Stays for the whole run: a gap between two screens shows it, not the desktop. Covers its parent;
+/// what is drawn on it stands where the screens will.
 class BlackBackground : public QWidget, public LoadingScreen {
   public:
     /// The skin may still be unloaded; built-in colours are used until it is.
-    BlackBackground(Screens& screens, const SkinStore& skin, QWidget* parent);
+    BlackBackground(const AppState& state, Screens& screens, const SkinStore& skin,
+                    QWidget* parent);
 
     /// Makes itself `CurrentForm`, covers the parent and comes to the front, drawn at once.
     void Load() override;
@@ -51,11 +54,13 @@ class BlackBackground : public QWidget, public LoadingScreen {
     void paintEvent(QPaintEvent* event) override;
 
   private:
+    QRect Interface() const;
     QRect BarRect() const;
     QColor Accent() const;
     void DrawName(QPainter& painter) const;
     void DrawBar(QPainter& painter) const;
 
+    const AppState& state_;
     Screens& screens_;
     const SkinStore& skin_;
     int value_ = 0;

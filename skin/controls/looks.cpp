@@ -10,6 +10,7 @@ namespace vk {
 namespace {
 
 constexpr int SmallestFont = 6; // pixels
+constexpr int LargestFont = 300;
 
 // Relative luminance, https://www.w3.org/TR/WCAG21/#dfn-relative-luminance
 double Luminance(const QColor& colour) {
@@ -26,18 +27,17 @@ QColor ToQColor(SkinColour colour) {
     return {colour.Red(), colour.Green(), colour.Blue()};
 }
 
-QFont ToQFont(const SkinFont& font, double scaleY) {
+QFont ToQFont(const SkinFont& font, double scale) {
     QFont result(ToQString(font.name));
     result.setBold(font.bold);
     result.setItalic(font.italic);
-    const double scale = scaleY > 0 ? scaleY : 1;
-    result.setPixelSize(
-        std::max(SmallestFont, static_cast<int>(std::lround(font.size * 96.0 / 72.0 * scale))));
+    const double pixels = std::round(font.size * 96.0 / 72.0 * scale);
+    result.setPixelSize(static_cast<int>(std::clamp<double>(pixels, SmallestFont, LargestFont)));
     return result;
 }
 
 QFont ToQFont(const SkinFont& font, const SkinData& skin) {
-    return ToQFont(font, static_cast<double>(skin.FontScaleY));
+    return ToQFont(font, skin.FontScale());
 }
 
 QString ToQString(const std::string& text) {

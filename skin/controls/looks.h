@@ -13,10 +13,10 @@ namespace vk {
 
 QColor ToQColor(SkinColour colour);
 
-/// The font in pixels, size * 96/72 * scale, so that the display's density does not matter. A scale
-/// of 0 counts as 1; nothing gets smaller than 6 pixels.
-QFont ToQFont(const SkinFont& font, double scaleY = 1);
-/// The same with the skin's own `FontScaleY`.
+/// The font in pixels, size * 96/72 * scale, so that the display's density does not matter; nothing
+/// gets smaller than 6 pixels or larger than 300.
+QFont ToQFont(const SkinFont& font, double scale = 1);
+/// The same with the skin's own scale.
 QFont ToQFont(const SkinFont& font, const SkinData& skin);
 
 /// A text of the lower layers: UTF-8, bytes that are none are taken as Windows-1252.

@@ -21,8 +21,10 @@ constexpr qint64 ScaledExcess = 4; // what is decoded of it may be twice as wide
 constexpr int ScanLimit = 64;      // of a JPEG
 constexpr int HonestSingle = 2;    // its one scan and that of a thumbnail in it
 
-Qt::AspectRatioMode Aspect(PictureFit fit) {
-    return fit == PictureFit::Keep ? Qt::KeepAspectRatio : Qt::IgnoreAspectRatio;
+QSize Fitted(QSize own, QSize box, PictureFit fit) {
+    if (fit == PictureFit::Within) box = box.boundedTo(own);
+    return own.scaled(box, fit == PictureFit::Stretch ? Qt::IgnoreAspectRatio : Qt::KeepAspectRatio)
+        .expandedTo({1, 1});
 }
 
 qint64 Area(QSize size) {
@@ -85,8 +87,7 @@ QImage PictureFromBytes(std::string_view bytes, QSize box, PictureFit fit) {
     if (image.isNull()) return {};
     // Colours of clear pixels must not bleed into the edges.
     return image.convertToFormat(QImage::Format_ARGB32_Premultiplied)
-        .scaled(image.size().scaled(box, Aspect(fit)).expandedTo({1, 1}), Qt::IgnoreAspectRatio,
-                Qt::SmoothTransformation);
+        .scaled(Fitted(image.size(), box, fit), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }
 
 QImage LoadPicture(const std::string& path, QSize box, PictureFit fit) {

@@ -12,7 +12,8 @@ namespace vk {
 /// How a picture fills the box that it is drawn into.
 enum class PictureFit {
     Stretch, ///< the box whole, the picture's aspect is lost
-    Keep     ///< as large as the box allows with the aspect kept
+    Keep,    ///< as large as the box allows with the aspect kept
+    Within   ///< the same, but never larger than the picture itself
 };
 
 /// Decodes a picture and scales it into `box` (pixels) smoothly, turned as its camera says. A null

@@ -10,6 +10,7 @@ namespace vk {
 namespace {
 
 constexpr double SmallestCaption = 0.5; // of the font's size
+constexpr int SmallestSize = 6;         // pixels
 constexpr int CaptionFlags = Qt::AlignCenter | Qt::TextWordWrap;
 
 bool Fits(const QFont& font, const QString& text, QSize box, int flags) {
@@ -21,7 +22,10 @@ bool Fits(const QFont& font, const QString& text, QSize box, int flags) {
 
 QFont FittingFont(const QFont& font, const QString& text, QSize box, int flags, double smallest) {
     QFont fitting = font;
-    const int least = std::max(6, static_cast<int>(font.pixelSize() * smallest));
+    fitting.setPixelSize(std::max(SmallestSize, static_cast<int>(font.pixelSize() * smallest)));
+    const bool low = QFontMetrics(fitting).height() > box.height();
+    const int least = low ? SmallestSize : fitting.pixelSize();
+    fitting = font;
     while (fitting.pixelSize() > least && !Fits(fitting, text, box, flags))
         fitting.setPixelSize(fitting.pixelSize() - 1);
     return fitting;

@@ -21,7 +21,7 @@ void DrawCaptionPlate(QPainter& painter, const QRect& box, const QString& captio
                       const QFont& font, const PlateLook& look);
 
 /// The largest font from `font` down to `smallest` of its size in which `text` fits `box` with
-/// these flags of drawText.
+/// these flags of drawText; smaller still where not even one line would fit the box's height.
 QFont FittingFont(const QFont& font, const QString& text, QSize box, int flags, double smallest);
 
 } // namespace vk

@@ -2,6 +2,7 @@
 
 #include "skin/controls/looks.h"
 #include "skin/controls/plate.h"
+#include "skin/controls/text_lines.h"
 
 #include <QFontMetrics>
 #include <QMouseEvent>
@@ -59,46 +60,59 @@ void ShadedLabel::SetShrink(double smallest) {
     update();
 }
 
+void ShadedLabel::SetFace(const QRect& face) {
+    face_ = face;
+    update();
+}
+
+void ShadedLabel::SetMargin(int margin) {
+    margin_ = margin;
+    update();
+}
+
 void ShadedLabel::SetElide(Qt::TextElideMode mode) {
     elide_ = mode;
     update();
 }
 
 int ShadedLabel::Flags() const {
-    return static_cast<int>(alignment_) | (wrap_ ? Qt::TextWordWrap : 0);
-}
-
-QSize ShadedLabel::sizeHint() const {
-    const QRect needed = QFontMetrics(font_).boundingRect(QRect(0, 0, QWIDGETSIZE_MAX, 1), Flags(),
-                                                          ToQString(text_));
-    return needed.size() + QSize(2 * radius_ + 2, 2);
-}
-
-QString ShadedLabel::ShownText(const QFont& font, const QRect& box) const {
-    const QString text = ToQString(text_);
-    if (wrap_ || text.contains(QLatin1Char('\n'))) return text;
-    return QFontMetrics(font).elidedText(text, elide_, box.width());
+    return static_cast<int>(alignment_) | Qt::TextWordWrap;
 }
 
 void ShadedLabel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
+    const QRect face = Face();
     if (ground_.isValid()) {
         painter.setRenderHint(QPainter::Antialiasing, radius_ > 0);
         painter.setPen(Qt::NoPen);
         painter.setBrush(ground_);
-        painter.drawRoundedRect(rect(), radius_, radius_);
+        painter.drawRoundedRect(face, radius_, radius_);
     }
-    const QRect box = rect().adjusted(radius_, 0, -radius_, 0);
-    const QFont font = FittingFont(font_, ToQString(text_), box.size(), Flags(), smallest_);
-    const QString shown = ShownText(font, box);
-    painter.setFont(font);
-    if (shadow_.isValid()) {
-        const int offset = std::max(1, font.pixelSize() / 14);
-        painter.setPen(shadow_);
-        painter.drawText(box.translated(offset, offset), Flags(), shown);
-    }
+    const int side = std::max(radius_, margin_);
+    const QRect box = face.adjusted(side, 0, -side, 0);
+    wrap_ ? DrawWrapped(painter, box) : DrawLines(painter, box);
+}
+
+void ShadedLabel::DrawTwice(QPainter& painter, int pixelSize,
+                            const std::function<void(QPoint offset)>& draw) const {
+    const int offset = std::max(1, pixelSize / 14);
+    painter.setPen(shadow_);
+    if (shadow_.isValid()) draw({offset, offset});
     painter.setPen(colour_);
-    painter.drawText(box, Flags(), shown);
+    draw({});
+}
+
+void ShadedLabel::DrawWrapped(QPainter& painter, const QRect& box) const {
+    const QString text = ToQString(text_);
+    painter.setFont(FittingFont(font_, text, box.size(), Flags(), smallest_));
+    DrawTwice(painter, painter.font().pixelSize(),
+              [&](QPoint offset) { painter.drawText(box.translated(offset), Flags(), text); });
+}
+
+void ShadedLabel::DrawLines(QPainter& painter, const QRect& box) const {
+    const TextLines lines(ToQString(text_), font_, box.size(), smallest_, elide_);
+    DrawTwice(painter, lines.PixelSize(),
+              [&](QPoint offset) { lines.Draw(painter, box.translated(offset), alignment_); });
 }
 
 void ShadedLabel::OnClick(Commands& commands, std::function<void()> click) {

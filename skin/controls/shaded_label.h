@@ -9,6 +9,8 @@
 #include <functional>
 #include <string>
 
+class QPainter;
+
 namespace vk {
 
 /// Long texts are cut at their end with an ellipsis, or wrapped. Without a ground the parent shows
@@ -29,11 +31,15 @@ class ShadedLabel : public QWidget {
     void SetGround(const QColor& colour, int radius = 0);
     void SetAlignment(Qt::Alignment alignment);
     void SetWrap(bool wrap);
-    /// Makes the font as small as the label's width and height need, to `smallest` of its size.
+    /// Makes the font as small as the label's width and height need, to `smallest` of its size; of
+    /// lines that are not wrapped each by itself.
     void SetShrink(double smallest);
+    /// Where in the label it is drawn, ground and text; all of it is touched. An empty one: all.
+    void SetFace(const QRect& face);
+    /// What the text keeps free on both sides of the face, pixels.
+    void SetMargin(int margin);
     /// Where a long text is cut: in its middle, a path keeps the name of its file.
     void SetElide(Qt::TextElideMode mode);
-    QSize sizeHint() const override;
 
     /// A touch runs `click` as a command: dropped while another one runs. Without one touches go to
     /// the parent. `commands` outlives the label.
@@ -47,7 +53,12 @@ class ShadedLabel : public QWidget {
 
   private:
     int Flags() const;
-    QString ShownText(const QFont& font, const QRect& box) const;
+    QRect Face() const { return face_.isEmpty() ? rect() : face_; }
+    /// The text's shadow, where it has one, and the text.
+    void DrawTwice(QPainter& painter, int pixelSize,
+                   const std::function<void(QPoint offset)>& draw) const;
+    void DrawWrapped(QPainter& painter, const QRect& box) const;
+    void DrawLines(QPainter& painter, const QRect& box) const;
 
     std::function<void()> click_;
     std::string text_;
@@ -56,8 +67,9 @@ class ShadedLabel : public QWidget {
     QColor shadow_, ground_;
     Qt::Alignment alignment_ = Qt::AlignCenter;
     Qt::TextElideMode elide_ = Qt::ElideRight;
+    QRect face_;
     double smallest_ = 1;
-    int radius_ = 0;
+    int radius_ = 0, margin_ = 0;
     bool wrap_ = false;
     bool pressed_ = false;
 };

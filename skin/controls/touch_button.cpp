@@ -21,9 +21,20 @@ TouchButton::TouchButton(const ControlContext& context, QWidget* parent)
 }
 
 void TouchButton::SetPicture(const std::string& name) {
-    if (picture_ == name || !context_.pictures.Has(name)) return;
+    if (picture_ == name) return;
+    if (context_.pictures.Has(picture_)) before_ = picture_;
     picture_ = name;
     update();
+}
+
+void TouchButton::SetFace(const QRect& face) {
+    face_ = face;
+    update();
+}
+
+QPixmap TouchButton::FacePicture() {
+    const QPixmap picture = context_.pictures.Picture(picture_, Face().size());
+    return picture.isNull() ? context_.pictures.Picture(before_, Face().size()) : picture;
 }
 
 void TouchButton::SetPressedPicture(const std::string& name) {
@@ -38,11 +49,12 @@ void TouchButton::SetCaption(const std::string& caption) {
 
 void TouchButton::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    const QPixmap held = pressed_ ? context_.pictures.Picture(pressedPicture_, size()) : QPixmap();
-    const QPixmap picture = held.isNull() ? context_.pictures.Picture(picture_, size()) : held;
+    const QPixmap held =
+        pressed_ ? context_.pictures.Picture(pressedPicture_, Face().size()) : QPixmap();
+    const QPixmap picture = held.isNull() ? FacePicture() : held;
     if (picture.isNull()) return DrawPlate(painter);
     QRect place = picture.rect();
-    place.moveCenter(rect().center());
+    place.moveCenter(Face().center());
     if (pressed_ && held.isNull()) painter.setOpacity(HeldOpacity);
     painter.drawPixmap(place, picture);
 }
@@ -55,7 +67,7 @@ void TouchButton::DrawPlate(QPainter& painter) const {
         ToQColor(pressed_ ? skin.ListSelectedBackgroundClr : skin.HeadingBarBackgroundClr);
     look.edge = ToQColor(skin.OutlineBoxClr);
     look.text = ReadableOn(look.ground);
-    DrawCaptionPlate(painter, rect(), ToQString(caption_), ToQFont(skin.clockfont, skin), look);
+    DrawCaptionPlate(painter, Face(), ToQString(caption_), ToQFont(skin.clockfont, skin), look);
 }
 
 void TouchButton::mousePressEvent(QMouseEvent*) {

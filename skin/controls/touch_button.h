@@ -16,13 +16,16 @@ class TouchButton : public QWidget {
   public:
     TouchButton(const ControlContext& context, QWidget* parent);
 
-    /// The picture shown, by its name in the skin's folder. A missing file leaves the old picture.
+    /// The picture shown, by its name in the skin's folder. While the skin in use lacks it, the
+    /// one before stays.
     void SetPicture(const std::string& name);
     /// The picture while it is held; "" darkens the normal one.
     void SetPressedPicture(const std::string& name);
     /// Shown while there is no picture.
     void SetCaption(const std::string& caption);
     const std::string& Picture() const { return picture_; }
+    /// Where in the button it is drawn; all of it is touched. An empty one: all.
+    void SetFace(const QRect& face);
 
     /// What becomes of a press and a click while another command runs.
     Commands::When whileBusy = Commands::When::Drop;
@@ -40,10 +43,14 @@ class TouchButton : public QWidget {
 
   private:
     void Release(bool inside);
+    QRect Face() const { return face_.isEmpty() ? rect() : face_; }
+    QPixmap FacePicture();
     void DrawPlate(QPainter& painter) const;
 
     ControlContext context_;
     std::string picture_, pressedPicture_, caption_;
+    std::string before_; ///< the picture that stays while the skin lacks `picture_`
+    QRect face_;
     bool pressed_ = false;
 };
 

@@ -1,11 +1,13 @@
 #include "skin/controls/uc_list_box.h"
 
 #include "skin/controls/looks.h"
+#include "skin/touch_target.h"
 
 #include <QFontMetrics>
 #include <QMouseEvent>
 #include <QPointer>
 
+#include <algorithm>
 #include <utility>
 
 namespace vk {
@@ -13,6 +15,7 @@ namespace vk {
 namespace {
 
 constexpr int Timer1Ms = 100;
+constexpr int LeastRows = 3;
 constexpr int TouchMs = 200; // the touched row stands so long before it is run
 // A touch that comes sooner after one that changed the list was meant for the row that has gone.
 constexpr int DeafMs = 250;
@@ -30,15 +33,24 @@ UCListBox::~UCListBox() = default;
 void UCListBox::SetiMaxVis(const std::string& background, const std::string& arrowUp,
                            const std::string& arrowDown) {
     const SkinData& skin = context_.skin.data();
-    const double scale = skin.FontScaleY > 0 ? static_cast<double>(skin.FontScaleY) : 1;
-    font_ = ToQFont(skin.Listtextfont, scale * FontScale);
-    model_.SetGeometry(QFontMetrics(font_).height(), context_.settings.ListSpacing, height());
+    font_ = ToQFont(skin.Listtextfont, skin.FontScale() * FontScale);
+    SetRows();
+    // A font that is too large for the list makes way for a few rows at least.
+    const int room = height() / LeastRows;
+    if (model_.RowHeight > room && room > 0) {
+        font_.setPixelSize(std::max(1, font_.pixelSize() * room / model_.RowHeight));
+        SetRows();
+    }
     arrowUp_ = arrowUp;
     arrowDown_ = arrowDown;
     ground_ = context_.pictures.BackgroundBehind(
         background, *this, {context_.state.ScreenWidth, context_.state.ScreenHeight});
     setAttribute(Qt::WA_OpaquePaintEvent, !ground_.isNull());
     update();
+}
+
+void UCListBox::SetRows() {
+    model_.SetGeometry(QFontMetrics(font_).height(), context_.settings.ListSpacing, height());
 }
 
 void UCListBox::AddItem(const std::string& first, const std::string& second,
@@ -115,10 +127,17 @@ void UCListBox::ReDrawList() {
     update();
 }
 
+// Where rows lie beyond, what is touched is larger than the strip.
 int UCListBox::StripAt(QPoint point) const {
-    if (point.x() <= width() - width() / 5) return 0;
-    if (point.y() < height() / 15) return ScrollUpCode;
-    return point.y() > height() - height() / 15 ? ScrollDownCode : 0;
+    const int side = TouchSide(context_.state.ScreenHeight);
+    const int top = model_.TopRow();
+    const bool up = point.y() < height() / 2;
+    const bool rowsBeyond = up ? top > 0 : top + model_.iMaxVis < model_.ItemCount();
+    const int wide = rowsBeyond ? std::max(width() / 5, side) : width() / 5;
+    const int tall = rowsBeyond ? std::max(height() / 15, side) : height() / 15;
+    if (point.x() <= width() - wide) return 0;
+    if (up) return point.y() < tall ? ScrollUpCode : 0;
+    return point.y() > height() - tall ? ScrollDownCode : 0;
 }
 
 void UCListBox::mousePressEvent(QMouseEvent* event) {

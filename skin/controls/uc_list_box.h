@@ -86,6 +86,7 @@ class UCListBox : public QWidget {
         QString first, second;
         int firstWidth = 0;
     };
+    void SetRows();
     bool IsSelectedRow(int row) const;
     int TextRoom(int row) const;
     RowTexts TextsOf(int row, const QFontMetrics& metrics) const;
@@ -114,7 +115,7 @@ class UCListBox : public QWidget {
     ControlContext context_;
     ListModel& model_;
     std::unique_ptr<Timer> timer1_;
-    QPixmap ground_;
+    PicturePart ground_;
     std::string arrowUp_, arrowDown_;
     QFont font_;
     bool stripHeld_ = false; ///< whoever scrolls

@@ -72,7 +72,7 @@ void UCListBox::paintEvent(QPaintEvent* event) {
 }
 
 void UCListBox::DrawGround(QPainter& painter) const {
-    if (!ground_.isNull()) painter.drawPixmap(rect(), ground_);
+    ground_.Draw(painter, {});
 }
 
 void UCListBox::DrawRow(QPainter& painter, int row) {

@@ -68,12 +68,22 @@ void UCScrollText::ReBlit() {
     Render();
 }
 
+// As large as the control has room for.
+QFont UCScrollText::FittingFont() const {
+    QFont font = font_;
+    const int line = QFontMetrics(font).height() + ShadowOffset(font).y();
+    if (line > height() && height() > 0)
+        font.setPixelSize(std::max(1, font.pixelSize() * height() / line));
+    return font;
+}
+
 void UCScrollText::Render() {
-    const QFontMetrics metrics(font_);
+    const QFont font = FittingFont();
+    const QFontMetrics metrics(font);
     QString shown = OneLine(text_);
     textWidth_ = metrics.horizontalAdvance(shown);
     textHeight_ = metrics.height();
-    const QPoint offset = ShadowOffset(font_);
+    const QPoint offset = ShadowOffset(font);
     if (textWidth_ > width() && !context_.settings.UseAnimation) {
         shown = metrics.elidedText(shown, Qt::ElideRight, width() - offset.x());
         textWidth_ = metrics.horizontalAdvance(shown);
@@ -81,7 +91,7 @@ void UCScrollText::Render() {
     line_ = QPixmap(std::max(1, textWidth_ + offset.x()), std::max(1, textHeight_ + offset.y()));
     line_.fill(Qt::transparent);
     QPainter painter(&line_);
-    painter.setFont(font_);
+    painter.setFont(font);
     painter.setPen(shadow_);
     painter.drawText(offset + QPoint(0, metrics.ascent()), shown);
     painter.setPen(colour_);
@@ -115,7 +125,7 @@ void UCScrollText::Timer1_Timer() {
 
 void UCScrollText::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    if (!ground_.isNull()) painter.drawPixmap(rect(), ground_);
+    ground_.Draw(painter, {});
     const int y = (height() - textHeight_) / 2;
     if (!Runs()) {
         painter.drawPixmap(width() / 2 - textWidth_ / 2, y, line_);

@@ -44,6 +44,7 @@ class UCScrollText : public QWidget {
     void hideEvent(QHideEvent* event) override;
 
   private:
+    QFont FittingFont() const;
     void Render();
     void Timer1_Timer();
     void StartOrStop();
@@ -56,8 +57,8 @@ class UCScrollText : public QWidget {
     QColor colour_ = Qt::white;
     QColor shadow_ = Qt::black;
     QFont font_;
-    QPixmap line_;   ///< the text, rendered once
-    QPixmap ground_; ///< the clean background
+    QPixmap line_;       ///< the text, rendered once
+    PicturePart ground_; ///< the clean background
     int textWidth_ = 0;
     int textHeight_ = 0;
     int position_ = 0;

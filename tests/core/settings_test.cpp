@@ -89,7 +89,6 @@ TEST_F(SettingsTest, CorrectsSingleValuesReadsPointsInACommaLocaleAndDefaultsFro
               "Day.skn");
     EXPECT_EQ(Load("[main]\nCurrentDTSkin=Other.skn\n").CurrentSkin, "Torque.skn")
         << "the day skin is read from its own key only";
-    EXPECT_EQ(settings.SkinPicture("Torque.skn", "a.gif"), app.Path() + "/skins/Torque/a.gif");
     state.DecimalSymbol = ",";
     EXPECT_DOUBLE_EQ(Load("[dlink_tuner]\nfrequencyincr=0.1\n").frequencyincr, 0.1);
     for (const char* contents : {"", "\x01\xFF[main", "[main]\nListSpacing"}) {

@@ -10,6 +10,7 @@ struct ToldView : MenuView {
     void ShowFrame(bool shown) override { frame = shown; }
     void SetClockBar(const std::string& text) override { clockBar = text; }
     void ShowBanner(const std::string& text) override { banner = text; }
+    void ShowLoading(const std::string& text) override { banner = text; }
     void RefreshClockColours() override {}
     void ShowAtFront() override {}
     std::pair<int, bool> drawn;

@@ -18,9 +18,9 @@ constexpr SkinColour White{0xFFFFFF};
 TEST_F(ControlsTest, FontsAreInPixelsOfTheSkinsScale) {
     const SkinFont font{"DejaVu Sans", true, true, 18};
     EXPECT_EQ(ToQFont(font, 0.5).pixelSize(), 12);
-    EXPECT_EQ(ToQFont(font, 0).pixelSize(), 24) << "no scale was computed";
     EXPECT_TRUE(ToQFont(font).bold() && ToQFont(font).italic());
     EXPECT_EQ(ToQFont({"DejaVu Sans", false, false, -3}).pixelSize(), 6);
+    EXPECT_EQ(ToQFont({"DejaVu Sans", false, false, 32767}).pixelSize(), 300);
     EXPECT_EQ(ToQColor({0x010203}).rgb(), 0xFF030201u);
     EXPECT_EQ(ToQString("\xE9t\xE9"), QString::fromUtf8("\xC3\xA9t\xC3\xA9"));
     EXPECT_NEAR(Contrast(Qt::black, Qt::white), 21, 0.01);
@@ -40,8 +40,6 @@ TEST_F(ControlsTest, PicturesAreKeptUntilAnotherSkinIsLoaded) {
     skin.LoadSkin();
     EXPECT_EQ(colour(), 0xFF222222);
     EXPECT_TRUE(pictures.Picture("none.png", {40, 20}).isNull());
-    EXPECT_TRUE(pictures.Has("a.png"));
-    EXPECT_FALSE(pictures.Has(""));
 }
 
 TEST_F(ControlsTest, BrokenHugeAndStrangePicturesLeaveTheBoxEmpty) {
@@ -123,9 +121,9 @@ TEST_F(ScrollTextTest, ALongTextRunsAPixelEachFifteenMillisecondsAndComesRound) 
 TEST_F(ControlsTest, AMenuIconShowsItsStateAndAnswersToTouch) {
     Picture("plain.png", {10, 10}, 0xFF000051);
     Picture("chosen.png", {10, 10}, 0xFF000052);
-    app.Write("skins/My.skn", "[IconNames]\nNames=Audio x\n[Audio]\nicontop=0.5\niconleft=0.25\n"
-                              "iconheight=0.2\niconwidth=0.1\niconpictureunsel=plain.png\n"
-                              "iconpicturesel=chosen.png\n");
+    LoadColours("[IconNames]\nNames=Audio x\n[Audio]\nicontop=0.5\niconleft=0.25\n"
+                "iconheight=0.2\niconwidth=0.1\niconpictureunsel=plain.png\n"
+                "iconpicturesel=chosen.png\n");
     MenuIcon icon(context, skin.ReadMenuIcons().at(0), &host);
     icon.Place({800, 480});
     EXPECT_EQ(icon.geometry(), QRect(200, 240, 80, 96));
@@ -152,7 +150,6 @@ TEST_F(ControlsTest, ATouchButtonKeepsItsPictureAndTellsPressReleaseAndClick) {
     button.show();
     button.SetPicture("play.png");
     button.SetPicture("missing.png");
-    EXPECT_EQ(button.Picture(), "play.png");
     EXPECT_EQ(Count(Drawn(button), 0xFF000061), 80 * 80);
     button.SetPressedPicture("playsel.png");
     std::string calls;
@@ -205,7 +202,6 @@ TEST_F(ControlsTest, ALabelCutsWrapsShrinksAndStandsOnItsGround) {
     Click(label, Here);
     commands.Run([&] { Click(label, Here); });
     EXPECT_EQ(clicks, 1);
-    EXPECT_GT(label.sizeHint().width(), 200);
     label.SetWrap(false);
     label.SetShrink(1);
     for (const bool middle : {false, true}) {
@@ -218,7 +214,7 @@ TEST_F(ControlsTest, ALabelCutsWrapsShrinksAndStandsOnItsGround) {
 }
 
 TEST_F(ControlsTest, TheLoadingBarFollowsTheStart) {
-    BlackBackground black(screens, skin, &host);
+    BlackBackground black(state, screens, skin, &host);
     const auto bar = [&] { return Drawn(black).copy(0, 422, 800, 20); };
     black.Load();
     EXPECT_EQ(screens.CurrentForm, "BlackBackground");

@@ -55,6 +55,7 @@ TEST_F(SkinTest, ScalingComparesBothSizesWithTheWidth) {
         Load(std::string("[Colors]\n[NativeRes]\n") + size);
         EXPECT_NEAR(skin.data().FontScaleX, 1.3195, 0.001);
         EXPECT_NEAR(skin.data().FontScaleY, 1.0281, 0.001);
+        EXPECT_NEAR(skin.data().FontScale(), 1.3566, 0.001) << "both are multiplied into a size";
     }
 }
 
