@@ -1,7 +1,6 @@
 #include "browser/screen/playlists.h"
 
 #include "browser/screen/playlists_layout.h"
-#include "core/text.h"
 #include "skin/controls/looks.h"
 #include "skin/touch_target.h"
 
@@ -201,11 +200,6 @@ void playlists::LayoutButtons() {
 
 void playlists::SetTitle(const std::string& text) {
     lblCurrentFolderStatus.SetText(text);
-}
-
-// Date and time stand one above the other: the bar is short and the list's name needs its length.
-void playlists::SetClock(const std::string& text) {
-    ClockBar.SetText(ReplaceAll(text, "    ", "\n"));
 }
 
 void playlists::ShowLoading(const std::string& text) {

@@ -51,7 +51,7 @@ class playlists : public QWidget, private BrowserView {
     void SetTitle(const std::string& text) override;
     void ShowLoading(const std::string& text) override;
     void HideLoading() override { lbLoading.hide(); }
-    void SetClock(const std::string& text) override;
+    void SetClock(const std::string& text) override { ClockBar.SetText(text); }
     void SetButton(BrowserButton button, const std::string& picture) override;
     void ShowToolFrame(bool open) override;
     void ReDrawList() override { UCListBox_.ReDrawList(); }

@@ -7,7 +7,7 @@ namespace vk {
 namespace {
 
 // Shares of the screen's height.
-constexpr double TopBarShare = 0.11;
+constexpr double TopBarShare = 0.115;
 constexpr double PanelShare = 0.30;
 constexpr double BottomBarShare = 0.17;
 constexpr int FillPercent = 95;      ///< of its cell that a button takes

@@ -2,6 +2,7 @@
 
 #include <QFontMetricsF>
 #include <QPainter>
+#include <QStringList>
 
 #include <algorithm>
 #include <cmath>
@@ -22,6 +23,12 @@ int Tall(const QFont& font) {
     return static_cast<int>(std::ceil(Inked(font).height()));
 }
 
+QStringList Broken(QString text, const QFont& font, int width) {
+    if (QFontMetricsF(font).horizontalAdvance(text) > width)
+        text.replace(QStringLiteral("    "), QStringLiteral("\n"));
+    return text.split(QLatin1Char('\n'));
+}
+
 void Scale(QFont& font, double part, int least) {
     font.setPixelSize(std::max(least, static_cast<int>(font.pixelSize() * part)));
 }
@@ -31,7 +38,7 @@ void Scale(QFont& font, double part, int least) {
 TextLines::TextLines(const QString& text, const QFont& font, QSize box, double smallest,
                      Qt::TextElideMode elide) {
     const int least = std::max(SmallestSize, static_cast<int>(font.pixelSize() * smallest));
-    for (const QString& line : text.split(QLatin1Char('\n'))) {
+    for (const QString& line : Broken(text, font, box.width())) {
         lines_.push_back({line, font});
         const double wide = QFontMetricsF(font).horizontalAdvance(line);
         if (wide > box.width()) Scale(lines_.back().font, box.width() / wide, least);

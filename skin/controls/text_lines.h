@@ -15,7 +15,8 @@ namespace vk {
 /// hangs below it: a low bar then has room for large letters.
 class TextLines {
   public:
-    /// Lines are separated by "\n"; no font gets smaller than `smallest` of its size, but where not
+    /// Lines are separated by "\n", and where they do not fit side by side by four blanks, as date
+    /// and time; no font gets smaller than `smallest` of its size, but where not
     /// even that leaves room in the box's height.
     TextLines(const QString& text, const QFont& font, QSize box, double smallest,
               Qt::TextElideMode elide);

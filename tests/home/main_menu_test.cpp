@@ -1,6 +1,8 @@
 #include "tests/home/menu_fixture.h"
 #include "tests/support/action_table.h"
 
+#include <set>
+
 namespace vk::test {
 namespace {
 
@@ -95,6 +97,17 @@ TEST_F(MainMenuTest, TheGraphOfTheSkinLeadsTheCursorAndAStoredOneBeyondItSelects
     EXPECT_TRUE(told.empty());
     menu.MoveUp();
     EXPECT_EQ(menu.CurrentSelection, 1) << "the keys are not locked out";
+    LoadIcons(""); // thus the menu's own
+    settings.Write("main", "CurrentSelectID", "0");
+    for (void (MainMenu::*move)() :
+         {&MainMenu::MoveDown, &MainMenu::MoveRight, &MainMenu::MoveUp}) {
+        menu.ReShow();
+        std::set<std::string> functions;
+        for (int i = 0; i < 7; ++i, (menu.*move)())
+            functions.insert(
+                menu.Icons().at(static_cast<std::size_t>(menu.CurrentSelection) - 1).function);
+        EXPECT_EQ(functions.size(), 7u);
+    }
 }
 
 TEST_F(MainMenuTest, TheBrowserOpensAtTheMediaFolderAndWhatIsNotConfiguredSaysSo) {
@@ -194,10 +207,15 @@ TEST_F(MainMenuTest, TheClockFollowsTheDayAndABrokenSkinIsTriedOnce) {
     EXPECT_EQ(skin.data().LineClr.value, 9);
     EXPECT_TRUE(Told("playmp3.DoLayout"));
     settings.values.CurrentNTSkin = "Broken.skn"; // there is none
-    for (int second = 0; second < 3; ++second)
-        daylight.Check();
-    EXPECT_EQ(state.CurrentSkinFile, "Torque.skn");
-    EXPECT_EQ(dialogs.shown.size(), 1u) << "tried once";
+    for (const bool atStart : {false, true}) {
+        dialogs.shown.clear();
+        state.CurrentSkinFile = atStart ? "Broken.skn" : "Night.skn";
+        skin.LoadSkin();
+        for (int second = 0; second < 3; ++second)
+            daylight.Check();
+        EXPECT_EQ(state.CurrentSkinFile, "Torque.skn");
+        EXPECT_EQ(dialogs.shown.size(), 1u) << "tried once";
+    }
 }
 
 TEST_F(MainMenuTest, TheFirstAppearanceWaitsForTheCatalogue) {

@@ -60,8 +60,18 @@ TEST_F(MenuScreenTest, TheChosenTileIsUnmistakableATouchedOneStartsAndTheBarHasI
     Tap(host, {400, 470});
     EXPECT_EQ(settingsOpened, 1);
     menu->menu().ReShow();
-    Tap(host, {790, 470});
-    EXPECT_EQ(exits, 1);
+    Tap(host, {790, 420});
+    EXPECT_EQ(exits, 1) << "it is touched above what is drawn";
+}
+
+TEST_F(MenuScreenTest, AnotherScreenComesOnThePictureForThat) {
+    Show(800, 480);
+    menu->ShowLoading("Loading");
+    const QImage picture(QString::fromStdString(app.File("skins/Torque/loading.jpg")));
+    const QPoint corner = (QPoint(800, 480) - QPoint(picture.width(), picture.height())) / 2;
+    EXPECT_EQ(menu->grab().toImage().pixel(corner), picture.pixel(0, 0)) << "in its own size";
+    menu->ShowBanner("");
+    EXPECT_NE(menu->grab().toImage().pixel(corner), picture.pixel(0, 0));
 }
 
 TEST_F(MenuScreenTest, ASkinWithoutPicturesStaysUsable) {
@@ -76,6 +86,18 @@ TEST_F(MenuScreenTest, ASkinWithoutPicturesStaysUsable) {
     menu->menu().MoveRight();
     EXPECT_GT(DifferingPixels(before, menu->grab().toImage()), 0);
     EXPECT_TRUE(dialogs.shown.empty());
+    app.Write("skins/None.skn", "[Colors]\nClockForegroundClr=1\n");
+    Show(800, 480, "None.skn");
+    const QImage plain = menu->grab().toImage();
+    Tap(host, {260, 100}); // the second of its own icons
+    EXPECT_TRUE(Told("playlists.ReShow"));
+    app.Write("skins/Full.skn", "[BGimages]\nmainmenu=all.png\n");
+    app.MakeFolder("skins/Full");
+    plain.save(QString::fromStdString(app.File("skins/Full/quit.gif")), "png");
+    state.CurrentSkinFile = "Full.skn";
+    skin.LoadSkin();
+    menu->DoLayout();
+    EXPECT_GT(DifferingPixels(plain, menu->grab().toImage()), 0);
 }
 
 } // namespace

@@ -39,7 +39,16 @@ TEST_F(ControlsTest, PicturesAreKeptUntilAnotherSkinIsLoaded) {
     EXPECT_EQ(colour(), 0xFF111111);
     skin.LoadSkin();
     EXPECT_EQ(colour(), 0xFF222222);
-    EXPECT_TRUE(pictures.Picture("none.png", {40, 20}).isNull());
+    for (const int size : {40, 20, 40})
+        EXPECT_TRUE(pictures.Picture("none.png", {size, size}).isNull());
+    EXPECT_EQ(LinesLogged("lacks none.png"), 1);
+    app.MakeFolder("skins/Torque");
+    Picture("../Torque/a.png", {10, 10}, 0xFF333333);
+    app.Write("skins/Torque.skn", "[Colors]\n");
+    app.Write("skins/My.skn", "damaged");
+    dialogs.onShown = [&] { EXPECT_EQ(colour(), 0xFF333333) << "drawn behind the message"; };
+    skin.LoadSkin();
+    EXPECT_EQ(colour(), 0xFF333333);
 }
 
 TEST_F(ControlsTest, BrokenHugeAndStrangePicturesLeaveTheBoxEmpty) {
@@ -116,6 +125,8 @@ TEST_F(ScrollTextTest, ALongTextRunsAPixelEachFifteenMillisecondsAndComesRound) 
     clock.Advance(100);
     EXPECT_EQ(line.Position(), 0);
     EXPECT_EQ(line.Text().size(), 100000u);
+    line.ScrollText("A", White, Qt::black, {"DejaVu Sans", false, false, 144});
+    EXPECT_LE(line.GetLabelSizeY(), line.height()) << "a large font makes way";
 }
 
 TEST_F(ControlsTest, AMenuIconShowsItsStateAndAnswersToTouch) {
@@ -178,7 +189,12 @@ TEST_F(ControlsTest, ATouchButtonKeepsItsPictureAndTellsPressReleaseAndClick) {
     bare.resize(120, 80);
     const QImage empty = Drawn(bare);
     bare.SetCaption("Next");
+    bare.SetPicture("next.png");
     EXPECT_NE(Drawn(bare), empty);
+    Picture("next.png", {50, 50}, 0xFF000063);
+    skin.LoadSkin();
+    bare.SetFace({0, 40, 120, 40});
+    EXPECT_EQ(Count(Drawn(bare), 0xFF000063), 40 * 40) << "another skin has it";
 }
 
 TEST_F(ControlsTest, ALabelCutsWrapsShrinksAndStandsOnItsGround) {
@@ -221,6 +237,10 @@ TEST_F(ControlsTest, TheLoadingBarFollowsTheStart) {
     EXPECT_TRUE(black.isVisible());
     EXPECT_EQ(black.size(), host.size());
     const QImage empty = bar();
+    state.ScreenWidth = state.ScreenHeight = 240;
+    EXPECT_EQ(Count(bar(), 0xFF000000), 800 * 20) << "it stands where a smaller interface will";
+    state.ScreenWidth = 800;
+    state.ScreenHeight = 480;
     black.InitProgress(0, 13);
     EXPECT_DOUBLE_EQ(black.Filled(), 1.0 / 14);
     black.InitProgress(5, 1);

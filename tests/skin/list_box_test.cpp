@@ -48,6 +48,9 @@ TEST_F(ListBoxTest, GeometryAndGroundComeFromTheSkinAndTheSpacing) {
     EXPECT_EQ(model.RowHeight, 2 * model.TextHeight);
     EXPECT_EQ(Drawn(list).pixelColor(298, 100), QColor(Qt::blue)) << "the part behind the list";
     EXPECT_EQ(Drawn(list).pixelColor(301, 100), QColor(Qt::red));
+    LoadColours("[fonts]\nListtextfontsize=144\n");
+    list.SetiMaxVis("back.png");
+    EXPECT_EQ(model.iMaxVis, 3) << "a large font makes way";
 }
 
 TEST_F(ListBoxTest, TheSelectedRowOfAFocusedListIsRuledFoldersAndThePlayingRowHaveTheirColours) {
@@ -189,7 +192,13 @@ TEST_F(ListBoxTest, AHeldStripPagesAtOnceThenAfterAWaitEveryTenthOfASecond) {
     EXPECT_EQ(model.iFirstVisible, 2 * page);
     Hold(DownStrip(), 40);
     EXPECT_EQ(model.iFirstVisible, 3 * page) << "a short tap pages once";
+    Hold({list.width() - 10, list.height() - 62}, 40);
+    EXPECT_EQ(model.iFirstVisible, 4 * page) << "larger than what is drawn";
     EXPECT_TRUE(clicked.empty());
+    Hold({list.width() - 130, 62}, 0);
+    list.SelectItem(0);
+    Hold({list.width() - 10, 62}, 0);
+    EXPECT_EQ(clicked.size(), 2u) << "beside it, and where nothing is left to scroll to, are rows";
 }
 
 TEST_F(ListBoxTest, AScreenMayTakeTheStripsAndHidingLetsGoOnce) {

@@ -78,6 +78,48 @@ TEST_F(SkinTest, ABrokenSkinLeadsToTheSafeOneThatMayBeBrokenToo) {
     EXPECT_TRUE(Logged("Skin Error"));
 }
 
+TEST_F(SkinTest, ReadsWhatOtherSystemsWriteAndFindsItsFilesInAnyCase) {
+    const std::string text = "[Colors]\nLineClr=5\n[BGimages]\nmainmenu=Pics\\M\xC3\xBCNU.png\n"
+                             "[colors]\nOutlineBoxClr=7\n[fonts]\n";
+    std::string latin = text, wide = "\xFF\xFE";
+    latin.replace(latin.find("\xC3\xBC"), 2, "\xFC");
+    for (const char byte : latin)
+        wide.append({byte, '\0'});
+    const std::string picture = app.MakeFolder("skins/my/PICS") + "/m\xC3\xBCnu.PNG";
+    app.Write("skins/my/PICS/m\xC3\xBCnu.PNG", "");
+    for (const std::string& contents : {text, latin, wide}) {
+        Load(contents);
+        EXPECT_EQ(skin.data().LineClr.value * 10 + skin.data().OutlineBoxClr.value, 57);
+        EXPECT_EQ(skin.PicturePath(skin.data().mainmenu), picture);
+    }
+    state.CurrentSkinFile = "MY.SKN";
+    skin.LoadSkin();
+    EXPECT_TRUE(dialogs.shown.empty());
+    EXPECT_EQ(skin.data().LineClr.value, 5);
+    EXPECT_TRUE(skin.IsThere("my.SKN"));
+    EXPECT_FALSE(skin.IsThere("you.skn"));
+    EXPECT_EQ(skin.PicturePath("none.gif"), app.File("skins/my/none.gif"));
+}
+
+TEST_F(SkinTest, NumbersAreBoundedAndTheLogSaysWhatASkinLacks) {
+    fonts.missing = {"Nowhere"};
+    Load("[FONTS]\nclockfontname=Nowhere\nclockfontsize=32767\nTitlefontsize=-9\n[IconNames]\n"
+         "Names=a b\n[a]\niconwidth=20\niconleft=-500\nof_left=3\nof_right=2\n");
+    EXPECT_EQ(skin.data().clockfont.size, 144);
+    EXPECT_EQ(skin.data().Titlefont.size, 22);
+    const MenuIconData& icon = skin.ReadMenuIcons().at(0);
+    EXPECT_EQ(icon.iconwidth + icon.iconleft, 0) << "as wide as the screen, beginning beside it";
+    EXPECT_EQ(icon.of_left * 10 + icon.of_right, 22);
+    for (const char* told : {"Nowhere is not installed", "clockfontsize=32767 is out of bounds",
+                             "no [Colors] LineClr", "[a] iconwidth=20 is"})
+        EXPECT_EQ(LinesLogged(told), 1) << told;
+    EXPECT_FALSE(Logged("of_above"));
+    state.ScreenWidth = 32000;
+    settings.values.UseScaling = true;
+    Load("[Colors]\n[NativeRes]\nX=1\nY=1\n");
+    EXPECT_EQ(skin.data().FontScale(), 4);
+}
+
 TEST_F(SkinTest, ReadsMenuIcons) {
     Load("[IconNames]\nNames=one two\n[one]\nicontop=0.25\niconleft=.5\nfunction=2\nof_right=2\n"
          "iconpicturesel=s.png\n[two]\nof_left=1\n");
@@ -88,6 +130,8 @@ TEST_F(SkinTest, ReadsMenuIcons) {
     EXPECT_EQ(icons[0].of_right, 2);
     Load("[IconNames]\nNames=one\n[Colors]\n[one]\nfunction=1\n");
     EXPECT_TRUE(skin.ReadMenuIcons().empty()) << "a single name loads nothing";
+    Load("[IconNames]\nNames=one two\n");
+    EXPECT_TRUE(skin.ReadMenuIcons().empty()) << "neither is described";
 }
 
 } // namespace vk::test

@@ -8,6 +8,7 @@
 #include "platform/window_layer.h"
 
 #include <deque>
+#include <functional>
 #include <map>
 #include <set>
 #include <string>
@@ -22,6 +23,7 @@ class FakeDialogs : public Dialogs {
     void ShowMessage(Text text, Text title, MessageKind) override {
         shown.push_back(text);
         titles.push_back(title);
+        if (onShown) onShown();
     }
     bool AskYesNo(Text text, Text title) override { return Asked(text, title); }
     bool AskOkCancel(Text text, Text title) override { return Asked(text, title); }
@@ -36,6 +38,7 @@ class FakeDialogs : public Dialogs {
 
     bool Ending() const override { return ending; }
 
+    std::function<void()> onShown; ///< while it stands there
     bool ending = false;
     std::vector<std::string> shown, titles, captions;
     std::deque<bool> answers;

@@ -1,6 +1,8 @@
 // Looking at and touching widgets in tests.
 #pragma once
 
+#include "skin/controls/touch_button.h"
+#include "skin/touch_target.h"
 #include "tests/support/mouse.h"
 
 #include <QImage>
@@ -17,7 +19,8 @@ namespace vk::test {
 inline constexpr QSize PanelSizes[] = {
     {640, 480}, {800, 480}, {1024, 600}, {1024, 768}, {1280, 720}};
 
-/// Every visible direct and indirect child lies inside the screen.
+/// Every visible direct and indirect child lies inside the screen, and every button is large enough
+/// for a finger.
 inline void ExpectChildrenInside(const QWidget& screen) {
     for (const QWidget* child : screen.findChildren<QWidget*>()) {
         if (!child->isVisibleTo(&screen)) continue;
@@ -25,6 +28,9 @@ inline void ExpectChildrenInside(const QWidget& screen) {
         EXPECT_TRUE(screen.rect().contains(place))
             << screen.width() << "x" << screen.height() << ": child at " << place.x() << ","
             << place.y() << " sized " << place.width() << "x" << place.height();
+        if (!dynamic_cast<const TouchButton*>(child)) continue;
+        EXPECT_GE(std::min(place.width(), place.height()), TouchSide(screen.height()))
+            << child->objectName().toStdString();
     }
 }
 
