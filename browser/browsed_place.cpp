@@ -1,6 +1,7 @@
 #include "browser/browsed_place.h"
 
 #include "core/text.h"
+#include "platform/files.h"
 #include "platform/paths.h"
 
 namespace vk {
@@ -22,6 +23,15 @@ void BrowsedPlace::Mark(const std::string& folder) {
     BrowsingRemovable = place == Place::Removable;
     if (BrowsingCD) desk_.ShowBusy("Reading CD/DVD");
     if (BrowsingRemovable) desk_.ShowBusy("Reading removable drive " + drives_.DriveOf(folder));
+}
+
+bool BrowsedPlace::IsThere(const std::string& folder) const {
+    return FolderExists(folder) || !AudioTracks(folder).empty();
+}
+
+std::vector<std::string> BrowsedPlace::AudioTracks(const std::string& folder) const {
+    const bool disc = drives_.HasDiscDrive() && folder == drives_.DiscDrive();
+    return disc ? desk_.needs.base.volumes.AudioTracks(folder) : std::vector<std::string>();
 }
 
 std::string BrowsedPlace::ParentOf(const std::string& folder) const {

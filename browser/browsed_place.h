@@ -5,6 +5,7 @@
 #include "browser/list_desk.h"
 
 #include <string>
+#include <vector>
 
 namespace vk {
 
@@ -24,6 +25,10 @@ class BrowsedPlace {
     void Mark(const std::string& folder);
     /// The lists that follow are of no folder.
     void Leave() { BrowsingCD = BrowsingRemovable = false; }
+    /// True for a folder, and for the drive of an audio disc, whose tracks take the place of files.
+    bool IsThere(const std::string& folder) const;
+    /// The tracks of an audio disc when `folder` is its drive.
+    std::vector<std::string> AudioTracks(const std::string& folder) const;
     /// Where the way back from a folder leads.
     std::string ParentOf(const std::string& folder) const;
     bool AtTop() const { return desk_.needs.state.CurrentPath == desk_.needs.MediaDir(); }

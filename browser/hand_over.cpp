@@ -61,7 +61,7 @@ void HandOver::PlayAudioFiles() {
 // Another disc than the one on show is elsewhere.
 bool HandOver::DiscIsGone() {
     return lists_.place.BrowsingCD &&
-           (!lists_.place.CheckDisc() || !FolderExists(desk_.needs.state.CurrentPath));
+           (!lists_.place.CheckDisc() || !lists_.place.IsThere(desk_.needs.state.CurrentPath));
 }
 
 void HandOver::FallBackWithoutDisc() {

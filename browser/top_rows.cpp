@@ -22,10 +22,10 @@ void TopRows::Add() {
         if ((this->*row.condition)()) (this->*row.add)();
 }
 
-// A disc that is not mounted cannot be browsed.
+// A disc of files that is not mounted cannot be browsed.
 bool TopRows::OffersDisc() const {
     return NotBuilding() && desk_.needs.base.state.CDReady &&
-           FolderExists(place_.Drives().DiscDrive());
+           place_.IsThere(place_.Drives().DiscDrive());
 }
 
 bool TopRows::OffersFavorites() const {

@@ -30,6 +30,9 @@ class Volumes {
     virtual std::int32_t Serial(const std::string& path) const = 0;
     /// The root of the drive that holds `path` (which need not exist any more).
     virtual std::string DriveOf(const std::string& path) const = 0;
+    /// The tracks of an audio disc in an optical drive, as the player takes them: paths below the
+    /// drive that name no file ("/dev/sr0/Track01.CDA"). Empty for any other disc, and without one.
+    virtual std::vector<std::string> AudioTracks(const std::string& root) const = 0;
     /// Opens the tray of an optical drive; false when there is none or it is locked.
     virtual bool Eject(const std::string& root) = 0;
 };

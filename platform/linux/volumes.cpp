@@ -53,20 +53,24 @@ std::string ResolvedLink(const std::string& path) {
     return ::realpath(path.c_str(), real) ? std::string(real) : path;
 }
 
-// The medium's state without waiting for it: the drive answers from its own memory.
-int DriveStatus(const std::string& device) {
-    const int fd = ::open(device.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
-    if (fd < 0) return CDS_NO_INFO;
-    const int status = ::ioctl(fd, CDROM_DRIVE_STATUS, CDSL_CURRENT);
-    ::close(fd);
-    return status;
+// udev writes blanks and what else is no plain sign in a label as "\x20".
+std::string LabelOf(const std::string& link) {
+    std::string label;
+    for (std::size_t i = 0; i < link.size(); ++i) {
+        const bool escaped = link.compare(i, 2, "\\x") == 0 && i + 3 < link.size();
+        label += escaped
+                     ? static_cast<char>(std::strtol(link.substr(i + 2, 2).c_str(), nullptr, 16))
+                     : link[i];
+        if (escaped) i += 3;
+    }
+    return label;
 }
 
 } // namespace
 
 std::vector<LinuxVolumes::Mount> LinuxVolumes::Mounts() const {
     std::vector<Mount> mounts;
-    std::istringstream lines(ReadProc(mountinfo_));
+    std::istringstream lines(ReadProc(from_.mountinfo));
     for (std::string line; std::getline(lines, line);) {
         std::istringstream fields(line);
         std::string id, parent, root, options, word;
@@ -85,7 +89,7 @@ std::vector<LinuxVolumes::Mount> LinuxVolumes::Mounts() const {
 
 std::vector<std::string> LinuxVolumes::OpticalDevices() const {
     std::vector<std::string> devices;
-    std::istringstream lines(ReadProc(cdromInfo_));
+    std::istringstream lines(ReadProc(from_.cdromInfo));
     for (std::string line; std::getline(lines, line);) {
         if (!line.starts_with("drive name:")) continue;
         std::istringstream names(line.substr(11));
@@ -97,7 +101,7 @@ std::vector<std::string> LinuxVolumes::OpticalDevices() const {
 
 bool LinuxVolumes::IsRemovable(const Mount& mount) const {
     // A partition has no such file of its own: its disk, the folder above, has it.
-    const std::string device = ResolvedLink(JoinPath(sysBlock_, mount.device));
+    const std::string device = ResolvedLink(JoinPath(from_.sysBlock, mount.device));
     for (const std::string& folder : {device, FolderOf(device)}) {
         const std::string flag = ReadProc(JoinPath(folder, "removable"));
         if (!flag.empty()) return flag[0] == '1';
@@ -129,7 +133,7 @@ std::vector<Drive> LinuxVolumes::Drives() const {
 }
 
 bool LinuxVolumes::IsReady(const std::string& root) const {
-    if (root.starts_with("/dev/")) return DriveStatus(root) == CDS_DISC_OK;
+    if (root.starts_with("/dev/")) return HoldsDisc(from_.optical, root);
     const auto mounts = Mounts();
     return FolderExists(root) && std::any_of(mounts.begin(), mounts.end(), [&](const Mount& mount) {
                return mount.mountPoint == root;
@@ -140,12 +144,30 @@ std::string LinuxVolumes::Label(const std::string& root) const {
     for (const Mount& mount : Mounts()) {
         if (mount.mountPoint != root && mount.source != root) continue;
         // udev keeps a link named after the label for every volume.
-        for (const FolderEntry& entry : ListFolder("/dev/disk/by-label"))
-            if (ResolvedLink("/dev/disk/by-label/" + entry.name) == ResolvedLink(mount.source))
-                return entry.name;
+        for (const FolderEntry& entry : ListFolder(from_.byLabel))
+            if (ResolvedLink(JoinPath(from_.byLabel, entry.name)) == ResolvedLink(mount.source))
+                return LabelOf(entry.name);
         return FileNameOf(mount.mountPoint);
     }
-    return {};
+    return AudioTracks(root).empty() ? "" : "Audio CD";
+}
+
+std::string LinuxVolumes::DeviceOf(const std::string& root) const {
+    for (const Mount& mount : Mounts())
+        if (mount.mountPoint == root) return mount.source;
+    return root;
+}
+
+std::vector<std::string> LinuxVolumes::AudioTracks(const std::string& root) const {
+    const std::string device = DeviceOf(root);
+    const auto optical = OpticalDevices();
+    std::vector<std::string> tracks;
+    if (std::find(optical.begin(), optical.end(), device) == optical.end()) return tracks;
+    for (const int track : ReadAudioDisc(from_.optical, device).tracks) {
+        const std::string number = std::to_string(track);
+        tracks.push_back(device + "/Track" + (number.size() < 2 ? "0" : "") + number + ".CDA");
+    }
+    return tracks;
 }
 
 std::int32_t LinuxVolumes::Serial(const std::string& path) const {
@@ -162,7 +184,9 @@ std::int32_t LinuxVolumes::Serial(const std::string& path) const {
             return static_cast<std::int32_t>(serial);
         }
     }
-    return 0;
+    const auto optical = OpticalDevices();
+    const bool unmounted = std::find(optical.begin(), optical.end(), path) != optical.end();
+    return unmounted ? ReadAudioDisc(from_.optical, path).serial : 0;
 }
 
 std::string LinuxVolumes::DriveOf(const std::string& path) const {
@@ -176,9 +200,7 @@ std::string LinuxVolumes::DriveOf(const std::string& path) const {
 }
 
 bool LinuxVolumes::Eject(const std::string& root) {
-    std::string device = root;
-    for (const Mount& mount : Mounts())
-        if (mount.mountPoint == root) device = mount.source;
+    const std::string device = DeviceOf(root);
     const int fd = ::open(device.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
     if (fd < 0) return false;
     const bool opened = ::ioctl(fd, CDROMEJECT) == 0;

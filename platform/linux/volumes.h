@@ -1,27 +1,33 @@
 // Drives on Linux: the mount points of real devices, and the optical drives of the machine.
 #pragma once
 
+#include "platform/linux/optical_disc.h"
 #include "platform/volumes.h"
 
 #include <string>
 
 namespace vk {
 
-/// Reads the kernel's tables anew at each call. The three paths are those of the running kernel;
-/// tests name their own.
+/// Reads the kernel's tables anew at each call. The sources are those of the running kernel; tests
+/// name their own.
 class LinuxVolumes : public Volumes {
   public:
-    explicit LinuxVolumes(std::string mountinfo = "/proc/self/mountinfo",
-                          std::string cdromInfo = "/proc/sys/dev/cdrom/info",
-                          std::string sysBlock = "/sys/dev/block")
-        : mountinfo_(std::move(mountinfo)), cdromInfo_(std::move(cdromInfo)),
-          sysBlock_(std::move(sysBlock)) {}
+    struct Sources {
+        std::string mountinfo = "/proc/self/mountinfo";
+        std::string cdromInfo = "/proc/sys/dev/cdrom/info";
+        std::string sysBlock = "/sys/dev/block";
+        std::string byLabel = "/dev/disk/by-label"; ///< udev's links
+        OpticalCalls optical = SystemOpticalCalls();
+    };
+    LinuxVolumes() : LinuxVolumes(Sources{}) {}
+    explicit LinuxVolumes(Sources sources) : from_(std::move(sources)) {}
 
     std::vector<Drive> Drives() const override;
     bool IsReady(const std::string& root) const override;
     std::string Label(const std::string& root) const override;
     std::int32_t Serial(const std::string& path) const override;
     std::string DriveOf(const std::string& path) const override;
+    std::vector<std::string> AudioTracks(const std::string& root) const override;
     bool Eject(const std::string& root) override;
 
   private:
@@ -34,10 +40,9 @@ class LinuxVolumes : public Volumes {
     std::vector<Mount> Mounts() const;
     std::vector<std::string> OpticalDevices() const;
     bool IsRemovable(const Mount& mount) const;
+    std::string DeviceOf(const std::string& root) const;
 
-    std::string mountinfo_;
-    std::string cdromInfo_;
-    std::string sysBlock_;
+    Sources from_;
 };
 
 } // namespace vk

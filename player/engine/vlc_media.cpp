@@ -1,8 +1,11 @@
 #include "player/engine/vlc_media.h"
 
+#include "core/text.h"
 #include "platform/files.h"
+#include "platform/paths.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace vk {
 
@@ -10,6 +13,25 @@ namespace {
 
 bool IsAddress(const std::string& path) {
     return path.find("://") != std::string::npos;
+}
+
+/// A track of an audio disc: "/dev/sr0/Track01.CDA" is no file, but the first track in that drive.
+struct DiscTrack {
+    std::string drive, number;
+};
+
+std::optional<DiscTrack> DiscTrackOf(const std::string& path) {
+    if (!EqualNoCase(ExtensionOf(path), "cda")) return std::nullopt;
+    const std::string drive = FolderOf(path), name = FileNameOf(path);
+    const auto digits = name.find_first_of("123456789");
+    if (digits == std::string::npos || !FileExists(drive)) return std::nullopt;
+    return DiscTrack{drive, name.substr(digits, name.find('.') - digits)};
+}
+
+VlcMedia MakeDiscMedia(const VlcInstance& library, const DiscTrack& track) {
+    VlcMedia media(libvlc_media_new_location(library.get(), ("cdda://" + track.drive).c_str()));
+    if (media) libvlc_media_add_option(media.get(), (":cdda-track=" + track.number).c_str());
+    return media;
 }
 
 // Kilobits per second of the first audio track that tells one.
@@ -26,12 +48,13 @@ int TrackBitRate(libvlc_media_t* media) {
 } // namespace
 
 VlcMedia MakeVlcMedia(const VlcInstance& library, const std::string& path) {
+    if (const auto track = DiscTrackOf(path)) return MakeDiscMedia(library, *track);
     return VlcMedia(IsAddress(path) ? libvlc_media_new_location(library.get(), path.c_str())
                                     : libvlc_media_new_path(library.get(), path.c_str()));
 }
 
 bool VlcMediaExists(const std::string& path) {
-    return IsAddress(path) || FileExists(path);
+    return IsAddress(path) || FileExists(path) || DiscTrackOf(path);
 }
 
 TrackFacts VlcMediaFacts(libvlc_media_t* media, const std::string& path,

@@ -5,7 +5,9 @@
 #include "platform/qt/virtual_keys.h"
 #include "tests/support/temp_folder.h"
 
+#include <fcntl.h>
 #include <gmock/gmock.h>
+#include <linux/cdrom.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -15,6 +17,11 @@ namespace {
 using testing::ElementsAre, testing::Pair;
 
 struct FilesTest : testing::Test {
+    /// The kernel's tables as files of the folder.
+    LinuxVolumes::Sources From(OpticalCalls calls) const {
+        return {folder.File("mounts"), folder.File("cdrom"), folder.File("block"),
+                folder.File("labels"), std::move(calls)};
+    }
     test::TempFolder folder;
 };
 
@@ -72,7 +79,7 @@ TEST_F(FilesTest, DrivesComeFromTheKernelsTables) {
     folder.Write("cdrom", "CD-ROM information\n\ndrive name:\t\tsr1\tsr0\ndrive speed:\t24\n");
     folder.Write("block/8:17/removable", "1\n");
     folder.Write("block/8:33/removable", "0\n");
-    LinuxVolumes volumes(folder.File("mounts"), folder.File("cdrom"), folder.File("block"));
+    LinuxVolumes volumes(From(SystemOpticalCalls()));
     std::vector<std::pair<std::string, DriveType>> drives;
     for (const Drive& drive : volumes.Drives())
         drives.emplace_back(drive.root, drive.type);
@@ -84,7 +91,52 @@ TEST_F(FilesTest, DrivesComeFromTheKernelsTables) {
     EXPECT_EQ(volumes.DriveOf("/data2/x"), "/");
     EXPECT_FALSE(volumes.IsReady("/dev/no-such-drive"));
     EXPECT_FALSE(volumes.Eject("/dev/no-such-drive"));
-    EXPECT_TRUE(LinuxVolumes("/none", "/none", "/none").Drives().empty());
+    EXPECT_TRUE(LinuxVolumes({"/none", "/none", "/none"}).Drives().empty());
+    folder.Write("sdb1", "");
+    folder.Write("mounts", "24 22 8:17 / /s rw - vfat " + folder.File("sdb1") + " rw\n");
+    folder.MakeFolder("labels");
+    std::filesystem::create_symlink(folder.File("sdb1"), folder.File("labels/My\\x20\\x232"));
+    EXPECT_EQ(volumes.Label("/s"), "My #2");
+}
+
+/// A drive whose disc has these tracks, true for sound; none: it is empty.
+OpticalCalls DriveWith(const std::vector<bool>& tracks) {
+    const auto control = [tracks](int, unsigned long request, void* argument) {
+        auto* header = static_cast<cdrom_tochdr*>(argument);
+        auto* entry = static_cast<cdrom_tocentry*>(argument);
+        if (request == CDROM_DRIVE_STATUS) return tracks.empty() ? CDS_TRAY_OPEN : CDS_DISC_OK;
+        if (tracks.empty()) return -1;
+        if (request == CDROMREADTOCHDR) *header = {1, static_cast<__u8>(tracks.size())};
+        if (request == CDROMREADTOCENTRY) {
+            entry->cdte_addr.lba = entry->cdte_track * 1000;
+            entry->cdte_ctrl = tracks.at(entry->cdte_track - 1u) ? 0 : CDROM_DATA_TRACK;
+        }
+        return 0;
+    };
+    return {[](const std::string& device) {
+                return device == "/dev/sr0" ? ::open("/dev/null", O_RDONLY) : -1;
+            },
+            control};
+}
+
+TEST_F(FilesTest, TheTracksOfAnAudioDiscComeFromItsTableOfContents) {
+    folder.Write("cdrom", "drive name:\tsr0\n");
+    folder.Write("mounts", "");
+    const LinuxVolumes mixed(From(DriveWith({false, true, true}))), empty(From(DriveWith({}))),
+        data(From(DriveWith({false}))), other(From(DriveWith({true, true})));
+    EXPECT_THAT(mixed.AudioTracks("/dev/sr0"),
+                ElementsAre("/dev/sr0/Track02.CDA", "/dev/sr0/Track03.CDA"));
+    EXPECT_TRUE(mixed.IsReady("/dev/sr0"));
+    EXPECT_EQ(mixed.Label("/dev/sr0"), "Audio CD");
+    EXPECT_NE(mixed.Serial("/dev/sr0"), 0);
+    EXPECT_NE(mixed.Serial("/dev/sr0"), other.Serial("/dev/sr0"));
+    for (const LinuxVolumes* none : {&empty, &data}) {
+        EXPECT_TRUE(none->AudioTracks("/dev/sr0").empty());
+        EXPECT_EQ(none->Serial("/dev/sr0"), 0);
+        EXPECT_EQ(none->Label("/dev/sr0"), "");
+    }
+    EXPECT_FALSE(empty.IsReady("/dev/sr0"));
+    EXPECT_TRUE(mixed.AudioTracks(folder.Path()).empty());
 }
 
 TEST_F(FilesTest, TheRegistryFileKeepsKeysAndValues) {

@@ -23,6 +23,20 @@ TEST_F(PlayerProcess, PlaysAListFromTheChosenEntryAndWrapsAround) {
     EXPECT_TRUE(core.dialogs.shown.empty());
 }
 
+TEST_F(PlayerProcess, TracksOfAnAudioDiscPlayByTheirNumbers) {
+    constexpr std::size_t Second = 44100 * 4; // bytes
+    core.app.Write("disc.bin", std::string(5 * Second, '\0'));
+    const std::string disc = core.app.Write("disc.cue", "FILE \"disc.bin\" BINARY\n"
+                                                        "TRACK 01 AUDIO\nINDEX 01 00:00:00\n"
+                                                        "TRACK 02 AUDIO\nINDEX 01 00:03:00\n");
+    StartPlayer();
+    LoadAndPlay(core.app.Write("l.m3u", disc + "/Track01.CDA\n" + disc + "/Track02.CDA\n"), 1);
+    EXPECT_EQ(winamp->WinAMP_gettracknum(), 1);
+    EXPECT_EQ(winamp->WinAMP_GetTrackLength(), 2);
+    ASSERT_TRUE(Eventually([&] { return winamp->WinAMP_gettracknum() == 0; }));
+    ASSERT_TRUE(Eventually([&] { return winamp->WinAMP_GetTrackLength() == 3; }));
+}
+
 TEST_F(PlayerProcess, WithASoundServerTheNextTrackWaitsOnTheOtherDeck) {
     // The server is not there after all, which changes nothing but that nothing sounds.
     ::setenv("PULSE_SERVER", ("unix:" + core.app.File("none")).c_str(), 1);

@@ -85,6 +85,9 @@ class FakeVolumes : public Volumes {
             if (path.starts_with(drive.root) && drive.root.size() > best.size()) best = drive.root;
         return best;
     }
+    std::vector<std::string> AudioTracks(const std::string& root) const override {
+        return tracks.contains(root) ? tracks.at(root) : std::vector<std::string>();
+    }
     bool Eject(const std::string& root) override {
         ejected.push_back(root);
         return true;
@@ -94,6 +97,7 @@ class FakeVolumes : public Volumes {
     std::set<std::string> ready;
     std::map<std::string, std::string> labels;
     std::map<std::string, std::int32_t> serials;
+    std::map<std::string, std::vector<std::string>> tracks;
     std::vector<std::string> ejected;
 };
 
