@@ -4,6 +4,7 @@
 #include "core/error_report.h"
 #include "core/text.h"
 #include "library/sort.h"
+#include "library/tags/media_type.h"
 #include "platform/files.h"
 #include "platform/paths.h"
 
@@ -36,7 +37,7 @@ void FolderLists::Populate() {
 void FolderLists::FindFolder() {
     std::string& path = desk_.needs.state.CurrentPath;
     path = WithoutTrailingSeparator(path);
-    if (place_.AtTop() || FolderExists(path)) return;
+    if (place_.AtTop() || place_.IsThere(path)) return;
     desk_.needs.base.report.Log("the folder " + ToUtf8(path) + " is gone");
     path = desk_.needs.MediaDir();
 }
@@ -49,6 +50,7 @@ void FolderLists::AddFolder(const std::string& path) {
     else
         desk_.rows.AddBack(place_.ParentOf(path));
     Contents contents = Walk(path);
+    AddTracks(path, contents.files);
     ShellSortVariantArray(contents.folders);
     ShellSortVariantArray(contents.files);
     for (const std::string& folder : contents.folders)
@@ -84,6 +86,7 @@ FolderLists::Contents FolderLists::Walk(const std::string& path) {
     Contents contents;
     for (const FolderEntry& entry : ListFolder(path, [&] { return desk_.Pulse(); })) {
         if (desk_.Aborted()) break;
+        if (IsSystemName(entry.name)) continue;
         const std::string full = JoinPath(path, entry.name);
         if (!entry.isFolder) {
             if (desk_.Showable(full)) contents.files.push_back(full);
@@ -94,6 +97,12 @@ FolderLists::Contents FolderLists::Walk(const std::string& path) {
         }
     }
     return contents;
+}
+
+// The tracks of an audio disc stand for files of the kind that their names tell.
+void FolderLists::AddTracks(const std::string& path, std::vector<std::string>& files) const {
+    for (const std::string& track : place_.AudioTracks(path))
+        if (desk_.Accepts(track)) files.push_back(track);
 }
 
 // Nothing when the folder itself is to be read, as when the catalogue fails.
@@ -138,6 +147,7 @@ void FolderLists::Recurse(const std::string& folder, std::vector<std::string>& f
     const auto pulse = [&] { return desk_.Pulse(files.size()); };
     for (const FolderEntry& entry : ListFolder(plain, pulse)) {
         if (!pulse()) return;
+        if (IsSystemName(entry.name)) continue;
         const std::string full = JoinPath(plain, entry.name);
         if (entry.isFolder)
             Recurse(full, files, seen);
@@ -152,6 +162,7 @@ bool FolderLists::AddBelow(const std::string& path) {
     std::vector<std::string> files;
     std::set<std::string> seen;
     Recurse(path, files, seen);
+    AddTracks(path, files);
     ShellSortVariantArray(files);
     return AddPlainFiles(files);
 }

@@ -32,6 +32,7 @@ class FolderLists {
     void AddFolder(const std::string& path);
     void Title(const std::string& path);
     Contents Walk(const std::string& path);
+    void AddTracks(const std::string& path, std::vector<std::string>& files) const;
     bool TakeDiscVideo(const std::string& path, const std::string& name, Contents& contents);
     std::optional<std::vector<CatalogueFile>> CataloguedFiles();
     void AddFiles(const Contents& contents);

@@ -67,6 +67,7 @@ bool ListBuilding::Keeps() {
 
 // The list that was there before is most often saved as that: Enter does it.
 void ListBuilding::AskName() {
+    desk_.Hush(); // what is said would lie over the keys
     const std::string name = editor_.file.DefaultName();
     text_.Open(
         {.caption = editor_.file.OfChannels() ? "Name of the Channel List" : "Name of the Playlist",
@@ -76,9 +77,13 @@ void ListBuilding::AskName() {
          .startOnOK = !name.empty()});
 }
 
-// Refused: the keyboard stays, and says why where it asks. Without a name the list is given up.
+// Refused: the keyboard stays, and says why where it asks. Without a name the list is given up,
+// when that is meant.
 std::string ListBuilding::SaveUnder(const std::string& name) {
     std::string refused = "Not saved";
+    if (name.empty() && editor_.Changed() &&
+        desk_.needs.base.dialogs.AskYesNo("The list has no name and is not saved. Go on with it?"))
+        return "Please type a name.";
     desk_.Run("UCKeyboard_OK", [&] {
         const bool done = editor_.Save(name) != SaveResult::Refused;
         refused = done ? "" : editor_.file.Message();

@@ -93,6 +93,10 @@ void ListDesk::SetTitle(const std::string& title) {
     view.SetTitle(title);
 }
 
+bool ListDesk::Accepts(const std::string& path) const {
+    return ModeAccepts(needs.state.ListMode, GetMediaType(needs.library.extensions, path));
+}
+
 bool ListDesk::Showable(const std::string& path) const {
     return IsShowable(needs.library.extensions, needs.state.ListMode, path);
 }

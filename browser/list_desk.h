@@ -55,7 +55,9 @@ class ListDesk {
 
     /// True in the mode that builds a playlist.
     bool Building() const { return needs.state.ListMode == ListBuild; }
-    /// True for a file that the mode lists.
+    /// True for the kinds of media that the mode lists.
+    bool Accepts(const std::string& path) const;
+    /// The same for a file that is there and not empty.
     bool Showable(const std::string& path) const;
     /// A notice row in a list that came out empty; none when the list was not built whole.
     void AddEmptyNotice(const std::string& text, const std::string& picture = {});

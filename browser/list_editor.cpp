@@ -18,29 +18,18 @@ std::string WithoutNumber(const std::string& text, bool numbered) {
     return number ? text.substr(dash + 1) : " " + text;
 }
 
-std::string Counted(int count, const std::string& one, const std::string& many) {
-    if (count == 0) return {};
-    return count == 1 ? "1 " + one : std::to_string(count) + " " + many;
-}
-
-std::string LeftOut(int missing, int queries) {
-    const std::string files = Counted(missing, "file is not there", "files are not there");
-    const std::string rest = Counted(queries, "query of the database", "queries of the database");
-    if (files.empty() && rest.empty()) return {};
-    const std::string joint = files.empty() || rest.empty() ? "" : " and ";
-    return files + joint + rest + " will be left out.";
-}
-
 } // namespace
 
 bool ListEditor::Open(const std::string& path, bool ofChannels) {
     file.Open({}, ofChannels);
+    lines_ = {};
     right_.ClearAllArrays();
     right_.HideDupes = false;
     if (!desk_.Try(ofChannels ? "EditChannelList" : "EditPlaylist", [&] { Fill(path); })) {
         right_.ClearAllArrays();
         return false;
     }
+    opened_ = Entries();
     AddNoticeIfEmpty();
     if (path.empty() && !ofChannels && !file.HasFolder()) desk_.Say(NoPlaylistFolder);
     EnterMode(path);
@@ -63,25 +52,33 @@ void ListEditor::EnterMode(const std::string& path) {
 // A list that is there but cannot be read must not be written over later, and half a list neither.
 void ListEditor::Fill(const std::string& path) {
     if (path.empty() || !FileExists(path)) return;
-    const std::string contents = ReadListText(path);
-    if (!file.OfChannels()) return AddFiles(contents, FolderOf(path));
-    for (const int number : ChannelNumbers(contents))
-        AddChannel(number);
+    lines_ = ParsePlaylist(ReadListText(path));
+    found_.assign(lines_.lines.size(), {});
+    file.OfChannels() ? AddChannels() : AddFiles(FolderOf(path));
 }
 
-void ListEditor::AddFiles(const std::string& contents, const std::string& folder) {
-    int missing = 0, queries = 0;
-    const bool whole = ForEachListLine(contents, [&](const std::string& line) {
-        const std::string path = ResolveListEntry(line, folder);
-        if (!path.empty())
-            AddFile(path);
-        else if (line.starts_with("# SELECT")) // the player runs it
-            ++queries;
-        else if (!line.starts_with('#')) // a comment
-            ++missing;
-        return desk_.Pulse(static_cast<std::size_t>(right_.ItemCount()));
-    });
-    if (whole) desk_.Say(LeftOut(missing, queries));
+void ListEditor::AddChannels() {
+    for (std::size_t i = 0; i < found_.size(); ++i) {
+        const auto numbers = ChannelNumbers(lines_.lines[i].text);
+        if (numbers.empty()) continue;
+        found_[i] = std::to_string(numbers.front());
+        AddChannel(numbers.front());
+    }
+}
+
+void ListEditor::AddFiles(const std::string& folder) {
+    EntryResolver resolver(folder);
+    std::size_t missing = 0;
+    for (std::size_t i = 0; i < found_.size(); ++i) {
+        if (!desk_.Pulse(static_cast<std::size_t>(right_.ItemCount()))) return;
+        const PlaylistLine& line = lines_.lines[i];
+        found_[i] = resolver.Resolve(line.text);
+        if (!found_[i].empty())
+            AddFile(found_[i]);
+        else
+            missing += !line.comment && !IsStreamAddress(line.text);
+    }
+    if (missing > 0) desk_.Say(FilesMissing(missing, true));
 }
 
 void ListEditor::AddFile(const std::string& path) {
@@ -163,6 +160,13 @@ std::vector<std::string> ListEditor::Entries() const {
             entries.push_back(entry.IsChannel() ? entry.argument : entry.body);
     }
     return entries;
+}
+
+SaveResult ListEditor::Save(const std::string& name) {
+    const bool changed = Changed();
+    return file.Save(name, changed, [&](const std::string& path) {
+        return PlaylistText(WithEntries(lines_, found_, Entries(), {file.OpenedPath(), path}));
+    });
 }
 
 void ListEditor::Remove(int row) {

@@ -4,6 +4,7 @@
 #include "browser/list_desk.h"
 #include "browser/saved_list.h"
 #include "browser/xm_lists.h"
+#include "library/lists/playlist.h"
 
 #include <cstdint>
 #include <string>
@@ -33,14 +34,17 @@ class ListEditor {
     bool HasRows() const;
     /// True when there is something that a save would keep: rows, or that a list is empty now.
     bool WorthSaving() const { return HasRows() || !file.Path().empty(); }
+    /// True when the rows are others than those that the file gave.
+    bool Changed() const { return Entries() != opened_; }
 
     /// Appends a row of the left list. Nothing when the list has it already or it is of no use
     /// there; why, for the user, is returned, "" when there is nothing to say.
     std::string Add(const ListRow& row);
     /// Removes a row of the right list; the rows behind it are numbered anew.
     void Remove(int row);
-    /// Saves the rows; see `SavedList`.
-    SaveResult Save(const std::string& name) { return file.Save(name, Entries()); }
+    /// Saves the rows; see `SavedList`. Comments, and entries that are not there just now, stay
+    /// where they stand in the file.
+    SaveResult Save(const std::string& name);
 
     SavedList file;
 
@@ -52,7 +56,8 @@ class ListEditor {
         std::string CurrentPath, title;
     };
     void Fill(const std::string& path);
-    void AddFiles(const std::string& contents, const std::string& folder);
+    void AddFiles(const std::string& folder);
+    void AddChannels();
     void AddFile(const std::string& path);
     void AddChannel(int number);
     void EnterMode(const std::string& path);
@@ -65,6 +70,9 @@ class ListEditor {
     XMLists& xmLists_;
     ListModel& right_;
     bool editing_ = false;
+    Playlist lines_;                  ///< of the file as it was opened
+    std::vector<std::string> found_;  ///< the entry that each of them stands for, "" for none
+    std::vector<std::string> opened_; ///< those entries
     Place before_;
 };
 

@@ -7,14 +7,22 @@
 
 namespace vk {
 
+std::string FilesMissing(std::size_t count, bool edited) {
+    if (count == 1)
+        return edited ? "1 file is not there; it stays in the list." : "1 file is not there.";
+    return std::to_string(count) + " files are not there" +
+           (edited ? "; they stay in the list." : ".");
+}
+
 std::string ShownName(const std::string& name) {
     return ReplaceAll(ToUtf8(name), "_", " ");
 }
 
 std::string FilePicture(const std::string& path) {
     static const std::map<std::string, std::string> pictures = {
-        {"wma", wmapic},    {"mp3", mp3pic},   {"m3u", playlistpic}, {"cda", cdapic},
-        {"mpeg", moviepic}, {"mpg", moviepic}, {"avi", moviepic},    {"divx", moviepic}};
+        {"wma", wmapic},      {"mp3", mp3pic},   {"m3u", playlistpic}, {"m3u8", playlistpic},
+        {"pls", playlistpic}, {"cda", cdapic},   {"mpeg", moviepic},   {"mpg", moviepic},
+        {"avi", moviepic},    {"divx", moviepic}};
     const auto found = pictures.find(ToLower(ExtensionOf(path)));
     return found == pictures.end() ? mp3pic : found->second;
 }

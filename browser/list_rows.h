@@ -20,6 +20,10 @@ inline constexpr const char* NoValidFilenames = "<No Valid Filenames in the Play
 /// The same of a channel list.
 inline constexpr const char* NoValidChannels = "<No Valid Channels in List>";
 
+/// Said of a list that names files which are not there; `count` is not 0. The list may be one that
+/// is edited.
+std::string FilesMissing(std::size_t count, bool edited);
+
 /// Said when new playlists have no place.
 inline constexpr const char* NoPlaylistFolder = "The playlist folder is missing.";
 /// Said of a file that `FitsListLine` refuses.

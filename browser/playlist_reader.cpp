@@ -2,6 +2,7 @@
 
 #include "core/text.h"
 #include "library/lists/list_file.h"
+#include "library/lists/playlist.h"
 #include "platform/files.h"
 #include "platform/paths.h"
 
@@ -30,17 +31,22 @@ void PlaylistReader::ReadList(const std::string& path) {
     desk_.Finish();
 }
 
-// Returns how many of its files are there.
+// Returns how many of its files are there; what is not found is told once, not line by line.
 std::int32_t PlaylistReader::AddEntries(const std::string& path) {
     std::int32_t number = 0;
-    ForEachListLine(ReadListText(path), [&](const std::string& line) {
-        if (!desk_.Pulse(static_cast<std::size_t>(number))) return false;
-        const std::string file = ResolveListEntry(line, FolderOf(path));
-        if (file.empty()) return true;
+    std::size_t missing = 0;
+    EntryResolver resolver(FolderOf(path));
+    for (const PlaylistLine& line : ParsePlaylist(ReadListText(path)).lines) {
+        if (!desk_.Pulse(static_cast<std::size_t>(number))) return number;
+        const std::string file = resolver.Resolve(line.text);
+        if (file.empty()) {
+            missing += !line.comment && !IsStreamAddress(line.text);
+            continue;
+        }
         const TagRecord tag = desk_.needs.library.tags.GetDBTag(file);
         desk_.rows.AddFileRow(++number, tag.Artist, tag.Title, file, true);
-        return true;
-    });
+    }
+    if (missing > 0) desk_.Say(FilesMissing(missing, false));
     return number;
 }
 

@@ -1,7 +1,7 @@
 #include "browser/saved_list.h"
 
 #include "core/text.h"
-#include "library/lists/list_file.h"
+#include "library/tags/media_type.h"
 #include "platform/files.h"
 #include "platform/paths.h"
 
@@ -32,7 +32,7 @@ bool NameTaken(const std::string& path) {
 
 bool IsFileName(const std::string& name) {
     return name.find_first_of(Reserved) == std::string::npos &&
-           name.find_first_not_of('.') != std::string::npos &&
+           !IsSystemName(name) && // it would be in no list
            std::ranges::none_of(name, [](unsigned char c) { return c < ' ' || c == 0x7F; });
 }
 
@@ -72,28 +72,33 @@ SaveResult SavedList::Refuse(const std::string& why) {
     return SaveResult::Refused;
 }
 
-SaveResult SavedList::Save(const std::string& text, const std::vector<std::string>& entries) {
+SaveResult SavedList::Save(const std::string& text, bool changed, const Contents& contents) {
     message_ = "Not Saved ";
     if (text.empty()) return SaveResult::NotSaved;
     const std::string name = Trim(text);
     const std::string path = TargetPath(name);
     const std::string problem = path == path_ ? "" : NameProblem(name, path);
-    return problem.empty() ? Write(name, path, entries) : Refuse(problem);
+    if (!problem.empty()) return Refuse(problem);
+    return path == path_ && !changed ? Saved(name, path) : Write(name, path, contents(path));
 }
 
 SaveResult SavedList::Write(const std::string& name, const std::string& path,
-                            const std::vector<std::string>& entries) {
-    const bool updated = path == path_;
+                            const std::string& contents) {
     std::string reason;
-    if (!WriteListFile(path, "", entries, &reason)) {
+    if (!ReplaceFile(path, contents, &reason)) {
         desk_.needs.base.report.Log("could not write " + ToUtf8(path) + ": " + reason);
         return Refuse("Not saved: " + reason);
     }
     // Only now: whatever happens there is a whole list, the old or the new one.
-    if (!updated && FileExists(path_) && !DeleteFileAt(path_))
+    if (path != path_ && FileExists(path_) && !DeleteFileAt(path_))
         desk_.needs.base.report.Log("could not remove " + ToUtf8(path_));
     if (desk_.needs.library.catalogue && path != desk_.needs.base.settings.File("favorites.m3u"))
         desk_.needs.library.catalogue->UpdateFileRow(path);
+    return Saved(name, path);
+}
+
+SaveResult SavedList::Saved(const std::string& name, const std::string& path) {
+    const bool updated = path == path_;
     path_ = path;
     message_ = updated ? name + " Has Been Updated " : "Saved: " + name;
     return SaveResult::Saved;

@@ -3,8 +3,8 @@
 
 #include "browser/list_desk.h"
 
+#include <functional>
 #include <string>
-#include <vector>
 
 namespace vk {
 
@@ -33,10 +33,12 @@ class SavedList {
 
     /// The name that the keyboard starts with, "" for a new list.
     std::string DefaultName() const;
-    /// Saves the entries under a name as it was typed: the opened list when it is that list's name,
-    /// else a new file, which takes the place of the opened one. Another list of that name is never
-    /// written over. `Message` tells what became of it.
-    SaveResult Save(const std::string& text, const std::vector<std::string>& entries);
+    /// What a file is to hold at a path.
+    using Contents = std::function<std::string(const std::string& path)>;
+    /// Saves under a name as it was typed: the opened list when it is that list's name, which is
+    /// written only when it was `changed`, else a new file, which takes the place of the opened
+    /// one. Another list of that name is never written over. `Message` tells what became of it.
+    SaveResult Save(const std::string& text, bool changed, const Contents& contents);
     /// For the user, UTF-8.
     const std::string& Message() const { return message_; }
 
@@ -44,8 +46,8 @@ class SavedList {
     std::string TargetPath(const std::string& name) const;
     std::string NameProblem(const std::string& name, const std::string& path) const;
     SaveResult Refuse(const std::string& why);
-    SaveResult Write(const std::string& name, const std::string& path,
-                     const std::vector<std::string>& entries);
+    SaveResult Write(const std::string& name, const std::string& path, const std::string& contents);
+    SaveResult Saved(const std::string& name, const std::string& path);
 
     ListDesk& desk_;
     bool channels_ = false;

@@ -73,22 +73,25 @@ void Searches::ShowSaved(SearchKind kind) {
     desk_.Finish();
 }
 
-void Searches::RunSearch(SearchKind kind, const std::string& text) {
+bool Searches::RunSearch(SearchKind kind, const std::string& text) {
     desk_.ShowBusy("Busy");
     desk_.Start();
     desk_.list.HideDupes = desk_.needs.Options().hideDupeArtist;
     desk_.SetTitle(RowOf(kind).title + std::string(" : ") + text);
     desk_.rows.AddBackTo(Descriptor::Sql(RowOf(kind).body));
-    desk_.Try("RunSearch", [&] { AddFound(kind, text); });
+    bool found = true;
+    desk_.Try("RunSearch", [&] { found = AddFound(kind, text); });
     desk_.Finish();
+    return found;
 }
 
-void Searches::AddFound(SearchKind kind, const std::string& text) {
+bool Searches::AddFound(SearchKind kind, const std::string& text) {
     const auto found = desk_.needs.library.catalogue->Files(QueryFor(kind, Escape(text)));
-    if (desk_.AddCatalogueFiles(found) > 0 || desk_.Aborted()) return;
+    if (desk_.AddCatalogueFiles(found) > 0 || desk_.Aborted()) return true;
     desk_.rows.Clear();
     desk_.rows.AddBackTo(Descriptor::Sql("TextSearch"));
     desk_.rows.AddNotice(NothingFound, alertPic);
+    return false;
 }
 
 void Searches::Remember(SearchKind kind, const std::string& text) {

@@ -24,13 +24,14 @@ class Searches {
     /// Only the way back to the saved searches, for while a new text is typed.
     void ShowBack(SearchKind kind);
     /// Lists what holds `text` (UTF-8) in the field of that kind, without regard to case; "%" in it
-    /// stands for any text.
-    void RunSearch(SearchKind kind, const std::string& text);
+    /// stands for any text. False when nothing does: the way back leads to the menu of the searches
+    /// then.
+    bool RunSearch(SearchKind kind, const std::string& text);
     /// Puts a text on top of its saved list; says so when that fails.
     void Remember(SearchKind kind, const std::string& text);
 
   private:
-    void AddFound(SearchKind kind, const std::string& text);
+    bool AddFound(SearchKind kind, const std::string& text);
 
     ListDesk& desk_;
 };

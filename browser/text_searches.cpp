@@ -14,7 +14,7 @@ void TextSearches::Open(const Descriptor& row) {
 void TextSearches::OpenSearch(SearchKind kind, const std::string& argument) {
     if (argument.empty()) return lists_.searches.ShowSaved(kind);
     const std::string text = Searches::TextOf(kind, argument);
-    if (!text.empty()) return lists_.searches.RunSearch(kind, text);
+    if (!text.empty()) return RunSearch(kind, text);
     lists_.searches.ShowBack(kind);
     text_.Open({.caption = {},
                 .value = {},
@@ -29,8 +29,14 @@ void TextSearches::SearchFor(SearchKind kind, const std::string& text) {
         lists_.desk.list.SelectItem(0);
         return choose_();
     }
-    lists_.searches.RunSearch(kind, text);
+    RunSearch(kind, text);
     if (!lists_.desk.Aborted()) lists_.searches.Remember(kind, text);
+}
+
+// From a search without finds the way back passes the saved texts over: the row that it leads to is
+// that of the kind of search.
+void TextSearches::RunSearch(SearchKind kind, const std::string& text) {
+    if (!lists_.searches.RunSearch(kind, text) && !lists_.desk.Building()) lists_.trail.Pop();
 }
 
 // As if it had been walked to, so that the ways back lead where they say.

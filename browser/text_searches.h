@@ -26,6 +26,7 @@ class TextSearches {
   private:
     void OpenSearch(SearchKind kind, const std::string& argument);
     void SearchFor(SearchKind kind, const std::string& text);
+    void RunSearch(SearchKind kind, const std::string& text);
 
     BrowserLists& lists_;
     TextEntry& text_;

@@ -1,7 +1,6 @@
 #include "library/catalogue/collation.h"
 
 #include "core/error_report.h"
-#include "library/catalogue/folding.h"
 
 #include <sqlite3.h>
 
@@ -12,62 +11,12 @@ namespace vk {
 
 namespace {
 
-char Lower(char byte) {
-    return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte + ('a' - 'A')) : byte;
-}
-
-bool IsAscii(char byte) {
-    return static_cast<signed char>(byte) >= 0;
-}
-
-bool Continues(char byte) {
-    return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
-}
-
 /// U+0300 to U+036F, the combining marks that decompositions consist of, as UTF-8.
 bool IsMark(std::string_view text, std::size_t at) {
     if (at + 1 >= text.size()) return false;
     const auto lead = static_cast<unsigned char>(text[at]);
     const auto next = static_cast<unsigned char>(text[at + 1]);
     return Continues(text[at + 1]) && (lead == 0xCC || (lead == 0xCD && next < 0xB0));
-}
-
-/// The letter of the two or three bytes at `at`, 0 when they are none that is listed.
-char32_t Listed(std::string_view text, std::size_t at, std::size_t& length) {
-    const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[at + i]); };
-    length = 1;
-    if (byte(0) >= 0xC2 && byte(0) < 0xE0 && at + 1 < text.size() && Continues(text[at + 1])) {
-        length = 2;
-        return (byte(0) & 0x1Fu) << 6 | (byte(1) & 0x3Fu);
-    }
-    if (byte(0) == 0xE1 && at + 2 < text.size() && Continues(text[at + 1]) &&
-        Continues(text[at + 2])) {
-        length = 3;
-        return 0x1000u | (byte(1) & 0x3Fu) << 6 | (byte(2) & 0x3Fu);
-    }
-    return 0;
-}
-
-void AppendKey(std::string_view text, std::string& key) {
-    // Most texts are ASCII: a table scan spends its time here.
-    const auto plain = std::ranges::find_if_not(text, IsAscii);
-    const std::size_t start = key.size();
-    const auto ascii = static_cast<std::size_t>(plain - text.begin());
-    key.resize(start + ascii);
-    std::transform(text.begin(), plain, key.begin() + static_cast<std::ptrdiff_t>(start), Lower);
-    for (std::size_t at = ascii; at < text.size();) {
-        if (IsAscii(text[at])) {
-            key += Lower(text[at++]);
-            continue;
-        }
-        std::size_t bytes = 1;
-        const char32_t letter = Listed(text, at, bytes);
-        if (letter != 0)
-            key.append(FoldedLetters[letter - FirstFolded].data());
-        else
-            key.append(text.substr(at, bytes));
-        at += bytes;
-    }
 }
 
 /// Position of the next letter of a key, marks passed over.
@@ -179,17 +128,11 @@ void Like(sqlite3_context* context, int, sqlite3_value** arguments) {
     const std::string_view asked = Argument(arguments[0]);
     if (asked != pattern.text) pattern.Prepare(asked);
     key.clear();
-    AppendKey(Argument(arguments[1]), key);
+    AppendComparisonKey(Argument(arguments[1]), key);
     sqlite3_result_int(context, pattern.Matches(key));
 }
 
 } // namespace
-
-std::string ComparisonKey(std::string_view text) {
-    std::string key;
-    AppendKey(text, key);
-    return key;
-}
 
 int CompareTexts(std::string_view a, std::string_view b) {
     const std::size_t common = std::min(a.size(), b.size());

@@ -14,12 +14,6 @@ namespace {
 
 constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
 
-std::string FindEntry(const std::string& name, const std::string& folder) {
-    const std::string inFolder = JoinPath(folder, name);
-    if (IsAbsolutePath(name) && FileExists(name)) return name;
-    return FileExists(inFolder) ? inFolder : std::string();
-}
-
 bool WalkLines(std::string_view contents, const LineVisitor& visit) {
     if (contents.starts_with(ByteOrderMark)) contents.remove_prefix(ByteOrderMark.size());
     while (!contents.empty()) {
@@ -52,20 +46,6 @@ std::string ReadListText(const std::string& path) {
     if (!contents || FileLength(path) > ListFileLimit)
         throw Error("could not read " + ToUtf8(path), 75);
     return std::move(*contents);
-}
-
-std::string ResolveListEntry(const std::string& line, const std::string& folder) {
-    // A NUL would cut the name that the file system sees.
-    if (line.find('\0') != std::string::npos) return {};
-    const std::string utf8 = ToUtf8(line);
-    const bool elsewhere = PathSeparator == '/' && line.find('\\') != std::string::npos;
-    for (const std::string* name : {&line, &utf8}) {
-        if (name == &utf8 && utf8 == line) break;
-        std::string found = FindEntry(*name, folder);
-        if (found.empty() && elsewhere) found = FindEntry(ReplaceAll(*name, "\\", "/"), folder);
-        if (!found.empty()) return found;
-    }
-    return {};
 }
 
 bool FitsListLine(std::string_view entry) {

@@ -1,6 +1,8 @@
 // Playlist files (.m3u): one path a line, written by many programs on many systems.
 #pragma once
 
+#include "library/lists/entry_resolver.h"
+
 #include <cstddef>
 #include <functional>
 #include <string>
@@ -25,11 +27,6 @@ bool ForEachListLine(std::string_view contents, const LineVisitor& visit);
 
 /// All those lines, for short texts.
 std::vector<std::string> ListLines(std::string_view contents);
-
-/// The existing file that a line of the list in `folder` names, "" when there is none. It is tried
-/// as it stands, in UTF-8 when it was written in Windows-1252, and with "\" for the separator; a
-/// name that is not found as it stands counts from `folder`.
-std::string ResolveListEntry(const std::string& line, const std::string& folder);
 
 /// True when an entry can be a line of a list: line ends would make two lines of it, a NUL would
 /// cut it.

@@ -82,12 +82,13 @@ TEST_F(ListEditing, AFolderWalkIsCollectedAndSavedUnderAName) {
 TEST_F(ListEditing, AnEditedListIsUpdatedAndShownAgain) {
     state.ListMode = ListFromAudio;
     Edit({"# SELECT Path FROM Media", "a.mp3", "gone.mp3", "b.mp3", "c/d.mp3"});
-    EXPECT_EQ(view.loading, "1 file is not there and 1 query of the database will be left out.");
+    EXPECT_EQ(view.loading, "1 file is not there; it stays in the list.");
     EXPECT_EQ(Right(), (Names{A, B, "3 - (Unknown Artist) - d"}));
     rightList.SelectItem(0);
     browser().ChooseRight();
     EXPECT_EQ(Right(), (Names{B1, D2}));
     browser().doquit();
+    EXPECT_EQ(view.loading, "") << "nothing lies over the keyboard";
     EXPECT_EQ(keyboard.UserText(), "old");
     EXPECT_EQ(keyboard.Mark(), KeyboardModel::OKKey);
     keyboard.KeyClick(KeyboardModel::EscKey);
@@ -96,11 +97,54 @@ TEST_F(ListEditing, AnEditedListIsUpdatedAndShownAgain) {
     view.onTitle = [&](const std::string& title) { titles.push_back(title); };
     SaveAs("OLD");
     EXPECT_EQ(titles.at(0), "OLD Has Been Updated ");
-    EXPECT_EQ(disk.Read("media/old.m3u"), Lines({"b.mp3", "c/d.mp3"}));
+    EXPECT_EQ(disk.Read("media/old.m3u"),
+              Lines({"# SELECT Path FROM Media", "gone.mp3", "b.mp3", "c/d.mp3"}));
+    EXPECT_EQ(view.loading, "1 file is not there.");
     EXPECT_EQ(Shown(), "old | [<...>] | <Edit This List> | " + B1 + " | " + D2);
     EXPECT_EQ(state.ListMode, ListFromAudio);
     Choose("<");
     EXPECT_EQ(Selected(), "4 - old") << "the way back is as it was";
+}
+
+TEST_F(ListEditing, OfAListOfAnotherProgramOnlyTheChosenEntryGoes) {
+    struct Case {
+        std::string name, before, removed, renamed; ///< what is saved without the second entry
+    };
+    const std::string address = "http://radio/live", here = media + "/";
+    for (const auto& [name, before, removed, renamed] :
+         {Case{"old.m3u8",
+               "\xEF\xBB\xBF#EXTM3U\n#EXTINF:1,A\nA.MP3\n# mine\n#EXTINF:2,B\nfile://" + here +
+                   "%62.mp3\ngone.mp3\n" + address,
+               "\xEF\xBB\xBF#EXTM3U\r\n#EXTINF:1,A\r\nA.MP3\r\n# mine\r\ngone.mp3\r\n" + address +
+                   "\r\n",
+               "\xEF\xBB\xBF#EXTM3U\r\n#EXTINF:1,A\r\n" + here + "a.mp3\r\n# mine\r\n" + here +
+                   "gone.mp3\r\n" + address + "\r\n"},
+          Case{"old.pls",
+               "[Playlist]\nFile1=a.mp3\nTitle1=An A\nLength1=9\nFile2=b.mp3\nTitle2=B\n"
+               "File3=gone.mp3\nNumberOfEntries=3",
+               "[playlist]\r\nFile1=a.mp3\r\nTitle1=An A\r\nLength1=9\r\nFile2=gone.mp3\r\n"
+               "NumberOfEntries=2\r\nVersion=2\r\n",
+               "#EXTINF:9,An A\r\n" + here + "a.mp3\r\n" + here + "gone.mp3\r\n"}}) {
+        Media(name, before);
+        browser().ReShow();
+        ChooseLast();
+        Choose("<Edit This List>");
+        EXPECT_EQ(Right(), (Names{A, B}));
+        SaveAs("old");
+        EXPECT_EQ(disk.Read("media/" + name), before) << "unchanged";
+        for (const auto& [as, file, saved] :
+             {std::array{std::string("old"), "media/" + name, removed},
+              {std::string("new"), std::string("lists/new.m3u"), renamed}}) {
+            Media(name, before);
+            Choose("<Edit This List>");
+            rightList.SelectItem(1);
+            browser().ChooseRight();
+            SaveAs(as);
+            EXPECT_EQ(disk.Read(file), saved);
+        }
+        EXPECT_FALSE(FileExists(here + name));
+        DeleteFileAt(lists + "/new.m3u");
+    }
 }
 
 TEST_F(ListEditing, ANewNameTakesThePlaceOfTheOldOne) {
@@ -150,7 +194,10 @@ TEST_F(ListEditing, WhatCannotBeSavedIsSaidAndLosesNothing) {
     BuildNew();
     EXPECT_EQ(view.loading, "The playlist folder is missing.");
     Choose(A);
+    core.dialogs.answers = {true, false};
     SaveAs("");
+    EXPECT_EQ(keyboard.Caption(), "Please type a name.") << "it is not thrown away unasked";
+    keyboard.KeyClick(KeyboardModel::OKKey);
     EXPECT_FALSE(view.keyboard);
     EXPECT_EQ(state.ListMode, ListFromMenu) << "a new list without a name is given up";
 }
@@ -164,6 +211,7 @@ TEST_F(ListEditing, AFailedSaveKeepsTheOldListAndAnEmptyNameTheListOnDisk) {
     EXPECT_EQ(disk.Read("media/old.m3u"), Lines({"a.mp3", "b.mp3"}));
     browser().doquit();
     EXPECT_EQ(Right(), Names{B1});
+    core.dialogs.answers = {false};
     SaveAs("");
     EXPECT_EQ(state.ListMode, ListFromMenu);
     EXPECT_EQ(Texts().size(), 4u) << "as it is on the disk";
@@ -202,8 +250,9 @@ TEST_F(ListEditing, TheArrowsChangeListsAndRemoveRows) {
 
 TEST_F(ListEditing, FavouritesStayOutOfTheCatalogue) {
     UseOfflineCatalogue();
-    core.app.Write("favorites.m3u", media + "/a.mp3");
+    core.app.Write("favorites.m3u", Lines({"b.mp3", "a.mp3"}));
     Walk("Favorites", "<Edit This List>");
+    browser().ChooseRight();
     SaveAs("favorites");
     EXPECT_EQ(core.app.Read("favorites.m3u"), Lines({"a.mp3"}));
     EXPECT_TRUE(known.updated.empty());
@@ -227,6 +276,7 @@ TEST_F(ListEditing, ChannelsAreCollectedInAListOfTheirOwn) {
     SaveAs("mine");
     EXPECT_EQ(core.app.Read("mine.xcl"), "200\r\n4\r\n");
     EXPECT_THAT(Texts(), ElementsAre("<...>", "<Edit This List>", first, second));
+    core.app.Write("mine.xcl", "# mine\n200\nnone\n4");
     Choose("<Edit This List>");
     EXPECT_EQ(view.title, "Edit XM Channel List ");
     EXPECT_EQ(Texts(), all);
@@ -234,7 +284,7 @@ TEST_F(ListEditing, ChannelsAreCollectedInAListOfTheirOwn) {
     browser().runok();
     EXPECT_EQ(Right(), Names{second});
     SaveAs("yours");
-    EXPECT_EQ(core.app.Read("yours.xcl"), "4\r\n");
+    EXPECT_EQ(core.app.Read("yours.xcl"), "# mine\r\nnone\r\n4\r\n");
     EXPECT_FALSE(FileExists(core.app.File("mine.xcl")));
     Choose("<");
     EXPECT_EQ(Selected(), "yours");

@@ -10,7 +10,8 @@ using Populate = BrowserTest;
 
 TEST_F(Populate, FoldersComeBeforeFilesEachInOrderAsTheModeHasThem) {
     MediaFiles({"b.mp3", "a_b.wma", "film.avi", "list.m3u", "notes.txt", "old.lst", "Zed/x.mp3",
-                "A_Folder/x.mp3", "VIDEO_TS/VTS_01_1.txt"});
+                "A_Folder/x.mp3", "VIDEO_TS/VTS_01_1.txt", "._b.mp3", ".Trash/x.mp3",
+                "$RECYCLE.BIN/x.mp3", "lost+found/x.mp3"});
     Media("empty.mp3", "");
     const std::string top = "Browse By Directory  | [Browse Removable Drive stick] | "
                             "Build a new PlayList | A Folder | VIDEO TS | Zed | ",
@@ -86,8 +87,19 @@ TEST_F(Populate, TheTopFollowsTheCatalogueAndTheDisc) {
     MediaFiles({"a/x.mp3", "b/x.mp3"});
     browser().ReShow();
     EXPECT_THAT(Texts(), ElementsAre(NewList, "a", "b")) << "a disc that is not mounted";
+    core.volumes.tracks["/dev/sr0"] = {"/dev/sr0/Track01.CDA", "/dev/sr0/Track02.CDA"};
+    browser().ReShow();
+    core.volumes.serials["/dev/sr0"] = 12;
+    core.volumes.labels["/dev/sr0"] = "Audio CD";
+    Steps({{"Browse CD/DVD drive",
+            "Browsing CD/DVD ROM: Audio CD | [<...>] | CD Audio Track #1 | CD Audio Track #2",
+            {"PATH:media", "FILE:/dev/sr0/Track01.CDA", "FILE:/dev/sr0/Track02.CDA"}}});
+    Choose("CD Audio Track #2");
+    EXPECT_EQ(Handed(), std::to_string(PlayAudio) + " Audio CD vk_audio.m3u 2 12 start");
+    EXPECT_EQ(core.app.Read("vk_audio.m3u"), "/dev/sr0/Track01.CDA\r\n/dev/sr0/Track02.CDA\r\n");
+    Enter(media);
     core.volumes.drives = {{cd, DriveType::CdRom}};
-    list.SelectItem(2);
+    list.SelectItem(3);
     known.state = DBStateValue::OnLine;
     core.clock.Advance(1000);
     EXPECT_THAT(Descriptors(),
@@ -191,7 +203,7 @@ TEST_F(Populate, RowsComeFromTheCatalogueWhileItIsOnLine) {
 }
 
 TEST_F(Populate, AFolderIsListedWithAllBelowItOnce) {
-    MediaFiles({"rock/b.mp3", "rock/live/a.mp3"});
+    MediaFiles({"rock/b.mp3", "rock/live/a.mp3", "rock/.x/c.mp3"});
     core.clock.workMs = 400;
     std::filesystem::create_directory_symlink(media + "/rock", media + "/rock/live/loop");
     browser().ReShow();

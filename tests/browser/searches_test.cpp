@@ -43,6 +43,10 @@ TEST_F(SearchesTest, FourSearchesLookInTheirFields) {
         EXPECT_EQ(list.Row(0).descriptor, std::string("SQL:") + body);
         EXPECT_EQ(view.loading, "");
     }
+    for (const char* row : {ByTitle, "---Text Search Options---"}) { // nothing was found
+        Choose("<");
+        EXPECT_EQ(Selected(), row);
+    }
 }
 
 TEST_F(SearchesTest, ASavedTextIsSearchedForAgain) {

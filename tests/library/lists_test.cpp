@@ -1,5 +1,6 @@
 // Lists of tracks, radio presets and channels.
 #include "core/error_report.h"
+#include "core/text.h"
 #include "library/lists/channel_list.h"
 #include "library/lists/list_file.h"
 #include "library/lists/presets.h"
@@ -69,6 +70,30 @@ TEST_F(Lists, EntriesAreAbsoluteRelativeOrWrittenElsewhere) {
     for (const std::string& line : {"missing.mp3"s, "#EXTM3U"s, "http://a/sub/song.mp3"s, "."s,
                                     "sub/song.mp3\0tail"s, std::string(100000, 'a')})
         EXPECT_EQ(ResolveListEntry(line, here), "") << line.substr(0, 40);
+}
+
+TEST_F(Lists, EntriesOfOtherSystemsAreFoundInAnyCaseAndHoweverAccentsAreWritten) {
+    const std::string& here = folder.Path();
+    const std::string song = folder.Write("Bj\u00F6rk/1 100%20/J\u00F3ga #1.mp3", "x");
+    const std::string kana = folder.Write("\u304C.mp3", "x"),
+                      hangul = folder.Write("\uD55C.mp3", "x");
+    folder.Write("B.mp3", "x");
+    folder.Write("b.MP3", "x");
+    EntryResolver resolver(here);
+    const std::string decomposed = "bjo\u0308RK/1 100%20/jo\u0301ga #1.MP3",
+                      encoded = "BJ%C3%96RK/1%20100%2520/J%c3%b3ga%20%231.mp3";
+    for (const std::string& line :
+         {song, decomposed, ReplaceAll(decomposed, "/", "\\"), "./bjo\u0308rk/../" + decomposed,
+          encoded, "file://" + here + "/" + encoded, "FILE:" + here + "/" + encoded,
+          "file://localhost" + here + "/" + encoded, here + "/" + decomposed})
+        EXPECT_EQ(resolver.Resolve(line), song) << line;
+    EXPECT_EQ(resolver.Resolve("\u304B\u3099.mp3"), kana);
+    EXPECT_EQ(resolver.Resolve("\u1112\u1161\u11AB.mp3"), hangul);
+    EXPECT_EQ(resolver.Resolve("B.MP3"), folder.File("B.mp3"));
+    EXPECT_EQ(ResolveListEntry(decomposed, here), "") << "only what costs no look into folders";
+    for (const std::string& line : {"#b.mp3"s, "http://host/B.MP3"s, "bjork"s, "%"s, "%00.mp3"s,
+                                    "file:"s, "../"s + std::string(5000, '/')})
+        EXPECT_EQ(resolver.Resolve(line), "") << line;
 }
 
 TEST_F(Lists, AnyBytesAreReadOrRefused) {

@@ -6,7 +6,8 @@
 namespace vk {
 
 inline constexpr char32_t FirstFolded = 0x80;
-inline constexpr char32_t EndFolded = 0x2000; ///< the alphabets that have case and accents
+inline constexpr char32_t EndFolded =
+    0x3100; ///< the alphabets that have case and accents, and kana
 
 using FoldedLetter = std::array<char, 12>; ///< UTF-8, NUL at its end
 

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Writes the table of letters that searches and sorting take apart: each of U+0080 to U+1FFF as its decomposition
+"""Writes the table of letters that searches and sorting take apart: each of U+0080 to U+30FF as its decomposition
 without case, in UTF-8. Usage: make_folding.py OUTPUT.cpp
 """
 
@@ -26,7 +26,7 @@ def literal(data):
 
 
 with open(sys.argv[1], "w", encoding="ascii") as out:
-    out.write('#include "library/catalogue/folding.h"\n\nnamespace vk {\n\nconst FoldedLetter FoldedLetters[] = {\n')
-    for code in range(0x80, 0x2000):
+    out.write('#include "library/text/folding.h"\n\nnamespace vk {\n\nconst FoldedLetter FoldedLetters[] = {\n')
+    for code in range(0x80, 0x3100):
         out.write(f"    {{{literal(folded(code))}}},\n")
     out.write("};\n\n} // namespace vk\n")
