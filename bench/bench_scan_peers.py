@@ -21,7 +21,7 @@ import urllib.parse
 import media_tree
 
 OLD_DATE = 1_000_000_000
-EXTENSIONS = "MP3:OGG:FLAC:WMA"
+EXTENSIONS = "MP3:OGG:FLAC:WMA:M4A"
 
 
 class Cost:
@@ -58,14 +58,14 @@ def plain(*command):
     return end(process, began), files
 
 
-def server(program, app, tree):
-    """One scan, this script in the place of the main program."""
+def server(program, app, tree, extended=False):
+    """One scan, this script in the place of the main program; `extended` as ExtendedTags."""
     began = time.monotonic()
     process = subprocess.Popen([program, "--serve"], stdin=subprocess.PIPE, stdout=subprocess.PIPE,
                                text=True)
     request = {"request": "scan", "appDir": urllib.parse.quote(str(app)),
                "mediaDir": urllib.parse.quote(str(tree)), "audioExtensions": EXTENSIONS,
-               "videoExtensions": "AVI", "decimalSymbol": "."}
+               "videoExtensions": "AVI", "decimalSymbol": ".", "extendedTags": extended}
     process.stdin.write(json.dumps(request) + "\n")
     process.stdin.flush()
     files = 0
@@ -137,19 +137,29 @@ def touch_some(tree, turn):
         os.utime(path, (OLD_DATE + turn, OLD_DATE + turn))
 
 
-def run(options, tree, work):
-    """Costs by the name of what was measured; the turns are mixed, so that all meet the same load."""
-    build = pathlib.Path(options.build)
-    program, taglib = build / "app/DB_UPDATE", build / "bench/bench_taglib"
+def all_jobs(program, taglib, tree, work):
+    """What is measured on mixed files, by name."""
     jobs = {
         "bare walk": lambda turn: plain(taglib, "walk", tree),
         "full scan": lambda turn: server(program, work, tree),
         "scan, nothing changed": lambda turn: server(program, work, tree),
         "scan, 1 % changed": lambda turn: server(program, work, tree),
+        "extended scan": lambda turn: server(program, work, tree, True),
         "TagLib, one core": lambda turn: plain(taglib, "tags", tree),
     }
     if shutil.which("mpd"):
         jobs["MPD"] = lambda turn: mpd(work, tree)
+    return jobs
+
+
+def run(options, tree, work):
+    """Costs by the name of what was measured; the turns are mixed, so that all meet the same load."""
+    build = pathlib.Path(options.build)
+    program, taglib = build / "app/DB_UPDATE", build / "bench/bench_taglib"
+    jobs = all_jobs(program, taglib, tree, work)
+    if options.kind:
+        jobs = {name: jobs[name] for name in ("extended scan", "TagLib, one core")}
+        os.sched_setaffinity(0, {0})
     costs = {name: [] for name in jobs}
     for turn in range(options.runs + 1):
         (work / "tags.mdb").unlink(missing_ok=True)
@@ -174,9 +184,10 @@ def show(costs):
         print(f"{name:24}{median(name, 'wall') * 1000:10.0f}"
               f"{median(name, 'processor') * 1000:14.0f}{median(name, 'peak') or '':9.4}")
     for name, peer, limit in (("full scan", "MPD", 0.25), ("full scan", "TagLib, one core", 1),
+                              ("extended scan", "TagLib, one core", 1),
                               ("scan, nothing changed", "bare walk", 2),
                               ("scan, 1 % changed", "bare walk", 3)):
-        if peer in costs:
+        if name in costs and peer in costs:
             ratios = (median(name, field) / median(peer, field) for field in ("wall", "processor"))
             print("{} to {}: {:.2f} wall, {:.2f} processor (at most {})".format(
                 name, peer, *ratios, limit))
@@ -185,6 +196,7 @@ def show(costs):
 def main():
     parser = argparse.ArgumentParser(description=__doc__.split("\n", maxsplit=1)[0])
     parser.add_argument("--files", type=int, default=20_000)
+    parser.add_argument("--kind", choices=("flac", "m4a"), help="of one kind alone, on one core")
     parser.add_argument("--runs", type=int, default=5)
     parser.add_argument("--tree", help="made there if it is missing, and kept")
     parser.add_argument("--build", default="build/bench")
@@ -193,7 +205,7 @@ def main():
         work = pathlib.Path(folder)
         tree = pathlib.Path(options.tree or work / "media")
         if not tree.exists():
-            media_tree.make(tree, options.files)
+            media_tree.make(tree, options.files, options.kind)
         load = os.getloadavg()[0]
         costs = run(options, tree, work)
         print(f"{options.files} files, {options.runs} runs, load {load:.1f} before, "

@@ -86,9 +86,13 @@ def mp3(sound, texts, track, genre, album):
     return (id3.v2(3, frames) if kind == 8 else b"") + sound + old
 
 
-def make(root, count):
-    """Writes `count` files below the folder `root`: of 25 albums 22 in MP3, one each in Ogg Vorbis,
-    FLAC and WMA."""
+def kind_of(album):
+    """Of 25 albums 22 are in MP3, one each in Ogg Vorbis, FLAC and WMA."""
+    return {22: "ogg", 23: "flac", 24: "wma"}.get(album % 25, "mp3")
+
+
+def make(root, count, only=None):
+    """Writes `count` files below the folder `root`, of mixed kinds or of `only` one."""
     root.mkdir(parents=True)
     places = sum((("-metadata", f"{f}={f[0] * WIDTH}") for f in FIELDS), ())
     bodies = {
@@ -96,17 +100,18 @@ def make(root, count):
         "ogg": body(root, "x.ogg", "-c:a", "libvorbis", *places),
         "flac": body(root, "x.flac"),
         "wma": body(root, "x.wma", "-c:a", "wmav2"),
+        "m4a": body(root, "x.m4a", "-c:a", "aac", *places),
     }
     for kind in bodies:
         (root / f"x.{kind}").unlink()
     for number in range(count):
         album, track = number // FILES_AN_ALBUM, number % FILES_AN_ALBUM + 1
-        kind = {22: "ogg", 23: "flac", 24: "wma"}.get(album % 25, "mp3")
+        kind = only or kind_of(album)
         texts = (f"Some Title {number}", f"Artist Number {album // 4}", f"The Album {album}")
         sound = bodies[kind]
         if kind == "mp3":
             sound = mp3(sound, texts, track, album % 80, album)
-        elif kind != "wma":
+        elif kind in ("ogg", "flac"):
             sound = (ogg if kind == "ogg" else flac)(sound, texts)
         folder = root / texts[1] / texts[2]
         if track == 1:

@@ -25,11 +25,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     static char* argv[] = {name, nullptr};
     static const QCoreApplication application(argc, argv); // the formats are plug-ins
     const std::string bytes(reinterpret_cast<const char*>(data), size);
-    std::istringstream stream(bytes);
-    vk::MediaFile file(stream);
-    const std::string picture = vk::ReadEmbeddedPicture(file);
-    if (picture.size() > size) std::abort();
-    if (!picture.empty()) Decode(picture);
+    for (const bool extended : {false, true}) {
+        std::istringstream stream(bytes);
+        vk::MediaFile file(stream);
+        const std::string picture = vk::ReadEmbeddedPicture(file, extended);
+        if (picture.size() > size) std::abort();
+        if (!picture.empty()) Decode(picture);
+    }
     Decode(bytes);
     return 0;
 }

@@ -39,8 +39,9 @@ Page AppearancePage(SettingsStore& store) {
                  ToggleRow(store, setting::hideDupeArtist), ToggleRow(store, setting::ShowClock),
                  ToggleRow(store, setting::CleanMenu), ToggleRow(store, setting::UseScaling),
                  ToggleRow(store, setting::hidemouse), ToggleRow(store, setting::SortByFilename),
-                 ToggleRow(store, setting::DoResume), ToggleRow(store, setting::safevolume),
-                 StepperRow(store, setting::safevol_value), StepperRow(store, setting::mutespeed)},
+                 ToggleRow(store, setting::ExtendedTags), ToggleRow(store, setting::DoResume),
+                 ToggleRow(store, setting::safevolume), StepperRow(store, setting::safevol_value),
+                 StepperRow(store, setting::mutespeed)},
         .heading = [] { return std::string("These settings count when you leave with Done"); }};
 }
 

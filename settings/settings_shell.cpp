@@ -43,6 +43,7 @@ void SettingsShell::FirstRun() {
         view_.EnableLeaving(false, false);
         view_.ShowShell();
         n_.base.dialogs.ShowMessage(Welcome);
+        TakeNewerMedia();
         n_.base.settings.LoadSettings();
         n_.extensions.Load(n_.base.settings.values.AudioExtensions,
                            n_.base.settings.values.VideoExtensions);
@@ -56,6 +57,16 @@ void SettingsShell::FirstRun() {
         n_.base.state.Setup = true;
         DoneButton_Click();
     });
+}
+
+// A new system knows today's files; one that was set up before goes on as it was.
+void SettingsShell::TakeNewerMedia() {
+    SettingsStore& settings = n_.base.settings;
+    settings.Write({{setting::ExtendedTags, true},
+                    {setting::AudioExtensions,
+                     WithExtensions(settings.Get(setting::AudioExtensions), NewerAudio)},
+                    {setting::VideoExtensions,
+                     WithExtensions(settings.Get(setting::VideoExtensions), NewerVideo)}});
 }
 
 void SettingsShell::btnmediadir_Click() {

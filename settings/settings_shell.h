@@ -84,6 +84,7 @@ class SettingsShell {
 
   private:
     void FirstRun();
+    void TakeNewerMedia();
     void ChooseSkin();
     void ReadRemoteKeys();
     bool RefusedWhileBusy();

@@ -21,5 +21,8 @@ set_key main PlayListDir "$demo/media/Playlists"
 set_key main CurrentSkin Torque.skn
 set_key main CurrentDTSkin Torque.skn
 set_key main CurrentNTSkin TorqueNight.skn
+set_key main ExtendedTags true
+set_key audio_player AudioExtensions MP3:MP2:MP1:CDA:WAV:VOC:AU:SND:AIF:AIFF:FLAC:OGG:M4A:AAC:OPUS:OGA:WMA:WV:APE:MPC:M4B
+set_key video_player VideoExtensions MPG:AVI:MPEG:DIVX:MKV:MP4:M4V:MOV:WMV:WEBM:TS:VOB
 set_key main Setup true
 mv "$new" "$demo/settings.ini"

@@ -33,7 +33,8 @@ class LibraryModule : public Module {
     BrowserState browser;
     ChannelTable channels;
     MediaExtensions extensions;
-    ID3 reader{TagPorts{host_.log, host_.dialogs}, host_.state.DecimalSymbol};
+    ID3 reader{TagPorts{host_.log, host_.dialogs}, host_.state.DecimalSymbol,
+               host_.settings.values.ExtendedTags};
     modDB db{{host_.state, extensions, host_.settings, host_.report, reader}};
     CatalogueUpdates updates{UpdateNeeds()};
     MediaTags tags{extensions, reader, &db};

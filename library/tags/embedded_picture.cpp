@@ -1,6 +1,7 @@
 #include "library/tags/embedded_picture.h"
 
 #include "core/text.h"
+#include "library/tags/foreign_tag.h"
 #include "library/tags/id3v2.h"
 #include "platform/random_file.h"
 
@@ -19,7 +20,6 @@ constexpr std::uint64_t MaxPictureBytes = 64 * 1024 * 1024;
 constexpr std::uint64_t MaxBlocks = 1000;
 constexpr std::uint64_t MaxComments = 10000;
 
-constexpr int RefusedFlags = 0x40; // extended header; 0x80 is unsynchronisation
 constexpr std::string_view BlockKey = "METADATA_BLOCK_PICTURE=";
 constexpr std::uint64_t FrontCover = 3;
 
@@ -75,15 +75,15 @@ std::string FromSignature(const std::string& picture) {
     return first == std::string_view::npos ? picture : picture.substr(first);
 }
 
-std::string ID3Picture(MediaFile& file, std::string_view header) {
-    if (Byte(header[5]) >= RefusedFlags) return {};
+std::string ID3Picture(MediaFile& file, std::string_view header, bool extended) {
     const GenreTable noGenres;
+    const TagReading reading{Picture::Read, extended};
     TagRecord tag;
     try {
         const auto version = Byte(header[3]);
-        if (version == 2) ReadID3v22(file, noGenres, tag, Picture::Read);
-        if (version == 3) ReadID3v23(file, noGenres, tag);
-        if (version == 4) ReadID3v24(file, noGenres, tag);
+        if (version == 2) ReadID3v22(file, noGenres, tag, reading);
+        if (version == 3) ReadID3v23(file, noGenres, tag, reading);
+        if (version == 4) ReadID3v24(file, noGenres, tag, reading);
     } catch (const std::exception&) {
         // A damaged tag: the picture before the damage stays.
     }
@@ -205,25 +205,45 @@ std::string PictureOfBlock(std::string_view block) {
     }
 }
 
-std::string ReadEmbeddedPicture(MediaFile& file) {
-    try {
-        file.Seek(0);
-        const std::string header = file.ReadUpTo(10);
-        if (header.size() < 10) return {};
-        if (header.starts_with("ID3")) return ID3Picture(file, header);
-        if (header.starts_with("fLaC")) return FlacPicture(file);
-        if (header.starts_with("OggS")) return OggPicture(file);
-    } catch (const std::exception&) {
-        // A damaged file has no picture.
-    }
+namespace {
+
+// What the readers above do not know.
+std::string ForeignPicture(MediaFile& file) {
+    const FileForm form = FormOf(file);
+    const bool any = form != FileForm::Other || HasForeignID3v2(file) || EndsInApeTag(file);
+    std::string picture = any ? ReadForeignPicture(file, form) : std::string();
+    return picture.size() <= MaxPictureBytes ? picture : std::string();
+}
+
+std::string OwnPicture(MediaFile& file, bool extended) {
+    const bool foreign = HasForeignID3v2(file);
+    file.Seek(0);
+    const std::string header = file.ReadUpTo(10);
+    if (header.size() < 10 || foreign) return {};
+    if (header.starts_with("ID3")) return ID3Picture(file, header, extended);
+    if (header.starts_with("fLaC")) return FlacPicture(file);
+    if (header.starts_with("OggS")) return OggPicture(file);
     return {};
 }
 
-std::string ReadEmbeddedPicture(const std::string& path) {
+} // namespace
+
+std::string ReadEmbeddedPicture(MediaFile& file, bool extended) {
+    try {
+        std::string picture = OwnPicture(file, extended);
+        return picture.empty() && extended ? ForeignPicture(file) : picture;
+    } catch (const std::exception&) {
+        return {}; // a damaged file has no picture
+    } catch (const UnknownFrameForm&) {
+        return ForeignPicture(file);
+    }
+}
+
+std::string ReadEmbeddedPicture(const std::string& path, bool extended) {
     const RandomFile opened(path);
     if (!opened.IsOpen()) return {};
     MediaFile file(opened);
-    return ReadEmbeddedPicture(file);
+    return ReadEmbeddedPicture(file, extended);
 }
 
 } // namespace vk

@@ -11,9 +11,10 @@
 namespace vk {
 
 /// The picture's bytes, empty when there is none. It never fails, keeps no state and reports
-/// nothing, so any thread may call it. What is damaged or larger than 64 MB counts as none.
-std::string ReadEmbeddedPicture(const std::string& path);
-std::string ReadEmbeddedPicture(MediaFile& file);
+/// nothing, so any thread may call it. What is damaged or larger than 64 MB counts as none. With
+/// `extended` tags of every kind are looked into, and of several pictures the front cover is taken.
+std::string ReadEmbeddedPicture(const std::string& path, bool extended = false);
+std::string ReadEmbeddedPicture(MediaFile& file, bool extended = false);
 
 /// The bytes of a picture block from behind its description and measures; empty when it is damaged.
 std::string PictureOfBlock(std::string_view block);

@@ -32,15 +32,10 @@ constexpr Layout V22 = {3, 3, 0, 8, "TT2", "TP1", "TAL", "TCO", "TRK", "PIC", fa
 constexpr Layout V23 = {4, 4, 2, 8, "TIT2", "TPE1", "TALB", "TCON", "TRCK", "APIC", true};
 constexpr Layout V24 = {4, 4, 2, 7, "TIT2", "TPE1", "TALB", "TCON", "TRCK", "APIC", true};
 
-/// The layout, its picture frame one like any other when it is to be skipped.
-Layout Without(Picture picture, Layout layout) {
-    if (picture == Picture::Skip) layout.picture = "";
-    return layout;
-}
-
 struct Frame {
     std::string id;
     std::uint64_t size = 0;
+    bool plain = true; // neither compressed nor otherwise made into something else
     bool last = false; // nothing more is to be read: padding, an empty or an unreadable frame
 };
 
@@ -50,60 +45,106 @@ Frame ReadFrameHeader(MediaFile& file, const Layout& layout) {
     frame.id = header.substr(0, layout.idLength);
     frame.size = BigEndian(std::string_view(header).substr(layout.idLength, layout.sizeLength),
                            layout.sizeBitsPerByte);
-    const bool flagged =
-        layout.flagsLength > 0 && (static_cast<unsigned char>(header.back()) & 0x80);
+    const auto format = static_cast<unsigned char>(layout.flagsLength > 0 ? header.back() : 0);
+    const bool flagged = format & 0x80;
+    frame.plain = format == 0;
     const bool padding = frame.id.find_first_not_of('\0') == std::string::npos;
     frame.last = flagged || padding || frame.size == 0;
     return frame;
 }
 
-/// The frame's value: its encoding byte is not looked at.
-std::string ReadValue(MediaFile& file, std::uint64_t size) {
-    std::string bytes = file.Read(std::min(size, MaxTextBytes));
-    file.Skip(size - bytes.size());
-    return TagText(std::string_view(bytes).substr(1));
-}
+/// Reads the frames of one tag.
+class Frames {
+  public:
+    Frames(MediaFile& file, const Layout& layout, const GenreTable& genres, TagRecord& tag,
+           const TagReading& reading)
+        : file_(file), layout_(layout), genres_(genres), tag_(tag), reading_(reading) {}
 
-void TakeFrame(MediaFile& file, const Frame& frame, const Layout& layout, const GenreTable& genres,
-               TagRecord& tag) {
-    if (frame.id == layout.picture && frame.size <= MaxPictureBytes)
-        tag.PictureData = PictureOfFrame(file.Read(frame.size), layout.mimeText);
-    else if (frame.id == layout.title)
-        tag.Title = ReadValue(file, frame.size);
-    else if (frame.id == layout.artist)
-        tag.Artist = ReadValue(file, frame.size);
-    else if (frame.id == layout.album)
-        tag.Album = ReadValue(file, frame.size);
-    else if (frame.id == layout.genre)
-        TakeGenreText(Trim(ReadValue(file, frame.size)), genres, tag);
-    else if (frame.id == layout.track)
-        tag.Track = TrackNumber(ReadValue(file, frame.size));
-    else
-        file.Skip(frame.size);
-}
-
-void ReadFrames(MediaFile& file, const Layout& layout, const GenreTable& genres, TagRecord& tag) {
-    file.Seek(0);
-    const std::string header = file.Read(TagHeaderLength);
-    const std::uint64_t end = TagHeaderLength + BigEndian(std::string_view(header).substr(6), 7);
-    for (int count = 0; file.Position() < end; ++count) {
-        const Frame frame = ReadFrameHeader(file, layout);
-        if (frame.last) return;
-        if (count == MaxFrames) throw Error("Too many frames");
-        TakeFrame(file, frame, layout, genres, tag);
+    void Read() {
+        file_.Seek(0);
+        const std::string header = file_.Read(TagHeaderLength);
+        const std::uint64_t end =
+            TagHeaderLength + BigEndian(std::string_view(header).substr(6), 7);
+        for (int count = 0; file_.Position() < end; ++count) {
+            const Frame frame = ReadFrameHeader(file_, layout_);
+            if (reading_.extended && !frame.plain && Wanted(frame)) throw UnknownFrameForm();
+            if (frame.last) return;
+            if (count == MaxFrames) throw Error("Too many frames");
+            Take(frame);
+        }
     }
-}
+
+  private:
+    bool IsPicture(const Frame& frame) const {
+        return frame.id == layout_.picture && reading_.picture == Picture::Read &&
+               frame.size <= MaxPictureBytes;
+    }
+    bool Wanted(const Frame& frame) const {
+        return IsPicture(frame) || frame.id == layout_.title || frame.id == layout_.artist ||
+               frame.id == layout_.album || frame.id == layout_.genre || frame.id == layout_.track;
+    }
+
+    void Take(const Frame& frame) {
+        if (IsPicture(frame))
+            TakePicture(file_.Read(frame.size));
+        else if (!Wanted(frame))
+            file_.Skip(frame.size);
+        else
+            TakeText(frame.id, ReadValues(frame.size));
+    }
+
+    /// The frame's text, which has several values only when it is decoded.
+    std::vector<std::string> ReadValues(std::uint64_t size) {
+        const std::string bytes = file_.Read(std::min(size, MaxTextBytes));
+        file_.Skip(size - bytes.size());
+        if (reading_.extended) return DecodedValues(bytes);
+        return {TagText(std::string_view(bytes).substr(1))};
+    }
+
+    void TakeText(const std::string& id, const std::vector<std::string>& values) {
+        const std::string text = Join(values, "; ");
+        if (id == layout_.title)
+            tag_.Title = text;
+        else if (id == layout_.artist)
+            tag_.Artist = text;
+        else if (id == layout_.album)
+            tag_.Album = text;
+        else if (id == layout_.track)
+            tag_.Track = TrackNumber(text);
+        else if (reading_.extended)
+            TakeGenres(values, genres_, tag_);
+        else
+            TakeGenreText(Trim(text), genres_, tag_);
+    }
+
+    void TakePicture(const std::string& frame) {
+        const bool front = IsFrontCover(frame, layout_.mimeText);
+        if (reading_.extended && !tag_.PictureData.empty() && (front_ || !front)) return;
+        tag_.PictureData = PictureOfFrame(frame, layout_.mimeText);
+        front_ = front;
+    }
+
+    MediaFile& file_;
+    const Layout& layout_;
+    const GenreTable& genres_;
+    TagRecord& tag_;
+    const TagReading& reading_;
+    bool front_ = false; ///< the picture is the front cover
+};
 
 } // namespace
 
-void ReadID3v22(MediaFile& file, const GenreTable& genres, TagRecord& tag, Picture picture) {
-    ReadFrames(file, Without(picture, V22), genres, tag);
+void ReadID3v22(MediaFile& file, const GenreTable& genres, TagRecord& tag,
+                const TagReading& reading) {
+    Frames(file, V22, genres, tag, reading).Read();
 }
-void ReadID3v23(MediaFile& file, const GenreTable& genres, TagRecord& tag, Picture picture) {
-    ReadFrames(file, Without(picture, V23), genres, tag);
+void ReadID3v23(MediaFile& file, const GenreTable& genres, TagRecord& tag,
+                const TagReading& reading) {
+    Frames(file, V23, genres, tag, reading).Read();
 }
-void ReadID3v24(MediaFile& file, const GenreTable& genres, TagRecord& tag, Picture picture) {
-    ReadFrames(file, Without(picture, V24), genres, tag);
+void ReadID3v24(MediaFile& file, const GenreTable& genres, TagRecord& tag,
+                const TagReading& reading) {
+    Frames(file, V24, genres, tag, reading).Read();
 }
 
 void TakeGenreText(std::string_view text, const GenreTable& genres, TagRecord& tag) {
@@ -122,12 +163,63 @@ void TakeGenreText(std::string_view text, const GenreTable& genres, TagRecord& t
     if (!rest.empty()) tag.Genre = rest;
 }
 
+namespace {
+
+// "RX" and "CR" stand for genres without a number.
+std::string GenreNamed(const std::string& reference, const GenreTable& genres, TagRecord& tag) {
+    if (reference == "RX") return "Remix";
+    if (reference == "CR") return "Cover";
+    const auto number = IsNumeric(reference) ? ParseInteger(reference) : std::nullopt;
+    if (!number || *number < 0 || *number > genres.UpperIndex()) return {};
+    if (tag.GenreNum == UnknownGenreNum) tag.GenreNum = static_cast<std::uint8_t>(*number);
+    return genres.Description(static_cast<int>(*number));
+}
+
+// "(51)(39)", "(13)Power Pop", where the text refines the number, "17" or a text.
+void AddGenres(std::string value, const GenreTable& genres, TagRecord& tag,
+               std::vector<std::string>& names) {
+    std::vector<std::string> referred;
+    while (value.starts_with('(') && !value.starts_with("((")) {
+        const auto close = value.find(')');
+        const std::string name =
+            close == std::string::npos ? "" : GenreNamed(value.substr(1, close - 1), genres, tag);
+        if (name.empty()) break;
+        referred.push_back(name);
+        value = Trim(value.substr(close + 1));
+    }
+    const std::string name = GenreNamed(value, genres, tag);
+    if (!value.empty() && referred.size() == 1) referred.clear();
+    names.insert(names.end(), referred.begin(), referred.end());
+    if (!value.empty()) names.push_back(name.empty() ? value : name);
+}
+
+constexpr std::size_t EncodingLength = 1;
+constexpr std::size_t FormatLength = 3;
+constexpr std::size_t TypeLength = 1;
+
+/// Where the kind of the picture stands.
+std::size_t EndOfFormat(std::string_view frame, bool mimeText) {
+    return mimeText ? frame.find('\0', EncodingLength) : EncodingLength + FormatLength - 1;
+}
+
+} // namespace
+
+void TakeGenres(const std::vector<std::string>& values, const GenreTable& genres, TagRecord& tag) {
+    std::vector<std::string> names;
+    tag.GenreNum = UnknownGenreNum;
+    for (const std::string& value : values)
+        AddGenres(value, genres, tag, names);
+    tag.Genre = Join(names, "; ");
+}
+
+bool IsFrontCover(std::string_view frame, bool mimeText) {
+    constexpr char FrontCover = 3;
+    const auto formatEnd = EndOfFormat(frame, mimeText);
+    return formatEnd < frame.size() - 1 && frame[formatEnd + 1] == FrontCover;
+}
+
 std::string PictureOfFrame(std::string_view frame, bool mimeText) {
-    constexpr std::size_t EncodingLength = 1;
-    constexpr std::size_t FormatLength = 3;
-    constexpr std::size_t TypeLength = 1;
-    const auto formatEnd =
-        mimeText ? frame.find('\0', EncodingLength) : EncodingLength + FormatLength - 1;
+    const auto formatEnd = EndOfFormat(frame, mimeText);
     if (formatEnd == std::string_view::npos) return {};
     const auto descriptionEnd = frame.find('\0', formatEnd + 1 + TypeLength);
     if (descriptionEnd == std::string_view::npos) return {};

@@ -4,6 +4,7 @@
 #include "platform/paths.h"
 
 #include <algorithm>
+#include <array>
 
 namespace vk {
 
@@ -22,12 +23,27 @@ void MediaExtensions::Load(const std::string& audio, const std::string& video) {
     VideoExtensionList = Split(video, ':');
 }
 
+std::string WithExtensions(const std::string& list, const std::string& more) {
+    std::vector<std::string> entries = Split(list, ':');
+    for (const std::string& extension : Split(more, ':'))
+        if (!Contains(entries, extension)) entries.push_back(extension);
+    std::erase(entries, "");
+    return Join(entries, ":");
+}
+
+bool IsSystemName(std::string_view name) {
+    if (name.starts_with('.')) return true;
+    constexpr std::array Kept = {"$RECYCLE.BIN", "System Volume Information", "lost+found"};
+    return std::ranges::any_of(Kept, [&](const char* kept) { return EqualNoCase(name, kept); });
+}
+
 int GetMediaType(const MediaExtensions& extensions, const std::string& path) {
     if (path.size() < 4) return MediaUnknown;
     const std::string extension = ExtensionOf(path);
     if (Contains(extensions.AudioExtensionList, extension)) return MediaAudio;
     if (Contains(extensions.VideoExtensionList, extension)) return MediaVideo;
-    if (EqualNoCase(extension, "m3u")) return MediaPlaylist;
+    for (const char* playlist : {"m3u", "m3u8", "pls"})
+        if (EqualNoCase(extension, playlist)) return MediaPlaylist;
     if (EqualNoCase(extension, "lst")) return MediaPresetList;
     return MediaUnknown;
 }

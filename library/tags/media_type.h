@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace vk {
@@ -11,7 +12,7 @@ enum MediaTypeValue : int {
     MediaUnknown = 0,
     MediaAudio = 1,
     MediaVideo = 2,
-    MediaPlaylist = 3,  ///< ".m3u"
+    MediaPlaylist = 3,  ///< ".m3u", ".m3u8", ".pls"
     MediaPresetList = 4 ///< ".lst"
 };
 
@@ -23,6 +24,18 @@ struct MediaExtensions {
     /// Takes over what the settings name: texts separated by ":".
     void Load(const std::string& audio, const std::string& video);
 };
+
+/// What the player plays today beyond the lists of a new settings file, as those are written.
+inline constexpr const char* NewerAudio = "M4A:AAC:OPUS:OGA:WMA:WV:APE:MPC:M4B:FLAC:OGG";
+inline constexpr const char* NewerVideo = "MKV:MP4:M4V:MOV:WMV:WEBM:TS:VOB";
+
+/// The list, with what it lacks of `more` at its end.
+std::string WithExtensions(const std::string& list, const std::string& more);
+
+/// True for the name of a file or folder that other systems and file managers keep for themselves,
+/// as `.name`, "$RECYCLE.BIN", "System Volume Information" and "lost+found": no media are listed or
+/// catalogued in there.
+bool IsSystemName(std::string_view name);
 
 /// The kind of `path` by `extensions`, the audio list first; case does not count.
 /// A path shorter than 4 characters is of no kind.

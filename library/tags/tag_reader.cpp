@@ -1,6 +1,8 @@
 #include "library/tags/tag_reader.h"
 
 #include "core/text.h"
+#include "library/tags/file_form.h"
+#include "library/tags/foreign_tag.h"
 #include "library/tags/id3v1.h"
 #include "library/tags/id3v2.h"
 #include "library/tags/tag_text.h"
@@ -16,8 +18,6 @@ namespace vk {
 namespace {
 
 constexpr std::size_t MaxGenreFileBytes = 64 * 1024;
-constexpr int RefusedFlags = 0x40; // extended header; 0x80 is unsynchronisation
-
 /// Runs an operation; a failure is logged with the line that began it and gives the fallback.
 template<class Result, class Operation>
 Result Trapped(const DebugLog& log, const std::string& procedure, int line, Result fallback,
@@ -54,12 +54,8 @@ TagRecord ID3::ReadTag(const std::string& path, Picture picture) {
         if (opened.IsOpen()) {
             MediaFile file(opened);
             const bool ogg = ToUpper(LastBytes(path, 4)) == ".OGG";
-            if (ogg) {
-                ReadVorbisComment(file, genres_, tag);
-            } else {
-                version = TagVersion(file);
-                ReadVersion(version, file, tag, picture);
-            }
+            const auto read = extended_ ? &ID3::ReadExtended : &ID3::ReadOlder;
+            (this->*read)(file, ogg, tag, picture, version);
         }
     } catch (const std::exception& error) {
         ports_.log.WriteDebugLog("Error reading Tag Version " + VersionText(version) +
@@ -70,15 +66,40 @@ TagRecord ID3::ReadTag(const std::string& path, Picture picture) {
     return tag;
 }
 
+void ID3::ReadOlder(MediaFile& file, bool ogg, TagRecord& tag, Picture picture,
+                    float& version) const {
+    if (ogg) return ReadVorbisComment(file, genres_, tag);
+    version = TagVersion(file);
+    ReadVersion(version, file, tag, picture);
+}
+
+// What the older reading knows stays its own; the form decides, as names can be wrong.
+void ID3::ReadExtended(MediaFile& file, bool ogg, TagRecord& tag, Picture picture,
+                       float& version) const {
+    const FileForm form = FormOf(file);
+    if (form == FileForm::Flac) return ReadFlacComment(file, genres_, tag);
+    if (form == FileForm::OggVorbis && ogg) return ReadVorbisComment(file, genres_, tag);
+    if (form != FileForm::Other || HasForeignID3v2(file))
+        return ReadForeignTag(file, form, genres_, tag);
+    try {
+        ReadOlder(file, ogg, tag, picture, version);
+    } catch (const UnknownFrameForm&) {
+        return ReadForeignTag(file, form, genres_, tag);
+    }
+    if (tag.Title.empty() && tag.Artist.empty() && EndsInApeTag(file))
+        ReadForeignTag(file, form, genres_, tag);
+}
+
 void ID3::ReadVersion(float version, MediaFile& file, TagRecord& tag, Picture picture) const {
+    const TagReading reading{picture, extended_};
     if (version == 1.0f)
         ReadID3v1(file, genres_, tag);
     else if (version == 2.2f || version == 2.21f)
-        ReadID3v22(file, genres_, tag, picture);
+        ReadID3v22(file, genres_, tag, reading);
     else if (version == 2.3f)
-        ReadID3v23(file, genres_, tag, picture);
+        ReadID3v23(file, genres_, tag, reading);
     else if (version == 2.4f)
-        ReadID3v24(file, genres_, tag, picture);
+        ReadID3v24(file, genres_, tag, reading);
 }
 
 float ID3::TagVersion(MediaFile& file) const {
@@ -86,7 +107,7 @@ float ID3::TagVersion(MediaFile& file) const {
         file.Seek(0);
         const std::string header = file.ReadUpTo(10);
         const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(header[i]); };
-        if (header.size() == 10 && header.starts_with("ID3") && byte(5) < RefusedFlags) {
+        if (header.size() == 10 && header.starts_with("ID3") && !HasForeignID3v2(file)) {
             const std::string text =
                 "2" + decimalSymbol_ + std::to_string(byte(3)) + std::to_string(byte(4));
             return static_cast<float>(ParseDecimal(text, decimalSymbol_).value_or(0));

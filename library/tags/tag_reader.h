@@ -21,13 +21,14 @@ struct TagPorts {
 
 class ID3 {
   public:
-    /// `decimalSymbol` is the process's own, which can change while the system runs.
-    ID3(TagPorts ports, const std::string& decimalSymbol)
-        : ports_(ports), decimalSymbol_(decimalSymbol) {}
+    /// `decimalSymbol` is the process's own and `extended` the setting `ExtendedTags`: both can
+    /// change while the system runs.
+    ID3(TagPorts ports, const std::string& decimalSymbol, const bool& extended = OlderForms)
+        : ports_(ports), decimalSymbol_(decimalSymbol), extended_(extended) {}
 
-    /// What the file's tag says; never fails. A file without a usable tag gives empty texts and the
-    /// genre "(Unknown Genre)"; of a damaged tag what was read before the damage is kept, and the
-    /// log says so.
+    /// What the file's tag says, in the extended reading of whatever kind; never fails. A file
+    /// without a usable tag gives empty texts and the genre "(Unknown Genre)"; of a damaged tag
+    /// what was read before the damage is kept, and the log says so.
     TagRecord ReadTag(const std::string& path, Picture picture = Picture::Read);
 
     /// 1 for ID3v1; 2.2, 2.21, 2.3 or 2.4 for ID3v2 (other numbers for versions unheard of); 0 for
@@ -44,12 +45,19 @@ class ID3 {
     const GenreTable& Genres() const { return genres_; }
 
   private:
+    void ReadOlder(MediaFile& file, bool ogg, TagRecord& tag, Picture picture,
+                   float& version) const;
+    void ReadExtended(MediaFile& file, bool ogg, TagRecord& tag, Picture picture,
+                      float& version) const;
     void ReadVersion(float version, MediaFile& file, TagRecord& tag, Picture picture) const;
     bool ReadGenreFile(const std::string& genreFile);
     void ShowGenreFailure(const std::string& text) const;
 
     TagPorts ports_;
+    static constexpr bool OlderForms = false;
+
     const std::string& decimalSymbol_;
+    const bool& extended_;
     GenreTable genres_;
 };
 

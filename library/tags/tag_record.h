@@ -16,6 +16,14 @@ inline constexpr std::size_t TagTextLength = 50;
 /// Whether a reader takes an embedded picture along: it can be larger than all the rest.
 enum class Picture { Read, Skip };
 
+/// How a tag is read.
+struct TagReading {
+    Picture picture = Picture::Read;
+    /// Texts are decoded by their encoding and of several pictures the front cover is taken; else
+    /// bytes stay what they are, and the last picture counts.
+    bool extended = false;
+};
+
 /// Texts are UTF-8 and hold no NUL; what is not known is empty.
 struct TagRecord {
     std::string Title;

@@ -6,7 +6,9 @@
 
 #include <algorithm>
 #include <array>
+#include <functional>
 #include <initializer_list>
+#include <map>
 
 namespace vk {
 
@@ -78,6 +80,21 @@ void TakeComment(std::string_view comment, const GenreTable& genres, TagRecord& 
             return TakeField(keys.field, TagText(comment.substr(equals + 1)), genres, tag);
 }
 
+/// The same with keys in any case and several values of one.
+void GatherComment(std::string_view comment, std::map<Field, std::string>& gathered) {
+    const auto equals = comment.find('=');
+    if (equals == std::string_view::npos) return;
+    const std::string value = TagText(comment.substr(equals + 1));
+    for (const Keys& keys : KnownKeys)
+        if (std::ranges::any_of(keys.names, [&](std::string_view name) {
+                return EqualNoCase(name, comment.substr(0, equals));
+            })) {
+            std::string& text = gathered[keys.field];
+            text += (text.empty() || value.empty() ? "" : "; ") + value;
+            return;
+        }
+}
+
 /// Leaves the file after the comment marker; false when the setup header, the end or the limit came
 /// first.
 bool FindComment(MediaFile& file) {
@@ -101,18 +118,54 @@ std::uint64_t ReadLength(MediaFile& file) {
     return LittleEndian(file.Read(4));
 }
 
-} // namespace
-
-void ReadVorbisComment(MediaFile& file, const GenreTable& genres, TagRecord& tag) {
-    if (!FindComment(file)) return;
+/// Goes through the comments that begin here.
+void EachComment(MediaFile& file, const std::function<void(std::string_view)>& take) {
     file.Skip(ReadLength(file)); // the vendor's text
     const std::uint64_t count = std::min(ReadLength(file), MaxComments);
     for (std::uint64_t i = 0; i < count; ++i) {
         const std::uint64_t length = ReadLength(file);
         const std::string comment = file.Read(std::min(length, MaxTextBytes));
         file.Skip(length - comment.size());
-        TakeComment(comment, genres, tag);
+        take(comment);
     }
+}
+
+/// Leaves a FLAC file at its comments; false when it has none.
+bool FindFlacComment(MediaFile& file) {
+    constexpr int CommentBlock = 4, LastBlock = 0x80, MostBlocks = 1000;
+    file.Seek(4);
+    for (int block = 0; block < MostBlocks; ++block) {
+        const std::string header = file.ReadUpTo(4);
+        if (header.size() < 4) return false;
+        const int kind = static_cast<unsigned char>(header[0]);
+        if ((kind & 0x7F) == CommentBlock) return true;
+        if (kind & LastBlock) return false;
+        file.Seek(file.Position() + BigEndian(std::string_view(header).substr(1)));
+    }
+    return false;
+}
+
+} // namespace
+
+void ReadVorbisComment(MediaFile& file, const GenreTable& genres, TagRecord& tag) {
+    if (!FindComment(file)) return;
+    EachComment(file, [&](std::string_view comment) { TakeComment(comment, genres, tag); });
+}
+
+void ReadFlacComment(MediaFile& file, const GenreTable& genres, TagRecord& tag) {
+    if (!FindFlacComment(file)) return;
+    std::map<Field, std::string> gathered;
+    const auto take = [&] {
+        for (const auto& [field, text] : gathered)
+            TakeField(field, text, genres, tag);
+    };
+    try {
+        EachComment(file, [&](std::string_view comment) { GatherComment(comment, gathered); });
+    } catch (...) {
+        take();
+        throw;
+    }
+    take();
 }
 
 } // namespace vk

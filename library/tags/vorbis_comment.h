@@ -8,6 +8,10 @@
 
 namespace vk {
 
+/// Reads the comments of a FLAC file (https://xiph.org/flac/format.html#metadata_block) into `tag`,
+/// keys in any case; several values of one are joined by "; ". Damage throws as below.
+void ReadFlacComment(MediaFile& file, const GenreTable& genres, TagRecord& tag);
+
 /// Reads the comments into `tag`; a file without them leaves it as it is. Damage throws; what was
 /// read before stays in `tag`.
 void ReadVorbisComment(MediaFile& file, const GenreTable& genres, TagRecord& tag);

@@ -27,7 +27,11 @@ void CoverArt::Hide() {
 
 void CoverArt::ShowCoverArt(const std::string& track) {
     Forget();
-    Show({{}, track, JoinPath(base_.settings.AppDir(), TemporaryName)}, true);
+    Show({{},
+          track,
+          JoinPath(base_.settings.AppDir(), TemporaryName),
+          base_.settings.values.ExtendedTags},
+         true);
 }
 
 void CoverArt::ShowPicture(const std::string& file) {

@@ -44,10 +44,12 @@ CoverOutcome DecodeEmbedded(const std::string& bytes, const CoverRequest& reques
 
 CoverOutcome LoadCover(const CoverRequest& request, const DecodePicture& decode) {
     if (!request.picture.empty()) return Decode(request.picture, decode);
-    const std::string bytes = ReadEmbeddedPicture(request.track);
-    if (!bytes.empty()) return DecodeEmbedded(bytes, request, decode);
+    const std::string bytes = ReadEmbeddedPicture(request.track, request.extended);
+    CoverOutcome embedded;
+    if (!bytes.empty()) embedded = DecodeEmbedded(bytes, request, decode);
+    if (embedded.found && (embedded.error.empty() || !request.extended)) return embedded;
     std::vector<std::string> pictures = FolderPictures(FolderOf(request.track));
-    if (pictures.empty()) return {};
+    if (pictures.empty()) return embedded;
     CoverOutcome outcome = Decode(pictures.front(), decode);
     outcome.pictures = std::move(pictures);
     return outcome;

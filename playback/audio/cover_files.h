@@ -13,6 +13,9 @@ struct CoverRequest {
     std::string picture;   ///< full path, "" to look for the track's
     std::string track;     ///< full path
     std::string temporary; ///< where the tag's picture is put while it is read
+    /// Tags of every kind are looked into, and a tag's picture that cannot be shown lets those of
+    /// the folder have their turn.
+    bool extended = false;
 };
 
 /// What came of it.

@@ -163,11 +163,117 @@ TEST_F(TagReader, WhatIsNoReadableFileGivesAnEmptyRecord) {
     EXPECT_EQ(tag.Title, "");
 }
 
+/// A block of a FLAC file.
+std::string FlacBlock(int type, const std::string& body, bool last = false) {
+    return Bytes({type + (last ? 128 : 0)}) + Number(body.size(), 3) + body;
+}
+
+/// An atom of an MP4 file.
+std::string Atom(const std::string& name, const std::string& body) {
+    return Number(body.size() + 8, 4) + name + body;
+}
+
+std::string Mp4(const std::string& items) {
+    const std::string list = Atom("hdlr", std::string(25, '\0')) + Atom("ilst", items);
+    return Atom("ftyp", "M4A \0\0\0\0"s) +
+           Atom("moov", Atom("udta", Atom("meta", "\0\0\0\0"s + list)));
+}
+
+std::string Mp4Item(const std::string& name, int kind, const std::string& value) {
+    return Atom(name,
+                Atom("data", Number(static_cast<std::size_t>(kind), 4) + "\0\0\0\0"s + value));
+}
+
+/// An APE tag with its footer (https://wiki.hydrogenaud.io/index.php?title=APE_Tags_Header).
+std::string Ape(const std::string& title, const std::string& artist) {
+    const auto item = [](const std::string& key, const std::string& value) {
+        return Little(value.size()) + Little(0) + key + '\0' + value;
+    };
+    const std::string items = item("Title", title) + item("Artist", artist);
+    return items + "APETAGEX" + Little(2000) + Little(items.size() + 32) + Little(2) + Little(0) +
+           std::string(8, '\0');
+}
+
+/// With the setting `ExtendedTags`.
+struct ExtendedTagReader : TagReader {
+    const bool extended = true;
+    ID3 newer{{log, dialogs}, state.DecimalSymbol, extended};
+    std::string BriefOf(const std::string& bytes, const std::string& name = "a.mp3") {
+        return Brief(newer.ReadTag(app.Write(name, bytes), Picture::Skip));
+    }
+};
+
+TEST_F(ExtendedTagReader, TextsAreDecodedAndSeveralValuesJoined) {
+    const std::string little = "\1\xFF\xFE\x1A\x04\x38\x04\0\0\xFF\xFEH\0\0\0"s,
+                      big = "\1\xFE\xFF\x04\x1A\x04\x38\0\0\xFE\xFF\0H"s,
+                      markless = "\2\x04\x1A\x04\x38\0\0\0H"s;
+    for (const std::string& text : {little, big, markless, "\3\u041A\u0438\0H\0\0"s})
+        for (const int version : {2, 3, 4})
+            EXPECT_EQ(newer
+                          .ReadTag(app.Write(
+                              "a.mp3",
+                              ID3v2(version, Frame(version, version == 2 ? "TT2" : "TIT2", text))))
+                          .Title,
+                      "\u041A\u0438; H");
+    EXPECT_EQ(BriefOf(ID3v2(4, Frame(4, "TIT2", "\0caf\xE9"s) +
+                                   Frame(4, "TRCK",
+                                         "\1\xFF\xFE"
+                                         "7\0/\0"s) +
+                                   Frame(4, "TCON",
+                                         "\3"
+                                         "17\0(13)Power Pop\0RX\0"s))),
+              "caf\u00E9|||Rock; Power Pop; Remix|17|7");
+    EXPECT_EQ(BriefOf(ID3v2(3, Frame(3, "TCON", "\0(17)(13)"s))), "|||Rock; Pop|17|0");
+    EXPECT_EQ(BriefOf(ID3v2(3, Frame(3, "TIT2", "\1\xFF"s) + TextFrame(3, "TPE1", "A"))),
+              "|A||(Unknown Genre)|255|0");
+    EXPECT_EQ(BriefOf(Vorbis({"title=T"}), "a.ogg"), "T|||(Unknown Genre)|255|0");
+}
+
+TEST_F(ExtendedTagReader, FormsThatTheOlderReadingDoesNotKnowAreRead) {
+    const std::string frames = Frame(4, "TIT2", "\3T"s) +
+                               Frame(4, "TPE1",
+                                     "\3"
+                                     "A\0B"s) +
+                               Frame(4, "TRCK",
+                                     "\3"
+                                     "3/9"s);
+    const std::string comments = CommentList({"Title=T", "ARTIST=A", "artist=B", "TrackNumber=3"});
+    const std::string flac = "fLaC" + FlacBlock(0, std::string(34, '\0')) +
+                             FlacBlock(6, std::string(70'000, 'p')) + FlacBlock(4, comments, true);
+    const std::string wav = "WAVEid3 " + Little(ID3v2(4, frames).size()) + ID3v2(4, frames),
+                      aiff = "AIFFID3 " + Number(ID3v2(4, frames).size(), 4) + ID3v2(4, frames);
+    const std::string unsynchronised = Frame(4, "TIT2", "\0\0\0\2\3T"s, 3);
+    const std::string brief = "T|A; B||(Unknown Genre)|255|3";
+    const std::string ids = OggPages("OpusHead\1\2" + std::string(9, '\0'));
+    for (const auto& [name, bytes] : std::vector<std::pair<std::string, std::string>>{
+             {"a.mp3", ID3v2(4, frames, 0, 0x80) + Sound},
+             {"b.mp3", ID3v2(4, "\0\0\0\6\1\0"s + frames + std::string(20, '\0'), 0, 0x40) + Sound},
+             {"c.mp3", ID3v2(4, unsynchronised + frames.substr(12)) + Sound},
+             {"d.mp3", Sound + Ape("T", "A\0B"s)},
+             {"e.mp3", Sound + Ape("T", "A\0B"s) + ID3v1("", "")},
+             {"f.flac", flac},
+             {"g.wav", "RIFF" + Little(wav.size()) + wav},
+             {"h.aiff", "FORM" + Number(aiff.size(), 4) + aiff},
+             {"i.opus", ids + OggPages("OpusTags" + comments)},
+             {"j.m4a", Mp4(Mp4Item("\xA9nam", 1, "T") +
+                           Mp4Item("\xA9"
+                                   "ART",
+                                   1, "A; B") +
+                           Mp4Item("trkn", 0, "\0\0\0\3\0\0\0\0"s))}}) {
+        const std::string expected =
+            name < "d" || name > "e~" ? brief : "T|A; B||(Unknown Genre)|255|0";
+        EXPECT_EQ(BriefOf(bytes, name), expected) << name;
+        EXPECT_NE(Brief(id3.ReadTag(app.File(name))), expected) << name << " in the older reading";
+        for (std::size_t size = 0; size < bytes.size(); size += 1 + size / 20)
+            BriefOf(bytes.substr(0, size), name); // torn anywhere it must come to an end
+    }
+}
+
 const std::string Jpeg = "\xFF\xD8\xFF\0pixels\0"s;
 
-std::string Picture(const std::string& bytes) {
+std::string Picture(const std::string& bytes, bool extended = false) {
     TempFolder folder;
-    return ReadEmbeddedPicture(folder.Write("a.audio", bytes));
+    return ReadEmbeddedPicture(folder.Write("a.audio", bytes), extended);
 }
 
 TEST(EmbeddedPicture, ComesOutOfEveryVersionOfTheTag) {
@@ -188,14 +294,27 @@ TEST(EmbeddedPicture, ComesOutOfEveryVersionOfTheTag) {
     EXPECT_EQ(Picture("no tag at all"), "");
 }
 
+TEST(EmbeddedPicture, OfTheExtendedReadingIsTheFrontCoverOfAnyForm) {
+    const std::string back = Frame(4, "APIC", "\0image/jpeg\0\4\0back"s),
+                      front = Frame(4, "APIC", "\0image/jpeg\0\3\0"s + Jpeg);
+    for (const std::string& frames : {back + front + back, front + back, front})
+        EXPECT_EQ(Picture(ID3v2(4, frames), true), Jpeg);
+    const std::string foreign = Frame(4, "APIC", "\0image/jpeg\0\3\0"s + "\xFF\0\0x"s);
+    EXPECT_EQ(Picture(ID3v2(4, back + foreign, 0, 0x80), true), "\xFF\0x"s);
+    EXPECT_EQ(Picture(ID3v2(4, front + back)), "back") << "the last one, as ever";
+    const std::string m4a = Mp4(Mp4Item("covr", 13, Jpeg));
+    EXPECT_EQ(Picture(m4a, true), Jpeg);
+    EXPECT_EQ(Picture(m4a), "");
+    for (std::size_t size = 0; size < m4a.size(); ++size)
+        EXPECT_NE(Picture(m4a.substr(0, size), true), Jpeg);
+}
+
 TEST(EmbeddedPicture, IsTheFrontCoverOfAFlacFile) {
-    const auto block = [](int type, const std::string& body, bool last = false) {
-        return Bytes({type + (last ? 128 : 0)}) + Number(body.size(), 3) + body;
-    };
     const std::string front = PictureBlock(3, Jpeg), back = PictureBlock(4, "back");
-    const std::string start = "fLaC" + block(0, std::string(34, '\0'));
-    EXPECT_EQ(Picture(start + block(6, back) + block(6, front) + block(6, back, true)), Jpeg);
-    EXPECT_EQ(Picture(start + block(6, back, true) + block(6, front)), "back");
+    const std::string start = "fLaC" + FlacBlock(0, std::string(34, '\0'));
+    EXPECT_EQ(Picture(start + FlacBlock(6, back) + FlacBlock(6, front) + FlacBlock(6, back, true)),
+              Jpeg);
+    EXPECT_EQ(Picture(start + FlacBlock(6, back, true) + FlacBlock(6, front)), "back");
     EXPECT_EQ(Picture(start + "\x06\xFF\xFF\xFF" + front.substr(0, 40)), "");
     EXPECT_EQ(PictureOfBlock(front.substr(0, front.size() - 1)), "");
 }

@@ -54,6 +54,9 @@ TEST_F(CoverArtTest, PrefersThePictureInTheTagAndRemovesItsFile) {
     EXPECT_TRUE(Logged(std::string(Error) +
                        "Not a picture that can be shown: " + app.File("coverart.tmp")));
     EXPECT_FALSE(FileExists(app.File("coverart.tmp")));
+    settings.values.ExtendedTags = true;
+    player().sources().Current()->UpdateScreen();
+    EXPECT_EQ(Cover(), "picture back.jpg") << "those of the folder have their turn";
 }
 
 TEST_F(CoverArtTest, ThreadsThatReadTagsAtOnceDoNotSpoilEachOthersPicture) {
