@@ -44,11 +44,16 @@ class Scan {
             auto opened = std::make_unique<Database>(JoinPath(request_.appDir, CatalogueFileName),
                                                      Database::Mode::ReadOnly);
             CheckCatalogue(*opened);
+            if (OriginOf(*opened) != Wanted()) return; // nothing in it can be compared
             rows_ = CountFiles(*opened);
             if (rows_ > 0) catalogue_ = std::move(opened);
         } catch (const std::exception& error) {
             SendError(error); // and all is read anew
         }
+    }
+
+    Origin Wanted() const {
+        return {WithoutTrailingSeparator(request_.mediaDir), request_.extendedTags};
     }
 
     void Work() {
@@ -70,7 +75,7 @@ class Scan {
         succeeded_ = !needs_.stop;
     }
 
-    /// Damage of the table shows here, at the latest: the catalogue is given up.
+    /// What cannot be read any more is given up.
     Changes Compare(const FoundFiles& found) {
         Progress(ScanStep::Comparing, 0, "Please Wait...");
         try {
@@ -104,6 +109,7 @@ class Scan {
         for (const std::string& key : changes.gone)
             copy.Rows().Remove(key);
         copy.SetDrives(changes.drives);
+        copy.SetOrigin(Wanted());
         Progress(ScanStep::Writing, 0, "Please Wait...");
         copy.Finish(request_.full);
         catalogue_.reset();
@@ -115,8 +121,8 @@ class Scan {
     }
 
     void WriteRead(const FoundFiles& found, const Changes& changes, RowWriter& rows) {
-        TagPool pool({request_.mediaDir, found, changes.toRead, request_.decimalSymbol, needs_.log,
-                      needs_.stop});
+        TagPool pool({request_.mediaDir, found, changes.toRead, request_.decimalSymbol,
+                      request_.extendedTags, needs_.log, needs_.stop});
         std::int64_t done = 0, told = 0;
         while (const auto read = pool.Take()) {
             for (const FileRow& row : *read)

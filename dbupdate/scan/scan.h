@@ -21,8 +21,9 @@ struct ScanNeeds {
 /// row to show. A file is read when its date differs from the row's; rows without a file go, unless
 /// nothing is known of the folder they were in: one that cannot be read, a link to nowhere, a drive
 /// that is unplugged. The rows of a drive that never comes back go with its mount point's becoming
-/// an ordinary folder of media files, or with the catalogue's being made anew. A media folder that
-/// does not answer, or has become empty, is an error that changes nothing.
+/// an ordinary folder of media files, or with the catalogue's being made anew, as it is for another
+/// media folder. A media folder that does not answer, or has become empty, is an error that changes
+/// nothing.
 void RunScan(const ScanRequest& request, const ScanNeeds& needs);
 
 } // namespace vk

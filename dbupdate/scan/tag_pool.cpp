@@ -55,7 +55,7 @@ TagPool::~TagPool() {
 
 void TagPool::Read() {
     NoDialogs dialogs;
-    ID3 reader({work_.log, dialogs}, work_.decimalSymbol);
+    ID3 reader({work_.log, dialogs}, work_.decimalSymbol, work_.extendedTags);
     for (bool wanted = true; wanted;) {
         const std::size_t first = next_.fetch_add(FilesAtOnce);
         const std::size_t end = std::min(first + FilesAtOnce, work_.files.size());

@@ -22,6 +22,7 @@ struct TagWork {
     const FoundFiles& found;
     const std::vector<const FoundFile*>& files; ///< of these
     const std::string& decimalSymbol;
+    const bool& extendedTags;
     const DebugLog& log;
     const std::atomic<bool>& stop;
 };

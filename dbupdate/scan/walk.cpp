@@ -133,6 +133,7 @@ class Walk {
     void TakeEntry(FolderReader& folder, const std::string& path,
                    const FolderReader::Entry& entry) {
         using Kind = FolderReader::Kind;
+        if (IsSystemName(entry.name)) return;
         if (entry.kind == Kind::Folder) {
             folders_.push_back({Below(path, entry.name), volume_});
             return;

@@ -55,7 +55,7 @@ void WorkingCopy::Begin(const std::string& appDir, Database* catalogue) {
     database_->Execute("PRAGMA secure_delete = OFF");
     database_->Execute("PRAGMA cache_size = -8000"); // 8 MB, and as much again to sort an index
     database_->Execute("BEGIN EXCLUSIVE");
-    if (anew_) CreateTables(*database_);
+    anew_ ? CreateTables(*database_) : RebuildIndexes(*database_);
     rows_ = std::make_unique<RowWriter>(*database_);
 }
 

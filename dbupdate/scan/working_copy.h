@@ -2,6 +2,7 @@
 #pragma once
 
 #include "library/catalogue/file_row.h"
+#include "library/catalogue/schema.h"
 #include "library/catalogue/sqlite.h"
 
 #include <memory>
@@ -21,6 +22,8 @@ class WorkingCopy {
     WorkingCopy& operator=(const WorkingCopy&) = delete;
 
     RowWriter& Rows() { return *rows_; }
+    /// Notes what the rows are made from.
+    void SetOrigin(const Origin& origin) { vk::SetOrigin(*database_, origin); }
     /// Puts the drives that rows lie on in place of those of the last time.
     void SetDrives(const std::vector<std::string>& drives);
     /// Completes the file and flushes it to the disk; `compact` rewrites it when a good part of it

@@ -2,8 +2,7 @@
 
 #include "library/catalogue/schema.h"
 #include "library/queries/sql_text.h"
-#include "library/tags/file_name_tag.h"
-#include "library/tags/media_type.h"
+#include "library/tags/shown_tag.h"
 #include "platform/paths.h"
 
 namespace vk {
@@ -18,8 +17,7 @@ std::string RelativePath(const std::string& mediaDir, const std::string& path) {
 
 FileRow MakeFileRow(ID3& reader, const std::string& path, const std::string& relative,
                     const std::string& stamp, int mediaType) {
-    const TagRecord tag = mediaType == MediaAudio ? reader.ReadTag(path, Picture::Skip)
-                                                  : GetFileNameTag(path, mediaType);
+    const TagRecord tag = ShownTag(reader, path, mediaType);
     FileRow row;
     row.Path = Escape(relative);
     row.TStamp = stamp;

@@ -25,8 +25,8 @@ struct FileRow {
 /// case, stays whole.
 std::string RelativePath(const std::string& mediaDir, const std::string& path);
 
-/// The row of the file at `path`, from its tags when it is audio, else from its name. `relative` is
-/// the path as the catalogue has it.
+/// The row of the file at `path`, with the tag that it is shown with, so that lists, searches and
+/// albums agree. `relative` is the path as the catalogue has it.
 FileRow MakeFileRow(ID3& reader, const std::string& path, const std::string& relative,
                     const std::string& stamp, int mediaType);
 

@@ -27,22 +27,18 @@ std::string modDB::File(const char* name) const {
 void modDB::InitDB(bool keep) {
     AppState& app = needs_.app;
     const bool manual = needs_.settings.values.manualdb;
-    Trap(needs_.report, "An error occured in modDB.InitDB ", [&] {
-        Close();
-        if (!FileExists(File(CatalogueFileName)) && CopyTemplate() && !manual)
-            app.DBState = DBStateValue::CheckPoint;
-        if (!FileExists(File(CatalogueFileName))) {
-            app.DBState = DBStateValue::Disabled;
-            return;
-        }
-        if (!OpenUnlessDamaged()) {
-            app.DBState = DBStateValue::Initialized;
-        } else if (manual) {
-            if (!keep) app.DBState = DBStateValue::OnLine;
-        } else if (app.DBState != DBStateValue::CheckPoint || !keep) {
-            app.DBState = DBStateValue::Initialized;
-        }
-    });
+    Close();
+    if (!FileExists(File(CatalogueFileName)) && CopyTemplate() && !manual)
+        app.DBState = DBStateValue::CheckPoint;
+    if (!FileExists(File(CatalogueFileName))) {
+        app.DBState = DBStateValue::Disabled;
+    } else if (!TryToOpen() || OfOtherFolder()) {
+        app.DBState = DBStateValue::Initialized;
+    } else if (manual) {
+        if (!keep) app.DBState = DBStateValue::OnLine;
+    } else if (app.DBState != DBStateValue::CheckPoint || !keep) {
+        app.DBState = DBStateValue::Initialized;
+    }
 }
 
 void modDB::Open() {
@@ -53,22 +49,33 @@ void modDB::Open() {
     opened->Execute("PRAGMA synchronous = FULL");
     opened->Execute("PRAGMA cache_size = -8000"); // 8 MB
     CheckCatalogue(*opened);
+    origin_ = OriginOf(*opened);
     database_ = std::move(opened);
 }
 
-bool modDB::OpenUnlessDamaged() {
+// All that is in it can be read from the files again: the server makes a new one, which takes this
+// one's place, be it damaged, locked or of a kind that cannot be opened at all.
+bool modDB::TryToOpen() {
     try {
         Open();
         return true;
     } catch (const std::exception& error) {
-        if (!IsDamage(error)) throw;
-        // All that is in it can be read from the files again: the server makes a new one, which
-        // takes the damaged one's place. That one's journal must not meet the new file.
-        needs_.report.Log(std::string("tags.mdb is made anew: ") + error.what());
-        DeleteFileAt(File("tags.mdb-journal"));
+        needs_.report.Log(std::string("An error occured in modDB.InitDB ") + error.what());
+        needs_.report.Log("tags.mdb is made anew");
+        // A damaged one's journal must not meet the new file.
+        if (IsDamage(error)) DeleteFileAt(File("tags.mdb-journal"));
         RebuildDue = true;
         return false;
     }
+}
+
+Origin modDB::WantedOrigin() const {
+    const Settings& values = needs_.settings.values;
+    return {WithoutTrailingSeparator(values.MediaDir), values.ExtendedTags};
+}
+
+bool modDB::OfOtherFolder() const {
+    return database_ && !origin_.folder.empty() && origin_.folder != WantedOrigin().folder;
 }
 
 bool modDB::ServerWorks() const {
@@ -86,10 +93,10 @@ template<class Work> auto modDB::Guarded(const Work& work) {
     }
 }
 
-// The server may find nothing wrong with it, as it reads the table and not the indexes: it must
-// not find the file.
+// Reading it once more is of no use to the server: it must not find the file.
 void modDB::GiveUp(const std::exception& damage) {
-    needs_.report.Log(std::string("tags.mdb is made anew: ") + damage.what());
+    needs_.report.Log(damage.what());
+    needs_.report.Log("tags.mdb is made anew");
     Close();
     DeleteFileAt(File(CatalogueFileName));
     DeleteFileAt(File("tags.mdb-journal"));
@@ -108,6 +115,8 @@ bool modDB::UnhookDB() {
     const bool taken = RenameFlushed(File(WorkingCatalogueName), File(CatalogueFileName));
     if (!taken) needs_.report.Log("the new tags.mdb could not be taken; the old one stays");
     InitDB(true);
+    // Once is enough: a place where no catalogue can be is done without until the next start.
+    if (!IsOpen() && std::exchange(RebuildDue, false)) needs_.app.DBState = DBStateValue::Disabled;
     Replaced = Replaced || taken;
     return taken;
 }
@@ -115,7 +124,8 @@ bool modDB::UnhookDB() {
 void modDB::ShowOldRows() {
     needs_.app.DBState = DBStateValue::Disabled;
     TrapAndLog(needs_.report, "An error occured in modDB.ShowOldRows ", [&] {
-        if (database_ && CountFiles(*database_) > 0) needs_.app.DBState = DBStateValue::OnLine;
+        if (database_ && !OfOtherFolder() && CountFiles(*database_) > 0)
+            needs_.app.DBState = DBStateValue::OnLine;
     });
     RunUpdates();
 }
@@ -242,7 +252,7 @@ void modDB::UpdateFileRows(const std::vector<std::string>& paths) {
         due_.insert(due_.end(), paths.begin(), paths.end());
         return;
     }
-    if (!database_) return;
+    if (!database_ || OfOtherFolder()) return;
     std::vector<FileRow> rows;
     for (const std::string& path : paths)
         TrapAndLog(needs_.report, UpdateFailed, [&] {
@@ -272,6 +282,7 @@ std::optional<FileRow> modDB::ChangedRow(const std::string& path) {
 void modDB::WriteRows(const std::vector<FileRow>& rows) {
     Opened().Execute("BEGIN IMMEDIATE");
     try {
+        if (origin_.folder.empty()) SetOrigin(*database_, origin_ = WantedOrigin());
         RowWriter writer(*database_);
         for (const FileRow& row : rows)
             writer.Put(row);

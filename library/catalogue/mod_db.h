@@ -6,7 +6,7 @@
 #include "core/settings.h"
 #include "library/catalogue.h"
 #include "library/catalogue/file_row.h"
-#include "library/catalogue/sqlite.h"
+#include "library/catalogue/schema.h"
 #include "library/tags/media_type.h"
 #include "library/tags/tag_reader.h"
 
@@ -30,24 +30,27 @@ class modDB : public Catalogue {
     explicit modDB(Needs needs) : needs_(needs) {}
 
     /// Opens tags.mdb, made from its template when it is missing, and sets `DBState`; with `keep`
-    /// an open catalogue keeps the state it has. A damaged file is not opened, and `RebuildDue`
-    /// set.
+    /// an open catalogue keeps the state it has. A file that cannot be opened, whatever the reason,
+    /// is told in the log and `RebuildDue` set; rows of another media folder stay off line.
     void InitDB(bool keep);
     /// Closes the connection, takes the server's new file in place of tags.mdb and opens that.
-    /// False when it could not be taken: the old one is open again.
+    /// False when it could not be taken: the old one is open again, or none, which disables the
+    /// catalogue.
     bool UnhookDB();
     /// Does the updates that were put off while the server worked: when it has finished.
     void RunUpdates();
     /// Closes the connection; the file can be deleted then.
     void Close() { database_.reset(); }
     bool IsOpen() const { return database_ != nullptr; }
+    /// True when the rows are those of another media folder than the settings name.
+    bool OfOtherFolder() const;
     /// After a scan that came to nothing: the old rows are shown, and where there are none the
     /// screens read the folders themselves.
     void ShowOldRows();
     /// The server put its file in place of the old one; whoever acts on it clears the flag.
     bool Replaced = false;
-    /// The file was damaged, which may show first in a query: only a scan brings the catalogue
-    /// back; whoever wants it clears the flag.
+    /// The file cannot be used, which may show first in a query: only a scan, whose new file takes
+    /// its place, brings the catalogue back; whoever wants it clears the flag.
     bool RebuildDue = false;
 
     DBStateValue State() const override { return needs_.app.DBState; }
@@ -65,7 +68,8 @@ class modDB : public Catalogue {
   private:
     std::string File(const char* name) const;
     void Open();
-    bool OpenUnlessDamaged();
+    bool TryToOpen();
+    Origin WantedOrigin() const;
     bool ServerWorks() const;
     template<class Work> auto Guarded(const Work& work);
     void GiveUp(const std::exception& damage);
@@ -81,6 +85,7 @@ class modDB : public Catalogue {
 
     Needs needs_;
     std::unique_ptr<Database> database_;
+    Origin origin_;                ///< of the rows of the open file
     std::vector<std::string> due_; ///< paths to be updated when the server has finished
 };
 

@@ -60,10 +60,9 @@ template<class Integer> Integer NumberOf(const Json& object, const char* key) {
     return value != object.end() && value->is_number_integer() ? value->get<Integer>() : 0;
 }
 
-/// A flag that is missing is set.
-bool FlagOf(const Json& object, const char* key) {
+bool FlagOf(const Json& object, const char* key, bool missing) {
     const auto value = object.find(key);
-    return value == object.end() || !value->is_boolean() || value->get<bool>();
+    return value == object.end() || !value->is_boolean() ? missing : value->get<bool>();
 }
 
 /// The index of the object's name among `names`; nothing when there is none.
@@ -77,12 +76,13 @@ std::optional<int> Named(const Json& object, const char* key,
 }
 
 ScanRequest ScanOf(const Json& object) {
-    return {.full = FlagOf(object, "full"),
+    return {.full = FlagOf(object, "full", true),
             .appDir = Decoded(TextOf(object, "appDir")),
             .mediaDir = Decoded(TextOf(object, "mediaDir")),
             .audioExtensions = TextOf(object, "audioExtensions"),
             .videoExtensions = TextOf(object, "videoExtensions"),
-            .decimalSymbol = TextOf(object, "decimalSymbol")};
+            .decimalSymbol = TextOf(object, "decimalSymbol"),
+            .extendedTags = FlagOf(object, "extendedTags", false)};
 }
 
 DBStateValue StateOf(const Json& object) {
@@ -103,6 +103,7 @@ std::string ToLine(const ServerRequest& request) {
         object["audioExtensions"] = request.scan.audioExtensions;
         object["videoExtensions"] = request.scan.videoExtensions;
         object["decimalSymbol"] = request.scan.decimalSymbol;
+        object["extendedTags"] = request.scan.extendedTags;
     }
     return Line(object);
 }
@@ -141,7 +142,7 @@ std::optional<ServerEvent> ParseEvent(std::string_view line) {
     event.progress = {static_cast<ScanStep>(NumberOf<int>(object, "step")),
                       NumberOf<std::int64_t>(object, "count"), TextOf(object, "text")};
     event.error = {NumberOf<int>(object, "number"), TextOf(object, "source"),
-                   TextOf(object, "description"), FlagOf(object, "silent")};
+                   TextOf(object, "description"), FlagOf(object, "silent", true)};
     return event;
 }
 

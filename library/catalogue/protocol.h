@@ -21,6 +21,7 @@ struct ScanRequest {
     std::string mediaDir;                         ///< the folder that is catalogued
     std::string audioExtensions, videoExtensions; ///< joined by ":", as the settings hold them
     std::string decimalSymbol = ".";
+    bool extendedTags = false; ///< as the setting says
 };
 
 /// A line to the server.

@@ -12,7 +12,9 @@ namespace vk {
 
 namespace {
 
-constexpr int BusyMs = 5000; // the other process writes for milliseconds at most
+// The other process writes for milliseconds at most. Whoever changes rows is the interface, which
+// must not stand still.
+constexpr int BusyMs = 5000, InterfaceBusyMs = 200;
 // A query of a list file can be anything, such as a product of the table with itself.
 constexpr int StepsAWorkUnit = 1'000'000; // of SQLite's virtual machine: some 10 ms
 constexpr int MostWorkUnits = 30;
@@ -61,7 +63,7 @@ void Database::Close::operator()(sqlite3* handle) const {
 }
 
 Database::Database(const std::string& file, Mode mode) : handle_(OpenHandle(file, mode)) {
-    sqlite3_busy_timeout(Handle(), BusyMs);
+    sqlite3_busy_timeout(Handle(), mode == Mode::ReadWrite ? InterfaceBusyMs : BusyMs);
     RegisterCollations(Handle());
 }
 

@@ -18,11 +18,19 @@ DB_OBJ::Events CatalogueUpdates::Events() {
                     EndScan();
                     failure_ = "DB_UPDATE has ended";
                     n_.db.ShowOldRows();
+                    TryAgain();
                 }};
+}
+
+// It may have been killed for want of memory while the system started. Without a catalogue from
+// before there would be none until the next start.
+void CatalogueUpdates::TryAgain() {
+    if (!stopped_ && !std::exchange(triedAgain_, true)) RequestScan();
 }
 
 void CatalogueUpdates::ChangeStatus(DBStateValue state) {
     waiting_ = false;
+    if (state == DBStateValue::OnLine && !n_.db.IsOpen()) state = DBStateValue::Disabled;
     n_.app.DBState = state;
     if (state == DBStateValue::Rebuilding) n_.app.quitAttempts = 0;
     if (state != DBStateValue::OnLine && state != DBStateValue::Disabled) return;
@@ -45,7 +53,22 @@ bool CatalogueUpdates::FirstScanIsDue() const {
            !n_.settings.values.manualdb && FolderExists(n_.settings.values.MediaDir);
 }
 
+// Another media folder was chosen: the rows wait off line for an update, or for the old folder.
+void CatalogueUpdates::FollowFolder() {
+    if (Busy()) return;
+    DBStateValue& state = n_.app.DBState;
+    if (state == DBStateValue::OnLine && n_.db.OfOtherFolder()) {
+        n_.report.Log("tags.mdb is of another media folder");
+        state = DBStateValue::Initialized;
+        foreign_ = true;
+    } else if (foreign_ && !n_.db.OfOtherFolder()) {
+        foreign_ = false;
+        if (state == DBStateValue::Initialized) state = DBStateValue::OnLine;
+    }
+}
+
 void CatalogueUpdates::Supervise() {
+    FollowFolder();
     rescanWanted_ |= std::exchange(n_.db.RebuildDue, false);
     if (FirstScanIsDue()) {
         fired_ = true;
@@ -62,7 +85,7 @@ void CatalogueUpdates::RequestScan() {
 }
 
 void CatalogueUpdates::RequestStop() {
-    stopWanted_ = waiting_ = true;
+    stopWanted_ = waiting_ = stopped_ = true;
 }
 
 void CatalogueUpdates::Delete() {
@@ -80,7 +103,7 @@ void CatalogueUpdates::OpenAnew() {
 }
 
 void CatalogueUpdates::Scan(bool full) {
-    rescanWanted_ = false;
+    rescanWanted_ = stopped_ = foreign_ = false;
     scanning_ = waiting_ = true;
     progress_ = {ScanStep::Counting, 0, ""};
     toRead_ = 0;
@@ -91,7 +114,8 @@ void CatalogueUpdates::Scan(bool full) {
              .mediaDir = settings.MediaDir,
              .audioExtensions = settings.AudioExtensions,
              .videoExtensions = settings.VideoExtensions,
-             .decimalSymbol = n_.app.DecimalSymbol});
+             .decimalSymbol = n_.app.DecimalSymbol,
+             .extendedTags = settings.ExtendedTags});
 }
 
 void CatalogueUpdates::ShowProgress(const ScanProgress& progress) {

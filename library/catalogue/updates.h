@@ -10,7 +10,8 @@
 namespace vk {
 
 /// One object a process. The system's first scan is started by the supervisor, further ones on
-/// request; scans that come to nothing leave the old rows in use.
+/// request; scans that come to nothing leave the old rows in use. A server that is lost is started
+/// once more.
 class CatalogueUpdates {
   public:
     /// All of it outlives this object.
@@ -52,6 +53,8 @@ class CatalogueUpdates {
     bool FirstScanIsDue() const;
     bool ScanWanted() const { return rescanWanted_ && n_.app.DBState != DBStateValue::Disabled; }
     void EndScan();
+    void TryAgain();
+    void FollowFolder();
     void Scan(bool full);
     void ChangeStatus(DBStateValue state);
     void ShowProgress(const ScanProgress& progress);
@@ -64,8 +67,11 @@ class CatalogueUpdates {
     bool scanning_ = false;   ///< the server was started and has not come to its end
     bool rescanWanted_ = false;
     bool stopWanted_ = false;
-    bool waiting_ = false; ///< the server has not answered a request yet
-    std::string failure_;  ///< of the last update
+    bool stopped_ = false;    ///< the user has ended the present update
+    bool triedAgain_ = false; ///< after a server that was lost
+    bool foreign_ = false;    ///< the rows are off line, as they are of another folder
+    bool waiting_ = false;    ///< the server has not answered a request yet
+    std::string failure_;     ///< of the last update
 };
 
 } // namespace vk

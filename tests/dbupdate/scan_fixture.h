@@ -15,7 +15,9 @@ struct ScanFixture : CatalogueFixture {
                 Tagged(std::to_string(folder) + "/" + std::to_string(file) + ".mp3",
                        "T" + std::to_string(file));
     }
-    ScanRequest Request() const { return {true, app.Path(), media.Path(), "MP3", "AVI", "."}; }
+    ScanRequest Request() const {
+        return {true, app.Path(), settings.values.MediaDir, "MP3", "AVI", ".", extended};
+    }
 
     std::vector<std::string> Paths() { return First("SELECT Path FROM Media ORDER BY Path"); }
     std::vector<std::string> Titles() { return First("SELECT Title FROM Media ORDER BY Path"); }
@@ -38,6 +40,7 @@ struct ScanFixture : CatalogueFixture {
     std::vector<int> states;
     std::vector<std::string> errors, texts;
     int unhooked = 0;
+    bool extended = false;
 };
 
 } // namespace vk::test

@@ -42,10 +42,14 @@ struct ScanTest : ScanFixture {
 TEST_F(ScanTest, CataloguesTheMediaFolder) {
     Tagged("Rock/b.mp3", "B");
     Tagged("Rock/Live/a.MP3", "A");
-    for (const char* name : {"film.avi", "list.m3u", "cover.jpg"})
+    for (const char* name :
+         {"film.avi", "list.m3u", "cover.jpg", "07_X_-_Y.mp3", "._a.mp3", ".hidden/a.mp3",
+          "$Recycle.Bin/a.mp3", "lost+found/a.mp3", "system volume information/a.mp3"})
         media.Write(name, "x");
-    ScanFinds(ElementsAre("/film.avi", "/list.m3u", "/Rock/b.mp3", "/Rock/Live/a.MP3"));
-    EXPECT_THAT(Titles(), ElementsAre("film", "list", "B", "A"));
+    ScanFinds(
+        ElementsAre("/07_X_-_Y.mp3", "/film.avi", "/list.m3u", "/Rock/b.mp3", "/Rock/Live/a.MP3"));
+    EXPECT_THAT(Titles(), ElementsAre("Y", "film", "list", "B", "A"));
+    EXPECT_THAT(First("SELECT Title FROM Media WHERE Artist='X'"), ElementsAre("Y"));
     EXPECT_THAT(states, ElementsAre(3, 1, 4));
     EXPECT_EQ(unhooked, 1);
     EXPECT_THAT(errors, IsEmpty());
@@ -236,13 +240,35 @@ TEST_F(ScanTest, ADamagedCatalogueIsBuiltAnew) {
         EXPECT_THAT(errors, testing::Not(IsEmpty()));
         EXPECT_EQ(states.back(), 4);
     }
-    db.Close();
-    DamageIndex();
-    Tagged("0/0.mp3", "New", 1'100'000'000);
-    ScanFinds(SizeIs(400));
-    EXPECT_THAT(errors, SizeIs(1)) << "found as a row was written";
-    EXPECT_THAT(First("SELECT Title FROM Media WHERE Artist='Artist' AND Path='/0/0.mp3'"),
-                ElementsAre("New"));
+    for (const bool letter : {false, true}) {
+        db.Close();
+        DamageIndex(letter);
+        Tagged("0/0.mp3", "New", 1'100'000'000 + letter);
+        ScanFinds(SizeIs(400));
+        EXPECT_THAT(errors, SizeIs(letter ? 0 : 1)) << "found as rows were written";
+        EXPECT_THAT(First("SELECT Title FROM Media WHERE Artist='Artist'"), SizeIs(400));
+    }
+}
+
+TEST_F(ScanTest, RowsOfAnotherFolderOrReadingAreNotComparedOrKept) {
+    const OtherVolume stick;
+    const TempFolder other;
+    Albums(1, 3);
+    create_directory_symlink(stick.path, media.File("stick"));
+    AppendToFile(stick.path + "/a.mp3", "x");
+    ScanFinds(SizeIs(4));
+    other.Write("b.mp3", "x");
+    settings.values.MediaDir = other.Path();
+    ScanFinds(ElementsAre("/b.mp3"));
+    settings.values.MediaDir = other.File("gone");
+    Scan();
+    EXPECT_EQ(states.back(), -1) << "none of its rows to be shown";
+    settings.values.MediaDir = other.Path();
+    extended = true;
+    Scan();
+    EXPECT_EQ(unhooked, 1) << "read anew";
+    Scan();
+    EXPECT_EQ(unhooked, 0);
 }
 
 TEST_F(ScanTest, NamesOfOneKeyDoNotWaver) {

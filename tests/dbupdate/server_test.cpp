@@ -189,10 +189,10 @@ TEST_F(ServerTest, AnswersWhatItDoesNotUnderstandAndEndsWithItsInput) {
 }
 
 TEST(Protocol, IsReadAsItIsWrittenAndNothingElse) {
-    const ScanRequest scan{false, "/app \xE4\n", "/m\"e%dia", "MP3:OGG", "AVI", ","};
+    const ScanRequest scan{false, "/app \xE4\n", "/m\"e%dia", "MP3:OGG", "AVI", ",", true};
     const std::string request =
-        R"({"appDir":"/app%20%E4%0A","audioExtensions":"MP3:OGG","decimalSymbol":",","full":false,)"
-        R"("mediaDir":"/m%22e%25dia","request":"scan","videoExtensions":"AVI"})";
+        R"({"appDir":"/app%20%E4%0A","audioExtensions":"MP3:OGG","decimalSymbol":",",)"
+        R"("extendedTags":true,"full":false,"mediaDir":"/m%22e%25dia","request":"scan","videoExtensions":"AVI"})";
     EXPECT_EQ(ToLine(ServerRequest{ServerRequest::Kind::Scan, scan}), request);
     EXPECT_EQ(ToLine(ParseRequest(request).value()), request);
     const std::string error = R"({"description":"no \"such\"\nfile","event":"DBError","number":-7,)"

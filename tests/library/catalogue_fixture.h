@@ -30,15 +30,19 @@ struct CatalogueFixture : CoreTest {
         EXPECT_EQ(::utime(path.c_str(), &times), 0);
         return path;
     }
-    /// Spoils an index of the catalogue; the table stays whole.
-    void DamageIndex() const {
+    /// Spoils an index of the catalogue, or a letter in it alone; the table stays whole.
+    void DamageIndex(bool letter = false) const {
         constexpr std::size_t Page = 4096;
         const std::string file = app.File(CatalogueFileName);
         Database database(file, Database::Mode::ReadOnly);
         Statement root(database, "SELECT rootpage FROM sqlite_master WHERE name='MediaArtist'");
         ASSERT_TRUE(root.Step());
         std::string bytes = app.Read(CatalogueFileName);
-        bytes.replace(static_cast<std::size_t>(root.Integer(0) - 1) * Page, Page, Page, '\x55');
+        const auto begin = static_cast<std::size_t>(root.Integer(0) - 1) * Page;
+        if (letter)
+            bytes.at(bytes.rfind("Artist", begin + Page - 1)) = 'B';
+        else
+            bytes.replace(begin, Page, Page, '\x55');
         app.Write(CatalogueFileName, bytes);
     }
     std::vector<std::string> First(const std::string& sql) {

@@ -86,11 +86,49 @@ TEST_F(UpdatesTest, ADeletedCatalogueIsMadeAnewOnRequest) {
     EXPECT_EQ(scans.size(), 3u);
 }
 
+TEST_F(UpdatesTest, AServerThatIsLostIsStartedOnceMore) {
+    const auto lose = [&] {
+        server.StatusChanged(DBStateValue::Rebuilding);
+        server.Lost();
+        Supervise(2);
+        return scans.size();
+    };
+    Supervise(1);
+    EXPECT_EQ(lose(), 2u);
+    EXPECT_EQ(lose(), 2u);
+    EXPECT_EQ(state.DBState, DBStateValue::Disabled);
+}
+
+TEST_F(UpdatesTest, AServerThatTheUserStopsIsNotStartedAgain) {
+    Supervise(1);
+    updates.RequestStop();
+    server.Lost();
+    Supervise(2);
+    EXPECT_EQ(scans.size(), 1u);
+}
+
+TEST_F(UpdatesTest, RowsOfAnotherFolderWaitForAnUpdateOrForTheOldFolder) {
+    settings.values.manualdb = true;
+    db.InitDB(false);
+    db.UpdateFileRow(media.Write("a.m3u", "x"));
+    const std::string here = std::exchange(settings.values.MediaDir, app.Path());
+    Supervise(1);
+    EXPECT_EQ(state.DBState, DBStateValue::Initialized);
+    settings.values.MediaDir = here;
+    Supervise(1);
+    EXPECT_EQ(state.DBState, DBStateValue::OnLine);
+    db.Close();
+    End();
+    EXPECT_EQ(state.DBState, DBStateValue::Disabled) << "no catalogue, whatever the server says";
+}
+
 TEST_F(UpdatesTest, AServerThatIsLostLeavesTheOldRows) {
     db.UpdateFileRow(media.Write("a.m3u", "x"));
     state.DBState = DBStateValue::Rebuilding;
     EXPECT_TRUE(updates.Busy());
     Fail();
+    server.Lost();
+    Supervise(1);
     server.Lost();
     EXPECT_EQ(updates.Action(), "The last update failed: DB_UPDATE has ended");
     EXPECT_EQ(state.DBState, DBStateValue::OnLine);
