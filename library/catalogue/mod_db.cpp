@@ -130,8 +130,9 @@ void modDB::ShowOldRows() {
     RunUpdates();
 }
 
+// Rows of another folder would be taken for files of this one that have the same names.
 Database& modDB::Opened() {
-    if (!database_)
+    if (!database_ || OfOtherFolder())
         throw Error("Operation is not allowed when the object is closed.", ClosedObject);
     return *database_;
 }
@@ -224,7 +225,8 @@ std::vector<CatalogueRecord> modDB::Records(const std::string& sql) {
 
 std::optional<TagRecord> modDB::StoredTag(const std::string& path) {
     try {
-        return database_ ? Guarded([&] { return FindTag(path); }) : std::nullopt;
+        const bool usable = database_ && !OfOtherFolder();
+        return usable ? Guarded([&] { return FindTag(path); }) : std::nullopt;
     } catch (const std::exception& error) {
         needs_.report.Log(std::string("An error occured in modDB.GetDBTag ") + error.what());
         return std::nullopt;

@@ -171,6 +171,10 @@ std::vector<std::string> LinuxVolumes::AudioTracks(const std::string& root) cons
 }
 
 std::int32_t LinuxVolumes::Serial(const std::string& path) const {
+    // A drive that is not mounted lies in no file system but that of devices.
+    const auto optical = OpticalDevices();
+    if (std::find(optical.begin(), optical.end(), path) != optical.end())
+        return ReadAudioDisc(from_.optical, path).serial;
     const std::string root = DriveOf(path);
     for (const Mount& mount : Mounts()) {
         if (mount.mountPoint != root) continue;
@@ -184,9 +188,7 @@ std::int32_t LinuxVolumes::Serial(const std::string& path) const {
             return static_cast<std::int32_t>(serial);
         }
     }
-    const auto optical = OpticalDevices();
-    const bool unmounted = std::find(optical.begin(), optical.end(), path) != optical.end();
-    return unmounted ? ReadAudioDisc(from_.optical, path).serial : 0;
+    return 0;
 }
 
 std::string LinuxVolumes::DriveOf(const std::string& path) const {

@@ -133,11 +133,6 @@ TEST_F(ServerTest, KilledAtAnyMomentItLeavesTheOldCatalogueOrTheNew) {
         app.Write(CatalogueFileName, old); // what is left of the working copy stays
     }
     EXPECT_GT(killed, 3);
-    app.Write(CatalogueFileName, old);
-    app.Write(WorkingCatalogueName, old.substr(0, old.size() / 2)); // torn
-    EXPECT_TRUE(ScanUntilKilled(Request(), log, Longest));
-    EXPECT_EQ(count(), 160);
-    EXPECT_FALSE(FileExists(app.File(WorkingCatalogueName)));
 }
 
 TEST_F(ServerTest, ALostServerIsLoggedAndStartedAgain) {

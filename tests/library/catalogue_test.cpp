@@ -84,6 +84,8 @@ TEST_F(CatalogueTest, RowsOfAnotherMediaFolderStayOffLine) {
     Add("a.mp3", "T", "A");
     const std::string here = std::exchange(settings.values.MediaDir, app.Path());
     EXPECT_TRUE(db.OfOtherFolder());
+    EXPECT_FALSE(db.StoredTag(app.File("a.mp3")));
+    EXPECT_THROW(First("SELECT Path FROM Media"), Error);
     db.UpdateFileRow(app.Write("b.mp3", "x"));
     db.ShowOldRows();
     EXPECT_EQ(state.DBState, DBStateValue::Disabled);

@@ -86,7 +86,7 @@ TEST_F(UpdatesTest, ADeletedCatalogueIsMadeAnewOnRequest) {
     EXPECT_EQ(scans.size(), 3u);
 }
 
-TEST_F(UpdatesTest, AServerThatIsLostIsStartedOnceMore) {
+TEST_F(UpdatesTest, AServerThatIsLostIsStartedOnceMoreUnlessTheUserStoppedIt) {
     const auto lose = [&] {
         server.StatusChanged(DBStateValue::Rebuilding);
         server.Lost();
@@ -94,17 +94,13 @@ TEST_F(UpdatesTest, AServerThatIsLostIsStartedOnceMore) {
         return scans.size();
     };
     Supervise(1);
-    EXPECT_EQ(lose(), 2u);
-    EXPECT_EQ(lose(), 2u);
-    EXPECT_EQ(state.DBState, DBStateValue::Disabled);
-}
-
-TEST_F(UpdatesTest, AServerThatTheUserStopsIsNotStartedAgain) {
-    Supervise(1);
     updates.RequestStop();
-    server.Lost();
-    Supervise(2);
-    EXPECT_EQ(scans.size(), 1u);
+    EXPECT_EQ(lose(), 1u);
+    EXPECT_EQ(state.DBState, DBStateValue::Disabled);
+    updates.RequestScan();
+    Supervise(1);
+    for (const std::size_t begun : {3u, 3u})
+        EXPECT_EQ(lose(), begun);
 }
 
 TEST_F(UpdatesTest, RowsOfAnotherFolderWaitForAnUpdateOrForTheOldFolder) {
