@@ -19,7 +19,8 @@ using CopyProgress = std::function<bool(std::uint64_t done, std::uint64_t total)
 
 /// Copies a regular file in pieces with its times. What was at `to` stays until the copy is whole
 /// and on the disk; of a copy that was stopped or has failed nothing is left. The copy can be
-/// written to, whatever the file allowed.
+/// written to, whatever the file allowed. Its name is on the disk when the folder is flushed: once
+/// for all copies in it.
 CopyOutcome CopyInPieces(const std::string& from, const std::string& to,
                          const CopyProgress& progress);
 

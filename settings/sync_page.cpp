@@ -44,10 +44,10 @@ Page SyncPage(Base& base, Synchronizer& sync) {
     page.rows.push_back({.text = [&sync] { return std::string(sync.Caption()); },
                          .use = [&sync] { sync.cmdSync_Click(); },
                          .name = "cmdSync"});
-    page.rows.push_back({.text = [] { return std::string("File"); },
+    page.rows.push_back({.text = [&sync] { return std::string(sync.Running() ? "File" : ""); },
                          .percent = [&sync] { return sync.FilePercent(); },
                          .width = Row::Quarter});
-    page.rows.push_back({.text = [] { return std::string("All"); },
+    page.rows.push_back({.text = [&sync] { return std::string(sync.Running() ? "All" : ""); },
                          .percent = [&sync] { return sync.RunPercent(); },
                          .width = Row::Quarter});
     return page;

@@ -8,6 +8,8 @@
 #include "platform/paths.h"
 
 #include <algorithm>
+#include <limits>
+#include <utility>
 
 namespace vk {
 
@@ -58,32 +60,50 @@ SyncResult FolderCopy::CopyFiles() {
 
 void FolderCopy::CopyFolder(const SourceFolder& folder) {
     const std::string dest = order_.dest + folder.path;
-    names_.clear();
     if (FolderReader(order_.dest).Identity() != destRoot_) {
         result_.end = SyncResult::DestGone;
         return;
     }
     if (!makePath(dest)) listener_.log("no folder could be made: " + dest);
+    ReadDest(dest);
+    const int before = result_.filesCopied;
     for (const SourceFile& file : folder.files) {
-        Check({JoinPath(order_.source + folder.path, file.name), JoinPath(dest, file.name), file});
-        if (Over()) return;
+        const std::string to = JoinPath(dest, file.name);
+        Check({JoinPath(order_.source + folder.path, file.name), to, file, LengthThere(file, to)});
+        if (Over()) break;
         ++result_.filesChecked;
         done_ += file.length;
     }
+    if (result_.filesCopied > before) FlushFile(dest);
+}
+
+void FolderCopy::ReadDest(const std::string& folder) {
+    there_.clear();
+    names_.clear();
+    free_.reset();
+    for (FolderEntry& entry : ListFolder(folder))
+        if (!entry.isFolder) there_.emplace(std::move(entry.name), entry.length);
+}
+
+// A name in other letters may be the same file.
+std::optional<std::uint64_t> FolderCopy::LengthThere(const SourceFile& file,
+                                                     const std::string& dest) const {
+    if (const auto known = there_.find(file.name); known != there_.end()) return known->second;
+    if (!FileExists(dest)) return std::nullopt;
+    return FileLength(dest);
 }
 
 // Room is asked for by the difference of the lengths, the destination's first.
 void FolderCopy::Check(const Pair& pair) {
     listener_.status("Checking: " + pair.source);
     if (!Told(0, pair.file.length)) return;
-    const bool exists = FileExists(pair.dest);
-    if (exists && IsTaken(pair)) return;
+    if (IsTaken(pair)) return;
     const auto length = static_cast<std::int64_t>(pair.file.length);
-    const auto needed = exists ? static_cast<std::int64_t>(FileLength(pair.dest)) - length : length;
+    const auto needed = pair.there ? static_cast<std::int64_t>(*pair.there) - length : length;
     if (!HasRoom(needed)) {
         result_.end = SyncResult::NoSpace;
         listener_.log("sync aborted due to insufficient disk space");
-    } else if (exists) {
+    } else if (pair.there) {
         backupFile(pair);
     } else {
         Copy(pair);
@@ -92,20 +112,17 @@ void FolderCopy::Check(const Pair& pair) {
 
 // Two names that differ in case alone are one file on some file systems.
 bool FolderCopy::IsTaken(const Pair& pair) {
-    const bool first = names_.insert(ToUpper(pair.file.name)).second;
-    if (first) return false;
-    const auto entries = ListFolder(FolderOf(pair.dest));
-    const bool own = std::ranges::any_of(
-        entries, [&](const FolderEntry& entry) { return entry.name == pair.file.name; });
-    if (!own) Fail(pair, "the destination has a file of this name in other letters");
-    return !own;
+    const bool own =
+        !pair.there || there_.contains(pair.file.name) || !names_.contains(ToUpper(pair.file.name));
+    if (own) return false;
+    Fail(pair, "the destination has a file of this name in other letters");
+    return true;
 }
 
 bool FolderCopy::Differs(const Pair& pair) const {
     if (!order_.refresh) return FileDate(pair.source) != pair.file.written;
     const std::int64_t older = pair.file.written - FileDate(pair.dest).value_or(0);
-    return older > CoarsestTime ||
-           (older >= -CoarsestTime && FileLength(pair.dest) != pair.file.length);
+    return older > CoarsestTime || (older >= -CoarsestTime && pair.there != pair.file.length);
 }
 
 void FolderCopy::backupFile(const Pair& pair) {
@@ -134,6 +151,7 @@ void FolderCopy::Copy(const Pair& pair) {
         CopyInPieces(pair.source, pair.dest,
                      [this](std::uint64_t done, std::uint64_t total) { return Told(done, total); });
     if (outcome.kind == CopyOutcome::Failed) Fail(pair, WithHint(outcome.reason, pair.file.name));
+    free_.reset();
     if (outcome.kind != CopyOutcome::Done) return;
     names_.insert(ToUpper(pair.file.name));
     if (!StampOf(pair.source).SameAs(before))
@@ -164,8 +182,11 @@ bool FolderCopy::Told(std::uint64_t done, std::uint64_t total) {
 
 // Where it cannot be told the copying itself shows it.
 bool FolderCopy::HasRoom(std::int64_t needed) {
-    const auto free = FreeSpace(order_.dest);
-    return !free || static_cast<std::int64_t>(*free) > needed;
+    if (!free_) {
+        const auto free = FreeSpace(order_.dest);
+        free_ = free ? static_cast<std::int64_t>(*free) : std::numeric_limits<std::int64_t>::max();
+    }
+    return *free_ > needed;
 }
 
 } // namespace vk

@@ -6,8 +6,10 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <set>
 #include <string>
+#include <unordered_map>
 
 namespace vk {
 
@@ -48,6 +50,7 @@ class FolderCopy {
     struct Pair {
         std::string source, dest;
         const SourceFile& file;
+        std::optional<std::uint64_t> there; ///< the length of what the destination has, bytes
     };
     void CopyFolder(const SourceFolder& folder);
     void Check(const Pair& pair);
@@ -57,17 +60,23 @@ class FolderCopy {
     void Copy(const Pair& pair);
     bool makePath(const std::string& path);
     bool IsTaken(const Pair& pair);
+    std::optional<std::uint64_t> LengthThere(const SourceFile& file, const std::string& dest) const;
     void Fail(const Pair& pair, const std::string& why);
     bool Told(std::uint64_t done, std::uint64_t total);
     bool HasRoom(std::int64_t needed);
     bool Over() const { return result_.end != SyncResult::Whole; }
+
+    /// What the destination's folder holds.
+    void ReadDest(const std::string& folder);
 
     const SyncOrder& order_;
     const SyncListener& listener_;
     SyncResult result_;
     FolderIdentity sourceRoot_, destRoot_;
     std::uint64_t total_ = 0, done_ = 0; ///< bytes of the files to look at, and of those looked at
-    std::set<std::string> names_;        ///< of the folder's files, in upper case
+    std::set<std::string> names_;        ///< of the folder's copies, in upper case
+    std::unordered_map<std::string, std::uint64_t> there_; ///< lengths of the files in it before
+    std::optional<std::int64_t> free_; ///< bytes at the destination, since the last copy
 };
 
 } // namespace vk

@@ -11,19 +11,18 @@ namespace vk {
 
 namespace {
 
-constexpr std::string_view DoNotCopy = "VK_DO_NOT_COPY";
+constexpr std::string_view DoNotCopy = "vk_do_not_copy";
 
-bool MarksAsNotToCopy(const std::string& upperName) {
-    return upperName.starts_with(DoNotCopy) &&
-           (upperName.size() == DoNotCopy.size() || upperName[DoNotCopy.size()] == '.');
+bool MarksAsNotToCopy(std::string_view name) {
+    return StartsWithNoCase(name, DoNotCopy) &&
+           (name.size() == DoNotCopy.size() || name[DoNotCopy.size()] == '.');
 }
 
 // The last one is what later versions of the platform call the first.
-bool Ignored(const std::string& upperName) {
-    for (const char* name :
-         {"RECYCLER", "SYSTEM VOLUME INFORMATION", "THUMBS.DB", "DESKTOP.INI", "$RECYCLE.BIN"})
-        if (upperName == name) return true;
-    return false;
+bool Ignored(std::string_view name) {
+    constexpr std::string_view Names[] = {"RECYCLER", "SYSTEM VOLUME INFORMATION", "THUMBS.DB",
+                                          "DESKTOP.INI", "$RECYCLE.BIN"};
+    return std::ranges::any_of(Names, [&](std::string_view one) { return EqualNoCase(name, one); });
 }
 
 /// One walk; recursion is as deep as the tree.
@@ -44,11 +43,12 @@ class Walk {
         std::vector<std::string> below;
         SourceFolder folder{path, {}};
         while (const auto entry = reader.Next()) {
-            const std::string name(entry->name), upper = ToUpper(name);
-            if (MarksAsNotToCopy(upper)) return LeaveOut(full, "it is marked by " + name);
-            if (Ignored(upper)) continue;
-            if (!listener_.entry(JoinPath(full, name))) return false;
-            Take(reader, JoinPath(full, name), folder, below);
+            const std::string entryPath = JoinPath(full, std::string(entry->name));
+            if (MarksAsNotToCopy(entry->name))
+                return LeaveOut(entryPath, "marks its folder as not to be copied");
+            if (Ignored(entry->name)) continue;
+            if (!listener_.entry(entryPath)) return false;
+            Take(reader, entryPath, folder, below);
         }
         if (reader.Error()) LeaveOut(full, reader.Error().message() + ", what follows in it");
         std::ranges::sort(folder.files, {}, &SourceFile::name);
