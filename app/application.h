@@ -29,6 +29,7 @@ class Application {
 
     /// What the parts of the whole are, for tests.
     Host& host() { return host_; }
+    Subsystems& rooms() { return rooms_; }
 
   private:
     astart::Needs StartNeeds();

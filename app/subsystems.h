@@ -10,6 +10,7 @@
 #include "app/modules/settings_module.h"
 #include "app/modules/sync_module.h"
 #include "app/modules/tuners_module.h"
+#include "app/modules/vehicle_module.h"
 
 namespace vk {
 
@@ -26,7 +27,8 @@ struct Subsystems {
     BrowserModule browser{host, library, playback};
     SyncModule sync{host, library};
     SettingsModule settings{host, library, input, playback};
-    HomeModule home{host, {library, playback, navigation, input, settings}};
+    VehicleModule vehicle{host, playback};
+    HomeModule home{host, {library, playback, navigation, input, settings, vehicle}};
 };
 
 } // namespace vk

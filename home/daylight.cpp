@@ -2,6 +2,8 @@
 
 #include "core/time_of_day.h"
 
+#include <utility>
+
 namespace vk {
 
 void Daylight::Check() {
@@ -16,7 +18,9 @@ void Daylight::Check() {
         base_.state.CurrentSkinFile = skin;
         ReloadSkin();
     }
-    if (s.AutoDimScreen && setDimmer && base_.state.Dimmed == day) setDimmer(!day);
+    // Between the changes the driver may dim by hand.
+    const bool changed = std::exchange(day_, day) != day;
+    if (changed && s.AutoDimScreen && setDimmer && base_.state.Dimmed == day) setDimmer(!day);
 }
 
 void Daylight::ReloadSkin() {

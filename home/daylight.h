@@ -5,6 +5,7 @@
 #include "skin/skin.h"
 
 #include <functional>
+#include <optional>
 #include <string>
 
 namespace vk {
@@ -21,12 +22,17 @@ class Daylight {
     /// within is ignored.
     void ReloadSkin();
 
+    /// The next check dims or undims as if the day or the night had just begun: what was undimmed
+    /// for the settings is dimmed again.
+    void Forget() { day_.reset(); }
+
     std::function<void(bool)> setDimmer; ///< empty where the screen cannot be dimmed
 
   private:
     Base& base_;
     SkinStore& skin_;
     bool reloading_ = false;
+    std::optional<bool> day_; ///< at the last check
 };
 
 } // namespace vk

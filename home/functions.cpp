@@ -98,11 +98,10 @@ void MainMenu::StartGPS() {
     n_.doors.loadGPS();
 }
 
+// In mode 0 the power action ends the system, when the machine has agreed to go off.
 void MainMenu::Exit() {
-    const bool off = base_.settings.values.ShutDownMode == 0;
-    if (off) base_.settings.Set(setting::CurrentSelectID, 0);
+    if (base_.settings.values.ShutDownMode == 0) base_.settings.Set(setting::CurrentSelectID, 0);
     if (n_.doors.powerAction) n_.doors.powerAction();
-    if (off) n_.doors.exitApplication();
 }
 
 } // namespace vk

@@ -144,6 +144,16 @@ void Loudness::CardCame() {
         CutLoudLevel();
 }
 
+void Loudness::Resume() {
+    if (Options().safevolume && Max() > 0) {
+        safeVolumeDone_ = false;
+        CutLoudLevel();
+        FollowWave();
+        safeVolumeDone_ = true;
+    }
+    RestoreMute();
+}
+
 void Loudness::Unload() {
     if (Fading()) EndFade();
     if (muted_ && card_.VolumeMute()) SetLevel(Kept());

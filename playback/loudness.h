@@ -70,6 +70,10 @@ class Loudness {
     void CardCame();
     /// Gives the card the user's mute: one that a tuner or a suspend has left behind ends.
     void RestoreMute() { card_.VolumeMute(muted_); }
+    /// The machine goes to sleep: silent, whatever the user's mute. And back: with the safe volume,
+    /// and the user's mute.
+    void Suspend() { card_.VolumeMute(true); }
+    void Resume();
     /// The system ends: a muted card goes back to the level of before, with the mute left on, and
     /// stays silent when it has no such switch.
     void Unload();

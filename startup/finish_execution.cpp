@@ -12,6 +12,7 @@ void astart::FinishExecution() {
         ReadUserSettings();
         if (base_.settings.values.remoteStatus) StartRemote();
         Call(n_.remote.clear);
+        Call(n_.whole.settingsRead);
         base_.state.WinampWatched = false;
         if (!n_.winamp->WinAMP_FindWindow()) {
             AddBootItem("Loading Winamp");
@@ -58,6 +59,7 @@ void astart::StartRemote() {
 void astart::ReloadScreens() {
     base_.commands.Forget();
     n_.whole.unloadScreens();
+    Call(n_.whole.settingsRead);
     LoadScreens(&LoadStep::Place::reload, &LoadStep::reloadText);
     n_.loading.SetProgressToMax();
     base_.screens.Show(HomeScreen);

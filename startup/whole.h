@@ -20,7 +20,6 @@ struct LoadStep {
     std::function<void()> load = {};
 };
 
-/// All functions are set.
 struct Whole {
     std::function<std::vector<LoadStep>()> steps; ///< those that the settings ask for
     std::function<void()> unloadScreens;          ///< removes what they made
@@ -28,6 +27,8 @@ struct Whole {
     /// The operating system ends the session: what the screen in front would lose is saved.
     std::function<void()> sessionEnds;
     std::function<void()> release; ///< lets programs and devices go, the last of all
+    /// The settings have been read, the screens come next: what follows them but is no screen.
+    std::function<void()> settingsRead = {};
 };
 
 } // namespace vk

@@ -27,14 +27,17 @@ class Module {
     /// Its pages of the settings, made whenever the settings screen is; they may go on using this
     /// module.
     virtual std::vector<Page> Pages() { return {}; }
+    /// The settings have been read, at the start and after a visit to them; the screens come next.
+    virtual void SettingsRead() {}
     /// Removes its screens. Nothing of them is on the stack.
     virtual void Unload() {}
     /// Every 400 ms.
     virtual void Supervise() {}
-    /// The ignition went off: what plays pauses. And back: what was paused by it goes on.
+    /// The ignition went off: what plays pauses. And back: what is paused goes on.
     virtual void IgnitionOff() {}
     virtual void IgnitionOn() {}
-    /// The machine goes to sleep: save, be quiet, let devices go. And back: take them again.
+    /// The machine goes to sleep: save, be quiet, let devices go; asked from the last module to the
+    /// first. And back: take them again. What was paused stays paused.
     virtual void Suspend() {}
     virtual void Resume() {}
     /// The operating system ends the session: leaves its screen, when that is in front.

@@ -29,7 +29,8 @@ Whole Modules::AsWhole() {
             .unloadScreens = [this] { Ask(&Module::Unload); },
             .supervise = [this] { Ask(&Module::Supervise); },
             .sessionEnds = [this] { Ask(&Module::SessionEnds); },
-            .release = [this] { Ask(&Module::Release); }};
+            .release = [this] { Ask(&Module::Release); },
+            .settingsRead = [this] { Ask(&Module::SettingsRead); }};
 }
 
 } // namespace vk

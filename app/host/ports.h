@@ -2,14 +2,18 @@
 #pragma once
 
 #include "input/remote/remote.h"
+#include "platform/backlight.h"
 #include "platform/beeper.h"
 #include "platform/child_process.h"
 #include "platform/clock.h"
 #include "platform/fonts.h"
+#include "platform/gamma.h"
+#include "platform/input_line.h"
 #include "platform/instance_lock.h"
 #include "platform/locale_info.h"
 #include "platform/mixer.h"
 #include "platform/player_window.h"
+#include "platform/power.h"
 #include "platform/programs.h"
 #include "platform/registry.h"
 #include "platform/screen_metrics.h"
@@ -18,6 +22,7 @@
 #include "platform/wave_input.h"
 
 #include <functional>
+#include <memory>
 #include <string>
 
 namespace vk {
@@ -54,12 +59,21 @@ struct SoundPorts {
     SoundCardListener& listener;
 };
 
+/// The vehicle, as far as it is there.
+struct VehiclePorts {
+    Power& power;
+    Gamma* gamma = nullptr;
+    Backlight* backlight = nullptr;
+    std::function<std::unique_ptr<InputLine>()> gpio = {};
+};
+
 /// References only: what they name outlives the application.
 struct Ports {
     MachinePorts machine;
     ScreenPorts screen;
     SoundPorts sound;
     RemoteDevices remote;
+    VehiclePorts vehicle;
 };
 
 } // namespace vk

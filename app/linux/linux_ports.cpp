@@ -1,6 +1,7 @@
 #include "app/linux/linux_ports.h"
 
 #include "input/remote/uuirt_calls.h"
+#include "platform/linux/power/gpio_line.h"
 #include "platform/qt/qt_child_process.h"
 #include "platform/qt/qt_local_stream.h"
 #include "platform/qt/qt_serial_port.h"
@@ -27,7 +28,9 @@ Ports LinuxPorts::ports() {
             .remote = {.serial = [this] { return std::make_unique<QtSerialPort>(serialOwners_); },
                        .stream = [] { return std::make_unique<QtLocalStream>(); },
                        .x10 = {},
-                       .uuirt = LoadUUIRTLibrary}};
+                       .uuirt = LoadUUIRTLibrary},
+            .vehicle = {power_, gamma_.get(), &backlight_,
+                        [] { return std::make_unique<GpioLine>(); }}};
 }
 
 // Both are called on the card's thread.

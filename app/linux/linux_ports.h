@@ -3,6 +3,8 @@
 
 #include "app/host/ports.h"
 #include "core/file_registry.h"
+#include "platform/linux/power/logind_backlight.h"
+#include "platform/linux/power/logind_power.h"
 #include "platform/linux/sound/alsa_input.h"
 #include "platform/linux/sound/alsa_mixer.h"
 #include "platform/linux/volumes.h"
@@ -42,6 +44,10 @@ class LinuxPorts {
     AlsaMixer mixer_{{.onChange = [this](bool present) { SoundCardChanged(present); },
                       .log = [this](const std::string& text) { LogSoundCard(text); }}};
     AlsaInput soundInput_;
+    SystemBus bus_;
+    LogindPower power_{bus_};
+    LogindBacklight backlight_{bus_};
+    std::unique_ptr<Gamma> gamma_ = MakeGamma();
     std::unique_ptr<PlayerWindow> player_ = MakePlayerWindow(*programs_, ExecutableFolder());
 };
 

@@ -50,8 +50,8 @@ MainMenu::Doors HomeModule::Doors() {
             .unloadSettings = [this] { return rooms_.settings.Remove(); },
             .loadGPS = [this] { rooms_.navigation.Show(); },
             .exitApplication = [this] { host_.quit(false); },
-            .powerAction = [this] { PowerAction(); },
-            .setDimmer = {},
+            .powerAction = [this] { rooms_.vehicle.PowerAction(); },
+            .setDimmer = [this](bool force) { rooms_.vehicle.SetDimmer(force); },
             .clearRemote = [this] { rooms_.input.remote.ClearBuff(); }};
 }
 
@@ -61,13 +61,6 @@ void HomeModule::PowerKey() {
     const ScreenOperations* front = host_.screens.Current();
     if (ends && front) front->switchingform();
     screen_->menu().Exit();
-}
-
-// In mode 0 the menu ends the system; who turns the machine off then is not up to this version.
-void HomeModule::PowerAction() {
-    const auto mode = host_.settings.values.ShutDownMode;
-    if (mode == 1 || mode == 2)
-        host_.dialogs.ShowMessage("Hibernation and standby are not part of this version.");
 }
 
 } // namespace vk

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "app/modules/settings_module.h"
+#include "app/modules/vehicle_module.h"
 #include "home/screen/velkorandum.h"
 
 #include <memory>
@@ -18,6 +19,7 @@ class HomeModule : public Module {
         NavigationModule& navigation;
         InputModule& input;
         SettingsModule& settings;
+        VehicleModule& vehicle;
     };
     HomeModule(Host& host, const Rooms& rooms);
 
@@ -29,7 +31,6 @@ class HomeModule : public Module {
     MainMenu::Needs Needs();
     MainMenu::Doors Doors();
     void PowerKey();
-    void PowerAction();
 
     Host& host_;
     Rooms rooms_;

@@ -22,6 +22,13 @@ InputModule::~InputModule() {
     host_.window.onKey = {};
 }
 
+void InputModule::Resume() {
+    remote.ClearBuff();
+    if (!host_.settings.values.remoteStatus) return;
+    const bool there = remote.InitRemote();
+    host_.log.WriteDebugLog(std::string("Remote Initialize = ") + (there ? "True" : "False"));
+}
+
 InputRouter::Needs InputModule::RouterNeeds() {
     return {.screens = host_.screens,
             .commands = host_.commands,

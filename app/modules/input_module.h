@@ -17,6 +17,8 @@ class InputModule : public Module {
     explicit InputModule(Host& host);
     ~InputModule() override;
 
+    /// What was open sleeps too, and may have been pulled out meanwhile.
+    void Resume() override;
     void Release() override { remote.CloseRemote(); }
     RemoteHooks Hooks();
     /// Lets nothing through any more.

@@ -34,6 +34,23 @@ void PlaybackModule::Unload() {
     screen_.reset();
 }
 
+// Not by the commands: neither a list that is read nor a question may hold the ignition up.
+void PlaybackModule::IgnitionOff() {
+    if (!audio.bPaused) transport.DoPause();
+}
+
+void PlaybackModule::IgnitionOn() {
+    if (audio.bPaused) transport.DoPause();
+}
+
+void PlaybackModule::Suspend() {
+    if (screen_) screen_->player().Suspend();
+}
+
+void PlaybackModule::Resume() {
+    if (screen_) screen_->player().Resume();
+}
+
 void PlaybackModule::Close(bool osShutdown) {
     closed_ = true;
     if (screen_) screen_->player().Form_Unload(osShutdown);

@@ -23,6 +23,10 @@ class PlaybackModule : public Module {
 
     std::vector<LoadStep> Steps() override;
     void Unload() override;
+    void IgnitionOff() override;
+    void IgnitionOn() override;
+    void Suspend() override;
+    void Resume() override;
     void SessionEnds() override { host_.LeaveScreen("playmp3"); }
     void Close(bool osShutdown) override;
 

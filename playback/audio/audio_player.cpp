@@ -88,11 +88,27 @@ void AudioPlayer::ReDisplay() {
 
 void AudioPlayer::SaveAudioData(std::int32_t mode) {
     TrapAndLog(base_.report, ErrorIn("SaveAudioData"), [&] {
-        if (const auto level = n_.loudness.LevelToKeep(setting::AudioVolume))
-            base_.settings.Set(setting::AudioVolume, *level);
+        KeepVolume();
         if (PlayerSource* source = sources_.Find(mode == PlayNone ? n_.audio.PlayMode : mode))
             source->Save();
     });
+}
+
+void AudioPlayer::KeepVolume() {
+    if (const auto level = n_.loudness.LevelToKeep(setting::AudioVolume))
+        base_.settings.Set(setting::AudioVolume, *level);
+}
+
+void AudioPlayer::Suspend() {
+    Ask("Suspend", [this](PlayerSource& source) {
+        KeepVolume();
+        source.Suspend();
+    });
+}
+
+void AudioPlayer::Resume() {
+    ticks_.Soon();
+    Ask("Resume", [](PlayerSource& source) { source.Resume(); });
 }
 
 void AudioPlayer::switchingform() {

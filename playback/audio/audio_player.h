@@ -38,6 +38,9 @@ class AudioPlayer : public Transport {
     void ReDisplay();
     /// Saves the state of `mode`, of the present `PlayMode` when it is 0.
     void SaveAudioData(std::int32_t mode = PlayNone);
+    /// The machine goes to sleep, and is back, whichever screen is in front.
+    void Suspend();
+    void Resume();
     void switchingform();
     /// Stops the source and goes back to the main menu.
     void doquit() override;
@@ -85,6 +88,7 @@ class AudioPlayer : public Transport {
     /// Runs an operation on the present source, and what follows a step of it soon.
     void Ask(const char* where, const std::function<void(PlayerSource&)>& operation);
     void Step(const char* where, void (PlayerSource::*step)());
+    void KeepVolume();
     void MoveList(void (ListModel::*move)(), const char* where);
     void DoHeld(HeldAction action);
     void Enter();

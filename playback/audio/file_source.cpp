@@ -74,6 +74,20 @@ void FileSource::Save() {
     c_.base.log.WriteDebugLog("saved audio data");
 }
 
+// The player process would play on, unheard, until the machine sleeps and from when it wakes.
+void FileSource::Suspend() {
+    Save();
+    const bool plays = winamp_.WinAMP_GetStatus() == "1";
+    if (plays) Command(WinampPause);
+    suspended_ = suspended_ || plays;
+}
+
+void FileSource::Resume() {
+    position_.Forget();
+    const bool plays = std::exchange(suspended_, false) && !audio_.bPaused;
+    if (plays && winamp_.WinAMP_GetStatus() == "2") Command(WinampPlay);
+}
+
 bool FileSource::IsGone() {
     if (!audio_.OnDisc()) return false;
     const Volumes& volumes = c_.base.volumes;
@@ -316,6 +330,7 @@ void FileSource::DoPlay() {
 }
 
 void FileSource::DoPause() {
+    if (c_.base.state.InSuspend) return PauseAsleep();
     if (audio_.bPaused) {
         Command(WinampPlay);
         return Unpause();
@@ -324,6 +339,14 @@ void FileSource::DoPause() {
     view_.SetButton(PlayerButton::Pause, "play.gif");
     audio_.bPaused = true;
     saved_.SaveProgress();
+}
+
+// The ignition, while the machine is on its way into sleep or out of it: the player process stays
+// silent until that is over.
+void FileSource::PauseAsleep() {
+    audio_.bPaused = !audio_.bPaused;
+    view_.SetButton(PlayerButton::Pause, audio_.bPaused ? "play.gif" : "pause.gif");
+    suspended_ = true;
 }
 
 void FileSource::Unpause() {

@@ -25,6 +25,8 @@ class FileSource : public PlayerSource {
     void GiveWay() override;
     void Stop() override;
     void Save() override;
+    void Suspend() override;
+    void Resume() override;
     bool IsGone() override;
     void runok() override;
     void MoveAhead() override;
@@ -55,6 +57,7 @@ class FileSource : public PlayerSource {
     void Command(std::int32_t id) { winamp_.WinAMP_SCM(id); }
     void SkipTo(std::int32_t command);
     void Unpause();
+    void PauseAsleep();
     void StartedLate();
     void FollowTrack();
     void ShowPlaying(std::int32_t track);
@@ -71,6 +74,7 @@ class FileSource : public PlayerSource {
     std::string handedOver_; ///< the list file as the player process gets it
     bool started_ = true;    ///< the player process has begun to play what it was told last
     bool bitRateKnown_ = true;
+    bool suspended_ = false; ///< it played when the machine went to sleep
 };
 
 /// What makes the source of audio files, for `SourceMakers`.

@@ -13,6 +13,7 @@
 #include "tests/support/fakes.h"
 #include "tests/support/machine_fakes.h"
 #include "tests/support/mouse.h"
+#include "tests/support/power_fakes.h"
 #include "tests/support/temp_folder.h"
 
 #include <QApplication>
@@ -55,7 +56,12 @@ struct FakeMachine {
                                return ScreenMetrics{800, 480, 96, 96};
                            }},
                 .sound = {mixer, input, player, beeper, listener},
-                .remote = {.serial = [] { return std::make_unique<FakeSerialPort>(); },
+                .remote = {.serial =
+                               [this] {
+                                   auto made = std::make_unique<FakeSerialPort>();
+                                   serial = made.get();
+                                   return made;
+                               },
                            .stream =
                                [this] {
                                    auto made = std::make_unique<FakeLocalStream>();
@@ -63,7 +69,8 @@ struct FakeMachine {
                                    return made;
                                },
                            .x10 = {},
-                           .uuirt = {}}};
+                           .uuirt = {}},
+                .vehicle = {power, &gamma, &backlight}};
     }
     void Look() {
         if (player.onLook) player.onLook();
@@ -83,6 +90,10 @@ struct FakeMachine {
     FakeWaveInput input;
     SilentBeeper beeper;
     SoundCardListener listener;
+    FakePower power;
+    FakeGamma gamma;
+    FakeBacklight backlight;
+    FakeSerialPort* serial = nullptr;  ///< the one made last, as long as that is there
     FakeLocalStream* stream = nullptr; ///< of the remote, as long as that is open
     std::function<void()> onEvents;    ///< runs whenever the system lets events run
 };

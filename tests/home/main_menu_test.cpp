@@ -185,11 +185,14 @@ TEST_F(MainMenuTest, QuittingWaitsForABusyCatalogueTwiceAndForTheMode) {
     EXPECT_TRUE(menu.Form_KeyDown("%115"));
     EXPECT_EQ(exits, 1);
     EXPECT_EQ(settings.Read("main", "CurrentSelectID"), "0");
+    settings.Set(setting::CurrentSelectID, 5);
     for (const int mode : {3, 0}) {
         settings.values.ShutDownMode = mode;
         Start(7);
-        EXPECT_EQ(exits, mode == 0 ? 2 : 1);
+        EXPECT_EQ(settings.Get(setting::CurrentSelectID) == 0, mode == 0);
     }
+    EXPECT_EQ(powerActions, 2);
+    EXPECT_EQ(exits, 1) << "the power action ends the system";
 }
 
 TEST_F(MainMenuTest, TheClockFollowsTheDayAndABrokenSkinIsTriedOnce) {
@@ -260,10 +263,10 @@ TEST_F(MainMenuTest, EveryActionReachesItsOperationAndNoOther) {
         std::string text = std::exchange(view.clockBar, "");
         if (menu.CurrentSelection != 1) text += "icon " + std::to_string(menu.CurrentSelection);
         if (settingsOpened > 0) text += "settings";
-        if (exits > 0) text += "exit";
+        if (powerActions > 0) text += "power";
         if (window.cursor) text += "pointer";
         menu.CurrentSelection = 1;
-        settingsOpened = exits = 0;
+        settingsOpened = powerActions = 0;
         window.cursor = false;
         return text;
     };
@@ -272,7 +275,7 @@ TEST_F(MainMenuTest, EveryActionReachesItsOperationAndNoOther) {
     const std::map<Action, std::string> table = {
         {Action::gps, NoGPS},       {Action::ok, NoGPS},       {Action::up, "icon 2"},
         {Action::down, "icon 3"},   {Action::back, "icon 4"},  {Action::forward, "icon 5"},
-        {Action::SWMP, "settings"}, {Action::quit, "pointer"}, {Action::power, "exit"}};
+        {Action::SWMP, "settings"}, {Action::quit, "pointer"}, {Action::power, "power"}};
     ExpectTable(menu, keys, table, effect);
     EXPECT_FALSE(settings.values.hidemouse);
     EXPECT_EQ(settings.Read("main", "hidemouse"), "false");

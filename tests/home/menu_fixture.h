@@ -21,14 +21,19 @@ struct MenuFixture : StartFixture {
                 browser,
                 winamp,
                 sound.loudness,
-                {[this] { ++settingsOpened; }, unload, [] {}, [this] { ++exits; }, {}, {}}};
+                {[this] { ++settingsOpened; },
+                 unload,
+                 [] {},
+                 [this] { ++exits; },
+                 [this] { ++powerActions; },
+                 {}}};
     }
     AudioState audio;
     BrowserState browser;
     cWinamp winamp{{player, pump, report, app.Path()}};
     Daylight daylight{base, skin};
     SoundCard sound{*this};
-    int exits = 0, settingsOpened = 0;
+    int exits = 0, settingsOpened = 0, powerActions = 0;
     bool settingsBusy = false; ///< a dialog of the settings is open
 };
 

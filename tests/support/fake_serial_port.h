@@ -35,7 +35,7 @@ class FakeSerialPort : public SerialPort {
     }
     void SetDTREnable(bool on) override { dtr = on; }
     void SetRTSEnable(bool on) override { rts = on; }
-    bool CDHolding() const override { return false; }
+    bool CDHolding() const override { return open_ && carrier; }
     bool CTSHolding() const override { return false; }
     bool DSRHolding() const override { return false; }
     void WatchModemLines(bool) override {}
@@ -45,6 +45,10 @@ class FakeSerialPort : public SerialPort {
         if (!open_) return;
         waiting_ += bytes;
         if (OnComm) OnComm(comEvReceive);
+    }
+    void SetCarrier(bool on) {
+        carrier = on;
+        if (open_ && OnComm) OnComm(comEvCD);
     }
     /// The device is pulled out.
     void Unplug() {
@@ -58,6 +62,7 @@ class FakeSerialPort : public SerialPort {
     std::vector<std::string> opened; ///< "name settings" of every try to open
     std::string sent;
     std::function<void(std::string_view)> onOutput; ///< what the device hears; it may answer
+    bool carrier = true;                            ///< of the line
 
   private:
     bool open_ = false;

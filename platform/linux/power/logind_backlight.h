@@ -1,0 +1,25 @@
+// Backlights of /sys/class/backlight, set by logind: the files are the administrator's.
+#pragma once
+
+#include "platform/backlight.h"
+#include "platform/linux/power/system_bus.h"
+
+#include <string>
+
+namespace vk {
+
+class LogindBacklight : public Backlight {
+  public:
+    /// `bus` outlives this object; `folder` is where the kernel shows the panels.
+    explicit LogindBacklight(SystemBus& bus, std::string folder = "/sys/class/backlight")
+        : bus_(bus), folder_(std::move(folder)) {}
+    std::vector<PanelLight> Read() const override;
+    void Set(const std::string& panel, int level,
+             std::function<void(const std::string&)> answer) override;
+
+  private:
+    SystemBus& bus_;
+    const std::string folder_;
+};
+
+} // namespace vk

@@ -1,0 +1,216 @@
+// The machine's power over a private system bus, with a mock of logind on it, with nobody, and with
+// a bus that hangs or dies.
+#include "platform/linux/power/gpio_line.h"
+#include "platform/linux/power/logind_backlight.h"
+#include "platform/linux/power/logind_power.h"
+#include "platform/linux/power/x11_gamma.h"
+#include "tests/platform/polled.h"
+#include "tests/support/temp_folder.h"
+
+#include <QProcess>
+
+#include <gmock/gmock.h>
+
+#include <csignal>
+#include <cstdlib>
+#include <filesystem>
+#include <optional>
+
+namespace vk::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+constexpr const char* Manager = "/org/freedesktop/login1";
+constexpr const char* ManagerInterface = "org.freedesktop.login1.Manager";
+const QStringList Mock = {"-m", "dbusmock", "--template", "logind"};
+constexpr const char* MockInterface = "org.freedesktop.DBus.Mock";
+
+QString Text(const std::string& text) {
+    return QString::fromStdString(text);
+}
+
+struct LogindTest : testing::Test {
+    LogindTest() {
+        power.onBroadcast = [this](int event, long) {
+            heard.push_back(event);
+            held.push_back(power.Holding());
+        };
+        power.onShutdown = [this] { heard.push_back(-1); };
+        power.onProblem = [this](const std::string& text) { problems.push_back(text); };
+    }
+    ~LogindTest() override { End(logind), End(bus); }
+    static void End(QProcess& program) {
+        program.kill();
+        program.waitForFinished();
+    }
+    void StartBus() {
+        std::filesystem::remove(folder.File("bus"));
+        bus.start("/usr/bin/dbus-daemon", {"--session", "--nofork", Text("--address=" + address)});
+        ASSERT_TRUE(Polled([&] { return std::filesystem::exists(folder.File("bus")); }));
+    }
+    void StartLogind() {
+        ::setenv("DBUS_SYSTEM_BUS_ADDRESS", address.c_str(), 1);
+        logind.start("/usr/bin/python3", Mock);
+        power.Listen();
+        ASSERT_TRUE(Polled([&] { return power.Holding(); }));
+    }
+    /// A method of the mock, in Python from now on.
+    void Script(const char* interface, const char* method, const char* in,
+                const std::string& code) {
+        bool done = false;
+        connection.Call(
+            Manager, MockInterface, "AddMethod",
+            [&](sd_bus_message*, const std::string& error) { done = error.empty(); }, "sssss",
+            interface, method, in, "", code.c_str());
+        ASSERT_TRUE(Polled([&] { return done; }));
+    }
+    void Signal(const char* member, bool begins) {
+        connection.Call(
+            Manager, MockInterface, "EmitSignal", [](sd_bus_message*, const std::string&) {},
+            "sssav", ManagerInterface, member, "b", 1, "b", static_cast<int>(begins));
+    }
+    std::string Answer(PowerWish wish) {
+        std::optional<std::string> answer;
+        power.Ask(wish, [&](const std::string& refusal) { answer = refusal; });
+        EXPECT_FALSE(answer) << "it comes from the event loop";
+        EXPECT_TRUE(Polled([&] { return answer.has_value(); }));
+        return answer.value_or("none");
+    }
+
+    TempFolder folder;
+    const std::string address = "unix:path=" + folder.File("bus");
+    QProcess bus, logind;
+    SystemBus connection{address, 300};
+    LogindPower power{connection};
+    std::vector<int> heard;
+    std::vector<bool> held; ///< the machine waited
+    std::vector<std::string> problems;
+};
+
+TEST_F(LogindTest, TheMachineWaitsUntilSleepIsPreparedAndIsHeldAgainOnWaking) {
+    StartBus();
+    StartLogind();
+    for (int i = 0; i < 3; ++i) {
+        heard.clear(), held.clear();
+        Signal("PrepareForSleep", true);
+        ASSERT_TRUE(Polled([&] { return heard.size() == 2 && !power.Holding(); }));
+        EXPECT_THAT(held, ElementsAre(true, true));
+        Signal("PrepareForSleep", false);
+        ASSERT_TRUE(Polled([&] { return heard.size() == 3 && power.Holding(); }));
+        EXPECT_THAT(heard, ElementsAre(PBT_APMQUERYSUSPEND, PBT_APMSUSPEND, PBT_APMRESUMESUSPEND));
+    }
+    Signal("PrepareForShutdown", true);
+    ASSERT_TRUE(Polled([&] { return heard.size() == 4; }));
+    EXPECT_EQ(heard.back(), -1);
+    EXPECT_TRUE(power.Holding()) << "until this process is gone";
+    // A logind that is started anew knows of no inhibitor.
+    End(logind);
+    logind.start("/usr/bin/python3", Mock);
+    bool listed = false;
+    EXPECT_TRUE(Polled([&] {
+        connection.Call(
+            Manager, ManagerInterface, "ListInhibitors",
+            [&](sd_bus_message* reply, const std::string&) {
+                const char* what = "";
+                if (reply && sd_bus_message_enter_container(reply, 'a', "(ssssuu)") > 0 &&
+                    sd_bus_message_enter_container(reply, 'r', "ssssuu") > 0)
+                    sd_bus_message_read(reply, "s", &what);
+                listed = std::string(what) == "sleep:shutdown";
+            },
+            "");
+        return listed;
+    }));
+}
+
+TEST_F(LogindTest, AsksWithoutQuestionsToTheUserAndTellsARefusal) {
+    StartBus();
+    StartLogind();
+    const std::string file = folder.File("asked");
+    for (const char* method : {"PowerOff", "Hibernate", "Suspend"})
+        Script(ManagerInterface, method, "b",
+               "open('" + file + "', 'a').write('" + method + " %d\\n' % args[0])");
+    for (const PowerWish wish : {PowerWish::PowerOff, PowerWish::Hibernate, PowerWish::Suspend})
+        EXPECT_EQ(Answer(wish), "");
+    EXPECT_EQ(folder.Read("asked"), "PowerOff 0\nHibernate 0\nSuspend 0\n");
+    Script(ManagerInterface, "PowerOff", "b",
+           "raise dbus.exceptions.DBusException('An update is running', "
+           "name='org.freedesktop.login1.OperationInProgress')");
+    EXPECT_EQ(Answer(PowerWish::PowerOff), "An update is running");
+}
+
+TEST_F(LogindTest, ABacklightIsSetByTheSession) {
+    folder.Write("light/intel/max_brightness", "800\n");
+    folder.Write("light/intel/brightness", "400\n");
+    folder.Write("light/broken/brightness", "400\n");
+    LogindBacklight light(connection, folder.File("light"));
+    ASSERT_EQ(light.Read().size(), 1u);
+    EXPECT_EQ(light.Read()[0].level * 10000 + light.Read()[0].most, 4000800);
+    std::string answer = "none";
+    light.Set("intel", 200, [&](const std::string& refusal) { answer = refusal; });
+    EXPECT_NE(answer, "none") << "without a bus it is refused at once";
+    EXPECT_NE(answer, "");
+    EXPECT_TRUE(LogindBacklight(connection, folder.File("none")).Read().empty());
+}
+
+TEST_F(LogindTest, AMissingBusAndOneThatHangsOrDiesAreToldOnceAndFoundWhenTheyCome) {
+    power.Listen();
+    EXPECT_TRUE(Polled([&] { return problems.size() == 1; }));
+    EXPECT_THAT(Answer(PowerWish::PowerOff), HasSubstr("not there"));
+    StartBus();
+    StartLogind();
+    problems.clear();
+    End(bus);
+    EXPECT_TRUE(Polled([&] { return !power.Holding(); }));
+    EXPECT_NE(Answer(PowerWish::Suspend), "");
+    EXPECT_EQ(problems.size(), 1u);
+    // It listens, and never answers.
+    StartBus();
+    ASSERT_TRUE(Polled([&] { return connection.Ready(); }));
+    problems.clear();
+    ::kill(static_cast<pid_t>(bus.processId()), SIGSTOP);
+    SystemBus late(address, 300);
+    int lost = 0;
+    late.onLost = [&](const std::string&) { ++lost; };
+    late.Connect();
+    EXPECT_TRUE(Polled([&] { return lost == 1; }));
+    ::kill(static_cast<pid_t>(bus.processId()), SIGCONT);
+    EXPECT_TRUE(Polled([&] { return late.Ready(); }));
+}
+
+TEST(GpioLineTest, ALineThatIsNotThereSaysWhy) {
+    GpioLine line;
+    for (const char* name :
+         {"", "no-such-line", "gpiochip99:3", "gpiochip0:", "gpiochip0:x", ":7"}) {
+        EXPECT_FALSE(line.Open(name)) << name;
+        EXPECT_THAT(line.Failure(), HasSubstr(std::string("no line ") + name));
+        EXPECT_FALSE(line.IsOpen() || line.High());
+    }
+}
+
+TEST(X11GammaTest, ReadsAndWritesTheRampsOfARealDisplay) {
+    QProcess server;
+    server.start("/usr/bin/Xvfb", {"-displayfd", "1", "-screen", "0", "640x480x24"});
+    ASSERT_TRUE(Polled([&] { return server.canReadLine(); }));
+    const QByteArray display = ":" + server.readLine().trimmed();
+    xcb_connection_t* connection = xcb_connect(display.constData(), nullptr);
+    {
+        X11Gamma gamma(connection);
+        auto ramps = gamma.Read();
+        ASSERT_FALSE(ramps.empty());
+        for (auto& value : ramps[0].ramp.green)
+            value = static_cast<std::uint16_t>(value / 2 + 1);
+        EXPECT_TRUE(gamma.Write(ramps[0]));
+        EXPECT_EQ(gamma.Read(), ramps);
+        ramps[0].ramp.red.pop_back();
+        EXPECT_FALSE(gamma.Write(ramps[0])) << "the server refuses it";
+        EXPECT_FALSE(gamma.Write({"crtc-1", {}}));
+    }
+    xcb_disconnect(connection);
+    server.terminate();
+    server.waitForFinished();
+}
+
+} // namespace
+} // namespace vk::test
