@@ -28,7 +28,7 @@ class Pictured(DemoSystem):
 
     def row(self, number):
         """Touches that row of the browser's list."""
-        super().tap((self.width // 3, self.height * 11 // 100 + 45 * number - 18))
+        super().tap((self.width // 3, self.height // 8 + 45 * number - 16))
 
     def play(self, start):
         start()

@@ -54,7 +54,7 @@ void MenuIcon::DrawPlate(QPainter& painter) const {
     PlateLook look;
     // A skin may leave both colours out; the selection has to show all the same.
     look.ground = !selected_ ? plain : chosen == plain ? ReadableOn(plain) : chosen;
-    look.edge = ToQColor(skin.OutlineBoxClr);
+    look.edge = Legible(ToQColor(skin.OutlineBoxClr), GroundWithoutPicture(skin), EdgeContrast);
     look.text = ReadableOn(look.ground);
     DrawCaptionPlate(painter, rect(), ToQString(data_.name), font, look);
 }

@@ -15,6 +15,9 @@ struct PlateLook {
     int edgeWidth = 2; ///< pixels
 };
 
+/// What a plate's edge has to the ground around it at the least.
+inline constexpr double EdgeContrast = 3;
+
 /// Fills `box` with the plate and centres the caption on it, wrapped, and made smaller where it is
 /// too long.
 void DrawCaptionPlate(QPainter& painter, const QRect& box, const QString& caption,

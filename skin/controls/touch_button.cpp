@@ -65,7 +65,7 @@ void TouchButton::DrawPlate(QPainter& painter) const {
     PlateLook look;
     look.ground =
         ToQColor(pressed_ ? skin.ListSelectedBackgroundClr : skin.HeadingBarBackgroundClr);
-    look.edge = ToQColor(skin.OutlineBoxClr);
+    look.edge = Legible(ToQColor(skin.OutlineBoxClr), GroundWithoutPicture(skin), EdgeContrast);
     look.text = ReadableOn(look.ground);
     DrawCaptionPlate(painter, Face(), ToQString(caption_), ToQFont(skin.clockfont, skin), look);
 }

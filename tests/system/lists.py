@@ -90,7 +90,7 @@ class TouchLists(_Lists):
 
     size = "640x480"
     # Where things stand at that size: the first row and the pitch of rows in one list and in two, keys, buttons.
-    WIDE, NARROW = (80, 45), (78, 33)
+    WIDE, NARROW = (90, 45), (84, 33)
     SAVE, HOME, PAGE_DOWN, MEDIA, SWAP = (502, 440), (595, 30), (228, 440), (240, 100), (120, 440)
     KEY_Q, KEY_OK = (32, 250), (607, 314)
 
@@ -111,7 +111,7 @@ class TouchLists(_Lists):
         self.rows(0, 1, 1)  # database, artists, the artist
         self.rows(2, 3, 4, 5, 6, 7, 8)
         self.tap(self.PAGE_DOWN)
-        self.rows(1, 2, 3)  # the ninth is passed over
+        self.rows(2, 3, 4)  # the eighth and the ninth are passed over
         self.picture("touch-ten")
         self.tap(self.SAVE, self.KEY_Q)
         self.picture("touch-name")
