@@ -57,9 +57,11 @@ std::string SilentWave() {
 class Running {
   public:
     Running() {
-        for (const char* name : {"winamp", "DB_UPDATE", "skins"})
-            std::filesystem::create_symlink(std::filesystem::path(VK_APP_DIR) / name,
-                                            dir_.File(name));
+        // Copies: a program finds its application directory by where it lies.
+        for (const char* name : {"winamp", "DB_UPDATE"})
+            std::filesystem::copy_file(std::filesystem::path(VK_APP_DIR) / name, dir_.File(name));
+        std::filesystem::create_directory_symlink(std::filesystem::path(VK_APP_DIR) / "skins",
+                                                  dir_.File("skins"));
         // The catalogue's server tells the system of itself in the user's folder.
         setenv("XDG_CONFIG_HOME", dir_.MakeFolder("config").c_str(), 1);
         started = std::system(dir_.File("DB_UPDATE").c_str()) == 0;
@@ -75,7 +77,7 @@ class Running {
                                        "\nTime1=8:00:00 AM\nTime2=9:00:00 PM\n"
                                        "[audio_player]\nAudioExtensions=WAV\n");
         qApp->installEventFilter(&watch_);
-        ports_ = std::make_unique<LinuxPorts>();
+        ports_ = std::make_unique<LinuxPorts>(dir_.Path());
         app_ = std::make_unique<Application>(dir_.Path(), ports_->ports(), [] {});
         started = started && app_->Start();
         Run(SettleTime);

@@ -8,7 +8,6 @@
 #include "platform/linux/sound/alsa_input.h"
 #include "platform/linux/sound/alsa_mixer.h"
 #include "platform/linux/volumes.h"
-#include "platform/paths.h"
 #include "platform/qt/qt_beeper.h"
 #include "platform/qt/qt_clock.h"
 #include "platform/qt/qt_fonts.h"
@@ -24,6 +23,9 @@ namespace vk {
 /// Owns them; one a process, made on the user-interface thread.
 class LinuxPorts {
   public:
+    /// `appDir` is the application directory: its player alone is talked to.
+    explicit LinuxPorts(const std::string& appDir)
+        : player_(MakePlayerWindow(*programs_, appDir)) {}
     Ports ports();
 
   private:
@@ -48,7 +50,7 @@ class LinuxPorts {
     LogindPower power_{bus_};
     LogindBacklight backlight_{bus_};
     std::unique_ptr<Gamma> gamma_ = MakeGamma();
-    std::unique_ptr<PlayerWindow> player_ = MakePlayerWindow(*programs_, ExecutableFolder());
+    std::unique_ptr<PlayerWindow> player_;
 };
 
 } // namespace vk

@@ -47,10 +47,10 @@ int main(int argc, char** argv) {
     QApplication::setApplicationName(QStringLiteral("Velkorandum"));
     QApplication::setQuitOnLastWindowClosed(false);
     CatchSignals();
-    vk::LinuxPorts machine;
+    const std::string appDir = vk::ExecutableFolder();
+    vk::LinuxPorts machine(appDir);
     // Not quit(): that would ask the window, which refuses to be closed by others.
-    vk::Application application(vk::ExecutableFolder(), machine.ports(),
-                                [] { QCoreApplication::exit(0); });
+    vk::Application application(appDir, machine.ports(), [] { QCoreApplication::exit(0); });
     QSocketNotifier wakeUp(signalPipe[0], QSocketNotifier::Read);
     QObject::connect(&wakeUp, &QSocketNotifier::activated, &qt,
                      [&application] { application.Quit(true); });

@@ -2,14 +2,14 @@
 #pragma once
 
 #include "settings/screen/settings_screen.h"
-#include "tests/startup/start_fixture.h"
+#include "tests/settings/shell_fixture.h"
 #include "tests/support/widgets.h"
 
 #include <memory>
 
 namespace vk::test {
 
-struct SettingsFixture : StartFixture {
+struct SettingsFixture : ShellFixture {
     SettingsFixture() {
         SetUpApp();
         app.Write("kb.ini", "[keyboard]\nmute=77\n");
@@ -18,15 +18,7 @@ struct SettingsFixture : StartFixture {
         host.resize(800, 480);
         screen = std::make_unique<vk::settings>(
             ControlContext{state, settings.values, skin, pictures, clock, pump, commands},
-            SettingsShell::Needs{base,
-                                 loading,
-                                 skin,
-                                 keys,
-                                 remoteKeys,
-                                 extensions,
-                                 updates,
-                                 {[this] { start->FinishExecution(); },
-                                  [this] { start->ReloadScreens(); }, [] {}, [this] { ++exits; }}},
+            ShellNeeds(),
             RemoteLearning::Needs{settings, report, dialogs, clock, beeper, remoteKeys,
                                   [] { return true; }, [] { return true; }, [](bool) {},
                                   [](float) {}},
@@ -53,12 +45,10 @@ struct SettingsFixture : StartFixture {
         Tap(host, plate->mapTo(&host, plate->rect().center()));
     }
 
-    std::unique_ptr<astart> start = Make();
     PictureCache pictures{skin};
     QWidget host;
     SilentBeeper beeper;
     std::unique_ptr<vk::settings> screen;
-    int exits = 0;
 };
 
 } // namespace vk::test

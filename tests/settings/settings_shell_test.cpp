@@ -1,6 +1,5 @@
 #include "library/catalogue/schema.h"
-#include "settings/settings_shell.h"
-#include "tests/startup/start_fixture.h"
+#include "tests/settings/shell_fixture.h"
 
 #include <gtest/gtest.h>
 
@@ -16,26 +15,14 @@ struct ToldSettingsView : SettingsView {
     std::string topInfo;
 };
 
-struct SettingsShellTest : testing::Test, test::StartFixture {
+struct SettingsShellTest : testing::Test, test::ShellFixture {
     SettingsShellTest() {
         // The start makes the settings screen; here it is the shell under test.
         loadSettings = [this] {
-            shell = std::make_unique<SettingsShell>(
-                SettingsShell::Needs{base,
-                                     loading,
-                                     skin,
-                                     keys,
-                                     remoteKeys,
-                                     extensions,
-                                     updates,
-                                     {[this] { start->FinishExecution(); },
-                                      [this] { start->ReloadScreens(); }, [] {},
-                                      [this] { ++exits; }}},
-                view);
+            shell = std::make_unique<SettingsShell>(ShellNeeds(), view);
             shell->FirstRunDue = true;
             MakeScreen("settings");
         };
-        start = Make();
     }
     void FirstRun() {
         start->Form_Load();
@@ -48,9 +35,7 @@ struct SettingsShellTest : testing::Test, test::StartFixture {
         shell->FirstRunDue = false;
     }
     ToldSettingsView view;
-    std::unique_ptr<astart> start;
     std::unique_ptr<SettingsShell> shell;
-    int exits = 0;
 };
 
 TEST_F(SettingsShellTest, TheFirstRunLeadsFromTheWelcomeToTheMenu) {

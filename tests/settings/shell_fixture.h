@@ -1,0 +1,25 @@
+// What the settings' shell needs, on fakes.
+#pragma once
+
+#include "settings/settings_shell.h"
+#include "tests/startup/start_fixture.h"
+
+namespace vk::test {
+
+struct ShellFixture : StartFixture {
+    SettingsShell::Needs ShellNeeds() {
+        return {base,
+                loading,
+                skin,
+                keys,
+                remoteKeys,
+                extensions,
+                updates,
+                {[this] { start->FinishExecution(); }, [this] { start->ReloadScreens(); }, [] {},
+                 [this] { ++exits; }}};
+    }
+    std::unique_ptr<astart> start = Make();
+    int exits = 0; ///< how often the end was asked for
+};
+
+} // namespace vk::test
