@@ -22,13 +22,13 @@ struct Subsystems {
     InputModule input{host};
     LibraryModule library{host};
     NavigationModule navigation{host};
-    TunersModule tuners{host};
     PlaybackModule playback{host, library, navigation};
+    TunersModule tuners{host, library, playback};
     BrowserModule browser{host, library, playback};
     SyncModule sync{host, library};
     SettingsModule settings{host, library, input, playback};
     VehicleModule vehicle{host, playback};
-    HomeModule home{host, {library, playback, navigation, input, settings, vehicle}};
+    HomeModule home{host, {library, playback, navigation, input, settings, vehicle, tuners}};
 };
 
 } // namespace vk

@@ -46,7 +46,7 @@ void Chooser::ChooseRow() {
 void Chooser::Follow(const Descriptor& row) {
     static const std::map<RowKind, Handler> kinds = {
         {RowKind::File, &Chooser::OpenFile},   {RowKind::Path, &Chooser::OpenPath},
-        {RowKind::Sql, &Chooser::OpenSql},     {RowKind::Freq, &Chooser::AskLabel},
+        {RowKind::Sql, &Chooser::OpenSql},     {RowKind::Freq, &Chooser::OpenPreset},
         {RowKind::Edit, &Chooser::OpenEditor}, {RowKind::XM, &Chooser::OpenXM}};
     if (const auto handler = kinds.find(row.kind); handler != kinds.end())
         (this->*handler->second)(row);
@@ -108,6 +108,17 @@ void Chooser::OpenPlaylist(const Descriptor& row) {
 void Chooser::OpenXM(const Descriptor& row) {
     desk_.SqlView = false;
     row.IsChannel() ? handOver_.TuneChannel(row) : lists_.xm.Show(row);
+}
+
+// Where there is an FM radio it can be listened to; else, or by the other answer, it gets another
+// label.
+void Chooser::OpenPreset(const Descriptor& row) {
+    const auto& hasTuner = desk_.needs.players.HasTuner;
+    const bool there = desk_.needs.Options().dlink_enabled && hasTuner && hasTuner(PlayFM);
+    if (there && desk_.needs.base.dialogs.AskYesNo("Listen to " + row.body +
+                                                   " MHz?\nNo gives it another label."))
+        return handOver_.TunePreset(row.body);
+    presets_.AskLabel(row.body);
 }
 
 void Chooser::OpenEditor(const Descriptor& row) {

@@ -42,7 +42,7 @@ class Chooser {
     void OpenSql(const Descriptor& row) { searches_.Open(row); }
     void OpenXM(const Descriptor& row);
     void OpenEditor(const Descriptor& row);
-    void AskLabel(const Descriptor& row) { presets_.AskLabel(row.body); }
+    void OpenPreset(const Descriptor& row);
     void PlayAudio(const Descriptor&) { handOver_.PlayAudioFiles(); }
     void PlayVideo(const Descriptor&) { handOver_.PlayVideoFiles(); }
     void OpenPresets(const Descriptor& row) { presets_.ReadPresets(row.body); }

@@ -6,6 +6,7 @@
 #include "library/tags/media_type.h"
 #include "platform/files.h"
 #include "playback/resume.h"
+#include "playback/tuner_choice.h"
 
 #include <algorithm>
 #include <utility>
@@ -158,6 +159,13 @@ void HandOver::TuneChannel(const Descriptor& row) {
     audio.bResuming = false;
     audio.bStartPlaying = true;
     lists_.trail.Played();
+    EnterPlayer();
+}
+
+void HandOver::TunePreset(const std::string& frequency) {
+    SettingsStore& settings = desk_.needs.base.settings;
+    settings.Set(setting::currentfreq, ParseDecimal(frequency).value_or(0));
+    ChooseTuner(PlayFM, settings, desk_.needs.players.audio);
     EnterPlayer();
 }
 

@@ -24,6 +24,8 @@ class HandOver {
     void PlayVideoFiles();
     /// The selected channel, with all others on show.
     void TuneChannel(const Descriptor& row);
+    /// The FM radio, on a preset's frequency.
+    void TunePreset(const std::string& frequency);
     /// Goes on with the list that was last played, or shows what plays.
     void Resume();
 

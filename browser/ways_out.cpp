@@ -1,5 +1,7 @@
 #include "browser/ways_out.h"
 
+#include "playback/tuner_choice.h"
+
 namespace vk {
 
 void WaysOut::Back() {
@@ -34,33 +36,25 @@ bool WaysOut::HasRadio() const {
     return desk_.needs.Options().dlink_enabled || desk_.needs.Options().xmpcr_enabled;
 }
 
-// The satellite tuner when it is the only one, or the first of two.
-bool WaysOut::RadioIsXM() const {
-    const Settings& settings = desk_.needs.Options();
-    if (settings.dlink_enabled && settings.xmpcr_enabled)
-        return desk_.needs.base.state.FirstRadioType == 1;
-    return settings.xmpcr_enabled;
+PlayModeValue WaysOut::Radio() const {
+    return FirstTuner(desk_.needs.Options(), desk_.needs.base.state.FirstRadioType);
 }
 
 void WaysOut::SetPlayerButton() {
-    if (HasRadio()) desk_.view.SetButton(BrowserButton::Radio, RadioIsXM() ? "xm.gif" : "fm.gif");
+    if (HasRadio())
+        desk_.view.SetButton(BrowserButton::Radio, Radio() == PlayXM ? "xm.gif" : "fm.gif");
 }
 
 void WaysOut::ShowRadio() {
     if (!HasRadio()) return;
-    const bool xm = RadioIsXM();
-    const std::int32_t mode = xm ? PlayXM : PlayFM;
     const BrowserPlayers& players = desk_.needs.players;
-    if (!players.HasTuner || !players.HasTuner(mode))
+    if (!players.HasTuner || !players.HasTuner(Radio()))
         return desk_.Say("The radio is not available.");
-    players.audio.PlayMode = mode;
-    players.audio.ListTitle = xm ? XMSourceName : FMSourceName;
-    players.audio.ListFile = desk_.needs.base.settings.File("presets.lst");
-    players.audio.VolumeSerial = -1;
-    players.audio.bStartPlaying = true;
-    desk_.needs.state.FromPlayer = false;
+    ChooseTuner(Radio(), desk_.needs.base.settings, players.audio);
+    const bool plays = std::exchange(desk_.needs.state.FromPlayer, false);
     leave_();
-    desk_.needs.base.screens.Show("playmp3");
+    const Screens& screens = desk_.needs.base.screens;
+    plays ? screens.ReDisplay("playmp3") : screens.Show("playmp3");
 }
 
 } // namespace vk

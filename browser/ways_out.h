@@ -28,7 +28,7 @@ class WaysOut {
     void SetPlayerButton();
 
   private:
-    bool RadioIsXM() const;
+    PlayModeValue Radio() const;
     void EndPlayer();
 
     ListDesk& desk_;

@@ -4,6 +4,7 @@
 #include "home/main_menu.h"
 #include "platform/files.h"
 #include "playback/resume.h"
+#include "playback/tuner_choice.h"
 
 namespace vk {
 
@@ -87,9 +88,11 @@ void MainMenu::StartApplications() {
 
 void MainMenu::StartRadio() {
     const Settings& s = base_.settings.values;
-    if (!s.dlink_enabled && !s.xmpcr_enabled)
-        return Message("You must first configure your radio.");
-    Message("The radio is not available.");
+    const PlayModeValue tuner = FirstTuner(s, base_.settings.Get(setting::FirstRadioType));
+    if (tuner == PlayNone) return Message("You must first configure your radio.");
+    if (!base_.screens.Find("playmp3")) return Message("The radio is not available.");
+    ChooseTuner(tuner, base_.settings, n_.audio);
+    Leave("playmp3");
 }
 
 void MainMenu::StartGPS() {
@@ -98,9 +101,16 @@ void MainMenu::StartGPS() {
     n_.doors.loadGPS();
 }
 
+void MainMenu::TurnDevicesOff() {
+    if (n_.doors.turnDevicesOff)
+        n_.doors.turnDevicesOff([this](const std::string& text) { Message(text); });
+}
+
 // In mode 0 the power action ends the system, when the machine has agreed to go off.
 void MainMenu::Exit() {
-    if (base_.settings.values.ShutDownMode == 0) base_.settings.Set(setting::CurrentSelectID, 0);
+    const bool off = base_.settings.values.ShutDownMode == 0;
+    if (off) base_.settings.Set(setting::CurrentSelectID, 0);
+    if (off) TurnDevicesOff();
     if (n_.doors.powerAction) n_.doors.powerAction();
 }
 

@@ -158,6 +158,7 @@ void MainMenu::Image1_Click() {
             return Message("Please wait for the database to finish. :" +
                            std::to_string(base_.state.quitAttempts));
         }
+        TurnDevicesOff();
         base_.settings.Set(setting::CurrentSelectID, 0);
         base_.window.ShowCursor(true);
         n_.doors.exitApplication();

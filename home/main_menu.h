@@ -31,6 +31,8 @@ class MainMenu {
         std::function<void()> powerAction;
         std::function<void(bool)> setDimmer;
         std::function<void()> clearRemote = {}; ///< drops codes that were not yet carried out
+        /// Before the system ends; it says what takes its time.
+        std::function<void(const std::function<void(const std::string&)>& say)> turnDevicesOff = {};
     };
     /// All of it outlives the menu.
     struct Needs {
@@ -101,6 +103,7 @@ class MainMenu {
     void StartApplications();
     void StartRadio();
     void StartGPS();
+    void TurnDevicesOff();
     void Start() { runok(); }
     void KeyUp();
     void KeyDown();

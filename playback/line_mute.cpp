@@ -24,11 +24,11 @@ const MuteProperty* Find(std::int32_t input) {
 
 } // namespace
 
-void LineMute::MuteLine(std::int32_t input, bool remember) {
+void LineMute::MuteLine(std::int32_t input) {
     if (input == MasterInput) volume_.VolumeMute(true);
     const MuteProperty* line = Find(input);
     if (!line) return;
-    if (remember || !SavedLineMute) SavedLineMute = (volume_.*line->read)();
+    if (!SavedLineMute.contains(input)) SavedLineMute[input] = (volume_.*line->read)();
     (volume_.*line->write)(true);
 }
 
@@ -37,8 +37,10 @@ void LineMute::UnMuteLine(std::int32_t input) {
 }
 
 void LineMute::RestoreMuteState(std::int32_t input) {
-    const MuteProperty* line = Find(input);
-    if (line && SavedLineMute) (volume_.*line->write)(*SavedLineMute);
+    const auto saved = SavedLineMute.find(input);
+    if (saved == SavedLineMute.end()) return;
+    (volume_.*Find(input)->write)(saved->second);
+    SavedLineMute.erase(saved);
 }
 
 } // namespace vk

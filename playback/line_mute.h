@@ -4,7 +4,7 @@
 #include "playback/c_volume.h"
 
 #include <cstdint>
-#include <optional>
+#include <map>
 
 namespace vk {
 
@@ -14,9 +14,8 @@ class LineMute {
   public:
     explicit LineMute(cVolume& volume) : volume_(volume) {}
 
-    /// Mutes the line; with `remember`, and the first time, its mute of before is kept. The
-    /// master's never is.
-    void MuteLine(std::int32_t input, bool remember);
+    /// Mutes the line; its mute of before is kept until it is put back. The master's never is.
+    void MuteLine(std::int32_t input);
     /// Takes the mute off Line, CD or Mic; the master line is left to the user.
     void UnMuteLine(std::int32_t input);
     /// Puts back what `MuteLine` kept, for Line, CD or Mic.
@@ -24,7 +23,7 @@ class LineMute {
 
   private:
     cVolume& volume_;
-    std::optional<bool> SavedLineMute;
+    std::map<std::int32_t, bool> SavedLineMute; ///< by input
 };
 
 } // namespace vk

@@ -10,6 +10,10 @@ vkini="$here/../build/release/tools/vkini"
 mkdir -p "$demo/skins"
 cp -u "$app/velkorandum" "$app/winamp" "$app/DB_UPDATE" "$app/tags_empty.mdb" "$demo/"
 cp -ru "$app/skins/." "$demo/skins/"
+# Both tuners are simulated: the FM radio's library, and the satellite receiver as a program of its own.
+sims="$here/../build/release/tests/sim"
+cp -u "$sims/libvkradio_sim.so" "$demo/libvkradio.so"
+cp -u "$sims/xm_receiver" "$demo/"
 python3 "$here/make_demo_library.py" "$demo/media"
 
 [ -f "$demo/settings.ini" ] && exit 0

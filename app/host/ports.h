@@ -17,9 +17,13 @@
 #include "platform/programs.h"
 #include "platform/registry.h"
 #include "platform/screen_metrics.h"
+#include "platform/serial_list.h"
+#include "platform/serial_port.h"
+#include "platform/sound_route.h"
 #include "platform/ui_thread.h"
 #include "platform/volumes.h"
 #include "platform/wave_input.h"
+#include "tuners/fm/radio.h"
 
 #include <functional>
 #include <memory>
@@ -67,6 +71,13 @@ struct VehiclePorts {
     std::function<std::unique_ptr<InputLine>()> gpio = {};
 };
 
+struct TunerPorts {
+    LoadRadio radio;                                     ///< the FM tuner's library
+    std::function<std::unique_ptr<SerialPort>()> serial; ///< a port for the satellite receiver
+    std::function<SerialList()> serialList;
+    SoundRoute& route; ///< for an FM tuner that is a sound device of its own
+};
+
 /// References only: what they name outlives the application.
 struct Ports {
     MachinePorts machine;
@@ -74,6 +85,7 @@ struct Ports {
     SoundPorts sound;
     RemoteDevices remote;
     VehiclePorts vehicle;
+    TunerPorts tuners;
 };
 
 } // namespace vk

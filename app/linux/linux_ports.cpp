@@ -21,16 +21,21 @@ std::string Environment(const std::string& name) {
 } // namespace
 
 Ports LinuxPorts::ports() {
-    return {.machine = {clock_, uiThread_, locale_, volumes_, *programs_, *instance_,
-                        [] { return std::make_unique<QtChildProcess>(); }, registry_, Environment},
-            .screen = {fonts_, QtScreenMetrics},
-            .sound = {mixer_, soundInput_, *player_, beeper_, listener_},
-            .remote = {.serial = [this] { return std::make_unique<QtSerialPort>(serialOwners_); },
-                       .stream = [] { return std::make_unique<QtLocalStream>(); },
-                       .x10 = {},
-                       .uuirt = LoadUUIRTLibrary},
-            .vehicle = {power_, gamma_.get(), &backlight_,
-                        [] { return std::make_unique<GpioLine>(); }}};
+    return {
+        .machine = {clock_, uiThread_, locale_, volumes_, *programs_, *instance_,
+                    [] { return std::make_unique<QtChildProcess>(); }, registry_, Environment},
+        .screen = {fonts_, QtScreenMetrics},
+        .sound = {mixer_, soundInput_, *player_, beeper_, listener_},
+        .remote = {.serial = [this] { return std::make_unique<QtSerialPort>(serialOwners_); },
+                   .stream = [] { return std::make_unique<QtLocalStream>(); },
+                   .x10 = {},
+                   .uuirt = LoadUUIRTLibrary},
+        .vehicle = {power_, gamma_.get(), &backlight_, [] { return std::make_unique<GpioLine>(); }},
+        .tuners = {
+            .radio = [this](std::string& reason) { return LoadRadioLibrary(appDir_, reason); },
+            .serial = [this] { return std::make_unique<QtSerialPort>(serialOwners_); },
+            .serialList = [] { return ListSerialPorts(); },
+            .route = route_}};
 }
 
 // Both are called on the card's thread.

@@ -7,6 +7,7 @@
 #include "platform/linux/power/logind_power.h"
 #include "platform/linux/sound/alsa_input.h"
 #include "platform/linux/sound/alsa_mixer.h"
+#include "platform/linux/sound/alsa_route.h"
 #include "platform/linux/volumes.h"
 #include "platform/qt/qt_beeper.h"
 #include "platform/qt/qt_clock.h"
@@ -23,15 +24,17 @@ namespace vk {
 /// Owns them; one a process, made on the user-interface thread.
 class LinuxPorts {
   public:
-    /// `appDir` is the application directory: its player alone is talked to.
+    /// `appDir` is the application directory: its player alone is talked to, and its libraries
+    /// come before the system's.
     explicit LinuxPorts(const std::string& appDir)
-        : player_(MakePlayerWindow(*programs_, appDir)) {}
+        : appDir_(appDir), player_(MakePlayerWindow(*programs_, appDir)) {}
     Ports ports();
 
   private:
     void SoundCardChanged(bool present);
     void LogSoundCard(const std::string& text);
 
+    std::string appDir_;
     QtClock clock_;
     QtUiThread uiThread_;
     QtLocaleInfo locale_;
@@ -50,6 +53,7 @@ class LinuxPorts {
     LogindPower power_{bus_};
     LogindBacklight backlight_{bus_};
     std::unique_ptr<Gamma> gamma_ = MakeGamma();
+    AlsaRoute route_;
     std::unique_ptr<PlayerWindow> player_;
 };
 

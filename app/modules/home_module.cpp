@@ -52,7 +52,11 @@ MainMenu::Doors HomeModule::Doors() {
             .exitApplication = [this] { host_.quit(false); },
             .powerAction = [this] { rooms_.vehicle.PowerAction(); },
             .setDimmer = [this](bool force) { rooms_.vehicle.SetDimmer(force); },
-            .clearRemote = [this] { rooms_.input.remote.ClearBuff(); }};
+            .clearRemote = [this] { rooms_.input.remote.ClearBuff(); },
+            .turnDevicesOff =
+                [this](const std::function<void(const std::string&)>& say) {
+                    rooms_.tuners.TurnOff(say);
+                }};
 }
 
 void HomeModule::PowerKey() {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "app/modules/settings_module.h"
+#include "app/modules/tuners_module.h"
 #include "app/modules/vehicle_module.h"
 #include "home/screen/velkorandum.h"
 
@@ -20,6 +21,7 @@ class HomeModule : public Module {
         InputModule& input;
         SettingsModule& settings;
         VehicleModule& vehicle;
+        TunersModule& tuners;
     };
     HomeModule(Host& host, const Rooms& rooms);
 

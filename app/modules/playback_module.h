@@ -33,8 +33,11 @@ class PlaybackModule : public Module {
     /// The one object for the loudness, made by the first screen that needs it.
     Loudness& TheLoudness();
     /// Whether the source of that `PlayMode` is there.
-    bool HasSource(std::int32_t mode) const {
-        return screen_ && screen_->player().sources().Find(mode);
+    bool HasSource(std::int32_t mode) const { return Source(mode) != nullptr; }
+
+    /// What plays that `PlayMode`, null without one or without the player's screen.
+    PlayerSource* Source(std::int32_t mode) const {
+        return screen_ ? screen_->player().sources().Find(mode) : nullptr;
     }
 
     AudioState audio;

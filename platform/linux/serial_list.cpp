@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstdlib>
 #include <filesystem>
 #include <map>
 #include <optional>
@@ -44,6 +45,25 @@ std::map<std::string, std::string> LastingNames(const std::string& deviceFolder)
     return names;
 }
 
+void AddToFreePlace(const ListedSerialPort& port, SerialList& list) {
+    const auto place = std::ranges::find(list, std::string(), &ListedSerialPort::name);
+    if (place != list.end()) *place = port;
+}
+
+/// Ports that the kernel does not list, such as the pseudo-terminal of a simulated device:
+/// "name=path", separated by ";".
+void AddNamedPorts(std::string_view named, SerialList& list) {
+    while (!named.empty()) {
+        const auto end = std::min(named.find(';'), named.size());
+        const std::string_view port = named.substr(0, end);
+        const auto equals = port.find('=');
+        if (equals != std::string_view::npos && equals > 0)
+            AddToFreePlace(
+                {std::string(port.substr(0, equals)), std::string(port.substr(equals + 1))}, list);
+        named.remove_prefix(std::min(end + 1, named.size()));
+    }
+}
+
 /// "usb-FTDI_FT232R_USB_UART_A9014ID2-if00-port0" is "FTDI FT232R USB UART A9014ID2".
 std::string Friendly(const std::string& link) {
     std::string name = FileNameOf(link);
@@ -71,17 +91,15 @@ SerialList ListSerialPorts(const std::string& classFolder, const std::string& de
         else
             plugged[entry.name] = {"Serial port " + entry.name, path};
     }
-    auto place = list.begin();
-    for (const auto& [order, port] : plugged) {
-        place = std::find_if(place, list.end(), [](const auto& at) { return at.name.empty(); });
-        if (place == list.end()) break;
-        *place = port;
-    }
+    for (const auto& [order, port] : plugged)
+        AddToFreePlace(port, list);
     return list;
 }
 
 SerialList ListSerialPorts() {
-    return ListSerialPorts("/sys/class/tty", "/dev");
+    SerialList list = ListSerialPorts("/sys/class/tty", "/dev");
+    if (const char* named = std::getenv("VK_SERIAL_PORTS")) AddNamedPorts(named, list);
+    return list;
 }
 
 } // namespace vk

@@ -1,5 +1,7 @@
 #include "platform/qt/qt_serial_port.h"
 
+#include <QSignalBlocker>
+
 #include <filesystem>
 #include <map>
 #include <system_error>
@@ -69,7 +71,11 @@ bool QtSerialPort::Fail(const std::string& why) {
 void QtSerialPort::Close() {
     linesTimer_.stop();
     lineWatch_.reset(); // before the number of the open file may be given to another
-    if (port_.isOpen()) port_.close();
+    if (port_.isOpen()) {
+        const QSignalBlocker quiet(port_); // what fails now is no event
+        port_.flush();                     // what was sent last may still wait for the event loop
+        port_.close();
+    }
     if (!owned_.empty()) owners_.Give(std::exchange(owned_, {}));
 }
 

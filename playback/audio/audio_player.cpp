@@ -203,6 +203,12 @@ void AudioPlayer::DoRW() {
     Step("DoRW", &PlayerSource::DoRW);
 }
 
+void AudioPlayer::Hold(bool ahead) {
+    ticks_.Soon();
+    Ask(ahead ? "DoFF" : "DoRW", [&](PlayerSource& source) { source.Held(ahead); });
+    view_.ShowLoading("");
+}
+
 void AudioPlayer::DoPlay() {
     Step("DoPlay", &PlayerSource::DoPlay);
 }

@@ -91,6 +91,7 @@ class AudioPlayer : public Transport {
     void KeepVolume();
     void MoveList(void (ListModel::*move)(), const char* where);
     void DoHeld(HeldAction action);
+    void Hold(bool ahead);
     void Enter();
     void Ready();
 

@@ -62,9 +62,8 @@ void AudioPlayer::DoHeld(HeldAction action) {
     case HeldVolDown:
         return VolDown();
     case HeldForward:
-        return DoFF();
     case HeldRewind:
-        return DoRW();
+        return Hold(action == HeldForward);
     case HeldScrollUp:
         return MoveUp();
     case HeldScrollDown:

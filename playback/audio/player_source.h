@@ -55,6 +55,8 @@ class PlayerSource {
     /// A step forward or back inside of what is playing; a held button asks for one a tick.
     virtual void DoFF() = 0;
     virtual void DoRW() = 0;
+    /// The same by a held button.
+    virtual void Held(bool ahead) { ahead ? DoFF() : DoRW(); }
     /// A turn of the wheel asks for these steps, and does not move the list.
     virtual bool WheelSteps() const { return false; }
     virtual void DoPlay() = 0;
@@ -74,6 +76,8 @@ class PlayerSource {
     virtual std::string MediaTypeIcon() const = 0;
     /// The list entry that is selected, or the station that is tuned in.
     virtual Favorite SelectedFavorite() { return {}; }
+    /// It has been added to the list of favourites.
+    virtual void FavoriteAdded() {}
     /// What plays, for other screens.
     virtual NowPlaying Now() { return {}; }
 };

@@ -64,8 +64,9 @@ void Sources::AddToFavorites() {
     const Favorite favorite = source ? source->SelectedFavorite() : Favorite{};
     if (favorite.list.empty()) return;
     try {
-        if (AddFavorite(c_.base.settings.AppDir(), favorite))
-            c_.clockLine.ShowNotice("ADDING: " + ToUtf8(favorite.entry), AddedMs);
+        if (!AddFavorite(c_.base.settings.AppDir(), favorite)) return;
+        c_.clockLine.ShowNotice("ADDING: " + ToUtf8(favorite.entry), AddedMs);
+        source->FavoriteAdded();
     } catch (const std::exception& error) {
         c_.clockLine.ShowProblem(error.what());
         throw;

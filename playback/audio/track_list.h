@@ -13,7 +13,8 @@ struct Track {
     std::string path;
     std::string artist;
     std::string title;
-    bool tagged = false; ///< artist and title are final
+    bool tagged = false;  ///< artist and title are final
+    bool station = false; ///< of a tuner: `path` is its frequency or its channel
 
     bool IsDiscTrack() const; ///< a ".CDA" line, a track of an audio disc
 };

@@ -13,8 +13,9 @@ namespace {
 
 constexpr std::int32_t TagsAPulse = 20;
 
-const char* RowPicture(const std::string& path) {
-    const std::string extension = ToLower(ExtensionOf(path));
+const char* RowPicture(const Track& track) {
+    if (track.station) return "radio.gif";
+    const std::string extension = ToLower(ExtensionOf(track.path));
     if (extension == "wma") return "wmafile.gif";
     if (extension == "cda") return "audiocd.gif";
     return "mp3.gif";
@@ -35,12 +36,31 @@ void TrackRows::Load(std::vector<Track> tracks, std::int32_t selected) {
     list_.numberedList = base_.settings.values.numberedList;
     list_.HideDupes = base_.settings.values.hideDupeArtist;
     if (list_.HideDupes) ReadTagsForDuplicates();
+    Fill(selected);
+    ReadTagsOnPage();
+}
+
+void TrackRows::LoadStations(std::vector<Track> stations, std::int32_t selected) {
+    tracks_ = std::move(stations);
+    list_.ClearAllArrays();
+    list_.numberedList = list_.HideDupes = false;
+    Fill(selected);
+    readTop_ = list_.TopRow();
+}
+
+void TrackRows::Fill(std::int32_t selected) {
     for (std::int32_t i = 0; i < Count(); ++i)
         AddRow(i);
     list_.iSelected = selected;
     list_.iHighlight = -1;
     list_.LoadList();
-    ReadTagsOnPage();
+}
+
+void TrackRows::Replace(std::int32_t index, Track station) {
+    if (index < 0 || index >= Count()) return;
+    tracks_[static_cast<std::size_t>(index)] = std::move(station);
+    list_.RplartistListItem(index, FirstText(index));
+    list_.RplTitleListItem(index, tracks_[static_cast<std::size_t>(index)].title);
 }
 
 // The rule for the artist that all rows share needs every row's artist, but only as long as no two
@@ -56,7 +76,7 @@ void TrackRows::ReadTagsForDuplicates() {
 std::string TrackRows::FirstText(std::int32_t index) const {
     const Track& track = tracks_[static_cast<std::size_t>(index)];
     std::string text;
-    if (base_.settings.values.numberedList) text = std::to_string(index + 1) + " - ";
+    if (list_.numberedList) text = std::to_string(index + 1) + " - ";
     if (track.artist.empty()) return text + track.title;
     return text + track.artist + (track.title.empty() ? "" : " - ");
 }
@@ -65,7 +85,7 @@ void TrackRows::AddRow(std::int32_t index) {
     Track& track = tracks_[static_cast<std::size_t>(index)];
     if (!track.tagged) NameTrack(track);
     list_.AddItem(FirstText(index), track.artist.empty() ? "" : track.title, track.path,
-                  RowPicture(track.path));
+                  RowPicture(track));
 }
 
 Track& TrackRows::WithTag(std::int32_t index) {

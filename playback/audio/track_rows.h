@@ -28,6 +28,10 @@ class TrackRows {
     /// Replaces all rows; `selected` is an entry of them. Events run inside where many tags must be
     /// read at once.
     void Load(std::vector<Track> tracks, std::int32_t selected);
+    /// The same for stations and channels, whose texts are final and stand as they are.
+    void LoadStations(std::vector<Track> stations, std::int32_t selected);
+    /// Another text for one of them.
+    void Replace(std::int32_t index, Track station);
     /// Selects an entry and marks it as the one that plays; an index without entry changes nothing.
     void Select(std::int32_t index);
     /// Reads the tags of the page on show; to be called when the page has moved.
@@ -43,6 +47,7 @@ class TrackRows {
   private:
     Track& WithTag(std::int32_t index);
     void ReadTagsForDuplicates();
+    void Fill(std::int32_t selected);
     void AddRow(std::int32_t index);
     std::string FirstText(std::int32_t index) const;
 

@@ -1,27 +1,12 @@
 #include "playback/audio/tuner_source.h"
 
+#include "playback/tuner_choice.h"
+
 namespace vk {
 
-namespace {
-
-void TakePresets(SettingsStore& settings, AudioState& audio) {
-    audio.bShuffle = false;
-    audio.bStartPlaying = true;
-    audio.ListFile = settings.File("presets.lst");
-    audio.ListTitle = FMSourceName;
-}
-
-void TakeChannels(SettingsStore& settings, AudioState& audio) {
-    audio.ListFile = settings.Get(setting::PresetList);
-    audio.ListTitle = audio.ListFile.empty() ? XMSourceName : settings.Get(setting::ListTitle);
-}
-
-} // namespace
-
-const TunerKind FMKind = {PlayFM, &Settings::dlink_audio_input, "", false, TakePresets};
+const TunerKind FMKind = {PlayFM, &Settings::dlink_audio_input, "", false};
 const TunerKind XMKind = {PlayXM, &Settings::xmpcr_audio_input,
-                          "Please wait while the XM channel list is initialized...", true,
-                          TakeChannels};
+                          "Please wait while the XM channel list is initialized...", true};
 
 bool TunerSource::SwitchTo() {
     if (!kind_.hasChannels) TakeMode();
@@ -31,17 +16,17 @@ bool TunerSource::SwitchTo() {
 
 void TunerSource::TakeMode() {
     c_.audio.PlayMode = kind_.mode;
-    kind_.takeList(c_.base.settings, c_.audio);
+    TakeTunerList(kind_.mode, c_.base.settings, c_.audio);
 }
 
 // The line is silent until the tuner is on its station.
 void TunerSource::Begin(bool switches) {
     LineMute& lines = c_.loudness.Lines();
-    lines.MuteLine(Input(), true);
+    lines.MuteLine(Input());
     const Waited started = StartShown();
     if (started == Waited::Ended) { // the user leaves
-        PowerDown();
-        return lines.RestoreMuteState(Input());
+        if (PowerDown()) lines.RestoreMuteState(Input());
+        return;
     }
     if (switches) TakeMode();
     ShowName();
@@ -70,16 +55,24 @@ void TunerSource::ShowName() {
 }
 
 void TunerSource::StartPlaying() {
-    if (!kind_.hasChannels) LoadPlaylist();
+    playing_ = true;
+    if (!kind_.hasChannels) LoadRows();
+    c_.loudness.Lines().MuteLine(Input()); // its start may have put it back
     c_.loudness.Lines().UnMuteLine(Input());
-    if (kind_.hasChannels) LoadPlaylist();
+    if (kind_.hasChannels) LoadRows();
     c_.clockLine.Refresh();
 }
 
+// A list that was chosen elsewhere, while something else played.
+void TunerSource::LoadPlaylist() {
+    if (c_.audio.bStartPlaying && !playing_) return Begin(false);
+    LoadRows();
+}
+
 void TunerSource::GiveWay() {
-    c_.loudness.Lines().MuteLine(Input(), false);
-    PowerDown();
-    c_.loudness.Lines().RestoreMuteState(Input());
+    playing_ = false;
+    c_.loudness.Lines().MuteLine(Input());
+    if (PowerDown()) c_.loudness.Lines().RestoreMuteState(Input());
 }
 
 void TunerSource::Stop() {

@@ -21,8 +21,6 @@ struct TunerKind {
     /// is saved before then is the old source's), and plays by itself. One without is tuned by
     /// steps, at first as its list is loaded.
     bool hasChannels;
-    /// Puts the list and the title into the state that it was left with.
-    void (*takeList)(SettingsStore& settings, AudioState& audio);
 };
 
 extern const TunerKind FMKind;
@@ -35,6 +33,7 @@ class TunerSource : public PlayerSource {
     bool SwitchTo() final;
     void Enter() final { Begin(false); }
     void EnterAgain() final { c_.shuffle.ShowNone(); }
+    void LoadPlaylist() final;
     void GiveWay() final;
     void Stop() final;
     void Suspend() final { GiveWay(); }
@@ -47,12 +46,16 @@ class TunerSource : public PlayerSource {
     /// Makes it ready to play: its channels are known then. Waits by the pump, and comes back early
     /// when that is ended; `TimedOut` when the tuner does not answer.
     virtual Waited Start() = 0;
-    virtual void PowerDown() = 0;
+    /// False when it is not silent yet, and puts its line back by itself when it is.
+    virtual bool PowerDown() = 0;
+    /// Fills the list; one with channels begins to play what is asked for.
+    virtual void LoadRows() = 0;
+    /// The line of the sound card.
+    std::int32_t Input() const { return c_.base.settings.values.*kind_.audioInput; }
 
     const SourceContext c_;
 
   private:
-    std::int32_t Input() const { return c_.base.settings.values.*kind_.audioInput; }
     void TakeMode();
     void Begin(bool switches);
     Waited StartShown();
@@ -60,6 +63,7 @@ class TunerSource : public PlayerSource {
     void StartPlaying();
 
     const TunerKind& kind_;
+    bool playing_ = false; ///< it has been started, and has not given way since
 };
 
 } // namespace vk

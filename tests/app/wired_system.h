@@ -9,6 +9,7 @@
 #include "tests/sim/recording_programs.h"
 #include "tests/support/fake_clock.h"
 #include "tests/support/fake_mixer.h"
+#include "tests/support/fake_radio.h"
 #include "tests/support/fake_serial_port.h"
 #include "tests/support/fakes.h"
 #include "tests/support/machine_fakes.h"
@@ -70,7 +71,21 @@ struct FakeMachine {
                                },
                            .x10 = {},
                            .uuirt = {}},
-                .vehicle = {power, &gamma, &backlight}};
+                .vehicle = {power, &gamma, &backlight},
+                .tuners = {.radio = [this](std::string& reason) { return MakeRadio(reason); },
+                           .serial =
+                               [this] {
+                                   auto made = std::make_unique<FakeSerialPort>();
+                                   xmPort = made.get();
+                                   return made;
+                               },
+                           .serialList = [this] { return serialPorts; },
+                           .route = route}};
+    }
+    std::unique_ptr<Radio> MakeRadio(std::string& reason) {
+        if (radio) return std::make_unique<RadioLink>(*radio);
+        reason = "no library";
+        return nullptr;
     }
     void Look() {
         if (player.onLook) player.onLook();
@@ -94,6 +109,10 @@ struct FakeMachine {
     FakeGamma gamma;
     FakeBacklight backlight;
     FakeSerialPort* serial = nullptr;  ///< the one made last, as long as that is there
+    FakeRadio* radio = nullptr; ///< null: there is no library
+    FakeSerialPort* xmPort = nullptr;
+    SerialList serialPorts;
+    FakeSoundRoute route;
     FakeLocalStream* stream = nullptr; ///< of the remote, as long as that is open
     std::function<void()> onEvents;    ///< runs whenever the system lets events run
 };

@@ -70,6 +70,19 @@ TEST_F(BrowseRadio, PresetsAreShownRelabelledAndDeletedWhereTheCursorStays) {
     EXPECT_TRUE(core.Logged("An error occured in playlists.DeleteFreq() "));
 }
 
+TEST_F(BrowseRadio, APresetIsListenedToOrGetsAnotherLabel) {
+    core.settings.values.dlink_enabled = true;
+    OpenPresets("95.1:A\r\n96.5:B\r\n");
+    core.dialogs.answers = {false};
+    Choose("B - 96.5");
+    EXPECT_EQ(keyboard.Caption() + keyboard.UserText(), "Label For: 96.5B");
+    keyboard.onEscape();
+    Choose("B - 96.5");
+    EXPECT_EQ(Handed(), std::to_string(PlayFM) + " D-Link FM Radio presets.lst 1 -1 start");
+    EXPECT_EQ(core.settings.Get(setting::currentfreq), 96.5);
+    EXPECT_EQ(player.Count("ReShow"), 1);
+}
+
 TEST_F(BrowseRadio, ChannelsAreReachedByCategoryListAndAllAtOnce) {
     disk.Write("lists/My|List.XCL", "40\r\n9\r\n200\r\nx\r\n");
     disk.Write("lists/none.xcl", "x");

@@ -133,7 +133,7 @@ TEST_F(BrowserKeys, TheApplicationsAreAnotherListOfTheSameScreen) {
 
 TEST_F(BrowserKeys, TheRadioButtonIsForThoseWhoHaveOne) {
     const std::string toFM = std::to_string(PlayFM) + " D-Link FM Radio presets.lst 1 -1 start",
-                      toXM = std::to_string(PlayXM) + " XM Satellite Radio presets.lst 1 -1 start";
+                      toXM = std::to_string(PlayXM) + " XM Satellite Radio  1 -1 start";
     for (const auto& [fm, xm, first, picture, handed] : {std::tuple{false, false, 0, "", Handed()},
                                                          {true, false, 1, "fm.gif", toFM},
                                                          {false, true, 0, "xm.gif", toXM},

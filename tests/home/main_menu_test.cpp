@@ -126,6 +126,29 @@ TEST_F(MainMenuTest, TheBrowserOpensAtTheMediaFolderAndWhatIsNotConfiguredSaysSo
     }
 }
 
+TEST_F(MainMenuTest, TheRadioTileStartsTheTunerThatIsThereOrFirst) {
+    settings.Write("xmpcr_tuner", "PresetList", "/lists/my.xcl");
+    settings.Write("xmpcr_tuner", "ListTitle", "My list");
+    const struct {
+        bool fm, xm;
+        const char* first;
+        std::int32_t mode;
+        std::string title;
+    } cases[] = {{true, true, "0", PlayFM, "D-Link FM Radio"},
+                 {true, true, "1", PlayXM, "My list"},
+                 {true, false, "1", PlayFM, "D-Link FM Radio"},
+                 {false, true, "0", PlayXM, "My list"}};
+    for (const auto& c : cases) {
+        settings.values.dlink_enabled = c.fm;
+        settings.values.xmpcr_enabled = c.xm;
+        settings.Write("main", "firstradiotype", c.first);
+        EXPECT_EQ(Start(5), "playmp3.ReShow");
+        EXPECT_EQ(audio.PlayMode, c.mode);
+        EXPECT_EQ(audio.ListTitle, c.title);
+        EXPECT_TRUE(audio.bStartPlaying);
+    }
+}
+
 TEST_F(MainMenuTest, AudioResumesWhatWasSavedOrOpensTheBrowser) {
     const auto set = [this](const char* key, const char* value) {
         settings.Write("audio_player", key, value);

@@ -54,17 +54,18 @@ TEST_F(VolumeTest, MutesTheLineOfATunerAndPutsItsStateBack) {
         for (const int before : {0, 1}) {
             std::int32_t& mute = mixer.Mute(inputs[number - 1]);
             mute = before;
-            line.MuteLine(number, true);
+            line.MuteLine(number);
             EXPECT_EQ(mute, 1);
             line.UnMuteLine(number);
             EXPECT_EQ(mute, 0);
-            line.MuteLine(number, false); // what was kept stays
+            line.MuteLine(number);         // what was kept stays
+            line.MuteLine(number % 3 + 1); // and is not another line's
             line.RestoreMuteState(number);
             EXPECT_EQ(mute, before) << number;
         }
     for (const int other : {0, 5, -1, 4}) {
         EXPECT_EQ(mixer.Mute(MixerLine::Master), 0) << "only the last is one";
-        line.MuteLine(other, true);
+        line.MuteLine(other);
         line.UnMuteLine(other);
         line.RestoreMuteState(other);
     }

@@ -19,7 +19,6 @@ class FakeTuner : public TunerSource {
   public:
     FakeTuner(const SourceContext& context, const TunerKind& kind, TunerScript& script)
         : TunerSource(context, kind), script_(script) {}
-    void LoadPlaylist() override { Record("LoadPlaylist"); }
     void UpdateScreen() override {}
     void runok() override {}
     void MoveAhead() override {}
@@ -33,6 +32,7 @@ class FakeTuner : public TunerSource {
     Favorite SelectedFavorite() override { return script_.favorite; }
 
   private:
+    void LoadRows() override { Record("LoadRows"); }
     Waited Start() override {
         Record("Start");
         const auto began = [&] {
@@ -41,7 +41,10 @@ class FakeTuner : public TunerSource {
         };
         return c_.base.pump.Until({"a tuner", began, 1000});
     }
-    void PowerDown() override { Record("PowerDown"); }
+    bool PowerDown() override {
+        Record("PowerDown");
+        return true;
+    }
     void Record(const std::string& call) {
         script_.calls.push_back(call);
         if (script_.line != 0) script_.muted.push_back(call);
@@ -104,7 +107,7 @@ TEST_F(PlayerSourcesTest, OneButtonGoesThroughAllSourcesAndResumesTheMusic) {
     EXPECT_EQ(view.buttons[PlayerButton::Shuffle], "shuffle.gif");
     EXPECT_EQ(Said(), "D-Link FM Radio, radio.gif, xm.gif");
     EXPECT_TRUE(audio.bStartPlaying);
-    EXPECT_THAT(fmTuner.calls, ElementsAre("Start", "LoadPlaylist"));
+    EXPECT_THAT(fmTuner.calls, ElementsAre("Start", "LoadRows"));
     EXPECT_EQ(view.title + view.artist + view.time, "");
     EXPECT_EQ(line, 0);
 
@@ -118,7 +121,7 @@ TEST_F(PlayerSourcesTest, OneButtonGoesThroughAllSourcesAndResumesTheMusic) {
     EXPECT_EQ(waiting + view.loading, "Please wait while the XM channel list is initialized...");
     EXPECT_EQ(Said(), "XM Satellite Radio, radio.gif, player.gif");
     EXPECT_EQ(line, 1);
-    EXPECT_THAT(fmTuner.muted, ElementsAre("Start", "LoadPlaylist", "PowerDown"));
+    EXPECT_THAT(fmTuner.muted, ElementsAre("Start", "LoadRows", "PowerDown"));
     EXPECT_THAT(xmTuner.muted, ElementsAre("Start"));
     EXPECT_EQ(xmTuner.calls.size(), 2u);
     EXPECT_EQ(disc, 0);

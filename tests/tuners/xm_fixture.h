@@ -44,8 +44,7 @@ struct XMFixture : CoreFixture {
             .channels = channels,
             .port = std::unique_ptr<SerialPort>(port),
             .ports = [this] { return ports; },
-            .line = {[this](bool remember) { line.push_back(remember ? "take" : "mute"); },
-                     [this] { line.push_back("restore"); }},
+            .line = {[this] { line.push_back("mute"); }, [this] { line.push_back("restore"); }},
             .plays = [this] { return plays; }});
         made->listener = {
             .UpdateChanInfo =

@@ -26,7 +26,7 @@ TEST_F(XMTest, OpensTheLinkFrameByFrame) {
     EXPECT_EQ(Sent("5A A5 00 01 31 ED ED"), 1);
     EXPECT_EQ(State().receiverId, "VK654321");
     EXPECT_EQ(xm().page.lblXMID + xm().page.lbXMPort, "Receiver ID: VK654321XM Com Port: 3");
-    EXPECT_THAT(line, ElementsAre("take", "restore", "restore"));
+    EXPECT_THAT(line, ElementsAre("mute", "restore", "restore"));
     EXPECT_EQ(settings.Read("xmpcr_tuner", "port"), "3");
     EXPECT_TRUE(Logged("sending init command to: XMPCR(COM3)"));
     EXPECT_TRUE(Logged("XM PowerOn response on: XMPCR(COM3)"));
@@ -245,7 +245,7 @@ TEST_F(XMTest, StandbyIsQuietAndEndsTheScan) {
     xm().SetStandbyXM();
     clock.Advance(160);
     EXPECT_EQ(Sent(Power), 1);
-    EXPECT_THAT(line, ElementsAre("mute"));
+    EXPECT_THAT(line, ElementsAre("mute", "restore"));
     EXPECT_FALSE(State().standbyPending);
     receiver.script.silent = true; // a retry must not wake it
     clock.Advance(7000);

@@ -40,7 +40,10 @@ XMMessages::Needs frmXMCtl::MessageNeeds() {
             .link = link_,
             .sender = sender_,
             .listener = listener,
-            .setChannel = [this](int channel) { SetChannel(channel); },
+            .setChannel =
+                [this](int channel) {
+                    if (!standby_) SetChannel(channel);
+                },
             .restoreLine = [this] { n_.line.RestoreMuteState(); },
             .showId =
                 [this] {
@@ -73,7 +76,7 @@ void frmXMCtl::Form_Load() {
     LoadChannels(base_.settings.File(ChannelFileName), base_.clock.Now(), base_.report,
                  n_.channels);
     ReadSettings();
-    n_.line.MuteLine(true);
+    n_.line.MuteLine();
     search_.InitReceiver();
 }
 
@@ -147,6 +150,7 @@ bool frmXMCtl::Aborts() {
     if (!Before(sender_.sendTick + 2 * timeout)) return false;
     base_.log.WriteDebugLog("XM receive timeout has occured - aborting");
     dead_ = true;
+    if (state_.standbyPending) n_.line.RestoreMuteState(); // nobody else will
     ResetLink(false);
     return true;
 }
@@ -218,9 +222,10 @@ bool frmXMCtl::SetChannel(int channel) {
 void frmXMCtl::SetStandbyXM() {
     if (!On()) return;
     standby_ = state_.standbyPending = true;
-    link_.scanning = false;
+    link_.scanning = link_.channelChangePending = false;
+    sender_.ClearQueue(); // a selection that still waits would wake it again
     link_.lastScanTick = Now();
-    n_.line.MuteLine(false);
+    n_.line.MuteLine();
     sender_.SendBytes(PowerOnFrame(), true);
     state_.trackElapsed = state_.trackDuration = 0;
 }
@@ -244,7 +249,7 @@ void frmXMCtl::PowerDown() {
                       .timeoutMs = state_.responseTimeout});
     if (state_.receiverOn) {
         sender_.readyToSend = true;
-        n_.line.MuteLine(false);
+        n_.line.MuteLine();
         sender_.SendBytes(PowerOffFrame(), true);
     }
     ForgetChannel();

@@ -14,8 +14,7 @@ namespace vk {
 
 /// The receiver's line of the sound card.
 struct XMLine {
-    std::function<void(bool remember)> MuteLine;
-    std::function<void()> RestoreMuteState;
+    std::function<void()> MuteLine, RestoreMuteState;
 };
 
 /// One a process. The link is closed, being searched for, on, or dead: a receiver that answers no
@@ -50,6 +49,8 @@ class frmXMCtl {
     bool Searching() const { return search_.Running(); }
     bool On() const { return state_.receiverOn && !dead_; }
     bool Dead() const { return dead_; }
+    /// It was told to be idle, and no channel has been selected since.
+    bool Idle() const { return standby_; }
 
     XMListener listener;
     XMPageTexts page;

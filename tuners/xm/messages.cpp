@@ -45,7 +45,7 @@ void XMMessages::PowerOn(const Fields& f) {
     XMState& state = n_.state;
     if (state.standbyPending) {
         state.standbyPending = false;
-        return;
+        return n_.restoreLine(); // it is silent from here on
     }
     state.receiverId = f.Whole(19, 26);
     state.receiverOn = true;

@@ -110,9 +110,9 @@ void SimReceiver::Act(std::string_view payload) {
 
 std::string SimReceiver::Info(int channel) const {
     const auto found = channels.find(channel);
-    const bool there = channel == 0 || found != channels.end();
-    std::string info = Zeros(87, {0xA5, there ? 0 : 2, there ? 0 : 9, channel});
-    if (found == channels.end()) return info;
+    const bool gone = channel != 0 && (found == channels.end() || script.gone.contains(channel));
+    std::string info = Zeros(87, {0xA5, gone ? 2 : 0, gone ? 9 : 0, channel});
+    if (gone || channel == 0) return info;
     Put(info, 6, 16, found->second.name);
     Put(info, 24, 16, found->second.category);
     Put(info, 41, 16, found->second.artist);

@@ -27,6 +27,7 @@ struct SimScript {
     bool merge = false;        ///< frames that wait come together
     std::string noise;         ///< bytes in front of each answer
     bool tells39 = false;      ///< the length of frames of 93 bytes is told as 39
+    std::set<int> gone;        ///< channels that it tells to be no more
     std::set<int> refused;     ///< channels that it does not select
     std::map<int, int> lost;   ///< how many answers of a type do not arrive
     int bytesToLive = -1;      ///< it dies after so many more; -1: never

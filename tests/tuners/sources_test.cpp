@@ -1,0 +1,303 @@
+// Both tuners as sources of the player, over simulated devices.
+#include "core/text.h"
+#include "playback/audio/source_table.h"
+#include "playback/tuner_choice.h"
+#include "tests/playback/audio_fixture.h"
+#include "tests/sim/xm/sim_receiver.h"
+#include "tests/support/fake_radio.h"
+#include "tests/support/fake_serial_port.h"
+#include "tuners/fm/fm_source.h"
+#include "tuners/xm/xm_source.h"
+
+namespace vk::test {
+namespace {
+
+using testing::Contains;
+using testing::HasSubstr;
+
+struct TunersTest : testing::Test, AudioFixture {
+    FakeRadio radio;
+    FakeSoundRoute route;
+    FMTuner fm{base, [this](std::string&) { return std::make_unique<RadioLink>(radio); }};
+    ChannelTable channels;
+    FakeSerialPort* port = new FakeSerialPort;
+    SimReceiver receiver{clock, [this](std::string_view bytes) { port->Receive(bytes); }};
+    SerialList ports;
+    std::int32_t &line = mixer.Mute(MixerLine::Line), &disc = mixer.Mute(MixerLine::CD);
+    std::unique_ptr<frmXMCtl> xm;
+
+    TunersTest() {
+        settings.Write("dlink_tuner", "currentfreq", "96.5");
+        settings.LoadSettings();
+        Settings& s = settings.values;
+        s.dlink_enabled = s.xmpcr_enabled = true;
+        s.dlink_audio_input = 1;
+        s.xmpcr_audio_input = 2;
+        s.TSRepeatVal = 4;
+        s.CDDriveLetter = "/media/disc";
+        s.MediaDir = app.File("media");
+        ports[0] = {"XMPCR", "/dev/x"};
+        receiver.AddChannels(20);
+        receiver.script.delayMs = 5;
+        port->onOutput = [this](std::string_view bytes) { receiver.Hear(bytes); };
+        LineMute& lines = sound.loudness.Lines();
+        xm = std::make_unique<frmXMCtl>(frmXMCtl::Needs{
+            .base = base,
+            .channels = channels,
+            .port = std::unique_ptr<SerialPort>(port),
+            .ports = [this] { return ports; },
+            .line = {[&lines] { lines.MuteLine(2); }, [&lines] { lines.RestoreMuteState(2); }},
+            .plays = [this] { return audio.PlayMode == PlayXM; }});
+        sources[PlayFM] = [this](const SourceContext& context) {
+            return std::make_unique<FMSource>(context, fm, route);
+        };
+        sources[PlayXM] = [this](const SourceContext& context) {
+            return std::make_unique<XMSource>(context, *xm, channels);
+        };
+        screens.Add("playmp3", playerScreen);
+    }
+    ~TunersTest() override { made.reset(); }
+    void Press() { Command(&AudioPlayer::TSRadio2MP3Btn_Click); }
+    void Tuner(PlayModeValue mode) {
+        ChooseTuner(mode, settings, audio);
+        Enter();
+        clock.Advance(5000);
+    }
+    std::string Row(int row) {
+        return list.GetIndexFirstArray(row) + "|" + list.GetTitleListusercontrol(row);
+    }
+    /// Who is heard: the player process, and each tuner whose line is open and which is on.
+    std::string Heard() {
+        std::string heard = process.status == 1 ? "audio " : "";
+        if (radio.on && line == 0) heard += "FM ";
+        if (receiver.tuned != 0 && disc == 0) heard += "XM ";
+        return heard;
+    }
+
+    RecordingScreen playerScreen;
+};
+
+TEST_F(TunersTest, FMIsTunedByStepsSeeksAndPresets) {
+    line = 1;
+    app.Write("presets.lst", "95.1:Radio One\r\n99.9:\r\n");
+    app.Write("COMMON/FMPICS/Radio One.png", "picture one");
+    settings.values.capture = "plughw:CARD=Radio";
+    Tuner(PlayFM);
+    EXPECT_EQ(view.artist + ", " + view.listTitle, "FM 96.50 MHz, D-Link FM Radio");
+    EXPECT_EQ(Heard(), "FM ");
+    EXPECT_EQ(route.from, "plughw:CARD=Radio");
+    EXPECT_EQ(Row(0) + Row(1), "Radio One - |95.199.9|");
+    player().runok();
+    EXPECT_EQ(view.artist + ", " + view.title, "FM 95.10 MHz, Radio One");
+    clock.Advance(2000);
+    view.FinishCover();
+    EXPECT_EQ(view.cover, "picture one");
+    radio.stereo = {1910};
+    player().MoveAhead();
+    clock.Advance(600);
+    EXPECT_EQ(view.artist, "FM 95.50 MHz");
+    player().buttons().Press(HeldForward); // a short touch in the hold is a step
+    player().buttons().Release();
+    EXPECT_EQ(view.artist, "FM 95.70 MHz");
+    player().buttons().Press(HeldRewind);
+    clock.Advance(600);
+    player().buttons().Release();
+    EXPECT_EQ(fm.State(), SeekHolds);
+    clock.Advance(3000);
+    player().AddToFavorites();
+    const std::string added = FrequencyText(fm.Frequency());
+    EXPECT_THAT(app.Read("presets.lst"), HasSubstr(added + ":" + added + " MHz"));
+    EXPECT_EQ(list.ItemCount(), 3);
+    EXPECT_EQ(player().Now().artist, "FM " + added + " MHz");
+    Command(&AudioPlayer::doquit);
+    EXPECT_EQ(line, 1) << "as it was found";
+    EXPECT_FALSE(radio.on || route.Running());
+    EXPECT_EQ(settings.Get(setting::currentfreq), *ParseDecimal(added));
+}
+
+TEST_F(TunersTest, AFrequencyOutsideOfTheBandIsCorrected) {
+    settings.Write("dlink_tuner", "currentfreq", "");
+    Tuner(PlayFM);
+    EXPECT_EQ(view.artist, "FM 87.70 MHz");
+    EXPECT_EQ(settings.Read("dlink_tuner", "currentfreq"), "87.7");
+}
+
+TEST_F(TunersTest, XMPlaysAChannelAndShowsWhatItTells) {
+    disc = 1;
+    app.Write("COMMON/XMPICS/channel_5.gif", "picture five");
+    settings.Set(setting::CurrentChannel, 5);
+    Tuner(PlayXM);
+    EXPECT_EQ(Heard(), "XM ");
+    EXPECT_EQ(view.artist + ", " + view.title, "Artist 5, Song 5");
+    EXPECT_EQ(view.listTitle + view.mediaType, "XM Satellite Radioradio.gif");
+    EXPECT_THAT(view.time, HasSubstr("TrackTime: 3:0"));
+    view.FinishCover();
+    EXPECT_EQ(view.cover, "picture five");
+    ASSERT_EQ(list.ItemCount(), 21);
+    EXPECT_EQ(Row(4), "5 - Channel 5 - |Artist 5 - Song 5");
+    EXPECT_EQ(Row(0), "1 - XM Preview - |No Data");
+    settings.values.hideXMChanNo = true;
+    player().MoveAhead();
+    receiver.channels[6].title = "New";
+    clock.Advance(1000);
+    EXPECT_EQ(view.title, "New");
+    EXPECT_EQ(Row(5), "Channel 6 - |Artist 6 - New");
+    receiver.script.gone = {9};
+    clock.Advance(20000);
+    EXPECT_EQ(list.ItemCount(), 20) << "a channel has gone";
+    player().AddToFavorites();
+    EXPECT_EQ(app.Read("favorites.xcl"), "6\r\n");
+    Command(&AudioPlayer::doquit);
+    clock.Advance(500);
+    EXPECT_EQ(disc, 1);
+    EXPECT_EQ(settings.Read("xmpcr_tuner", "CurrentChannel"), "6");
+    EXPECT_EQ(receiver.tuned, 0) << "it is idle";
+}
+
+TEST_F(TunersTest, ALostSignalIsToldAndSilent) {
+    Tuner(PlayXM);
+    const struct {
+        int signal, antenna;
+        const char* caption;
+        int mute;
+    } cases[] = {{0, 1, "-No Signal-", 1},
+                 {3, 1, "Artist 2", 0},
+                 {0, 0, "-Antenna Disconnected-", 1},
+                 {3, 3, "Artist 2", 0}};
+    player().MoveAhead();
+    clock.Advance(1000);
+    for (const auto& c : cases) {
+        receiver.script.signal = c.signal;
+        receiver.script.antenna = c.antenna;
+        clock.Advance(3000);
+        EXPECT_EQ(view.artist, c.caption);
+        EXPECT_EQ(disc, c.mute);
+    }
+}
+
+TEST_F(TunersTest, AReceiverThatIsNotThereIsLookedForUntilTheUserLeaves) {
+    receiver.script.silent = true;
+    for (std::size_t i = 0; i < ports.size(); ++i)
+        ports[i] = {"P", "/dev/" + std::to_string(i)};
+    state.FirstRadioType = 1;
+    Play(3);
+    std::vector<std::string> said;
+    clock.onEvents = [&] {
+        if (said.empty() || said.back() != view.loading) said.push_back(view.loading);
+    };
+    Press();
+    EXPECT_THAT(said, Contains("Searching for XMPCR\nXM Com Port: 15"));
+    EXPECT_EQ(view.clocks.back() + Heard(), NoRadio);
+    Play(3);
+    clock.onEvents = [&] {
+        if (port->opened.size() == 5) QuitMeanwhile();
+    };
+    port->opened.clear();
+    Press();
+    EXPECT_EQ(port->opened.size(), 5u);
+    EXPECT_EQ(menu.Count("ReShow"), 1);
+    clock.Advance(10);
+    EXPECT_FALSE(xm->Searching());
+}
+
+TEST_F(TunersTest, APulledReceiverEndsThePlayerAndWorksAfterTheNextChange) {
+    Tuner(PlayXM);
+    playerScreen.onCall = [this](const std::string& call) {
+        if (call == "doquit") player().doquit();
+    };
+    port->Unplug();
+    clock.Advance(100);
+    EXPECT_EQ(menu.Count("ReShow"), 1);
+    EXPECT_EQ(audio.PlayMode, PlayNone);
+    EXPECT_EQ(LinesLogged("unrecoverable"), 1);
+    port->present = true;
+    Tuner(PlayXM);
+    EXPECT_EQ(Heard(), "XM ");
+}
+
+TEST_F(TunersTest, AChannelFromTheBrowserReplacesTheMusic) {
+    Play(3);
+    channels.channelListReady = true;
+    app.Write("xm_current.lst", "7\n9\n");
+    audio.PlayMode = PlayXM; // as the browser hands it over
+    audio.ListFile = app.File("xm_current.lst");
+    audio.ListTitle = "My list";
+    audio.CurrentChannel = 9;
+    audio.bStartPlaying = true;
+    Command(&AudioPlayer::ReDisplay);
+    clock.Advance(3000);
+    EXPECT_EQ(Heard(), "XM ");
+    EXPECT_EQ(receiver.tuned, 9);
+    EXPECT_EQ(list.ItemCount(), 2);
+    audio.CurrentChannel = 7;
+    audio.bStartPlaying = true;
+    Command(&AudioPlayer::ReDisplay);
+    clock.Advance(3000);
+    EXPECT_EQ(receiver.tuned, 7);
+    EXPECT_EQ(disc, 0);
+}
+
+TEST_F(TunersTest, AThousandRandomChangesLeaveOneSourceSounding) {
+    std::uint32_t seed = 11;
+    const auto next = [&](std::uint32_t below) {
+        return ((seed = seed * 1664525 + 1013904223) >> 16) % below;
+    };
+    radio.stereo = {1770, 1930};
+    line = 1;
+    Play(9);
+    for (int i = 0; i < 1000; ++i) {
+        Settings& s = settings.values;
+        switch (next(12)) {
+        case 0:
+            s.dlink_enabled = audio.PlayMode == PlayFM || next(2) == 0;
+            break;
+        case 1:
+            s.xmpcr_enabled = audio.PlayMode == PlayXM || next(2) == 0;
+            break;
+        case 2:
+            state.FirstRadioType = static_cast<std::int32_t>(next(2));
+            break;
+        case 3:
+            Command(&AudioPlayer::doquit);
+            EXPECT_EQ(Heard(), "") << i;
+            clock.Advance(1000);
+            EXPECT_EQ(line, 1) << i;
+            EXPECT_EQ(disc, 0) << i;
+            Play(9);
+            break;
+        case 4:
+            Command(&AudioPlayer::MoveAhead);
+            break;
+        case 5:
+            if (xm->On()) {
+                receiver.tuned = 0;
+                port->Unplug();
+            }
+            port->present = true;
+            break;
+        case 6:
+            radio.there = !radio.there;
+            break;
+        case 7:
+            receiver.script.signal = static_cast<int>(next(2)) * 3;
+            break;
+        default:
+            clock.onEvents = [&] { // a press in the middle of it
+                if (next(40) == 0) Press();
+            };
+            Press();
+            clock.onEvents = {};
+        }
+        clock.Advance(static_cast<int>(next(3000)));
+        const std::string heard = Heard();
+        EXPECT_LE(std::ranges::count(heard, ' '), 1) << heard << " after " << i;
+        const char* plays[] = {"", "FM ", "XM ", "audio "};
+        EXPECT_TRUE(heard.empty() || heard == plays[audio.PlayMode])
+            << heard << "is heard, but it is " << audio.PlayMode << " after " << i;
+        const bool tuner = audio.PlayMode == PlayFM || audio.PlayMode == PlayXM;
+        EXPECT_EQ(view.mediaType, tuner ? "radio.gif" : "mp3icon.gif") << i;
+    }
+}
+
+} // namespace
+} // namespace vk::test
