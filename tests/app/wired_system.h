@@ -108,8 +108,8 @@ struct FakeMachine {
     FakePower power;
     FakeGamma gamma;
     FakeBacklight backlight;
-    FakeSerialPort* serial = nullptr;  ///< the one made last, as long as that is there
-    FakeRadio* radio = nullptr; ///< null: there is no library
+    FakeSerialPort* serial = nullptr; ///< the one made last, as long as that is there
+    FakeRadio* radio = nullptr;       ///< null: there is no library
     FakeSerialPort* xmPort = nullptr;
     SerialList serialPorts;
     FakeSoundRoute route;
