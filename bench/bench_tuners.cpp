@@ -28,7 +28,8 @@ BENCHMARK(DecodeFrames)->Arg(9)->Arg(87);
 void ActOnSongs(benchmark::State& state) {
     CoreFixture core;
     ChannelTable channels;
-    XMState known{.currentChannel = 5};
+    XMState known;
+    known.currentChannel = 5;
     XMLinkState link;
     FakeSerialPort port;
     FrameSender sender({port, core.clock, link, {}, {}});

@@ -17,6 +17,7 @@ namespace vk::test {
 namespace {
 
 constexpr int HearMs = 5, SongMs = 20000;
+constexpr int PieceMs = 8; // a byte a millisecond, as at 9600 baud
 
 class Workbench {
   public:
@@ -25,6 +26,7 @@ class Workbench {
         receiver_.script.delayMs = 10;
         ears_->Start(HearMs);
         songs_->Start(SongMs);
+        line_->Start(PieceMs);
     }
     void Command(const std::string& line) {
         std::istringstream words(line);
@@ -46,6 +48,10 @@ class Workbench {
             channel.title = "Song " + std::to_string(number) + "/" + std::to_string(song_);
         if (receiver_.on) receiver_.Notify();
     }
+    void SendPiece() {
+        const std::string piece = waiting_.substr(0, PieceMs);
+        if (device_.Send(piece)) waiting_.erase(0, piece.size());
+    }
     void Hear() {
         const std::string& all = device_.Heard();
         if (all.size() < heard_) heard_ = 0;
@@ -55,7 +61,9 @@ class Workbench {
 
     QtClock clock_;
     PtyReceiver device_;
-    SimReceiver receiver_{clock_, [this](std::string_view bytes) { device_.Send(bytes); }};
+    std::string waiting_; ///< to be sent
+    SimReceiver receiver_{clock_, [this](std::string_view bytes) { waiting_ += bytes; }};
+    std::unique_ptr<Timer> line_ = clock_.MakeTimer([this] { SendPiece(); });
     std::unique_ptr<Timer> ears_ = clock_.MakeTimer([this] { Hear(); });
     std::unique_ptr<Timer> songs_ = clock_.MakeTimer([this] { NextSong(); });
     std::size_t heard_ = 0;
@@ -63,8 +71,6 @@ class Workbench {
     std::map<std::string, std::function<void(int)>> commands_ = {
         {"silent", [this](int on) { receiver_.script.silent = on != 0; }},
         {"delay", [this](int ms) { receiver_.script.delayMs = ms; }},
-        {"pieces", [this](int bytes) { receiver_.script.pieceSize = std::size_t(bytes); }},
-        {"merge", [this](int on) { receiver_.script.merge = on != 0; }},
         {"noise", [this](int bytes) { receiver_.script.noise.assign(std::size_t(bytes), '\x55'); }},
         {"tells39", [this](int on) { receiver_.script.tells39 = on != 0; }},
         {"refuse", [this](int channel) { receiver_.script.refused.insert(channel); }},
