@@ -23,7 +23,7 @@ struct Cursor {
             column = 0;
         }
         const bool begins = row.sheet && (sheet > 0 || line > 0);
-        if (line >= lines || begins) {
+        if (line + row.lines > lines || begins) {
             ++sheet;
             line = 0;
         }
@@ -36,6 +36,7 @@ void AddRow(std::vector<Plate>& plates, const Row& row, const Cursor& at, int fi
     plates.push_back({.line = first + at.line,
                       .left = at.column,
                       .width = row.width - ends,
+                      .lines = row.lines,
                       .sheet = at.sheet,
                       .text = row.text,
                       .use = row.use,
@@ -72,6 +73,7 @@ std::vector<Plate> LayOut(const std::vector<Row>& rows, int first, int lines) {
         cursor.Advance(row, lines);
         AddRow(plates, row, cursor, first);
         cursor.column += row.width;
+        cursor.line += row.lines - 1;
     }
     return plates;
 }

@@ -12,6 +12,7 @@ namespace vk {
 /// What can be touched or marked, or is only a text.
 struct Plate {
     int line = 0, left = 0, width = 0; ///< in lines and columns of the board
+    int lines = 1;
     int sheet = 0;
     std::function<std::string()> text;
     std::function<void()> use = {};

@@ -155,7 +155,8 @@ Row TimeRow(SettingsStore& store, const Setting<std::string>& setting) {
     return row;
 }
 
-Row ItemsRow(SettingsStore& store, Dialogs& dialogs, const Setting<std::string>& setting) {
+Row ItemsRow(SettingsStore& store, Dialogs& dialogs, const Setting<std::string>& setting,
+             const Items& texts) {
     const auto shown = std::make_shared<std::size_t>(0);
     const auto items = [&] {
         const std::string text = Now(store, setting);
@@ -168,19 +169,29 @@ Row ItemsRow(SettingsStore& store, Dialogs& dialogs, const Setting<std::string>&
     const auto step = [shown, items](std::size_t by) {
         if (const auto count = items().size()) *shown = (*shown % count + by % count) % count;
     };
-    const auto add = [&, shown, items] {
-        const auto typed = dialogs.InputBox(setting.caption, {}, {});
-        if (!typed || Trim(*typed).empty()) return;
-        auto all = items();
-        *shown = all.size();
-        all.push_back(Trim(*typed));
+    const auto put = [&, texts](const std::vector<std::string>& all) {
         store.Set(setting, Join(all, ":"));
+        texts.changed();
     };
-    const auto remove = [&, shown, items, item] {
+    const auto add = [&dialogs, shown, items, texts, put] {
+        if (!texts.mayChange()) return;
+        const auto typed = dialogs.InputBox(texts.ask, {}, {});
+        const std::string added = ToUpper(Trim(typed.value_or("")));
         auto all = items();
-        if (all.empty() || !dialogs.AskYesNo("Remove " + item() + "?", setting.caption)) return;
+        if (added.empty() || !texts.mayChange()) return;
+        const auto there = std::ranges::find(all, added);
+        *shown = static_cast<std::size_t>(there - all.begin());
+        if (there != all.end()) return;
+        all.push_back(added);
+        put(all);
+    };
+    const auto remove = [&dialogs, shown, items, item, texts, put] {
+        auto all = items();
+        if (all.empty() || !texts.mayChange()) return;
+        if (!dialogs.AskYesNo(texts.before + item() + texts.after, texts.title)) return;
+        if (!texts.mayChange()) return;
         all.erase(all.begin() + static_cast<std::ptrdiff_t>(*shown % all.size()));
-        store.Set(setting, Join(all, ":"));
+        put(all);
     };
     return {.text = Captioned(setting.caption, item),
             .ends = {{"<", [step, items] { step(items().size() - 1); }},

@@ -28,6 +28,7 @@ struct Row {
     std::function<bool()> usable = {}; ///< empty: always
     std::function<int()> percent = {}; ///< how far something is; negative: nothing is under way
     int width = Half;                  ///< in columns of the page
+    int lines = 1;                     ///< of the page; nothing lies beside one of several
     const char* sheet = nullptr;       ///< begins a new sheet of this name
     const char* name = nullptr;        ///< of the button
 };
@@ -59,8 +60,17 @@ Row TextRow(SettingsStore& store, Dialogs& dialogs, const Setting<std::string>& 
 Row FolderRow(SettingsStore& store, Dialogs& dialogs, const Setting<std::string>& setting);
 /// A time of day, by quarters of an hour.
 Row TimeRow(SettingsStore& store, const Setting<std::string>& setting);
-/// Items separated by ":" in one setting: stepped through, added to, and taken out after a
-/// question.
-Row ItemsRow(SettingsStore& store, Dialogs& dialogs, const Setting<std::string>& setting);
+/// What a list of items says, and who is asked and told of a change.
+struct Items {
+    const char* ask;            ///< the text of the box for a new one
+    const char *before, *after; ///< the question before one is taken out, around it
+    const char* title;          ///< of the question
+    std::function<bool()> mayChange;
+    std::function<void()> changed;
+};
+/// Items in upper case separated by ":" in one setting: stepped through, added to, and taken out
+/// after a question.
+Row ItemsRow(SettingsStore& store, Dialogs& dialogs, const Setting<std::string>& setting,
+             const Items& texts);
 
 } // namespace vk

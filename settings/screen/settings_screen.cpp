@@ -1,6 +1,8 @@
 #include "settings/screen/settings_screen.h"
 
+#include "settings/actions_page.h"
 #include "settings/appearance_page.h"
+#include "settings/extensions_page.h"
 #include "settings/learning_pages.h"
 #include "settings/screen/row_look.h"
 #include "skin/controls/looks.h"
@@ -26,14 +28,18 @@ KeyboardLearning::Needs KeyboardNeeds(const SettingsShell::Needs& shell) {
 settings::settings(const ControlContext& context, SettingsShell::Needs shell,
                    RemoteLearning::Needs remote, std::vector<Page> more, QWidget* parent)
     : QWidget(parent), context_(context), shellPage_(shell, *this), keyboard_(KeyboardNeeds(shell)),
-      remote_(std::move(remote)), pages_(shell.base.screens, shell.keys, *this), heading_(this) {
+      remote_(std::move(remote)), debugPage_(shell.base),
+      pages_(shell.base.screens, shell.keys, *this), heading_(this) {
     const auto back = [this] { pages_.GoTo(0); };
     pages_.Add(shellPage_.Describe());
     pages_.Add(AppearancePage(shell.base.settings));
+    pages_.Add(ActionsPage(shell.base.settings));
+    pages_.Add(ExtensionsPage(shell.base, shell.extensions, shell.catalogue));
     pages_.Add(KeyboardPage(keyboard_, back));
     pages_.Add(RemotePage(shell.base.settings, remote_, back));
     for (Page& page : more)
         pages_.Add(std::move(page));
+    pages_.Add(debugPage_.Describe());
     keyboard_.onTimeOut = remote_.onTimeOut = [this] { Draw(); };
     heading_.SetWrap(true);
     heading_.SetShrink(SmallestHeading);
@@ -73,7 +79,7 @@ QRect settings::BoxOf(const Plate& plate) const {
     const auto x = [&](int column) { return gap + column * wide / BoardColumns; };
     const auto y = [&](int line) { return top + line * tall / BoardLines; };
     return {QPoint(x(plate.left), y(plate.line)),
-            QPoint(x(plate.left + plate.width) - gap - 1, y(plate.line + 1) - gap - 1)};
+            QPoint(x(plate.left + plate.width) - gap - 1, y(plate.line + plate.lines) - gap - 1)};
 }
 
 void settings::DoLayout() {

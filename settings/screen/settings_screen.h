@@ -1,6 +1,7 @@
 // The settings: their pages, and the window that draws the one that is shown.
 #pragma once
 
+#include "settings/debug_page.h"
 #include "settings/keyboard_learning.h"
 #include "settings/pages/settings_pages.h"
 #include "settings/remote_learning.h"
@@ -48,6 +49,7 @@ class settings : public QWidget, public PageView {
     ShellPage shellPage_;
     KeyboardLearning keyboard_;
     RemoteLearning remote_;
+    DebugPage debugPage_;
     SettingsPages pages_;
     ShadedLabel heading_;
     std::vector<std::unique_ptr<PlateLabel>> labels_;

@@ -5,7 +5,13 @@
 namespace vk {
 namespace {
 
-struct SettingsScreenTest : testing::Test, test::SettingsFixture {};
+struct SettingsScreenTest : testing::Test, test::SettingsFixture {
+    bool Shows(const std::string& text) const {
+        for (const ShadedLabel* label : screen->findChildren<ShadedLabel*>())
+            if (label->Text().find(text) != std::string::npos) return true;
+        return false;
+    }
+};
 
 TEST_F(SettingsScreenTest, TheFoldersAreChosenByKeysAloneAndByTouchAlone) {
     const std::string media = app.MakeFolder("other"), more = app.MakeFolder("more");
@@ -80,13 +86,45 @@ TEST_F(SettingsScreenTest, AnAppearanceIsChosenAndCountsWhenTheSettingsAreLeft) 
     EXPECT_EQ(state.CurrentSkinFile, "Other.skn");
 }
 
+TEST_F(SettingsScreenTest, AnotherTypeIsLookedForAtOnceButNotWhileTheCatalogueIsBusy) {
+    dialogs.inputs = {"flac"};
+    dialogs.answers = {true};
+    screens.Show("settingsExtensions");
+    for (const char* key : {"39", "39", "13"}) // to "Add"
+        Press(key);
+    EXPECT_TRUE(settings.values.AudioExtensions.ends_with(":FLAC"));
+    EXPECT_EQ(extensions.AudioExtensionList.back(), "FLAC");
+    state.DBState = DBStateValue::Rebuilding;
+    Press("13");
+    EXPECT_EQ(dialogs.shown.back(), "Please wait for the database to finish");
+}
+
+TEST_F(SettingsScreenTest, TheLogIsReadClearedAndCarriedAway) {
+    const std::string stick = app.MakeFolder("stick");
+    log.WriteDebugLog("something odd");
+    screens.Show("settingsDebug");
+    EXPECT_TRUE(Shows("something odd"));
+    TapOn("btnCopyLog");
+    EXPECT_TRUE(Shows("There is no removable drive"));
+    volumes.drives = {{stick, DriveType::Removable}};
+    volumes.ready = {stick};
+    TapOn("btnCopyLog");
+    ASSERT_EQ(ListFolder(stick).size(), 1u);
+    const std::string copies = "stick/" + ListFolder(stick)[0].name;
+    EXPECT_EQ(app.Read(copies + "/debug.log"), app.Read("debug.log"));
+    EXPECT_EQ(app.Read(copies + "/settings.ini"), app.Read("settings.ini"));
+    TapOn("btnClearLog");
+    EXPECT_FALSE(Shows("something odd"));
+}
+
 // What a finger can hit is 12 mm tall and wide on a 7-inch panel.
 TEST_F(SettingsScreenTest, EverythingIsLargeAndLiesOnTheScreenAtEverySize) {
     for (const QSize size : test::PanelSizes) {
         state.ScreenWidth = size.width();
         state.ScreenHeight = size.height();
         for (const char* page :
-             {"settings", "settingsAppearance", "settingsKeyboard", "settingsRemote"})
+             {"settings", "settingsAppearance", "settingsActions", "settingsExtensions",
+              "settingsKeyboard", "settingsRemote", "settingsDebug"})
             for (int sheet = 0; sheet < 3; ++sheet) {
                 screens.Show(page);
                 if (Find("More")) TapOn("More");

@@ -20,6 +20,8 @@ struct CountingView : PageView {
     int shown = 0, hidden = 0;
 };
 
+const Items Kinds{"Which?", "Out with ", "?", "Kinds", [] { return true; }, [] {}};
+
 struct PagesTest : testing::Test, CoreFixture {
     void Show(std::vector<Row> rows) {
         pages.Add({.name = "first",
@@ -62,8 +64,8 @@ TEST_F(PagesTest, EachKindOfRowSetsItsSetting) {
         {TextRow(settings, dialogs, setting::VisWindowName), &setting::VisWindowName},
         {FolderRow(settings, dialogs, setting::MediaDir), &setting::MediaDir},
         {TimeRow(settings, setting::Time1), &setting::Time1},
-        {ItemsRow(settings, dialogs, setting::AudioExtensions), &setting::AudioExtensions}};
-    dialogs.inputs = {"Flames", "OGG"};
+        {ItemsRow(settings, dialogs, setting::AudioExtensions, Kinds), &setting::AudioExtensions}};
+    dialogs.inputs = {"Flames", " ogg"};
     dialogs.folders = {"/music"};
     dialogs.answers = {true};
     struct Case {
