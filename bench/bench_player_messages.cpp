@@ -6,8 +6,10 @@
 #include <benchmark/benchmark.h>
 #include <stdlib.h>
 
+#include <chrono>
 #include <cstdlib>
 #include <filesystem>
+#include <thread>
 
 namespace {
 
@@ -23,8 +25,11 @@ class PrivatePlayer {
         char pattern[] = "/tmp/velkorandum-bench-XXXXXX";
         folder_ = ::mkdtemp(pattern);
         ::setenv("XDG_RUNTIME_DIR", folder_.c_str(), 1);
-        window->StartAndWaitForInputIdle(JoinPath(VK_APP_DIR, "winamp"), VK_APP_DIR);
-        handle = window->FindWindow(WindowClass);
+        window->Start(JoinPath(VK_APP_DIR, "winamp"), VK_APP_DIR);
+        for (int tries = 0; tries < 1000 && handle == 0; ++tries) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(2));
+            handle = window->FindWindow(WindowClass);
+        }
     }
     ~PrivatePlayer() {
         window->SendMessage(handle, WM_COMMAND, CloseCommand, 0);

@@ -195,8 +195,7 @@ std::int32_t cWinamp::WinAMP_gettracknum() {
 
 bool cWinamp::WinAMP_Start() {
     try {
-        return WinAMP_FindWindow() ||
-               needs_.window.StartAndWaitForInputIdle(Program(), needs_.folder);
+        return WinAMP_FindWindow() || needs_.window.Start(Program(), needs_.folder);
     } catch (const std::exception&) {
         return false;
     }

@@ -86,8 +86,8 @@ class cWinamp {
     /// Makes the zero-based list entry the current one.
     void WinAMP_loadtracknum(std::int32_t index);
     std::int32_t WinAMP_gettracknum();
-    /// Starts the process hidden unless it runs, and waits until it takes messages. The window is
-    /// not looked for again here. Errors are swallowed and give false.
+    /// Starts the process hidden unless it runs. It takes messages a moment later, when its window
+    /// is found. Errors are swallowed and give false.
     bool WinAMP_Start();
     /// Hands a file (a whole list) over through the program's command line, without waiting for it
     /// to arrive. False when the file is missing or the program could not be run.

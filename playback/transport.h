@@ -37,6 +37,11 @@ class Transport {
     /// Acts on what a map gives a meaning, as on the player's own screen; true when it was used.
     virtual bool DoAction(const InputCode& code) = 0;
     virtual NowPlaying Now() = 0;
+    /// True while what plays (or pauses) was begun by the player process and ends with it.
+    virtual bool NeedsPlayer() const { return false; }
+    /// The player process is another one: has it play on what it lost, that zero-based track of the
+    /// list at `seconds`; a negative track is the one that was played last, from its beginning.
+    virtual void GoOn(std::int32_t /*track*/, std::int32_t /*seconds*/) {}
 };
 
 /// Stands for whoever plays, and does nothing while nobody does: one object a process, which
@@ -56,6 +61,10 @@ class TransportLink : public Transport {
     void doquit() override { Tell(&Transport::doquit); }
     bool DoAction(const InputCode& code) override { return player_ && player_->DoAction(code); }
     NowPlaying Now() override { return player_ ? player_->Now() : NowPlaying{}; }
+    bool NeedsPlayer() const override { return player_ && player_->NeedsPlayer(); }
+    void GoOn(std::int32_t track, std::int32_t seconds) override {
+        if (player_) player_->GoOn(track, seconds);
+    }
 
   private:
     void Tell(void (Transport::*operation)()) {

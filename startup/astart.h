@@ -137,7 +137,6 @@ class astart {
     void LoadScreens(int LoadStep::Place::*place, const char* LoadStep::*text);
     void StartRemote();
     void Timer1_Timer();
-    void WatchPlayer();
     static void Call(const std::function<void()>& hook) {
         if (hook) hook();
     }

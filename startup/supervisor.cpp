@@ -3,32 +3,11 @@
 
 namespace vk {
 
-namespace {
-
-// A screen left for another may lead to a third: player, browser, menu.
-constexpr int MostScreensToLeave = 4;
-
-} // namespace
-
 void astart::Timer1_Timer() {
     timer1_->Stop();
     if (base_.screens.Count() == 0) base_.window.ForceForegroundWindow();
     n_.whole.supervise();
-    if (base_.state.WinampWatched && n_.winamp) base_.commands.Run([this] { WatchPlayer(); });
     if (!unloaded_) timer1_->Start(SupervisorMs);
-}
-
-void astart::WatchPlayer() {
-    if (n_.winamp->WinAMP_FindWindow()) return;
-    base_.log.WriteDebugLog("Winamp was restarted");
-    n_.winamp->WinAMP_Start();
-    // The browser would go back to the player screen, whose player has lost its state as well.
-    for (int i = 0; i < MostScreensToLeave && base_.screens.CurrentForm != HomeScreen; ++i) {
-        const std::string form = base_.screens.CurrentForm.Text();
-        if (const ScreenOperations* screen = base_.screens.Current())
-            TrapAndLog(base_.report, "Leaving " + form + ": ", screen->doquit);
-        if (base_.screens.CurrentForm == form) return; // it asks something first
-    }
 }
 
 void astart::UnRefClass() {

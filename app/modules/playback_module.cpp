@@ -51,6 +51,14 @@ void PlaybackModule::Resume() {
     if (screen_) screen_->player().Resume();
 }
 
+void PlaybackModule::Supervise() {
+    if (!winamp || !host_.state.WinampWatched) return;
+    if (!watch_)
+        watch_.emplace(
+            PlayerWatch::Needs{host_.base, host_.ports.sound.player, *winamp, transport});
+    watch_->Look();
+}
+
 void PlaybackModule::Close(bool osShutdown) {
     closed_ = true;
     if (screen_) screen_->player().Form_Unload(osShutdown);

@@ -6,11 +6,13 @@
 #include "playback/audio_state.h"
 #include "playback/c_winamp.h"
 #include "playback/loudness.h"
+#include "playback/player_watch.h"
 #include "playback/screen/playmp3.h"
 #include "playback/transport.h"
 #include "playback/video_state.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -27,6 +29,7 @@ class PlaybackModule : public Module {
     void IgnitionOn() override;
     void Suspend() override;
     void Resume() override;
+    void Supervise() override;
     void SessionEnds() override { host_.LeaveScreen("playmp3"); }
     void Close(bool osShutdown) override;
 
@@ -58,6 +61,7 @@ class PlaybackModule : public Module {
     std::unique_ptr<cVolume> volume_;
     std::unique_ptr<Loudness> loudness_;
     std::unique_ptr<playmp3> screen_;
+    std::optional<PlayerWatch> watch_;
     bool closed_ = false;
 };
 

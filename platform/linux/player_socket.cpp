@@ -7,6 +7,7 @@
 #include <sys/stat.h>
 #include <sys/un.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
@@ -59,16 +60,6 @@ bool WaitReadable(int fd, int timeoutMs) {
     return result > 0;
 }
 
-bool SendPacket(int fd, const PlayerRequest& request, std::string_view payload) {
-    iovec parts[2] = {{const_cast<PlayerRequest*>(&request), sizeof request},
-                      {const_cast<char*>(payload.data()), payload.size()}};
-    msghdr message{};
-    message.msg_iov = parts;
-    message.msg_iovlen = payload.empty() ? 1 : 2;
-    return ::sendmsg(fd, &message, MSG_NOSIGNAL) ==
-           static_cast<ssize_t>(sizeof request + payload.size());
-}
-
 } // namespace
 
 std::string PlayerSocketPath(const std::string& windowClass, const std::string& folder) {
@@ -105,15 +96,36 @@ FileDescriptor ConnectTo(const std::string& path) {
     return connection;
 }
 
+bool SendRequest(const FileDescriptor& connection, const PlayerRequest& request,
+                 std::string_view payload) {
+    iovec parts[2] = {{const_cast<PlayerRequest*>(&request), sizeof request},
+                      {const_cast<char*>(payload.data()), payload.size()}};
+    msghdr message{};
+    message.msg_iov = parts;
+    message.msg_iovlen = payload.empty() ? 1 : 2;
+    return ::sendmsg(connection.get(), &message, MSG_NOSIGNAL) ==
+           static_cast<ssize_t>(sizeof request + payload.size());
+}
+
+AnswerTaken TakeAnswer(const FileDescriptor& connection, int timeoutMs) {
+    char packet[sizeof(PlayerReply) + PlayerTextLimit];
+    if (!WaitReadable(connection.get(), timeoutMs)) return {};
+    const ssize_t got = ::recv(connection.get(), packet, sizeof packet, MSG_DONTWAIT | MSG_TRUNC);
+    if (got < 0 && (errno == EAGAIN || errno == EINTR)) return {};
+    const auto length = static_cast<std::size_t>(std::max<ssize_t>(got, 0));
+    if (length < sizeof(PlayerReply) || length > sizeof packet) return {.answer = {}, .gone = true};
+    PlayerReply reply;
+    std::memcpy(&reply, packet, sizeof reply);
+    return {.answer = PlayerAnswer{reply.result,
+                                   std::string(packet + sizeof reply, length - sizeof reply)}};
+}
+
 std::optional<std::int32_t> AskPlayer(const FileDescriptor& connection,
                                       const PlayerRequest& request, std::string_view payload,
                                       int timeoutMs) {
-    PlayerReply reply;
-    if (!connection || !SendPacket(connection.get(), request, payload) ||
-        !WaitReadable(connection.get(), timeoutMs) ||
-        ::recv(connection.get(), &reply, sizeof reply, MSG_DONTWAIT) != sizeof reply)
-        return std::nullopt;
-    return reply.result;
+    if (!connection || !SendRequest(connection, request, payload)) return std::nullopt;
+    const AnswerTaken taken = TakeAnswer(connection, timeoutMs);
+    return taken.answer ? std::optional(taken.answer->result) : std::nullopt;
 }
 
 bool ConnectionAlive(const FileDescriptor& connection) {

@@ -23,8 +23,21 @@ struct PlayerRequest {
     std::int32_t lParam = 0;
 };
 
+/// A text may follow it, in UTF-8, up to the end of the packet.
 struct PlayerReply {
     std::int32_t result = 0;
+};
+
+/// A reply as it was received.
+struct PlayerAnswer {
+    std::int32_t result = 0;
+    std::string text;
+};
+
+/// What a look at the connection has brought.
+struct AnswerTaken {
+    std::optional<PlayerAnswer> answer;
+    bool gone = false; ///< the other end has closed it, or sends nonsense
 };
 
 /// The message that hands a list over, step by step; wParam is a PlayerListStep. Every step is
@@ -36,6 +49,9 @@ enum PlayerListStep : std::int32_t {
     ListPaths = 1, ///< payload: full paths, each ended by a NUL
     ListEnd = 2    ///< no payload: the list is complete
 };
+
+/// The longest text of a reply, in bytes.
+inline constexpr std::size_t PlayerTextLimit = 1024;
 
 /// The longest payload of one packet, in bytes.
 inline constexpr std::size_t PlayerPayloadLimit = 60000;
@@ -52,13 +68,20 @@ FileDescriptor ListenAt(const std::string& path);
 /// A connection to the socket at `path`; closed when nobody listens. Never waits.
 FileDescriptor ConnectTo(const std::string& path);
 
+/// Sends one request; false when it could not be taken at once.
+bool SendRequest(const FileDescriptor& connection, const PlayerRequest& request,
+                 std::string_view payload);
+
+/// The next reply, waited for `timeoutMs` milliseconds at most.
+AnswerTaken TakeAnswer(const FileDescriptor& connection, int timeoutMs);
+
 /// Sends one request and waits for its reply, at most `timeoutMs` milliseconds. Nothing when the
 /// other end is gone, hangs or answers out of turn: the connection is of no more use then.
 std::optional<std::int32_t> AskPlayer(const FileDescriptor& connection,
                                       const PlayerRequest& request, std::string_view payload,
                                       int timeoutMs);
 
-/// True while the other end has the connection open and owes no reply.
+/// True while the other end has the connection open and no reply waits to be taken.
 bool ConnectionAlive(const FileDescriptor& connection);
 
 } // namespace vk

@@ -1,21 +1,18 @@
 #include "platform/player_window.h"
 
-#include "platform/linux/player_socket.h"
+#include "platform/linux/player_connection.h"
 #include "platform/linux/spawn.h"
 
-#include <chrono>
-#include <thread>
+#include <signal.h>
+
 #include <utility>
 
 namespace vk {
 
 namespace {
 
-using namespace std::chrono_literals;
-
-constexpr int ReplyTimeoutMs = 1000;
-constexpr auto StartTimeout = 5s;
-constexpr auto StartStep = 2ms;
+// With what a press does besides it is answered within a quarter of a second.
+constexpr int ReplyTimeoutMs = 200;
 constexpr int EndTimeoutMs = 500;
 
 /// The player as a socket: a "window" is one connection, and a handle names one connection, so that
@@ -29,33 +26,46 @@ class SocketPlayerWindow : public PlayerWindow {
     ~SocketPlayerWindow() override {
         for (const ProgramId program : ran_)
             programs_.Kill(program);
+        if (SocketPlayerWindow::State() == PlayerState::Silent) SocketPlayerWindow::Kill();
         for (const ProgramId program : started_)
             if (!programs_.Wait(program, EndTimeoutMs)) programs_.Kill(program);
     }
 
     WindowHandle FindWindow(const std::string& windowClass) override {
-        if (windowClass == class_ && ConnectionAlive(connection_)) return handle_;
+        if (windowClass == class_ && connection_.Alive()) return handle_;
         class_ = windowClass;
-        connection_ = ConnectTo(PlayerSocketPath(windowClass, folder_));
-        return connection_ ? ++handle_ : 0;
+        if (!connection_.Open(PlayerSocketPath(windowClass, folder_))) return 0;
+        starting_ = 0;
+        return ++handle_;
     }
 
     std::int32_t SendMessage(WindowHandle window, unsigned message, std::int32_t wParam,
                              std::int32_t lParam) override {
-        if (window != handle_ || !ConnectionAlive(connection_)) return 0;
-        const auto answer = AskPlayer(connection_, {message, wParam, lParam}, {}, ReplyTimeoutMs);
-        // A late reply would be taken for that of the next message.
-        if (!answer) connection_.Close();
-        return answer.value_or(0);
+        if (window != handle_) return 0;
+        return connection_.Ask({message, wParam, lParam}, ReplyTimeoutMs).result;
     }
 
-    bool StartAndWaitForInputIdle(const std::string& program, const std::string& folder) override {
-        const ProgramId player = Start(program, {}, folder, started_);
-        const auto deadline = std::chrono::steady_clock::now() + StartTimeout;
-        while (player && FindWindow(PlayerWindowClass) == 0 && programs_.Running(player) &&
-               std::chrono::steady_clock::now() < deadline)
-            std::this_thread::sleep_for(StartStep);
-        return player != 0;
+    bool Start(const std::string& program, const std::string& folder) override {
+        if (starting_ == 0 || !programs_.Running(starting_))
+            starting_ = Start(program, {}, folder, started_);
+        return starting_ != 0;
+    }
+
+    PlayerState State() override {
+        if (FindWindow(PlayerWindowClass) != 0)
+            return connection_.Owes() ? PlayerState::Silent : PlayerState::Answers;
+        const bool starting = starting_ != 0 && programs_.Running(starting_);
+        return starting ? PlayerState::Starting : PlayerState::Gone;
+    }
+
+    // It may have been started by a system that went before this one.
+    void Kill() override {
+        const pid_t player = connection_.Alive() ? connection_.Process() : 0;
+        if (player > 0) ::kill(player, SIGKILL);
+        for (const ProgramId program : started_)
+            programs_.Kill(program);
+        connection_.Close();
+        starting_ = 0;
     }
 
     bool RunHidden(const std::string& program, const std::string& arguments,
@@ -78,8 +88,9 @@ class SocketPlayerWindow : public PlayerWindow {
     Programs& programs_;
     const std::string folder_;
     std::string class_;
-    FileDescriptor connection_;
+    PlayerConnection connection_;
     WindowHandle handle_ = 0;
+    ProgramId starting_ = 0; ///< the player that was started last and takes no messages yet
     std::vector<ProgramId> started_, ran_; ///< players; hand-overs
 };
 

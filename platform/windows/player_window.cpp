@@ -14,7 +14,10 @@ namespace vk {
 
 namespace {
 
+constexpr char PlayerWindowClass[] = "Winamp v1.x";
 constexpr DWORD EndTimeoutMs = 500;
+// With what a press does besides it is answered within a quarter of a second.
+constexpr UINT ReplyTimeoutMs = 200;
 
 HWND ToWindow(WindowHandle window) {
     return reinterpret_cast<HWND>(window);
@@ -29,24 +32,50 @@ class Win32PlayerWindow : public PlayerWindow {
     }
 
     WindowHandle FindWindow(const std::string& windowClass) override {
-        return reinterpret_cast<WindowHandle>(::FindWindowA(windowClass.c_str(), nullptr));
+        window_ = ::FindWindowA(windowClass.c_str(), nullptr);
+        return reinterpret_cast<WindowHandle>(window_);
     }
 
     std::int32_t SendMessage(WindowHandle window, unsigned message, std::int32_t wParam,
                              std::int32_t lParam) override {
-        return static_cast<std::int32_t>(::SendMessageA(
-            ToWindow(window), message, static_cast<WPARAM>(wParam), static_cast<LPARAM>(lParam)));
+        if (silent_ && !Answering()) {
+            ::PostMessageA(ToWindow(window), message, static_cast<WPARAM>(wParam), lParam);
+            return 0;
+        }
+        DWORD_PTR result = 0;
+        silent_ = ToWindow(window) != nullptr &&
+                  ::SendMessageTimeoutA(ToWindow(window), message, static_cast<WPARAM>(wParam),
+                                        static_cast<LPARAM>(lParam), SMTO_ABORTIFHUNG,
+                                        ReplyTimeoutMs, &result) == 0;
+        return static_cast<std::int32_t>(result);
     }
 
-    bool StartAndWaitForInputIdle(const std::string& program, const std::string& folder) override {
+    bool Start(const std::string& program, const std::string& folder) override {
+        if (Running()) return true;
         PROCESS_INFORMATION process{};
         if (!StartProcess({.program = program, .arguments = {}, .folder = folder, .hidden = true},
                           process))
             return false;
         ::CloseHandle(process.hThread);
         Keep(process.hProcess);
-        ::WaitForInputIdle(player_, INFINITE);
         return true;
+    }
+
+    PlayerState State() override {
+        if (FindWindow(PlayerWindowClass) != 0)
+            return silent_ && !Answering() ? PlayerState::Silent : PlayerState::Answers;
+        return Running() ? PlayerState::Starting : PlayerState::Gone;
+    }
+
+    // It may have been started by a system that went before this one.
+    void Kill() override {
+        DWORD id = 0;
+        if (window_) ::GetWindowThreadProcessId(window_, &id);
+        const HANDLE found = id != 0 ? ::OpenProcess(PROCESS_TERMINATE, FALSE, id) : nullptr;
+        if (found) ::TerminateProcess(found, 1);
+        if (found) ::CloseHandle(found);
+        if (player_) ::TerminateProcess(player_, 1);
+        silent_ = false;
     }
 
     // The player's command line is its own: the quotes stay where they stand.
@@ -68,12 +97,21 @@ class Win32PlayerWindow : public PlayerWindow {
     }
 
   private:
+    bool Running() const { return player_ && ::WaitForSingleObject(player_, 0) == WAIT_TIMEOUT; }
+    /// Asked without a wait: a message that says nothing is answered at once by whoever is back.
+    bool Answering() {
+        DWORD_PTR ignored = 0;
+        silent_ = ::SendMessageTimeoutA(window_, WM_NULL, 0, 0, SMTO_ABORTIFHUNG, 1, &ignored) == 0;
+        return !silent_;
+    }
     void Keep(HANDLE player) {
         if (player_) ::CloseHandle(player_);
         player_ = player;
     }
 
     HANDLE player_ = nullptr;
+    HWND window_ = nullptr; ///< as last found
+    bool silent_ = false;
 };
 
 } // namespace

@@ -134,6 +134,7 @@ void AudioPlayer::doquit() {
         cover_.Hide();
         n_.audio.PlayMode = PlayNone;
         n_.audio.bPaused = false;
+        n_.browser.FromPlayer = false; // there is nothing to go back to
         if (base_.screens.CurrentForm == FormName) base_.screens.Show("velkorandum");
     });
 }
@@ -220,6 +221,15 @@ void AudioPlayer::DoPause() {
 NowPlaying AudioPlayer::Now() {
     PlayerSource* source = sources_.Current();
     return source ? source->Now() : NowPlaying{};
+}
+
+bool AudioPlayer::NeedsPlayer() const {
+    const PlayerSource* source = sources_.Current();
+    return source && source->NeedsPlayer();
+}
+
+void AudioPlayer::GoOn(std::int32_t track, std::int32_t seconds) {
+    Ask("GoOn", [&](PlayerSource& source) { source.GoOn(track, seconds); });
 }
 
 void AudioPlayer::AddToFavorites() {

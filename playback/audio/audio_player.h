@@ -64,6 +64,8 @@ class AudioPlayer : public Transport {
     void DoPlay() override;
     void DoPause() override;
     NowPlaying Now() override;
+    bool NeedsPlayer() const override;
+    void GoOn(std::int32_t track, std::int32_t seconds) override;
     void setshuffle();
     /// Goes to the next source in the rotation. Where that cannot play, the present one goes on.
     void TSRadio2MP3Btn_Click();

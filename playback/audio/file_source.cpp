@@ -16,6 +16,7 @@ namespace {
 
 constexpr int PlayMs = 5000;
 constexpr int PollMs = 50;
+constexpr int MostStarts = 3;
 constexpr const char* ExpandedName = "vk_audio_expanded.m3u";
 
 /// Hides `lbLoading` at its end, however that comes.
@@ -176,25 +177,45 @@ void FileSource::HandOver(const TrackList& list) {
         c_.base.log.WriteDebugLog("could not write " + ToUtf8(copy) + ": " + reason);
 }
 
-// The order of the messages is what the player process relies on: it must have stopped and emptied
-// its list before the new one comes in, and the entry is chosen in the new list.
+// A process that ends meanwhile is replaced by the watchdog: then all of it is done once more.
 void FileSource::StartPlaying() {
     Select(audio_.CurrentTrack);
     audio_.PlayingIndex = audio_.CurrentTrack;
     audio_.bStartPlaying = false;
     started_ = false;
     Unpause();
-    Command(WinampStop);
-    winamp_.WinAMP_ClearPlaylist();
-    if (c_.rows.Count() == 0) return NotStarted("The files of this list are not there.");
-    winamp_.WinAMP_OpenFile(handedOver_);
-    winamp_.WinAMP_loadtracknum(audio_.CurrentTrack);
-    Command(WinampPlay);
     view_.ShowLoading("Loading");
-    if (!WaitForPlay()) return;
+    Start start = Start::PlayerLost;
+    for (int tries = 0; tries < MostStarts && start == Start::PlayerLost; ++tries)
+        start = TryToPlay();
+    if (start != Start::Plays) return start == Start::Left ? void() : Refuse();
     started_ = true;
     saved_.Started(SeekToResume());
     UpdateScreen();
+}
+
+// The order of the messages is what the player process relies on: it must have stopped and emptied
+// its list before the new one comes in, and the entry is chosen in the new list.
+FileSource::Start FileSource::TryToPlay() {
+    const Start found = FindPlayer();
+    if (found != Start::Plays) return found;
+    Command(WinampStop);
+    winamp_.WinAMP_ClearPlaylist();
+    if (c_.rows.Count() == 0) return Start::Refused;
+    winamp_.WinAMP_OpenFile(handedOver_);
+    winamp_.WinAMP_loadtracknum(audio_.CurrentTrack);
+    Command(WinampPlay);
+    return WaitForPlay();
+}
+
+// One that has just been started takes a moment. One that could not be for long is tried again now.
+FileSource::Start FileSource::FindPlayer() {
+    if (winamp_.WinAMP_GetHwnd() != 0) return Start::Plays;
+    if (!winamp_.WinAMP_Start()) return Start::Refused;
+    const auto found = [&] { return winamp_.WinAMP_GetHwnd() != 0; };
+    const Waited waited = c_.base.pump.Until({"the player process", found, PlayMs});
+    if (waited == Waited::Done) return Start::Plays;
+    return waited == Waited::TimedOut ? Start::Refused : Start::Left;
 }
 
 bool FileSource::Playing() {
@@ -207,16 +228,25 @@ void FileSource::NotStarted(const std::string& notice) {
     c_.clockLine.ShowProblem(notice);
 }
 
-// It is asked when it has had a moment to begin. False as well when the user leaves meanwhile. A
-// pause (the ignition) may come in between.
-bool FileSource::WaitForPlay() {
-    bool asked = false;
-    const auto plays = [&] { return std::exchange(asked, true) && Playing(); };
-    const Waited waited = c_.base.pump.Until({"the player's start", plays, PlayMs, PollMs});
-    if (waited != Waited::TimedOut) return waited == Waited::Done;
+void FileSource::Refuse() {
+    const bool empty = c_.rows.Count() == 0;
+    NotStarted(empty ? "The files of this list are not there." : "This list cannot be played.");
+}
+
+// It is asked when it has had a moment to begin. A pause (the ignition) may come in between.
+FileSource::Start FileSource::WaitForPlay() {
+    bool asked = false, plays = false;
+    const WindowHandle window = winamp_.WinAMP_GetHwnd();
+    const auto decided = [&] {
+        plays = std::exchange(asked, true) && Playing();
+        return plays || winamp_.WinAMP_GetHwnd() != window;
+    };
+    const Waited waited = c_.base.pump.Until({"the player's start", decided, PlayMs, PollMs});
+    if (plays) return Start::Plays;
+    if (waited != Waited::TimedOut)
+        return waited == Waited::Ended ? Start::Left : Start::PlayerLost;
     c_.base.log.WriteDebugLog("Winamp did not respond to play request in playmp3 form load");
-    NotStarted("This list cannot be played.");
-    return false;
+    return Start::Refused;
 }
 
 // The seconds that it goes on at.
@@ -393,6 +423,19 @@ NowPlaying FileSource::Now() {
     const auto position =
         known ? static_cast<std::int32_t>(position_.Position()) : winamp_.WinAMP_GetTrackPosition();
     return {track->title, track->artist, position, winamp_.WinAMP_GetStatus() == "1"};
+}
+
+void FileSource::GoOn(std::int32_t track, std::int32_t seconds) {
+    if (!started_) return;
+    const LoadingSign sign{view_};
+    const bool paused = audio_.bPaused;
+    if (c_.rows.Find(track)) audio_.CurrentTrack = track;
+    audio_.TrackToSelect = audio_.CurrentTrack + 1;
+    audio_.bResuming = true;
+    audio_.ResumePosition = seconds;
+    saved_.Loading(seconds);
+    StartPlaying();
+    if (paused && started_) DoPause();
 }
 
 std::string FileSource::MediaTypeIcon() const {

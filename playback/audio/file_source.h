@@ -41,6 +41,8 @@ class FileSource : public PlayerSource {
     std::string MediaTypeIcon() const override;
     Favorite SelectedFavorite() override;
     NowPlaying Now() override;
+    bool NeedsPlayer() const override { return started_; }
+    void GoOn(std::int32_t track, std::int32_t seconds) override;
 
   private:
     void BeginList();
@@ -48,10 +50,14 @@ class FileSource : public PlayerSource {
     void TakeList(const TrackList& list);
     void HandOver(const TrackList& list);
     void Select(std::int32_t index);
+    enum class Start { Plays, Refused, PlayerLost, Left };
     void StartPlaying();
-    bool WaitForPlay();
+    Start TryToPlay();
+    Start FindPlayer();
+    Start WaitForPlay();
     bool Playing(); ///< or paused
     void NotStarted(const std::string& notice);
+    void Refuse();
     void StartAgain(std::int32_t selected);
     std::int32_t SeekToResume();
     void Command(std::int32_t id) { winamp_.WinAMP_SCM(id); }

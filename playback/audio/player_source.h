@@ -80,6 +80,9 @@ class PlayerSource {
     virtual void FavoriteAdded() {}
     /// What plays, for other screens.
     virtual NowPlaying Now() { return {}; }
+    /// See `Transport`.
+    virtual bool NeedsPlayer() const { return false; }
+    virtual void GoOn(std::int32_t /*track*/, std::int32_t /*seconds*/) {}
 };
 
 } // namespace vk

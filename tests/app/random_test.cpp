@@ -179,7 +179,10 @@ class RandomRun : public WiredSystem {
     /// A quit pressed when nothing runs is carried out at once.
     void QuitAtRest(const std::string& when) {
         quiet_ = true;
-        Pass(1000);
+        int changes = 0;
+        do // what a dialog covered is deaf for a moment after it
+            changes = host().dialogs.Changes(), Pass(1000);
+        while (changes != host().dialogs.Changes());
         Watch();
         const std::string form = Front();
         const int before = record_.quits[form];

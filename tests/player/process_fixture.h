@@ -81,7 +81,7 @@ struct ProcessFixture : testing::Test {
     }
     void StartPlayer() {
         ASSERT_TRUE(winamp->WinAMP_Start());
-        ASSERT_TRUE(winamp->WinAMP_FindWindow());
+        ASSERT_TRUE(Eventually([this] { return winamp->WinAMP_FindWindow(); }));
     }
     bool Playing() { return winamp->WinAMP_GetStatus() == "1"; }
     void LoadAndPlay(const std::string& list, int index) {

@@ -130,6 +130,22 @@ TEST_F(PlayerProcess, ItsDeathIsNoticedAndTheNextOneTakesItsPlace) {
     EXPECT_FALSE(FileExists(SocketPath())) << "a clean end takes its name away";
 }
 
+TEST_F(PlayerProcess, OneThatHangsIsEndedByWhoeverFindsIt) {
+    StartPlayer();
+    const pid_t hung = PlayerPid();
+    ::kill(hung, SIGSTOP);
+    EXPECT_EQ(winamp->WinAMP_GetStatus(), "0");
+    EXPECT_EQ(window->State(), PlayerState::Silent);
+    auto other = MakePlayerWindow(*programs, core.app.Path()); // a system that is started anew
+    other->SendMessage(other->FindWindow(PlayerWindowClass), WM_USER, 0, 104);
+    EXPECT_EQ(other->State(), PlayerState::Silent);
+    other->Kill();
+    EXPECT_TRUE(Eventually([&] { return window->State() == PlayerState::Gone; }));
+    StartPlayer();
+    EXPECT_NE(PlayerPid(), hung);
+    EXPECT_EQ(window->State(), PlayerState::Answers);
+}
+
 TEST_F(PlayerProcess, OfSeveralStartsAtOnceOneStays) {
     std::vector<ProgramId> children;
     for (int start = 0; start < 4; ++start)
@@ -171,9 +187,9 @@ TEST_F(PlayerProcess, TwoSystemsBesideEachOtherHaveAPlayerEach) {
     std::filesystem::copy_file(core.app.File("winamp"), second.app.File("winamp"));
     auto other = MakePlayerWindow(*programs, second.app.Path());
     EXPECT_EQ(other->FindWindow(PlayerWindowClass), 0u);
-    EXPECT_TRUE(other->StartAndWaitForInputIdle(second.app.File("winamp"), second.app.Path()));
-    const WindowHandle handle = other->FindWindow(PlayerWindowClass);
-    EXPECT_NE(handle, 0u);
+    EXPECT_TRUE(other->Start(second.app.File("winamp"), second.app.Path()));
+    WindowHandle handle = 0;
+    EXPECT_TRUE(Eventually([&] { return (handle = other->FindWindow(PlayerWindowClass)) != 0; }));
     EXPECT_EQ(other->SendMessage(handle, WM_USER, 0, 104), 0) << "it plays nothing";
     EXPECT_TRUE(Playing());
     auto outside = MakePlayerWindow(*programs, "");

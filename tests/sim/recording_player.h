@@ -37,11 +37,20 @@ class RecordingPlayer : public PlayerWindow {
         if (broken) throw std::runtime_error("wire cut");
         return answer ? answer(item) : 0;
     }
-    bool StartAndWaitForInputIdle(const std::string& program, const std::string& folder) override {
+    bool Start(const std::string& program, const std::string& folder) override {
         if (broken) throw std::runtime_error("no memory");
         started.emplace_back(program, folder);
-        running = canStart;
+        running = canStart && listens;
+        starting = canStart && !listens;
         return canStart;
+    }
+    PlayerState State() override {
+        if (running) return silent ? PlayerState::Silent : PlayerState::Answers;
+        return starting ? PlayerState::Starting : PlayerState::Gone;
+    }
+    void Kill() override {
+        ++kills;
+        running = starting = silent = false;
     }
     bool RunHidden(const std::string& program, const std::string& arguments,
                    const std::string& folder) override {
@@ -52,6 +61,9 @@ class RecordingPlayer : public PlayerWindow {
 
     bool running = true;
     bool canStart = true;
+    bool listens = true;                   ///< one that is started takes messages
+    bool starting = false, silent = false; ///< see `PlayerState`
+    int kills = 0;
     bool broken = false; ///< every message and start throws
     WindowHandle handle = 77;
     std::function<std::int32_t(const Message&)> answer; ///< 0 for everything when empty

@@ -78,7 +78,6 @@ struct StartFixture : CoreFixture {
         made[name].onCall = [this, name](const std::string& call) {
             told.push_back(name + "." + call);
             if (call == "ReShow") screens.CurrentForm = name;
-            if (call == "doquit" && leadsTo.contains(name)) screens.CurrentForm = leadsTo[name];
         };
         screens.Add(name, made[name]);
         told.push_back("load " + name);
@@ -87,7 +86,6 @@ struct StartFixture : CoreFixture {
 
     std::vector<std::string> told;
     std::map<std::string, RecordingScreen> made;
-    std::map<std::string, std::string> leadsTo; ///< the screen in front after a doquit
     ToldLoading loading{told};
     FakeInstance instance;
     RecordingPrograms programs;

@@ -171,26 +171,6 @@ TEST_F(StartupTest, TheDaySkinIsChosenStrictly) {
     }
 }
 
-TEST_F(StartupTest, ALostPlayerIsBroughtBackAndTheMenuIsInFront) {
-    const auto start = Running();
-    MakeScreen("playlists");
-    state.WinampWatched = true;
-    leadsTo = {{"playlists", "playmp3"}, {"playmp3", "velkorandum"}};
-    screens.CurrentForm = "playlists";
-    player.running = false;
-    clock.Advance(400);
-    EXPECT_TRUE(Logged("Winamp was restarted"));
-    EXPECT_EQ(screens.CurrentForm, "velkorandum");
-    clock.Advance(4000);
-    EXPECT_EQ(player.started.size(), 1u);
-    leadsTo.clear();
-    told.clear();
-    screens.CurrentForm = "playlists";
-    player.running = false;
-    clock.Advance(400);
-    EXPECT_EQ(std::ranges::count(told, "playlists.doquit"), 1) << "a screen that stays has asked";
-}
-
 TEST_F(StartupTest, TheWayOutTellsTheModules) {
     SetUpApp();
     settings.Write("remote", "status", "true");

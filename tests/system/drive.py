@@ -125,6 +125,13 @@ class LostPlayer(_Playing):
         self.settle("the menu")
         self.press("Escape")  # on the menu it does nothing
         self.play(2)  # the browser tile is still chosen
+        self.wait_for_music(2000)
+        hung = self.player()
+        os.kill(hung[0], signal.SIGSTOP)
+        self.wait_for("the end of what hangs", lambda: "Winamp does not answer and is ended" in self.log())
+        self.wait_for("the music", lambda: "of current track" in self.log() and self.player() not in ([], hung))
+        self.wait_for_music()
+        self.assertEqual(self.setting("audio_player", "currenttrack"), "2")
 
 
 if __name__ == "__main__":
