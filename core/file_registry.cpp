@@ -2,6 +2,7 @@
 
 #include "core/ini_document.h"
 #include "core/ini_file.h"
+#include "platform/file_state.h"
 #include "platform/files.h"
 #include "platform/paths.h"
 
@@ -29,6 +30,10 @@ bool FileRegistry::KeyExists(const std::string& key, Hive hive) const {
 std::optional<std::string> FileRegistry::GetStringValue(Hive hive, const std::string& key,
                                                         const std::string& value) const {
     return IniDocument(ReadWholeFile(file_).value_or("")).Value(Section(hive, key), Name(value));
+}
+
+bool FileRegistry::Writable() const {
+    return CanReplace(file_);
 }
 
 bool FileRegistry::SetStringValue(Hive hive, const std::string& key, const std::string& value,

@@ -14,6 +14,7 @@ class FileRegistry : public Registry {
     bool KeyExists(const std::string& key, Hive hive) const override;
     std::optional<std::string> GetStringValue(Hive hive, const std::string& key,
                                               const std::string& value) const override;
+    bool Writable() const override;
     bool SetStringValue(Hive hive, const std::string& key, const std::string& value,
                         const std::string& data) override;
 

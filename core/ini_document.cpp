@@ -1,6 +1,9 @@
 #include "core/ini_document.h"
 
 #include "core/text.h"
+#include "core/utf16.h"
+
+#include <algorithm>
 
 namespace vk {
 
@@ -41,6 +44,11 @@ std::string WithoutQuotes(std::string value) {
 } // namespace
 
 IniDocument::IniDocument(std::string_view contents, SameSections same) : same_(same) {
+    const auto order = Utf16OrderOf(contents);
+    order ? TakeLines(Utf16ToUtf8(contents, *order)) : TakeLines(contents);
+}
+
+void IniDocument::TakeLines(std::string_view contents) {
     if (contents.starts_with(Utf8Mark)) contents.remove_prefix(Utf8Mark.size());
     while (!contents.empty()) {
         const auto at = contents.find_first_of("\r\n");
@@ -116,8 +124,25 @@ void IniDocument::SetValue(std::string_view section, std::string_view key, std::
     std::size_t end = range->end;
     while (end > range->begin && Trim(lines_[end - 1]).empty())
         --end;
-    lines_.insert(lines_.begin() + static_cast<std::ptrdiff_t>(end), line);
-    index_.reset();
+    Insert(end, section, key, line);
+}
+
+// A long file is not taken apart anew for each key that it gets.
+void IniDocument::Insert(std::size_t at, std::string_view section, std::string_view key,
+                         std::string line) {
+    const bool plain = KeyName(line) == std::string(key) && !SectionName(line);
+    lines_.insert(lines_.begin() + static_cast<std::ptrdiff_t>(at), std::move(line));
+    if (!plain || !index_) return index_.reset();
+    const auto own = index_->sections.find(ToLower(section));
+    if (own == index_->sections.end()) return index_.reset();
+    for (auto& [name, range] : index_->sections) {
+        range.begin += range.begin > at ? 1u : 0u;
+        range.end += range.end > at ? 1u : 0u;
+    }
+    own->second.end = std::max(own->second.end, at + 1);
+    for (auto& [name, place] : index_->keys)
+        place += place >= at ? 1u : 0u;
+    index_->keys.try_emplace(KeyIn(own->first, key), at);
 }
 
 bool IniDocument::RemoveKey(std::string_view section, std::string_view key) {

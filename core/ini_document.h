@@ -18,7 +18,7 @@ class IniDocument {
   public:
     IniDocument() = default;
     /// Takes any bytes: what is no section or key line is kept and ignored. Line ends may be CR LF,
-    /// LF or CR; a byte order mark is skipped.
+    /// LF or CR; a byte order mark is skipped, UTF-16 becomes UTF-8.
     explicit IniDocument(std::string_view contents, SameSections same = SameSections::FirstCounts);
 
     bool HasSection(std::string_view section) const;
@@ -43,6 +43,8 @@ class IniDocument {
     };
     const Index& Find() const;
     Index MakeIndex() const;
+    void TakeLines(std::string_view contents);
+    void Insert(std::size_t at, std::string_view section, std::string_view key, std::string line);
     std::optional<Range> FindSection(std::string_view section) const;
     std::optional<std::size_t> FindKey(std::string_view section, std::string_view key) const;
 

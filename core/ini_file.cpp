@@ -4,6 +4,7 @@
 #include "platform/files.h"
 
 #include <cmath>
+#include <functional>
 #include <limits>
 #include <utility>
 
@@ -18,12 +19,12 @@ IniDocument Load(const std::string& file) {
 // The 16 MiB that a read stops at: beyond it a rewrite would cut the file.
 constexpr std::uint64_t EditLimit = 16u << 20;
 
+std::size_t HashOf(std::string_view bytes) {
+    return std::hash<std::string_view>()(bytes);
+}
+
 std::string CutToBuffer(std::string value) {
-    if (value.size() <= IniValueLimit) return value;
-    std::size_t end = IniValueLimit;
-    while (end > 0 && (static_cast<unsigned char>(value[end]) & 0xC0) == 0x80)
-        --end;
-    return value.substr(0, end);
+    return value.size() <= IniValueLimit ? value : Left(value, IniValueLimit);
 }
 
 template<class Int> std::optional<Int> ToInteger(const std::string& text, std::string_view symbol) {
@@ -141,10 +142,25 @@ Ini::Known& Ini::Look(const std::string& file) {
     Known& known = files_[file];
     if (known.ticket != 0) return known;
     const FileStamp stamp = StampOf(file);
-    if (!known.stamp || !known.stamp->settled || !known.stamp->SameAs(stamp))
-        known.document = Load(file);
+    if (!known.stamp || !known.stamp->settled || !known.stamp->SameAs(stamp)) Read(file, known);
     known.stamp = stamp;
     return known;
+}
+
+// Reading costs little beside taking the lines apart, which is only done for other contents. What
+// could not be written is kept as long as the file is what it was then.
+void Ini::Read(const std::string& file, Known& known) {
+    const std::string bytes = ReadWholeFile(file).value_or(std::string());
+    const std::size_t contents = HashOf(bytes);
+    if (std::exchange(known.contents, contents) == contents) return;
+    known.document = IniDocument(bytes);
+    known.failed = false;
+}
+
+void Ini::Assume(const std::string& file, std::string_view contents) {
+    Known& known = Look(file);
+    known.document = IniDocument(contents);
+    known.failed = true;
 }
 
 void Ini::TakeOutcomes() {
@@ -157,12 +173,11 @@ void Ini::TakeOutcomes() {
             known.failed = false;
         else
             Failed(outcome.path, known, outcome.reason);
-        known.stamp.reset();
     }
 }
 
 void Ini::Failed(const std::string& file, Known& known, const std::string& reason) {
-    known.stamp.reset();
+    known.contents = HashOf(ReadWholeFile(file).value_or(std::string()));
     if (!std::exchange(known.failed, true)) report_.Log("Could not write " + file + ": " + reason);
 }
 
@@ -175,7 +190,10 @@ bool Ini::Replace(const std::string& file, Known& known) {
         Failed(file, known, obstacle);
         return false;
     }
-    known.ticket = writer_.Replace(file, known.document.Contents());
+    std::string contents = known.document.Contents();
+    known.contents = HashOf(contents);
+    known.stamp.reset();
+    known.ticket = writer_.Replace(file, std::move(contents));
     if (known.failed) writer_.Finish();
     TakeOutcomes();
     return !known.failed;
@@ -209,7 +227,8 @@ std::int16_t Ini::WriteKeys(const std::string& file, const std::vector<IniKey>& 
             known.document.SetValue(item.section, item.key, item.value);
             changed = true;
         }
-        return static_cast<std::int16_t>(!changed || Replace(file, known) ? 1 : 0);
+        const bool kept = !changed && !known.failed;
+        return static_cast<std::int16_t>(kept || Replace(file, known) ? 1 : 0);
     });
 }
 

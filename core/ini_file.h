@@ -18,11 +18,11 @@
 
 namespace vk {
 
-/// The longest value that a read returns, in bytes: the buffer of 255 less its closing NUL.
+/// The longest value that a read returns, in characters: the buffer of 255 less its closing NUL.
 inline constexpr std::size_t IniValueLimit = 254;
 
 /// The value of a key; `fallback` when the file, section or key is missing. Values are cut to
-/// `IniValueLimit` bytes, never inside a character.
+/// `IniValueLimit` characters.
 std::string GetPrivateProfileString(std::string_view section, std::string_view key,
                                     std::string_view fallback, const std::string& file);
 
@@ -69,7 +69,9 @@ struct IniKey {
 };
 
 /// Typed access to the INI files under the user's decimal symbol. What was written is read at once,
-/// what others change in a file with the next read; a file that has not changed is read once.
+/// what others change in a file with the next read; a file that has not changed is read once. What
+/// cannot be written counts all the same until others change the file, and is tried again with
+/// whatever is written next.
 class Ini {
   public:
     /// `decimalSymbol` is read at each call; it must outlive this object, as `writer` must. Without
@@ -93,6 +95,8 @@ class Ini {
     std::int16_t WriteKeys(const std::string& file, const std::vector<IniKey>& keys);
     bool DeleteSection(const std::string& file, std::string_view section);
     bool DeleteKey(const std::string& file, std::string_view section, std::string_view key);
+    /// Takes `contents` for those of a file that cannot be written.
+    void Assume(const std::string& file, std::string_view contents);
     /// Waits until everything that was written is on the disk.
     void Finish();
 
@@ -100,9 +104,11 @@ class Ini {
     struct Known {
         IniDocument document;
         std::optional<FileStamp> stamp; ///< of what the document was read from; none: read it anew
+        std::size_t contents = 0;       ///< hash of the bytes that the document stands for
         std::uint64_t ticket = 0;       ///< of what is being written, 0 for nothing
         bool failed = false;            ///< the last time that it was written
     };
+    static void Read(const std::string& file, Known& known);
     Known& Look(const std::string& file);
     void TakeOutcomes();
     void Failed(const std::string& file, Known& known, const std::string& reason);

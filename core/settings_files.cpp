@@ -174,7 +174,7 @@ template<class Lines> std::string Text(const Lines& lines) {
 } // namespace
 
 // A blank line ends each section.
-bool MakeSettingsFile(const std::string& file, const std::string& version) {
+std::string SettingsFileText(const std::string& version) {
     std::string text, section;
     ForEachSetting([&](const SettingRow& row) {
         if (!row.initial) return;
@@ -184,15 +184,27 @@ bool MakeSettingsFile(const std::string& file, const std::string& version) {
         const std::string value = &row == &setting::Version ? version : row.initial;
         text += std::string(row.spelling ? row.spelling : row.Key()) + "=" + value + "\r\n";
     });
-    return ReplaceFile(file, text + "\r\n");
+    return text + "\r\n";
+}
+
+std::string KeyboardFileText() {
+    return Text(KeyboardLines);
+}
+
+std::string WinampFileText() {
+    return Text(WinampLines);
+}
+
+bool MakeSettingsFile(const std::string& file, const std::string& version) {
+    return ReplaceFile(file, SettingsFileText(version));
 }
 
 bool MakeKeyboardFile(const std::string& file) {
-    return ReplaceFile(file, Text(KeyboardLines));
+    return ReplaceFile(file, KeyboardFileText());
 }
 
 bool MakeWinampFile(const std::string& file) {
-    return ReplaceFile(file, Text(WinampLines));
+    return ReplaceFile(file, WinampFileText());
 }
 
 } // namespace vk

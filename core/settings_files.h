@@ -6,6 +6,11 @@
 
 namespace vk {
 
+/// What the three files hold, for a directory that cannot be written.
+std::string SettingsFileText(const std::string& version);
+std::string KeyboardFileText();
+std::string WinampFileText();
+
 /// settings.ini with its defaults; `version` is major.minor.revision. Key Setup is left out on
 /// purpose: a new file leads to the first run. All three return false when the file could not be
 /// written.

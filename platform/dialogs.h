@@ -20,6 +20,10 @@ class Dialogs {
                              MessageKind kind = MessageKind::Plain) = 0;
     /// Yes or No; Escape means No.
     virtual bool AskYesNo(const std::string& text, const std::string& title = {}) = 0;
+    /// The same with No marked: for what cannot be undone.
+    virtual bool AskNoYes(const std::string& text, const std::string& title = {}) {
+        return AskYesNo(text, title);
+    }
     /// OK or Cancel; Escape means Cancel.
     virtual bool AskOkCancel(const std::string& text, const std::string& title = {}) = 0;
     /// One line of text; nothing when cancelled.

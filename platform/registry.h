@@ -16,6 +16,8 @@ class Registry {
     /// The value under `key`; the default value for an empty name; nothing when there is none.
     virtual std::optional<std::string> GetStringValue(Hive hive, const std::string& key,
                                                       const std::string& value) const = 0;
+    /// False when nothing can be kept in it.
+    virtual bool Writable() const { return true; }
     /// Writes a value and makes the key; false when the store cannot be written.
     virtual bool SetStringValue(Hive hive, const std::string& key, const std::string& value,
                                 const std::string& data) = 0;

@@ -42,7 +42,7 @@ void SettingsShell::bDBForceUpdate_Click() {
 void SettingsShell::bDeleteDB_Click() {
     Trap(n_.base.report, "An error occured in settings.bDeleteDB_Click ", [&] {
         if (RefusedWhileBusy()) return;
-        if (!n_.base.dialogs.AskYesNo("Are you sure?", "Delete Velkorandum Database")) return;
+        if (!n_.base.dialogs.AskNoYes("Are you sure?", "Delete Velkorandum Database")) return;
         if (RefusedWhileBusy()) return; // a scan may have begun meanwhile
         n_.catalogue.Delete();
         if (n_.base.dialogs.AskYesNo("Update the media database now?\nThis may take a few minutes",

@@ -116,7 +116,7 @@ void RemoteLearning::Arm(Action action) {
 void RemoteLearning::ResetCodes() {
     Disarm();
     n_.collect(false); // the codes that answer are filtered: the button is still held
-    const bool sure = n_.dialogs.AskYesNo("Remove the codes of all buttons?", "Reset Remote");
+    const bool sure = n_.dialogs.AskNoYes("Remove the codes of all buttons?", "Reset Remote");
     n_.collect(true);
     if (!sure) return;
     Trap(n_.report, "An error occured in settingsRemote.btnIRresetIRbtns_Click ", [&] {

@@ -85,7 +85,8 @@ class astart {
     StartOutcome Form_Load();
     /// The second half of the start; called by the settings screen after a first run.
     void FinishExecution();
-    /// Sets the size that the interface is laid out for, from key AppSize.
+    /// Sets the size that the interface is laid out for, from key AppSize; the display's where that
+    /// gives none that can be used.
     void GetResolutions();
     /// True when settings, folders and skins can be used. False: a message was shown and the
     /// process is to stop.
@@ -116,6 +117,8 @@ class astart {
     bool CloseOldPlayer();
     bool ReadMachine();
     bool CheckVersion();
+    bool MakeFile(const char* name, const std::string& contents);
+    bool MakeSettings();
     bool MakeMissingFiles();
     bool PrepareServerAndPlayer();
     bool ServerRegistered();

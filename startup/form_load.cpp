@@ -4,6 +4,7 @@
 #include "core/time_of_day.h"
 #include "core/version.h"
 #include "library/catalogue_server.h"
+#include "platform/file_state.h"
 #include "platform/files.h"
 #include "platform/paths.h"
 #include "startup/astart.h"
@@ -23,6 +24,11 @@ constexpr std::pair<const char*, const char*> ForcedWinampKeys[] = {
     {"splash", "0"},    {"disvis", "1"},  {"aot", "0"},
     {"pladv", "1"},     {"repeat", "1"}};
 
+// Pixels of a side: on less nothing can be read or touched, and no picture is made for more.
+bool HoldsTheInterface(std::int32_t side) {
+    return side >= 200 && side <= 8192;
+}
+
 } // namespace
 
 astart::astart(Needs needs) : n_(std::move(needs)), base_(n_.base) {
@@ -39,6 +45,7 @@ template<class Steps> bool astart::Run(const Steps& steps) {
 StartOutcome astart::Form_Load() {
     static constexpr Step Steps[] = {&astart::Prove,
                                      &astart::CloseOldPlayer,
+                                     &astart::MakeSettings,
                                      &astart::CheckVersion,
                                      &astart::MakeMissingFiles,
                                      &astart::PrepareServerAndPlayer,
@@ -98,10 +105,26 @@ bool astart::ProveEnvironment() {
     return true;
 }
 
+// What cannot be made is taken for made, so that the system runs from memory.
+bool astart::MakeFile(const char* name, const std::string& contents) {
+    const std::string file = base_.settings.File(name);
+    std::string reason;
+    if (FileExists(file) || ReplaceFile(file, contents, &reason)) return CanReplace(file);
+    base_.log.WriteDebugLog("Could not make " + file + ": " + reason);
+    base_.settings.ini().Assume(file, contents);
+    return false;
+}
+
+bool astart::MakeSettings() {
+    if (MakeFile("settings.ini", SettingsFileText(Version))) return true;
+    base_.dialogs.ShowMessage("Velkorandum cannot write to its directory\n" +
+                                  base_.settings.AppDir() +
+                                  "\nSettings and positions are lost when it ends.",
+                              {}, MessageKind::Warning);
+    return true;
+}
+
 bool astart::CheckVersion() {
-    if (!FileExists(base_.settings.SettingsFile()) &&
-        !MakeSettingsFile(base_.settings.SettingsFile(), Version))
-        base_.log.WriteDebugLog("Could not make " + base_.settings.SettingsFile());
     if (base_.settings.Get(setting::Version) == Version) return true;
     const bool fix = base_.dialogs.AskYesNo(
         "Your settings.ini file appears to be from a different version of Velkorandum.\n"
@@ -119,21 +142,21 @@ bool astart::CheckVersion() {
 }
 
 bool astart::MakeMissingFiles() {
-    const std::string keyboard = base_.settings.File("kb.ini");
-    const std::string winamp = base_.settings.File("winamp.ini");
-    if (!FileExists(keyboard) && !MakeKeyboardFile(keyboard))
-        base_.log.WriteDebugLog("Could not make " + keyboard);
-    if (!FileExists(winamp) && !MakeWinampFile(winamp))
-        base_.log.WriteDebugLog("Could not make " + winamp);
+    MakeFile("kb.ini", KeyboardFileText());
+    MakeFile("winamp.ini", WinampFileText());
     if (!FileExists(base_.log.FileName())) base_.log.MakeLogFile();
     return true;
 }
 
 bool astart::ServerRegistered() {
     if (CatalogueServerRegistered(n_.machine.registry)) return true;
-    // One failed start is how the server gets registered.
     const std::string program =
         CatalogueServerProgram(n_.machine.registry, base_.settings.AppDir());
+    if (!program.empty() && !n_.machine.registry.Writable()) {
+        base_.log.WriteDebugLog("The registry cannot be written; " + program + " is used as it is");
+        return true;
+    }
+    // One failed start is how the server gets registered.
     if (program.empty() ||
         !n_.machine.programs.Start(
             {.program = program, .folder = base_.settings.AppDir(), .hidden = true}))
@@ -209,6 +232,8 @@ void astart::GetResolutions() {
     default:
         break;
     }
+    if (!HoldsTheInterface(s.ScreenWidth) || !HoldsTheInterface(s.ScreenHeight))
+        set(screen.width, screen.height);
     s.ScreenWidthTwips = s.ScreenWidth * 15;
     s.ScreenHeightTwips = s.ScreenHeight * 15;
     if (screen.dpiX > 0) s.fPixelsToTwipsX = 1440.0 / screen.dpiX;

@@ -67,7 +67,7 @@ bool astart::SkinsAreThere(bool& stop) {
 
 bool astart::AskRevert() {
     keepRemoteLearning_ = true;
-    const bool revert = base_.dialogs.AskYesNo(
+    const bool revert = base_.dialogs.AskNoYes(
         "Do you want Velkorandum to reset all values and revert to defaults?\n"
         "This will cause everything to be as it was the first time you launched Velkorandum. \n"
         "If you choose no, you will retain your current settings, but also any errors you have\n"

@@ -41,7 +41,7 @@ void MessageOverlay::LayOut() {
     if (!texts_.no.isEmpty()) row.push_back({{}, texts_.no, [this] { Finish(false); }});
     cells_.clear();
     AddRow(foot, row);
-    marked_ = std::max(0, marked_);
+    if (marked_ < 0) marked_ = texts_.markNo ? 1 : 0;
     ScrollTo(offset_);
 }
 

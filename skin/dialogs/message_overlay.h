@@ -14,6 +14,7 @@ struct MessageTexts {
     std::string text, title;
     MessageKind kind = MessageKind::Plain;
     QString yes, no; ///< the accepting and the cancelling button; without the latter, one button
+    bool markNo = false; ///< the cancelling one is marked at first
 };
 
 /// A text that is too long for the screen is scrolled by Up and Down or by a finger.

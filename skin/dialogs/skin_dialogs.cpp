@@ -81,9 +81,9 @@ bool SkinDialogs::Run(const QPointer<DialogOverlay>& overlay) {
 }
 
 bool SkinDialogs::Ask(const std::string& text, const std::string& title, const char* yes,
-                      const char* no) {
-    const MessageTexts texts{text, title, MessageKind::Plain, QString::fromLatin1(yes),
-                             QString::fromLatin1(no)};
+                      const char* no, bool markNo) {
+    const MessageTexts texts{
+        text, title, MessageKind::Plain, QString::fromLatin1(yes), QString::fromLatin1(no), markNo};
     const Closer dialog{new MessageOverlay(host_, Look(), clock_, texts)};
     return Run(dialog.overlay);
 }
@@ -96,6 +96,10 @@ void SkinDialogs::ShowMessage(const std::string& text, const std::string& title,
 
 bool SkinDialogs::AskYesNo(const std::string& text, const std::string& title) {
     return Ask(text, title, "Yes", "No");
+}
+
+bool SkinDialogs::AskNoYes(const std::string& text, const std::string& title) {
+    return Ask(text, title, "Yes", "No", true);
 }
 
 bool SkinDialogs::AskOkCancel(const std::string& text, const std::string& title) {

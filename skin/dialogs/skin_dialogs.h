@@ -38,6 +38,7 @@ class SkinDialogs : public Dialogs {
     void ShowMessage(const std::string& text, const std::string& title = {},
                      MessageKind kind = MessageKind::Plain) override;
     bool AskYesNo(const std::string& text, const std::string& title = {}) override;
+    bool AskNoYes(const std::string& text, const std::string& title = {}) override;
     bool AskOkCancel(const std::string& text, const std::string& title = {}) override;
     std::optional<std::string> InputBox(const std::string& text, const std::string& title,
                                         const std::string& value) override;
@@ -63,7 +64,8 @@ class SkinDialogs : public Dialogs {
     /// Runs the overlay until it is answered; true for any answer but the cancelling one. The
     /// overlay may be gone afterwards, when its host was taken away under it.
     bool Run(const QPointer<DialogOverlay>& overlay);
-    bool Ask(const std::string& text, const std::string& title, const char* yes, const char* no);
+    bool Ask(const std::string& text, const std::string& title, const char* yes, const char* no,
+             bool markNo = false);
 
     QWidget* host_;
     const Volumes& volumes_;

@@ -21,10 +21,16 @@ TEST_F(IniFileTest, FindsKeysAsTheProfileCallsDo) {
                               {"none", "key one", "fallback"}};
     for (const auto& [section, key, value] : cases)
         EXPECT_EQ(Read(section, key), value) << section << "/" << key;
-    app.Write("a.ini", "[s]\nlong=" + std::string(300, 'a') + "\nwide=" + std::string(253, 'a') +
+    std::string wide;
+    for (int i = 0; i < 254; ++i)
+        wide += "\xD0\x96"; // a letter
+    app.Write("a.ini", "[s]\nlong=" + std::string(300, 'a') + "\nwide=" + wide + "\nwider=" + wide +
                            "\xC3\xA4\n");
     EXPECT_EQ(Read("s", "long"), std::string(254, 'a'));
-    EXPECT_EQ(Read("s", "wide"), std::string(253, 'a')) << "never cut inside a character";
+    EXPECT_EQ(Read("s", "wide"), wide) << "characters count, not bytes";
+    EXPECT_EQ(Read("s", "wider"), wide);
+    app.Write("a.ini", "\xFF\xFE[\0s\0]\0\n\0k\0=\0\x16\x04\n\0"s);
+    EXPECT_EQ(Read("s", "k"), "\xD0\x96") << "UTF-16";
 }
 
 TEST_F(IniFileTest, WritesSingleKeysAndLeavesTheRest) {
@@ -36,21 +42,29 @@ TEST_F(IniFileTest, WritesSingleKeysAndLeavesTheRest) {
     EXPECT_EQ(app.Read("a.ini"), "; mine\r\n[main]\r\nA=new\r\nc=3\r\n\r\n[Next]\r\nb = 2\r\n"
                                  "[third]\r\nd=x  [evil]\r\n");
     EXPECT_FALSE(FileExists(file + ".new"));
+    IniDocument document("[a]\nx=1\n[b]\ny=2\n"); // keys that come in between are found at once
+    for (const auto& [section, key] : {std::pair{"A", "k"}, {"b", "k"}, {"a", "x"}, {"c", "k"}})
+        document.SetValue(section, key, std::string(section) + key);
+    EXPECT_EQ(document.Contents(), "[a]\r\nx=ax\r\nk=Ak\r\n[b]\r\ny=2\r\nk=bk\r\n[c]\r\nk=ck\r\n");
+    EXPECT_EQ(*document.Value("b", "y") + *document.Value("b", "k") + *document.Value("a", "k"),
+              "2bkAk");
 }
 
-TEST_F(IniFileTest, AnUnwritableFileIsReportedAndKept) {
+TEST_F(IniFileTest, WhatCannotBeWrittenIsReportedAndKeptInMemory) {
     const std::string file = app.File("later/a.ini");
     for (const char* value : {"v", "w"})
         EXPECT_EQ(ini.WriteINI(file, "s", "k", value), 0);
     EXPECT_TRUE(dialogs.shown.empty());
     EXPECT_EQ(LinesLogged("Could not write"), 1);
     EXPECT_TRUE(Logged("Could not write " + file));
-    EXPECT_EQ(ini.ReadText(file, "s", "k"), "");
+    EXPECT_EQ(ini.ReadText(file, "s", "k"), "w") << "from memory";
     app.MakeFolder("later");
-    EXPECT_EQ(ini.WriteINI(file, "s", "k", "v"), 1);
+    EXPECT_EQ(ini.WriteINI(file, "s", "k", "w"), 1) << "tried again";
     app.MakeFolder("later/a.ini.new"); // the temporary name is taken
-    EXPECT_EQ(ini.WriteINI(file, "s", "k", "w"), 0);
-    EXPECT_EQ(ini.ReadText(file, "s", "k"), "v");
+    EXPECT_EQ(ini.WriteINI(file, "s", "k", "x"), 0);
+    EXPECT_EQ(ini.ReadText(file, "s", "k") + app.Read("later/a.ini"), "x[s]\r\nk=w\r\n");
+    app.Write("later/a.ini", "[s]\nk=other\n");
+    EXPECT_EQ(ini.ReadText(file, "s", "k"), "other");
 }
 
 // What is asked to be written waits here until `write` is called.

@@ -107,6 +107,7 @@ TEST_F(StartupTest, RevertDeletesTheGeneratedFilesOnly) {
     const auto start = Make();
     EXPECT_EQ(start->Form_Load(), StartOutcome::Ended);
     start->Form_Unload();
+    EXPECT_THAT(dialogs.noMarked, ElementsAre("Revert?"));
     EXPECT_EQ(dialogs.shown.back(), "Velkorandum will now exit.");
     for (const char* name : {"settings.ini", "kb.ini", "keys.ini", "debug.log"})
         EXPECT_FALSE(FileExists(app.File(name))) << name;
@@ -127,6 +128,21 @@ TEST_F(StartupTest, AnUnregisteredServerIsRegisteredAndOneThatIsGoneReported) {
     EXPECT_EQ(Make()->Form_Load(), StartOutcome::Ended);
     EXPECT_THAT(dialogs.shown, Contains("Could not reference DB_UPDATE.exe"));
     EXPECT_TRUE(Logged("Not Registered :  Error number 0"));
+}
+
+TEST_F(StartupTest, WhereNothingCanBeWrittenItSaysSoAndRunsFromMemory) {
+    for (const char* name : {"settings.ini", "kb.ini", "winamp.ini"})
+        app.MakeFolder(std::string(name) + ".new"); // the temporary name is taken
+    registry = FileRegistry(app.File("none/registry.ini"));
+    EXPECT_EQ(Make()->Form_Load(), StartOutcome::FirstRun);
+    EXPECT_THAT(dialogs.shown,
+                ElementsAre("Velkorandum cannot write to its directory\n" + app.Path() +
+                            "\nSettings and positions are lost when it ends."));
+    EXPECT_EQ(settings.Read("main", "version"), Version);
+    EXPECT_EQ(settings.Read("Temp", "PWR"), "0");
+    EXPECT_EQ(ini.ReadText(app.File("kb.ini"), "keyboard", "ok"), "13");
+    EXPECT_TRUE(Told("server " + app.File("DB_UPDATE"))) << "without being registered";
+    EXPECT_FALSE(FileExists(settings.SettingsFile()));
 }
 
 TEST_F(StartupTest, OpticalDrives) {
@@ -151,8 +167,11 @@ TEST_F(StartupTest, OpticalDrives) {
 TEST_F(StartupTest, Resolutions) {
     const auto start = Make();
     const std::pair<int, int> sizes[] = {{800, 480}, {640, 480},  {720, 400}, {800, 400},
-                                         {800, 600}, {1024, 768}, {0, 0}};
-    for (const int size : {0, 1, 2, 3, 4, 5, 9, 6}) { // 9 leaves what was set
+                                         {800, 600}, {1024, 768}, {800, 480}};
+    settings.Write("main", "AppSize", "-7"); // nothing was set yet: the display's
+    start->GetResolutions();
+    EXPECT_EQ(state.ScreenWidth, 800);
+    for (const int size : {0, 1, 2, 3, 4, 5, 9, 6}) { // 9 leaves what was set; 6 is empty
         settings.Write("main", "AppSize", std::to_string(size));
         start->GetResolutions();
         const auto [width, height] = sizes[size == 9 ? 5 : size];

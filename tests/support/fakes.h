@@ -26,6 +26,10 @@ class FakeDialogs : public Dialogs {
         if (onShown) onShown();
     }
     bool AskYesNo(Text text, Text title) override { return Asked(text, title); }
+    bool AskNoYes(Text text, Text title) override {
+        noMarked.push_back(title);
+        return Asked(text, title);
+    }
     bool AskOkCancel(Text text, Text title) override { return Asked(text, title); }
     std::optional<std::string> InputBox(Text text, Text title, Text) override {
         ShowMessage(text, title, MessageKind::Plain);
@@ -40,7 +44,7 @@ class FakeDialogs : public Dialogs {
 
     std::function<void()> onShown; ///< while it stands there
     bool ending = false;
-    std::vector<std::string> shown, titles, captions;
+    std::vector<std::string> shown, titles, captions, noMarked;
     std::deque<bool> answers;
     std::deque<std::string> inputs, folders;
 
