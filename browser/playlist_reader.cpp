@@ -38,9 +38,14 @@ std::int32_t PlaylistReader::AddEntries(const std::string& path) {
     EntryResolver resolver(FolderOf(path));
     for (const PlaylistLine& line : ParsePlaylist(ReadListText(path)).lines) {
         if (!desk_.Pulse(static_cast<std::size_t>(number))) return number;
+        if (IsStreamAddress(line.text)) {
+            const std::string& title = line.title.empty() ? line.text : line.title;
+            desk_.rows.AddFileRow(++number, "", ToUtf8(title), line.text, true);
+            continue;
+        }
         const std::string file = resolver.Resolve(line.text);
         if (file.empty()) {
-            missing += !line.comment && !IsStreamAddress(line.text);
+            missing += !line.comment;
             continue;
         }
         const TagRecord tag = desk_.needs.library.tags.GetDBTag(file);

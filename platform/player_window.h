@@ -13,6 +13,7 @@ namespace vk {
 /// A window of another process; 0 is none.
 using WindowHandle = std::uintptr_t;
 
+inline constexpr unsigned WM_GETTEXT = 13;
 inline constexpr unsigned WM_COMMAND = 273;
 inline constexpr unsigned WM_USER = 1024;
 
@@ -38,6 +39,9 @@ class PlayerWindow {
     /// a silent one has answered, later messages are sent to it and 0 is their answer at once.
     virtual std::int32_t SendMessage(WindowHandle window, unsigned message, std::int32_t wParam,
                                      std::int32_t lParam) = 0;
+    /// The window's title in UTF-8, in the same way as a message: "3. What plays - Winamp". "" when
+    /// there is none.
+    virtual std::string Title(WindowHandle window) = 0;
     /// Starts the program hidden in `folder`, unless one that was started before and takes no
     /// messages yet still runs. False when it could not be started.
     virtual bool Start(const std::string& program, const std::string& folder) = 0;

@@ -52,6 +52,14 @@ std::string VersionText(std::int32_t number) {
     return std::string(1, digits[0]) + "." + digits[1] + std::string(digits + 3);
 }
 
+// Of "3. What plays - Winamp": the number of the entry goes, and what stands behind.
+std::string PlayingTitle(const std::string& window) {
+    const auto end = window.rfind(" - Winamp");
+    const auto number = window.find(". ");
+    if (end == std::string::npos || number == std::string::npos || number + 2 > end) return {};
+    return window.substr(number + 2, end - number - 2);
+}
+
 } // namespace
 
 cWinamp::~cWinamp() {
@@ -174,6 +182,11 @@ std::int32_t cWinamp::WinAMP_GetTrackLength() {
         }
         return length;
     });
+}
+
+std::string cWinamp::WinAMP_GetTitle() {
+    return Trap(needs_.report, Where("WinAMP_GetTitle"), std::string(),
+                [&] { return PlayingTitle(needs_.window.Title(hWnd)); });
 }
 
 std::string cWinamp::WinAMP_GetVersion() {

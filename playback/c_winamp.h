@@ -79,6 +79,8 @@ class cWinamp {
     /// Seconds, asked up to 101 times until it is known, with the application's events run in
     /// between: timers and input can arrive inside this call. 0 or -1 when it stays unknown.
     std::int32_t WinAMP_GetTrackLength();
+    /// What plays, as the player names it; "" when it tells nothing.
+    std::string WinAMP_GetTitle();
     /// Such as "2.01"; "UNKNOWN" when the number has fewer than four hexadecimal digits.
     std::string WinAMP_GetVersion();
     /// Sends one command. Errors pass to the caller.

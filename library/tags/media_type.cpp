@@ -1,6 +1,7 @@
 #include "library/tags/media_type.h"
 
 #include "core/text.h"
+#include "library/lists/entry_resolver.h"
 #include "platform/paths.h"
 
 #include <algorithm>
@@ -40,6 +41,8 @@ bool IsSystemName(std::string_view name) {
 int GetMediaType(const MediaExtensions& extensions, const std::string& path) {
     if (path.size() < 4) return MediaUnknown;
     const std::string extension = ExtensionOf(path);
+    if (IsStreamAddress(path))
+        return Contains(extensions.VideoExtensionList, extension) ? MediaVideo : MediaAudio;
     if (Contains(extensions.AudioExtensionList, extension)) return MediaAudio;
     if (Contains(extensions.VideoExtensionList, extension)) return MediaVideo;
     for (const char* playlist : {"m3u", "m3u8", "pls"})

@@ -45,6 +45,11 @@ class SocketPlayerWindow : public PlayerWindow {
         return connection_.Ask({message, wParam, lParam}, ReplyTimeoutMs).result;
     }
 
+    std::string Title(WindowHandle window) override {
+        if (window != handle_) return {};
+        return connection_.Ask({WM_GETTEXT, 0, 0}, ReplyTimeoutMs).text;
+    }
+
     bool Start(const std::string& program, const std::string& folder) override {
         if (starting_ == 0 || !programs_.Running(starting_))
             starting_ = Start(program, {}, folder, started_);

@@ -50,6 +50,13 @@ class Win32PlayerWindow : public PlayerWindow {
         return static_cast<std::int32_t>(result);
     }
 
+    // The system keeps a copy of the title: no window is asked.
+    std::string Title(WindowHandle window) override {
+        wchar_t text[512];
+        const int length = ::InternalGetWindowText(ToWindow(window), text, 512);
+        return FromWide(std::wstring(text, static_cast<std::size_t>(length)));
+    }
+
     bool Start(const std::string& program, const std::string& folder) override {
         if (Running()) return true;
         PROCESS_INFORMATION process{};

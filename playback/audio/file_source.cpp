@@ -272,7 +272,7 @@ void FileSource::UpdateScreen() {
     view_.ShowTitle(track ? track->title : "");
     view_.ShowBitRate("");
     if (!bitRateKnown_) ShowBitRate();
-    const bool hasCover = track && !track->IsDiscTrack() && !audio_.OnDisc();
+    const bool hasCover = track && !track->IsDiscTrack() && !track->IsStream() && !audio_.OnDisc();
     hasCover ? c_.cover.ShowCoverArt(track->path) : c_.cover.Hide();
 }
 
@@ -390,6 +390,16 @@ void FileSource::EverySecond() {
     ShowTrackTime();
     if (!bitRateKnown_) ShowBitRate();
     FollowTrack();
+    ShowStreamTitle();
+}
+
+void FileSource::ShowStreamTitle() {
+    const Track* track = c_.rows.Find(audio_.CurrentTrack);
+    if (!track || !track->IsStream()) return;
+    const std::string title = winamp_.WinAMP_GetTitle();
+    if (title.empty() || !c_.rows.Rename(audio_.CurrentTrack, title)) return;
+    view_.ShowTitle(title);
+    view_.ReDrawList();
 }
 
 // After all patience; where it was to go on at is left to the next start.

@@ -68,6 +68,7 @@ class FileSource : public PlayerSource {
     void FollowTrack();
     void ShowPlaying(std::int32_t track);
     void ShowBitRate();
+    void ShowStreamTitle();
 
     const SourceContext c_;
     AudioState& audio_;

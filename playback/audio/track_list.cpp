@@ -39,6 +39,10 @@ class Reader {
         if (line.starts_with("#EXT")) return;
         if (line.starts_with("# SELECT")) return AddQuery(line.substr(2));
         if (EndsInCda(line)) return AddDiscTrack(line);
+        if (IsStreamAddress(line)) {
+            list_.tracks.push_back({line, {}, ToUtf8(line), true});
+            return;
+        }
         const std::string path = ResolveListEntry(line, folder_);
         if (!path.empty()) {
             list_.tracks.push_back({path, {}, {}, false});
@@ -88,6 +92,10 @@ class Reader {
 
 bool Track::IsDiscTrack() const {
     return EndsInCda(path);
+}
+
+bool Track::IsStream() const {
+    return IsStreamAddress(path);
 }
 
 TrackList ReadTrackList(const std::string& listFile, std::int32_t wanted,

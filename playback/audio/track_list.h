@@ -17,6 +17,7 @@ struct Track {
     bool station = false; ///< of a tuner: `path` is its frequency or its channel
 
     bool IsDiscTrack() const; ///< a ".CDA" line, a track of an audio disc
+    bool IsStream() const;    ///< an address, whose title is what the stream tells as it plays
 };
 
 /// One record of a query on the catalogue.
@@ -44,9 +45,9 @@ struct TrackList {
     bool ended = false;    ///< `progress` has ended the reading
 };
 
-/// Reads a list: paths, ".CDA" lines and "# SELECT" queries side by side. Files that do not exist
-/// are left out, a query that fails is logged and gives none. The file is closed before the entries
-/// are looked at. `wanted` counts from 1.
+/// Reads a list: paths, addresses of streams, ".CDA" lines and "# SELECT" queries side by side.
+/// Files that do not exist are left out, a query that fails is logged and gives none. The file is
+/// closed before the entries are looked at. `wanted` counts from 1.
 TrackList ReadTrackList(const std::string& listFile, std::int32_t wanted,
                         const TrackListNeeds& needs);
 

@@ -116,6 +116,15 @@ void TrackRows::ReadTagsOnPage() {
     }
 }
 
+bool TrackRows::Rename(std::int32_t index, const std::string& title) {
+    if (index < 0 || index >= Count()) return false;
+    Track& track = tracks_[static_cast<std::size_t>(index)];
+    if (track.title == title) return false;
+    track.title = title;
+    list_.RplartistListItem(index, FirstText(index));
+    return true;
+}
+
 void TrackRows::Select(std::int32_t index) {
     if (index < 0 || index >= Count()) return;
     list_.iHighlight = index;

@@ -34,6 +34,8 @@ class TrackRows {
     void Replace(std::int32_t index, Track station);
     /// Selects an entry and marks it as the one that plays; an index without entry changes nothing.
     void Select(std::int32_t index);
+    /// An entry has told its title; true when it is a new one.
+    bool Rename(std::int32_t index, const std::string& title);
     /// Reads the tags of the page on show; to be called when the page has moved.
     void ReadTagsOnPage();
     /// True when the page has moved since its tags were read: a touch strip pages by itself.

@@ -178,6 +178,9 @@ void Engine::OnEvent(const OutputEvent& event) {
     case OutputEvent::Facts:
         TakeFacts(event.facts);
         break;
+    case OutputEvent::Title:
+        title_ = event.text;
+        break;
     case OutputEvent::Position:
         if (opened_ && !paused_ && NowMs() >= ignorePositionsUntilMs_)
             clock_.Set(event.positionMs, NowMs());
@@ -191,6 +194,11 @@ void Engine::OnEvent(const OutputEvent& event) {
     case OutputEvent::Prepared:
         break;
     }
+}
+
+std::string Engine::Title() const {
+    const bool known = active_ && !title_.empty();
+    return known ? std::to_string(list_.Index() + 1) + ". " + title_ + " - Winamp" : "Winamp";
 }
 
 void Engine::OnStarted(const OutputEvent& event) {

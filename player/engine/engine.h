@@ -28,6 +28,8 @@ class Engine {
     /// cleared belongs to the past and is dropped. Carries out a play that waited for the list.
     void AddList(std::string_view paths, std::int64_t startedNs);
     void OnEvent(const OutputEvent& event);
+    /// The title of a player's window: "3. What plays - Winamp".
+    std::string Title() const;
 
   private:
     struct Command;
@@ -95,6 +97,7 @@ class Engine {
     std::uint32_t track_ = 0;  ///< number of the wanted track in events
     std::uint32_t counter_ = 0;
     TrackFacts facts_;
+    std::string title_; ///< what a stream says that plays
     TrackClock clock_;
     std::int64_t ignorePositionsUntilMs_ = 0;
     std::int64_t clearedNs_ = 0;

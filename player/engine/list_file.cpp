@@ -9,10 +9,6 @@ namespace vk {
 
 namespace {
 
-bool IsAddress(std::string_view entry) {
-    return entry.find("://") != std::string_view::npos;
-}
-
 // The screen lists a track of an audio disc unseen; left out here it would shift all numbers.
 bool IsDiscTrack(const std::string& entry) {
     return EqualNoCase(LastBytes(entry, 4), ".cda");
@@ -25,7 +21,7 @@ class Entries {
     /// False when there is room for no more.
     bool Add(const std::string& line) {
         std::string entry =
-            IsAddress(line) || IsDiscTrack(line) ? line : ResolveListEntry(line, folder_);
+            IsStreamAddress(line) || IsDiscTrack(line) ? line : ResolveListEntry(line, folder_);
         if (!entry.empty()) list.push_back(std::move(entry));
         return list.size() < ListEntryLimit;
     }
@@ -63,7 +59,8 @@ std::vector<std::string> ListEntries(const std::string& path) {
     const std::string extension = ToLower(ExtensionOf(path));
     const bool m3u = extension == "m3u" || extension == "m3u8";
     if (!m3u && extension != "pls")
-        return IsAddress(path) || FileExists(path) ? std::vector{path} : std::vector<std::string>();
+        return IsStreamAddress(path) || FileExists(path) ? std::vector{path}
+                                                         : std::vector<std::string>();
     const std::string contents = ReadWholeFile(path, ListFileLimit).value_or("");
     return m3u ? M3uEntries(contents, FolderOf(path)) : PlsEntries(contents, FolderOf(path));
 }

@@ -29,12 +29,14 @@ struct OutputEvent {
         Position, ///< `positionMs` now
         Ended,    ///< played to its end
         Failed,   ///< missing, or nothing in it that can be played
+        Title,    ///< a stream says what plays: `text`
         Prepared  ///< `facts` of the file of the latest `Prepare`, whose number is `track`
     };
     Kind kind = Started;
     std::uint32_t track = 0;
     std::int64_t positionMs = 0;
     TrackFacts facts;
+    std::string text = {}; ///< UTF-8
 };
 
 /// Every call returns at once; the work is done elsewhere, and only the latest wish counts.

@@ -47,7 +47,8 @@ class PollLoop {
                   {[this](const PlayerRequest& request) { return Answer(request); },
                    [this](const std::string& paths, std::int64_t startedNs) {
                        engine_.AddList(paths, startedNs);
-                   }}) {
+                   },
+                   [this] { return engine_.Title(); }}) {
         const sigset_t signals = EndSignals();
         signals_ = FileDescriptor(::signalfd(-1, &signals, SFD_CLOEXEC | SFD_NONBLOCK));
     }

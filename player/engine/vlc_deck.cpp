@@ -24,6 +24,8 @@ void VlcDeck::Open(VlcMedia media, std::uint32_t track) {
         track_ = track;
     }
     media_ = std::move(media);
+    libvlc_event_attach(libvlc_media_event_manager(media_.get()), libvlc_MediaMetaChanged,
+                        &VlcDeck::OnEvent, this);
     libvlc_media_player_set_media(player_.get(), media_.get());
     libvlc_media_player_play(player_.get());
 }
@@ -59,7 +61,7 @@ std::int64_t VlcDeck::TimeMs() const {
 VlcNotes VlcDeck::TakeNotes() {
     const std::lock_guard lock(mutex_);
     const VlcNotes notes = notes_;
-    notes_.lengthChanged = notes_.timeChanged = false;
+    notes_.lengthChanged = notes_.timeChanged = notes_.metaChanged = false;
     return notes;
 }
 
@@ -76,6 +78,9 @@ void VlcDeck::Note(const libvlc_event_t& event) {
         break;
     case libvlc_MediaPlayerLengthChanged:
         notes_.lengthChanged = true;
+        break;
+    case libvlc_MediaMetaChanged:
+        notes_.metaChanged = true;
         break;
     case libvlc_MediaPlayerEndReached:
         notes_.ended = true;

@@ -15,6 +15,7 @@ struct VlcNotes {
     bool playing = false;
     bool lengthChanged = false; ///< since the last look
     bool timeChanged = false;   ///< since the last look
+    bool metaChanged = false;   ///< since the last look
     std::int64_t timeMs = 0;    ///< 0 until it sounded
     std::chrono::steady_clock::time_point timeAt;
     bool ended = false;

@@ -274,6 +274,7 @@ void VlcOutput::Heed(const VlcNotes& notes) {
     if (track_ == 0 || over_) return;
     if (notes.ended || notes.failed) return HeedEnd(notes);
     if (started_ && notes.timeChanged) HeedTime(notes);
+    if (started_ && notes.metaChanged) TellTitle();
     if (!notes.playing || (started_ && !notes.lengthChanged)) return;
     const TrackFacts facts = VlcMediaFacts(Deck().Media(), path_, Deck().LengthMs());
     if (started_) return Emit(OutputEvent::Facts, facts);
@@ -282,6 +283,12 @@ void VlcOutput::Heed(const VlcNotes& notes) {
     CarryPause();
     CarrySeek();
     Emit(OutputEvent::Started, facts);
+    TellTitle();
+}
+
+void VlcOutput::TellTitle() {
+    const std::string title = VlcStreamTitle(Deck().Media(), path_);
+    if (!title.empty()) sink_({OutputEvent::Title, track_, 0, {}, title});
 }
 
 void VlcOutput::HeedEnd(const VlcNotes& notes) {

@@ -76,6 +76,7 @@ class VlcOutput : public Output {
     void PrepareMedia(const std::string& path);
     static void OnParsed(const libvlc_event_t* event, void* self);
     void Heed(const VlcNotes& notes);
+    void TellTitle();
     void HeedEnd(const VlcNotes& notes);
     void HeedTime(const VlcNotes& notes);
     void HeedStandby(const VlcNotes& notes);

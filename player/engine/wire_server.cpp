@@ -1,5 +1,7 @@
 #include "player/engine/wire_server.h"
 
+#include "platform/player_window.h"
+
 #include <sys/socket.h>
 
 #include <algorithm>
@@ -52,9 +54,16 @@ bool WireServer::ServeClient(Client& client) {
     std::memcpy(&request, packet, sizeof request);
     const auto answer = Answer(client, request, {packet + sizeof request, length - sizeof request});
     if (!answer) return false;
-    const PlayerReply reply{*answer};
-    return ::send(client.connection.get(), &reply, sizeof reply, MSG_NOSIGNAL | MSG_DONTWAIT) ==
-           sizeof reply;
+    const bool asksTitle = request.message == WM_GETTEXT && handlers_.title;
+    return Reply(client, *answer, asksTitle ? handlers_.title() : std::string());
+}
+
+bool WireServer::Reply(const Client& client, std::int32_t result, const std::string& text) {
+    const PlayerReply reply{result};
+    std::string packet(reinterpret_cast<const char*>(&reply), sizeof reply);
+    packet += text.substr(0, PlayerTextLimit);
+    return ::send(client.connection.get(), packet.data(), packet.size(),
+                  MSG_NOSIGNAL | MSG_DONTWAIT) == static_cast<ssize_t>(packet.size());
 }
 
 std::optional<std::int32_t> WireServer::Answer(Client& client, const PlayerRequest& request,

@@ -22,6 +22,8 @@ struct WireHandlers {
     /// A complete list: paths, each ended by a NUL, and when its hand-over began (steady clock,
     /// ns).
     std::function<void(std::string paths, std::int64_t startedNs)> list;
+    /// The text that WM_GETTEXT asks for.
+    std::function<std::string()> title = {};
 };
 
 /// Clients that break the protocol, or do not take their replies, are closed; a client that goes
@@ -47,6 +49,7 @@ class WireServer {
     };
     void Accept();
     bool ServeClient(Client& client);
+    static bool Reply(const Client& client, std::int32_t result, const std::string& text);
     std::optional<std::int32_t> Answer(Client& client, const PlayerRequest& request,
                                        std::string_view payload);
     std::optional<std::int32_t> TakeList(Client& client, std::int32_t step,

@@ -63,7 +63,8 @@ bool DialogOverlay::eventFilter(QObject* target, QEvent* event) {
     case QEvent::Shortcut:
         return true;
     case QEvent::ZOrderChange:
-        raise();
+        // What lets touches through (the dark pane) lies over dialogs, too.
+        if (!widget->testAttribute(Qt::WA_TransparentForMouseEvents)) raise();
         return false;
     case QEvent::Resize:
         if (widget == parentWidget()) setGeometry(widget->rect());

@@ -166,6 +166,23 @@ TEST_F(FileSourceTest, FollowsTheProcessToWhateverItChooses) {
     EXPECT_EQ(list.ItemCount(), 5);
 }
 
+TEST_F(FileSourceTest, AStreamIsCalledWhatItTells) {
+    MakeList(1);
+    PlayList(app.Write("s.m3u", Song(1) + "\nhttp://radio/live\n"), 2);
+    EXPECT_EQ(view.title, "http://radio/live");
+    const std::pair<const char*, const char*> titles[] = {
+        {"Winamp", "http://radio/live"},
+        {"2. Anna - One - Winamp", "Anna - One"},
+        {"2. 9. Symphony - Winamp [Paused]", "9. Symphony"}};
+    for (const auto& [told, title] : titles) {
+        process.wire.title = told;
+        clock.Advance(1100);
+        EXPECT_EQ(view.title, title);
+        EXPECT_EQ(list.Row(1).first, title);
+    }
+    EXPECT_EQ(process.State(), "playing 1 at 0") << "nothing begins anew for it";
+}
+
 TEST_F(FileSourceTest, AQuerysTracksAreHandedOverByName) {
     MakeList(3);
     query = [&](const std::string&) {

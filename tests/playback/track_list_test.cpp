@@ -16,8 +16,9 @@ struct TrackListTest : testing::Test {
 
 TEST_F(TrackListTest, TakesFilesAndDiscTracksAndLeavesOutTheRest) {
     const auto list = Read("# Road music\r\n#EXTM3U\n#EXTINF:1,x\n" + song +
-                           "\n\n/no/such.mp3\n/media/disc/Track02.cda\r\nTRACK.CDA\n" + other);
-    ASSERT_EQ(list.tracks.size(), 4u);
+                           "\n\n/no/such.mp3\n/media/disc/Track02.cda\r\nTRACK.CDA\n" + other +
+                           "\nhttps://radio/live\n");
+    ASSERT_EQ(list.tracks.size(), 5u);
     EXPECT_EQ(list.title, "Road music");
     EXPECT_EQ(list.tracks[0].path, song);
     EXPECT_FALSE(list.tracks[0].tagged);
@@ -25,6 +26,8 @@ TEST_F(TrackListTest, TakesFilesAndDiscTracksAndLeavesOutTheRest) {
     EXPECT_EQ(list.tracks[2].title, "CD Audio Track #3");
     EXPECT_TRUE(list.tracks[2].IsDiscTrack());
     EXPECT_EQ(list.tracks[3].path, other);
+    EXPECT_TRUE(list.tracks[4].IsStream());
+    EXPECT_EQ(list.tracks[4].title, "https://radio/live") << "until it tells its own";
     EXPECT_TRUE(Read(song + "\n/gone.mp3\n" + other, 2).wantedMissing);
     EXPECT_TRUE(Read("/gone.mp3\n" + song, 1).wantedMissing);
     EXPECT_FALSE(Read("/gone.mp3\n" + song + "\n" + other, 2).wantedMissing);

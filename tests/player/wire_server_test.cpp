@@ -51,7 +51,8 @@ struct WireServerTest : testing::Test {
                        [this](std::string paths, std::int64_t started) {
                            const std::lock_guard lock(mutex);
                            lists.emplace_back(std::move(paths), started);
-                       }}};
+                       },
+                       [] { return std::string(PlayerTextLimit + 9, 't'); }}};
     std::thread thread;
 };
 
@@ -59,6 +60,10 @@ TEST_F(WireServerTest, AnswersEachClientInTurnOrClosesItsConnection) {
     const FileDescriptor first = Connect();
     const FileDescriptor second = Connect();
     EXPECT_EQ(Ask(first, {2, 40, 2}), 42);
+    ASSERT_TRUE(SendRequest(first, {13, 0, 0}, {}));
+    const AnswerTaken title = TakeAnswer(first, 1000);
+    ASSERT_TRUE(title.answer);
+    EXPECT_EQ(title.answer->text, std::string(PlayerTextLimit, 't'));
     EXPECT_EQ(Ask(second, {2, -1, 0}), -1);
     EXPECT_EQ(Ask(second, {1, 0, 0}), std::nullopt);
     EXPECT_FALSE(ConnectionAlive(second));

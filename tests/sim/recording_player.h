@@ -37,6 +37,7 @@ class RecordingPlayer : public PlayerWindow {
         if (broken) throw std::runtime_error("wire cut");
         return answer ? answer(item) : 0;
     }
+    std::string Title(WindowHandle) override { return title; }
     bool Start(const std::string& program, const std::string& folder) override {
         if (broken) throw std::runtime_error("no memory");
         started.emplace_back(program, folder);
@@ -64,6 +65,7 @@ class RecordingPlayer : public PlayerWindow {
     bool listens = true;                   ///< one that is started takes messages
     bool starting = false, silent = false; ///< see `PlayerState`
     int kills = 0;
+    std::string title;   ///< of its window
     bool broken = false; ///< every message and start throws
     WindowHandle handle = 77;
     std::function<std::int32_t(const Message&)> answer; ///< 0 for everything when empty
