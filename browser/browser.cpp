@@ -13,13 +13,23 @@ namespace {
 constexpr int SecondMs = 1000;
 
 constexpr ActionRow<Browser> Rows[] = {
-    {Action::ok, &Browser::runok},          {Action::quit, &Browser::doquit},
-    {Action::forward, &Browser::MoveAhead}, {Action::back, &Browser::MoveBack},
-    {Action::up, &Browser::MoveUp},         {Action::down, &Browser::MoveDown},
-    {Action::vup, &Browser::VolUp},         {Action::Vdown, &Browser::VolDown},
-    {Action::SWMP, &Browser::Swap},         {Action::pageup, &Browser::PgUp},
-    {Action::pagedown, &Browser::PgDn},     {Action::Search, &Browser::JumpToSearch},
-    {Action::gps, &Browser::ShowGPS},       {Action::MP3toRadio, &Browser::ShowRadio},
+    {Action::ok, &Browser::runok},
+    {Action::quit, &Browser::doquit},
+    {Action::forward, &Browser::MoveAhead},
+    {Action::back, &Browser::MoveBack},
+    {Action::up, &Browser::MoveUp},
+    {Action::down, &Browser::MoveDown},
+    {Action::vup, &Browser::VolUp},
+    {Action::Vdown, &Browser::VolDown},
+    {Action::SWMP, &Browser::Swap},
+    {Action::pageup, &Browser::PgUp},
+    {Action::pagedown, &Browser::PgDn},
+    {Action::Search, &Browser::JumpToSearch},
+    {Action::gps, &Browser::ShowGPS},
+    {Action::MP3toRadio, &Browser::ShowRadio},
+    {Action::eject, &Browser::Eject},
+    {Action::resume, &Browser::Resume},
+    {Action::apps, &Browser::ToggleApplications},
 };
 
 // While a text is asked for: the list lies behind the keyboard.
@@ -173,6 +183,18 @@ void Browser::ShowGPS() {
     if (ways_.HasGPS() && !building_.Keeps()) ways_.ShowGPS();
 }
 
+void Browser::Eject() {
+    if (!desk_.Building() && buttons_.HasDiscDrive()) buttons_.Eject();
+}
+
+void Browser::Resume() {
+    if (!desk_.Building()) buttons_.Resume();
+}
+
+void Browser::ToggleApplications() {
+    if (!desk_.Building()) buttons_.ToggleApplications();
+}
+
 void Browser::ShowRadio() {
     if (ways_.HasRadio() && !building_.Keeps()) ways_.ShowRadio();
 }
@@ -202,7 +224,10 @@ bool Browser::Form_KeyDown(const std::string& code) {
 }
 
 bool Browser::Repeats(const InputCode& key) const {
-    return text_.IsOpen() ? TextEntry::Repeats(key) : GoesOnWhileHeld(key);
+    if (text_.IsOpen()) return TextEntry::Repeats(key);
+    // Sideways they lead through the folders, or delete.
+    const bool leads = key.Means(Action::back) || key.Means(Action::forward);
+    return GoesOnWhileHeld(key) && !leads;
 }
 
 bool Browser::DoAction(const InputCode& code) {

@@ -65,6 +65,10 @@ class Browser {
     void GoHome();
     void ShowGPS();   ///< (`Image17`)
     void ShowRadio(); ///< (`Image15`)
+    /// What the buttons of these names do, where they are offered.
+    void Eject();
+    void Resume();
+    void ToggleApplications();
 
     /// Acts on a key, a decimal virtual-key code; true when it was used. Keys of the player go to
     /// it.

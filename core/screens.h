@@ -2,6 +2,8 @@
 // them.
 #pragma once
 
+#include "core/screen_buttons.h"
+
 #include <concepts>
 #include <functional>
 #include <map>
@@ -61,6 +63,7 @@ struct ScreenOperations {
     std::function<void()> ReDisplay, DoPause;
     /// Whether a held key goes on; empty on screens on which only what moves does.
     std::function<bool(const InputCode&)> Repeats;
+    ScreenButtons* Buttons = nullptr; ///< null on screens whose keys reach everything
 };
 
 /// The name of the screen in front. A change of it is told, whoever makes it.
@@ -108,13 +111,15 @@ class Screens {
             [&logic](const InputCode& code) { return logic.DoAction(code); },
             {},
             {},
-            {}};
+            {},
+            nullptr};
         if constexpr (requires { logic.ReDisplay(); })
             operations.ReDisplay = [&logic] { logic.ReDisplay(); };
         if constexpr (requires { logic.DoPause(); })
             operations.DoPause = [&logic] { logic.DoPause(); };
         if constexpr (requires(const InputCode& key) { logic.Repeats(key); })
             operations.Repeats = [&logic](const InputCode& key) { return logic.Repeats(key); };
+        if constexpr (requires { window.Buttons(); }) operations.Buttons = &window.Buttons();
         screens_[name] = std::move(operations);
     }
     /// The same for one that is both.

@@ -27,14 +27,39 @@ const std::array<ActionNames, ActionCount> Actions = {{
     {Action::addfav, "addfav", "AddFav", "", "Add favourite"},
     {Action::nextvis, "nextvis", "nextvis", "", "Next visual"},
     {Action::power, "power", "POWER", "", "Power"},
+    {Action::tracktime, "tracktime", "TrackTime", "", "Track time"},
+    {Action::eject, "eject", "Eject", "", "Eject"},
+    {Action::resume, "resume", "Resume", "", "Resume"},
+    {Action::apps, "apps", "Apps", "", "Programs"},
 }};
+
+std::optional<Action> InputCode::Movement() const {
+    if (!key_ || text_.empty()) return std::nullopt;
+    const auto of = [](const auto& matches) {
+        const auto* found = std::ranges::find_if(Actions, [&](const ActionNames& names) {
+            return HasFixedKey(names.action) && matches(names);
+        });
+        return found == Actions.end() ? std::nullopt : std::optional(found->action);
+    };
+    const auto fixed = of([&](const ActionNames& names) { return text_ == names.fixed; });
+    if (fixed && (fixed == Action::ok || fixed == Action::quit || Mapped(*fixed))) return fixed;
+    const auto mapped = of([&](const ActionNames& names) {
+        const bool arrow = names.action != Action::ok && names.action != Action::quit;
+        return Mapped(names.action) && (arrow || !fixed);
+    });
+    return mapped ? mapped : fixed;
+}
+
+bool InputCode::Means(Action action) const {
+    const auto moves = Movement();
+    return moves ? action == moves : Mapped(action);
+}
 
 bool GoesOnWhileHeld(const InputCode& key) {
     static constexpr Action Held[] = {
         Action::up,       Action::down, Action::back,  Action::forward, Action::pageup,
         Action::pagedown, Action::vup,  Action::Vdown, Action::FF,      Action::REW};
-    return std::ranges::any_of(
-        Held, [&](Action action) { return key.Mapped(action) || key.Fixed(action); });
+    return std::ranges::any_of(Held, [&](Action action) { return key.Means(action); });
 }
 
 } // namespace vk

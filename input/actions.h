@@ -5,6 +5,7 @@
 #include <array>
 #include <cstddef>
 #include <iterator>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -36,10 +37,14 @@ enum class Action {
     Search,
     addfav,
     nextvis,
-    power
+    power,
+    tracktime, ///< the time gone or the time left
+    eject,
+    resume, ///< of the list that was last played
+    apps    ///< the applications or the media
 };
 
-inline constexpr std::size_t ActionCount = 24;
+inline constexpr std::size_t ActionCount = 28;
 
 struct ActionNames {
     Action action;
@@ -93,10 +98,12 @@ class InputCode {
     const std::string& Text() const { return text_; }
     bool FromKeyboard() const { return key_; }
     bool Held() const { return held_; }
-    /// True when this is the fixed key of `action`.
-    bool Fixed(Action action) const {
-        return key_ && !text_.empty() && text_ == NamesOf(action).fixed;
-    }
+    /// Which of ok, quit and the arrows a key is, before anything else that it is mapped to. Enter
+    /// and Escape are ok and quit whatever a map says, and so are the arrows what they are, but
+    /// that a map may exchange them. Nothing for a remote's codes.
+    std::optional<Action> Movement() const;
+    /// True when this stands for `action`.
+    bool Means(Action action) const;
 
   private:
     const std::string& text_;
@@ -115,20 +122,15 @@ template<class Screen> struct ActionRow {
 };
 
 /// The first of `rows` whose action `code` stands for; null when there is none. Of a key, what
-/// moves about comes first, as mapped, then by its fixed keys: a map may exchange the arrows, but
-/// no other action can take them away, nor Enter and Escape. A remote's codes know the order of
-/// rows alone.
+/// moves about comes first; a remote's codes know the order of rows alone.
 template<class Rows> auto FindRow(const Rows& rows, const InputCode& code) {
     const auto find = [&](const auto& matches) {
         const auto row =
             std::ranges::find_if(rows, [&](const auto& each) { return matches(each.action); });
         return row == std::end(rows) ? nullptr : &*row;
     };
-    const auto moves = [&](Action action) {
-        return code.FromKeyboard() && HasFixedKey(action) && code.Mapped(action);
-    };
-    const auto* row = find(moves);
-    if (!row) row = find([&](Action action) { return code.Fixed(action); });
+    const auto moves = code.Movement();
+    const auto* row = find([&](Action action) { return action == moves; });
     return row ? row : find([&](Action action) { return code.Mapped(action); });
 }
 

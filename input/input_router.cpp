@@ -10,7 +10,7 @@ constexpr const char* AltF4 = "%115";
 
 /// What the user leaves by.
 bool Leaves(const InputCode& code) {
-    return code.Mapped(Action::quit) || code.Fixed(Action::quit) || code.Mapped(Action::power) ||
+    return code.Means(Action::quit) || code.Mapped(Action::power) ||
            (code.FromKeyboard() && code.Text() == AltF4);
 }
 
@@ -21,10 +21,13 @@ bool InputRouter::Key(const std::string& code, bool repeat) {
     const ScreenOperations* screen = n_.screens.Current();
     if (!screen) return false;
     if (!repeat) key_ = Now(code);
-    if (repeat && (key_ != Now(code) || !Repeats(*screen, key))) return true;
-    return Ask(key, repeat, [this, code](const ScreenOperations& front) {
+    if (repeat && key_ != Now(code)) return true;
+    const auto work = [this, code](const ScreenOperations& front) {
         return front.Form_KeyDown(code) || Power(InputCode(code, n_.keys));
-    });
+    };
+    const auto ask = [this, code, work] { Ask(InputCode(code, n_.keys), false, work); };
+    if (n_.buttons.Down(key, repeat, Short(key_, ask))) return true;
+    return (repeat && !Repeats(*screen, key)) || Ask(key, repeat, work);
 }
 
 void InputRouter::IRCommand(const std::string& code, bool repeat) {
@@ -33,10 +36,24 @@ void InputRouter::IRCommand(const std::string& code, bool repeat) {
     if (repeat && button_ != Now(code)) return;
     if (n_.dialog && n_.dialog(input, repeat)) return;
     if (code.empty()) return;
-    Ask(input, repeat, [this, code, repeat](const ScreenOperations& front) {
+    const auto work = [this, code, repeat](const ScreenOperations& front) {
         const InputCode press(code, n_.remoteKeys, repeat);
         return Power(press) || front.DoAction(press);
-    });
+    };
+    const auto ask = [this, code, work] { Ask(InputCode(code, n_.remoteKeys), false, work); };
+    const bool used = n_.buttons.Down(input, repeat, Short(button_, ask));
+    n_.buttons.Heard(code);
+    const ScreenOperations* screen = n_.screens.Current();
+    if (!used && screen && (!repeat || Repeats(*screen, input))) Ask(input, repeat, work);
+}
+
+// What is pressed while a command runs, or right after a change of screen, is not kept for later.
+ButtonKeys::ShortPress InputRouter::Short(const Press& press, std::function<void()> ask) const {
+    if (n_.commands.ListBusy() || n_.newScreen.Deaf()) return {};
+    const auto valid = [this, press] {
+        return press == Now(press.code) && !n_.commands.ListBusy();
+    };
+    return {valid, std::move(ask)};
 }
 
 InputRouter::Press InputRouter::Now(const std::string& code) const {

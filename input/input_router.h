@@ -4,6 +4,7 @@
 #include "core/commands.h"
 #include "core/screens.h"
 #include "input/actions.h"
+#include "input/button_keys.h"
 #include "input/new_screen.h"
 
 #include <functional>
@@ -14,7 +15,8 @@ namespace vk {
 
 /// While a command runs, keys and codes are dropped, but for those that leave: they end it. What
 /// comes right after a change of screen is dropped, too, and what a key or button goes on sending
-/// that is held since before it: it was pressed for the screen that has gone.
+/// that is held since before it: it was pressed for the screen that has gone. Of what is held on
+/// only that goes on which the screen lets repeat.
 class InputRouter {
   public:
     /// All of it outlives the router.
@@ -22,6 +24,7 @@ class InputRouter {
         Screens& screens;
         Commands& commands;
         const NewScreen& newScreen;
+        ButtonKeys& buttons;
         const KeyMap& keys;
         const RemoteMap& remoteKeys;
         /// Works the dialog in front; false when there is none. Keys reach dialogs by themselves.
@@ -36,8 +39,12 @@ class InputRouter {
     /// A key, the decimal text of its code, with "%" in front while Alt is held, empty for a key
     /// that has none; `repeat` when it is being held. True when it was used.
     bool Key(const std::string& code, bool repeat = false);
+    /// A key was let go.
+    void KeyUp(const std::string& code) { n_.buttons.Up(code); }
     /// A code of the remote.
     void IRCommand(const std::string& code, bool repeat = false);
+    /// A code that is no command, as it comes too soon: its button is still held.
+    void IRHeard(const std::string& code) { n_.buttons.Heard(code); }
 
   private:
     /// What was pressed last, and where.
@@ -48,6 +55,7 @@ class InputRouter {
     };
 
     Press Now(const std::string& code) const;
+    ButtonKeys::ShortPress Short(const Press& press, std::function<void()> ask) const;
     static bool Repeats(const ScreenOperations& screen, const InputCode& key);
     /// Asks for `work` on the screen in front; false when it was run and found nothing to do.
     bool Ask(const InputCode& code, bool repeat,

@@ -22,7 +22,15 @@ constexpr std::pair<int, const char*> Names[] = {
     {111, "/ [Num Pad]"}, {192, "~"},           {187, "="},           {189, "-"},
     {219, "["},           {220, "\\"},          {221, "]"},           {186, ";"},
     {222, "'"},           {188, ","},           {190, "."},           {191, "/"},
+    {226, "<"},           {12, "Clear"},        {19, "Pause"},        {44, "Print Scr"},
+    {47, "Help"},         {91, "Left Win"},     {92, "Right Win"},    {93, "Menu"},
+    {95, "Sleep"},        {110, ". [Num Pad]"}, {166, "Web Back"},    {167, "Web Forward"},
+    {168, "Refresh"},     {169, "Web Stop"},    {170, "Search"},      {171, "Favourites"},
+    {172, "Home Page"},   {173, "Mute"},        {174, "Vol Down"},    {175, "Vol Up"},
+    {176, "Next Track"},  {177, "Prev Track"},  {178, "Stop"},        {179, "Play/Pause"},
+    {180, "Mail"},        {181, "Media"},
 };
+constexpr int F1 = 112, F24 = 135, Pad0 = 96, Pad9 = 105;
 
 } // namespace
 
@@ -32,9 +40,10 @@ std::string KeyName(const std::string& code) {
     if (read.ec != std::errc() || read.ptr != code.data() + code.size()) return "No Key";
     if ((key >= 'A' && key <= 'Z') || (key >= '0' && key <= '9'))
         return std::string(1, static_cast<char>(key));
-    if (key >= 112 && key <= 123) return "F" + std::to_string(key - 111);
+    if (key >= F1 && key <= F24) return "F" + std::to_string(key - F1 + 1);
+    if (key >= Pad0 && key <= Pad9) return std::to_string(key - Pad0) + " [Num Pad]";
     const auto* named = std::ranges::find(Names, key, [](const auto& row) { return row.first; });
-    return named == std::end(Names) ? "No Key" : named->second;
+    return named == std::end(Names) ? "Key " + code : named->second;
 }
 
 KeyboardLearning::KeyboardLearning(Needs needs)

@@ -13,8 +13,8 @@
 
 namespace vk {
 
-/// The name of a key, by its decimal virtual-key code: "A", "F5", "Pg Up"; "No Key" for those
-/// without one.
+/// The name of a key, by its decimal virtual-key code: "A", "F5", "Pg Up", else "Key" and the code;
+/// "No Key" for what is no number.
 std::string KeyName(const std::string& code);
 
 /// Arms an action and gives it the next key.

@@ -28,7 +28,8 @@ constexpr std::array<const char*, ActionCount> Buttons = {
     "btnIRvup",      "btnIRvdown",    "btnIRforward", "btnIRback",        "btnIRup",
     "btnIRdown",     "btnIRswmp",     "btnIRshuffle", "btnIRstartvis",    "btnIRpageup",
     "btnIRpagedown", "btnIRplay",     "btnIRpause",   "btnIRfastforward", "btnIRrewind",
-    "btnIRsearch",   "btnIRaddfav",   "btnIRnextvis", "btnIRpower"};
+    "btnIRsearch",   "btnIRaddfav",   "btnIRnextvis", "btnIRpower",       "btnIRtracktime",
+    "btnIReject",    "btnIRresume",   "btnIRapps"};
 
 } // namespace
 
@@ -53,8 +54,10 @@ void RemoteLearning::Leave() {
 
 bool RemoteLearning::Received(const std::string& code, bool held) {
     const std::int64_t gap = n_.clock.TickMs() - std::exchange(lastMs_, n_.clock.TickMs());
-    Add(code);
-    n_.beeper.Beep();
+    if (!held) { // of a held one the list would show nothing else
+        Add(code);
+        n_.beeper.Beep();
+    }
     if (Measuring()) {
         if (held) Measure(gap);
         return false;

@@ -56,12 +56,13 @@ void TextEntry::Answer(const std::optional<std::string>& text) {
 
 bool TextEntry::Key(const InputCode& code) {
     if (!open_) return false;
-    if (code.FromKeyboard() && keyboard_.KeyDown(code.Text())) return true;
-    return RunAction(keyboard_, Rows, code);
+    return RunAction(keyboard_, Rows, code) ||
+           (code.FromKeyboard() && keyboard_.KeyDown(code.Text()));
 }
 
 bool TextEntry::Repeats(const InputCode& key) {
-    return KeyboardModel::Types(key.Text()) ? key.Text() == Backspace : GoesOnWhileHeld(key);
+    const bool types = key.FromKeyboard() && !key.Movement() && KeyboardModel::Types(key.Text());
+    return types ? key.Text() == Backspace : GoesOnWhileHeld(key);
 }
 
 } // namespace vk

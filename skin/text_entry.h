@@ -31,8 +31,9 @@ struct TextQuestion {
     bool startOnOK = false; ///< the value is most often taken as it is: Enter does it
 };
 
-/// One question at a time. While it is open it has the keys first: those that type a letter type
-/// it, whatever else they are mapped to; arrows, ok and quit work the drawn keys.
+/// One question at a time. While it is open it has the keys first: arrows, ok and quit, as mapped,
+/// work the drawn keys, or who has no others could not get out; those that type a letter type it,
+/// whatever else they are mapped to.
 class TextEntry {
   public:
     /// Both outlive this object.

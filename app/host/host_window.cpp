@@ -34,6 +34,11 @@ void HostWindow::keyPressEvent(QKeyEvent* event) {
     event->setAccepted(onKey && onKey(code, event->isAutoRepeat()));
 }
 
+// The system sends both for a key that is held on, too.
+void HostWindow::keyReleaseEvent(QKeyEvent* event) {
+    if (onKeyUp && !event->isAutoRepeat()) onKeyUp(VirtualKeyText(*event));
+}
+
 void HostWindow::closeEvent(QCloseEvent* event) {
     event->ignore();
     if (onClose) onClose();

@@ -11,15 +11,18 @@ InputModule::InputModule(Host& host)
     host_.window.onKey = [this](const std::string& code, bool repeat) {
         return !closed_ && router_.Key(code, repeat);
     };
+    host_.window.onKeyUp = [this](const std::string& code) { router_.KeyUp(code); };
     remote.IRCommand = [this](const std::string& code, bool repeat) {
         if (!closed_) router_.IRCommand(code, repeat);
     };
+    remote.IRHeld = [this](const std::string& code) { router_.IRHeard(code); };
     QCoreApplication::instance()->installEventFilter(&touches_);
 }
 
 InputModule::~InputModule() {
     host_.dialogs.onClosed = {};
     host_.window.onKey = {};
+    host_.window.onKeyUp = {};
 }
 
 void InputModule::Resume() {
@@ -33,6 +36,7 @@ InputRouter::Needs InputModule::RouterNeeds() {
     return {.screens = host_.screens,
             .commands = host_.commands,
             .newScreen = newScreen_,
+            .buttons = buttons_,
             .keys = host_.keys,
             .remoteKeys = host_.remoteKeys,
             .dialog = [this](const InputCode& code,

@@ -32,6 +32,7 @@ class InputModule : public Module {
     Host& host_;
     NewScreen newScreen_{host_.screens, host_.base.clock};
     TouchFilter touches_{newScreen_};
+    ButtonKeys buttons_{host_.screens, host_.settings, host_.base.clock};
     InputRouter router_{RouterNeeds()};
     bool closed_ = false;
 

@@ -63,7 +63,8 @@ playlists::playlists(const Needs& needs, QWidget* parent)
     : QWidget(parent), context_(needs.context), UCListBox_(context_, list_, this),
       UCListBox2_(context_, rightList_, this), toolFrame_(this), bottomBar_(this),
       KBFrame(context_, keyboard_, this), lblCurrentFolderStatus(this), ClockBar(this),
-      lbLoading(this), browser_(needs.browser, {list_, rightList_, text_}, *this),
+      lbLoading(this), focus_(context_, this),
+      browser_(needs.browser, {list_, rightList_, text_}, *this),
       volumeTimer_(context_.clock.MakeTimer(
           [this] { context_.commands.Run([this] { (browser_.*heldVolume_)(); }); })) {
     hide();
@@ -81,6 +82,7 @@ playlists::playlists(const Needs& needs, QWidget* parent)
         buttons_.at(ends)->whileBusy = Commands::When::Interrupt;
     WireVolume("Image9", "vdownsel.gif", &Browser::VolDown);
     WireVolume("Image10", "vupsel.gif", &Browser::VolUp);
+    focus_.offered = [this] { return KBFrame.isHidden(); };
     KBFrame.onSlide = [this](bool open) { CoverLists(open); };
     toolFrame_.hide();
     lbLoading.setAttribute(Qt::WA_TransparentForMouseEvents); // it may lie over drawn keys

@@ -3,6 +3,7 @@
 
 #include "browser/browser.h"
 #include "skin/controls/control_context.h"
+#include "skin/controls/focused_buttons.h"
 #include "skin/controls/shaded_label.h"
 #include "skin/controls/text_entry_panel.h"
 #include "skin/controls/touch_button.h"
@@ -29,6 +30,7 @@ class playlists : public QWidget, private BrowserView {
 
     /// What is registered under `BrowserName`, with this as its window.
     Browser& browser() { return browser_; }
+    FocusedButtons& Buttons() { return focus_; }
     /// Places and fills every part anew for the screen's size, the skin and the browser's mode.
     void DoLayout();
     void Hide() { hide(); }
@@ -87,6 +89,7 @@ class playlists : public QWidget, private BrowserView {
     ShadedLabel lblCurrentFolderStatus;
     ShadedLabel ClockBar;
     ShadedLabel lbLoading;
+    FocusedButtons focus_;
     std::map<std::string, std::unique_ptr<TouchButton>> buttons_; ///< by the names of their rows
     TextEntry text_{keyboard_, KBFrame};
     std::int16_t listMode_ = ListFromMenu; ///< that the screen is laid out for

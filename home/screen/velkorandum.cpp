@@ -23,11 +23,13 @@ constexpr int PlateRadius = 14;
 
 velkorandum::velkorandum(const ControlContext& context, MainMenu::Needs needs, QWidget* parent)
     : QWidget(parent), context_(context), menu_(needs, *this), Frame1(this), ClockBar(this),
-      Label6(this), imgLoading(this), canDim_(static_cast<bool>(needs.doors.setDimmer)) {
+      Label6(this), imgLoading(this), focus_(context, this),
+      canDim_(static_cast<bool>(needs.doors.setDimmer)) {
     Image1 = MakeButton("quit.gif", "Quit", [this] { menu_.Image1_Click(); });
     Image2 = MakeButton("watermark.gif", "Dim", [this] { menu_.Image2_Click(); });
     Image3 = MakeButton("cpl.jpg", "Set", [this] { menu_.ClockBar_Click(); });
     ClockBar.OnClick(context_.commands, [this] { menu_.ClockBar_Click(); });
+    focus_.onFocus = [this](bool on) { ShowBarButtons(on || !context_.settings.CleanMenu); };
     hide();
     DoLayout();
 }
@@ -81,7 +83,6 @@ int velkorandum::TouchedAbove(int barTop) const {
 
 void velkorandum::LayOutBar() {
     const SkinData& skin = context_.skin.data();
-    const bool plain = !context_.settings.CleanMenu;
     const int tall = height() / BarShare;
     const int button = width() / ButtonShare;
     const int top = TouchedAbove(height() - tall);
@@ -96,13 +97,17 @@ void velkorandum::LayOutBar() {
     Image3->setGeometry(0, top, button, touched);
     Image2->setGeometry(width() - 2 * button, top, button, touched);
     Image1->setGeometry(width() - button, top, button, touched);
-    Image1->setVisible(plain);
-    Image3->setVisible(plain);
-    Image2->setVisible(plain && canDim_);
+    ShowBarButtons(!context_.settings.CleanMenu);
     for (TouchButton* image : {Image1.get(), Image2.get(), Image3.get()}) {
         image->SetFace({0, touched - tall, button, tall});
         image->raise();
     }
+}
+
+void velkorandum::ShowBarButtons(bool shown) {
+    Image1->setVisible(shown);
+    Image3->setVisible(shown);
+    Image2->setVisible(shown && canDim_);
 }
 
 void velkorandum::LayOutBanner() {

@@ -3,6 +3,7 @@
 
 #include "home/main_menu.h"
 #include "skin/controls/control_context.h"
+#include "skin/controls/focused_buttons.h"
 #include "skin/controls/menu_icon.h"
 #include "skin/controls/shaded_label.h"
 #include "skin/controls/touch_button.h"
@@ -30,6 +31,8 @@ class velkorandum : public QWidget, public MenuView {
 
     /// The logic behind the picture.
     MainMenu& menu() { return menu_; }
+    /// Those of its bar.
+    FocusedButtons& Buttons() { return focus_; }
 
     void ShowAtFront() override;
     void ShowIcons() override;
@@ -49,6 +52,7 @@ class velkorandum : public QWidget, public MenuView {
     QSize ScreenSize() const;
     void LayOutBar();
     int TouchedAbove(int barTop) const;
+    void ShowBarButtons(bool shown);
     void LayOutBanner();
     std::unique_ptr<TouchButton> MakeButton(const char* picture, const char* caption,
                                             std::function<void()> onClick);
@@ -63,6 +67,7 @@ class velkorandum : public QWidget, public MenuView {
     QPixmap background_;
     QLabel imgLoading;
     int iconGeneration_ = -1;
+    FocusedButtons focus_;
     WheelTicks wheel_;
     bool canDim_ = false;
 };

@@ -79,7 +79,11 @@ std::unique_ptr<RemoteReceiver> Remote::MakeUuirt() {
 
 void Remote::Received(const std::string& code) {
     const Heard heard = Filtered(code);
-    if (heard == Heard::Dropped || !base_.settings.values.remoteStatus) return;
+    if (!base_.settings.values.remoteStatus) return;
+    if (heard == Heard::Dropped) {
+        if (IRHeld) IRHeld(code);
+        return;
+    }
     RunCommand(code, heard == Heard::Repeat);
     ClearBuff();
     filter_.Resume(base_.clock.Now().SecondsOfDay());

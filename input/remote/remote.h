@@ -55,6 +55,9 @@ class Remote {
     /// exceptions are logged.
     std::function<void(const std::string& code, bool repeat)> IRCommand;
 
+    /// Gets each code that is dropped because its button is only held on.
+    std::function<void(const std::string& code)> IRHeld;
+
     /// Not empty while the settings page collects codes: none is dropped then.
     std::string learn;
     float learnInterval = 0; ///< between codes of a held button, as measured there; seconds

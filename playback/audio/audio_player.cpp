@@ -180,11 +180,13 @@ void AudioPlayer::runok() {
 }
 
 void AudioPlayer::MoveAhead() {
+    skippedMs_ = base_.clock.TickMs();
     ticks_.Soon();
     Ask("MoveAhead", [](PlayerSource& source) { source.MoveAhead(); });
 }
 
 void AudioPlayer::MoveBack() {
+    skippedMs_ = base_.clock.TickMs();
     ticks_.Soon();
     Ask("MoveBack", [](PlayerSource& source) { source.MoveBack(); });
 }

@@ -77,6 +77,8 @@ class AudioPlayer : public Transport {
     bool Form_KeyDown(const std::string& code);
     /// The same for what any map gives a meaning.
     bool DoAction(const InputCode& code) override;
+    /// True for a key that goes on while it is held, the next track at most twice a second.
+    bool Repeats(const InputCode& key) const;
     /// The wheel: positive is up.
     void Wheel(int delta);
     /// A touch of the time label: the time gone or the time left.
@@ -110,6 +112,7 @@ class AudioPlayer : public Transport {
     Sources sources_;
     PlayerButtons buttons_;
     PlayerTicks ticks_;
+    std::int64_t skippedMs_ = 0; ///< when a track was last skipped, of the clock's ticks
     bool bInPlayer = false;
 };
 

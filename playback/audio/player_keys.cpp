@@ -5,6 +5,8 @@ namespace vk {
 
 namespace {
 
+constexpr int SkipMs = 500; // between two tracks, of a held key
+
 // In the order in which codes of the remote are compared.
 constexpr ActionRow<AudioPlayer> Rows[] = {
     {Action::shuffle, &AudioPlayer::setshuffle},
@@ -27,6 +29,7 @@ constexpr ActionRow<AudioPlayer> Rows[] = {
     {Action::addfav, &AudioPlayer::AddToFavorites},
     {Action::MP3toRadio, &AudioPlayer::TSRadio2MP3Btn_Click},
     {Action::gps, &AudioPlayer::LoadGPS},
+    {Action::tracktime, &AudioPlayer::TrackTimeLabel_Click},
 };
 
 } // namespace
@@ -37,6 +40,12 @@ bool AudioPlayer::Form_KeyDown(const std::string& code) {
 
 bool AudioPlayer::DoAction(const InputCode& code) {
     return RunAction(*this, Rows, code);
+}
+
+bool AudioPlayer::Repeats(const InputCode& key) const {
+    if (!key.Means(Action::forward) && !key.Means(Action::back)) return GoesOnWhileHeld(key);
+    const bool turnsSearch = n_.audio.PlayMode == PlayFM; // which a second one ends
+    return !turnsSearch && base_.clock.TickMs() - skippedMs_ >= SkipMs;
 }
 
 void AudioPlayer::Wheel(int delta) {

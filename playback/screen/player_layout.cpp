@@ -66,21 +66,18 @@ void PlayerLayout::PlaceButtons(int width, int height) {
                                          Pause,   FastForward, VolumeDown, VolumeUp,
                                          Shuffle, AddFavorite, Source};
     const int room = width * FillPercent / 100 / std::max(1, Share(height, ButtonShare));
-    std::vector<TouchButtonId> above;
+    std::vector<TouchButtonId> above = {PageUp, PageDown, Mute};
+    bottom.push_back(PopUpMenu);
     for (const TouchButtonId id : {AddFavorite, Source, RunOk, Shuffle}) {
-        const bool menu = !above.empty();
-        if (static_cast<int>(bottom.size()) + (menu ? 1 : 0) <= room) break;
+        if (static_cast<int>(bottom.size()) <= room) break;
         std::erase(bottom, id);
         above.push_back(id);
     }
-    if (!above.empty()) {
-        bottom.push_back(PopUpMenu);
-        const int upper = Share(height, BottomBarShare);
-        const int cell = width / static_cast<int>(bottom.size());
-        const int wide = cell * static_cast<int>(above.size());
-        upperBar = {width - wide, bottomBar.top() - upper, wide, upper};
-        PlaceRow(above, upperBar, true);
-    }
+    const int upper = Share(height, BottomBarShare);
+    const int cell = width / static_cast<int>(std::max(bottom.size(), above.size()));
+    const int wide = cell * static_cast<int>(above.size());
+    upperBar = {width - wide, bottomBar.top() - upper, wide, upper};
+    PlaceRow(above, upperBar, true);
     PlaceRow(bottom, bottomBar, false);
 }
 

@@ -21,7 +21,10 @@ enum class TouchButtonId : std::uint8_t {
     Shuffle,     ///< `TSshuffleBtn`
     AddFavorite, ///< `TSAddFavBtn`
     Source,      ///< `TSRadio2MP3Btn`
-    PopUpMenu    ///< `TSPopUpMenuBtn`, which opens `frmUpperBar`
+    PageUp,
+    PageDown,
+    Mute,
+    PopUpMenu ///< `TSPopUpMenuBtn`, which opens `frmUpperBar`
 };
 
 /// A button and its place: in the bottom bar, or in the bar above it that opens on request.
@@ -48,7 +51,7 @@ struct PlayerLayout {
     QRect list;
     QRect loading; ///< in the middle of the list
     QRect bottomBar;
-    QRect upperBar; ///< empty when all buttons fit into the bottom bar
+    QRect upperBar; ///< for what is needed least while driving, and what does not fit below
     std::vector<ButtonPlace> buttons;
 
   private:

@@ -34,6 +34,9 @@ constexpr ButtonFace Faces[] = {
     {TouchButtonId::Shuffle, "TSshuffleBtn", "shuffle.gif", "", "Shuffle"},
     {TouchButtonId::AddFavorite, "TSAddFavBtn", "addfav.gif", "addfavsel.gif", "+ Fav"},
     {TouchButtonId::Source, "TSRadio2MP3Btn", "player.gif", "", "Source"},
+    {TouchButtonId::PageUp, "TSPageUpBtn", "pgup.gif", "pgupsel.gif", "Page up"},
+    {TouchButtonId::PageDown, "TSPageDownBtn", "pgdn.gif", "pgdnsel.gif", "Page down"},
+    {TouchButtonId::Mute, "TSMuteBtn", "mute.gif", "", "Mute"},
     {TouchButtonId::PopUpMenu, "TSPopUpMenuBtn", "menu.gif", "", "..."},
 };
 
@@ -65,7 +68,8 @@ playmp3::playmp3(const ControlContext& context, AudioPlayer::Needs needs, QWidge
       lbPlayListTitle_(&Frame1_), Vol_(&Frame1_), Label1_(&Frame1_), artistlabel_(&Frame1_),
       TrackTimeLabel_(&Frame1_), lblBitRate_(&Frame1_), lblShuffle_(&Frame1_),
       UCST_(context, &Frame1_), UCListBox_(context, rows_, &Frame1_), imgCoverArt_(&Frame1_),
-      frmUpperBar_(&Frame1_), lbLoading_(&Frame1_), player_(std::move(needs), rows_, *this) {
+      frmUpperBar_(&Frame1_), lbLoading_(&Frame1_), focus_(context, this),
+      player_(std::move(needs), rows_, *this) {
     setAttribute(Qt::WA_OpaquePaintEvent);
     NameControls();
     MakeButtons();
@@ -124,6 +128,9 @@ void playmp3::MakeButtons() {
     click(TouchButtonId::Swap, &AudioPlayer::Swap);
     click(TouchButtonId::RunOk, &AudioPlayer::runok);
     click(TouchButtonId::Pause, &AudioPlayer::DoPause);
+    click(TouchButtonId::PageUp, &AudioPlayer::PgUp);
+    click(TouchButtonId::PageDown, &AudioPlayer::PgDn);
+    click(TouchButtonId::Mute, &AudioPlayer::domute);
     click(TouchButtonId::Shuffle, &AudioPlayer::setshuffle);
     click(TouchButtonId::Source, &AudioPlayer::TSRadio2MP3Btn_Click);
     Button(TouchButtonId::AddFavorite).onClick = [this] {

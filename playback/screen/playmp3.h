@@ -5,6 +5,7 @@
 #include "playback/screen/cover_loader.h"
 #include "playback/screen/player_layout.h"
 #include "skin/controls/control_context.h"
+#include "skin/controls/focused_buttons.h"
 #include "skin/controls/shaded_label.h"
 #include "skin/controls/touch_button.h"
 #include "skin/controls/uc_list_box.h"
@@ -34,6 +35,7 @@ class playmp3 : public QWidget, private PlayerView {
 
     /// What is done on it.
     AudioPlayer& player() { return player_; }
+    FocusedButtons& Buttons() { return focus_; }
 
   protected:
     void paintEvent(QPaintEvent* event) override;
@@ -86,6 +88,7 @@ class playmp3 : public QWidget, private PlayerView {
     std::string mediaType_;
     bool upperOpen_ = false;
     CoverLoader covers_;
+    FocusedButtons focus_;
     WheelTicks wheel_;
     AudioPlayer player_;
 };

@@ -26,6 +26,7 @@ class PageScreen {
     bool Form_KeyDown(const std::string& code) { return pages_.Key(code); }
     bool DoAction(const InputCode& code) { return pages_.Code(code); }
     bool Repeats(const InputCode& key) const {
+        if (pages_.Shown().takesCode && !key.FromKeyboard()) return true; // it may measure them
         return pages_.Shown().repeats && GoesOnWhileHeld(key);
     }
     void DoLayout() {

@@ -44,6 +44,7 @@ class ShadedLabel : public QWidget {
     /// A touch runs `click` as a command: dropped while another one runs. Without one touches go to
     /// the parent. `commands` outlives the label.
     void OnClick(Commands& commands, std::function<void()> click);
+    bool TakesTouches() const { return static_cast<bool>(click_); }
 
   protected:
     void paintEvent(QPaintEvent* event) override;

@@ -88,8 +88,9 @@ bool DialogOverlay::ContentKey(QKeyEvent&) {
 
 void DialogOverlay::keyPressEvent(QKeyEvent* event) {
     event->accept();
-    const Qt::Key key = meaning && !TakesText() ? meaning(*event) : Qt::Key_unknown;
-    if (key != Qt::Key_unknown) return Press(key, event->isAutoRepeat());
+    const Qt::Key key = meaning ? meaning(*event) : Qt::Key_unknown;
+    const bool pages = key == Qt::Key_PageUp || key == Qt::Key_PageDown;
+    if (key != Qt::Key_unknown && !(pages && TakesText())) return Press(key, event->isAutoRepeat());
     UseKey(*event);
 }
 

@@ -49,7 +49,7 @@ class DialogOverlay : public QWidget {
     /// Sets `panel_`, the cells and whatever else depends on the size.
     virtual void LayOut() = 0;
     virtual void DrawContent(QPainter& painter) = 0;
-    /// True where keys type a text, whatever else they are mapped to.
+    /// True where keys type a text, whatever they are mapped to but arrows, ok and quit.
     virtual bool TakesText() const { return false; }
     /// Has the first look at a key; true when it was used.
     virtual bool ContentKey(QKeyEvent& event);

@@ -32,7 +32,7 @@ class SkinDialogs : public Dialogs {
 
     /// From now on the dialogs wear the skin's colours (once it has been loaded).
     void SetSkin(const SkinStore* skin) { skin_ = skin; }
-    /// From now on the keys of this map work the dialogs, too, but for those that ask for a text.
+    /// From now on the keys of this map work the dialogs, too.
     void SetKeys(const KeyMap* keys) { keys_ = keys; }
 
     void ShowMessage(const std::string& text, const std::string& title = {},

@@ -162,8 +162,10 @@ class WiredSystem : public FakeMachine {
     std::string Front() { return host().screens.CurrentForm.Text(); }
     void Key(int key) {
         QWidget* focus = QApplication::focusWidget();
-        QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
-        QCoreApplication::sendEvent(focus ? focus : &host().window, &press);
+        for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+            QKeyEvent event(type, key, Qt::NoModifier);
+            QCoreApplication::sendEvent(focus ? focus : &host().window, &event);
+        }
     }
     /// A button of the remote; `count` above 0 while it is held.
     void Remote(const std::string& button, int count = 0) {

@@ -208,7 +208,9 @@ TEST_F(BrowserKeys, EveryActionReachesItsOperationAndNoOther) {
             for (const std::string& call : screen->calls)
                 if (call != "Hide") text += name + call;
         if (view.keyboard) text += " keyboard";
-        if (view.loading.starts_with("Volume")) text += view.loading;
+        for (const char* notice : {"Volume", "You must first"})
+            if (view.loading.starts_with(notice)) text += view.loading;
+        state.ListMode = ListFromMenu;
         sound.mixer.Level(MixerLine::Master) = 500;
         core.clock.Advance(10'000);
         Enter(media + "/m");
@@ -231,7 +233,10 @@ TEST_F(BrowserKeys, EveryActionReachesItsOperationAndNoOther) {
                                           {Action::Vdown, "Volume : 48%"},
                                           {Action::Search, "Text Search Options "},
                                           {Action::gps, "gps.ReShow"},
-                                          {Action::MP3toRadio, "player.ReShow"}};
+                                          {Action::MP3toRadio, "player.ReShow"},
+                                          {Action::eject, "Browse By Directory "},
+                                          {Action::apps, "External Applications"}};
+    effects[Action::resume] = "You must first play an audio file before resuming.";
     for (const Action passed : {Action::mute, Action::shuffle, Action::play, Action::pause,
                                 Action::FF, Action::REW, Action::addfav})
         effects[passed] = "player.DoAction";

@@ -18,8 +18,29 @@ struct LearningScreen : RecordingScreen {
     bool Repeats(const InputCode&) const { return false; }
 };
 
+/// Has buttons that write down, too, what is done with them.
+struct ButtonScreen : RecordingScreen, ScreenButtons {
+    ScreenButtons& Buttons() { return *this; }
+    bool Offered() const override { return offered; }
+    bool Enter() override {
+        Tell("Enter");
+        return marked = any;
+    }
+    void Leave() override {
+        Tell("Leave");
+        marked = false;
+    }
+    bool Marked() const override { return marked; }
+    void Move(int dx, int dy) override { Tell("Move " + std::to_string(dx) + std::to_string(dy)); }
+    void Press() override { Tell("Press"); }
+    void Release() override { Tell("Release"); }
+    void Say(const std::string& text) override { Tell(text); }
+    bool offered = true, any = true, marked = false;
+};
+
 struct InputRouterTest : CoreTest {
     InputRouterTest() {
+        screens.Add("playmp3", player);
         screens.Add("playlists", browser);
         screens.Add("velkorandum", menu);
         Show("playlists");
@@ -28,18 +49,21 @@ struct InputRouterTest : CoreTest {
         remoteKeys[Action::ok] = "enter";
         remoteKeys[Action::quit] = "out";
     }
-    /// Sends keys, and codes of the remote where they are words; "~" behind one that is held on.
-    /// Gives what the browser got.
-    Calls Sent(std::initializer_list<std::string> codes) {
+    /// Sends keys, and codes of the remote where they are words; "~" behind one that is held on,
+    /// "^" in front of a key that is let go. Gives what the screen got, the browser at first.
+    Calls Sent(std::initializer_list<std::string> codes) { return Sent(codes, browser); }
+    Calls Sent(std::initializer_list<std::string> codes, RecordingScreen& screen) {
         for (std::string code : codes) {
             const bool held = code.ends_with("~");
             if (held) code.pop_back();
-            if (std::isalpha(code[0]))
+            if (code.starts_with("^"))
+                router.KeyUp(code.substr(1));
+            else if (std::isalpha(code[0]))
                 router.IRCommand(code, held);
             else
                 EXPECT_TRUE(router.Key(code, held)) << code;
         }
-        return std::exchange(browser.calls, {});
+        return std::exchange(screen.calls, {});
     }
     void Settle() { clock.Advance(1000); }
     void Show(const char* form) {
@@ -49,11 +73,13 @@ struct InputRouterTest : CoreTest {
     KeyMap keys;
     RemoteMap remoteKeys;
     RecordingScreen browser, menu;
+    ButtonScreen player;
     LearningScreen learning;
     bool dialogOpen = false;
     int powered = 0, dialogs = 0;
     NewScreen newScreen{screens, clock};
-    InputRouter router{{screens, commands, newScreen, keys, remoteKeys,
+    ButtonKeys buttons{screens, settings, clock};
+    InputRouter router{{screens, commands, newScreen, buttons, keys, remoteKeys,
                         [this](const InputCode&, bool) { return dialogOpen; },
                         [this] { return dialogs; }, [this] { ++powered; }}};
 };
@@ -76,18 +102,20 @@ TEST_F(InputRouterTest, EveryActionIsReadFromBothFilesAndWritten) {
 }
 
 TEST_F(InputRouterTest, ATableIsComparedInOrderAndFixedKeysBeforeWhatIsNoMovement) {
-    constexpr ActionRow<RecordingScreen> rows[] = {{Action::vup, &RecordingScreen::VolUp},
+    constexpr ActionRow<RecordingScreen> rows[] = {{Action::forward, &RecordingScreen::MoveAhead},
+                                                   {Action::vup, &RecordingScreen::VolUp},
                                                    {Action::quit, &RecordingScreen::doquit},
                                                    {Action::ok, &RecordingScreen::runok},
                                                    {Action::up, &RecordingScreen::MoveUp}};
-    keys[Action::up] = "13"; // the fixed keys may change their places
-    keys[Action::ok] = keys[Action::quit];
-    keys[Action::vup] = "38"; // but nothing else may take one
+    keys[Action::up] = "40"; // arrows may change their places
+    keys[Action::ok] = "38"; // but nothing else may take one,
+    keys[Action::vup] = "39";
+    keys[Action::quit] = "13"; // nor Enter
     remoteKeys[Action::vup] = "out";
     const std::tuple<std::string, bool, const char*> cases[] = {
-        {"81", false, "doquit"}, {"13", false, "MoveUp"}, {"38", false, "MoveUp"},
-        {"40", false, ""},       {"", false, ""},         {"enter", true, "runok"},
-        {"out", true, "VolUp"},  {"27", true, ""}};
+        {"13", false, "runok"},   {"27", false, "doquit"},    {"38", false, "MoveUp"},
+        {"40", false, "MoveUp"},  {"39", false, "MoveAhead"}, {"", false, ""},
+        {"enter", true, "runok"}, {"out", true, "VolUp"},     {"27", true, ""}};
     for (const auto& [code, remote, call] : cases) {
         const InputCode sent = remote ? InputCode(code, remoteKeys) : InputCode(code, keys);
         EXPECT_EQ(RunAction(browser, rows, sent), *call != 0) << code;
@@ -148,16 +176,58 @@ TEST_F(InputRouterTest, AHeldKeyRepeatsWhatMovesAndOnlyOnItsOwnScreen) {
     EXPECT_EQ(Sent({"38~"}), Calls{});
 }
 
-TEST_F(InputRouterTest, AHeldButtonOfTheRemoteStopsAtTheNextScreenOrDialog) {
-    EXPECT_EQ(Sent({"enter", "enter~"}), (Calls{"DoAction", "DoAction"}));
-    screens.Add("playmp3", browser);
+TEST_F(InputRouterTest, AHeldButtonOfTheRemoteRepeatsLikeAKeyUntilTheNextScreenOrDialog) {
+    remoteKeys[Action::up] = "up";
+    EXPECT_EQ(Sent({"enter", "enter~", "up", "up~"}), Calls(3, "DoAction"));
+    screens.Add("frmGPS", browser);
     for (const bool dialog : {true, false}) {
         if (dialog) ++dialogs;
-        Show(dialog ? "playlists" : "playmp3");
-        EXPECT_EQ(Sent({"enter~"}), Calls{});
-        EXPECT_EQ(Sent({"enter"}), Calls{"DoAction"}) << "pressed anew";
+        Show(dialog ? "playlists" : "frmGPS");
+        EXPECT_EQ(Sent({"up~"}), Calls{});
+        EXPECT_EQ(Sent({"up"}), Calls{"DoAction"}) << "pressed anew";
     }
     EXPECT_EQ(Sent({"out~"}), Calls{}) << "its press was never told";
+}
+
+TEST_F(InputRouterTest, OnAScreenWithButtonsAShortOkActsWhenItIsLetGoAndALongOneLeadsThere) {
+    Show("playmp3");
+    EXPECT_EQ(Sent({"38"}, player), (Calls{"Hold Enter or OK to get into the buttons", "key 38"}));
+    EXPECT_EQ(settings.Read("main", "ButtonsTold"), "playmp3");
+    EXPECT_EQ(Sent({"13", "13~"}, player), Calls{});
+    EXPECT_EQ(Sent({"^13", "^13"}, player), Calls{"key 13"});
+    EXPECT_EQ(Sent({"13", "40"}, player), (Calls{"key 13", "key 40"})) << "in their order";
+    const auto hold = [this](bool remote) { // the remote's button is heard all the time
+        Sent({remote ? "enter" : "13"}, player);
+        for (int ms = 0; ms <= ButtonKeys::HoldMs; ms += 100) {
+            clock.Advance(100);
+            if (remote) router.IRHeard("enter");
+        }
+        return Sent({remote ? "other" : "^13"}, player);
+    };
+    for (const bool remote : {false, true}) {
+        EXPECT_EQ(hold(remote).front(), "Enter");
+        EXPECT_EQ(Sent({"37", "38", "38~", "39", "40", "13"}, player),
+                  (Calls{"Move -10", "Move 0-1", "Move 0-1", "Move 10", "Move 01", "Press"}));
+        clock.Advance(2 * ButtonKeys::IdleMs);
+        EXPECT_EQ(Sent({"^13"}, player), Calls{"Release"}) << "it may be held for long";
+        EXPECT_EQ(Sent({"85", "27", "27"}, player), (Calls{"key 85", "Leave", "key 27"}));
+    }
+    hold(false);
+    EXPECT_EQ(Sent({"enter"}, player), Calls{"Press"});
+    clock.Advance(ButtonKeys::SilenceMs);
+    EXPECT_EQ(Sent({}, player), Calls{"Release"});
+    clock.Advance(ButtonKeys::IdleMs);
+    EXPECT_EQ(Sent({}, player), Calls{"Leave"});
+    Sent({"enter"}, player);
+    clock.Advance(ButtonKeys::SilenceMs);
+    EXPECT_EQ(Sent({}, player), Calls{"DoAction"});
+    player.any = false;
+    EXPECT_EQ(hold(false), (Calls{"Enter", "key 13"})) << "there is none";
+    Sent({"13"}, player);
+    ++dialogs;
+    EXPECT_EQ(hold(false), (Calls{"Enter", "key 13"})) << "the first was meant for what has gone";
+    player.offered = false;
+    EXPECT_EQ(Sent({"13"}, player), Calls{"key 13"}) << "at once";
 }
 
 TEST_F(InputRouterTest, TheSecondTapOfADoubleTapDoesNotReachTheNextScreen) {

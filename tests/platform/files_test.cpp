@@ -158,9 +158,23 @@ TEST(VirtualKeysTest, QtKeysHaveTheirWindowsCodes) {
         {Qt::Key_Enter, Qt::KeypadModifier, "13"}, {Qt::Key_P, Qt::ShiftModifier, "80"},
         {Qt::Key_F4, Qt::AltModifier, "%115"},     {Qt::Key_Plus, Qt::KeypadModifier, "107"},
         {Qt::Key_7, Qt::NoModifier, "55"},         {Qt::Key_Hyper_L, Qt::NoModifier, ""},
-        {Qt::Key_Alt, Qt::AltModifier, "18"}};
+        {Qt::Key_Alt, Qt::AltModifier, "18"},      {Qt::Key_7, Qt::KeypadModifier, "103"}};
     for (const auto& [key, modifiers, text] : cases)
         EXPECT_EQ(VirtualKeyText(QKeyEvent(QEvent::KeyPress, key, modifiers)), text);
+}
+
+TEST(VirtualKeysTest, AnyLayoutHasItsLettersAndEveryKeyHasACode) {
+    const std::tuple<int, quint32, const char*> cases[] = {
+        {Qt::Key_A, 24, "65"},          // French: what is written on the key
+        {Qt::Key_Ampersand, 10, "49"},  // French: the digit of that place
+        {0x0413, 30, "85"},             // Russian, where U lies
+        {Qt::Key_Period, 61, "191"},    // Russian, where / lies
+        {Qt::Key_Less, 94, "226"},      // the key that ISO keyboards have more
+        {Qt::Key_MediaNext, 24, "176"}, // a steering wheel's
+        {Qt::Key_MediaRecord, 175, "431"},
+        {0, 200, "456"}};
+    for (const auto& [key, scanCode, text] : cases)
+        EXPECT_EQ(VirtualKeyText({QEvent::KeyPress, key, Qt::NoModifier, scanCode, 0, 0}), text);
 }
 
 } // namespace

@@ -31,6 +31,7 @@ TEST_F(PlayerKeysTest, EveryActionReachesItsOperationAndNoOther) {
         if (sound.loudness.Muted()) sound.loudness.domute(), clock.Advance(5000);
         process.wire.sent.clear();
         if (FileExists(app.File("favorites.m3u"))) text += "favourite";
+        if (std::exchange(settings.values.ShowElapsedTime, false)) text += "time";
         if (text.empty() && Logged("saved audio data")) text = "another source";
         for (const char* file : {"favorites.m3u", "debug.log"})
             std::filesystem::remove(app.File(file));
@@ -54,8 +55,25 @@ TEST_F(PlayerKeysTest, EveryActionReachesItsOperationAndNoOther) {
                  {Action::vup, "louder"},        {Action::Vdown, "softer"},
                  {Action::mute, "mute"},         {Action::SWMP, "browser"},
                  {Action::quit, "40047 menu"},   {Action::gps, "gps"},
-                 {Action::addfav, "favourite"},  {Action::MP3toRadio, "another source"}},
+                 {Action::addfav, "favourite"},  {Action::MP3toRadio, "another source"},
+                 {Action::tracktime, "time"}},
                 effect);
+}
+
+TEST_F(PlayerKeysTest, AHeldKeySkipsAtMostTwiceASecondAndTurnsNoSearchOfATuner) {
+    Play(30, 15);
+    const std::string right = "39";
+    int skipped = 0;
+    for (int repeat = 0; repeat < 40; ++repeat) {
+        clock.Advance(50);
+        if (!player().Repeats(InputCode(right, keys))) continue;
+        player().Form_KeyDown(right);
+        ++skipped;
+    }
+    EXPECT_EQ(skipped, 4);
+    clock.Advance(1000);
+    audio.PlayMode = PlayFM;
+    EXPECT_FALSE(player().Repeats(InputCode(right, keys)));
 }
 
 } // namespace vk::test

@@ -6,6 +6,8 @@
 #include <QApplication>
 #include <QWheelEvent>
 
+#include <set>
+
 namespace vk::test {
 
 struct Playmp3Test : testing::Test, AudioFixture {
@@ -72,11 +74,11 @@ TEST_F(Playmp3Test, TouchesAndTheWheelReachTheOperations) {
     EXPECT_EQ(menu.Count("ReShow"), 1);
 }
 
-TEST_F(Playmp3Test, OffersAllInOneBarWhereThereIsRoomAndInTwoElsewhere) {
+TEST_F(Playmp3Test, OffersInTheUpperBarWhatIsNeededLeastOrHasNoRoomBelow) {
     Open(0, 1, {1280, 600});
     for (const char* name : {"TSVolUpBtn", "TSVolDownBtn", "TSRunOkBtn", "TSAddFavBtn"})
         EXPECT_TRUE(Named(name)->isVisible()) << name;
-    for (const char* name : {"TSPopUpMenuBtn", "imgCoverArt"})
+    for (const char* name : {"TSMuteBtn", "imgCoverArt"})
         EXPECT_FALSE(Named(name)->isVisible()) << name;
     screens.Remove("playmp3");
     Open(3, 2, {640, 480});
@@ -85,9 +87,58 @@ TEST_F(Playmp3Test, OffersAllInOneBarWhereThereIsRoomAndInTwoElsewhere) {
         Touch("TSPopUpMenuBtn");
         EXPECT_EQ(Named("TSAddFavBtn")->isVisible(), open);
     }
+    Touch("TSPageDownBtn");
+    EXPECT_NE(List().model().iSelected, 1);
+    Touch("TSMuteBtn");
+    EXPECT_TRUE(sound.loudness.Fading());
     Touch("TSAddFavBtn");
     EXPECT_EQ(app.Read("favorites.m3u"), Song(2) + "\r\n");
     EXPECT_FALSE(Named("TSAddFavBtn")->isVisible());
+}
+
+TEST_F(Playmp3Test, KeysReachEveryButtonAndWorkItAsAFinger) {
+    Open(40, 3);
+    FocusedButtons& buttons = screen->Buttons();
+    ASSERT_TRUE(buttons.Enter());
+    const auto marked = [&] {
+        const QWidget* under = screen->childAt(buttons.geometry().center());
+        return under ? under->objectName().toStdString() : "";
+    };
+    std::set<std::string> reached;
+    const auto walk = [&](const char* to) {
+        for (unsigned step = 0, seed = 1; step < 2000 && marked() != to; ++step) {
+            seed = seed * 1103515245 + 12345;
+            const int way = seed >> 16 & 2 ? 1 : -1;
+            seed >> 17 & 2 ? buttons.Move(way, 0) : buttons.Move(0, way);
+            reached.insert(marked());
+        }
+        return marked() == to;
+    };
+    walk("all");
+    EXPECT_EQ(reached.size(), 11u) << "ten below and the time";
+    EXPECT_TRUE(walk("TSPauseBtn"));
+    buttons.Press();
+    EXPECT_FALSE(audio.bPaused) << "not let go yet";
+    buttons.Release();
+    EXPECT_TRUE(audio.bPaused);
+    EXPECT_TRUE(walk("TSPopUpMenuBtn"));
+    buttons.Press();
+    buttons.Release();
+    EXPECT_TRUE(walk("TSMuteBtn") && walk("TSFastForwardBtn"));
+    buttons.Press();
+    clock.Advance(600);
+    buttons.Release();
+    EXPECT_EQ(process.Count(WinampForward), 2) << "held, it seeks";
+    EXPECT_TRUE(walk("TSswmpBtn"));
+    buttons.Press();
+    buttons.Release();
+    EXPECT_EQ(playlists.Count("ReShow"), 1);
+    screen->hide();
+    EXPECT_FALSE(buttons.Marked() || buttons.Offered());
+    screen->show();
+    EXPECT_FALSE(buttons.Marked());
+    EXPECT_TRUE(buttons.Enter());
+    EXPECT_EQ(marked(), "TSswmpBtn") << "as it was left";
 }
 
 /// Counts the paint events of a widget.
@@ -134,7 +185,7 @@ TEST_F(Playmp3Test, FitsEveryPanelWithButtonsForAFinger) {
             EXPECT_TRUE(std::none_of(all.begin(), one, [&](QRect r) { return r.intersects(*one); }))
                 << one - all.begin();
         }
-        EXPECT_EQ(layout.buttons.size(), 11u + (layout.upperBar.isEmpty() ? 0 : 1));
+        EXPECT_EQ(layout.buttons.size(), 15u);
     }
 }
 

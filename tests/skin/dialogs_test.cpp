@@ -281,11 +281,12 @@ TEST_F(DialogsTest, MappedKeysWorkADialog) {
             type(right, "");
             type(Qt::Key_O, "o");
         })) << "moved to No";
+    keys[Action::pageup] = "80"; // P
     const auto text = [&] {
+        type(Qt::Key_P, "p");
         type(Qt::Key_O, "o");
-        Keys("\n");
     };
-    EXPECT_EQ(Typed(text, "x"), "xo") << "where a text is typed it types";
+    EXPECT_EQ(Typed(text, "x"), "xp") << "where a text is typed only what answers does not type";
 }
 
 TEST_F(DialogsTest, AFolderIsFoundByKeysAndTouchOrMadeAndEntered) {

@@ -79,7 +79,8 @@ class Driven(Steered, unittest.TestCase):
     def set_up(self):
         subprocess.run([VKINI, "make", self.app / "settings.ini"], check=True)
         for key, value in (("MediaDir", self.album.parent), ("PlayListDir", self.album.parent / "Zlists"),
-                           ("Setup", "true"), ("alwaysontop", "true")):
+                           ("Setup", "true"), ("alwaysontop", "true"),
+                           ("ButtonsTold", "velkorandum playlists playmp3")):
             self.set_setting("main", key, value)
 
     def picture(self, name):
