@@ -106,6 +106,13 @@ class Steered:
         """For keys whose picture says nothing: what moves by itself is in front."""
         self.display.send("key", name)
 
+    def hold(self, name):
+        """Until it has made a picture of its own."""
+        before = self.display.look()
+        self.display.send("keydown", name)
+        self.settle(f"a picture of the held {name}", before)
+        self.display.send("keyup", name)
+
     def keys(self, *names):
         """Presses each key when the picture that the one before made stands."""
         for name in names:

@@ -115,6 +115,16 @@ class SoundCard(_Playing):
         self.wait_for_track(2)
 
 
+class HeldEnter(_Playing):
+    def test_leads_to_the_settings(self):
+        self.start_to_menu()
+        before = self.setting("main", "CurrentSkin")
+        self.hold("Return")  # the bar, the settings on its left
+        self.keys("Return", "Up", "Right", "Return")  # the tab of the appearance
+        self.press("Return")  # the skin before this one
+        self.wait_for("another skin", lambda: self.setting("main", "CurrentSkin") != before)
+
+
 class LostPlayer(_Playing):
     def test_is_brought_back(self):
         self.start_and_play(1)
