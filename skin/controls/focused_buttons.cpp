@@ -71,7 +71,8 @@ bool FocusedButtons::Enter() {
 }
 
 bool FocusedButtons::Marks(const std::vector<QWidget*>& targets) {
-    const QPoint middle(screen_.width() / 2, screen_.height());
+    // Left of the middle: of a bar with two ends the left one, on which nothing ends.
+    const QPoint middle(screen_.width() * 9 / 20, screen_.height());
     const auto nearest = std::ranges::min_element(targets, {}, [&](const QWidget* each) {
         return (BoxOf(each).center() - middle).manhattanLength();
     });
