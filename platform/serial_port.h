@@ -47,6 +47,11 @@ std::string SerialPortName(std::string_view setting);
 /// to 16 ms. `handle` is the system's own; a device that cannot is left as it is.
 void ShortenSerialLatency(std::intptr_t handle);
 
+/// Why a port that is named so could not be opened: it is not there, or the user has no right to
+/// it.
+/// "" when that is not the reason.
+std::string WhyNotOpened(const std::string& name);
+
 /// Who opens a port, and in which state the lines are that feed some receivers and switch others.
 struct SerialUse {
     std::string owner; ///< as others are told of it: "the remote"

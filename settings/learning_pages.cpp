@@ -58,9 +58,17 @@ void AddReceiver(std::vector<Row>& rows, SettingsStore& store, RemoteLearning& l
     add(StepRow([&learning] { return "Type: " + learning.Type(); },
                 [&learning](int step) { learning.StepType(step); }),
         "comboIRtype");
-    add(StepRow([&learning] { return "Port: " + learning.Port(); },
-                [&learning](int step) { learning.StepPort(step); }),
-        "comboIRportnum");
+    add({.text =
+             [&learning] {
+                 return std::string(learning.Chosen() ? "In use" : "Use this receiver");
+             },
+         .use = [&learning] { learning.Choose(); },
+         .lit = [&learning] { return learning.Chosen(); }},
+        "btnUseReceiver");
+    Row port = StepRow([&learning] { return "Port: " + learning.Port(); },
+                       [&learning](int step) { learning.StepPort(step); });
+    port.width = Row::Whole;
+    add(std::move(port), "comboIRportnum");
     add(StepperRow(store, setting::delay), "slRepeatDelay");
     add(StepperRow(store, setting::speed), "slRepeatSpeed");
     rows[first].sheet = "Receiver";

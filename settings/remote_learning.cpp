@@ -1,10 +1,10 @@
 #include "settings/remote_learning.h"
 
 #include "core/text.h"
+#include "platform/serial_port.h"
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <cmath>
 #include <iterator>
 #include <utility>
@@ -15,7 +15,6 @@ namespace {
 
 constexpr const char* RemoteFile = "keys.ini";
 constexpr std::size_t LongestList = 200;
-constexpr int Ports = 16;
 constexpr const char* Canceled = "Key Programming Canceled";
 // A pause that comes out a little shorter than measured must not be dropped.
 constexpr int SpeedPercent = 90;
@@ -31,6 +30,30 @@ constexpr std::array<const char*, ActionCount> Buttons = {
     "btnIRsearch",   "btnIRaddfav",   "btnIRnextvis", "btnIRpower",       "btnIRtracktime",
     "btnIReject",    "btnIRresume",   "btnIRapps"};
 
+using NamedPort = std::pair<std::string, std::string>;
+
+// The serial ports of the machine, and the configured one where it is not among them.
+std::vector<NamedPort> NamedPorts(const SerialList& list, const std::string& configured) {
+    std::vector<NamedPort> ports;
+    for (std::size_t i = 0; i < list.size(); ++i) {
+        const int number = static_cast<int>(i) + 1;
+        const bool numbered = list[i].path == SerialPortName(number);
+        if (!list[i].name.empty())
+            ports.emplace_back(numbered ? std::to_string(number) : list[i].path, list[i].name);
+    }
+    if (std::ranges::find(ports, configured, &NamedPort::first) == ports.end())
+        ports.insert(ports.begin(), {configured, SerialPortName(std::string_view(configured))});
+    return ports;
+}
+
+// The place after one step, round and round; 0 for what is not there.
+std::size_t Stepped(const std::vector<std::string>& all, const std::string& value, int step) {
+    const auto at = std::ranges::find(all, value);
+    const auto count = static_cast<int>(all.size());
+    if (at == all.end()) return 0;
+    return static_cast<std::size_t>((static_cast<int>(at - all.begin()) + step + count) % count);
+}
+
 } // namespace
 
 const char* RemoteButton(Action action) {
@@ -38,22 +61,26 @@ const char* RemoteButton(Action action) {
 }
 
 RemoteLearning::RemoteLearning(Needs needs)
-    : n_(std::move(needs)), limit_(n_.clock.MakeTimer([this] { TimeOut(); })) {}
+    : n_(std::move(needs)), limit_(n_.base.clock.MakeTimer([this] { TimeOut(); })) {}
 
 void RemoteLearning::Enter() {
-    codes_ = ReadRemoteMap(n_.settings.ini(), n_.settings.File(RemoteFile));
+    codes_ = ReadRemoteMap(n_.base.settings.ini(), n_.base.settings.File(RemoteFile));
+    shown_ = Stored();
+    ports_ = NamedPorts(n_.ports(), shown_.port);
     Disarm();
     n_.collect(true);
 }
 
 void RemoteLearning::Leave() {
     Disarm();
+    Choose();
     n_.collect(false);
-    n_.codes = ReadRemoteMap(n_.settings.ini(), n_.settings.File(RemoteFile));
+    n_.codes = ReadRemoteMap(n_.base.settings.ini(), n_.base.settings.File(RemoteFile));
 }
 
 bool RemoteLearning::Received(const std::string& code, bool held) {
-    const std::int64_t gap = n_.clock.TickMs() - std::exchange(lastMs_, n_.clock.TickMs());
+    const std::int64_t gap =
+        n_.base.clock.TickMs() - std::exchange(lastMs_, n_.base.clock.TickMs());
     if (!held) { // of a held one the list would show nothing else
         Add(code);
         n_.beeper.Beep();
@@ -85,8 +112,9 @@ void RemoteLearning::TimeOut() {
 void RemoteLearning::Program(Action action, const std::string& code) {
     const std::string key = NamesOf(action).remote;
     const std::string where = "An error occured in settingsRemote.";
-    Trap(n_.report, where + RemoteButton(action) + "_Click ", [&] {
-        if (!WriteRemoteKey(n_.settings.ini(), n_.settings.File(RemoteFile), action, code))
+    Trap(n_.base.report, where + RemoteButton(action) + "_Click ", [&] {
+        if (!WriteRemoteKey(n_.base.settings.ini(), n_.base.settings.File(RemoteFile), action,
+                            code))
             return Add(std::string(RemoteFile) + " could not be written");
         codes_[action] = code;
         Add(key + " has been programmed to keycode " + code);
@@ -99,7 +127,7 @@ void RemoteLearning::Measure(std::int64_t gapMs) {
     Disarm();
     const auto interval = static_cast<int>(measuredMs_ / MeasuredGaps);
     n_.setInterval(static_cast<float>(interval) / 1000);
-    n_.settings.Set(setting::speed, static_cast<std::int16_t>(interval * SpeedPercent / 100));
+    n_.base.settings.Set(setting::speed, static_cast<std::int16_t>(interval * SpeedPercent / 100));
     Add("Codes of a held button come every " + std::to_string(interval) + " ms");
 }
 
@@ -119,13 +147,14 @@ void RemoteLearning::Arm(Action action) {
 void RemoteLearning::ResetCodes() {
     Disarm();
     n_.collect(false); // the codes that answer are filtered: the button is still held
-    const bool sure = n_.dialogs.AskNoYes("Remove the codes of all buttons?", "Reset Remote");
+    const bool sure = n_.base.dialogs.AskNoYes("Remove the codes of all buttons?", "Reset Remote");
     n_.collect(true);
     if (!sure) return;
-    Trap(n_.report, "An error occured in settingsRemote.btnIRresetIRbtns_Click ", [&] {
+    Trap(n_.base.report, "An error occured in settingsRemote.btnIRresetIRbtns_Click ", [&] {
         for (const ActionNames& names : Actions)
             if (!codes_[names.action].empty() &&
-                WriteRemoteKey(n_.settings.ini(), n_.settings.File(RemoteFile), names.action, ""))
+                WriteRemoteKey(n_.base.settings.ini(), n_.base.settings.File(RemoteFile),
+                               names.action, ""))
                 codes_[names.action].clear();
     });
 }
@@ -143,17 +172,12 @@ void RemoteLearning::FixRepeat() {
 }
 
 void RemoteLearning::Enable(bool on) {
-    n_.settings.Set(setting::remoteStatus, on);
-    Reopen();
+    n_.base.settings.Set(setting::remoteStatus, on);
+    Chosen() ? Reopen() : Choose();
 }
 
 void RemoteLearning::UseRepeatDelay(bool on) {
-    n_.settings.Set(setting::UseDelay, on);
-}
-
-std::string RemoteLearning::Type() const {
-    const std::string type = n_.settings.Get(setting::remoteType);
-    return type.empty() ? Types.front() : ToUpper(type);
+    n_.base.settings.Set(setting::UseDelay, on);
 }
 
 std::string RemoteLearning::Obstacle() const {
@@ -162,24 +186,36 @@ std::string RemoteLearning::Obstacle() const {
 }
 
 std::string RemoteLearning::Port() const {
-    return n_.settings.Text(setting::comport);
+    const auto named = std::ranges::find(ports_, shown_.port, &NamedPort::first);
+    return named == ports_.end() ? shown_.port : named->second;
+}
+
+RemoteLearning::Receiver RemoteLearning::Stored() const {
+    const std::string type = n_.base.settings.Get(setting::remoteType);
+    return {type.empty() ? Types.front() : ToUpper(type), n_.base.settings.Text(setting::comport)};
+}
+
+bool RemoteLearning::Chosen() const {
+    return shown_ == Stored();
 }
 
 void RemoteLearning::StepType(int step) {
-    const auto found = std::ranges::find(Types, Type());
-    const auto count = static_cast<int>(Types.size());
-    const int at = found == Types.end() ? 0 : static_cast<int>(found - Types.begin()) + step;
-    n_.settings.Set(setting::remoteType, Types[static_cast<std::size_t>((at + count) % count)]);
-    Reopen();
+    const std::vector<std::string> types(Types.begin(), Types.end());
+    shown_.type = types[Stepped(types, shown_.type, step)];
 }
 
-// A port that is given by its path counts as 0.
 void RemoteLearning::StepPort(int step) {
-    const std::string text = Port();
-    int port = 0;
-    std::from_chars(text.data(), text.data() + text.size(), port);
-    port = std::clamp(port + step, 1, Ports);
-    n_.settings.Set(setting::comport, static_cast<std::int16_t>(port));
+    std::vector<std::string> ports;
+    for (const NamedPort& port : ports_)
+        ports.push_back(port.first);
+    shown_.port = ports[Stepped(ports, shown_.port, step)];
+}
+
+void RemoteLearning::Choose() {
+    if (Chosen()) return;
+    SettingsStore& settings = n_.base.settings;
+    settings.Write("remote", setting::comport.Key(), shown_.port);
+    settings.Set(setting::remoteType, shown_.type);
     Reopen();
 }
 

@@ -1,18 +1,17 @@
 // The page that sets the receiver and learns the remote's codes, without its window.
 #pragma once
 
-#include "core/error_report.h"
-#include "core/settings.h"
+#include "core/base.h"
 #include "input/remote_map.h"
 #include "platform/beeper.h"
-#include "platform/clock.h"
-#include "platform/dialogs.h"
+#include "platform/serial_list.h"
 
 #include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace vk {
@@ -24,10 +23,7 @@ const char* RemoteButton(Action action);
 class RemoteLearning {
   public:
     struct Needs {
-        SettingsStore& settings;
-        ErrorReport& report;
-        Dialogs& dialogs;
-        Clock& clock;
+        Base& base;
         Beeper& beeper;
         RemoteMap& codes;                 ///< the map in use, brought up to date by `Leave`
         std::function<bool()> initRemote; ///< opens the receiver of the settings; false: none
@@ -35,6 +31,7 @@ class RemoteLearning {
         /// All codes are handed over unfiltered from now on, or not.
         std::function<void(bool)> collect;
         std::function<void(float)> setInterval; ///< seconds between the codes of a held button
+        std::function<SerialList()> ports;
     };
 
     /// So many pauses are measured by `bFixRepeat`.
@@ -66,15 +63,19 @@ class RemoteLearning {
     void Enable(bool on);
     /// Repeats begin at once, or after the delay.
     void UseRepeatDelay(bool on);
-    // Up for a positive step, down for a negative one.
+    /// Show the next or the previous one, round and round; nothing is opened yet.
     void StepType(int step);
     void StepPort(int step);
+    /// Is the receiver that is shown the one in use?
+    bool Chosen() const;
+    /// Takes the one that is shown into use.
+    void Choose();
 
     /// Why no code can be learnt now, "" when one can.
     std::string Obstacle() const;
-    std::string Type() const; ///< in capitals
-    std::string Port() const;
-    const Settings& Values() const { return n_.settings.values; }
+    const std::string& Type() const { return shown_.type; } ///< in capitals
+    std::string Port() const;                               ///< what the device calls itself
+    const Settings& Values() const { return n_.base.settings.values; }
     const RemoteMap& Codes() const { return codes_; }
     const std::vector<std::string>& List() const { return list_; }
     int Selected() const { return static_cast<int>(list_.size()) - 1; }
@@ -88,11 +89,19 @@ class RemoteLearning {
     void Measure(std::int64_t gapMs);
     void Add(const std::string& line);
     void Reopen();
+    /// Type and port as they are in the settings, a number or a path.
+    struct Receiver {
+        std::string type, port;
+        bool operator==(const Receiver&) const = default;
+    };
+    Receiver Stored() const;
 
     Needs n_;
     RemoteMap codes_; ///< as in the file
     std::optional<Action> armed_;
     std::vector<std::string> list_;
+    Receiver shown_;
+    std::vector<std::pair<std::string, std::string>> ports_; ///< as stored and as shown
     std::int64_t lastMs_ = 0;
     int measured_ = -1; ///< pauses measured so far; -1: none is to be
     std::int64_t measuredMs_ = 0;

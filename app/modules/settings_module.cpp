@@ -47,16 +47,14 @@ SettingsShell::Needs SettingsModule::ShellNeeds() {
 }
 
 RemoteLearning::Needs SettingsModule::LearningNeeds() {
-    return {.settings = host_.settings,
-            .report = host_.report,
-            .dialogs = host_.dialogs,
-            .clock = host_.base.clock,
+    return {.base = host_.base,
             .beeper = host_.ports.sound.beeper,
             .codes = host_.remoteKeys,
             .initRemote = [this] { return remote_.InitRemote(); },
             .ready = [this] { return remote_.Ready(); },
             .collect = [this](bool on) { remote_.learn = on ? "learn" : ""; },
-            .setInterval = [this](float seconds) { remote_.learnInterval = seconds; }};
+            .setInterval = [this](float seconds) { remote_.learnInterval = seconds; },
+            .ports = ListSerialPorts};
 }
 
 } // namespace vk

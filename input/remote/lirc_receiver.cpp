@@ -39,7 +39,9 @@ std::optional<std::string> LircButton(std::string_view line) {
 LircReceiver::LircReceiver(std::unique_ptr<LocalStream> stream, std::vector<std::string> sockets,
                            Clock& clock, const DebugLog& log)
     : stream_(std::move(stream)), sockets_(std::move(sockets)),
-      link_(clock, log, "lircd", [this] { return Connect(); }) {
+      link_(
+          clock, log, "lircd", [this] { return Connect(); },
+          [this] { return "lircd: nobody listens on " + sockets_.front(); }) {
     stream_->onBytes = [this](std::string_view bytes) { Feed(bytes); };
     stream_->onClosed = [this] { link_.Lost(); };
 }

@@ -5,15 +5,22 @@
 namespace vk {
 
 Reconnector::Reconnector(Clock& clock, const DebugLog& log, std::string name,
-                         std::function<bool()> connect)
-    : log_(log), name_(std::move(name)), connect_(std::move(connect)),
+                         std::function<bool()> connect, std::function<std::string()> why)
+    : log_(log), name_(std::move(name)), connect_(std::move(connect)), why_(std::move(why)),
       retry_(clock.MakeTimer([this] { Retry(); })), hold_(clock.MakeTimer([this] { Works(); })) {}
 
 bool Reconnector::Start() {
     Stop();
     found_ = connected_ = connect_();
-    if (!connected_) retry_->Start(RetryMs);
-    return connected_;
+    if (connected_) return true;
+    TellWhy();
+    retry_->Start(RetryMs);
+    return false;
+}
+
+void Reconnector::TellWhy() {
+    const std::string why = why_();
+    if (std::exchange(told_, why) != why) log_.WriteDebugLog("Remote receiver not opened: " + why);
 }
 
 void Reconnector::Works() {
@@ -37,7 +44,11 @@ void Reconnector::Stop() {
 
 void Reconnector::Retry() {
     connected_ = connect_();
-    if (!connected_) return;
+    if (!connected_) {
+        if (!told_.empty()) TellWhy(); // the loss of one that was there is told already
+        return;
+    }
+    told_.clear();
     retry_->Stop();
     hold_->Start(HoldMs);
 }

@@ -70,11 +70,17 @@ std::unique_ptr<RemoteReceiver> Remote::MakeLirc() {
 }
 
 std::unique_ptr<RemoteReceiver> Remote::MakeUuirt() {
-    return std::make_unique<UuirtReceiver>(UuirtReceiver::Needs{.load = n_.devices.uuirt,
-                                                                .clock = base_.clock,
-                                                                .log = base_.log,
-                                                                .dialogs = base_.dialogs,
-                                                                .ui = n_.ui});
+    return std::make_unique<UuirtReceiver>(
+        UuirtReceiver::Needs{.load = n_.devices.uuirt,
+                             .clock = base_.clock,
+                             .log = base_.log,
+                             .dialogs = base_.dialogs,
+                             .mayTell = [this] { return Idle(); },
+                             .ui = n_.ui});
+}
+
+bool Remote::Idle() const {
+    return base_.screens.Current() && !base_.commands.ListBusy() && !base_.pump.Waiting();
 }
 
 void Remote::Received(const std::string& code) {

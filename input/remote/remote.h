@@ -67,6 +67,7 @@ class Remote {
     std::unique_ptr<RemoteReceiver> MakeSerial(const std::string& type);
     std::unique_ptr<RemoteReceiver> MakeLirc();
     std::unique_ptr<RemoteReceiver> MakeUuirt();
+    bool Idle() const;
     void Received(const std::string& code);
     Heard Filtered(const std::string& code);
     void RunCommand(const std::string& code, bool repeat);

@@ -20,7 +20,9 @@ std::string CodeText(std::string_view bytes) {
 SerialReceiver::SerialReceiver(Needs needs)
     : n_(std::move(needs)), step_(n_.clock.MakeTimer([this] { WakeUpStep(); })),
       quiet_(n_.clock.MakeTimer([this] { EndOfBurst(); })),
-      link_(n_.clock, n_.log, n_.device, [this] { return Open(); }) {
+      link_(
+          n_.clock, n_.log, n_.device, [this] { return Open(); },
+          [this] { return n_.port->Failure(); }) {
     n_.port->OnComm = [this](int commEvent) { MSComm1_OnComm(commEvent); };
 }
 

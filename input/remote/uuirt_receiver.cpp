@@ -67,7 +67,10 @@ struct UuirtReceiver::Inbox {
 UuirtReceiver::UuirtReceiver(Needs needs)
     : n_(std::move(needs)), inbox_(new Inbox{n_.ui, this}),
       probe_(n_.clock.MakeTimer([this] { Probe(); })),
-      link_(n_.clock, n_.log, "USB-UIRT", [this] { return Open(); }) {
+      tell_(n_.clock.MakeTimer([this] { Tell(); })),
+      link_(
+          n_.clock, n_.log, "USB-UIRT", [this] { return Connect(); },
+          [this] { return "USB-UIRT: " + failure_; }) {
     inbox_->self = inbox_;
 }
 
@@ -77,18 +80,32 @@ UuirtReceiver::~UuirtReceiver() {
 
 bool UuirtReceiver::Start() {
     starting_ = true;
-    const bool started = LoadDriver() && link_.Start();
+    const bool started = link_.Start();
     starting_ = false;
+    missed_ = !started;
+    if (!untold_.empty()) tell_->Start(TellMs);
     return started;
 }
 
 void UuirtReceiver::Stop() {
+    tell_->Stop();
     link_.Stop();
     CloseDevice();
 }
 
 void UuirtReceiver::Fail(const std::string& text) {
-    if (starting_) n_.dialogs.ShowMessage(text, "ERROR", MessageKind::Critical);
+    failure_ = text;
+    if (starting_) untold_.push_back(text);
+}
+
+// It waits until the start is over: the menu does not need this device.
+void UuirtReceiver::Tell() {
+    if (!n_.mayTell()) return;
+    tell_->Stop();
+    const auto texts = std::exchange(untold_, {});
+    if (missed_ && link_.Connected()) return;
+    for (const std::string& text : texts)
+        n_.dialogs.ShowMessage(text, "ERROR", MessageKind::Critical);
 }
 
 void UuirtReceiver::Log(const std::string& text) {
@@ -97,7 +114,7 @@ void UuirtReceiver::Log(const std::string& text) {
 
 bool UuirtReceiver::LoadDriver() {
     std::string reason;
-    auto library = n_.load(reason);
+    auto library = driver_ ? nullptr : n_.load(reason);
     if (library) driver_.emplace(std::move(library));
     std::uint32_t version = 0;
     if (!driver_ || !driver_->UUIRTGetDrvInfo || !driver_->UUIRTGetDrvInfo(&version)) {

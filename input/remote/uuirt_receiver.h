@@ -13,6 +13,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace vk {
 
@@ -24,6 +25,8 @@ class UuirtReceiver : public RemoteReceiver {
     static constexpr std::size_t MaxCode = 16;
     /// The driver does not tell when its device goes, so it is asked, in milliseconds.
     static constexpr int ProbeMs = 5000;
+    /// How often it is looked whether a message may be shown, in milliseconds.
+    static constexpr int TellMs = 1000;
 
     struct Needs {
         /// Loads the driver library, or tells why it cannot.
@@ -31,13 +34,15 @@ class UuirtReceiver : public RemoteReceiver {
         Clock& clock;
         const DebugLog& log;
         Dialogs& dialogs;
+        /// A message would hold nothing back now: a screen is in front, and nothing runs.
+        std::function<bool()> mayTell;
         UiThread& ui;
     };
 
     explicit UuirtReceiver(Needs needs);
     ~UuirtReceiver() override;
-    /// Shows a box titled "ERROR" for whatever fails here; later tries are silent. Without a driver
-    /// there are no later tries.
+    /// What fails here is shown later, in boxes titled "ERROR", unless the device has come by then;
+    /// later tries are silent.
     bool Start() override;
     void Stop() override;
     bool Ready() const override { return link_.Connected(); }
@@ -47,6 +52,7 @@ class UuirtReceiver : public RemoteReceiver {
     struct Inbox;
 
     bool LoadDriver();
+    bool Connect() { return LoadDriver() && Open(); }
     bool Open();
     bool ListenForCodes();
     void TellInfo();
@@ -54,6 +60,7 @@ class UuirtReceiver : public RemoteReceiver {
     void Probe();
     void CloseDevice();
     void Fail(const std::string& text);
+    void Tell();
     void Log(const std::string& text);
 
     Needs n_;
@@ -62,7 +69,10 @@ class UuirtReceiver : public RemoteReceiver {
     std::shared_ptr<Inbox> inbox_; ///< as long as this: a driver may tell a code late
     bool answered_ = false;        ///< the device has told about itself
     bool starting_ = false;        ///< failures are shown, and what the device says is logged
-    std::unique_ptr<Timer> probe_;
+    bool missed_ = false;          ///< the device was not there at the start
+    std::string failure_;          ///< the last
+    std::vector<std::string> untold_;
+    std::unique_ptr<Timer> probe_, tell_;
     Reconnector link_;
 };
 

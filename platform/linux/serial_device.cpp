@@ -2,11 +2,19 @@
 
 #include <linux/serial.h>
 #include <sys/ioctl.h>
+#include <unistd.h>
 
 namespace vk {
 
 std::string SerialPortName(int number) {
     return "/dev/ttyS" + std::to_string(number - 1);
+}
+
+std::string WhyNotOpened(const std::string& name) {
+    if (::access(name.c_str(), F_OK) != 0) return "there is no such port";
+    if (::access(name.c_str(), R_OK | W_OK) != 0)
+        return "no right to use it, the user must be in its group (dialout)";
+    return {};
 }
 
 void ShortenSerialLatency(std::intptr_t handle) {

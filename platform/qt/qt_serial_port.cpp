@@ -45,7 +45,8 @@ bool QtSerialPort::Open(const std::string& name, const std::string& settings,
     Close();
     failure_.clear();
     const auto parsed = ParseSerialSettings(settings);
-    if (!parsed || name.empty()) return Fail("\"" + settings + "\" is no setting of " + name);
+    if (!parsed || name.empty())
+        return Fail("\"" + settings + "\" is no setting of \"" + name + "\"");
     std::error_code none;
     const auto device = std::filesystem::canonical(name, none); // links lead to one device
     const std::string id = none ? name : device.string();
@@ -54,12 +55,18 @@ bool QtSerialPort::Open(const std::string& name, const std::string& settings,
     owned_ = id;
     port_.setPortName(QString::fromStdString(name));
     Apply(*parsed, port_);
-    if (!port_.open(QIODevice::ReadWrite))
-        return Fail(name + ": " + port_.errorString().toStdString());
+    if (!port_.open(QIODevice::ReadWrite)) return Fail(name + ": " + Reason(name));
     SetDTREnable(use.dtr);
     SetRTSEnable(use.rts);
     ShortenSerialLatency(std::intptr_t(port_.handle()));
     return true;
+}
+
+std::string QtSerialPort::Reason(const std::string& name) const {
+    const std::string known = WhyNotOpened(name);
+    if (!known.empty()) return known;
+    const bool locked = port_.error() == QSerialPort::PermissionError;
+    return locked ? "another program has it" : port_.errorString().toStdString();
 }
 
 bool QtSerialPort::Fail(const std::string& why) {

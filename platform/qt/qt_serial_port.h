@@ -41,6 +41,7 @@ class QtSerialPort : public SerialPort {
     QSerialPort::PinoutSignals Lines() const;
 
     bool Fail(const std::string& why);
+    std::string Reason(const std::string& name) const;
 
     SerialOwners& owners_;
     std::string owned_; ///< the device that is ours

@@ -6,6 +6,11 @@ std::string SerialPortName(int number) {
     return "COM" + std::to_string(number);
 }
 
+// The system's own text tells them apart.
+std::string WhyNotOpened(const std::string&) {
+    return {};
+}
+
 // The latency is a property of the driver here, set in the device manager.
 void ShortenSerialLatency(std::intptr_t) {}
 

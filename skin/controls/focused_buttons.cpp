@@ -38,8 +38,12 @@ FocusedButtons::FocusedButtons(const ControlContext& context, QWidget* screen)
 
 FocusedButtons::~FocusedButtons() = default;
 
+// What is drawn of it: more of it may take a touch.
 QRect FocusedButtons::BoxOf(const QWidget* widget) const {
-    return {widget->mapTo(&screen_, QPoint()), widget->size()};
+    const auto* label = dynamic_cast<const ShadedLabel*>(widget);
+    const auto* button = dynamic_cast<const TouchButton*>(widget);
+    const QRect face = label ? label->Face() : button ? button->Face() : widget->rect();
+    return face.translated(widget->mapTo(&screen_, QPoint()));
 }
 
 // What is covered is out of reach for a finger, too; and the bar that lies behind buttons is one of

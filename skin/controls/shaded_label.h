@@ -36,6 +36,7 @@ class ShadedLabel : public QWidget {
     void SetShrink(double smallest);
     /// Where in the label it is drawn, ground and text; all of it is touched. An empty one: all.
     void SetFace(const QRect& face);
+    QRect Face() const { return face_.isEmpty() ? rect() : face_; }
     /// What the text keeps free on both sides of the face, pixels.
     void SetMargin(int margin);
     /// Where a long text is cut: in its middle, a path keeps the name of its file.
@@ -54,7 +55,6 @@ class ShadedLabel : public QWidget {
 
   private:
     int Flags() const;
-    QRect Face() const { return face_.isEmpty() ? rect() : face_; }
     /// The text's shadow, where it has one, and the text.
     void DrawTwice(QPainter& painter, int pixelSize,
                    const std::function<void(QPoint offset)>& draw) const;

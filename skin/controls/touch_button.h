@@ -26,6 +26,7 @@ class TouchButton : public QWidget {
     const std::string& Picture() const { return picture_; }
     /// Where in the button it is drawn; all of it is touched. An empty one: all.
     void SetFace(const QRect& face);
+    QRect Face() const { return face_.isEmpty() ? rect() : face_; }
 
     /// What becomes of a press and a click while another command runs.
     Commands::When whileBusy = Commands::When::Drop;
@@ -43,7 +44,6 @@ class TouchButton : public QWidget {
 
   private:
     void Release(bool inside);
-    QRect Face() const { return face_.isEmpty() ? rect() : face_; }
     QPixmap FacePicture();
     void DrawPlate(QPainter& painter) const;
 

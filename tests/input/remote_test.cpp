@@ -72,6 +72,8 @@ TEST_F(RemoteTest, AHeldButtonRepeatsAndTheLearningPageGetsEveryCode) {
     settings.Write("remote", "comport", "1");
     OpenCreative();
     using Told = std::pair<std::size_t, int>; // in all, and of them repeats
+    int heard = 0;
+    remote.IRHeld = [&](const std::string& code) { heard += code == "1"; };
     const auto hold = [this](int bursts) {
         commands.clear();
         repeats = 0;
@@ -82,6 +84,7 @@ TEST_F(RemoteTest, AHeldButtonRepeatsAndTheLearningPageGetsEveryCode) {
         return Told(commands.size(), repeats);
     };
     EXPECT_EQ(hold(8), Told(2, 1)) << "at once and after the delay";
+    EXPECT_EQ(heard, 6) << "those between tell that it is held";
     EXPECT_EQ(hold(8), Told(4, 4)) << "then at the pace, to the next burst";
     settings.values.UseDelay = false;
     clock.Advance(5000);
@@ -103,7 +106,7 @@ TEST_F(RemoteTest, AReceiverThatComesAndGoesCostsOneLineEach) {
     EXPECT_FALSE(Init("CREATIVE"));
     clock.Advance(60'000);
     EXPECT_EQ(port->opened.size(), 21u) << "one try every 3 s";
-    EXPECT_EQ(app.Read("debug.log"), "") << "what is missing from the start is the caller's line";
+    EXPECT_EQ(LinesLogged("Remote receiver not opened: not there"), 1);
     port->present = true;
     clock.Advance(3010);
     EXPECT_FALSE(Logged("found")) << "it has not proved to work";
@@ -125,7 +128,7 @@ TEST_F(RemoteTest, AReceiverThatComesAndGoesCostsOneLineEach) {
     Burst("\x01");
     EXPECT_EQ(commands.size(), 2u);
     remote.CloseRemote();
-    EXPECT_EQ(LinesLogged("Remote receiver"), 3);
+    EXPECT_EQ(LinesLogged("Remote receiver"), 4);
 }
 
 TEST_F(RemoteTest, ACommandMayFailOrChangeTheReceiver) {

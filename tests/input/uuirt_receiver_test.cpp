@@ -4,6 +4,7 @@
 #include "tests/input/remote_fixture.h"
 #include "tests/sim/uuirtdrv/uuirt_sim.h"
 #include "tests/support/events.h"
+#include "tests/support/recording_screen.h"
 
 namespace vk::test {
 namespace {
@@ -17,22 +18,29 @@ auto Loading(const char* file) {
 struct UuirtTest : RemoteFixture {
     UuirtTest() {
         device = {};
+        screens.Add("velkorandum", menu);
         devices.uuirt = Loading(VK_UUIRT_SIM);
     }
     void Press(const char* code) {
         device.Button(code);
         ui.Run();
     }
-    /// Starts the receiver and gives the texts that were shown.
+    /// Starts the receiver and gives the texts that were shown, once the menu was there.
     Commands ShownAtStart(bool expected) {
         dialogs.shown.clear();
         dialogs.titles.clear();
+        screens.CurrentForm = "";
         EXPECT_EQ(Init("usbuirt"), expected);
+        clock.Advance(2000);
+        EXPECT_EQ(dialogs.shown, Commands{}) << "it waits for the menu";
+        screens.CurrentForm = "velkorandum";
+        clock.Advance(1000);
         for (const std::string& title : dialogs.titles)
             EXPECT_EQ(title, "ERROR");
         return dialogs.shown;
     }
 
+    RecordingScreen menu;
     std::string ignored;
     /// Keeps the driver, and what it answers, loaded for the whole test.
     std::unique_ptr<LoadedLibrary> library = Loading(VK_UUIRT_SIM)(ignored);
@@ -50,10 +58,20 @@ TEST_F(UuirtTest, EachFailureOfTheDriverHasItsText) {
     devices.uuirt = Loading("/nowhere/libuuirtdrv.so");
     EXPECT_EQ(ShownAtStart(false), retrieve);
     EXPECT_EQ(LinesLogged("USB-UIRT driver: /nowhere/libuuirtdrv.so"), 1);
-    clock.Advance(60'000);
-    EXPECT_EQ(dialogs.shown.size(), 1u) << "without a driver there are no further tries";
     devices.uuirt = Loading(VK_UUIRT_SIM);
     device.version = 0x0100;
+    clock.Advance(60'000);
+    EXPECT_TRUE(remote.Ready()) << "it was installed meanwhile";
+    EXPECT_EQ(dialogs.shown.size(), 1u);
+    EXPECT_EQ(LinesLogged("Remote receiver not opened: USB-UIRT: Unable to retrieve"), 2);
+    device.openError = NoDevice;
+    screens.CurrentForm = "";
+    EXPECT_FALSE(Init("usbuirt"));
+    device.openError = 0;
+    clock.Advance(4000);
+    screens.CurrentForm = "velkorandum";
+    clock.Advance(1000);
+    EXPECT_EQ(dialogs.shown.size(), 1u) << "it has come before anybody was told";
     const std::pair<int, const char*> cases[] = {
         {NoDevice, "Unable to connect to USB-UIRT device!  Please ensure device is connected to "
                    "the computer!"},

@@ -19,9 +19,9 @@ struct SettingsFixture : ShellFixture {
         screen = std::make_unique<vk::settings>(
             ControlContext{state, settings.values, skin, pictures, clock, pump, commands},
             ShellNeeds(),
-            RemoteLearning::Needs{settings, report, dialogs, clock, beeper, remoteKeys,
-                                  [] { return true; }, [] { return true; }, [](bool) {},
-                                  [](float) {}},
+            RemoteLearning::Needs{base, beeper, remoteKeys, [] { return true; },
+                                  [] { return true; }, [](bool) {}, [](float) {},
+                                  [] { return SerialList(); }},
             std::vector<Page>{}, &host);
         screen->AddTo(screens);
         host.show();

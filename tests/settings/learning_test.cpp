@@ -26,10 +26,11 @@ struct LearningTest : testing::Test, CoreFixture {
     bool collecting = false, found = true;
     float interval = 0;
     KeyboardLearning keyboard{{settings, report, clock, keys}};
-    RemoteLearning remote{{settings, report, dialogs, clock, beeper, codes,
-                           [this] { return ++opened > 0 && found; }, [this] { return found; },
-                           [this](bool on) { collecting = on; },
-                           [this](float seconds) { interval = seconds; }}};
+    SerialList ports;
+    RemoteLearning remote{{base, beeper, codes, [this] { return ++opened > 0 && found; },
+                           [this] { return found; }, [this](bool on) { collecting = on; },
+                           [this](float seconds) { interval = seconds; },
+                           [this] { return ports; }}};
 };
 
 TEST_F(LearningTest, AKeyIsProgrammedRefusedOrCanceled) {
@@ -130,23 +131,34 @@ TEST_F(LearningTest, WhatIsWaitedForTooLongOrTwiceIsGivenUp) {
     }
 }
 
-TEST_F(LearningTest, TheReceiverIsSetAtOnce) {
-    const auto stored = [this](const char* key) { return settings.Read("remote", key); };
-    remote.StepType(-1);
-    EXPECT_EQ(stored("type"), "LIRC");
+TEST_F(LearningTest, AReceiverIsOpenedWhenItIsChosenAndNoneOnTheWayToIt) {
+    const auto stored = [this] {
+        return settings.Read("remote", "type") + " " + settings.Read("remote", "comport");
+    };
+    ports[0] = {"Serial port ttyS0", "/dev/ttyS0"};
+    ports[1] = {"FTDI A9014ID2", "/dev/serial/by-id/ftdi"};
     settings.Write("remote", "type", "lirc");
-    remote.StepType(2);
-    EXPECT_EQ(stored("type"), "CREATIVE");
     settings.Write("remote", "comport", "/dev/serial/by-id/x");
-    remote.StepPort(1);
-    remote.StepPort(-5);
-    EXPECT_EQ(stored("comport"), "1");
-    opened = 0;
-    remote.Enable(true);
-    EXPECT_EQ(stored("status") + std::to_string(opened), "true1");
+    remote.Enter();
+    EXPECT_EQ(remote.Port(), "/dev/serial/by-id/x");
+    EXPECT_TRUE(remote.Chosen());
+    remote.Choose();
+    remote.StepType(2);
+    remote.StepPort(-1);
+    EXPECT_EQ(remote.Type() + " " + remote.Port(), "CREATIVE FTDI A9014ID2");
+    EXPECT_FALSE(remote.Chosen());
+    EXPECT_EQ(stored() + std::to_string(opened), "lirc /dev/serial/by-id/x0");
+    remote.Choose();
+    EXPECT_EQ(stored() + std::to_string(opened), "CREATIVE /dev/serial/by-id/ftdi1");
+    remote.StepPort(-1);
     found = false;
-    remote.StepPort(1);
+    remote.Enable(true);
+    EXPECT_EQ(stored() + std::to_string(opened), "CREATIVE 12");
     EXPECT_EQ(remote.List().back(), "The receiver was not found");
+    EXPECT_TRUE(settings.values.remoteStatus);
+    remote.StepPort(1);
+    remote.Leave();
+    EXPECT_EQ(stored() + std::to_string(opened), "CREATIVE /dev/serial/by-id/ftdi3") << "as shown";
     remote.UseRepeatDelay(true);
     EXPECT_EQ(settings.Read("main", "UseDelay"), "true");
     remote.FixRepeat();
@@ -157,7 +169,7 @@ TEST_F(LearningTest, TheReceiverIsSetAtOnce) {
     }
     EXPECT_FALSE(remote.Measuring());
     EXPECT_FLOAT_EQ(interval, 0.11F);
-    EXPECT_EQ(stored("speed"), "99");
+    EXPECT_EQ(settings.Read("remote", "speed"), "99");
 }
 
 } // namespace

@@ -119,8 +119,8 @@ class HeldEnter(_Playing):
     def test_leads_to_the_settings(self):
         self.start_to_menu()
         before = self.setting("main", "CurrentSkin")
-        self.hold("Return")  # the bar, the settings on its left
-        self.keys("Return", "Up", "Right", "Return")  # the tab of the appearance
+        self.hold("Return")  # the bar, the settings at its left end
+        self.keys("Left", "Return", "Up", "Left", "Return")  # the tab of the appearance
         self.press("Return")  # the skin before this one
         self.wait_for("another skin", lambda: self.setting("main", "CurrentSkin") != before)
 
