@@ -145,9 +145,8 @@ void KeyToPaint(benchmark::State& state, std::vector<int> way, const std::string
 const std::vector<int> ToBrowser = {Qt::Key_Right, Qt::Key_Return};
 const std::vector<int> ToPlayer = {Qt::Key_Right, Qt::Key_Return, Qt::Key_Up, Qt::Key_Return};
 constexpr int SettingsKey = Qt::Key_P; ///< from the menu
-const std::vector<int> ToKeyboardPage = {SettingsKey, Qt::Key_Up, Qt::Key_Right, Qt::Key_Return};
-const std::vector<int> ToRemotePage = {SettingsKey, Qt::Key_Up, Qt::Key_Right, Qt::Key_Right,
-                                       Qt::Key_Return};
+const std::vector<int> ToKeyboardPage = {SettingsKey, Qt::Key_Up, Qt::Key_Return};
+const std::vector<int> ToRemotePage = {SettingsKey, Qt::Key_Up, Qt::Key_Right, Qt::Key_Return};
 
 BENCHMARK_CAPTURE(KeyToPaint, menu, {}, HomeScreen, Qt::Key_Right, Qt::Key_Left)->Iterations(1);
 BENCHMARK_CAPTURE(KeyToPaint, browser, ToBrowser, "playlists")->Iterations(1);
