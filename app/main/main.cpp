@@ -7,6 +7,7 @@
 #include <QSocketNotifier>
 
 #include <fcntl.h>
+#include <malloc.h>
 #include <unistd.h>
 
 #include <csignal>
@@ -41,7 +42,14 @@ static void LeaveMissingBusAlone() {
         qputenv(Address, "disabled:");
 }
 
+// Pictures are large and come and go: in mappings of their own they leave no holes in the heap.
+static void KeepLargeBlocksOutOfTheHeap() {
+    constexpr int Large = 256 * 1024; // bytes
+    ::mallopt(M_MMAP_THRESHOLD, Large);
+}
+
 int main(int argc, char** argv) {
+    KeepLargeBlocksOutOfTheHeap();
     LeaveMissingBusAlone();
     QApplication qt(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Velkorandum"));

@@ -86,8 +86,10 @@ QImage PictureFromBytes(std::string_view bytes, QSize box, PictureFit fit) {
     const QImage image = Decode(reader, data, box);
     if (image.isNull()) return {};
     // Colours of clear pixels must not bleed into the edges.
-    return image.convertToFormat(QImage::Format_ARGB32_Premultiplied)
-        .scaled(Fitted(image.size(), box, fit), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    const auto format =
+        image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32;
+    return image.convertToFormat(format).scaled(Fitted(image.size(), box, fit),
+                                                Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }
 
 QImage LoadPicture(const std::string& path, QSize box, PictureFit fit) {
