@@ -6,6 +6,7 @@
 #include "library/tags/id3v1.h"
 #include "library/tags/id3v2.h"
 #include "library/tags/media_type.h"
+#include "library/tags/mp4_tag.h"
 #include "library/tags/tag_text.h"
 #include "library/tags/vorbis_comment.h"
 
@@ -53,6 +54,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             Run(reader, bytes, genres, reading);
     Run(vk::ReadVorbisComment, bytes, genres);
     Run(vk::ReadFlacComment, bytes, genres);
+    Run(vk::ReadMp4Tag, bytes, genres);
     const auto foreign = [](vk::MediaFile& file, const vk::GenreTable& table, vk::TagRecord& tag) {
         vk::ReadForeignTag(file, vk::FormOf(file), table, tag);
     };

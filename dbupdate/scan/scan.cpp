@@ -17,6 +17,7 @@ namespace {
 
 constexpr int NoMediaFiles = 53; // "File not found"
 constexpr std::int64_t FilesAProgress = 512;
+constexpr std::int64_t FewOf = 10; // a tenth of the rows
 
 class Scan {
   public:
@@ -111,7 +112,8 @@ class Scan {
         copy.SetDrives(changes.drives);
         copy.SetOrigin(Wanted());
         Progress(ScanStep::Writing, 0, "Please Wait...");
-        copy.Finish(request_.full);
+        copy.Finish(
+            {.compact = request_.full, .measure = (Count(changes.toRead) + gone) * FewOf > rows_});
         catalogue_.reset();
         Progress(ScanStep::Checkpoint, 0, "Please Wait...");
         SendState(DBStateValue::CheckPoint);

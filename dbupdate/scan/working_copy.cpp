@@ -66,14 +66,14 @@ void WorkingCopy::SetDrives(const std::vector<std::string>& drives) {
         add.Bind(1, drive).Run();
 }
 
-void WorkingCopy::Finish(bool compact) {
+void WorkingCopy::Finish(const Finishing& finishing) {
     rows_.reset();
     if (anew_) CreateIndexes(*database_);
-    MeasureIndexes(*database_);
+    if (anew_ || finishing.measure) MeasureIndexes(*database_);
     database_->Execute("COMMIT");
     const bool sparse = Number(*database_, "PRAGMA freelist_count") * UnusedPart >
                         Number(*database_, "PRAGMA page_count");
-    if (compact && sparse) database_->Execute("VACUUM");
+    if (finishing.compact && sparse) database_->Execute("VACUUM");
     database_.reset();
     if (!FlushFile(file_)) throw Error("cannot write " + file_);
     finished_ = true;

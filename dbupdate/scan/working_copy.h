@@ -26,9 +26,12 @@ class WorkingCopy {
     void SetOrigin(const Origin& origin) { vk::SetOrigin(*database_, origin); }
     /// Puts the drives that rows lie on in place of those of the last time.
     void SetDrives(const std::vector<std::string>& drives);
-    /// Completes the file and flushes it to the disk; `compact` rewrites it when a good part of it
-    /// is unused. Throws on failure.
-    void Finish(bool compact);
+    struct Finishing {
+        bool compact; ///< rewrite the file when a good part of it is unused
+        bool measure; ///< so much has changed that the indexes are to be measured anew
+    };
+    /// Completes the file and flushes it to the disk. Throws on failure.
+    void Finish(const Finishing& finishing);
 
   private:
     void Begin(const std::string& appDir, Database* catalogue);

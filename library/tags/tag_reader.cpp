@@ -5,6 +5,7 @@
 #include "library/tags/foreign_tag.h"
 #include "library/tags/id3v1.h"
 #include "library/tags/id3v2.h"
+#include "library/tags/mp4_tag.h"
 #include "library/tags/tag_text.h"
 #include "library/tags/vorbis_comment.h"
 #include "platform/files.h"
@@ -78,6 +79,7 @@ void ID3::ReadExtended(MediaFile& file, bool ogg, TagRecord& tag, Picture pictur
                        float& version) const {
     const FileForm form = FormOf(file);
     if (form == FileForm::Flac) return ReadFlacComment(file, genres_, tag);
+    if (form == FileForm::Mp4) return ReadMp4Tag(file, genres_, tag);
     if (form == FileForm::OggVorbis && ogg) return ReadVorbisComment(file, genres_, tag);
     if (form != FileForm::Other || HasForeignID3v2(file))
         return ReadForeignTag(file, form, genres_, tag);

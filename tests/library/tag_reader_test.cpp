@@ -179,9 +179,9 @@ std::string Mp4(const std::string& items) {
            Atom("moov", Atom("udta", Atom("meta", "\0\0\0\0"s + list)));
 }
 
-std::string Mp4Item(const std::string& name, int kind, const std::string& value) {
-    return Atom(name,
-                Atom("data", Number(static_cast<std::size_t>(kind), 4) + "\0\0\0\0"s + value));
+/// A value of an item; kind 1 is UTF-8, 2 UTF-16, 0 a number.
+std::string Mp4Data(int kind, const std::string& value) {
+    return Atom("data", Number(static_cast<std::size_t>(kind), 4) + "\0\0\0\0"s + value);
 }
 
 /// An APE tag with its footer (https://wiki.hydrogenaud.io/index.php?title=APE_Tags_Header).
@@ -227,6 +227,7 @@ TEST_F(ExtendedTagReader, TextsAreDecodedAndSeveralValuesJoined) {
     EXPECT_EQ(BriefOf(ID3v2(3, Frame(3, "TIT2", "\1\xFF"s) + TextFrame(3, "TPE1", "A"))),
               "|A||(Unknown Genre)|255|0");
     EXPECT_EQ(BriefOf(Vorbis({"title=T"}), "a.ogg"), "T|||(Unknown Genre)|255|0");
+    EXPECT_EQ(BriefOf(Mp4(Atom("gnre", Mp4Data(0, "\0\x12"s)))), "|||Rock|17|0");
 }
 
 TEST_F(ExtendedTagReader, FormsThatTheOlderReadingDoesNotKnowAreRead) {
@@ -255,11 +256,11 @@ TEST_F(ExtendedTagReader, FormsThatTheOlderReadingDoesNotKnowAreRead) {
              {"g.wav", "RIFF" + Little(wav.size()) + wav},
              {"h.aiff", "FORM" + Number(aiff.size(), 4) + aiff},
              {"i.opus", ids + OggPages("OpusTags" + comments)},
-             {"j.m4a", Mp4(Mp4Item("\xA9nam", 1, "T") +
-                           Mp4Item("\xA9"
-                                   "ART",
-                                   1, "A; B") +
-                           Mp4Item("trkn", 0, "\0\0\0\3\0\0\0\0"s))}}) {
+             {"j.m4a", Mp4(Atom("\xA9nam", Mp4Data(2, "\0T"s)) +
+                           Atom("\xA9"
+                                "ART",
+                                Mp4Data(1, "A") + Mp4Data(1, "B")) +
+                           Atom("trkn", Mp4Data(0, "\0\0\0\3\0\0\0\0"s)))}}) {
         const std::string expected =
             name < "d" || name > "e~" ? brief : "T|A; B||(Unknown Genre)|255|0";
         EXPECT_EQ(BriefOf(bytes, name), expected) << name;
@@ -302,7 +303,7 @@ TEST(EmbeddedPicture, OfTheExtendedReadingIsTheFrontCoverOfAnyForm) {
     const std::string foreign = Frame(4, "APIC", "\0image/jpeg\0\3\0"s + "\xFF\0\0x"s);
     EXPECT_EQ(Picture(ID3v2(4, back + foreign, 0, 0x80), true), "\xFF\0x"s);
     EXPECT_EQ(Picture(ID3v2(4, front + back)), "back") << "the last one, as ever";
-    const std::string m4a = Mp4(Mp4Item("covr", 13, Jpeg));
+    const std::string m4a = Mp4(Atom("covr", Mp4Data(13, Jpeg)));
     EXPECT_EQ(Picture(m4a, true), Jpeg);
     EXPECT_EQ(Picture(m4a), "");
     for (std::size_t size = 0; size < m4a.size(); ++size)
