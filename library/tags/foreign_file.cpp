@@ -1,5 +1,7 @@
 #include "library/tags/foreign_file.h"
 
+#include "core/error_report.h"
+
 #include <taglib/aifffile.h>
 #include <taglib/apefile.h>
 #include <taglib/asffile.h>
@@ -24,6 +26,8 @@ namespace {
 
 // The pieces that TagLib asks for are sizes out of the file.
 constexpr unsigned long MostBytes = 64ul << 20;
+// An ordinary file needs some dozens.
+constexpr int MostReads = 200'000, MostShortReads = 1000;
 
 template<class Kind> std::unique_ptr<TagLib::File> Open(ForeignStream& stream) {
     return std::make_unique<Kind>(&stream, false);
@@ -33,6 +37,9 @@ template<class Kind> std::unique_ptr<TagLib::File> Open(ForeignStream& stream) {
 
 TagLib::ByteVector ForeignStream::readBlock(unsigned long length) {
     const std::string bytes = file_.ReadUpTo(std::min(length, MostBytes));
+    shortReads_ += bytes.size() < length;
+    if (++reads_ > MostReads || shortReads_ > MostShortReads)
+        throw Error("Input past end of file", 62);
     return {bytes.data(), static_cast<unsigned int>(bytes.size())};
 }
 

@@ -10,7 +10,8 @@
 
 namespace vk {
 
-/// The bytes of a media file, which outlives it. Nothing is ever written.
+/// The bytes of a media file, which outlives it. Nothing is ever written. Reading throws an `Error`
+/// when it goes on and on, as it does where a count in a damaged file is believed.
 class ForeignStream : public TagLib::IOStream {
   public:
     explicit ForeignStream(MediaFile& file) : file_(file) { file_.Seek(0); }
@@ -30,6 +31,7 @@ class ForeignStream : public TagLib::IOStream {
 
   private:
     MediaFile& file_;
+    int reads_ = 0, shortReads_ = 0;
 };
 
 /// TagLib's reader for a form, without the sound's properties; both must outlive it.

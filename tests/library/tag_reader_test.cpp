@@ -1,4 +1,5 @@
 #include "library/tags/embedded_picture.h"
+#include "library/tags/foreign_file.h"
 #include "library/tags/id3v1.h"
 #include "library/tags/tag_reader.h"
 #include "tests/library/tag_bytes.h"
@@ -9,6 +10,7 @@
 #include <sys/stat.h>
 
 #include <fstream>
+#include <sstream>
 
 namespace vk::test {
 namespace {
@@ -265,9 +267,21 @@ TEST_F(ExtendedTagReader, FormsThatTheOlderReadingDoesNotKnowAreRead) {
             name < "d" || name > "e~" ? brief : "T|A; B||(Unknown Genre)|255|0";
         EXPECT_EQ(BriefOf(bytes, name), expected) << name;
         EXPECT_NE(Brief(id3.ReadTag(app.File(name))), expected) << name << " in the older reading";
-        for (std::size_t size = 0; size < bytes.size(); size += 1 + size / 20)
+        for (std::size_t size = 0; size < bytes.size(); size += 1 + size / 4)
             BriefOf(bytes.substr(0, size), name); // torn anywhere it must come to an end
     }
+}
+
+TEST(ForeignStream, GivesUpOnAReaderThatGoesOnBehindTheEnd) {
+    std::istringstream nothing;
+    MediaFile file(nothing);
+    ForeignStream stream(file);
+    EXPECT_THROW(
+        {
+            for (int i = 0; i < 10'000; ++i)
+                stream.readBlock(8);
+        },
+        Error);
 }
 
 const std::string Jpeg = "\xFF\xD8\xFF\0pixels\0"s;
