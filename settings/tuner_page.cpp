@@ -73,15 +73,15 @@ class Tuners {
                 InputRow(setting::xmpcr_audio_input, "cboXMInput"),
                 IntervalRow(),
                 TimeoutRow(),
-                Named(ToggleRow(store_, setting::hideXMChanNo), "ckHideChanNo", Row::Quarter),
-                Named(LoggingRow(), "ckXMDataLogging", Row::Quarter)};
+                Named(ToggleRow(store_, setting::hideXMChanNo), "ckHideChanNo")};
     }
     std::vector<Row> ButtonRows() {
         Row caption = ProgressRow([] { return std::string("Main Menu Button Function"); });
         caption.sheet = "Button";
         return {Named(std::move(caption), "frmMainMenuBtn", Row::Whole),
                 RadioRow("D-Link USB FM Radio", 0, "opFM"),
-                RadioRow("XM-PCR Satellite Radio", 1, "opXM")};
+                RadioRow("XM-PCR Satellite Radio", 1, "opXM"),
+                Named(ToggleRow(store_, setting::XMDataLogging), "ckXMDataLogging", Row::Whole)};
     }
 
     void Enter() {
@@ -179,10 +179,6 @@ class Tuners {
                              },
                              "<", ">"),
                      "cboTimeout");
-    }
-    Row LoggingRow() {
-        Row row = ToggleRow(store_, setting::XMDataLogging);
-        return row;
     }
     Row RadioRow(const char* caption, std::int32_t type, const char* name) {
         Row row = SwitchRow(

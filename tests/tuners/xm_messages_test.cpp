@@ -117,6 +117,14 @@ TEST_F(XMMessagesTest, NotificationsTellOfTheTunedChannel) {
     EXPECT_EQ(State().trackDuration, 258);
 }
 
+TEST_F(XMMessagesTest, AReceiverThatGoesOffByItselfIsLeftAndFoundAgain) {
+    Say(Payload(3, {0x81}));
+    EXPECT_FALSE(xm().On());
+    xm().PowerDown();
+    EXPECT_FALSE(port->PortOpen());
+    TurnOn();
+}
+
 TEST_F(XMMessagesTest, AFailedMonitorAsksForTheChannel) {
     Say(Payload(4, {0xD0, 7, 0, 1}));
     clock.Advance(200);

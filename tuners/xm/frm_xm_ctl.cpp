@@ -240,8 +240,10 @@ void frmXMCtl::ForgetChannel() {
 
 void frmXMCtl::PowerDown() {
     if (search_.Running()) search_.Abort();
-    if (dead_) return Close();
-    if (!state_.receiverOn || ending_) return;
+    if (ending_) return;
+    const bool off = !state_.receiverOn && !search_.Running(); // it has said so by itself
+    if (dead_ || (off && comCTL_.PortOpen())) return Close();
+    if (!state_.receiverOn) return;
     ending_ = true;
     tmrMain_->Stop();
     base_.pump.Until({.what = "the satellite receiver",
