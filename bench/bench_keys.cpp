@@ -2,9 +2,8 @@
 // of its screens.
 #include "app/application.h"
 #include "app/linux/linux_ports.h"
-#include "core/version.h"
+#include "bench/song_folder.h"
 #include "tests/support/fake_card.h"
-#include "tests/support/temp_folder.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -14,7 +13,6 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdlib>
-#include <filesystem>
 #include <vector>
 
 namespace vk::test {
@@ -39,47 +37,14 @@ class PaintWatch : public QObject {
     }
 };
 
-/// A minute of silence: a WAVE file of 8000 samples a second, one channel of eight bits.
-std::string SilentWave() {
-    const std::uint32_t samples = 60 * 8000;
-    const auto little = [](std::uint32_t number, int bytes) {
-        std::string text;
-        for (int i = 0; i < bytes; ++i)
-            text += static_cast<char>(number >> (8 * i));
-        return text;
-    };
-    return "RIFF" + little(36 + samples, 4) + "WAVEfmt " + little(16, 4) + little(1, 2) +
-           little(1, 2) + little(8000, 4) + little(8000, 4) + little(1, 2) + little(8, 2) + "data" +
-           little(samples, 4) + std::string(samples, '\x80');
-}
-
 /// The application with a folder of songs and a sound card.
 class Running {
   public:
     Running() {
-        // Copies: a program finds its application directory by where it lies.
-        for (const char* name : {"winamp", "DB_UPDATE"})
-            std::filesystem::copy_file(std::filesystem::path(VK_APP_DIR) / name, dir_.File(name));
-        std::filesystem::create_directory_symlink(std::filesystem::path(VK_APP_DIR) / "skins",
-                                                  dir_.File("skins"));
-        // The catalogue's server tells the system of itself in the user's folder.
-        setenv("XDG_CONFIG_HOME", dir_.MakeFolder("config").c_str(), 1);
-        started = std::system(dir_.File("DB_UPDATE").c_str()) == 0;
-        const std::string media = dir_.MakeFolder("media");
-        dir_.Write("silence", SilentWave());
-        for (int i = 0; i < Files; ++i)
-            std::filesystem::create_hard_link(dir_.File("silence"), media + "/Artist - Song " +
-                                                                        std::to_string(i) + ".wav");
-        dir_.Write("kb.ini", "[keyboard]\nkbSWMP=80\n");
-        dir_.Write("settings.ini", "[main]\nVersion=" + std::string(Version) +
-                                       "\nSetup=true\nmanualdb=true\nMediaDir=" + media +
-                                       "\nPlaylistDir=" + dir_.MakeFolder("media/lists") +
-                                       "\nTime1=8:00:00 AM\nTime2=9:00:00 PM\n"
-                                       "[audio_player]\nAudioExtensions=WAV\n");
         qApp->installEventFilter(&watch_);
-        ports_ = std::make_unique<LinuxPorts>(dir_.Path());
-        app_ = std::make_unique<Application>(dir_.Path(), ports_->ports(), [] {});
-        started = started && app_->Start();
+        ports_ = std::make_unique<LinuxPorts>(folder_.dir.Path());
+        app_ = std::make_unique<Application>(folder_.dir.Path(), ports_->ports(), [] {});
+        started = folder_.ready && app_->Start();
         Run(SettleTime);
     }
     /// Milliseconds from the press to the end of the painting that follows; -1 without one.
@@ -114,7 +79,7 @@ class Running {
 
   private:
     FakeCard card_{{"Master Playback", "PCM Playback"}};
-    TempFolder dir_;
+    SongFolder folder_{Files};
     PaintWatch watch_;
     std::unique_ptr<LinuxPorts> ports_;
     std::unique_ptr<Application> app_;

@@ -3,11 +3,25 @@
 
 #include <gtest/gtest.h>
 #include <malloc.h>
+#include <sys/syscall.h>
+#include <unistd.h>
 
+#include <atomic>
 #include <filesystem>
+
+static std::atomic<int> flushes = 0;
+
+/// Counts how often the disk is waited for.
+extern "C" int fsync(int file) {
+    ++flushes;
+    return static_cast<int>(::syscall(SYS_fsync, file));
+}
 
 namespace vk::test {
 namespace {
+
+/// What logind waits for, 5 s, and half of it on a disk that takes 100 ms a flush.
+constexpr int MostFlushes = 5000 / 2 / 100;
 
 /// A player process that keeps time, and pauses by a toggle as the real one does.
 class KeepingPlayer {
@@ -152,6 +166,58 @@ TEST_F(VehicleTest, AThousandSleepsChangeNothing) {
     EXPECT_EQ(Entries("/proc/self/fd"), handles);
     EXPECT_EQ(Entries("/proc/self/task"), threads);
     EXPECT_LT(::mallinfo2().uordblks, bytes + (64u << 10));
+}
+
+TEST_F(VehicleTest, ASleepIsPreparedInHalfTheTimeThatTheMachineGrants) {
+    Begin();
+    PlaySong();
+    for (int i = 0; i < 20; ++i) // the busiest driver
+        Press({Qt::Key_L, Qt::Key_Right, Qt::Key_U});
+    const int before = flushes;
+    power.Sleep();
+    EXPECT_GT(flushes, before);
+    EXPECT_LE(flushes, before + MostFlushes);
+    const int asleep = flushes;
+    host().settings.Finish();
+    EXPECT_EQ(flushes, asleep) << "something was left to be written";
+}
+
+TEST_F(VehicleTest, ACutOfThePowerAtAnyMomentLeavesAWholeStart) {
+    Begin();
+    PlaySong();
+    namespace fs = std::filesystem;
+    std::vector<std::unique_ptr<TempFolder>> cuts;
+    player.answer = [&](const auto& message) {
+        cuts.push_back(std::make_unique<TempFolder>());
+        for (const auto& entry : fs::directory_iterator(dir.Path())) {
+            std::error_code replaced; // just now
+            fs::copy(entry.path(), fs::path(cuts.back()->Path()) / entry.path().filename(),
+                     fs::copy_options::recursive, replaced);
+        }
+        return winamp(message);
+    };
+    for (int i = 0; i < 3; ++i) {
+        serial->SetCarrier(i % 2 != 0);
+        power.Sleep();
+        Pass(1000);
+        power.Wake();
+        app->rooms().vehicle.SetDimmer(false);
+    }
+    power.onShutdown();
+    Pass(10);
+    EXPECT_EQ(exits, 1);
+    app.reset();
+    EXPECT_GT(cuts.size(), 20u);
+    player.answer = [this](const auto& message) { return winamp(message); };
+    for (std::size_t i = 0; i < cuts.size(); i += 3) {
+        app = std::make_unique<Application>(cuts[i]->Path(), ports(), [] {});
+        ASSERT_TRUE(app->Start()) << i;
+        EXPECT_EQ(Front(), HomeScreen) << i;
+        EXPECT_EQ(host().settings.Get(setting::Version), Version) << i;
+        EXPECT_GT(host().settings.Get(setting::CurrentPosition), 0) << i;
+        EXPECT_FALSE(FileExists(cuts[i]->File("dimmed.dat"))) << i;
+        app.reset();
+    }
 }
 
 TEST_F(VehicleTest, ASleepWhileAListIsReadLeavesItToBeRead) {

@@ -1,0 +1,179 @@
+// What the vehicle waits for: silence after the ignition, sound after a sleep, the dimmed screen;
+// and how often the system wakes the processor at the menu. With the real player process, on a
+// display where there is one.
+#include "app/application.h"
+#include "app/linux/linux_ports.h"
+#include "bench/song_folder.h"
+#include "tests/support/fake_card.h"
+#include "tests/support/fake_serial_port.h"
+#include "tests/support/power_fakes.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <chrono>
+#include <fstream>
+#include <vector>
+
+namespace vk::test {
+namespace {
+
+using SteadyClock = std::chrono::steady_clock;
+using std::chrono::milliseconds;
+
+QApplication& App() {
+    static int argc = 1;
+    static char name[] = "bench_vehicle";
+    static char* argv[] = {name, nullptr};
+    if (!std::getenv("DISPLAY")) setenv("QT_QPA_PLATFORM", "offscreen", 0);
+    static QApplication app(argc, argv);
+    return app;
+}
+
+/// The real system, but for the ignition's port and the machine's power.
+class Running {
+  public:
+    Running() {
+        std::ofstream(folder_.dir.File("settings.ini"), std::ios::app)
+            << "[AccControl]\naccSensePort=1\n";
+        const Ports real = machine_.ports();
+        Ports ports{real.machine,
+                    real.screen,
+                    real.sound,
+                    real.remote,
+                    {power, real.vehicle.gamma, real.vehicle.backlight}};
+        ports.remote.serial = [this] {
+            auto made = std::make_unique<FakeSerialPort>();
+            serial = made.get();
+            return made;
+        };
+        app_ = std::make_unique<Application>(folder_.dir.Path(), ports, [] {});
+        started = folder_.ready && app_->Start();
+        Run(milliseconds(500));
+    }
+    void Play() {
+        for (const int key : {Qt::Key_Return, Qt::Key_Down, Qt::Key_Down, Qt::Key_Return}) {
+            QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
+            QCoreApplication::sendEvent(QApplication::focusWidget(), &press);
+            Run(milliseconds(500));
+        }
+        Run(milliseconds(2000));
+    }
+    std::string Status() { return app_->rooms().playback.winamp->WinAMP_GetStatus(); }
+    /// Milliseconds until the player process says so.
+    double Until(const char* status) {
+        const auto begin = SteadyClock::now();
+        while (Status() != status && SteadyClock::now() - begin < std::chrono::seconds(2))
+            QCoreApplication::processEvents();
+        return std::chrono::duration<double, std::milli>(SteadyClock::now() - begin).count();
+    }
+    static void Run(milliseconds time) {
+        for (const auto end = SteadyClock::now() + time; SteadyClock::now() < end;)
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 50);
+    }
+    VehicleModule& vehicle() { return app_->rooms().vehicle; }
+
+    FakePower power;
+    FakeSerialPort* serial = nullptr;
+    bool started = false;
+
+  private:
+    FakeCard card_{{"Master Playback", "PCM Playback"}};
+    SongFolder folder_{100};
+    LinuxPorts machine_;
+    std::unique_ptr<Application> app_;
+};
+
+void Report(benchmark::State& state, std::vector<double> times, double limitMs) {
+    std::ranges::sort(times);
+    state.counters["ms median"] = times[times.size() / 2];
+    state.counters["ms worst"] = times.back();
+    if (times.back() > limitMs) state.SkipWithError("slower than it may be");
+}
+
+void CarrierToSilence(benchmark::State& state) {
+    App();
+    Running running;
+    running.Play();
+    if (running.Status() != "1") return state.SkipWithError("nothing plays");
+    std::vector<double> times;
+    for (auto _ : state) {
+        running.serial->SetCarrier(false);
+        times.push_back(running.Until("2"));
+        Running::Run(milliseconds(300));
+        running.serial->SetCarrier(true);
+        running.Until("1");
+        Running::Run(milliseconds(300));
+    }
+    Report(state, times, 50);
+}
+
+void WakeToSound(benchmark::State& state) {
+    App();
+    Running running;
+    running.Play();
+    if (running.Status() != "1") return state.SkipWithError("nothing plays");
+    std::vector<double> times;
+    for (auto _ : state) {
+        running.power.Sleep();
+        Running::Run(milliseconds(200));
+        const auto begin = SteadyClock::now();
+        running.power.Wake();
+        running.Until("1");
+        times.push_back(
+            std::chrono::duration<double, std::milli>(SteadyClock::now() - begin).count());
+    }
+    Report(state, times, 300);
+}
+
+void Dim(benchmark::State& state) {
+    App();
+    Running running;
+    std::vector<double> times;
+    for (auto _ : state) {
+        const auto begin = SteadyClock::now();
+        running.vehicle().SetDimmer(false);
+        times.push_back(
+            std::chrono::duration<double, std::milli>(SteadyClock::now() - begin).count());
+    }
+    Report(state, times, 5);
+}
+
+long Switches() {
+    std::ifstream status("/proc/self/status");
+    long count = 0;
+    for (std::string line; std::getline(status, line);)
+        if (line.starts_with("voluntary_ctxt_switches:")) count = std::stol(line.substr(24));
+    return count;
+}
+
+// Of the interface's thread.
+void WakeUpsAtTheMenu(benchmark::State& state) {
+    App();
+    Running running;
+    constexpr int Seconds = 10;
+    QTimer end;
+    QEventLoop loop;
+    QObject::connect(&end, &QTimer::timeout, &loop, &QEventLoop::quit);
+    long switches = 0;
+    for (auto _ : state) {
+        Running::Run(milliseconds(3000));
+        end.start(Seconds * 1000);
+        const long before = Switches();
+        loop.exec();
+        switches = Switches() - before;
+    }
+    state.counters["a second"] = static_cast<double>(switches) / Seconds;
+    if (switches > 8 * Seconds) state.SkipWithError("more often than it may");
+}
+
+BENCHMARK(CarrierToSilence)->Iterations(30)->Unit(benchmark::kMillisecond);
+BENCHMARK(WakeToSound)->Iterations(30)->Unit(benchmark::kMillisecond);
+BENCHMARK(Dim)->Iterations(200)->Unit(benchmark::kMillisecond);
+BENCHMARK(WakeUpsAtTheMenu)->Iterations(1)->Unit(benchmark::kSecond);
+
+} // namespace
+} // namespace vk::test
