@@ -31,6 +31,8 @@ class Alone:
                             ("XDG_CACHE_HOME", "cache"), ("XDG_DATA_HOME", "data"), ("TMPDIR", "tmp")):
             (self.folder / place).mkdir(mode=0o700)
             self.env[name] = str(self.folder / place)
+        # The machine's own is asked to turn it off.
+        self.env["DBUS_SYSTEM_BUS_ADDRESS"] = f"unix:path={self.folder}/system_bus"
         # The sound server's library would start a server.
         (self.folder / "config" / "pulse").mkdir()
         (self.folder / "config" / "pulse" / "client.conf").write_text("autospawn = no\n")
