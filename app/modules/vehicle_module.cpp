@@ -14,7 +14,6 @@ VehicleModule::VehicleModule(Host& host, PlaybackModule& playback)
       shutDown_(host.base, host.ports.vehicle.power, [this] { host_.quit(false); }),
       events_(host.base, Sleepers()), ignition_(IgnitionNeeds()) {
     host_.daylight.setDimmer = [this](bool force) { SetDimmer(force); };
-    dimmer_.GiveBack();
 }
 
 VehicleModule::~VehicleModule() {
@@ -54,6 +53,8 @@ PowerEvents::Whole VehicleModule::Sleepers() {
 
 void VehicleModule::SettingsRead() {
     ignition_.initAccSense();
+    if (std::exchange(hooked_, true)) return;
+    dimmer_.GiveBack(); // by now no other system runs that may be dimming
     HookWindow();
 }
 

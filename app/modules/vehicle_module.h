@@ -41,6 +41,7 @@ class VehicleModule : public Module {
     ShutDown shutDown_;
     PowerEvents events_;
     Ignition ignition_;
+    bool hooked_ = false;
     bool refused_ = false; ///< the driver has been told of it since the ignition went off
 };
 
