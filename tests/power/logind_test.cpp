@@ -147,11 +147,29 @@ TEST_F(LogindTest, ABacklightIsSetByTheSession) {
     LogindBacklight light(connection, folder.File("light"));
     ASSERT_EQ(light.Read().size(), 1u);
     EXPECT_EQ(light.Read()[0].level * 10000 + light.Read()[0].most, 4000800);
-    std::string answer = "none";
-    light.Set("intel", 200, [&](const std::string& refusal) { answer = refusal; });
-    EXPECT_NE(answer, "none") << "without a bus it is refused at once";
-    EXPECT_NE(answer, "");
     EXPECT_TRUE(LogindBacklight(connection, folder.File("none")).Read().empty());
+    std::optional<std::string> answer;
+    const auto set = [&](const char* panel) {
+        answer.reset();
+        light.Set(panel, 200, [&](const std::string& refusal) { answer = refusal; });
+        EXPECT_TRUE(Polled([&] { return answer.has_value(); }));
+        return answer.value_or("none");
+    };
+    EXPECT_THAT(set("intel"), HasSubstr("not there"));
+    StartBus();
+    StartLogind();
+    EXPECT_THAT(set("intel"), HasSubstr("session")) << "there is no such session";
+    const std::string code =
+        "open('" + folder.File("set") + "', 'a').write('%s %s %d' % (args[0], args[1], args[2]))";
+    bool done = false;
+    connection.Call(
+        Manager, MockInterface, "AddObject",
+        [&](sd_bus_message*, const std::string& error) { done = error.empty(); }, "ssa{sv}a(ssss)",
+        "/org/freedesktop/login1/session/auto", "org.freedesktop.login1.Session", 0, 1,
+        "SetBrightness", "ssu", "", code.c_str());
+    ASSERT_TRUE(Polled([&] { return done; }));
+    EXPECT_EQ(set("intel"), "");
+    EXPECT_EQ(folder.Read("set"), "backlight intel 200");
 }
 
 TEST_F(LogindTest, AMissingBusAndOneThatHangsOrDiesAreToldOnceAndFoundWhenTheyCome) {
