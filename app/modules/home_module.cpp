@@ -60,11 +60,7 @@ MainMenu::Doors HomeModule::Doors() {
 }
 
 void HomeModule::PowerKey() {
-    if (!screen_) return; // the first run
-    const bool ends = host_.settings.values.ShutDownMode == 0;
-    const ScreenOperations* front = host_.screens.Current();
-    if (ends && front) front->switchingform();
-    screen_->menu().Exit();
+    if (screen_) screen_->menu().Exit(); // there is none in the first run
 }
 
 } // namespace vk

@@ -11,7 +11,7 @@ VehicleModule::VehicleModule(Host& host, PlaybackModule& playback)
     : Module(host.modules), host_(host), playback_(playback),
       dimmer_(host.base, {host.ports.vehicle.gamma, host.ports.vehicle.backlight,
                           [this](bool dark) { pane_.SetDark(dark); }}),
-      shutDown_(host.base, host.ports.vehicle.power, [this] { host_.quit(false); }),
+      shutDown_(host.base, host.ports.vehicle.power, [this] { End(); }),
       events_(host.base, Sleepers()), ignition_(IgnitionNeeds()) {
     host_.daylight.setDimmer = [this](bool force) { SetDimmer(force); };
 }
@@ -71,6 +71,14 @@ void VehicleModule::UnhookWindow() {
     power.onBroadcast = {};
     power.onShutdown = {};
     power.onProblem = {};
+}
+
+// The screen in front is left only now: the machine might have refused.
+void VehicleModule::End() {
+    const ScreenOperations* front = host_.screens.Current();
+    if (front && host_.screens.CurrentForm != HomeScreen)
+        TrapAndLog(host_.report, "The end of the machine: ", front->switchingform);
+    host_.quit(false);
 }
 
 void VehicleModule::TimedOut() {

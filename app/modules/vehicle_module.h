@@ -33,6 +33,7 @@ class VehicleModule : public Module {
     void HookWindow();
     void UnhookWindow();
     void TimedOut();
+    void End();
 
     Host& host_;
     PlaybackModule& playback_;

@@ -5,6 +5,8 @@ import subprocess
 from drive import _Playing
 from driven import main
 
+from display import wait_for  # the others have put its folder on the path
+
 PYTHON = "/usr/bin/python3"  # the one that Debian's modules belong to
 KEYS = "[keyboard]\nup=38\ndown=40\nback=37\nforward=39\nok=13\nquit=27\nkbSWMP=80\npower=79\ndim=71\n"
 CALL = """
@@ -42,7 +44,7 @@ class Vehicle(_Playing):
         self.wait_for("its inhibitor", lambda: self.held() != begins)
 
     def start_held(self):
-        self.wait_for("logind", lambda: self.logind("print(manager.CanPowerOff())").strip() == "yes")
+        wait_for("logind", lambda: self.logind("print(manager.CanPowerOff())").strip() == "yes")
         self.start_and_play(1)
         self.wait_for("the inhibitor", self.held)
 
@@ -75,8 +77,8 @@ class Vehicle(_Playing):
         self.picture("power-denied")
         self.assertIn("The machine could not be turned off: not now", self.log())
         self.keys("Return")
-        self.picture("player-dim-button")
-        self.assertTrue(self.running())
+        self.press("Right")
+        self.wait_for_track(2)
 
 
 if __name__ == "__main__":
