@@ -28,6 +28,7 @@ QApplication& App() {
     static int argc = 1;
     static char name[] = "bench_vehicle";
     static char* argv[] = {name, nullptr};
+    setenv("DBUS_SESSION_BUS_ADDRESS", "disabled:", 0); // none is to be started
     if (!std::getenv("DISPLAY")) setenv("QT_QPA_PLATFORM", "offscreen", 0);
     static QApplication app(argc, argv);
     return app;
@@ -55,7 +56,7 @@ class Running {
         Run(milliseconds(500));
     }
     void Play() {
-        for (const int key : {Qt::Key_Return, Qt::Key_Down, Qt::Key_Down, Qt::Key_Return}) {
+        for (const int key : {Qt::Key_Right, Qt::Key_Return, Qt::Key_Up, Qt::Key_Return}) {
             QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
             QCoreApplication::sendEvent(QApplication::focusWidget(), &press);
             Run(milliseconds(500));
@@ -83,7 +84,7 @@ class Running {
   private:
     FakeCard card_{{"Master Playback", "PCM Playback"}};
     SongFolder folder_{100};
-    LinuxPorts machine_;
+    LinuxPorts machine_{folder_.dir.Path()};
     std::unique_ptr<Application> app_;
 };
 
