@@ -163,7 +163,7 @@ TEST_F(VehicleTest, AThousandSleepsChangeNothing) {
         if (plays && paused && i % 2) host().screens.Find("playmp3")->DoPause();
         player.sent.clear(), player.windows.clear(), player.classes.clear();
         std::ofstream(dir.File("debug.log")).close(); // empty, and no wait for the disk
-        if (i == 499) // every screen has been seen twice
+        if (i == 499)                                 // every screen has been seen twice
             handles = Entries("/proc/self/fd"), threads = Entries("/proc/self/task"),
             bytes = ::mallinfo2().uordblks, timers = clock.Timers();
     }
