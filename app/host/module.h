@@ -36,8 +36,8 @@ class Module {
     /// The ignition went off: what plays pauses. And back: what is paused goes on.
     virtual void IgnitionOff() {}
     virtual void IgnitionOn() {}
-    /// The machine goes to sleep: save, be quiet, let devices go; asked from the last module to the
-    /// first. And back: take them again. What was paused stays paused.
+    /// The machine goes to sleep: save, let devices go; what plays has done so before. And back:
+    /// take them again; what played goes on after that.
     virtual void Suspend() {}
     virtual void Resume() {}
     /// The operating system ends the session: leaves its screen, when that is in front.

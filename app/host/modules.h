@@ -17,12 +17,6 @@ class Modules {
         for (Module* module : modules_)
             (module->*operation)(arguments...);
     }
-    /// The same from the last to the first.
-    template<class... Parameters, class... Arguments>
-    void AskBackwards(void (Module::*operation)(Parameters...), Arguments... arguments) const {
-        for (std::size_t i = modules_.size(); i-- > 0;)
-            (modules_[i]->*operation)(arguments...);
-    }
     /// Every step that is due.
     std::vector<LoadStep> Steps() const;
     /// Every page of the settings that a subsystem has.

@@ -43,11 +43,11 @@ void PlaybackModule::IgnitionOn() {
     if (audio.bPaused) transport.DoPause();
 }
 
-void PlaybackModule::Suspend() {
+void PlaybackModule::Sleep() {
     if (screen_) screen_->player().Suspend();
 }
 
-void PlaybackModule::Resume() {
+void PlaybackModule::Wake() {
     if (screen_) screen_->player().Resume();
 }
 

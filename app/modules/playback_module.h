@@ -27,12 +27,14 @@ class PlaybackModule : public Module {
     void Unload() override;
     void IgnitionOff() override;
     void IgnitionOn() override;
-    void Suspend() override;
-    void Resume() override;
     void Supervise() override;
     void SessionEnds() override { host_.LeaveScreen("playmp3"); }
     void Close(bool osShutdown) override;
 
+    /// What plays when the machine goes to sleep, before the devices sleep; and when these are
+    /// back.
+    void Sleep();
+    void Wake();
     /// The one object for the loudness, made by the first screen that needs it.
     Loudness& TheLoudness();
     /// Whether the source of that `PlayMode` is there.

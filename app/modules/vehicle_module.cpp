@@ -43,11 +43,16 @@ Ignition::Needs VehicleModule::IgnitionNeeds() {
 PowerEvents::Whole VehicleModule::Sleepers() {
     return {.suspend =
                 [this] {
-                    host_.modules.AskBackwards(&Module::Suspend);
+                    playback_.Sleep();
+                    host_.modules.Ask(&Module::Suspend);
                     host_.LeaveScreen("frmGPS");
                 },
             .mute = [this] { playback_.TheLoudness().Suspend(); },
-            .resume = [this] { host_.modules.Ask(&Module::Resume); },
+            .resume =
+                [this] {
+                    host_.modules.Ask(&Module::Resume);
+                    playback_.Wake();
+                },
             .unmute = [this] { playback_.TheLoudness().Resume(); }};
 }
 
