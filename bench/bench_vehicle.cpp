@@ -45,7 +45,8 @@ class Running {
                     real.screen,
                     real.sound,
                     real.remote,
-                    {power, real.vehicle.gamma, real.vehicle.backlight}};
+                    {power, real.vehicle.gamma, real.vehicle.backlight},
+                    real.tuners};
         ports.remote.serial = [this] {
             auto made = std::make_unique<FakeSerialPort>();
             serial = made.get();
