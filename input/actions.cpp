@@ -31,6 +31,7 @@ const std::array<ActionNames, ActionCount> Actions = {{
     {Action::eject, "eject", "Eject", "", "Eject"},
     {Action::resume, "resume", "Resume", "", "Resume"},
     {Action::apps, "apps", "Apps", "", "Programs"},
+    {Action::dim, "dim", "Dim", "", "Dim"},
 }};
 
 std::optional<Action> InputCode::Movement() const {

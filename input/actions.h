@@ -41,10 +41,11 @@ enum class Action {
     tracktime, ///< the time gone or the time left
     eject,
     resume, ///< of the list that was last played
-    apps    ///< the applications or the media
+    apps,   ///< the applications or the media
+    dim
 };
 
-inline constexpr std::size_t ActionCount = 28;
+inline constexpr std::size_t ActionCount = 29;
 
 struct ActionNames {
     Action action;

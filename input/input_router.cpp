@@ -23,7 +23,8 @@ bool InputRouter::Key(const std::string& code, bool repeat) {
     if (!repeat) key_ = Now(code);
     if (repeat && key_ != Now(code)) return true;
     const auto work = [this, code](const ScreenOperations& front) {
-        return front.Form_KeyDown(code) || Power(InputCode(code, n_.keys));
+        const InputCode press(code, n_.keys);
+        return Dim(press) || front.Form_KeyDown(code) || Power(press);
     };
     const auto ask = [this, code, work] { Ask(InputCode(code, n_.keys), false, work); };
     if (n_.buttons.Down(key, repeat, Short(key_, ask))) return true;
@@ -38,7 +39,7 @@ void InputRouter::IRCommand(const std::string& code, bool repeat) {
     if (code.empty()) return;
     const auto work = [this, code, repeat](const ScreenOperations& front) {
         const InputCode press(code, n_.remoteKeys, repeat);
-        return Power(press) || front.DoAction(press);
+        return Power(press) || Dim(press) || front.DoAction(press);
     };
     const auto ask = [this, code, work] { Ask(InputCode(code, n_.remoteKeys), false, work); };
     const bool used = n_.buttons.Down(input, repeat, Short(button_, ask));
@@ -83,6 +84,14 @@ bool InputRouter::Power(const InputCode& code) {
     if (!n_.powerAction || !code.Mapped(Action::power)) return false;
     if (!code.FromKeyboard() && (form == "settings" || form == "settingsRemote")) return false;
     n_.powerAction();
+    return true;
+}
+
+// The settings want the screen as it is, and on their pages the key may be being learnt.
+bool InputRouter::Dim(const InputCode& code) {
+    if (!n_.toggleDim || !code.Mapped(Action::dim)) return false;
+    if (n_.screens.CurrentForm.starts_with("settings")) return false;
+    if (!code.Held()) n_.toggleDim();
     return true;
 }
 

@@ -32,6 +32,7 @@ class InputRouter {
         /// Another number whenever a dialog has come or gone.
         std::function<int()> dialogChanges = {};
         std::function<void()> powerAction = {}; ///< empty: power does what the screen makes of it
+        std::function<void()> toggleDim = {};   ///< empty: dim does
     };
 
     explicit InputRouter(Needs needs) : n_(std::move(needs)) {}
@@ -61,6 +62,7 @@ class InputRouter {
     bool Ask(const InputCode& code, bool repeat,
              const std::function<bool(const ScreenOperations&)>& work);
     bool Power(const InputCode& code);
+    bool Dim(const InputCode& code);
 
     Needs n_;
     Press key_, button_;

@@ -28,7 +28,7 @@ constexpr std::array<const char*, ActionCount> Buttons = {
     "btnIRdown",     "btnIRswmp",     "btnIRshuffle", "btnIRstartvis",    "btnIRpageup",
     "btnIRpagedown", "btnIRplay",     "btnIRpause",   "btnIRfastforward", "btnIRrewind",
     "btnIRsearch",   "btnIRaddfav",   "btnIRnextvis", "btnIRpower",       "btnIRtracktime",
-    "btnIReject",    "btnIRresume",   "btnIRapps"};
+    "btnIReject",    "btnIRresume",   "btnIRapps",    "btnIRdim"};
 
 using NamedPort = std::pair<std::string, std::string>;
 

@@ -45,7 +45,8 @@ InputRouter::Needs InputModule::RouterNeeds() {
             .powerAction =
                 [this] {
                     if (onPower) onPower();
-                }};
+                },
+            .toggleDim = [this] { host_.controls.ToggleDim(); }};
 }
 
 RemoteHooks InputModule::Hooks() {

@@ -14,10 +14,12 @@ VehicleModule::VehicleModule(Host& host, PlaybackModule& playback)
       shutDown_(host.base, host.ports.vehicle.power, [this] { End(); }),
       events_(host.base, Sleepers()), ignition_(IgnitionNeeds()) {
     host_.daylight.setDimmer = [this](bool force) { SetDimmer(force); };
+    host_.controls.toggleDim = [this] { SetDimmer(false); };
 }
 
 VehicleModule::~VehicleModule() {
     host_.daylight.setDimmer = {};
+    host_.controls.toggleDim = {};
     if (host_.ports.vehicle.gamma) host_.ports.vehicle.gamma->onDisplays = {};
     UnhookWindow();
 }

@@ -57,6 +57,7 @@ const std::vector<playlists::ButtonRow> playlists::ToolRows = {
     {"Image14", "gps.gif", "Programs", Click<&BrowserButtons::ToggleApplications>,
      &playlists::Browsing},
     {"Image17", "gpsactual.gif", "GPS", Click<&Browser::ShowGPS>, &playlists::HasGPS},
+    {"imgDim", "watermark.gif", "Dim", nullptr, &playlists::Always},
 };
 
 playlists::playlists(const Needs& needs, QWidget* parent)
@@ -83,6 +84,7 @@ playlists::playlists(const Needs& needs, QWidget* parent)
     WireVolume("Image9", "vdownsel.gif", &Browser::VolDown);
     WireVolume("Image10", "vupsel.gif", &Browser::VolUp);
     focus_.offered = [this] { return KBFrame.isHidden(); };
+    buttons_.at("imgDim")->onClick = [this] { context_.ToggleDim(); };
     KBFrame.onSlide = [this](bool open) { CoverLists(open); };
     toolFrame_.hide();
     lbLoading.setAttribute(Qt::WA_TransparentForMouseEvents); // it may lie over drawn keys

@@ -41,7 +41,8 @@ class PartialFile {
     bool Keep(const struct stat& like, const std::string& as) {
         const timespec times[2] = {like.st_atim, like.st_mtim};
         kept_ = ::fchmod(file_.get(), (like.st_mode & 0777) | S_IWUSR) == 0 &&
-                ::futimens(file_.get(), times) == 0 && FlushFile(path_) && ::rename(path_.c_str(), as.c_str()) == 0;
+                ::futimens(file_.get(), times) == 0 && FlushFile(path_) &&
+                ::rename(path_.c_str(), as.c_str()) == 0;
         return kept_;
     }
 

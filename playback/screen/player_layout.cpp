@@ -64,11 +64,11 @@ void PlayerLayout::PlaceButtons(int width, int height) {
     using enum TouchButtonId;
     std::vector<TouchButtonId> bottom = {DoQuit,  Swap,        Rewind,     RunOk,
                                          Pause,   FastForward, VolumeDown, VolumeUp,
-                                         Shuffle, AddFavorite, Source};
+                                         Shuffle, AddFavorite, Source,     Dim};
     const int room = width * FillPercent / 100 / std::max(1, Share(height, ButtonShare));
     std::vector<TouchButtonId> above = {PageUp, PageDown, Mute};
     bottom.push_back(PopUpMenu);
-    for (const TouchButtonId id : {AddFavorite, Source, RunOk, Shuffle}) {
+    for (const TouchButtonId id : {Dim, AddFavorite, Source, RunOk, Shuffle}) {
         if (static_cast<int>(bottom.size()) <= room) break;
         std::erase(bottom, id);
         above.push_back(id);

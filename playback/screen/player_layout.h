@@ -24,6 +24,7 @@ enum class TouchButtonId : std::uint8_t {
     PageUp,
     PageDown,
     Mute,
+    Dim,      ///< `TSDimBtn`
     PopUpMenu ///< `TSPopUpMenuBtn`, which opens `frmUpperBar`
 };
 

@@ -37,6 +37,7 @@ constexpr ButtonFace Faces[] = {
     {TouchButtonId::PageUp, "TSPageUpBtn", "pgup.gif", "pgupsel.gif", "Page up"},
     {TouchButtonId::PageDown, "TSPageDownBtn", "pgdn.gif", "pgdnsel.gif", "Page down"},
     {TouchButtonId::Mute, "TSMuteBtn", "mute.gif", "", "Mute"},
+    {TouchButtonId::Dim, "TSDimBtn", "watermark.gif", "", "Dim"},
     {TouchButtonId::PopUpMenu, "TSPopUpMenuBtn", "menu.gif", "", "..."},
 };
 
@@ -135,6 +136,10 @@ void playmp3::MakeButtons() {
     click(TouchButtonId::Source, &AudioPlayer::TSRadio2MP3Btn_Click);
     Button(TouchButtonId::AddFavorite).onClick = [this] {
         player_.AddToFavorites();
+        ShowUpperBar(false);
+    };
+    Button(TouchButtonId::Dim).onClick = [this] {
+        context_.ToggleDim();
         ShowUpperBar(false);
     };
     Button(TouchButtonId::PopUpMenu).onClick = [this] { ShowUpperBar(!upperOpen_); };

@@ -9,9 +9,11 @@
 #include "skin/controls/picture_cache.h"
 #include "skin/skin.h"
 
+#include <functional>
+
 namespace vk {
 
-/// References only: what they name outlives every control.
+/// What the references name outlives every control.
 struct ControlContext {
     AppState& state;
     const Settings& settings;
@@ -20,6 +22,12 @@ struct ControlContext {
     Clock& clock;
     Pump& pump;
     Commands& commands; ///< what a touch asks for is run through it
+    /// Dims the screen by hand, or undims it; empty where there is nothing to dim with.
+    std::function<void()> toggleDim = {};
+
+    void ToggleDim() const {
+        if (toggleDim) toggleDim();
+    }
 };
 
 } // namespace vk

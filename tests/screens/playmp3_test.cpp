@@ -186,7 +186,7 @@ TEST_F(Playmp3Test, FitsEveryPanelWithButtonsForAFinger) {
             EXPECT_TRUE(std::none_of(all.begin(), one, [&](QRect r) { return r.intersects(*one); }))
                 << one - all.begin();
         }
-        EXPECT_EQ(layout.buttons.size(), 15u);
+        EXPECT_EQ(layout.buttons.size(), 16u);
     }
 }
 
