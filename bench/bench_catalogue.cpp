@@ -10,6 +10,7 @@
 #include "platform/files.h"
 #include "tests/library/tag_bytes.h"
 #include "tests/support/core_fixture.h"
+#include "tests/support/sound_card.h"
 
 #include <benchmark/benchmark.h>
 #include <sys/resource.h>
@@ -268,6 +269,8 @@ struct LargeBrowser {
     BrowserState state{.CurrentPath = large.media.Path()};
     AudioState audio;
     VideoState video;
+    SoundCard sound{large};
+    TransportLink player;
     MediaTags tags{large.extensions, large.reader, &large.catalogue};
     KeyMap keys;
     NoView view;
@@ -278,7 +281,7 @@ struct LargeBrowser {
                      .state = state,
                      .keys = keys,
                      .library = {tags, large.extensions, &large.catalogue},
-                     .players = {audio, video}},
+                     .players = {audio, video, sound.loudness, player}},
                     {list, rightList, text},
                     view};
 };

@@ -5,6 +5,7 @@
 #include "library/catalogue/updates.h"
 #include "platform/files.h"
 #include "platform/paths.h"
+#include "platform/qt/qt_child_process.h"
 #include "tests/library/tag_bytes.h"
 #include "tests/support/core_fixture.h"
 

@@ -67,18 +67,22 @@ class Wired {
     FakeDialogs dialogs_;
     DebugLog log_{app_.Path(), clock_};
     ErrorReport report_{log_, dialogs_};
-    std::string point_ = ".";
-    Ini ini_{point_, report_};
+    AppState state_;
+    Ini ini_{state_.DecimalSymbol, report_};
     SettingsStore settings_{app_.Path(), ini_};
+    Screens screens_;
+    Pump pump_{clock_};
+    Commands commands_{pump_, screens_, clock_};
+    FakeWindowLayer window_;
+    FakeLocale locale_;
+    FakeVolumes volumes_;
+    Base base_{state_,    settings_, log_,     report_, clock_,  pump_,
+               commands_, screens_,  dialogs_, window_, locale_, volumes_};
     QtUiThread ui_;
     PtyReceiver device_{app_.File("receiver")};
     SerialOwners owners_;
     Remote remote_{
-        {.settings = settings_,
-         .report = report_,
-         .log = log_,
-         .dialogs = dialogs_,
-         .clock = clock_,
+        {.base = base_,
          .ui = ui_,
          .devices = {.serial = [this] { return std::make_unique<QtSerialPort>(owners_); },
                      .stream = {},

@@ -1,14 +1,14 @@
 #include "skin/surfaces.h"
 
 #include <algorithm>
-#include <ranges>
 
 namespace vk {
 
 void Surfaces::Put(const std::string& owner, Surface surface) {
     std::erase_if(entries_, [&](const Entry& entry) { return entry.owner == owner; });
-    const auto place = std::ranges::upper_bound(
-        entries_, surface.layer, {}, [](const Entry& entry) { return entry.surface.layer; });
+    const auto place = std::find_if(entries_.begin(), entries_.end(), [&](const Entry& entry) {
+        return entry.surface.layer > surface.layer;
+    });
     const auto put = entries_.insert(place, {owner, std::move(surface)});
     if (put->surface.show) put->surface.show(dialogs_ == 0);
     Restack();
@@ -19,9 +19,10 @@ void Surfaces::Remove(const std::string& owner) {
 }
 
 std::string Surfaces::Owner(Layer layer) const {
-    for (const Entry& entry : std::views::reverse(entries_))
-        if (entry.surface.layer == layer) return entry.owner;
-    return {};
+    const auto front = std::find_if(entries_.rbegin(), entries_.rend(), [&](const Entry& entry) {
+        return entry.surface.layer == layer;
+    });
+    return front == entries_.rend() ? std::string() : front->owner;
 }
 
 void Surfaces::DialogOpened() {
