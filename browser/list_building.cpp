@@ -82,7 +82,7 @@ void ListBuilding::AskName() {
 std::string ListBuilding::SaveUnder(const std::string& name) {
     std::string refused = "Not saved";
     if (name.empty() && editor_.Changed() &&
-        desk_.needs.base.dialogs.AskYesNo("The list has no name and is not saved. Go on with it?"))
+        !desk_.needs.base.dialogs.AskNoYes("The list has no name and is not saved. Give it up?"))
         return "Please type a name.";
     desk_.Run("UCKeyboard_OK", [&] {
         const bool done = editor_.Save(name) != SaveResult::Refused;

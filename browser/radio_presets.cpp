@@ -41,7 +41,7 @@ void RadioPresets::AskLabel(const std::string& frequency) {
 }
 
 void RadioPresets::DeleteFreq(const std::string& frequency) {
-    if (desk_.needs.base.dialogs.AskYesNo("Delete the preset " + frequency + "?"))
+    if (desk_.needs.base.dialogs.AskNoYes("Delete the preset " + frequency + "?"))
         Change("DeleteFreq()", [&] { vk::DeleteFreq(path_, frequency); });
 }
 

@@ -203,7 +203,7 @@ class Tuners {
     }
     void ClearPresets() {
         const std::string file = store_.File(PresetsName);
-        if (!FileExists(file) || !n_.base.dialogs.AskYesNo("Clear all preset stations?")) return;
+        if (!FileExists(file) || !n_.base.dialogs.AskNoYes("Clear all preset stations?")) return;
         if (!DeleteFileAt(file)) n_.base.report.Log("could not delete presets.lst");
     }
 

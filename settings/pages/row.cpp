@@ -188,7 +188,7 @@ Row ItemsRow(SettingsStore& store, Dialogs& dialogs, const Setting<std::string>&
     const auto remove = [&dialogs, shown, items, item, texts, put] {
         auto all = items();
         if (all.empty() || !texts.mayChange()) return;
-        if (!dialogs.AskYesNo(texts.before + item() + texts.after, texts.title)) return;
+        if (!dialogs.AskNoYes(texts.before + item() + texts.after, texts.title)) return;
         if (!texts.mayChange()) return;
         all.erase(all.begin() + static_cast<std::ptrdiff_t>(*shown % all.size()));
         put(all);

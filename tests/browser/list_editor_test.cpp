@@ -194,7 +194,7 @@ TEST_F(ListEditing, WhatCannotBeSavedIsSaidAndLosesNothing) {
     BuildNew();
     EXPECT_EQ(view.loading, "The playlist folder is missing.");
     Choose(A);
-    core.dialogs.answers = {true, false};
+    core.dialogs.answers = {false, true};
     SaveAs("");
     EXPECT_EQ(keyboard.Caption(), "Please type a name.") << "it is not thrown away unasked";
     keyboard.KeyClick(KeyboardModel::OKKey);
@@ -211,7 +211,7 @@ TEST_F(ListEditing, AFailedSaveKeepsTheOldListAndAnEmptyNameTheListOnDisk) {
     EXPECT_EQ(disk.Read("media/old.m3u"), Lines({"a.mp3", "b.mp3"}));
     browser().doquit();
     EXPECT_EQ(Right(), Names{B1});
-    core.dialogs.answers = {false};
+    core.dialogs.answers = {true};
     SaveAs("");
     EXPECT_EQ(state.ListMode, ListFromMenu);
     EXPECT_EQ(Texts().size(), 4u) << "as it is on the disk";
