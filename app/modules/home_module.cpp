@@ -3,6 +3,7 @@
 #include "platform/own_process.h"
 
 #include <string>
+#include <utility>
 
 namespace vk {
 
@@ -19,6 +20,7 @@ void HomeModule::Load() {
     screen_ = std::make_unique<velkorandum>(host_.controls, Needs(), &host_.window);
     host_.screens.Add(HomeScreen, screen_->menu(), *screen_);
     screen_->onFirstPaint = [this] {
+        if (std::exchange(painted_, true)) return;
         host_.log.WriteDebugLog("Main menu painted " + std::to_string(OwnProcessAgeMs()) +
                                 " ms after the start of the process");
     };

@@ -37,6 +37,7 @@ class HomeModule : public Module {
     Host& host_;
     Rooms rooms_;
     std::unique_ptr<velkorandum> screen_;
+    bool painted_ = false; ///< once in the process, whatever made the screens anew
 };
 
 } // namespace vk
