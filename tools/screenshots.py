@@ -57,7 +57,7 @@ def by_keys(s):
     s.shot("menu-day")
     s.keys("Right")
     s.shot("menu-chosen")
-    s.keys("Left", "Down", "Return")
+    s.keys("Return")
     s.shot("browser-top")
     s.keys("Down", "Down", "Return")
     s.shot("browser-artist")
