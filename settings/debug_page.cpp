@@ -26,7 +26,15 @@ std::string FolderName(const DateTime& now) {
 
 } // namespace
 
-std::string DebugPage::LogEnd() const {
+// It is asked with each drawing, and read when it has grown.
+const std::string& DebugPage::LogEnd() {
+    const FileStamp now = StampOf(base_.log.FileName());
+    if (end_.empty() || !now.settled || !now.SameAs(read_)) end_ = ReadEnd();
+    read_ = now;
+    return end_;
+}
+
+std::string DebugPage::ReadEnd() const {
     const RandomFile log(base_.log.FileName());
     if (!log.IsOpen()) return "The log is empty";
     std::string text(std::min(log.Length(), ReadFromEnd), '\0');

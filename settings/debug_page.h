@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/base.h"
+#include "platform/file_state.h"
 #include "settings/pages/page.h"
 
 #include <string>
@@ -21,9 +22,12 @@ class DebugPage {
     void CopyToDrive();
 
   private:
-    std::string LogEnd() const;
+    const std::string& LogEnd();
+    std::string ReadEnd() const;
 
     Base& base_;
+    FileStamp read_;   ///< of the log when `end_` was read
+    std::string end_;  ///< its last lines
     std::string told_; ///< how the last press came out
 };
 
