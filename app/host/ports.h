@@ -12,6 +12,7 @@
 #include "platform/instance_lock.h"
 #include "platform/locale_info.h"
 #include "platform/mixer.h"
+#include "platform/navigation_engine.h"
 #include "platform/player_window.h"
 #include "platform/power.h"
 #include "platform/programs.h"
@@ -78,6 +79,10 @@ struct TunerPorts {
     SoundRoute& route; ///< for an FM tuner that is a sound device of its own
 };
 
+struct NavigationPorts {
+    NavigationEngine& engine;
+};
+
 /// References only: what they name outlives the application.
 struct Ports {
     MachinePorts machine;
@@ -86,6 +91,7 @@ struct Ports {
     RemoteDevices remote;
     VehiclePorts vehicle;
     TunerPorts tuners;
+    NavigationPorts navigation;
 };
 
 } // namespace vk

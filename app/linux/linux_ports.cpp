@@ -35,7 +35,8 @@ Ports LinuxPorts::ports() {
             .radio = [this](std::string& reason) { return LoadRadioLibrary(appDir_, reason); },
             .serial = [this] { return std::make_unique<QtSerialPort>(serialOwners_); },
             .serialList = [] { return ListSerialPorts(); },
-            .route = route_}};
+            .route = route_},
+        .navigation = {navigation_}};
 }
 
 // Both are called on the card's thread.

@@ -9,6 +9,7 @@
 #include "platform/linux/sound/alsa_mixer.h"
 #include "platform/linux/sound/alsa_route.h"
 #include "platform/linux/volumes.h"
+#include "platform/no_navigation_engine.h"
 #include "platform/qt/qt_beeper.h"
 #include "platform/qt/qt_clock.h"
 #include "platform/qt/qt_fonts.h"
@@ -54,6 +55,7 @@ class LinuxPorts {
     LogindBacklight backlight_{bus_};
     std::unique_ptr<Gamma> gamma_ = MakeGamma();
     AlsaRoute route_;
+    NoNavigationEngine navigation_;
     std::unique_ptr<PlayerWindow> player_;
 };
 

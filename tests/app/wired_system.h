@@ -5,6 +5,7 @@
 #include "core/file_registry.h"
 #include "core/version.h"
 #include "platform/qt/qt_child_process.h"
+#include "tests/sim/fake_navigation_engine.h"
 #include "tests/sim/recording_player.h"
 #include "tests/sim/recording_programs.h"
 #include "tests/support/fake_clock.h"
@@ -80,7 +81,8 @@ struct FakeMachine {
                                    return made;
                                },
                            .serialList = [this] { return serialPorts; },
-                           .route = route}};
+                           .route = route},
+                .navigation = {engine}};
     }
     std::unique_ptr<Radio> MakeRadio(std::string& reason) {
         if (radio) return std::make_unique<RadioLink>(*radio);
@@ -113,6 +115,7 @@ struct FakeMachine {
     FakeSerialPort* xmPort = nullptr;
     SerialList serialPorts;
     FakeSoundRoute route;
+    FakeNavigationEngine engine;
     FakeLocalStream* stream = nullptr; ///< of the remote, as long as that is open
     std::function<void()> onEvents;    ///< runs whenever the system lets events run
 };
