@@ -11,6 +11,7 @@
 #include "app/modules/sync_module.h"
 #include "app/modules/tuners_module.h"
 #include "app/modules/vehicle_module.h"
+#include "app/modules/video_module.h"
 
 namespace vk {
 
@@ -24,6 +25,7 @@ struct Subsystems {
     NavigationModule navigation{host};
     PlaybackModule playback{host, library, navigation};
     TunersModule tuners{host, library, playback};
+    VideoModule video{host, library, navigation, playback};
     BrowserModule browser{host, library, playback};
     SyncModule sync{host, library};
     SettingsModule settings{host, library, input, playback};

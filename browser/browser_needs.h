@@ -31,7 +31,6 @@ struct BrowserPlayers {
     VideoState& video;
     Loudness& loudness;
     Transport& transport;
-    std::function<void()> StopAudio = {}; ///< silences the audio player process before a film
     /// Tells whether the tuner of that `PlayMode` is there; empty: none is.
     std::function<bool(std::int32_t playMode)> HasTuner = {};
 };

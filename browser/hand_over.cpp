@@ -83,13 +83,15 @@ void HandOver::EnterPlayer() {
 void HandOver::PlayDisc() {
     if (!lists_.place.CheckDisc()) return FallBackWithoutDisc();
     const std::string& drive = lists_.place.Drives().DiscDrive();
-    desk_.needs.players.video = {
-        .PlayDVD = true, .ListFile = {}, .VolumeSerial = desk_.needs.base.volumes.Serial(drive)};
+    desk_.needs.players.video = {.PlayDVD = true,
+                                 .ListFile = {},
+                                 .VolumeSerial = desk_.needs.base.volumes.Serial(drive),
+                                 .FromBrowser = true};
     EnterMoviePlayer();
 }
 
 void HandOver::PlayVideoFiles() {
-    const std::string file = desk_.needs.base.settings.File("vk_video.m3u");
+    const std::string file = desk_.needs.base.settings.File(VideoListName);
     const std::int32_t position = WritePlayList(MediaVideo, file);
     if (position == 0) return;
     if (DiscIsGone()) return FallBackWithoutDisc();
@@ -97,15 +99,18 @@ void HandOver::PlayVideoFiles() {
     desk_.needs.players.video = {
         .ListFile = file,
         .MovieToSelect = position,
-        .VolumeSerial = lists_.place.BrowsingCD ? desk_.needs.base.volumes.Serial(drive) : 0};
+        .VolumeSerial = lists_.place.BrowsingCD ? desk_.needs.base.volumes.Serial(drive) : 0,
+        .FromBrowser = true};
     EnterMoviePlayer();
 }
 
 void HandOver::EnterMoviePlayer() {
     if (!desk_.needs.base.screens.Find("playmovie"))
         return desk_.Say("The movie player is not available.");
-    if (desk_.needs.players.StopAudio && desk_.needs.players.audio.PlayMode == PlayAudio)
-        desk_.needs.players.StopAudio();
+    // Whatever sounds is saved and silenced: a tuner no less than a song.
+    if (desk_.needs.players.audio.PlayMode != PlayNone) desk_.needs.players.transport.doquit();
+    desk_.needs.state.FromPlayer = desk_.needs.state.FromMovie = false;
+    lists_.trail.Played();
     Enter([this] { desk_.needs.base.screens.Show("playmovie"); });
 }
 

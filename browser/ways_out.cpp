@@ -8,8 +8,10 @@ void WaysOut::Back() {
     leave_();
     desk_.SetTitle("");
     const bool toPlayer = std::exchange(desk_.needs.state.FromPlayer, false);
+    const bool toMovie = std::exchange(desk_.needs.state.FromMovie, false);
     desk_.needs.players.audio.bStartPlaying = false;
     const Screens& screens = desk_.needs.base.screens;
+    if (toMovie && screens.ReDisplay("playmovie")) return;
     if (!toPlayer || !screens.ReDisplay("playmp3")) screens.Show("velkorandum");
 }
 

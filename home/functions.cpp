@@ -6,6 +6,8 @@
 #include "playback/resume.h"
 #include "playback/tuner_choice.h"
 
+#include <algorithm>
+
 namespace vk {
 
 struct MainMenu::Function {
@@ -47,7 +49,7 @@ void MainMenu::OpenBrowser(std::int16_t mode) {
     if (base_.settings.values.PlaylistDir == "none") return view_.ShowFrame(true);
     n_.browser.ListMode = mode;
     n_.browser.CurrentPath = base_.settings.values.MediaDir;
-    n_.browser.FromPlayer = false;
+    n_.browser.FromPlayer = n_.browser.FromMovie = false;
     n_.browser.RestoreHistory = n_.audio.PlayMode == PlayAudio || n_.audio.PlayMode == PlayXM;
     Leave("playlists");
 }
@@ -73,10 +75,18 @@ void MainMenu::StartAudio() {
     if (!Leave("playmp3")) Message("The audio player is not available.");
 }
 
+// A disc needs no list, but itself.
 void MainMenu::StartVideo() {
-    if (FileLength(base_.settings.File("vk_video.m3u")) == 0) return OpenBrowser(ListFromMenu);
+    const std::string list = base_.settings.File(VideoListName);
+    const bool disc = base_.settings.Get(setting::PlayDVD);
     const std::int32_t serial = base_.settings.Get(setting::VideoVolumeSerial);
-    if (!DiscMatches(serial)) return OpenBrowser(ListFromMenu);
+    const bool there = disc ? serial != 0 && serial != -1 : FileLength(list) > 0;
+    if (!there || !DiscMatches(serial)) return OpenBrowser(ListFromMenu);
+    n_.video = {.PlayDVD = disc,
+                .ListFile = list,
+                .MovieToSelect =
+                    std::max<std::int32_t>(0, base_.settings.Get(setting::SelectedMovie)) + 1,
+                .VolumeSerial = serial};
     if (!Leave("playmovie")) Message("The movie player is not available.");
 }
 

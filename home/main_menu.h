@@ -9,6 +9,7 @@
 #include "playback/audio_state.h"
 #include "playback/c_winamp.h"
 #include "playback/loudness.h"
+#include "playback/video_state.h"
 #include "skin/skin.h"
 
 #include <functional>
@@ -41,6 +42,7 @@ class MainMenu {
         Daylight& daylight;
         const KeyMap& keys;
         AudioState& audio;
+        VideoState& video;
         BrowserState& browser;
         cWinamp& winamp;
         Loudness& loudness;

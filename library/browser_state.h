@@ -21,6 +21,7 @@ struct BrowserState {
     std::string CurrentPath;     ///< a folder, without a trailing separator unless it is a root
     bool RestoreHistory = false; ///< the next list is walked back to where the user last was
     bool FromPlayer = false;     ///< entered by the player's Swap: Escape goes back to it
+    bool FromMovie = false;      ///< the same of the movie player
 };
 
 } // namespace vk

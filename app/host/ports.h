@@ -11,6 +11,7 @@
 #include "platform/input_line.h"
 #include "platform/instance_lock.h"
 #include "platform/locale_info.h"
+#include "platform/media_player.h"
 #include "platform/mixer.h"
 #include "platform/navigation_engine.h"
 #include "platform/player_window.h"
@@ -18,6 +19,7 @@
 #include "platform/programs.h"
 #include "platform/registry.h"
 #include "platform/screen_metrics.h"
+#include "platform/screen_saver.h"
 #include "platform/serial_list.h"
 #include "platform/serial_port.h"
 #include "platform/sound_route.h"
@@ -83,6 +85,11 @@ struct NavigationPorts {
     NavigationEngine& engine;
 };
 
+struct FilmPorts {
+    MakeMediaPlayer player; ///< loaded by the first film
+    ScreenSaver& saver;
+};
+
 /// References only: what they name outlives the application.
 struct Ports {
     MachinePorts machine;
@@ -92,6 +99,7 @@ struct Ports {
     VehiclePorts vehicle;
     TunerPorts tuners;
     NavigationPorts navigation;
+    FilmPorts films;
 };
 
 } // namespace vk

@@ -1,6 +1,7 @@
 #include "app/linux/linux_ports.h"
 
 #include "input/remote/uuirt_calls.h"
+#include "platform/film_library.h"
 #include "platform/linux/power/gpio_line.h"
 #include "platform/qt/qt_child_process.h"
 #include "platform/qt/qt_local_stream.h"
@@ -36,7 +37,10 @@ Ports LinuxPorts::ports() {
             .serial = [this] { return std::make_unique<QtSerialPort>(serialOwners_); },
             .serialList = [] { return ListSerialPorts(); },
             .route = route_},
-        .navigation = {navigation_}};
+        .navigation = {navigation_},
+        .films = {
+            [this](std::string& reason) { return LoadMediaPlayer(appDir_, uiThread_, reason); },
+            saver_}};
 }
 
 // Both are called on the card's thread.

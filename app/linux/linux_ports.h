@@ -14,6 +14,7 @@
 #include "platform/qt/qt_clock.h"
 #include "platform/qt/qt_fonts.h"
 #include "platform/qt/qt_locale.h"
+#include "platform/qt/qt_screen_saver.h"
 #include "platform/qt/qt_ui_thread.h"
 #include "platform/serial_owners.h"
 
@@ -56,6 +57,7 @@ class LinuxPorts {
     std::unique_ptr<Gamma> gamma_ = MakeGamma();
     AlsaRoute route_;
     NoNavigationEngine navigation_;
+    QtScreenSaver saver_;
     std::unique_ptr<PlayerWindow> player_;
 };
 

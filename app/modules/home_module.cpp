@@ -37,6 +37,7 @@ MainMenu::Needs HomeModule::Needs() {
             .daylight = host_.daylight,
             .keys = host_.keys,
             .audio = rooms_.playback.audio,
+            .video = rooms_.playback.video,
             .browser = rooms_.library.browser,
             .winamp = *rooms_.playback.winamp,
             .loudness = rooms_.playback.TheLoudness(),

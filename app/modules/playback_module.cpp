@@ -17,8 +17,7 @@ PlaybackModule::~PlaybackModule() {
 }
 
 std::vector<LoadStep> PlaybackModule::Steps() {
-    return {{{30, 30}, "Loading Movie Player", "Reloading Movie Player"},
-            {{40, 40}, "Loading Media Player", "Reloading Media Player", [this] { Load(); }}};
+    return {{{40, 40}, "Loading Media Player", "Reloading Media Player", [this] { Load(); }}};
 }
 
 void PlaybackModule::Load() {

@@ -4,7 +4,7 @@
 #include "player/engine/engine.h"
 #include "player/engine/event_queue.h"
 #include "player/engine/hand_over.h"
-#include "player/engine/sound_device.h"
+#include "platform/linux/sound_device.h"
 #include "player/engine/vlc_output.h"
 #include "player/engine/wire_server.h"
 

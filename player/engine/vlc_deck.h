@@ -1,7 +1,7 @@
 // One media player of libVLC, and the notes that libVLC's threads leave about it.
 #pragma once
 
-#include "player/engine/vlc_handles.h"
+#include "platform/linux/vlc/vlc_handles.h"
 
 #include <chrono>
 #include <cstdint>

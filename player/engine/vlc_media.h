@@ -1,8 +1,8 @@
 // One media object: made from a path, and what libVLC knows of it.
 #pragma once
 
+#include "platform/linux/vlc/vlc_handles.h"
 #include "player/engine/output.h"
-#include "player/engine/vlc_handles.h"
 
 #include <string>
 

@@ -11,8 +11,8 @@
 // everything and keeps the device open, and the next file is at least parsed while this one plays.
 #pragma once
 
+#include "platform/linux/sound_device.h"
 #include "player/engine/output.h"
-#include "player/engine/sound_device.h"
 #include "player/engine/vlc_deck.h"
 
 #include <array>

@@ -82,7 +82,8 @@ struct FakeMachine {
                                },
                            .serialList = [this] { return serialPorts; },
                            .route = route},
-                .navigation = {engine}};
+                .navigation = {engine},
+                .films = {.player = {}, .saver = saver}};
     }
     std::unique_ptr<Radio> MakeRadio(std::string& reason) {
         if (radio) return std::make_unique<RadioLink>(*radio);
@@ -116,6 +117,7 @@ struct FakeMachine {
     SerialList serialPorts;
     FakeSoundRoute route;
     FakeNavigationEngine engine;
+    FakeScreenSaver saver;
     FakeLocalStream* stream = nullptr; ///< of the remote, as long as that is open
     std::function<void()> onEvents;    ///< runs whenever the system lets events run
 };

@@ -112,8 +112,7 @@ class BrowserTest : public testing::Test {
                 state,
                 keys,
                 {tags, extensions, catalogue, &channels},
-                {audio, video, sound.loudness, player, [this] { ++audioStopped; },
-                 [this](std::int32_t) { return tuner; }}};
+                {audio, video, sound.loudness, player, [this](std::int32_t) { return tuner; }}};
     }
     /// Makes the browser now, so that a test can change the settings before.
     Browser& browser() {
@@ -216,7 +215,6 @@ class BrowserTest : public testing::Test {
     ChannelTable channels;
     FakeCatalogue known;
     Catalogue* catalogue = nullptr;
-    int audioStopped = 0;
     bool tuner = true; ///< those that are enabled are there
 
   private:

@@ -18,6 +18,7 @@ struct MenuFixture : StartFixture {
                 daylight,
                 keys,
                 audio,
+                video,
                 browser,
                 winamp,
                 sound.loudness,
@@ -29,6 +30,7 @@ struct MenuFixture : StartFixture {
                  {}}};
     }
     AudioState audio;
+    VideoState video;
     BrowserState browser;
     cWinamp winamp{{player, pump, report, app.Path()}};
     Daylight daylight{base, skin};

@@ -4,6 +4,7 @@
 #include "platform/beeper.h"
 #include "platform/instance_lock.h"
 #include "platform/local_stream.h"
+#include "platform/screen_saver.h"
 #include "platform/ui_thread.h"
 
 #include <functional>
@@ -32,6 +33,11 @@ class FakeUiThread : public UiThread {
             work();
     }
     std::vector<std::function<void()>> pending;
+};
+
+struct FakeScreenSaver : ScreenSaver {
+    void Reset() override { ++resets; }
+    int resets = 0;
 };
 
 struct SilentBeeper : Beeper {

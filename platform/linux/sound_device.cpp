@@ -1,12 +1,11 @@
-#include "player/engine/sound_device.h"
-
-#include "platform/files.h"
-#include "platform/paths.h"
+#include "platform/linux/sound_device.h"
 
 #include <unistd.h>
 
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
+#include <system_error>
 
 namespace vk {
 
@@ -41,8 +40,9 @@ SoundPlaces SoundPlaces::OfEnvironment() {
 }
 
 SoundDevice FindSoundDevice(const SoundPlaces& places) {
-    if (!places.server.empty() || FileExists(JoinPath(places.runtimeFolder, "pulse/native")))
-        return SoundDevice::Server;
+    std::error_code ignored;
+    const bool server = std::filesystem::exists(places.runtimeFolder + "/pulse/native", ignored);
+    if (server || !places.server.empty()) return SoundDevice::Server;
     const bool card = !places.alsaConfig.empty() || HasCard(places.cards);
     return card ? SoundDevice::Card : SoundDevice::None;
 }

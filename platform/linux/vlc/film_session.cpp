@@ -1,0 +1,202 @@
+#include "platform/linux/vlc/film_session.h"
+
+#include "platform/linux/vlc/film_shape.h"
+
+#include <algorithm>
+#include <cstring>
+#include <utility>
+
+namespace vk {
+
+namespace {
+
+constexpr int LargestSide = 8192;
+constexpr int ShapeEvery = 25; // pictures: broadcasts change their shape on the way
+
+constexpr libvlc_event_e Heard[] = {
+    libvlc_MediaPlayerLengthChanged, libvlc_MediaPlayerTimeChanged,
+    libvlc_MediaPlayerEndReached,    libvlc_MediaPlayerEncounteredError,
+    libvlc_MediaPlayerESAdded,       libvlc_MediaPlayerESDeleted,
+    libvlc_MediaPlayerESSelected,    libvlc_MediaPlayerTitleChanged,
+    libvlc_MediaPlayerChapterChanged};
+
+FilmTracks ListOf(libvlc_track_description_t* first, int chosen) {
+    FilmTracks tracks;
+    for (const auto* each = first; each; each = each->p_next)
+        if (each->i_id != FilmTrack::None)
+            tracks.all.push_back({each->i_id, each->psz_name ? each->psz_name : ""});
+    if (first) libvlc_track_description_list_release(first);
+    tracks.chosen = chosen;
+    return tracks;
+}
+
+} // namespace
+
+// Opening and closing ----------------------------------------------------------------------------
+
+void FilmSession::Open(VlcLibrary& library, const FilmSource& source) {
+    if (!abandoned_) library_ = library.Get();
+    if (library_) {
+        const char* path = source.path.c_str();
+        media_.reset(source.address ? libvlc_media_new_location(library_.get(), path)
+                                    : libvlc_media_new_path(library_.get(), path));
+    }
+    if (media_) player_.reset(libvlc_media_player_new_from_media(media_.get()));
+    if (!player_) return Tell([](FilmNotes& notes) { notes.failed = true; });
+    if (source.startSeconds > 0)
+        libvlc_media_add_option(media_.get(),
+                                (":start-time=" + std::to_string(source.startSeconds)).c_str());
+    Listen();
+    if (libvlc_media_player_play(player_.get()) != 0)
+        Tell([](FilmNotes& notes) { notes.failed = true; });
+}
+
+void FilmSession::Listen() {
+    libvlc_video_set_callbacks(player_.get(), &FilmSession::OnLock, nullptr,
+                               &FilmSession::OnDisplay, this);
+    libvlc_video_set_format_callbacks(player_.get(), &FilmSession::OnFormat, nullptr);
+    for (const libvlc_event_e type : Heard)
+        libvlc_event_attach(libvlc_media_player_event_manager(player_.get()), type,
+                            &FilmSession::OnEvent, this);
+}
+
+void FilmSession::Close() {
+    if (player_) libvlc_media_player_stop(player_.get());
+    player_.reset();
+    media_.reset();
+    library_.reset();
+}
+
+// Notes ------------------------------------------------------------------------------------------
+
+template<class Change> void FilmSession::Tell(Change change) {
+    {
+        const std::lock_guard lock(mutex_);
+        change(notes_);
+        if (abandoned_ || std::exchange(posted_, true)) return;
+    }
+    ui_.Post([weak = weak_from_this()] {
+        const auto self = weak.lock();
+        if (self && self->heed_) self->heed_();
+    });
+}
+
+FilmNotes FilmSession::TakeNotes() {
+    const std::lock_guard lock(mutex_);
+    posted_ = false;
+    const FilmNotes taken = notes_;
+    notes_ = {.lengthMs = taken.lengthMs};
+    return taken;
+}
+
+void FilmSession::Abandon() {
+    heed_ = nullptr;
+    const std::lock_guard lock(mutex_);
+    abandoned_ = true;
+}
+
+void FilmSession::OnEvent(const libvlc_event_t* event, void* self) {
+    static_cast<FilmSession*>(self)->Note(*event);
+}
+
+void FilmSession::Note(const libvlc_event_t& event) {
+    Tell([&](FilmNotes& notes) {
+        switch (event.type) {
+        case libvlc_MediaPlayerLengthChanged:
+            notes.lengthMs = event.u.media_player_length_changed.new_length;
+            break;
+        case libvlc_MediaPlayerTimeChanged:
+            notes.timeMs = event.u.media_player_time_changed.new_time;
+            break;
+        case libvlc_MediaPlayerEndReached:
+            notes.ended = true;
+            break;
+        case libvlc_MediaPlayerEncounteredError:
+            notes.failed = true;
+            break;
+        case libvlc_MediaPlayerTitleChanged:
+        case libvlc_MediaPlayerChapterChanged:
+            notes.navigation = true;
+            break;
+        default:
+            notes.tracks = true;
+        }
+    });
+}
+
+void FilmSession::ReadTracks() {
+    if (!player_) return;
+    libvlc_media_player_t* player = player_.get();
+    const FilmTracks audio =
+        ListOf(libvlc_audio_get_track_description(player), libvlc_audio_get_track(player));
+    const FilmTracks subtitles =
+        ListOf(libvlc_video_get_spu_description(player), libvlc_video_get_spu(player));
+    {
+        const std::lock_guard lock(mutex_);
+        audio_ = audio;
+        subtitles_ = subtitles;
+    }
+    Tell([](FilmNotes& notes) { notes.tracksRead = true; });
+}
+
+FilmTracks FilmSession::Tracks(TrackKind kind) const {
+    const std::lock_guard lock(mutex_);
+    return kind == TrackKind::Audio ? audio_ : subtitles_;
+}
+
+// Pictures ---------------------------------------------------------------------------------------
+
+// Comes once for each way of decoding that is tried, the last one stays.
+unsigned FilmSession::OnFormat(void** self, char* chroma, unsigned* width, unsigned* height,
+                               unsigned* pitch, unsigned* lines) {
+    constexpr unsigned Buffers = 1;
+    if (*width == 0 || *height == 0 || *width > LargestSide || *height > LargestSide) return 0;
+    auto& session = *static_cast<FilmSession*>(*self);
+    session.Format(*width, *height);
+    std::memcpy(chroma, "RV32", 4);
+    *pitch = static_cast<unsigned>(session.frames_->Stride());
+    *lines = static_cast<unsigned>(session.frames_->Lines());
+    return Buffers;
+}
+
+// What is returned is what the visible part is scaled to, so that it is best returned as it is.
+void FilmSession::Format(unsigned& width, unsigned& height) {
+    const FilmShape shape =
+        Visible(static_cast<int>(width), static_cast<int>(height), ShapeOf(media_.get()));
+    frames_->Format(shape.width, shape.height);
+    width = static_cast<unsigned>(shape.width);
+    height = static_cast<unsigned>(shape.height);
+    shown_ = 0;
+    pixelAspect_ = 0;
+    formatAt_ = std::chrono::steady_clock::now();
+}
+
+void* FilmSession::OnLock(void* self, void** planes) {
+    FrameBuffers::Buffer* buffer = static_cast<FilmSession*>(self)->frames_->Begin();
+    planes[0] = buffer ? buffer->memory.data() : nullptr;
+    return buffer;
+}
+
+void FilmSession::OnDisplay(void* self, void* picture) {
+    static_cast<FilmSession*>(self)->Display(static_cast<FrameBuffers::Buffer*>(picture));
+}
+
+// The whole shape is the film's, however many pixels it was scaled to.
+bool FilmSession::KnowShape(const FilmPicture& picture) {
+    if (pixelAspect_ > 0 && shown_ % ShapeEvery != 0) return true;
+    const auto told = ShapeOf(media_.get());
+    if (told && told->pixelAspect > 0)
+        pixelAspect_ =
+            told->pixelAspect * told->width / told->height * picture.height / picture.width;
+    return pixelAspect_ > 0 || std::chrono::steady_clock::now() - formatAt_ > ShapeWait;
+}
+
+void FilmSession::Display(FrameBuffers::Buffer* written) {
+    if (!written) return;
+    if (!KnowShape(written->picture)) return frames_->Drop(written);
+    ++shown_;
+    if (frames_->Show(written, pixelAspect_ > 0 ? pixelAspect_ : 1, paused_))
+        Tell([](FilmNotes& notes) { notes.picture = true; });
+}
+
+} // namespace vk

@@ -1,0 +1,105 @@
+// One film that is open in libVLC, from its opening to its end.
+#pragma once
+
+#include "platform/linux/vlc/frame_buffers.h"
+#include "platform/linux/vlc/vlc_handles.h"
+#include "platform/linux/vlc/vlc_library.h"
+#include "platform/media_player.h"
+#include "platform/ui_thread.h"
+
+#include <atomic>
+#include <chrono>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <vector>
+
+namespace vk {
+
+/// The tracks of one kind.
+struct FilmTracks {
+    std::vector<FilmTrack> all;
+    int chosen = FilmTrack::None;
+};
+
+/// What libVLC has reported since the last look.
+struct FilmNotes {
+    bool picture = false, ended = false, failed = false;
+    bool tracks = false; ///< they are to be read anew
+    bool tracksRead = false;
+    bool navigation = false;   ///< titles, chapters or the menu
+    std::int64_t timeMs = -1;  ///< -1: nothing new
+    std::int64_t lengthMs = 0; ///< 0 until it is known
+};
+
+/// What is to be opened.
+struct FilmSource {
+    std::string path; ///< of a file, or with a scheme in front ("dvd:///media/disc")
+    bool address = false;
+    double startSeconds = 0;
+};
+
+/// libVLC's threads take notes, the user-interface thread reads them; everything else is done on
+/// the worker. `heed` is called on the user-interface thread, once for all notes that it then
+/// finds.
+class FilmSession : public std::enable_shared_from_this<FilmSession> {
+  public:
+    /// A picture whose shape is not known yet waits no longer than that.
+    static constexpr auto ShapeWait = std::chrono::milliseconds(250);
+
+    FilmSession(UiThread& ui, std::function<void()> heed) : ui_(ui), heed_(std::move(heed)) {}
+
+    // On the user-interface thread.
+    FilmNotes TakeNotes();
+    std::shared_ptr<const FilmPicture> Picture() { return frames_->Take(); }
+    /// Pictures like the one on show are not told.
+    void SetPaused(bool paused) { paused_ = paused; }
+    /// Nothing is told any more.
+    void Abandon();
+    /// As they were read last.
+    FilmTracks Tracks(TrackKind kind) const;
+
+    // On the worker.
+    void Open(VlcLibrary& library, const FilmSource& source);
+    void Close();
+    void ReadTracks();
+    /// Null when it could not be opened.
+    libvlc_media_player_t* Player() const { return player_.get(); }
+    libvlc_media_t* Media() const { return media_.get(); }
+
+  private:
+    static void OnEvent(const libvlc_event_t* event, void* self);
+    static unsigned OnFormat(void** self, char* chroma, unsigned* width, unsigned* height,
+                             unsigned* pitch, unsigned* lines);
+    static void* OnLock(void* self, void** planes);
+    static void OnDisplay(void* self, void* picture);
+    void Note(const libvlc_event_t& event);
+    void Format(unsigned& width, unsigned& height);
+    void Display(FrameBuffers::Buffer* written);
+    bool KnowShape(const FilmPicture& picture);
+    template<class Change> void Tell(Change change);
+    void Listen();
+
+    UiThread& ui_;
+    std::function<void()> heed_; ///< of the user-interface thread
+    std::atomic<bool> abandoned_ = false, paused_ = false;
+    const std::shared_ptr<FrameBuffers> frames_ = std::make_shared<FrameBuffers>();
+
+    mutable std::mutex mutex_; ///< of the notes and the tracks
+    FilmNotes notes_;
+    bool posted_ = false;
+    FilmTracks audio_, subtitles_;
+
+    // Of the thread that shows the pictures.
+    double pixelAspect_ = 0;
+    int shown_ = 0; ///< pictures since the format
+    std::chrono::steady_clock::time_point formatAt_;
+
+    std::shared_ptr<libvlc_instance_t> library_;
+    VlcMedia media_;
+    VlcPlayer player_;
+};
+
+} // namespace vk

@@ -1,0 +1,23 @@
+// How large a film's pictures are, and of what shape.
+#pragma once
+
+#include <vlc/vlc.h>
+
+#include <optional>
+
+namespace vk {
+
+/// As a film tells of its pictures, turned upright.
+struct FilmShape {
+    int width = 0, height = 0; ///< pixels, those that are to be seen
+    double pixelAspect = 0;    ///< the width of one over its height; 0: not known yet
+};
+
+/// Of the film's first video track. Nothing before the film has told; containers that carry no
+/// shape of their own tell it with the first picture.
+std::optional<FilmShape> ShapeOf(libvlc_media_t* media);
+
+/// What is to be seen of pictures that are coded in so many pixels: codecs fill up whole blocks.
+FilmShape Visible(int codedWidth, int codedHeight, const std::optional<FilmShape>& told);
+
+} // namespace vk

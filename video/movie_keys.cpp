@@ -1,0 +1,118 @@
+// The keys of the movie player, the remote's, its wheel, its held buttons and touches.
+#include "skin/touch_target.h"
+#include "video/movie_player.h"
+
+namespace vk {
+
+namespace {
+
+constexpr int HeldEvery = 3;    // ticks between two steps of a held button
+constexpr int HeldSeconds = 30; // of such a step
+
+// In the order in which codes of the remote are compared.
+constexpr ActionRow<MoviePlayer> Rows[] = {
+    {Action::quit, &MoviePlayer::doquit},
+    {Action::pause, &MoviePlayer::DoPause},
+    {Action::play, &MoviePlayer::UnPauseIt},
+    {Action::REW, &MoviePlayer::MoveBack},
+    {Action::FF, &MoviePlayer::MoveAhead},
+    {Action::SWMP, &MoviePlayer::Swap},
+    {Action::ok, &MoviePlayer::runok},
+    {Action::Vdown, &MoviePlayer::VolDown},
+    {Action::vup, &MoviePlayer::VolUp},
+    {Action::down, &MoviePlayer::MoveDown},
+    {Action::up, &MoviePlayer::MoveUp},
+    {Action::forward, &MoviePlayer::MoveAhead},
+    {Action::back, &MoviePlayer::MoveBack},
+    {Action::pagedown, &MoviePlayer::NextMovie},
+    {Action::pageup, &MoviePlayer::PreviousMovie},
+    {Action::mute, &MoviePlayer::domute},
+    {Action::gps, &MoviePlayer::LoadGPS},
+};
+
+} // namespace
+
+bool MoviePlayer::Form_KeyDown(const std::string& code) {
+    return DoAction(InputCode(code, n_.keys));
+}
+
+bool MoviePlayer::DoAction(const InputCode& code) {
+    return RunAction(*this, Rows, code);
+}
+
+// A film that is skipped is lost from where it was.
+bool MoviePlayer::Repeats(const InputCode& key) const {
+    return GoesOnWhileHeld(key) && !key.Means(Action::pageup) && !key.Means(Action::pagedown);
+}
+
+void MoviePlayer::runok() {
+    DoPause();
+}
+
+void MoviePlayer::DoPause() {
+    WantBars();
+    deck_.Paused() ? UnPauseIt() : PauseIt();
+}
+
+// A film has nothing to scroll: up and down are the volume, as on the wheel.
+void MoviePlayer::MoveUp() {
+    VolUp();
+}
+
+void MoviePlayer::MoveDown() {
+    VolDown();
+}
+
+void MoviePlayer::MoveBack() {
+    RW_Click(StepSeconds);
+}
+
+void MoviePlayer::MoveAhead() {
+    FF_Click(StepSeconds);
+}
+
+void MoviePlayer::VolUp() {
+    n_.loudness.VolUp();
+}
+
+void MoviePlayer::VolDown() {
+    n_.loudness.VolDown();
+}
+
+void MoviePlayer::domute() {
+    n_.loudness.domute();
+}
+
+void MoviePlayer::Wheel(int delta) {
+    if (delta == 0) return;
+    for (std::int32_t i = 0; i < base_.settings.values.WheelSteps(); ++i)
+        delta > 0 ? VolUp() : VolDown();
+}
+
+// Without bars a corner leads out, and the rest of the picture pauses it: there is nothing else to
+// be touched.
+void MoviePlayer::PictureTouched(int x, int y, int width, int height) {
+    if (BarsOffered()) return WantBars();
+    const int side = TouchSide(height);
+    x >= width - side&& y < side ? doquit() : DoPause();
+}
+
+void MoviePlayer::DoHeld(HeldAction action) {
+    if (action == HeldVolUp) return VolUp();
+    if (action == HeldVolDown) return VolDown();
+    if (action == HeldNone || ticks_ % HeldEvery != 0) return;
+    action == HeldForward ? FF_Click(HeldSeconds) : RW_Click(HeldSeconds);
+}
+
+void MoviePlayer::Release(bool inside) {
+    const HeldAction action = held_.Action();
+    const bool click = held_.Release(base_.settings.values.TSRepeatVal);
+    if (!click || !inside) return;
+    base_.commands.Run(Commands::When::Queue, [this, action] {
+        if (action == HeldForward) return MoveAhead();
+        if (action == HeldRewind) return MoveBack();
+        action == HeldVolUp ? VolUp() : VolDown();
+    });
+}
+
+} // namespace vk

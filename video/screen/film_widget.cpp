@@ -1,0 +1,48 @@
+#include "video/screen/film_widget.h"
+
+#include <QImage>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QRegion>
+
+#include <algorithm>
+#include <utility>
+
+namespace vk {
+
+FilmWidget::FilmWidget(QWidget* parent) : QWidget(parent) {
+    setAttribute(Qt::WA_OpaquePaintEvent);
+}
+
+void FilmWidget::Show(std::shared_ptr<const FilmPicture> picture) {
+    const QRect before = Place();
+    picture_ = std::move(picture);
+    Place() == before ? update(before) : update();
+}
+
+QRect FilmWidget::Place() const {
+    if (!picture_ || picture_->width <= 0 || picture_->height <= 0) return {};
+    const double shape = picture_->width * picture_->pixelAspect / picture_->height;
+    const double wide = std::min<double>(width(), height() * shape);
+    QRect place(0, 0, std::max(1, qRound(wide)), std::max(1, qRound(wide / shape)));
+    place.moveCenter(rect().center());
+    return place & rect();
+}
+
+void FilmWidget::paintEvent(QPaintEvent* event) {
+    QPainter painter(this);
+    const QRect place = Place();
+    for (const QRect& black : event->region().subtracted(place))
+        painter.fillRect(black, Qt::black);
+    if (!event->region().intersects(place)) return;
+    const QImage image(reinterpret_cast<const uchar*>(picture_->pixels), picture_->width,
+                       picture_->height, picture_->stride, QImage::Format_RGB32);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.drawImage(place, image);
+}
+
+void FilmWidget::mousePressEvent(QMouseEvent* event) {
+    if (onTouch) onTouch(event->position().toPoint());
+}
+
+} // namespace vk
