@@ -62,6 +62,7 @@ void RestoreBrowseHistory(BrowserLists& lists, Chooser& chooser) {
         lists.desk.list.SelectItem(row);
         if (kind != RowKind::Path || &element != &elements.back()) chooser.Choose();
     }
+    if (end.kind == RowKind::File) lists.desk.SelectMatch(end.Text()); // what was played
 }
 
 } // namespace vk

@@ -20,9 +20,11 @@ std::string ShownName(const std::string& name) {
 
 std::string FilePicture(const std::string& path) {
     static const std::map<std::string, std::string> pictures = {
-        {"wma", wmapic},      {"mp3", mp3pic},   {"m3u", playlistpic}, {"m3u8", playlistpic},
-        {"pls", playlistpic}, {"cda", cdapic},   {"mpeg", moviepic},   {"mpg", moviepic},
-        {"avi", moviepic},    {"divx", moviepic}};
+        {"wma", wmapic},      {"mp3", mp3pic},    {"m3u", playlistpic}, {"m3u8", playlistpic},
+        {"pls", playlistpic}, {"cda", cdapic},    {"mpeg", moviepic},   {"mpg", moviepic},
+        {"avi", moviepic},    {"divx", moviepic}, {"mkv", moviepic},    {"mp4", moviepic},
+        {"m4v", moviepic},    {"mov", moviepic},  {"wmv", moviepic},    {"webm", moviepic},
+        {"ts", moviepic},     {"vob", moviepic}};
     const auto found = pictures.find(ToLower(ExtensionOf(path)));
     return found == pictures.end() ? mp3pic : found->second;
 }

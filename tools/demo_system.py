@@ -14,7 +14,7 @@ from display import Display  # noqa: E402
 from steered import Steered  # noqa: E402
 
 AGAIN = 1  # second between two presses for the same thing
-PARTS = ("velkorandum", "winamp", "DB_UPDATE", "tags_empty.mdb", "settings.ini")
+PARTS = ("velkorandum", "libvkfilm.so", "winamp", "DB_UPDATE", "tags_empty.mdb", "settings.ini")
 
 
 class DemoSystem(Steered):

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Makes a folder of invented, tagged music with pictures and playlists, to try the system with.
+"""Makes a folder of invented, tagged music with pictures and playlists and of two films, to try the system with.
 
 Needs ffmpeg. What is there already is kept, so that an interrupted run can be taken up again.
 """
@@ -13,7 +13,7 @@ import random
 import subprocess
 import sys
 
-from demo_library import catalogue, id3, pictures, synth, voices
+from demo_library import catalogue, films, id3, pictures, synth, voices
 
 VERSION = 1  # raise it when the files' content changes: folders made before are made anew
 STAMP = ".demo_library"  # in the media folder: what was made, written last
@@ -131,7 +131,7 @@ def remove_outdated(folder):
 def make_library(folder, count):
     """Makes the library of the first count tracks and says in one line what was done."""
     tracks = catalogue.tracks(count)
-    stamp = {"version": VERSION, "tracks": len(tracks), "folder": str(folder)}
+    stamp = {"version": VERSION, "tracks": len(tracks), "folder": str(folder), "films": count is None}
     if stamped(folder) == stamp:
         return f"{folder}: {len(tracks)} tracks, all there"
     remove_outdated(folder)
@@ -139,6 +139,8 @@ def make_library(folder, count):
         made = sum(pool.map(make_track, [folder] * len(tracks), tracks))
     make_pictures(folder, tracks)
     make_playlists(folder, tracks)
+    if count is None:
+        films.make(folder / "Films")
     write_whole(folder / STAMP, json.dumps(stamp).encode())
     return f"{folder}: {len(tracks)} tracks, {made} of them new"
 

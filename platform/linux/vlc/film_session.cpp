@@ -195,7 +195,8 @@ void FilmSession::Display(FrameBuffers::Buffer* written) {
     if (!written) return;
     if (!KnowShape(written->picture)) return frames_->Drop(written);
     ++shown_;
-    if (frames_->Show(written, pixelAspect_ > 0 ? pixelAspect_ : 1, paused_))
+    const double likely = LikelyPixelAspect(written->picture.width, written->picture.height);
+    if (frames_->Show(written, pixelAspect_ > 0 ? pixelAspect_ : likely, paused_))
         Tell([](FilmNotes& notes) { notes.picture = true; });
 }
 

@@ -37,6 +37,11 @@ std::optional<FilmShape> ShapeOf(libvlc_media_t* media) {
     return shape;
 }
 
+double LikelyPixelAspect(int width, int height) {
+    const bool television = width >= 700 && width <= 720 && (height == 576 || height == 480);
+    return television ? 4.0 / 3 * height / width : 1;
+}
+
 FilmShape Visible(int codedWidth, int codedHeight, const std::optional<FilmShape>& told) {
     if (told && Fits(told->width, codedWidth) && Fits(told->height, codedHeight)) return *told;
     const bool fullHd = codedHeight >= FullHdCoded && codedHeight < FullHd + LargestBlock;

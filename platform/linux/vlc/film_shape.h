@@ -17,6 +17,10 @@ struct FilmShape {
 /// shape of their own tell it with the first picture.
 std::optional<FilmShape> ShapeOf(libvlc_media_t* media);
 
+/// The shape of a pixel where nobody tells: pictures of television stand for 4:3, however many
+/// pixels they have, all others have square ones.
+double LikelyPixelAspect(int width, int height);
+
 /// What is to be seen of pictures that are coded in so many pixels: codecs fill up whole blocks.
 FilmShape Visible(int codedWidth, int codedHeight, const std::optional<FilmShape>& told);
 

@@ -2,9 +2,13 @@
 
 #include "platform/linux/sound_device.h"
 
+#include <dlfcn.h>
+#include <link.h>
 #include <malloc.h>
 
-#include <utility>
+#include <cstddef>
+#include <string>
+#include <string_view>
 #include <vector>
 
 namespace vk {
@@ -23,6 +27,20 @@ std::vector<const char*> Options(SoundDevice device) {
     return options;
 }
 
+int FindTagReader(dl_phdr_info* object, std::size_t, void* path) {
+    const std::string_view name = object->dlpi_name ? object->dlpi_name : "";
+    if (name.ends_with("/libtaglib_plugin.so")) *static_cast<std::string*>(path) = name;
+    return 0;
+}
+
+// VLC's reader of tags leaves entries in a list of TagLib, which this process uses as well: it may
+// not be unloaded with the instance that loaded it.
+void KeepTagReader() {
+    std::string path;
+    ::dl_iterate_phdr(FindTagReader, &path);
+    if (!path.empty()) static_cast<void>(::dlopen(path.c_str(), RTLD_NOW | RTLD_NODELETE));
+}
+
 } // namespace
 
 std::shared_ptr<libvlc_instance_t> VlcLibrary::Get() {
@@ -37,6 +55,7 @@ std::shared_ptr<libvlc_instance_t> VlcLibrary::Get() {
 void VlcLibrary::Release() {
     const std::lock_guard lock(mutex_);
     if (!instance_) return;
+    KeepTagReader();
     instance_.reset();
     ::malloc_trim(0);
 }
