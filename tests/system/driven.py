@@ -20,7 +20,7 @@ from steered import Steered  # noqa: E402
 
 APPDIR, VKINI, CARD = (pathlib.Path(argument).resolve() for argument in sys.argv[1:4])
 PICTURES = os.environ.get("VK_PICTURES")
-PROGRAMS = ("velkorandum", "winamp", "DB_UPDATE", "tags_empty.mdb")
+PROGRAMS = ("velkorandum", "libvkfilm.so", "winamp", "DB_UPDATE", "tags_empty.mdb")
 
 
 def write_tone(path, seconds):
