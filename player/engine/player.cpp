@@ -1,10 +1,10 @@
 #include "player/engine/player.h"
 
+#include "platform/linux/sound_device.h"
 #include "platform/paths.h"
 #include "player/engine/engine.h"
 #include "player/engine/event_queue.h"
 #include "player/engine/hand_over.h"
-#include "platform/linux/sound_device.h"
 #include "player/engine/vlc_output.h"
 #include "player/engine/wire_server.h"
 

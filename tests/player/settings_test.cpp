@@ -1,5 +1,5 @@
-#include "player/engine/player_settings.h"
 #include "platform/linux/sound_device.h"
+#include "player/engine/player_settings.h"
 #include "tests/support/temp_folder.h"
 
 #include <gtest/gtest.h>
