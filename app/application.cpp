@@ -10,8 +10,8 @@ constexpr int ExposeStepMs = 2;
 
 } // namespace
 
-Application::Application(const std::string& appDir, const Ports& ports, std::function<void()> exit)
-    : host_(appDir, ports), exit_(std::move(exit)),
+Application::Application(const Folders& folders, const Ports& ports, std::function<void()> exit)
+    : host_(folders, ports), exit_(std::move(exit)),
       end_(ports.machine.clock.MakeTimer([this] { TryToEnd(); })) {
     host_.quit = [this](bool osShutdown) { Quit(osShutdown); };
     host_.window.onClose = [this] { Quit(false); };

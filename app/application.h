@@ -16,7 +16,7 @@ class Application {
   public:
     /// `exit` is called once, at the end of the way out: it leaves the event loop. What `ports`
     /// names outlives this object.
-    Application(const std::string& appDir, const Ports& ports, std::function<void()> exit);
+    Application(const Folders& folders, const Ports& ports, std::function<void()> exit);
     ~Application();
 
     /// The start; false when the process is to end at once.

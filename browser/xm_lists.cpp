@@ -51,7 +51,7 @@ void XMLists::ShowTop() {
     desk_.rows.Add("Categories", Descriptor::XM("Categories"), xmdefault);
     desk_.rows.Add("<Build New Channel List>", Descriptor::Edit(".xcl"), playlistpic);
     const std::string lists = desk_.needs.Options().PlaylistDir;
-    const std::string& own = desk_.needs.base.settings.AppDir();
+    const std::string& own = desk_.needs.base.settings.StateDir();
     if (IsAbsolutePath(lists)) AddSavedLists(WithoutTrailingSeparator(lists));
     if (WithoutTrailingSeparator(lists) != own) AddSavedLists(own); // where new ones are saved
     desk_.rows.Add("Show All Channels", Descriptor::XM("ShowAll"), xmdefault);

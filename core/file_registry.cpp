@@ -5,8 +5,8 @@
 #include "platform/file_state.h"
 #include "platform/files.h"
 #include "platform/paths.h"
+#include "platform/user_folders.h"
 
-#include <cstdlib>
 #include <filesystem>
 
 namespace vk {
@@ -42,11 +42,9 @@ bool FileRegistry::SetStringValue(Hive hive, const std::string& key, const std::
 }
 
 std::string UserRegistryFile() {
-    const char* config = std::getenv("XDG_CONFIG_HOME");
-    const char* home = std::getenv("HOME");
-    const std::string base =
-        config && *config ? config : JoinPath(home ? home : "/root", ".config");
-    const std::string folder = JoinPath(base, "velkorandum");
+    const std::string config = UserConfigFolder();
+    const std::string folder =
+        JoinPath(config.empty() ? UserTemporaryFolder() : config, "velkorandum");
     std::error_code failed;
     std::filesystem::create_directories(folder, failed);
     return JoinPath(folder, "registry.ini");

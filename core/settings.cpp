@@ -44,7 +44,11 @@ std::string SettingText(double value) {
 }
 
 std::string SettingsStore::File(std::string_view name) const {
-    return JoinPath(appDir_, std::string(name));
+    return JoinPath(StateDir(), std::string(name));
+}
+
+std::string SettingsStore::Shipped(std::string_view name) const {
+    return JoinPath(AppDir(), std::string(name));
 }
 
 void SettingsStore::LoadSettings() {

@@ -3,6 +3,7 @@
 
 #include "core/ini_file.h"
 #include "core/settings_values.h"
+#include "platform/user_folders.h"
 
 #include <functional>
 #include <initializer_list>
@@ -28,7 +29,7 @@ class SettingChange {
 
 class SettingsStore {
   public:
-    SettingsStore(std::string appDir, Ini& ini) : appDir_(std::move(appDir)), ini_(ini) {}
+    SettingsStore(Folders folders, Ini& ini) : folders_(std::move(folders)), ini_(ini) {}
 
     /// Reads every setting that is held in memory, with its correction; a bad value never stops the
     /// load.
@@ -60,9 +61,16 @@ class SettingsStore {
     /// Waits until everything that was written is on the disk: before others read or delete it.
     void Finish() { ini_.Finish(); }
 
-    const std::string& AppDir() const { return appDir_; }
-    /// A file of the application directory.
+    /// The application directory: programs, skins and pictures.
+    const std::string& AppDir() const { return folders_.app; }
+    /// Where the system writes: the application directory, or another where that takes no files.
+    const std::string& StateDir() const { return folders_.state; }
+    /// Whether what is written there is there after the machine's next start.
+    bool Lasting() const { return folders_.lasting; }
+    /// A file that the system writes.
     std::string File(std::string_view name) const;
+    /// A file or folder that is shipped.
+    std::string Shipped(std::string_view name) const;
     std::string SettingsFile() const { return File("settings.ini"); }
 
     Ini& ini() { return ini_; }
@@ -70,7 +78,7 @@ class SettingsStore {
     Settings values;
 
   private:
-    std::string appDir_;
+    Folders folders_;
     Ini& ini_;
 };
 

@@ -5,6 +5,7 @@
 //   winamp /ADD "file"   adds a media file or a list to the running player, or runs with it
 #include "core/text.h"
 #include "platform/paths.h"
+#include "platform/user_folders.h"
 #include "player/engine/hand_over.h"
 #include "player/engine/list_file.h"
 #include "player/engine/player.h"
@@ -40,7 +41,7 @@ int main(int count, char** words) {
     const auto deadline = std::chrono::steady_clock::now() + ClaimTimeout;
     do {
         if (instance.Claim()) {
-            RunPlayer(instance, ExecutableFolder(), entries);
+            RunPlayer(instance, FindFolders(ExecutableFolder()).state, entries);
             return 0;
         }
         const FileDescriptor running = ConnectTo(path);

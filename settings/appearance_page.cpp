@@ -26,7 +26,7 @@ std::vector<Option> Skins(const std::string& folder) {
 
 Page AppearancePage(SettingsStore& store) {
     const auto skins = [&store, found = std::vector<Option>()]() mutable {
-        if (found.empty()) found = Skins(store.File("skins"));
+        if (found.empty()) found = Skins(store.Shipped("skins"));
         return found;
     };
     return {

@@ -55,7 +55,7 @@ double SkinData::FontScale() const {
 }
 
 std::string SkinStore::FileOf(const std::string& skinFile) const {
-    return FindFile(n_.settings.File("skins"), skinFile);
+    return FindFile(n_.settings.Shipped("skins"), skinFile);
 }
 
 bool SkinStore::IsThere(const std::string& skinFile) const {

@@ -87,8 +87,8 @@ bool astart::ProveEnvironment() {
             "a previous instance.");
         return false;
     }
-    if (!FolderExists(base_.settings.File("skins"))) {
-        base_.dialogs.ShowMessage("Cannot find skin directory\n" + base_.settings.File("skins") +
+    if (!FolderExists(base_.settings.Shipped("skins"))) {
+        base_.dialogs.ShowMessage("Cannot find skin directory\n" + base_.settings.Shipped("skins") +
                                   " does not exist");
         return false;
     }
@@ -116,7 +116,8 @@ bool astart::MakeFile(const char* name, const std::string& contents) {
 }
 
 bool astart::MakeSettings() {
-    if (MakeFile("settings.ini", SettingsFileText(Version))) return true;
+    if (MakeFile("settings.ini", SettingsFileText(Version)) && base_.settings.Lasting())
+        return true;
     base_.dialogs.ShowMessage("Velkorandum cannot write to its directory\n" +
                                   base_.settings.AppDir() +
                                   "\nSettings and positions are lost when it ends.",
@@ -145,6 +146,9 @@ bool astart::MakeMissingFiles() {
     MakeFile("kb.ini", KeyboardFileText());
     MakeFile("winamp.ini", WinampFileText());
     if (!FileExists(base_.log.FileName())) base_.log.MakeLogFile();
+    if (const SettingsStore& store = base_.settings; store.StateDir() != store.AppDir())
+        base_.log.WriteDebugLog(store.AppDir() + " takes no files; what is saved lies in " +
+                                store.StateDir());
     return true;
 }
 

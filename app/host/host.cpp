@@ -2,8 +2,8 @@
 
 namespace vk {
 
-Host::Host(const std::string& appDir, const Ports& machine)
-    : ports(machine), log(appDir, ports.machine.clock), settings(appDir, ini),
+Host::Host(const Folders& folders, const Ports& machine)
+    : ports(machine), log(folders.state, ports.machine.clock), settings(folders, ini),
       skin({state, settings, ports.screen.fonts, dialogs, report,
             [this] { return ports.screen.metrics().width; }}) {
     report.unloadAll = [this] { quit(false); };

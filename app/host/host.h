@@ -23,8 +23,7 @@ namespace vk {
 
 /// One a process. Its members are made in this order, each on those above it.
 struct Host {
-    /// `appDir` is where all files of the system lie.
-    Host(const std::string& appDir, const Ports& machine);
+    Host(const Folders& folders, const Ports& machine);
     Host(const Host&) = delete;
     Host& operator=(const Host&) = delete;
 

@@ -1,6 +1,7 @@
 #include "app/application.h"
 #include "app/linux/linux_ports.h"
 #include "platform/paths.h"
+#include "platform/user_folders.h"
 
 #include <QApplication>
 #include <QFile>
@@ -48,7 +49,14 @@ static void KeepLargeBlocksOutOfTheHeap() {
     ::mallopt(M_MMAP_THRESHOLD, Large);
 }
 
+// Started as a service there is none; the libraries and the programs started from here want one.
+static void NameHome() {
+    if (const std::string home = vk::HomeFolder(); !home.empty())
+        qputenv("HOME", QByteArray::fromStdString(home));
+}
+
 int main(int argc, char** argv) {
+    NameHome();
     KeepLargeBlocksOutOfTheHeap();
     LeaveMissingBusAlone();
     QApplication qt(argc, argv);
@@ -58,7 +66,8 @@ int main(int argc, char** argv) {
     const std::string appDir = vk::ExecutableFolder();
     vk::LinuxPorts machine(appDir);
     // Not quit(): that would ask the window, which refuses to be closed by others.
-    vk::Application application(appDir, machine.ports(), [] { QCoreApplication::exit(0); });
+    vk::Application application(vk::FindFolders(appDir), machine.ports(),
+                                [] { QCoreApplication::exit(0); });
     QSocketNotifier wakeUp(signalPipe[0], QSocketNotifier::Read);
     QObject::connect(&wakeUp, &QSocketNotifier::activated, &qt,
                      [&application] { application.Quit(true); });

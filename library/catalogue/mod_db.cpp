@@ -21,7 +21,7 @@ constexpr char UpdateFailed[] = "An error occured in modDB.UpdateFileRow ";
 } // namespace
 
 std::string modDB::File(const char* name) const {
-    return JoinPath(needs_.settings.AppDir(), name);
+    return needs_.settings.File(name);
 }
 
 void modDB::InitDB(bool keep) {
@@ -105,8 +105,8 @@ void modDB::GiveUp(const std::exception& damage) {
 }
 
 bool modDB::CopyTemplate() {
-    return FileExists(File(EmptyCatalogueName)) &&
-           CopyFileTo(File(EmptyCatalogueName), File(CatalogueFileName));
+    const std::string empty = needs_.settings.Shipped(EmptyCatalogueName);
+    return FileExists(empty) && CopyFileTo(empty, File(CatalogueFileName));
 }
 
 bool modDB::UnhookDB() {

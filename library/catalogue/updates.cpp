@@ -110,7 +110,7 @@ void CatalogueUpdates::Scan(bool full) {
     failure_.clear();
     const Settings& settings = n_.settings.values;
     n_.scan({.full = full,
-             .appDir = n_.settings.AppDir(),
+             .appDir = n_.settings.StateDir(),
              .mediaDir = settings.MediaDir,
              .audioExtensions = settings.AudioExtensions,
              .videoExtensions = settings.VideoExtensions,

@@ -1,6 +1,7 @@
 #include "platform/linux/player_socket.h"
 
 #include "platform/paths.h"
+#include "platform/user_folders.h"
 
 #include <poll.h>
 #include <sys/socket.h>
@@ -18,12 +19,6 @@ namespace vk {
 namespace {
 
 constexpr int Backlog = 16;
-
-bool IsOwnFolder(const std::string& path) {
-    struct stat info {};
-    return ::lstat(path.c_str(), &info) == 0 && S_ISDIR(info.st_mode) &&
-           info.st_uid == ::getuid() && (info.st_mode & 022) == 0;
-}
 
 // Both ends must come to the same, whatever name led them to the folder (FNV-1a,
 // http://www.isthe.com/chongo/tech/comp/fnv/).
@@ -64,15 +59,13 @@ bool WaitReadable(int fd, int timeoutMs) {
 
 std::string PlayerSocketPath(const std::string& windowClass, const std::string& folder) {
     const std::string name = windowClass + Mark(folder);
-    const char* runtime = std::getenv("XDG_RUNTIME_DIR");
     sockaddr_un address{};
-    if (runtime && IsOwnFolder(runtime)) {
+    if (const std::string runtime = UserRuntimeFolder(); !runtime.empty()) {
         std::string path = JoinPath(runtime, name);
         if (FillAddress(path, address)) return path;
     }
-    const std::string own = "/tmp/velkorandum-" + std::to_string(::getuid());
-    if (::mkdir(own.c_str(), 0700) != 0 && errno != EEXIST) return {};
-    return IsOwnFolder(own) ? JoinPath(own, name) : std::string();
+    const std::string own = UserTemporaryFolder();
+    return own.empty() ? own : JoinPath(own, name);
 }
 
 FileDescriptor ListenAt(const std::string& path) {

@@ -27,11 +27,7 @@ void CoverArt::Hide() {
 
 void CoverArt::ShowCoverArt(const std::string& track) {
     Forget();
-    Show({{},
-          track,
-          JoinPath(base_.settings.AppDir(), TemporaryName),
-          base_.settings.values.ExtendedTags},
-         true);
+    Show({{}, track, base_.settings.File(TemporaryName), base_.settings.values.ExtendedTags}, true);
 }
 
 void CoverArt::ShowPicture(const std::string& file) {

@@ -43,11 +43,11 @@ Favorite FMFavorite(const std::string& frequency) {
     return {"presets.lst", frequency + ":" + frequency + " MHz", frequency};
 }
 
-bool AddFavorite(const std::string& appDir, const Favorite& favorite) {
+bool AddFavorite(const std::string& folder, const Favorite& favorite) {
     // A name may hold line ends; a list cannot.
     if (favorite.entry.find_first_of("\r\n") != std::string::npos)
         throw Error("A name with a line end cannot be stored");
-    const std::string file = JoinPath(appDir, favorite.list);
+    const std::string file = JoinPath(folder, favorite.list);
     std::string contents = ReadList(file);
     const std::vector<std::string> lines = ListLines(contents);
     const auto same = [&](const std::string& line) { return IsThere(line, favorite); };

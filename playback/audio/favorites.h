@@ -22,6 +22,6 @@ Favorite FMFavorite(const std::string& frequency);
 
 /// Adds the line unless it is there; false when it was. The file is replaced in one step; throws,
 /// and the file is as it was, when it can be neither read nor written.
-bool AddFavorite(const std::string& appDir, const Favorite& favorite);
+bool AddFavorite(const std::string& folder, const Favorite& favorite);
 
 } // namespace vk

@@ -64,7 +64,7 @@ void Sources::AddToFavorites() {
     const Favorite favorite = source ? source->SelectedFavorite() : Favorite{};
     if (favorite.list.empty()) return;
     try {
-        if (!AddFavorite(c_.base.settings.AppDir(), favorite)) return;
+        if (!AddFavorite(c_.base.settings.StateDir(), favorite)) return;
         c_.clockLine.ShowNotice("ADDING: " + ToUtf8(favorite.entry), AddedMs);
         source->FavoriteAdded();
     } catch (const std::exception& error) {

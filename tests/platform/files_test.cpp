@@ -3,6 +3,7 @@
 #include "platform/files.h"
 #include "platform/linux/volumes.h"
 #include "platform/qt/virtual_keys.h"
+#include "platform/user_folders.h"
 #include "tests/support/temp_folder.h"
 
 #include <fcntl.h>
@@ -42,6 +43,26 @@ TEST_F(FilesTest, AReplaceIsWholeAndKeepsModeAndLinksAndWhenItFailsTheOldFile) {
     std::string reason;
     EXPECT_FALSE(ReplaceFile(folder.File("none/a"), "x", &reason));
     EXPECT_FALSE(reason.empty());
+}
+
+TEST_F(FilesTest, StateGoesToTheUsersDataWhereTheProgramsFolderTakesNoFiles) {
+    const std::string app = folder.MakeFolder("app"), data = folder.MakeFolder("data");
+    folder.Write("app/settings.ini", "[main]\n");
+    folder.Write("app/winamp", "");
+    ::chmod(folder.File("app/settings.ini").c_str(), 0444);
+    const auto never = [](const std::string&) { return false; };
+    ::setenv("XDG_DATA_HOME", data.c_str(), 1);
+    EXPECT_EQ(FindFolders(app).state, app);
+    EXPECT_EQ(FindFolders(app, never).state, folder.File("data/velkorandum"));
+    EXPECT_EQ(FindFolders(app, never).app, app);
+    EXPECT_TRUE(ReplaceFile(folder.File("data/velkorandum/settings.ini"), "changed"));
+    EXPECT_FALSE(FileExists(folder.File("data/velkorandum/winamp")));
+    DeleteFileAt(folder.File("data/velkorandum/settings.ini"));
+    EXPECT_TRUE(FindFolders(app, never).lasting);
+    EXPECT_FALSE(FileExists(folder.File("data/velkorandum/settings.ini"))) << "copied once only";
+    ::setenv("XDG_DATA_HOME", folder.Write("file", "").c_str(), 1); // no folder can be made there
+    EXPECT_FALSE(FindFolders(app, never).lasting);
+    ::unsetenv("XDG_DATA_HOME");
 }
 
 TEST_F(FilesTest, OnlyRegularFilesAreRead) {
