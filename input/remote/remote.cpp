@@ -75,6 +75,7 @@ std::unique_ptr<RemoteReceiver> Remote::MakeUuirt() {
                              .clock = base_.clock,
                              .log = base_.log,
                              .dialogs = base_.dialogs,
+                             .patienceMs = n_.devices.uuirtPatienceMs,
                              .mayTell = [this] { return Idle(); },
                              .ui = n_.ui});
 }

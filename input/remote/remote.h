@@ -23,6 +23,7 @@ struct RemoteDevices {
     std::function<std::unique_ptr<LocalStream>()> stream;
     std::function<std::unique_ptr<X10Remote>()> x10;
     std::function<std::unique_ptr<LoadedLibrary>(std::string& reason)> uuirt;
+    int uuirtPatienceMs = 100; ///< how long its driver may hold the interface
 };
 
 /// Lives as long as the system; all on the user-interface thread.

@@ -37,8 +37,8 @@ std::string Bit(std::uint32_t config, std::uint32_t bit) {
 
 } // namespace
 
-/// Where the driver's thread leaves codes. Constant once made but for `cleared`; `owner` is used on
-/// the user-interface thread alone.
+/// Where the driver's thread leaves codes. Constant once made but for `cleared`; `owner`, null when
+/// it is gone, is used on the user-interface thread alone.
 struct UuirtReceiver::Inbox {
     UiThread& ui;
     UuirtReceiver* owner;
@@ -46,6 +46,7 @@ struct UuirtReceiver::Inbox {
     std::atomic<int> cleared = 0; ///< how often: codes from before do not count
 
     void Tell(const std::string& text) const {
+        if (!owner) return;
         owner->link_.Works();
         if (owner->onCode) owner->onCode(text);
     }
@@ -64,6 +65,25 @@ struct UuirtReceiver::Inbox {
     }
 };
 
+void UuirtReceiver::Opened::AskInfo(const UUIRTCalls& driver) {
+    UUINFO info{};
+    answered = driver.UUIRTGetUUIRTInfo(device, &info) != 0;
+    if (!answered) return failures.push_back("*** ERROR Retrieving USB-UIRT Information! ***");
+    lines.push_back("FirmwareVer=" + Version(info.fwVersion) +
+                    " ProtVer=" + Version(info.protVersion) +
+                    " FirmwareDate=" + std::to_string(info.fwDateMonth) + "/" +
+                    std::to_string(info.fwDateDay) + "/" + std::to_string(info.fwDateYear + 2000));
+}
+
+void UuirtReceiver::Opened::AskConfig(const UUIRTCalls& driver) {
+    std::uint32_t config = 0;
+    if (!driver.UUIRTGetUUIRTConfig(device, &config))
+        return failures.push_back("*** ERROR Retrieving USB-UIRT Configuration Info! ***");
+    lines.push_back("Config = " + std::to_string(config) + " LED_RX=" +
+                    Bit(config, UUIRTDRV_CFG_LEDRX) + " LED_TX=" + Bit(config, UUIRTDRV_CFG_LEDTX) +
+                    " LEGACY_RX=" + Bit(config, UUIRTDRV_CFG_LEGACYRX));
+}
+
 UuirtReceiver::UuirtReceiver(Needs needs)
     : n_(std::move(needs)), inbox_(new Inbox{n_.ui, this}),
       probe_(n_.clock.MakeTimer([this] { Probe(); })),
@@ -76,6 +96,7 @@ UuirtReceiver::UuirtReceiver(Needs needs)
 
 UuirtReceiver::~UuirtReceiver() {
     CloseDevice();
+    inbox_->owner = nullptr;
 }
 
 bool UuirtReceiver::Start() {
@@ -115,7 +136,7 @@ void UuirtReceiver::Log(const std::string& text) {
 bool UuirtReceiver::LoadDriver() {
     std::string reason;
     auto library = driver_ ? nullptr : n_.load(reason);
-    if (library) driver_.emplace(std::move(library));
+    if (library) driver_ = std::make_shared<const UUIRTCalls>(std::move(library));
     std::uint32_t version = 0;
     if (!driver_ || !driver_->UUIRTGetDrvInfo || !driver_->UUIRTGetDrvInfo(&version)) {
         if (!reason.empty()) Log("USB-UIRT driver: " + reason);
@@ -128,49 +149,64 @@ bool UuirtReceiver::LoadDriver() {
     return false;
 }
 
-bool UuirtReceiver::Open() {
-    device_ = driver_->UUIRTOpen();
-    if (device_ == UUIRTCalls::InvalidHandle()) {
-        Fail(OpenErrorText(driver_->library->LastError()));
+bool UuirtReceiver::Connect() {
+    if (!opening_) {
+        if (!LoadDriver()) return false;
+        opening_.emplace([driver = driver_, inbox = inbox_] { return Open(*driver, *inbox); });
+    }
+    if (!opening_->Done(n_.patienceMs)) {
+        Fail("The USB-UIRT driver does not answer!");
         return false;
     }
-    answered_ = false;
+    const Opened opened = opening_->Take();
+    opening_.reset();
+    return TakeDevice(opened);
+}
+
+UuirtReceiver::Opened UuirtReceiver::Open(const UUIRTCalls& driver, Inbox& inbox) {
+    Opened opened;
+    opened.device = driver.UUIRTOpen();
+    if (opened.device == UUIRTCalls::InvalidHandle()) {
+        opened.failures.push_back(OpenErrorText(driver.library->LastError()));
+        return opened;
+    }
+    opened.AskInfo(driver);
+    opened.AskConfig(driver);
+    if (driver.UUIRTSetReceiveCallback(opened.device, &Inbox::Receive, &inbox)) return opened;
+    Close(driver, std::exchange(opened.device, UUIRTCalls::InvalidHandle()));
+    opened.failures.push_back(OpenErrorText(0));
+    return opened;
+}
+
+void UuirtReceiver::Close(const UUIRTCalls& driver, UUIRTCalls::Handle device) {
+    if (device == UUIRTCalls::InvalidHandle()) return;
+    driver.UUIRTSetReceiveCallback(device, nullptr, nullptr);
+    driver.UUIRTClose(device);
+}
+
+bool UuirtReceiver::TakeDevice(const Opened& opened) {
+    device_ = opened.device;
+    answered_ = opened.answered;
+    for (const std::string& line : opened.lines)
+        Log(line);
+    for (const std::string& failure : opened.failures)
+        Fail(failure);
+    if (device_ == UUIRTCalls::InvalidHandle()) return false;
     probe_->Start(ProbeMs);
-    TellInfo();
-    TellConfig();
-    return ListenForCodes();
+    return true;
 }
 
-void UuirtReceiver::TellInfo() {
-    UUINFO info{};
-    if (!driver_->UUIRTGetUUIRTInfo(device_, &info))
-        return Fail("*** ERROR Retrieving USB-UIRT Information! ***");
-    answered_ = true;
-    Log("FirmwareVer=" + Version(info.fwVersion) + " ProtVer=" + Version(info.protVersion) +
-        " FirmwareDate=" + std::to_string(info.fwDateMonth) + "/" + std::to_string(info.fwDateDay) +
-        "/" + std::to_string(info.fwDateYear + 2000));
-}
-
-void UuirtReceiver::TellConfig() {
-    std::uint32_t config = 0;
-    if (!driver_->UUIRTGetUUIRTConfig(device_, &config))
-        return Fail("*** ERROR Retrieving USB-UIRT Configuration Info! ***");
-    Log("Config = " + std::to_string(config) + " LED_RX=" + Bit(config, UUIRTDRV_CFG_LEDRX) +
-        " LED_TX=" + Bit(config, UUIRTDRV_CFG_LEDTX) +
-        " LEGACY_RX=" + Bit(config, UUIRTDRV_CFG_LEGACYRX));
-}
-
-bool UuirtReceiver::ListenForCodes() {
-    if (driver_->UUIRTSetReceiveCallback(device_, &Inbox::Receive, inbox_.get())) return true;
-    CloseDevice();
-    Fail(OpenErrorText(0));
-    return false;
-}
-
-// A device whose information could be had once, and cannot any more, was pulled out.
+// A device whose information could be had once, and cannot any more, was pulled out. A call that
+// hangs tells nothing yet.
 void UuirtReceiver::Probe() {
-    UUINFO info{};
-    const bool answers = driver_->UUIRTGetUUIRTInfo(device_, &info);
+    if (!probing_)
+        probing_.emplace([driver = driver_, device = device_] {
+            UUINFO info{};
+            return driver->UUIRTGetUUIRTInfo(device, &info) != 0;
+        });
+    if (!probing_->Done(n_.patienceMs)) return;
+    const bool answers = probing_->Take();
+    probing_.reset();
     if (answers || !answered_) {
         answered_ = answers;
         return;
@@ -179,12 +215,19 @@ void UuirtReceiver::Probe() {
     link_.Lost();
 }
 
+// What is still being opened is closed as soon as it is open.
 void UuirtReceiver::CloseDevice() {
     probe_->Stop();
-    if (device_ != UUIRTCalls::InvalidHandle()) {
-        driver_->UUIRTSetReceiveCallback(device_, nullptr, nullptr);
-        driver_->UUIRTClose(device_);
-    }
+    probing_.reset();
+    if (opening_)
+        std::thread([driver = driver_, inbox = inbox_, late = std::move(*opening_)]() mutable {
+            Close(*driver, late.Take().device);
+        }).detach();
+    opening_.reset();
+    if (device_ != UUIRTCalls::InvalidHandle())
+        DriverCall<void>([driver = driver_, inbox = inbox_, device = device_] {
+            Close(*driver, device);
+        }).Done(n_.patienceMs);
     device_ = UUIRTCalls::InvalidHandle();
     ClearBuff();
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/debug_log.h"
+#include "input/remote/driver_call.h"
 #include "input/remote/reconnector.h"
 #include "input/remote/remote_receiver.h"
 #include "input/remote/uuirt_calls.h"
@@ -34,6 +35,8 @@ class UuirtReceiver : public RemoteReceiver {
         Clock& clock;
         const DebugLog& log;
         Dialogs& dialogs;
+        /// How long a call of the driver may hold the interface; a longer one goes on without it.
+        int patienceMs = 100;
         /// A message would hold nothing back now: a screen is in front, and nothing runs.
         std::function<bool()> mayTell;
         UiThread& ui;
@@ -50,13 +53,21 @@ class UuirtReceiver : public RemoteReceiver {
 
   private:
     struct Inbox;
+    /// What the driver gave and said while a device was opened.
+    struct Opened {
+        void AskInfo(const UUIRTCalls& driver);
+        void AskConfig(const UUIRTCalls& driver);
 
+        UUIRTCalls::Handle device = UUIRTCalls::InvalidHandle();
+        bool answered = false; ///< it told about itself
+        std::vector<std::string> failures, lines;
+    };
+
+    static Opened Open(const UUIRTCalls& driver, Inbox& inbox);
+    static void Close(const UUIRTCalls& driver, UUIRTCalls::Handle device);
     bool LoadDriver();
-    bool Connect() { return LoadDriver() && Open(); }
-    bool Open();
-    bool ListenForCodes();
-    void TellInfo();
-    void TellConfig();
+    bool Connect();
+    bool TakeDevice(const Opened& opened);
     void Probe();
     void CloseDevice();
     void Fail(const std::string& text);
@@ -64,9 +75,11 @@ class UuirtReceiver : public RemoteReceiver {
     void Log(const std::string& text);
 
     Needs n_;
-    std::optional<UUIRTCalls> driver_;
+    std::shared_ptr<const UUIRTCalls> driver_;
+    std::optional<DriverCall<Opened>> opening_;
+    std::optional<DriverCall<bool>> probing_;
     UUIRTCalls::Handle device_ = UUIRTCalls::InvalidHandle();
-    std::shared_ptr<Inbox> inbox_; ///< as long as this: a driver may tell a code late
+    std::shared_ptr<Inbox> inbox_; ///< of the driver, too, which may tell a code late
     bool answered_ = false;        ///< the device has told about itself
     bool starting_ = false;        ///< failures are shown, and what the device says is logged
     bool missed_ = false;          ///< the device was not there at the start

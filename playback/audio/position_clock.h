@@ -34,6 +34,8 @@ class PositionClock {
   private:
     void SetPosition(double seconds);
     void Synchronise();
+    double ClockAhead() const;
+    bool ClockWasSet() const;
 
     cWinamp& winamp_;
     const Clock& clock_;
@@ -41,6 +43,7 @@ class PositionClock {
     double dPosition = -1;
     double dLength = 0;    ///< one less than the player process says
     double dStartTime = 0; ///< timer value at which the track would have started
+    double ahead_ = 0;     ///< of the steady clock, when it was asked last
     bool bResync = false;
 };
 

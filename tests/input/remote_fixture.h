@@ -59,7 +59,7 @@ struct RemoteFixture : CoreTest {
                    ui,
                    {[this] { return devices.serial(); }, [this] { return devices.stream(); },
                     [this] { return devices.x10(); },
-                    [this](auto& reason) { return devices.uuirt(reason); }}}};
+                    [this](auto& reason) { return devices.uuirt(reason); }, 60'000}}};
 };
 
 } // namespace vk::test

@@ -6,6 +6,9 @@
 #include "tests/support/events.h"
 #include "tests/support/recording_screen.h"
 
+#include <atomic>
+#include <semaphore>
+
 namespace vk::test {
 namespace {
 
@@ -138,6 +141,30 @@ TEST_F(UuirtTest, APulledDeviceCostsOneLineAndComesBack) {
     EXPECT_EQ(commands, Commands{"B"});
     EXPECT_EQ(LinesLogged("Remote receiver"), 2);
     EXPECT_EQ(dialogs.shown.size(), 1u);
+}
+
+TEST_F(UuirtTest, ADriverThatHangsCostsOneLineAndIsFoundWhenItAnswers) {
+    static std::binary_semaphore answers{0};
+    device.onOpen = [] { answers.acquire(); };
+    const auto closed = [this] { return std::atomic_ref(device.closed).load(); };
+    UuirtReceiver receiver({.load = devices.uuirt,
+                            .clock = clock,
+                            .log = log,
+                            .dialogs = dialogs,
+                            .patienceMs = 0,
+                            .mayTell = [] { return true; },
+                            .ui = ui});
+    EXPECT_FALSE(receiver.Start());
+    clock.Advance(60'000);
+    EXPECT_EQ(LinesLogged("not opened: USB-UIRT: The USB-UIRT driver does not answer!"), 1);
+    answers.release();
+    EXPECT_TRUE(Eventually([&] { return clock.Advance(3000), receiver.Ready(); }));
+    receiver.Stop();
+    EXPECT_TRUE(Eventually([&] { return closed() == 1; }));
+    EXPECT_FALSE(receiver.Start());
+    receiver.Stop(); // while it opens
+    answers.release();
+    EXPECT_TRUE(Eventually([&] { return closed() == 2; }));
 }
 
 TEST(QtUiThreadTest, WorkOfOtherThreadsRunsOnThisOne) {

@@ -40,6 +40,17 @@ TEST_F(PositionClockTest, ReadsAgainTheSecondAfterMidnight) {
     EXPECT_THAT(Seconds(2, 63000), ElementsAre(63, 64));
 }
 
+TEST_F(PositionClockTest, AClockThatIsSetChangesNothing) {
+    Seconds(1, 60'000);
+    for (const int jump : {40, 0, 59}) { // seconds of the minute
+        clock.SetNow({2026, 11, 21, 12, 0, jump, 0, 6});
+        EXPECT_THAT(Seconds(1, 61'000), ElementsAre(61));
+    }
+    const auto asked = process.Count(105);
+    EXPECT_THAT(Seconds(2, 62'000), ElementsAre(62, 63));
+    EXPECT_EQ(process.Count(105), asked) << "it counts by itself again";
+}
+
 TEST_F(PositionClockTest, TellsTheTimeAndIsUnknownWhilePausedAndStandsStillWhileSuspended) {
     process.length = 66; // counted as 65
     Seconds(1, 4000);

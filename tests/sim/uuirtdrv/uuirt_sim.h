@@ -11,7 +11,9 @@ struct UuirtSim {
     std::uint32_t version = 0x0100; ///< 0: the call fails
     int openError = 0;
     bool info = true, config = true, takesCallback = true;
-    int open = 0; ///< handles that were not closed
+    int open = 0;               ///< handles that were not closed
+    int closed = 0;             ///< those that were
+    void (*onOpen)() = nullptr; ///< within the call
     void (*callback)(const char* code, void* userData) = nullptr;
     void* userData = nullptr;
 

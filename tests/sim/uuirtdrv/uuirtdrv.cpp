@@ -1,6 +1,7 @@
 // A driver library with the calls of the USB-UIRT's, scripted by a test.
 #include "tests/sim/uuirtdrv/uuirt_sim.h"
 
+#include <atomic>
 #include <cerrno>
 
 namespace {
@@ -22,14 +23,16 @@ int UUIRTGetDrvInfo(std::uint32_t* version) {
 }
 
 void* UUIRTOpen() {
+    if (sim.onOpen) sim.onOpen();
     errno = sim.openError;
     if (sim.openError != 0) return reinterpret_cast<void*>(~std::uintptr_t{0});
-    ++sim.open;
+    ++std::atomic_ref(sim.open);
     return &sim;
 }
 
 int UUIRTClose(void* device) {
-    --sim.open;
+    --std::atomic_ref(sim.open);
+    ++std::atomic_ref(sim.closed);
     return device == &sim;
 }
 
