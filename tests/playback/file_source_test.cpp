@@ -196,4 +196,32 @@ TEST_F(FileSourceTest, AQuerysTracksAreHandedOverByName) {
     EXPECT_EQ(audio.ListFile, app.File("q.m3u"));
 }
 
+TEST_F(FileSourceTest, AddsAFavouriteOnceAndSaysWhatFailed) {
+    const std::string file = app.Write("favorites.m3u", "#EXTM3U\n" + Song(1));
+    Play(3, 2);
+    const auto add = [&] {
+        player().AddToFavorites();
+        return view.clocks.back();
+    };
+    EXPECT_EQ(add(), "ADDING: " + Song(2));
+    clock.Advance(700);
+    EXPECT_EQ(view.clocks.back(), "ADDING: " + Song(2));
+    clock.Advance(100);
+    EXPECT_EQ(view.clocks.back(), "Saturday, November 21, 2026    12:0");
+    add();
+    EXPECT_EQ(app.Read("favorites.m3u"), "#EXTM3U\n" + Song(1) + "\r\n" + Song(2) + "\r\n");
+    DeleteFileAt(file);
+    audio.VolumeSerial = 77;
+    add();
+    EXPECT_FALSE(FileExists(file)) << "nothing of a disc";
+    audio.VolumeSerial = -1;
+    app.MakeFolder("favorites.m3u"); // cannot be replaced
+    EXPECT_THAT(add(), testing::StartsWith("favorites.m3u cannot be written: "));
+    EXPECT_TRUE(Logged("An error occured in playmp3.AddToFavorites() favorites.m3u cannot be"));
+    std::filesystem::remove(file);
+    app.Write("favorites.m3u", std::string(17 << 20, 'x'));
+    EXPECT_EQ(add(), "favorites.m3u cannot be read");
+    EXPECT_EQ(FileLength(file), 17u << 20);
+}
+
 } // namespace vk::test

@@ -4,6 +4,7 @@
 #include "platform/sound_route.h"
 #include "tuners/fm/radio.h"
 
+#include <functional>
 #include <set>
 #include <string>
 #include <vector>
@@ -21,6 +22,7 @@ class FakeRadio : public Radio {
     void turn_power(bool now) override {
         wrong += open ? 0 : 1;
         on = now;
+        if (onPower) onPower();
     }
     bool set_freq(std::int32_t units) override {
         wrong += open ? 0 : 1;
@@ -38,6 +40,7 @@ class FakeRadio : public Radio {
     int wrong = 0;            ///< calls in a wrong order
     std::int32_t refused = 0; ///< a frequency that cannot be tuned
     std::set<std::int32_t> stereo;
+    std::function<void()> onPower;  ///< runs as it is turned on or off
     std::vector<std::int32_t> sent; ///< frequencies, in units of 50 kHz
 };
 

@@ -7,6 +7,7 @@
 #include "tests/support/fake_radio.h"
 #include "tests/support/fake_serial_port.h"
 #include "tuners/fm/fm_source.h"
+#include "tuners/xm/frames.h"
 #include "tuners/xm/xm_source.h"
 
 namespace vk::test {
@@ -39,7 +40,11 @@ struct TunersTest : testing::Test, AudioFixture {
         ports[0] = {"XMPCR", "/dev/x"};
         receiver.AddChannels(20);
         receiver.script.delayMs = 5;
-        port->onOutput = [this](std::string_view bytes) { receiver.Hear(bytes); };
+        radio.onPower = [this] { EXPECT_EQ(line, 1) << "not heard"; };
+        port->onOutput = [this](std::string_view bytes) {
+            EXPECT_TRUE(bytes != PowerOnFrame() || disc == 1) << "nor it";
+            receiver.Hear(bytes);
+        };
         LineMute& lines = sound.loudness.Lines();
         xm = std::make_unique<frmXMCtl>(frmXMCtl::Needs{
             .base = base,
@@ -66,6 +71,10 @@ struct TunersTest : testing::Test, AudioFixture {
     std::string Row(int row) {
         return list.GetIndexFirstArray(row) + "|" + list.GetTitleListusercontrol(row);
     }
+    /// What the screen says of the source, and of the one that a press selects.
+    std::string Said() {
+        return view.listTitle + ", " + view.mediaType + ", " + view.buttons[PlayerButton::Source];
+    }
     /// Who is heard: the player process, and each tuner whose line is open and which is on.
     std::string Heard() {
         std::string heard = process.status == 1 ? "audio " : "";
@@ -77,9 +86,82 @@ struct TunersTest : testing::Test, AudioFixture {
     RecordingScreen playerScreen;
 };
 
+TEST(SourceTable, GoesRound) {
+    const struct {
+        Tuners tuners;
+        PlayModeValue next[4]; ///< after none, FM, XM and audio files
+    } cases[] = {
+        {{true, true, false}, {PlayNone, PlayXM, PlayAudio, PlayFM}},
+        {{true, true, true}, {PlayNone, PlayAudio, PlayFM, PlayXM}},
+        {{true, false, true}, {PlayNone, PlayAudio, PlayNone, PlayFM}},
+        {{false, true, false}, {PlayNone, PlayNone, PlayAudio, PlayXM}},
+        {{false, false, false}, {PlayNone, PlayNone, PlayNone, PlayNone}},
+    };
+    for (const auto& c : cases)
+        for (int mode = PlayNone; mode <= PlayAudio; ++mode)
+            EXPECT_EQ(NextSource(mode, c.tuners), c.next[mode]) << mode << " in " << &c - cases;
+}
+
+TEST_F(TunersTest, OneButtonGoesThroughAllSourcesAndResumesTheMusic) {
+    app.Write("winamp.ini", "[Winamp]\r\nshuffle=1\r\n");
+    line = 1; // the user's own
+    Choose(9, 4);
+    Command(&AudioPlayer::ReDisplay); // silences tuners that were never on
+    EXPECT_EQ(Said(), "media, mp3icon.gif, fm.gif");
+    process.positionMs = 61000;
+    clock.Advance(1000);
+    Press();
+    EXPECT_EQ(Heard() + Said(), "FM D-Link FM Radio, radio.gif, xm.gif");
+    EXPECT_FALSE(audio.bShuffle || view.shuffle);
+    EXPECT_EQ(view.buttons[PlayerButton::Shuffle], "shuffle.gif");
+    std::string waiting;
+    clock.onEvents = [&] {
+        waiting = view.loading;
+        EXPECT_EQ(audio.PlayMode, PlayFM);
+        Press(); // again while it starts
+    };
+    Press();
+    clock.onEvents = {};
+    EXPECT_EQ(waiting + view.loading, "Please wait while the XM channel list is initialized...");
+    clock.Advance(1000);
+    EXPECT_EQ(Heard() + Said(), "XM XM Satellite Radio, radio.gif, player.gif");
+    EXPECT_EQ(port->opened.size(), 1u);
+    EXPECT_EQ(line, 1);
+    Press();
+    EXPECT_EQ(audio.PlayMode, PlayAudio);
+    EXPECT_EQ(Heard() + process.State(), "audio playing 3 at 61");
+    EXPECT_TRUE(view.shuffle);
+    EXPECT_EQ(view.title + ", " + Said(), "Song4, media, mp3icon.gif, fm.gif");
+}
+
+TEST_F(TunersTest, ASourceStaysWhenTheNextCannotPlay) {
+    settings.values.xmpcr_enabled = false;
+    audio.PlayMode = PlayFM;
+    Enter();
+    player().Wheel(-1); // it tunes by steps
+    EXPECT_EQ(view.artist, "FM 96.30 MHz");
+    Press();
+    EXPECT_EQ(view.clocks.back(), "You must first play an audio file before resuming.");
+    EXPECT_EQ(audio.PlayMode, PlayFM);
+    EXPECT_EQ(settings.Get(setting::currentfreq), 96.3);
+    clock.Advance(5000);
+    EXPECT_EQ(view.clocks.back(), "Saturday, November 21, 2026    12:0");
+    settings.values.dlink_enabled = false;
+    Play(2);
+    EXPECT_EQ(Said(), "media, mp3icon.gif, player.gif");
+    Press();
+    EXPECT_EQ(audio.PlayMode, PlayAudio);
+    settings.values.dlink_enabled = true;
+    settings.Write("audio_player", "VolumeSerial", "77"); // a list on a disc that is gone
+    audio.PlayMode = PlayFM;
+    Press();
+    EXPECT_EQ(menu.Count("ReShow"), 1);
+    EXPECT_EQ(audio.PlayMode, PlayNone);
+}
+
 TEST_F(TunersTest, FMIsTunedByStepsSeeksAndPresets) {
     line = 1;
-    app.Write("presets.lst", "95.1:Radio One\r\n99.9:\r\n");
+    app.Write("presets.lst", " 95.1 :Radio One\r\n99.9:\r\n");
     app.Write("COMMON/FMPICS/Radio One.png", "picture one");
     settings.values.capture = "plughw:CARD=Radio";
     Tuner(PlayFM);
@@ -89,6 +171,7 @@ TEST_F(TunersTest, FMIsTunedByStepsSeeksAndPresets) {
     EXPECT_EQ(Row(0) + Row(1), "Radio One - |95.199.9|");
     player().runok();
     EXPECT_EQ(view.artist + ", " + view.title, "FM 95.10 MHz, Radio One");
+    player().AddToFavorites(); // it is one
     clock.Advance(2000);
     view.FinishCover();
     EXPECT_EQ(view.cover, "picture one");
@@ -145,8 +228,10 @@ TEST_F(TunersTest, XMPlaysAChannelAndShowsWhatItTells) {
     receiver.script.gone = {9};
     clock.Advance(20000);
     EXPECT_EQ(list.ItemCount(), 20) << "a channel has gone";
-    player().AddToFavorites();
-    EXPECT_EQ(app.Read("favorites.xcl"), "6\r\n");
+    app.Write("favorites.xcl", "16\r\n");
+    for (int press = 0; press < 2; ++press)
+        player().AddToFavorites();
+    EXPECT_EQ(app.Read("favorites.xcl"), "16\r\n6\r\n");
     Command(&AudioPlayer::doquit);
     clock.Advance(500);
     EXPECT_EQ(disc, 1);
@@ -187,7 +272,10 @@ TEST_F(TunersTest, AReceiverThatIsNotThereIsLookedForUntilTheUserLeaves) {
     };
     Press();
     EXPECT_THAT(said, Contains("Searching for XMPCR\nXM Com Port: 15"));
-    EXPECT_EQ(view.clocks.back() + Heard(), NoRadio);
+    EXPECT_EQ(view.clocks.back() + Heard() + view.loading, NoRadio);
+    port->opened.clear();
+    Enter(); // back from another screen
+    EXPECT_FALSE(port->opened.empty());
     Play(3);
     clock.onEvents = [&] {
         if (port->opened.size() == 5) QuitMeanwhile();
@@ -196,6 +284,7 @@ TEST_F(TunersTest, AReceiverThatIsNotThereIsLookedForUntilTheUserLeaves) {
     Press();
     EXPECT_EQ(port->opened.size(), 5u);
     EXPECT_EQ(menu.Count("ReShow"), 1);
+    EXPECT_EQ(settings.Read("main", "LastPlayMode"), "3") << "it has not taken over";
     clock.Advance(10);
     EXPECT_FALSE(xm->Searching());
 }
