@@ -28,32 +28,19 @@ class Spy {
   public:
     Spy(Record& record, Screens& screens, std::string name)
         : record_(record), screens_(screens), name_(std::move(name)), real_(*screens.Find(name_)) {
+        auto& seen = const_cast<ScreenOperations&>(*screens.Find(name_));
+        for (auto* operation :
+             {&seen.VolUp, &seen.VolDown, &seen.doquit, &seen.ReShow, &seen.ReDisplay,
+              &seen.DoPause, &seen.DoLayout, &seen.switchingform, &seen.Hide})
+            if (*operation) *operation = [this, run = *operation] { Forward(run); };
+        seen.Form_KeyDown = [this](const std::string& code) {
+            return Command(code == "27", [&] { return real_.Form_KeyDown(code); });
+        };
+        seen.DoAction = [this](const InputCode& code) {
+            return Command(code.Mapped(Action::quit), [&] { return real_.DoAction(code); });
+        };
+        seen.Buttons = nullptr;
         record_.front[name_] = this;
-    }
-    void runok() {}
-    void MoveUp() {}
-    void MoveDown() {}
-    void MoveBack() {}
-    void MoveAhead() {}
-    void VolUp() { Forward(real_.VolUp); }
-    void VolDown() { Forward(real_.VolDown); }
-    void doquit() { Forward(real_.doquit); }
-    void ReShow() { Forward(real_.ReShow); }
-    void ReDisplay() { Forward(real_.ReDisplay ? real_.ReDisplay : real_.ReShow); }
-    void DoPause() { Forward(real_.DoPause); }
-    void DoLayout() { Forward(real_.DoLayout); }
-    void switchingform() { Forward(real_.switchingform); }
-    void Hide() { Forward(real_.Hide); }
-    bool Repeats(const InputCode& key) const {
-        return real_.Repeats ? real_.Repeats(key) : GoesOnWhileHeld(key);
-    }
-    bool Form_KeyDown(const std::string& code) {
-        const auto run = real_.Form_KeyDown;
-        return Command(code == "27", [&] { return run(code); });
-    }
-    bool DoAction(const InputCode& code) {
-        const auto run = real_.DoAction;
-        return Command(code.Mapped(Action::quit), [&] { return run(code); });
     }
 
   private:
@@ -64,7 +51,7 @@ class Spy {
     }
     void Forward(const std::function<void()>& operation) const {
         const auto run = operation; // the screen may be made anew meanwhile
-        if (Alive() && run) run();
+        if (Alive()) run();
     }
     // A screen may hand on to another what it was asked; nothing else comes to one behind, and
     // nothing while something runs.
@@ -109,7 +96,6 @@ class RandomRun : public WiredSystem {
             const ScreenOperations* screen = host().screens.Find(name);
             if (!screen || (spied_ && screen->doquit.target_type() == *spied_)) continue;
             spies_.push_back(std::make_unique<Spy>(record_, host().screens, name));
-            host().screens.Add(name, *spies_.back());
             spied_ = &host().screens.Find(name)->doquit.target_type();
         }
     }

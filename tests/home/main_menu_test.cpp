@@ -129,55 +129,40 @@ TEST_F(MainMenuTest, TheBrowserOpensAtTheMediaFolderAndWhatIsNotConfiguredSaysSo
 TEST_F(MainMenuTest, TheRadioTileStartsTheTunerThatIsThereOrFirst) {
     settings.Write("xmpcr_tuner", "PresetList", "/lists/my.xcl");
     settings.Write("xmpcr_tuner", "ListTitle", "My list");
-    const struct {
-        bool fm, xm;
-        const char* first;
-        std::int32_t mode;
-        std::string title;
-    } cases[] = {{true, true, "0", PlayFM, "D-Link FM Radio"},
-                 {true, true, "1", PlayXM, "My list"},
-                 {true, false, "1", PlayFM, "D-Link FM Radio"},
-                 {false, true, "0", PlayXM, "My list"}};
-    for (const auto& c : cases) {
-        settings.values.dlink_enabled = c.fm;
-        settings.values.xmpcr_enabled = c.xm;
-        settings.Write("main", "firstradiotype", c.first);
+    settings.values.xmpcr_enabled = true;
+    for (const auto& [fm, first, mode, title] : {std::tuple(true, "0", PlayFM, "D-Link FM Radio"),
+                                                 {true, "1", PlayXM, "My list"},
+                                                 {false, "0", PlayXM, "My list"}}) {
+        settings.values.dlink_enabled = fm;
+        settings.Write("main", "firstradiotype", first);
         EXPECT_EQ(Start(5), "playmp3.ReShow");
-        EXPECT_EQ(audio.PlayMode, c.mode);
-        EXPECT_EQ(audio.ListTitle, c.title);
+        EXPECT_EQ(audio.PlayMode, mode);
+        EXPECT_EQ(audio.ListTitle, title);
         EXPECT_TRUE(audio.bStartPlaying);
     }
 }
 
 TEST_F(MainMenuTest, AudioResumesWhatWasSavedOrOpensTheBrowser) {
-    const auto set = [this](const char* key, const char* value) {
-        settings.Write("audio_player", key, value);
-    };
-    set("currenttrack", "4");
-    set("CurrentPosition", "61");
-    set("volumeserial", "-1");
+    settings.Write("audio_player", "CurrentPosition", "61");
     settings.values.DoResume = true;
-    EXPECT_EQ(Start(1), "playlists.ReShow") << "no list";
-    app.Write("vk_audio.m3u", "");
-    EXPECT_EQ(Start(1), "playlists.ReShow") << "an empty list";
-    app.Write("vk_audio.m3u", "/cd/a.mp3\n");
-    EXPECT_EQ(Start(1), "playmp3.ReShow");
+    const struct {
+        const char *list, *track, *disc;
+        bool plays;
+    } cases[] = {{nullptr, "4", "-1", false},
+                 {"", "4", "-1", false},
+                 {"/cd/a.mp3\n", "0", "-1", false},
+                 {"/cd/a.mp3\n", "4", "77", false}, // there is no drive
+                 {"/cd/a.mp3\n", "4", "-1", true}};
+    for (const auto& c : cases) {
+        if (c.list) app.Write("vk_audio.m3u", c.list);
+        settings.Write("audio_player", "currenttrack", c.track);
+        settings.Write("audio_player", "volumeserial", c.disc);
+        EXPECT_EQ(Start(1), c.plays ? "playmp3.ReShow" : "playlists.ReShow") << &c - cases;
+    }
     EXPECT_EQ(std::tie(audio.PlayMode, audio.TrackToSelect, audio.ResumePosition),
               std::tuple(PlayAudio, 5, 61));
     EXPECT_TRUE(audio.bStartPlaying && audio.bResuming);
     EXPECT_EQ(audio.ListFile, app.File("vk_audio.m3u"));
-    set("currenttrack", "0");
-    EXPECT_EQ(Start(1), "playlists.ReShow") << "track 0";
-    set("currenttrack", "4");
-    set("volumeserial", "77");
-    EXPECT_EQ(Start(1), "playlists.ReShow") << "no drive";
-    settings.values.CDDriveLetter = "/cd";
-    volumes.drives = {{"/cd", DriveType::CdRom}};
-    volumes.ready = {"/cd"};
-    for (const int disc : {78, 77}) {
-        volumes.serials["/cd"] = disc;
-        EXPECT_EQ(Start(1), disc == 77 ? "playmp3.ReShow" : "playlists.ReShow") << disc;
-    }
 }
 
 TEST_F(MainMenuTest, ComingBackSilencesThePlayerAndUnloadsTheSettings) {

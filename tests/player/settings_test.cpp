@@ -7,29 +7,22 @@
 namespace vk::test {
 namespace {
 
-TEST(PlayerSettings, TakesItsKeysInAnySpelling) {
+TEST(PlayerSettings, TakesItsKeysInAnySpellingAndDefaultsForNonsense) {
     TempFolder folder;
-    const PlayerSettings settings = ReadPlayerSettings(
+    PlayerSettings settings = ReadPlayerSettings(
         folder.Write("winamp.ini", "[Winamp]\r\nShuffle = -1\r\nrepeat=1\r\npladv = 0\r\n"
                                    "Volume = 200\r\nuse_eq = 1\r\npreamp = 20\r\n"
                                    "eq_data=4,31,x,99,63\r\n"));
-    EXPECT_TRUE(settings.shuffle);
-    EXPECT_TRUE(settings.repeat);
-    EXPECT_FALSE(settings.advance);
+    EXPECT_TRUE(settings.shuffle && settings.repeat && !settings.advance);
     EXPECT_EQ(settings.volume, 200);
     EXPECT_TRUE(settings.equaliser.on);
     EXPECT_EQ(settings.equaliser.preamp, 20);
     EXPECT_EQ(settings.equaliser.bands,
               (std::array<int, 10>{4, 31, 31, 31, 63, 31, 31, 31, 31, 31}));
-}
-
-TEST(PlayerSettings, NonsenseGivesTheDefaults) {
-    TempFolder folder;
     folder.Write("bad.ini", "[winamp]\nshuffle=on\nVolume=-3\npladv=yes\npreamp=64\n");
     for (const char* file : {"bad.ini", "none.ini"}) {
-        const PlayerSettings settings = ReadPlayerSettings(folder.File(file));
-        EXPECT_FALSE(settings.shuffle);
-        EXPECT_TRUE(settings.advance);
+        settings = ReadPlayerSettings(folder.File(file));
+        EXPECT_TRUE(!settings.shuffle && settings.advance);
         EXPECT_EQ(settings.volume, 255);
         EXPECT_EQ(settings.equaliser.preamp, 31);
     }
