@@ -1,14 +1,19 @@
 // The tuners: frames of the satellite receiver's link a second, a list of all channels on the
-// screen, and from a step of the FM radio to its library.
+// screen, and from a key to the FM radio's library.
 #include "library/channels/channel_table.h"
+#include "playback/screen/playmp3.h"
 #include "tests/playback/audio_fixture.h"
 #include "tests/support/fake_radio.h"
 #include "tests/support/fake_serial_port.h"
-#include "tuners/fm/fm_tuner.h"
+#include "tuners/fm/fm_source.h"
 #include "tuners/xm/frames.h"
 #include "tuners/xm/xm_source.h"
 
+#include <QApplication>
+
 #include <benchmark/benchmark.h>
+
+#include <cstdlib>
 
 namespace vk::test {
 namespace {
@@ -45,45 +50,78 @@ void ActOnSongs(benchmark::State& state) {
 }
 BENCHMARK(ActOnSongs);
 
-struct FullTable : AudioFixture {
-    ChannelTable channels;
-    FullTable() {
+/// The player's screen, with both tuners as its sources and every channel known.
+struct Tuned : AudioFixture {
+    explicit Tuned(PlayModeValue mode) {
         settings.LoadSettings();
         for (int i = 1; i <= ChannelTable::LastChannel; ++i)
             channels.channelTable[static_cast<std::size_t>(i)] = {
                 "Channel " + std::to_string(i), "Artist", "Song", "Rock", true, {}};
-        sources[PlayXM] = [this](const SourceContext& context) {
-            return std::make_unique<XMSource>(context, *xm, channels);
+        sources[PlayFM] = [this](const SourceContext& context) {
+            return std::make_unique<FMSource>(context, tuner, route);
         };
+        sources[PlayXM] = [this](const SourceContext& context) {
+            return std::make_unique<XMSource>(context, xm, channels);
+        };
+        state.ScreenWidth = 800;
+        state.ScreenHeight = 480;
+        skin.LoadSkin();
+        host.resize(800, 480);
+        host.show();
+        screen = std::make_unique<playmp3>(context, Needs(), &host);
+        screens.Add("playmp3", screen->player(), *screen);
+        audio.PlayMode = mode;
     }
-    std::unique_ptr<frmXMCtl> xm =
-        std::make_unique<frmXMCtl>(frmXMCtl::Needs{.base = base,
-                                                   .channels = channels,
-                                                   .port = std::make_unique<FakeSerialPort>(),
-                                                   .ports = [] { return SerialList(); },
-                                                   .line = {[] {}, [] {}},
-                                                   .plays = [] { return true; }});
+    PlayerSource& Source() { return *screen->player().sources().Find(audio.PlayMode); }
+
+    ChannelTable channels;
+    frmXMCtl xm{{.base = base,
+                 .channels = channels,
+                 .port = std::make_unique<FakeSerialPort>(),
+                 .ports = [] { return SerialList(); },
+                 .line = {[] {}, [] {}},
+                 .plays = [] { return true; }}};
+    FakeRadio radio;
+    FakeSoundRoute route;
+    FMTuner tuner{base, [this](std::string&) { return std::make_unique<RadioLink>(radio); }};
+    SkinStore skin{{state, settings, fonts, dialogs, report, [] { return 800; }}};
+    PictureCache pictures{skin};
+    ControlContext context{state, settings.values, skin, pictures, clock, pump, commands};
+    QWidget host;
+    std::unique_ptr<playmp3> screen;
 };
 
-void FillChannelList(benchmark::State& state) {
-    FullTable full;
-    full.audio.PlayMode = PlayXM;
-    for (auto _ : state)
-        full.player().sources().Find(PlayXM)->LoadPlaylist();
-    full.made.reset();
+/// All channels, from the order to load them to the painted picture.
+void ShowChannelList(benchmark::State& state) {
+    Tuned tuned(PlayXM);
+    for (auto _ : state) {
+        tuned.Source().LoadPlaylist();
+        benchmark::DoNotOptimize(tuned.host.grab());
+    }
+    auto* list = static_cast<UCListBox*>(tuned.screen->findChild<QWidget*>("UCListBox"));
+    if (list->model().ItemCount() != ChannelTable::LastChannel)
+        state.SkipWithError("channels are missing");
 }
-BENCHMARK(FillChannelList)->Unit(benchmark::kMillisecond);
+BENCHMARK(ShowChannelList)->Unit(benchmark::kMillisecond);
 
-void StepToLibrary(benchmark::State& state) {
-    CoreFixture core;
-    core.settings.LoadSettings();
-    FakeRadio radio;
-    FMTuner tuner(core.base, [&](std::string&) { return std::make_unique<RadioLink>(radio); });
-    tuner.TurnOn(96.5);
+/// A key of fine tuning, from the screen in front to the library's `set_freq`.
+void KeyToLibrary(benchmark::State& state) {
+    Tuned tuned(PlayFM);
+    tuned.keys[Action::FF] = "70";
+    tuned.screen->player().ReShow();
+    const std::size_t before = tuned.radio.sent.size();
     for (auto _ : state)
-        tuner.FineTuneUp();
+        tuned.screens.Find("playmp3")->Form_KeyDown("70");
+    if (tuned.radio.sent.size() <= before) state.SkipWithError("nothing was tuned");
 }
-BENCHMARK(StepToLibrary);
+BENCHMARK(KeyToLibrary)->Unit(benchmark::kMillisecond)->Iterations(20000);
 
 } // namespace
 } // namespace vk::test
+
+int main(int argc, char** argv) {
+    setenv("QT_QPA_PLATFORM", "offscreen", 0);
+    QApplication qt(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+}

@@ -148,6 +148,18 @@ TEST_F(XMTest, SelectsAChannelAndFollowsItsSong) {
     EXPECT_TRUE(Logged("error in frmXMCtl.SetChannel() Overflow"));
 }
 
+TEST_F(XMTest, FramesMayComeInPiecesTogetherOrOfAWrongLength) {
+    receiver.AddChannels(8);
+    TurnOn();
+    const SimScript lines[] = {{.pieceSize = 3}, {.delayMs = 5, .merge = true}, {.tells39 = true}};
+    for (int channel = 2; const SimScript& line : lines) {
+        receiver.script = line;
+        EXPECT_TRUE(xm().SetChannel(channel));
+        clock.Advance(3000);
+        EXPECT_EQ(State().currentArtist, "Artist " + std::to_string(channel++));
+    }
+}
+
 TEST_F(XMTest, AsksOnceMoreThenGivesTheLinkUpUntilItIsTurnedOffAndOn) {
     RecordingScreen player;
     screens.Add("playmp3", player);

@@ -72,6 +72,8 @@ class Workbench {
         {"silent", [this](int on) { receiver_.script.silent = on != 0; }},
         {"delay", [this](int ms) { receiver_.script.delayMs = ms; }},
         {"noise", [this](int bytes) { receiver_.script.noise.assign(std::size_t(bytes), '\x55'); }},
+        {"split", [this](int bytes) { receiver_.script.pieceSize = std::size_t(bytes); }},
+        {"merge", [this](int on) { receiver_.script.merge = on != 0; }},
         {"tells39", [this](int on) { receiver_.script.tells39 = on != 0; }},
         {"refuse", [this](int channel) { receiver_.script.refused.insert(channel); }},
         {"remove", [this](int channel) { receiver_.script.gone.insert(channel); }},
@@ -87,6 +89,7 @@ class Workbench {
 } // namespace vk::test
 
 int main(int argc, char** argv) {
+    std::ios::sync_with_stdio(false); // so that what waits is known
     const QCoreApplication application(argc, argv);
     if (argc != 2) {
         std::cerr << "usage: xm_receiver LINK\n";
@@ -96,8 +99,10 @@ int main(int argc, char** argv) {
     QSocketNotifier input(0, QSocketNotifier::Read);
     QObject::connect(&input, &QSocketNotifier::activated, &input, [&] {
         std::string line;
-        if (std::getline(std::cin, line)) return bench.Command(line);
-        input.setEnabled(false);
+        do { // several may have come at once
+            if (!std::getline(std::cin, line)) return input.setEnabled(false);
+            bench.Command(line);
+        } while (std::cin.rdbuf()->in_avail() > 0);
     });
     return QCoreApplication::exec();
 }

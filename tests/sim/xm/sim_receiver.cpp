@@ -63,37 +63,28 @@ void SimReceiver::Act(std::string_view payload) {
     const auto byte = [&](std::size_t at) {
         return at < payload.size() ? static_cast<unsigned char>(payload[at]) : 0;
     };
-    if (byte(0) == 0x74) {
-        ++heard["opening"];
-    } else if (byte(0) == 0x00) {
-        ++heard["on"];
+    if (byte(0) == 0x00) {
         on = true;
         tuned = 0;
         std::string answer = Zeros(32, {0x80, 0x10});
         Put(answer, 19, 8, script.id);
         Answer(answer);
     } else if (byte(0) == 0x01) {
-        ++heard["off"];
         on = false;
         Answer(Zeros(3, {0x81}));
     } else if (byte(0) == 0x10) {
-        ++heard["select"];
         const bool taken = channels.contains(byte(2)) && !script.refused.contains(byte(2));
         if (taken) tuned = byte(2);
         Answer(Zeros(6, {0x90, 0x10, taken ? 0 : 4, 0, byte(2)}));
     } else if (byte(0) == 0x50) {
-        ++heard["monitor"];
         Answer(Zeros(6, {0xD0, 1, 0, script.monitor}));
         if (script.monitor != 0) Notify();
     } else if (byte(0) == 0x25 && byte(1) == 0x08) {
-        ++heard["info"];
         Answer(Info(byte(2)));
     } else if (byte(0) == 0x25) {
-        ++heard["next"];
         const auto next = channels.upper_bound(byte(2));
         Answer(Info(next == channels.end() ? 0 : next->first));
     } else if (byte(0) == 0x43) {
-        ++heard["signal"];
         std::string answer = Zeros(26, {0xC3, 0, 0, script.signal, script.antenna});
         answer[16] = static_cast<char>(script.terrestrial >> 8);
         answer[17] = static_cast<char>(script.terrestrial);
@@ -101,7 +92,6 @@ void SimReceiver::Act(std::string_view payload) {
         answer[25] = static_cast<char>(script.satelliteB);
         Answer(answer);
     } else if (byte(0) == 0x31) {
-        ++heard["id"];
         std::string answer = Zeros(12, {0xB1});
         Put(answer, 4, 8, "VK654321");
         Answer(answer);

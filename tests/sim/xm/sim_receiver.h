@@ -56,7 +56,6 @@ class SimReceiver {
     std::map<int, SimChannel> channels;
     bool on = false;
     int tuned = 0;
-    std::map<std::string, int> heard; ///< by the command: "on", "off", "select", "next" ...
 
   private:
     void TakeFrames();
