@@ -65,15 +65,16 @@ class Tuners {
         const auto text = [this](std::string XMPageTexts::*label) {
             return ProgressRow([this, label] { return n_.xm.page.*label; });
         };
-        return {Named(std::move(enabled), "ckXM_Enabled"),
-                Named(text(&XMPageTexts::lbXMStatus), "lbXMStatus"),
-                Named(text(&XMPageTexts::lblXMID), "lblXMID", Row::Third),
-                Named(text(&XMPageTexts::lbXMPort), "lbXMPort", Row::Third),
-                Named(std::move(signal), "pbXMSignal", Row::Third),
-                InputRow(setting::xmpcr_audio_input, "cboXMInput"),
-                IntervalRow(),
-                TimeoutRow(),
-                Named(ToggleRow(store_, setting::hideXMChanNo), "ckHideChanNo")};
+        return {
+            Named(std::move(enabled), "ckXM_Enabled"),
+            Named(ProgressRow([this] { return n_.xm.page.lbXMStatus + XMName(); }), "lbXMStatus"),
+            Named(text(&XMPageTexts::lblXMID), "lblXMID", Row::Third),
+            Named(text(&XMPageTexts::lbXMPort), "lbXMPort", Row::Third),
+            Named(std::move(signal), "pbXMSignal", Row::Third),
+            InputRow(setting::xmpcr_audio_input, "cboXMInput"),
+            IntervalRow(),
+            TimeoutRow(),
+            Named(ToggleRow(store_, setting::hideXMChanNo), "ckHideChanNo")};
     }
     std::vector<Row> ButtonRows() {
         Row caption = ProgressRow([] { return std::string("Main Menu Button Function"); });
@@ -107,6 +108,9 @@ class Tuners {
         return std::string(what) + (on ? "\non" : "\noff");
     }
     std::string FMName() const { return name_.empty() ? "not found" : name_; }
+    std::string XMName() const {
+        return n_.xm.On() ? "\n" + store_.Get(setting::portname) : std::string();
+    }
     void Disabled() {
         n_.xm.page.ShowStatus("XMPCR Disabled");
         n_.xm.page.ShowId("");

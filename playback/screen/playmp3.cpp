@@ -223,6 +223,7 @@ void playmp3::Dress() {
     dress(lblShuffle_, skin.headingbarfont, skin.currentsongclr, Qt::AlignRight);
     dress(lbLoading_, skin.headingbarfont, skin.HeadingBarForegroundClr, Qt::AlignHCenter);
     lbLoading_.SetGround(ToQColor(skin.HeadingBarBackgroundClr), height() / 40);
+    lbLoading_.SetWrap(true);
     UCST_.ScrollText(UCST_.Text(), skin.currentsongclr, ShadowFor(ToQColor(skin.currentsongclr)),
                      skin.Titlefont);
     UCST_.SetBackground(skin.playmp3);

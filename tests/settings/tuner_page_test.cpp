@@ -77,7 +77,7 @@ TEST_F(TunerPageTest, TheReceiverIsLookedForAndLeft) {
     EXPECT_EQ(Says("pbXMSignal"), "Antenna Disconnected");
     page.leave();
     page.enter();
-    EXPECT_EQ(Says("lbXMStatus"), "Found XMPCR");
+    EXPECT_EQ(Says("lbXMStatus"), "Found XMPCR\nXMPCR") << "by its port's name, too";
     Find("ckXM_Enabled").use();
     EXPECT_FALSE(xm().On() || port->PortOpen());
     EXPECT_EQ(Says("lbXMStatus") + Says("lbXMPort"), "XMPCR DisabledXM Com Port: ");

@@ -151,7 +151,9 @@ TEST_F(XMTest, SelectsAChannelAndFollowsItsSong) {
 TEST_F(XMTest, FramesMayComeInPiecesTogetherOrOfAWrongLength) {
     receiver.AddChannels(8);
     TurnOn();
-    const SimScript lines[] = {{.pieceSize = 3}, {.delayMs = 5, .merge = true}, {.tells39 = true}};
+    const SimScript lines[] = {{.delayMs = 5, .pieceSize = 3},
+                               {.delayMs = 5, .pieceSize = 3, .merge = true},
+                               {.delayMs = 5, .tells39 = true}};
     for (int channel = 2; const SimScript& line : lines) {
         receiver.script = line;
         EXPECT_TRUE(xm().SetChannel(channel));
