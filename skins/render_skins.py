@@ -1,8 +1,9 @@
 #!/usr/bin/env python3
 """Render the skins that ship: render_skins.py OUTDIR
 
-For each palette in palettes/ writes OUTDIR/<palette>.skn and the pictures of pictures.txt into
-OUTDIR/<palette>/. Needs rsvg-convert (librsvg2-bin), mogrify (imagemagick) and DejaVu Sans
+For each palette in palettes/ writes OUTDIR/<palette>.skn and, into OUTDIR/<palette>/, the pictures of
+pictures.txt and GPSMain.isn with its pictures; these in the first palette also into COMMON/GPSPICS beside OUTDIR,
+for skins without any. Needs rsvg-convert (librsvg2-bin), mogrify (imagemagick) and DejaVu Sans
 (fonts-dejavu-core). Does nothing for a skin whose files are all newer than the sources."""
 
 import configparser
@@ -13,8 +14,11 @@ import sys
 from concurrent.futures import ThreadPoolExecutor
 from pathlib import Path
 
+import gps_pictures
+
 HERE = Path(__file__).resolve().parent
-OWN_SOURCES = ("render_skins.py", "pictures.txt", "torque.skn.in")
+OWN_SOURCES = ("render_skins.py", "gps_pictures.py", "pictures.txt", "torque.skn.in", "gpsmain.isn.in")
+COMMON_PALETTE = "Torque"
 PLACEHOLDER = re.compile(r"@([A-Z_]+)@")
 # A GIF pixel is there or not: cut at half, without dithering the flat colours.
 GIF_OPTIONS = ["-channel", "A", "-threshold", "50%", "+channel", "+dither"]
@@ -79,14 +83,43 @@ def skin_text(palette):
     return fill((HERE / "torque.skn.in").read_text(encoding="utf-8"), values, "torque.skn.in")
 
 
+def isn_text(palette):
+    values = {name: skin_number(colour) for name, colour in palette["colors"].items()}
+    return fill(gps_source(), values, "gpsmain.isn.in")
+
+
+def gps_source():
+    return (HERE / "gpsmain.isn.in").read_text(encoding="utf-8")
+
+
+def draw_map_screen(palette, folder, isn):
+    """The .isn and its pictures."""
+    folder.mkdir(parents=True, exist_ok=True)
+    pngs = []
+    for file, audio, external, pressed in gps_pictures.pictures(gps_source()):
+        svg = gps_pictures.svg_of(gps_source(), HERE / "svg", audio, external)
+        png = (folder / file).with_suffix(".png")
+        colours = colours_of(palette, "chosen" if pressed else "plain")
+        subprocess.run(["rsvg-convert", "-o", png], input=fill(svg, colours, file).encode(), check=True)
+        pngs.append(png)
+    convert(pngs, "jpg", JPEG_OPTIONS)
+    (folder / isn).write_text(isn_text(palette), encoding="utf-8")
+
+
 def newest_source(palette_path):
     sources = [palette_path, *(HERE / name for name in OWN_SOURCES)]
     sources += [*(HERE / "svg").glob("*.svg"), *(HERE / "frames").glob("*.svg")]
     return max(p.stat().st_mtime for p in sources)
 
 
+def common_folder(out):
+    return out.parent / "COMMON" / "GPSPICS"
+
+
 def is_current(skin, folder, rows, palette_path):
-    wanted = [skin, *(folder / row[0] for row in rows)]
+    wanted = [skin, *(folder / row[0] for row in rows), folder / "GPSMain.isn"]
+    if skin.stem == COMMON_PALETTE:
+        wanted.append(common_folder(skin.parent) / "DEFAULT.isn")
     if not all(p.is_file() for p in wanted):
         return False
     return min(p.stat().st_mtime for p in wanted) > newest_source(palette_path)
@@ -124,6 +157,9 @@ def render(palette_path, out):
     shutil.rmtree(fresh, ignore_errors=True)
     fresh.mkdir(parents=True)
     draw_pictures(rows, palette, fresh)
+    draw_map_screen(palette, fresh, "GPSMain.isn")
+    if name == COMMON_PALETTE:
+        draw_map_screen(palette, common_folder(out), "DEFAULT.isn")
     shutil.rmtree(folder, ignore_errors=True)
     fresh.rename(folder)
     skin.write_text(skin_text(palette), encoding="utf-8")
