@@ -21,11 +21,15 @@ TextEntry::TextEntry(KeyboardModel& keyboard, TextEntryView& view)
     keyboard_.onEscape = [this] { Cancel(); };
 }
 
-void TextEntry::Open(TextQuestion question) {
+void TextEntry::Ask(TextQuestion question) {
     question_ = std::move(question);
     keyboard_.SetCaption(question_.caption);
     keyboard_.SetValue(question_.value);
     if (question_.startOnOK) keyboard_.MarkKey(KeyboardModel::OKKey);
+}
+
+void TextEntry::Open(TextQuestion question) {
+    Ask(std::move(question));
     view_.SlideKeyboard(true);
     open_ = true;
 }
@@ -44,6 +48,8 @@ void TextEntry::Take(const std::string& text) {
     if (!open_) return;
     const std::string refused = question_.refuse ? question_.refuse(text) : std::string();
     if (!refused.empty()) return keyboard_.SetCaption(refused);
+    const auto next = question_.next;
+    if (const auto following = next ? next(text) : nullptr) return Ask(*following);
     Answer(text);
 }
 

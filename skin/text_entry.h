@@ -5,6 +5,7 @@
 #include "skin/keyboard_model.h"
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -26,6 +27,9 @@ struct TextQuestion {
     /// Looks at a text before it is taken: "" takes it, anything else is shown as the caption, and
     /// the keyboard stays. Empty: every text is taken.
     std::function<std::string(const std::string& text)> refuse = {};
+    /// Looks at a text that is taken and gives what is asked next, on the same keyboard; nothing
+    /// ends the asking. Empty: nothing follows.
+    std::function<std::shared_ptr<TextQuestion>(const std::string& text)> next = {};
     /// Called when the keyboard has gone; without a text when the user has left it.
     std::function<void(const std::optional<std::string>& text)> answer;
     bool startOnOK = false; ///< the value is most often taken as it is: Enter does it
@@ -55,6 +59,7 @@ class TextEntry {
     static bool Repeats(const InputCode& key);
 
   private:
+    void Ask(TextQuestion question);
     void Take(const std::string& text);
     void Answer(const std::optional<std::string>& text);
 

@@ -425,8 +425,11 @@ Favorite FileSource::SelectedFavorite() {
     return track && !track->IsDiscTrack() ? AudioFavorite(track->path) : Favorite{};
 }
 
-// The player process is asked only where the stopwatch stands, as behind another screen.
+// Behind another screen nothing else follows the player process; and where the stopwatch stands it
+// is asked.
 NowPlaying FileSource::Now() {
+    FollowTrack();
+    ShowStreamTitle();
     const Track* track = c_.rows.Find(audio_.CurrentTrack);
     if (!track) return {};
     const bool known = position_.Known();

@@ -37,6 +37,7 @@ class TouchButton : public QWidget {
     std::function<void()> onClick; ///< released inside
 
   protected:
+    bool IsHeld() const { return pressed_; }
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
