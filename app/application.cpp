@@ -72,7 +72,8 @@ astart::Needs Application::StartNeeds() {
     const Ports& ports = host_.ports;
     return {.base = host_.base,
             .machine = {ports.machine.instance, ports.machine.programs, ports.machine.registry,
-                        ports.sound.player, ports.screen.metrics, ports.machine.environment},
+                        ports.sound.player, ports.screen.metrics, ports.machine.environment,
+                        [this] { return rooms_.navigation.GetDestinatorInstalled(); }},
             .loading = host_.background,
             .skin = host_.skin,
             .keys = host_.keys,

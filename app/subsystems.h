@@ -22,8 +22,8 @@ struct Subsystems {
     Host& host;
     InputModule input{host};
     LibraryModule library{host};
-    NavigationModule navigation{host};
-    PlaybackModule playback{host, library, navigation};
+    PlaybackModule playback{host, library};
+    NavigationModule navigation{host, library, playback};
     TunersModule tuners{host, library, playback};
     VideoModule video{host, library, navigation, playback};
     BrowserModule browser{host, library, playback};

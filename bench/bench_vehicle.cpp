@@ -46,7 +46,8 @@ class Running {
                     real.sound,
                     real.remote,
                     {power, real.vehicle.gamma, real.vehicle.backlight},
-                    real.tuners};
+                    real.tuners,
+                    real.navigation};
         ports.remote.serial = [this] {
             auto made = std::make_unique<FakeSerialPort>();
             serial = made.get();

@@ -7,6 +7,7 @@
 #include "platform/child_process.h"
 #include "platform/clock.h"
 #include "platform/fonts.h"
+#include "platform/foreign_windows.h"
 #include "platform/gamma.h"
 #include "platform/input_line.h"
 #include "platform/instance_lock.h"
@@ -50,6 +51,9 @@ struct MachinePorts {
 struct ScreenPorts {
     const Fonts& fonts;
     std::function<ScreenMetrics()> metrics;
+    /// An object of its own for everybody who asks, as each hears of what it has asked for alone;
+    /// null, and empty, on a display whose windows cannot be taken.
+    std::function<std::unique_ptr<ForeignWindows>()> foreignWindows = {};
 };
 
 /// Who is told of the sound card, on the user-interface thread; set by what uses the card.

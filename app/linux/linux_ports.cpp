@@ -4,6 +4,7 @@
 #include "platform/film_library.h"
 #include "platform/linux/power/gpio_line.h"
 #include "platform/qt/qt_child_process.h"
+#include "platform/qt/qt_foreign_windows.h"
 #include "platform/qt/qt_local_stream.h"
 #include "platform/qt/qt_serial_port.h"
 #include "platform/qt/qt_window_layer.h"
@@ -25,7 +26,7 @@ Ports LinuxPorts::ports() {
     return {
         .machine = {clock_, uiThread_, locale_, volumes_, *programs_, *instance_,
                     [] { return std::make_unique<QtChildProcess>(); }, registry_, Environment},
-        .screen = {fonts_, QtScreenMetrics},
+        .screen = {fonts_, QtScreenMetrics, MakeForeignWindows},
         .sound = {mixer_, soundInput_, *player_, beeper_, listener_},
         .remote = {.serial = [this] { return std::make_unique<QtSerialPort>(serialOwners_); },
                    .stream = [] { return std::make_unique<QtLocalStream>(); },

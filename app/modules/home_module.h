@@ -1,6 +1,7 @@
 // The main menu, and what its icons and the power key start.
 #pragma once
 
+#include "app/modules/navigation_module.h"
 #include "app/modules/settings_module.h"
 #include "app/modules/tuners_module.h"
 #include "app/modules/vehicle_module.h"

@@ -5,8 +5,8 @@
 
 namespace vk {
 
-PlaybackModule::PlaybackModule(Host& host, LibraryModule& library, NavigationModule& navigation)
-    : Module(host.modules), host_(host), library_(library), navigation_(navigation) {
+PlaybackModule::PlaybackModule(Host& host, LibraryModule& library)
+    : Module(host.modules), host_(host), library_(library) {
     host_.ports.sound.listener = {
         .changed = [this](bool present) { SoundCardChanged(present); },
         .log = [this](const std::string& text) { host_.log.WriteDebugLog(text); }};
@@ -87,7 +87,10 @@ AudioPlayer::Needs PlaybackModule::Needs() {
             .sources = sources,
             .tagOf = [this](const std::string& path) { return library_.tags.GetDBTag(path); },
             .checkDaylight = [this] { host_.daylight.Check(); },
-            .loadGPS = [this] { navigation_.Show(); }};
+            .loadGPS =
+                [this] {
+                    if (loadGPS) loadGPS();
+                }};
 }
 
 std::vector<CatalogueRow> PlaybackModule::Query(const std::string& sql) {

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "app/modules/library_module.h"
-#include "app/modules/navigation_module.h"
 #include "playback/audio_state.h"
 #include "playback/c_winamp.h"
 #include "playback/loudness.h"
@@ -20,7 +19,7 @@ namespace vk {
 
 class PlaybackModule : public Module {
   public:
-    PlaybackModule(Host& host, LibraryModule& library, NavigationModule& navigation);
+    PlaybackModule(Host& host, LibraryModule& library);
     ~PlaybackModule() override;
 
     std::vector<LoadStep> Steps() override;
@@ -49,6 +48,7 @@ class PlaybackModule : public Module {
     VideoState video;
     std::unique_ptr<cWinamp> winamp; ///< made by the start
     TransportLink transport;         ///< of whoever plays
+    std::function<void()> loadGPS;   ///< shows the map; set by who has it
     SourceMakers sources; ///< the subsystem of a source adds its own before the screens are made
 
   private:
@@ -59,7 +59,6 @@ class PlaybackModule : public Module {
 
     Host& host_;
     LibraryModule& library_;
-    NavigationModule& navigation_;
     std::unique_ptr<cVolume> volume_;
     std::unique_ptr<Loudness> loudness_;
     std::unique_ptr<playmp3> screen_;

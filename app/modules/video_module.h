@@ -1,6 +1,7 @@
 // Films: the movie player's screen.
 #pragma once
 
+#include "app/modules/navigation_module.h"
 #include "app/modules/playback_module.h"
 #include "video/screen/playmovie.h"
 

@@ -50,6 +50,27 @@ TEST_F(WiringTest, TheStartLeadsToTheMenuAndTheScreensMeetByName) {
     ExpectGone("from the menu");
 }
 
+TEST_F(WiringTest, TheMapIsReachedFromTheMenuAndLeftWhenTheMachineSleeps) {
+    dir.Write("kb.ini", "[keyboard]\ngps=71\n");
+    dir.Write("settings.ini", dir.Read("settings.ini") + "[GPS]\nGPSModule=1\nmap=town.bin\n");
+    ASSERT_TRUE(Make().Start());
+    EXPECT_EQ(Logged("Destinator Version: 0.0"), 1u);
+    EXPECT_EQ(engine.asked, std::vector<std::string>{"start town.bin "});
+    Pass(1000);
+    Key(Qt::Key_G);
+    EXPECT_EQ(Front(), "frmGPS");
+    EXPECT_TRUE(engine.portOpen);
+    power.onBroadcast(4, 0);
+    EXPECT_EQ(Front(), HomeScreen);
+    EXPECT_FALSE(engine.portOpen);
+    power.onBroadcast(7, 0);
+    Pass(1000);
+    Key(Qt::Key_G);
+    app->Quit(true);
+    ExpectGone("from the map");
+    EXPECT_EQ(engine.state, EngineState::Stopped);
+}
+
 TEST_F(WiringTest, TheScreensAreMadeAnewAfterTheSettingsWhichGoOnlyWithoutADialog) {
     ASSERT_TRUE(Make().Start());
     Pass(1000);
