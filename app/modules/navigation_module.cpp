@@ -73,6 +73,12 @@ void NavigationModule::Close(bool osShutdown) {
     if (host_.screens.CurrentForm == GPSName) screen_->screen().switchingform();
 }
 
+// The screen stands on the map.
+void NavigationModule::Release() {
+    Unload();
+    map_.reset();
+}
+
 void NavigationModule::Show() {
     const bool external = Chosen() == 2;
     if (!screen_ || (external && !FileExists(host_.settings.values.EXTGPSexeName))) return;

@@ -23,7 +23,7 @@ class NavigationModule : public Module {
     void Unload() override;
     void SessionEnds() override { host_.LeaveScreen(GPSName); }
     void Close(bool osShutdown) override;
-    void Release() override { map_.reset(); }
+    void Release() override;
 
     /// Shows the GPS screen where there is one, and something to show on it (`LoadGPS`).
     void Show();

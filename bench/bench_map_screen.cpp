@@ -57,7 +57,7 @@ struct MapScreen : CoreFixture {
 
 QApplication& App() {
     static int argc = 1;
-    static char name[] = "bench_navigation";
+    static char name[] = "bench_map_screen";
     static char* argv[] = {name, nullptr};
     if (!std::getenv("DISPLAY")) setenv("QT_QPA_PLATFORM", "offscreen", 0);
     static QApplication app(argc, argv);
