@@ -57,11 +57,11 @@ struct Tuned : AudioFixture {
         for (int i = 1; i <= ChannelTable::LastChannel; ++i)
             channels.channelTable[static_cast<std::size_t>(i)] = {
                 "Channel " + std::to_string(i), "Artist", "Song", "Rock", true, {}};
-        sources[PlayFM] = [this](const SourceContext& context) {
-            return std::make_unique<FMSource>(context, tuner, route);
+        sources[PlayFM] = [this](const SourceContext& c) {
+            return std::make_unique<FMSource>(c, tuner, route);
         };
-        sources[PlayXM] = [this](const SourceContext& context) {
-            return std::make_unique<XMSource>(context, xm, channels);
+        sources[PlayXM] = [this](const SourceContext& c) {
+            return std::make_unique<XMSource>(c, xm, channels);
         };
         state.ScreenWidth = 800;
         state.ScreenHeight = 480;

@@ -27,20 +27,6 @@ TEST_F(RemoteTest, TheTypeAndThePortChooseWhatIsOpened) {
     EXPECT_EQ(port, nullptr);
 }
 
-TEST_F(RemoteTest, AnIrmanIsWokenAndItsAnswerIsNoCode) {
-    ASSERT_TRUE(Init("IRMAN"));
-    for (const auto& [ms, sent] : {std::pair(99, ""), {1, "I"}, {199, "I"}, {1, "IR"}}) {
-        clock.Advance(ms);
-        EXPECT_EQ(port->sent, sent);
-    }
-    port->Receive("OK");
-    clock.Advance(110);
-    EXPECT_TRUE(commands.empty());
-    port->Receive(std::string_view("\x0C\x22\0\xFF", 4));
-    clock.Advance(4);
-    EXPECT_EQ(commands, Commands{"12340255"});
-}
-
 TEST_F(RemoteTest, ABurstInPiecesIsOneCodeAndNoiseOrOneCutOffByACommandsEndIsNone) {
     OpenCreative();
     port->Receive("\x0C");
@@ -202,9 +188,7 @@ TEST(RepeatFilterTest, LetsThroughWhatTheBoundsSay) {
         RepeatFilter filter;
         EXPECT_EQ(Marks(filter, c.bounds, c.holds), c.marks) << c.what;
     }
-}
-
-TEST(RepeatFilterTest, AfterALongCommandTheRepeatingBeginsInsideTheBandOnly) {
+    // After a long command the repeating begins inside of the band only.
     for (const auto& [end, marks] : {std::pair(11.5, "R.R"), {12.0, "R.."}}) {
         RepeatFilter filter;
         Marks(filter, Bounds, {{"a", 10, 10.125}});

@@ -34,10 +34,13 @@ TEST_F(SerialPtyTest, AnIrmanWakesUpGivesCodesAndComesBackAfterItWasPulled) {
         receiver(commEvent);
         ++reads;
     };
-    clock.Advance(300);
-    EXPECT_TRUE(Eventually([&] { return device.Heard() == "IR"; }));
-    Send("OK");
+    for (const auto& [ms, sent] : {std::pair(99, ""), {1, "I"}, {199, "I"}, {1, "IR"}}) {
+        clock.Advance(ms);
+        EXPECT_TRUE(Eventually([&] { return device.Heard() == sent; })) << sent;
+    }
+    Send("OK"); // which is no code
     clock.Advance(110);
+    EXPECT_TRUE(commands.empty());
     Send("\x0C\x22");
     clock.Advance(3);
     Send(std::string_view("\0\x11\x13\xFF", 4)); // XON, XOFF and NUL are bytes as all others

@@ -132,7 +132,7 @@ TEST_F(ScrollTextTest, ALongTextRunsAPixelEachFifteenMillisecondsAndComesRound) 
 TEST_F(ControlsTest, AMenuIconShowsItsStateAndAnswersToTouch) {
     Picture("plain.png", {10, 10}, 0xFF000051);
     Picture("chosen.png", {10, 10}, 0xFF000052);
-    LoadColours("[IconNames]\nNames=Audio x\n[Audio]\nicontop=0.5\niconleft=0.25\n"
+    LoadColours("[IconNames]\nNames=Audio x\n[Audio]\nicontop=0.5\niconleft=.25\n"
                 "iconheight=0.2\niconwidth=0.1\niconpictureunsel=plain.png\n"
                 "iconpicturesel=chosen.png\n");
     MenuIcon icon(context, skin.ReadMenuIcons().at(0), &host);
