@@ -52,9 +52,9 @@ struct EngineSetup {
     bool operator==(const EngineSetup&) const = default;
 };
 
-/// Nine values that the engine remembers, as text: zoom, orientation (degrees, -1 follows the
+/// Nine values that the engine goes by, as text: zoom, orientation (degrees, -1 follows the
 /// vehicle), follow (1 or 0), autozoom (1 or 0), vehicle profile, units (metric or imperial),
-/// layout (day or night), pitch (degrees, 0 is flat), map.
+/// colours (day or night), pitch (degrees, 0 is flat), map.
 using EngineSettings = std::array<std::string, 9>;
 
 /// House number, street, city, state, postal code; what is not known is "".
@@ -104,6 +104,8 @@ class NavigationEngine {
     /// Nothing has come for three seconds with the port open, or the source has gone; told once,
     /// and again after bytes have come.
     std::function<void()> onSilent;
+    /// A line for the log.
+    std::function<void(const std::string&)> onLog;
     /// State, complaint or window have changed.
     std::function<void()> onChanged;
 };

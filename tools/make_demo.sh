@@ -16,6 +16,11 @@ sims="$here/../build/release/tests/sim"
 cp -u "$sims/libvkradio_sim.so" "$demo/libvkradio.so"
 cp -u "$sims/xm_receiver" "$demo/"
 python3 "$here/make_demo_library.py" "$demo/media"
+# A town to drive through; the map is made where its maker may leave temporary files.
+if [ ! -f "$demo/map.bin" ]; then
+    python3 "$here/make_demo_town.py" "$demo/town"
+    (cd "$demo/town" && maptool -U -i town.osm new.bin && mv new.bin ../map.bin)
+fi
 
 [ -f "$demo/settings.ini" ] && exit 0
 new="$demo/settings.ini.new"
@@ -29,5 +34,7 @@ set_key main CurrentNTSkin TorqueNight.skn
 set_key main ExtendedTags true
 set_key audio_player AudioExtensions MP3:MP2:MP1:CDA:WAV:VOC:AU:SND:AIF:AIFF:FLAC:OGG:M4A:AAC:OPUS:OGA:WMA:WV:APE:MPC:M4B
 set_key video_player VideoExtensions MPG:AVI:MPEG:DIVX:MKV:MP4:M4V:MOV:WMV:WEBM:TS:VOB
+set_key GPS GPSModule 1
+set_key GPS receiver "log:$demo/town/drive.nmea"
 set_key main Setup true
 mv "$new" "$demo/settings.ini"

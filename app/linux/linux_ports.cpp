@@ -1,6 +1,9 @@
 #include "app/linux/linux_ports.h"
 
 #include "input/remote/uuirt_calls.h"
+#include "navigation/engine/log_feed.h"
+#include "navigation/engine/serial_feed.h"
+#include "navigation/navit/gpsd_feed.h"
 #include "platform/film_library.h"
 #include "platform/linux/power/gpio_line.h"
 #include "platform/qt/qt_child_process.h"
@@ -8,6 +11,8 @@
 #include "platform/qt/qt_local_stream.h"
 #include "platform/qt/qt_serial_port.h"
 #include "platform/qt/qt_window_layer.h"
+
+#include <unistd.h>
 
 #include <cstdlib>
 
@@ -20,7 +25,33 @@ std::string Environment(const std::string& name) {
     return value ? value : "";
 }
 
+// Where the engine lives; an application directory that takes no files is none of them.
+std::string NavigationFolder(const std::string& appDir) {
+    if (::access(appDir.c_str(), W_OK) == 0) return appDir + "/navigation";
+    return "/tmp/velkorandum-navigation-" + std::to_string(::getuid());
+}
+
 } // namespace
+
+LinuxPorts::LinuxPorts(const std::string& appDir)
+    : appDir_(appDir), player_(MakePlayerWindow(*programs_, appDir)),
+      mapWindows_(MakeForeignWindows()),
+      navigation_(clock_,
+                  [this](const std::string& source, const std::string& serialSettings) {
+                      return MakeFeed(source, serialSettings);
+                  },
+                  {.folder = NavigationFolder(appDir), .windows = mapWindows_.get()}) {}
+
+std::unique_ptr<SentenceFeed> LinuxPorts::MakeFeed(const std::string& source,
+                                                   const std::string& serialSettings) {
+    constexpr std::string_view Log = "log:";
+    if (source.starts_with(Log))
+        return std::make_unique<LogFeed>(clock_, source.substr(Log.size()));
+    if (source.starts_with("gpsd")) return std::make_unique<GpsdFeed>(source);
+    if (SerialPortName(source).empty()) return nullptr;
+    return std::make_unique<SerialFeed>(std::make_unique<QtSerialPort>(serialOwners_), source,
+                                        serialSettings);
+}
 
 Ports LinuxPorts::ports() {
     return {

@@ -3,13 +3,13 @@
 
 #include "app/host/ports.h"
 #include "core/file_registry.h"
+#include "navigation/navit/navit_engine.h"
 #include "platform/linux/power/logind_backlight.h"
 #include "platform/linux/power/logind_power.h"
 #include "platform/linux/sound/alsa_input.h"
 #include "platform/linux/sound/alsa_mixer.h"
 #include "platform/linux/sound/alsa_route.h"
 #include "platform/linux/volumes.h"
-#include "platform/no_navigation_engine.h"
 #include "platform/qt/qt_beeper.h"
 #include "platform/qt/qt_clock.h"
 #include "platform/qt/qt_fonts.h"
@@ -23,16 +23,17 @@
 
 namespace vk {
 
-/// Owns them; one a process, made on the user-interface thread.
+/// Owns them; one a process, made on the user-interface thread behind the QApplication.
 class LinuxPorts {
   public:
     /// `appDir` is the application directory: its player alone is talked to, and its libraries
     /// come before the system's.
-    explicit LinuxPorts(const std::string& appDir)
-        : appDir_(appDir), player_(MakePlayerWindow(*programs_, appDir)) {}
+    explicit LinuxPorts(const std::string& appDir);
     Ports ports();
 
   private:
+    std::unique_ptr<SentenceFeed> MakeFeed(const std::string& source,
+                                           const std::string& serialSettings);
     void SoundCardChanged(bool present);
     void LogSoundCard(const std::string& text);
 
@@ -51,14 +52,15 @@ class LinuxPorts {
     AlsaMixer mixer_{{.onChange = [this](bool present) { SoundCardChanged(present); },
                       .log = [this](const std::string& text) { LogSoundCard(text); }}};
     AlsaInput soundInput_;
-    SystemBus bus_;
+    DBusLink bus_;
     LogindPower power_{bus_};
     LogindBacklight backlight_{bus_};
     std::unique_ptr<Gamma> gamma_ = MakeGamma();
     AlsaRoute route_;
-    NoNavigationEngine navigation_;
     QtScreenSaver saver_;
     std::unique_ptr<PlayerWindow> player_;
+    std::unique_ptr<ForeignWindows> mapWindows_;
+    NavitEngine navigation_;
 };
 
 } // namespace vk

@@ -82,7 +82,7 @@ struct LogindTest : testing::Test {
     TempFolder folder;
     const std::string address = "unix:path=" + folder.File("bus");
     QProcess bus, logind;
-    SystemBus connection{address, 300};
+    DBusLink connection{address, 300};
     LogindPower power{connection};
     std::vector<int> heard;
     std::vector<bool> held; ///< the machine waited
@@ -188,7 +188,7 @@ TEST_F(LogindTest, AMissingBusAndOneThatHangsOrDiesAreToldOnceAndFoundWhenTheyCo
     ASSERT_TRUE(Polled([&] { return connection.Ready(); }));
     problems.clear();
     ::kill(static_cast<pid_t>(bus.processId()), SIGSTOP);
-    SystemBus late(address, 300);
+    DBusLink late(address, 300);
     int lost = 0;
     late.onLost = [&](const std::string&) { ++lost; };
     late.Connect();

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/backlight.h"
-#include "platform/linux/power/system_bus.h"
+#include "platform/linux/dbus/dbus_link.h"
 
 #include <string>
 
@@ -11,14 +11,14 @@ namespace vk {
 class LogindBacklight : public Backlight {
   public:
     /// `bus` outlives this object; `folder` is where the kernel shows the panels.
-    explicit LogindBacklight(SystemBus& bus, std::string folder = "/sys/class/backlight")
+    explicit LogindBacklight(DBusLink& bus, std::string folder = "/sys/class/backlight")
         : bus_(bus), folder_(std::move(folder)) {}
     std::vector<PanelLight> Read() const override;
     void Set(const std::string& panel, int level,
              std::function<void(const std::string&)> answer) override;
 
   private:
-    SystemBus& bus_;
+    DBusLink& bus_;
     const std::string folder_;
 };
 

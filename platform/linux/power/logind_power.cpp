@@ -20,7 +20,7 @@ bool Flag(sd_bus_message* message) {
 
 } // namespace
 
-LogindPower::LogindPower(SystemBus& bus) : bus_(bus) {
+LogindPower::LogindPower(DBusLink& bus) : bus_(bus) {
     bus_.onReady = [this] { Connected(); };
     bus_.onLost = [this](const std::string& why) {
         inhibitor_.Close();

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "platform/linux/descriptor.h"
-#include "platform/linux/power/system_bus.h"
+#include "platform/linux/dbus/dbus_link.h"
 #include "platform/power.h"
 
 #include <QObject>
@@ -15,7 +15,7 @@ namespace vk {
 class LogindPower : public Power {
   public:
     /// `bus` outlives this object.
-    explicit LogindPower(SystemBus& bus);
+    explicit LogindPower(DBusLink& bus);
     void Listen() override;
     void Ask(PowerWish wish, Answer answer) override;
     /// The machine waits for this process, as far as logind has said so.
@@ -31,7 +31,7 @@ class LogindPower : public Power {
         if (onProblem) onProblem(text);
     }
 
-    SystemBus& bus_;
+    DBusLink& bus_;
     QObject events_; ///< carries what is told out of the bus's own calls
     FileDescriptor inhibitor_;
     bool listening_ = false, heard_ = false, asleep_ = false;

@@ -1,4 +1,4 @@
-// The system's D-Bus, without ever waiting for it.
+// A D-Bus, without ever waiting for it.
 #pragma once
 
 #include <QSocketNotifier>
@@ -13,20 +13,23 @@
 
 namespace vk {
 
-/// One connection. A bus that is missing, hangs at the greeting or dies is tried again with growing
-/// pauses. On the user-interface thread; what it tells comes from the event loop.
-class SystemBus {
+/// One connection, and one service that is spoken to. A bus that is missing, hangs at the greeting
+/// or dies is tried again with growing pauses. On the user-interface thread; what it tells comes
+/// from the event loop.
+class DBusLink {
   public:
     /// A reply, or the words of an error; a null reply when there is none.
     using Reply = std::function<void(sd_bus_message* reply, const std::string& error)>;
 
     static constexpr int GreetingMs = 5000;
+    static constexpr const char* Logind = "org.freedesktop.login1";
 
     /// `address` empty: that of the system. `greetingMs`: how long it may take to answer at all.
-    explicit SystemBus(std::string address = {}, int greetingMs = GreetingMs);
-    ~SystemBus();
-    SystemBus(const SystemBus&) = delete;
-    SystemBus& operator=(const SystemBus&) = delete;
+    explicit DBusLink(std::string address = {}, int greetingMs = GreetingMs,
+                      std::string service = Logind);
+    ~DBusLink();
+    DBusLink(const DBusLink&) = delete;
+    DBusLink& operator=(const DBusLink&) = delete;
 
     /// Begins, and tells of each connection. Calls made before are answered with an error.
     void Connect();
@@ -41,7 +44,7 @@ class SystemBus {
         if (message && *types) sd_bus_message_append(message, types, arguments...);
         Send(message, std::move(reply));
     }
-    /// Signals of logind, for each connection.
+    /// Signals of the service, or of the bus itself, for each connection.
     void Hear(const char* object, const char* interface, const char* member,
               std::function<void(sd_bus_message*)> heard);
 
@@ -55,7 +58,7 @@ class SystemBus {
         std::function<void(sd_bus_message*)> heard;
     };
     struct Pending {
-        SystemBus* bus;
+        DBusLink* bus;
         Reply reply;
     };
     sd_bus_message* NewCall(const char* object, const char* interface, const char* method);
@@ -71,6 +74,7 @@ class SystemBus {
 
     const std::string address_;
     const int greetingMs_;
+    const std::string service_;
     sd_bus* bus_ = nullptr;
     bool ready_ = false, told_ = false;
     int pauseMs_ = 0;

@@ -1,4 +1,4 @@
-#include "platform/linux/power/system_bus.h"
+#include "platform/linux/dbus/dbus_link.h"
 
 #include <poll.h>
 
@@ -13,7 +13,6 @@ namespace vk {
 
 namespace {
 
-constexpr const char* Logind = "org.freedesktop.login1";
 constexpr int FirstPauseMs = 1000, LongestPauseMs = 60000;
 constexpr std::uint64_t CallUs = 5'000'000;
 
@@ -33,8 +32,8 @@ void Drop(std::unique_ptr<QSocketNotifier>& notifier) {
 
 } // namespace
 
-SystemBus::SystemBus(std::string address, int greetingMs)
-    : address_(std::move(address)), greetingMs_(greetingMs) {
+DBusLink::DBusLink(std::string address, int greetingMs, std::string service)
+    : address_(std::move(address)), greetingMs_(greetingMs), service_(std::move(service)) {
     timer_.setSingleShot(true);
     retry_.setSingleShot(true);
     greeting_.setSingleShot(true);
@@ -43,23 +42,23 @@ SystemBus::SystemBus(std::string address, int greetingMs)
     QObject::connect(&greeting_, &QTimer::timeout, &greeting_, [this] { Lost("no answer"); });
 }
 
-SystemBus::~SystemBus() {
+DBusLink::~DBusLink() {
     onReady = {};
     onLost = {};
     Close();
 }
 
-void SystemBus::Connect() {
+void DBusLink::Connect() {
     if (!bus_ && !retry_.isActive()) Try();
 }
 
-void SystemBus::Try() {
+void DBusLink::Try() {
     if (!Open()) return;
     greeting_.start(greetingMs_);
     Process();
 }
 
-bool SystemBus::Open() {
+bool DBusLink::Open() {
     int result = sd_bus_new(&bus_);
     if (result >= 0 && address_.empty()) {
         const char* set = std::getenv("DBUS_SYSTEM_BUS_ADDRESS");
@@ -75,7 +74,7 @@ bool SystemBus::Open() {
 }
 
 // What comes meanwhile, the bus's own answers included, is told by `Process`.
-void SystemBus::Watch() {
+void DBusLink::Watch() {
     if (!bus_) return;
     const int fd = sd_bus_get_fd(bus_);
     if (fd < 0) return Lost("closed");
@@ -92,7 +91,7 @@ void SystemBus::Watch() {
     timer_.start(dueUs > now ? static_cast<int>((dueUs - now) / 1000 + 1) : 0);
 }
 
-void SystemBus::Process() {
+void DBusLink::Process() {
     int more = 1;
     while (bus_ && more > 0)
         more = sd_bus_process(bus_, nullptr);
@@ -101,7 +100,7 @@ void SystemBus::Process() {
     Watch();
 }
 
-void SystemBus::Greeted() {
+void DBusLink::Greeted() {
     greeting_.stop();
     ready_ = true;
     told_ = false;
@@ -111,7 +110,7 @@ void SystemBus::Greeted() {
     if (onReady) onReady();
 }
 
-void SystemBus::Lost(const std::string& why) {
+void DBusLink::Lost(const std::string& why) {
     Close();
     pauseMs_ = std::clamp(2 * pauseMs_, FirstPauseMs, LongestPauseMs);
     retry_.start(pauseMs_);
@@ -119,7 +118,7 @@ void SystemBus::Lost(const std::string& why) {
 }
 
 // Who waits for an answer gets one.
-void SystemBus::Close() {
+void DBusLink::Close() {
     ready_ = false;
     Drop(reading_);
     Drop(writing_);
@@ -128,19 +127,20 @@ void SystemBus::Close() {
     if (bus_) sd_bus_close(bus_);
     bus_ = sd_bus_unref(bus_);
     for (const auto& pending : std::exchange(pending_, {}))
-        pending->reply(nullptr, "the system's bus has gone");
+        pending->reply(nullptr, "the bus has gone");
 }
 
 // Calls -------------------------------------------------------------------------------------------
 
-sd_bus_message* SystemBus::NewCall(const char* object, const char* interface, const char* method) {
+sd_bus_message* DBusLink::NewCall(const char* object, const char* interface, const char* method) {
     sd_bus_message* message = nullptr;
-    if (ready_) sd_bus_message_new_method_call(bus_, &message, Logind, object, interface, method);
+    if (ready_)
+        sd_bus_message_new_method_call(bus_, &message, service_.c_str(), object, interface, method);
     return message;
 }
 
-void SystemBus::Send(sd_bus_message* message, Reply reply) {
-    if (!message) return reply(nullptr, "the system's bus is not there");
+void DBusLink::Send(sd_bus_message* message, Reply reply) {
+    if (!message) return reply(nullptr, "the bus is not there");
     pending_.push_back(std::make_unique<Pending>(Pending{this, std::move(reply)}));
     const auto answered = [](sd_bus_message* answer, void* data, sd_bus_error*) {
         auto* const asked = static_cast<Pending*>(data);
@@ -165,20 +165,20 @@ void SystemBus::Send(sd_bus_message* message, Reply reply) {
     Watch();
 }
 
-void SystemBus::Hear(const char* object, const char* interface, const char* member,
-                     std::function<void(sd_bus_message*)> heard) {
+void DBusLink::Hear(const char* object, const char* interface, const char* member,
+                    std::function<void(sd_bus_message*)> heard) {
     hearers_.push_back(
         std::make_unique<Hearer>(Hearer{object, interface, member, std::move(heard)}));
     if (ready_) AddHearer(*hearers_.back());
 }
 
-void SystemBus::AddHearer(Hearer& hearer) {
+void DBusLink::AddHearer(Hearer& hearer) {
     const auto heard = [](sd_bus_message* message, void* data, sd_bus_error*) {
         static_cast<Hearer*>(data)->heard(message);
         return 0;
     };
     const bool own = hearer.interface.starts_with("org.freedesktop.DBus");
-    sd_bus_match_signal_async(bus_, nullptr, own ? "org.freedesktop.DBus" : Logind,
+    sd_bus_match_signal_async(bus_, nullptr, own ? "org.freedesktop.DBus" : service_.c_str(),
                               hearer.object.c_str(), hearer.interface.c_str(),
                               hearer.member.c_str(), heard, nullptr, &hearer);
 }
