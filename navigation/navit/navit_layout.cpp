@@ -104,15 +104,15 @@ std::string Words(const Palette& palette) {
     return std::string("<layer name=\"words\">\n") +
            "<itemgra item_types=\"street_0,street_1_city,street_2_city,street_3_city,"
            "street_4_city,street_1_land,street_2_land,street_3_land,street_4_land,"
-           "street_n_lanes\" order=\"14-\"><text text_size=\"14\" color=\"" +
+           "street_n_lanes\" order=\"14-\"><text text_size=\"17\" color=\"" +
            palette.text + "\" background_color=\"" + palette.halo + "\"/></itemgra>\n" +
            Label("house_number", 17, 11, palette) +
            Label("poi_fuel,poi_hospital,poi_car_parking,poi_rail_station", 15, 12, palette) +
-           Label(PlaceItems("town", 5, 6) + "town_label_1e7", 3, 20, palette) +
-           Label(PlaceItems("town", 3, 4), 8, 18, palette) +
+           Label(PlaceItems("town", 5, 6) + "town_label_1e7", 3, 24, palette) +
+           Label(PlaceItems("town", 3, 4), 8, 22, palette) +
            Label(PlaceItems("town", 0, 2) + PlaceItems("district", 0, 6) +
                      "town_label,district_label,town_label_0e0,district_label_0e0",
-                 11, 16, palette) +
+                 11, 20, palette) +
            "<itemgra item_types=\"route_end\" order=\"0-\"><circle color=\"" + palette.vehicle +
            "\" radius=\"22\" width=\"8\"/></itemgra>\n</layer>\n";
 }

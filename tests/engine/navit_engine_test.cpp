@@ -23,13 +23,14 @@ using testing::HasSubstr;
 
 struct NavitEngineTest : testing::Test {
     NavitEngineTest() { Make({.folder = home.File("navigation")}); }
-    void Make(const NavitPlace& place) {
+    /// `pingMs`: long enough that a busy machine is not taken for a hung engine.
+    void Make(const NavitPlace& place, int pingMs = 5000) {
         engine.reset();
         const MakeSentenceFeed feeds = [this](const std::string& source, const std::string&) {
             return std::make_unique<LogFeed>(clock, source.substr(source.find(':') + 1));
         };
         engine = std::make_unique<NavitEngine>(
-            clock, feeds, place, NavitTimes{.start = 60000, .ping = 100},
+            clock, feeds, place, NavitTimes{.start = 60000, .ping = pingMs},
             NavitPauses{.first = 1, .longest = 50, .missing = 5, .map = 5});
         engine->onLog = [this](const std::string& text) { log += text + "\n"; };
     }
@@ -140,25 +141,27 @@ TEST_F(NavitEngineTest, TellsTheNearestHouseNumber) {
 }
 
 TEST_F(NavitEngineTest, ComesBackWithItsDestinationWhateverHappensToIt) {
+    Make({.folder = home.File("navigation")}, 200);
     DriveTo(OnMainStreet);
-    ASSERT_EQ(Route({"Steinach", "Am Anger", "7"}), RouteFound);
+    // So impatient, it may be started again in between.
+    EXPECT_TRUE(Polled([&] { return Route({"Steinach", "Am Anger", "7"}) == RouteFound; }));
     const std::tuple<const char*, int, const char*> table[] = {
         {"/usr/bin/navit", SIGKILL, "is started again"},
         {"/usr/bin/navit", SIGSEGV, "is started again"},
         {"/usr/bin/navit", SIGSTOP, "does not answer"},
         {"/usr/bin/dbus-daemon", SIGKILL, "is started again"}};
     for (const auto& [program, signal, words] : table) {
-        const pid_t process = Process(program);
-        ASSERT_GT(process, 0) << program;
+        pid_t process = 0;
+        EXPECT_TRUE(Polled([&] { return (process = Process(program)) > 0; }));
         log.clear();
         ::kill(process, signal);
         EXPECT_TRUE(Polled([&] { return log.find(words) != std::string::npos; })) << signal << log;
-        EXPECT_TRUE(Becomes(EngineState::Running)) << signal << log;
-        EXPECT_TRUE(Polled([&] { return engine->ShowCurrentRoute(); })) << signal;
+        EXPECT_TRUE(Polled([&] { return engine->ShowCurrentRoute(); })) << signal << log;
         EXPECT_EQ(engine->Complaint(), "");
     }
     engine->CancelRoute();
-    EXPECT_TRUE(Polled([&] { return !engine->ShowCurrentRoute(); }));
+    EXPECT_TRUE(Polled(
+        [&] { return engine->State() == EngineState::Running && !engine->ShowCurrentRoute(); }));
 }
 
 TEST_F(NavitEngineTest, QuestionsAreAnsweredWhenItDiesMeanwhile) {
