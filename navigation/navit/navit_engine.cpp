@@ -280,6 +280,7 @@ Task<bool> NavitEngine::WayFound() {
         auto asked = Ask("route.route_status");
         status = (co_await asked).value_or("");
     }
+    if (Up()) run_->SetHasRoute(IsRoute(status));
     co_return !status.empty() && !IsNoRoute(status);
 }
 
@@ -306,7 +307,9 @@ Chain NavitEngine::NearestChain(MapPoint place,
 void NavitEngine::CancelRoute() {
     destination_.reset();
     cancelled_ = true;
-    if (Up()) run_->Bus().ClearDestination();
+    if (!Up()) return;
+    run_->Bus().ClearDestination();
+    run_->SetHasRoute(false);
 }
 
 bool NavitEngine::ShowCurrentRoute() {

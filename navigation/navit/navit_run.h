@@ -46,6 +46,7 @@ class NavitRun {
     WindowHandle Window() const { return window_; }
     /// As it was told last: a way has been found.
     bool HasRoute() const { return hasRoute_; }
+    void SetHasRoute(bool has) { hasRoute_ = has; }
     NavitBus& Bus() { return *bus_; }
     Addresses& Streets() { return *addresses_; }
 

@@ -21,7 +21,12 @@ struct MapMakerTest : testing::Test {
     std::string Make(const std::string& extract) {
         ended.reset();
         maker.Start(extract, map);
-        EXPECT_TRUE(Polled([&] { return ended.has_value(); }));
+        return End();
+    }
+    /// The program lets others go first, so that a busy machine keeps it long.
+    std::string End() const {
+        const auto told = [&] { return ended.has_value(); };
+        EXPECT_TRUE(Polled(told) || Polled(told) || Polled(told));
         return ended.value_or("");
     }
 
@@ -50,8 +55,7 @@ TEST_F(MapMakerTest, WhatMakesNoMapLeavesTheOldOne) {
     ended.reset();
     maker.Start(DemoTown::Get().Extract(), map);
     maker.Stop();
-    EXPECT_TRUE(Polled([&] { return ended.has_value(); }));
-    EXPECT_EQ(ended, "Stopped");
+    EXPECT_EQ(End(), "Stopped");
     EXPECT_EQ(folder.Read("map.bin"), "the old one");
     EXPECT_FALSE(FolderExists(map + ".making"));
 }

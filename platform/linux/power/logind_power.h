@@ -2,8 +2,8 @@
 // (https://www.freedesktop.org/software/systemd/man/latest/org.freedesktop.login1.html).
 #pragma once
 
-#include "platform/linux/descriptor.h"
 #include "platform/linux/dbus/dbus_link.h"
+#include "platform/linux/descriptor.h"
 #include "platform/power.h"
 
 #include <QObject>
