@@ -47,7 +47,8 @@ class Running {
                     real.remote,
                     {power, real.vehicle.gamma, real.vehicle.backlight},
                     real.tuners,
-                    real.navigation};
+                    real.navigation,
+                    real.films};
         ports.remote.serial = [this] {
             auto made = std::make_unique<FakeSerialPort>();
             serial = made.get();

@@ -29,10 +29,14 @@ NavigationModule::NavigationModule(Host& host, LibraryModule& library, PlaybackM
     : Module(host.modules), host_(host), library_(library), playback_(playback),
       isn_(host.skin, host.settings.AppDir(), host.log) {
     playback_.loadGPS = [this] { Show(); };
+    host.ports.navigation.engine.onLog = [this](const std::string& line) {
+        host_.log.WriteDebugLog(line);
+    };
 }
 
 NavigationModule::~NavigationModule() {
     playback_.loadGPS = {};
+    host_.ports.navigation.engine.onLog = {};
 }
 
 std::vector<LoadStep> NavigationModule::Steps() {
