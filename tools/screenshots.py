@@ -2,13 +2,20 @@
 
 import pathlib
 import sys
+import time
 
 from demo_system import DemoSystem
 
 DARK = (2, 51)  # the mean of the loading screen's pixels, of 255: the menu is light
 
 
+PAGES = 10  # of the settings
+HINT = 5  # seconds that a screen tells of its buttons
+
+
 class Pictured(DemoSystem):
+    light = "day"
+
     def __init__(self, size, out):
         super().__init__(size)
         self.out = out
@@ -21,6 +28,10 @@ class Pictured(DemoSystem):
         super().fresh()
         self.set_setting("main", "Time1", "12:00:00 AM")
         self.set_setting("main", "Time2", "11:59:00 PM")
+
+    def hint_gone(self):
+        time.sleep(HINT)
+        self.settle("the hint to go")
 
     def tap(self, *points):
         """In hundredths of the screen."""
@@ -57,7 +68,7 @@ def by_keys(s):
     s.shot("menu-day")
     s.keys("Right")
     s.shot("menu-chosen")
-    s.keys("Return")
+    s.keys("Left", "Return")
     s.shot("browser-top")
     s.keys("Down", "Down", "Return")
     s.shot("browser-artist")
@@ -88,7 +99,7 @@ def by_keys(s):
 def catalogue(s):
     s.fresh()
     s.start_with_catalogue()
-    for name, keys in (("database", "Down Return Return"), ("database-artists", "Down Return"),
+    for name, keys in (("database", "Return Return"), ("database-artists", "Down Return"),
                        ("database-titles", "Down Return")):
         s.keys(*keys.split())
         s.shot(name)
@@ -98,20 +109,44 @@ def catalogue(s):
 def list_in_the_making(s):
     s.fresh()
     s.start_with_catalogue()
-    s.keys("Down", "Return", "Down", "Return")
+    s.keys("Return", "Down", "Return")
     s.shot("build")
-    s.keys("Down", "Down", "Return", "Down", "Return", "Down", "Return")
+    s.keys("Down", "Down", "Return", "Down", "Return", "Down", "Return", "Down", "Down", "Return")
+    s.hint_gone()
     s.shot("build-list")
     s.end()
 
 
 def settings(s):
-    s.start_to_menu()
+    """Every page; what is chosen stands in the middle of five tabs, but at both ends."""
     s.keys("p")
-    s.shot("settings")
-    for page in range(1, 7):
-        s.keys("Down")
-        s.shot(f"settings-{page}")
+    s.shot(f"settings-0-{s.light}")
+    for page, tab in enumerate((1, 2, *(3,) * (PAGES - 4), 4), 1):
+        s.tap((10 + 20 * tab, 7))
+        s.shot(f"settings-{page}-{s.light}")
+    s.keys("Escape", "Escape")
+
+
+def settings_by_day(s):
+    s.start_to_menu()
+    settings(s)
+    s.end()
+
+
+def by_night(s):
+    s.fresh()
+    s.light = "night"
+    s.set_setting("main", "Time1", "11:58:00 PM")
+    s.start_with_catalogue()
+    settings(s)
+    s.keys("Return", "Down", "Return", "Down", "Down", "Return", "Down", "Return")
+    s.hint_gone()
+    s.shot("build-night")
+    s.end()
+    s.start_to_menu()
+    s.keys("Return", "Down", "Down", "Return", "Down", "Return", "Down", "Down")
+    s.play(lambda: s.press("Return"))
+    s.shot("player-night")
     s.end()
 
 
@@ -135,8 +170,8 @@ def by_touch(s):
 
 folder = pathlib.Path(sys.argv[1])
 folder.mkdir(parents=True, exist_ok=True)
-for size in ("640x480", "800x480", "1024x768"):
+for size in sys.argv[2:] or ("640x480", "800x480", "1024x768"):
     with Pictured(size, folder) as system:
-        for part in (by_keys, catalogue, list_in_the_making, settings, by_touch):
+        for part in (by_keys, catalogue, list_in_the_making, settings_by_day, by_touch, by_night):
             part(system)
 print(f"pictures are in {folder}")

@@ -1,7 +1,8 @@
 // The vehicle on the real wiring: sleep from everywhere, the ignition, the machine's end, the dim.
 #include "tests/app/wired_system.h"
+#include "tests/sim/xm/sim_receiver.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 #include <malloc.h>
 #include <sys/syscall.h>
 #include <unistd.h>
@@ -9,6 +10,7 @@
 #include <atomic>
 #include <filesystem>
 #include <fstream>
+#include <tuple>
 
 static std::atomic<int> flushes = 0;
 
@@ -20,6 +22,8 @@ extern "C" int fsync(int file) {
 
 namespace vk::test {
 namespace {
+
+using testing::ElementsAre;
 
 /// What logind waits for, 5 s, and half of it on a disk that takes 100 ms a flush.
 constexpr int MostFlushes = 5000 / 2 / 100;
@@ -62,8 +66,8 @@ class KeepingPlayer {
     std::int64_t base_ = 0, since_ = 0;
 };
 
-std::size_t Entries(const char* folder) {
-    return static_cast<std::size_t>(std::distance(std::filesystem::directory_iterator(folder), {}));
+std::int64_t Entries(const char* folder) {
+    return std::distance(std::filesystem::directory_iterator(folder), {});
 }
 
 struct VehicleTest : testing::Test, WiredSystem {
@@ -73,7 +77,9 @@ struct VehicleTest : testing::Test, WiredSystem {
     void Begin(const std::string& more = "[AccControl]\naccSensePort=2\naccOffDelay=60\n") {
         const std::string settings = dir.Read("settings.ini");
         dir.Write("settings.ini", "[main]\nAutoDimScreen=true\n" + settings.substr(7) + more);
-        ASSERT_TRUE(Make().Start());
+        Make();
+        xmPort->onOutput = [this](std::string_view bytes) { xm.Hear(bytes); };
+        ASSERT_TRUE(app->Start());
         Pass(1000);
     }
     void Press(std::initializer_list<int> keys) {
@@ -93,9 +99,65 @@ struct VehicleTest : testing::Test, WiredSystem {
     void GoTo(const std::string& screen) {
         for (int i = 0; i < 5 && Front() != HomeScreen; ++i)
             Press({Qt::Key_Escape}), Pass(1000);
-        if (screen == "playmp3" || screen == "playlists") PlaySong();
+        if (screen != HomeScreen && screen != "alone" && screen != "settings") PlaySong();
+        host().keys[Action::MP3toRadio] = std::to_string('R'); // the settings read the keys anew
+        const auto tuner = screen == "FM" ? PlayFM : PlayXM;
+        for (int i = 0; i < 3 && screen[1] == 'M' && audio().PlayMode != tuner; ++i)
+            Press({Qt::Key_R}), Pass(15'000);
         if (screen == "playlists" || screen == "settings") Press({Qt::Key_P}), Pass(1000);
         if (screen == "alone") Press({Qt::Key_Return}), Pass(1000);
+    }
+    /// What a driver sees and hears.
+    auto State() {
+        return std::tuple(Front(), audio().PlayMode, winamp.status, audio().bPaused, MasterMute(),
+                          mixer.Mute(MixerLine::Line), mixer.Mute(MixerLine::CD), fm.on,
+                          fm.on ? fm.sent.back() : 0, xm.tuned, host().dialogs.Active());
+    }
+    /// Handles, threads, timers and bytes.
+    std::vector<std::int64_t> Used() {
+        return {Entries("/proc/self/fd"), Entries("/proc/self/task"), clock.Timers(),
+                static_cast<std::int64_t>(::mallinfo2().uordblks)};
+    }
+    /// What the fakes have kept.
+    void Forget() {
+        player.sent.clear(), player.windows.clear(), player.classes.clear();
+        xmPort->sent.clear(), xmPort->opened.clear();
+        fm.sent.erase(fm.sent.begin(), fm.sent.end() - (fm.sent.empty() ? 0 : 1));
+        std::ofstream(dir.File("debug.log")).close(); // empty, and no wait for the disk
+    }
+    /// A sleep in which the machine changes.
+    void Sleep(int i, bool plays) {
+        const auto position = winamp.Ms() / 1000;
+        const int before = flushes;
+        host().settings.Set(setting::SelectedMovie, static_cast<std::int16_t>(i));
+        power.Sleep();
+        const int asleep = flushes;
+        EXPECT_LE(asleep, before + MostFlushes);
+        EXPECT_NE(winamp.status, 1);
+        EXPECT_TRUE(MasterMute() && host().state.InSuspend && asleep > before && !fm.on);
+        EXPECT_TRUE(!plays || std::abs(Kept() - position) <= 1) << "where it is";
+        EXPECT_EQ(flushes, asleep) << "something was left to be written";
+        if (i % 3 == 0) mixer.Change(i % 2 != 0), listener.changed(i % 2 != 0);
+        if (i % 4 == 0) volumes.drives.resize(1 + static_cast<std::size_t>(i) / 4 % 2);
+        if (i % 2 == 0) xmPort->Unplug(), fm.there = false;
+        clock.SetNow(i % 5 == 0 ? DateTime{1970, 1, 1, 12} : DateTime{2027, 1, 1, 13});
+        Pass(2000); // until it sleeps
+        if (i % 3 == 0) mixer.Change(true), listener.changed(true);
+        xmPort->present = fm.there = true;
+        power.Wake();
+        EXPECT_LE(std::abs(winamp.Ms() / 1000 - position), 1);
+        Pass(15'000); // until the receiver is there
+    }
+    void WithAQuestion(const std::function<void()>& work) {
+        QTimer later;
+        QObject::connect(&later, &QTimer::timeout, [&] {
+            later.stop();
+            work();
+            EXPECT_TRUE(host().dialogs.Active());
+            Key(Qt::Key_Return);
+        });
+        later.start(0);
+        host().dialogs.ShowMessage("a question");
     }
     AudioState& audio() { return app->rooms().playback.audio; }
     bool MasterMute() { return mixer.Mute(MixerLine::Master) != 0; }
@@ -108,70 +170,48 @@ struct VehicleTest : testing::Test, WiredSystem {
     }
 
     KeepingPlayer winamp{clock};
+    FakeRadio fm;
+    SimReceiver xm{clock, [this](std::string_view bytes) { xmPort->Receive(bytes); }};
 };
 
-TEST_F(VehicleTest, AThousandSleepsChangeNothing) {
-    Begin("[remote]\nstatus=true\ntype=LIRC\n");
+/// Rounds through all places, 35 sleeps each; VK_SLEEP_ROUNDS=29 makes a thousand of them.
+int Rounds() {
+    const char* told = std::getenv("VK_SLEEP_ROUNDS");
+    return told ? std::atoi(told) : 3;
+}
+
+TEST_F(VehicleTest, SleepsChangeNothingAndLeaveNothing) {
+    radio = &fm;
+    serialPorts[0] = {"XMPCR", "/dev/x"};
+    xm.AddChannels(5);
+    xm.script.delayMs = 5;
+    Begin("[dlink_tuner]\nenabled=true\ncurrentfreq=96.5\naudio_input=1\n"
+          "[xmpcr_tuner]\nenabled=true\naudio_input=2\n");
     volumes.drives = {{"/", DriveType::Fixed}};
-    std::size_t handles = 0, threads = 0, bytes = 0;
-    int timers = 0;
-    const char* screens[] = {HomeScreen, "alone", "playlists", "playmp3", "settings"};
-    for (int i = 0; i < 1000; ++i) {
-        if (i % 50 == 0) GoTo(screens[i / 50 % 5]);
+    std::vector<std::int64_t> before;
+    const char* places[] = {HomeScreen, "alone", "playlists", "playmp3", "FM", "XM", "settings"};
+    constexpr int Here = 5, Round = 7 * Here;
+    for (int i = 0; i < Round * Rounds(); ++i) {
+        const std::string place = places[i / Here % 7];
+        if (i % Here == 0) GoTo(place);
         const bool plays = winamp.status != 0;
-        if (plays && i % 7 == 0) host().screens.Find("playmp3")->DoPause();
-        if (plays && i % 11 == 0) Press({Qt::Key_M}), Pass(4000);
-        const std::string front = Front();
-        const int status = winamp.status;
-        const bool paused = audio().bPaused, mute = MasterMute();
-        const auto cycle = [&] {
-            const auto position = winamp.Ms() / 1000;
-            const int before = flushes;
-            host().settings.Set(setting::SelectedMovie, static_cast<std::int16_t>(i));
-            power.Sleep();
-            const int asleep = flushes;
-            EXPECT_LE(asleep, before + MostFlushes);
-            EXPECT_NE(winamp.status, 1);
-            EXPECT_TRUE(MasterMute() && host().state.InSuspend && asleep > before);
-            EXPECT_TRUE(!plays || std::abs(Kept() - position) <= 1) << "where it is";
-            EXPECT_EQ(flushes, asleep) << "something was left to be written";
-            if (i % 3 == 0) mixer.Change(i % 2 != 0), listener.changed(i % 2 != 0);
-            if (i % 4 == 0) volumes.drives.resize(1 + static_cast<std::size_t>(i) / 4 % 2);
-            clock.SetNow(i % 5 == 0 ? DateTime{1970, 1, 1, 12} : DateTime{2027, 1, 1, 13});
-            Pass(2000); // until it sleeps
-            if (i % 3 == 0) mixer.Change(true), listener.changed(true);
-            power.Wake();
-            EXPECT_LE(std::abs(winamp.Ms() / 1000 - position), 1);
-        };
-        if (i % 13 == 0) { // a question is open
-            QTimer later;
-            QObject::connect(&later, &QTimer::timeout, [&] {
-                later.stop();
-                cycle();
-                EXPECT_TRUE(host().dialogs.Active());
-                Key(Qt::Key_Return);
-            });
-            later.start(0);
-            host().dialogs.ShowMessage("a question");
-        } else {
-            cycle();
-        }
-        ASSERT_EQ(Front(), front) << i;
-        ASSERT_EQ(winamp.status, status) << i;
-        ASSERT_EQ(audio().bPaused, paused) << i;
-        ASSERT_EQ(MasterMute(), mute) << i;
-        if (plays && paused && i % 2) host().screens.Find("playmp3")->DoPause();
-        player.sent.clear(), player.windows.clear(), player.classes.clear();
-        std::ofstream(dir.File("debug.log")).close(); // empty, and no wait for the disk
-        if (i == 499)                                 // every screen has been seen twice
-            handles = Entries("/proc/self/fd"), threads = Entries("/proc/self/task"),
-            bytes = ::mallinfo2().uordblks, timers = clock.Timers();
+        if (plays && i % Here == 2) host().screens.Find("playmp3")->DoPause();
+        if (plays && i % Here == 3) Press({Qt::Key_M}), Pass(4000);
+        EXPECT_EQ(fm.on, place == "FM") << i;
+        EXPECT_TRUE(place != "XM" || (xm.on && xm.tuned != 0)) << i;
+        const auto was = State();
+        const auto cycle = [&] { Sleep(i, plays); };
+        i % 4 == 1 ? WithAQuestion(cycle) : cycle();
+        ASSERT_EQ(State(), was) << i << " at " << place;
+        if (plays && audio().bPaused && i % Here == 4) host().screens.Find("playmp3")->DoPause();
+        Forget();
+        if (i % Round != Round - 1 || i < Round) continue; // everything has been seen
+        if (before.empty()) before = Used();
+        EXPECT_THAT(Used(), ElementsAre(before[0], before[1], before[2],
+                                        testing::Le(before[3] + (64 << 10))));
     }
     EXPECT_EQ(winamp.restarts, 0);
-    EXPECT_EQ(clock.Timers(), timers);
-    EXPECT_EQ(Entries("/proc/self/fd"), handles);
-    EXPECT_EQ(Entries("/proc/self/task"), threads);
-    EXPECT_LT(::mallinfo2().uordblks, bytes + (64u << 10));
+    EXPECT_EQ(fm.wrong, 0);
 }
 
 TEST_F(VehicleTest, ACutOfThePowerAtAnyMomentLeavesAWholeStart) {
