@@ -19,7 +19,7 @@ int Share(int whole, double share) {
 
 } // namespace
 
-PlayerLayout::PlayerLayout(int width, int height) {
+PlayerLayout::PlayerLayout(int width, int height, bool gps) {
     PlaceTop(width, height);
     PlacePanel(width, height);
     const int listTop = Share(height, TopBarShare) + Share(height, PanelShare);
@@ -27,7 +27,7 @@ PlayerLayout::PlayerLayout(int width, int height) {
     const int margin = height / 60;
     list = QRect(margin, listTop, width - 2 * margin, bottomBar.top() - listTop - margin / 4);
     loading = QRect(width / 4, list.center().y() - height / 14, width / 2, height / 7);
-    PlaceButtons(width, height);
+    PlaceButtons(width, height, gps);
 }
 
 void PlayerLayout::PlaceTop(int width, int height) {
@@ -60,25 +60,38 @@ void PlayerLayout::PlacePanel(int width, int height) {
 }
 
 // What does not fit moves into the upper bar, first what is needed least while driving.
-void PlayerLayout::PlaceButtons(int width, int height) {
+void PlayerLayout::PlaceButtons(int width, int height, bool gps) {
     using enum TouchButtonId;
     std::vector<TouchButtonId> bottom = {DoQuit,  Swap,        Rewind,     RunOk,
                                          Pause,   FastForward, VolumeDown, VolumeUp,
                                          Shuffle, AddFavorite, Source,     Dim};
     const int room = width * FillPercent / 100 / std::max(1, Share(height, ButtonShare));
     std::vector<TouchButtonId> above = {PageUp, PageDown, Mute};
+    if (gps) above.push_back(GPS);
     bottom.push_back(PopUpMenu);
     for (const TouchButtonId id : {Dim, AddFavorite, Source, RunOk, Shuffle}) {
         if (static_cast<int>(bottom.size()) <= room) break;
         std::erase(bottom, id);
         above.push_back(id);
     }
-    const int upper = Share(height, BottomBarShare);
-    const int cell = width / static_cast<int>(std::max(bottom.size(), above.size()));
-    const int wide = cell * static_cast<int>(above.size());
-    upperBar = {width - wide, bottomBar.top() - upper, wide, upper};
-    PlaceRow(above, upperBar, true);
+    const int count = static_cast<int>(above.size()), rows = (count + room - 1) / room;
+    const int inARow = (count + rows - 1) / rows;
+    PlaceUpperBar(above, inARow, width / std::max(static_cast<int>(bottom.size()), inARow));
     PlaceRow(bottom, bottomBar, false);
+}
+
+// As many rows as a finger needs.
+void PlayerLayout::PlaceUpperBar(const std::vector<TouchButtonId>& ids, int inARow, int cell) {
+    const int high = bottomBar.height(), count = static_cast<int>(ids.size());
+    const int rows = (count + inARow - 1) / inARow, wide = cell * inARow;
+    upperBar = {bottomBar.width() - wide, bottomBar.top() - rows * high, wide, rows * high};
+    for (int row = 0; row < rows; ++row) {
+        const auto from = ids.begin() + row * inARow;
+        const std::vector<TouchButtonId> some(from, from + std::min(inARow, count - row * inARow));
+        const int taken = cell * static_cast<int>(some.size());
+        PlaceRow(some, {upperBar.right() + 1 - taken, upperBar.top() + row * high, taken, high},
+                 true);
+    }
 }
 
 void PlayerLayout::PlaceRow(const std::vector<TouchButtonId>& ids, const QRect& bar, bool upper) {

@@ -21,6 +21,7 @@ enum class TouchButtonId : std::uint8_t {
     Shuffle,     ///< `TSshuffleBtn`
     AddFavorite, ///< `TSAddFavBtn`
     Source,      ///< `TSRadio2MP3Btn`
+    GPS,         ///< `TSGPSbtn`, where there is a map
     PageUp,
     PageDown,
     Mute,
@@ -38,7 +39,7 @@ struct ButtonPlace {
 /// All rectangles are in pixels of the screen and lie within it; none but the upper bar and the
 /// cover lies over another.
 struct PlayerLayout {
-    PlayerLayout(int width, int height);
+    PlayerLayout(int width, int height, bool gps = false);
 
     QRect listTitle; ///< also the place of the volume text
     QRect clock;
@@ -58,7 +59,8 @@ struct PlayerLayout {
   private:
     void PlaceTop(int width, int height);
     void PlacePanel(int width, int height);
-    void PlaceButtons(int width, int height);
+    void PlaceButtons(int width, int height, bool gps);
+    void PlaceUpperBar(const std::vector<TouchButtonId>& ids, int inARow, int cell);
     void PlaceRow(const std::vector<TouchButtonId>& ids, const QRect& bar, bool upper);
 };
 

@@ -34,6 +34,7 @@ constexpr ButtonFace Faces[] = {
     {TouchButtonId::Shuffle, "TSshuffleBtn", "shuffle.gif", "", "Shuffle"},
     {TouchButtonId::AddFavorite, "TSAddFavBtn", "addfav.gif", "addfavsel.gif", "+ Fav"},
     {TouchButtonId::Source, "TSRadio2MP3Btn", "player.gif", "", "Source"},
+    {TouchButtonId::GPS, "TSGPSbtn", "gpsactual.gif", "", "GPS"},
     {TouchButtonId::PageUp, "TSPageUpBtn", "pgup.gif", "pgupsel.gif", "Page up"},
     {TouchButtonId::PageDown, "TSPageDownBtn", "pgdn.gif", "pgdnsel.gif", "Page down"},
     {TouchButtonId::Mute, "TSMuteBtn", "mute.gif", "", "Mute"},
@@ -129,6 +130,7 @@ void playmp3::MakeButtons() {
     click(TouchButtonId::Swap, &AudioPlayer::Swap);
     click(TouchButtonId::RunOk, &AudioPlayer::runok);
     click(TouchButtonId::Pause, &AudioPlayer::DoPause);
+    click(TouchButtonId::GPS, &AudioPlayer::LoadGPS);
     click(TouchButtonId::PageUp, &AudioPlayer::PgUp);
     click(TouchButtonId::PageDown, &AudioPlayer::PgDn);
     click(TouchButtonId::Mute, &AudioPlayer::domute);
@@ -177,7 +179,7 @@ void playmp3::wheelEvent(QWheelEvent* event) {
 
 void playmp3::DoLayout() {
     const AppState& state = context_.state;
-    layout_ = PlayerLayout(state.ScreenWidth, state.ScreenHeight);
+    layout_ = PlayerLayout(state.ScreenWidth, state.ScreenHeight, context_.settings.GPSModule != 0);
     setGeometry(0, 0, state.ScreenWidth, state.ScreenHeight);
     Frame1_.setGeometry(rect());
     Place();

@@ -166,17 +166,19 @@ TEST_F(Playmp3Test, RedrawsNothingButTheTimeWhilePlaying) {
 }
 
 TEST_F(Playmp3Test, FitsEveryPanelWithButtonsForAFinger) {
+    settings.values.GPSModule = 1;
     for (const QSize size : PanelSizes) {
         SCOPED_TRACE(size.width());
         screens.Remove("playmp3");
         Open(0, 1, size);
         ExpectChildrenInside(*screen);
         EXPECT_GE(Named("TrackTimeLabel")->height(), TouchSide(size.height()));
-        const PlayerLayout layout(size.width(), size.height());
+        const PlayerLayout layout(size.width(), size.height(), true);
         std::vector<QRect> all = {layout.listTitle, layout.clock,   layout.mediaType,
                                   layout.title,     layout.artist,  layout.trackTime,
                                   layout.bitRate,   layout.shuffle, layout.list};
         for (const ButtonPlace& button : layout.buttons) {
+            EXPECT_GE(button.rect.width(), TouchSide(size.height()));
             EXPECT_EQ(button.upper, layout.upperBar.contains(button.rect));
             EXPECT_NE(button.upper, layout.bottomBar.contains(button.rect));
             if (!button.upper) all.push_back(button.rect); // an upper one opens over the list
@@ -186,7 +188,7 @@ TEST_F(Playmp3Test, FitsEveryPanelWithButtonsForAFinger) {
             EXPECT_TRUE(std::none_of(all.begin(), one, [&](QRect r) { return r.intersects(*one); }))
                 << one - all.begin();
         }
-        EXPECT_EQ(layout.buttons.size(), 16u);
+        EXPECT_EQ(layout.buttons.size(), 17u);
     }
 }
 
