@@ -3,6 +3,7 @@
 #include "core/time_of_day.h"
 #include "platform/files.h"
 #include "platform/paths.h"
+#include "settings/gps_page.h"
 
 #include <utility>
 
@@ -45,7 +46,9 @@ std::vector<LoadStep> NavigationModule::Steps() {
 }
 
 std::vector<Page> NavigationModule::Pages() {
-    return {};
+    return {GPSPage({.base = host_.base,
+                     .engine = [this] { return host_.ports.navigation.engine.Installed(); },
+                     .serialPorts = host_.ports.tuners.serialList})};
 }
 
 // Another choice, made in the settings.
