@@ -28,7 +28,8 @@ class NoMap : public MapPane {
 
 NavigationModule::NavigationModule(Host& host, LibraryModule& library, PlaybackModule& playback)
     : Module(host.modules), host_(host), library_(library), playback_(playback),
-      isn_(host.skin, host.settings.AppDir(), host.log) {
+      isn_(host.skin, host.settings.AppDir(), host.log),
+      mapRows_(host.base, host.ports.machine.child, [this] { return Setup().map; }) {
     playback_.loadGPS = [this] { Show(); };
     host.ports.navigation.engine.onLog = [this](const std::string& line) {
         host_.log.WriteDebugLog(line);
@@ -48,7 +49,8 @@ std::vector<LoadStep> NavigationModule::Steps() {
 std::vector<Page> NavigationModule::Pages() {
     return {GPSPage({.base = host_.base,
                      .engine = [this] { return host_.ports.navigation.engine.Installed(); },
-                     .serialPorts = host_.ports.tuners.serialList})};
+                     .serialPorts = host_.ports.tuners.serialList,
+                     .mapRows = mapRows_.Rows()})};
 }
 
 // Another choice, made in the settings.

@@ -5,6 +5,7 @@
 #include "app/modules/playback_module.h"
 #include "navigation/screen/frm_gps.h"
 #include "navigation/uc_dest.h"
+#include "settings/map_rows.h"
 
 #include <memory>
 #include <string>
@@ -44,6 +45,7 @@ class NavigationModule : public Module {
     LibraryModule& library_;
     PlaybackModule& playback_;
     IsnFile isn_;
+    MapRows mapRows_; ///< a map in the making goes on behind every screen
     std::unique_ptr<ForeignWindows> windows_;
     std::int16_t mapOf_ = 0; ///< the `GPSModule` that `map_` is for
     /// It outlives a visit to the settings: a route is to be there after it.
