@@ -4,6 +4,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace vk {
 
@@ -29,6 +30,11 @@ class Dialogs {
     /// One line of text; nothing when cancelled.
     virtual std::optional<std::string> InputBox(const std::string& text, const std::string& title,
                                                 const std::string& value) = 0;
+    /// One of a few rows by its place, `marked` at first; nothing when cancelled.
+    virtual std::optional<int> Choose(const std::string& /*title*/,
+                                      const std::vector<std::string>& /*rows*/, int /*marked*/) {
+        return std::nullopt;
+    }
     /// The folder that the user picked, starting at `start` (empty: the home folder); empty on
     /// cancel. `caption` stands above the folders.
     virtual std::string ChooseFolder(const std::string& caption, const std::string& start) = 0;

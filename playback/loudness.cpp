@@ -77,6 +77,13 @@ void Loudness::VolDown() {
     TellPercent();
 }
 
+void Loudness::SetPercent(std::int32_t percent) {
+    if (Locked()) return;
+    SetWanted(static_cast<std::int32_t>(std::int64_t{Max()} * std::clamp(percent, 0, 100) / 100));
+    FollowWave();
+    TellPercent();
+}
+
 // Safe and split volume --------------------------------------------------------------------------
 
 std::optional<std::int32_t> Loudness::LevelToKeep(const Setting<std::int32_t>& kept) const {

@@ -44,6 +44,8 @@ class Loudness {
 
     void VolUp();
     void VolDown();
+    /// Straight to a level of the scale, percent; like `VolUp` it does nothing while muted.
+    void SetPercent(std::int32_t percent);
     /// Fades out and mutes, or fades in again, a step each `mutespeed` milliseconds (at once when
     /// the screen in front changes meanwhile). Returns when the fade has begun; while it goes on
     /// another call is ignored, and so are `VolUp` and `VolDown`.

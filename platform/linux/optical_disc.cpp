@@ -58,6 +58,11 @@ bool HoldsDisc(const OpticalCalls& calls, const std::string& device) {
     return OpenDrive(calls, device).Status() == CDS_DISC_OK;
 }
 
+bool IsEmptyDrive(const OpticalCalls& calls, const std::string& device) {
+    const int status = OpenDrive(calls, device).Status();
+    return status == CDS_NO_DISC || status == CDS_TRAY_OPEN;
+}
+
 AudioDisc ReadAudioDisc(const OpticalCalls& calls, const std::string& device) {
     const OpenDrive drive(calls, device);
     cdrom_tochdr header{};

@@ -19,6 +19,8 @@ OpticalCalls SystemOpticalCalls();
 
 /// True when there is a disc that can be read; the drive answers from its own memory.
 bool HoldsDisc(const OpticalCalls& calls, const std::string& device);
+/// True when the drive says that it is empty; false as long as it says nothing.
+bool IsEmptyDrive(const OpticalCalls& calls, const std::string& device);
 
 /// The table of contents of a disc with sound on it.
 struct AudioDisc {

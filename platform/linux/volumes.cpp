@@ -136,8 +136,17 @@ bool LinuxVolumes::IsReady(const std::string& root) const {
     if (root.starts_with("/dev/")) return HoldsDisc(from_.optical, root);
     const auto mounts = Mounts();
     return FolderExists(root) && std::any_of(mounts.begin(), mounts.end(), [&](const Mount& mount) {
-               return mount.mountPoint == root;
+               return mount.mountPoint == root && !IsPulled(mount);
            });
+}
+
+// Until somebody unmounts it, a mount outlives its medium, and its folders are still in memory.
+bool LinuxVolumes::IsPulled(const Mount& mount) const {
+    if (!mount.source.starts_with("/dev/") || !FolderExists(from_.sysBlock)) return false;
+    const auto optical = OpticalDevices();
+    if (std::find(optical.begin(), optical.end(), mount.source) != optical.end())
+        return IsEmptyDrive(from_.optical, mount.source);
+    return !mount.device.starts_with("0:") && !FolderExists(JoinPath(from_.sysBlock, mount.device));
 }
 
 std::string LinuxVolumes::Label(const std::string& root) const {

@@ -40,6 +40,7 @@ class LinuxVolumes : public Volumes {
     std::vector<Mount> Mounts() const;
     std::vector<std::string> OpticalDevices() const;
     bool IsRemovable(const Mount& mount) const;
+    bool IsPulled(const Mount& mount) const;
     std::string DeviceOf(const std::string& root) const;
 
     Sources from_;

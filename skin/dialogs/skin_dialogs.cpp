@@ -1,6 +1,7 @@
 #include "skin/dialogs/skin_dialogs.h"
 
 #include "platform/qt/virtual_keys.h"
+#include "skin/dialogs/choice_overlay.h"
 #include "skin/dialogs/folder_overlay.h"
 #include "skin/dialogs/input_overlay.h"
 #include "skin/dialogs/message_overlay.h"
@@ -112,6 +113,14 @@ std::optional<std::string> SkinDialogs::InputBox(const std::string& text, const 
     const Closer dialog{input};
     if (!Run(dialog.overlay)) return std::nullopt;
     return input->Value();
+}
+
+std::optional<int> SkinDialogs::Choose(const std::string& title,
+                                       const std::vector<std::string>& rows, int marked) {
+    auto* choice = new ChoiceOverlay(host_, Look(), clock_, {title, rows, marked});
+    const Closer dialog{choice};
+    if (!Run(dialog.overlay)) return std::nullopt;
+    return choice->Chosen();
 }
 
 std::string SkinDialogs::ChooseFolder(const std::string& caption, const std::string& start) {

@@ -42,6 +42,8 @@ class SkinDialogs : public Dialogs {
     bool AskOkCancel(const std::string& text, const std::string& title = {}) override;
     std::optional<std::string> InputBox(const std::string& text, const std::string& title,
                                         const std::string& value) override;
+    std::optional<int> Choose(const std::string& title, const std::vector<std::string>& rows,
+                              int marked) override;
     std::string ChooseFolder(const std::string& caption, const std::string& start) override;
 
     /// True while a dialog is open.

@@ -160,6 +160,21 @@ TEST_F(FilesTest, TheTracksOfAnAudioDiscComeFromItsTableOfContents) {
     EXPECT_TRUE(mixed.AudioTracks(folder.Path()).empty());
 }
 
+TEST_F(FilesTest, AMountIsReadyAsLongAsItsMediumIsThere) {
+    const std::string stick = folder.MakeFolder("stick"), disc = folder.MakeFolder("disc");
+    folder.Write("cdrom", "drive name:\tsr0\n");
+    folder.Write("mounts", "24 22 8:17 / " + stick + " rw - vfat /dev/sdb1 rw\n26 22 11:0 / " + disc +
+                               " ro - iso9660 /dev/sr0 ro\n");
+    folder.MakeFolder("block/8:17");
+    const LinuxVolumes full(From(DriveWith({false}))), empty(From(DriveWith({})));
+    EXPECT_TRUE(full.IsReady(stick) && full.IsReady(disc));
+    EXPECT_FALSE(empty.IsReady(disc)) << "the disc was pushed out, and nobody has unmounted it";
+    std::filesystem::remove(folder.File("block/8:17"));
+    EXPECT_FALSE(full.IsReady(stick)) << "nor a stick that was pulled";
+    std::filesystem::remove(folder.File("block"));
+    EXPECT_TRUE(full.IsReady(stick)) << "a machine that does not tell";
+}
+
 TEST_F(FilesTest, TheRegistryFileKeepsKeysAndValues) {
     FileRegistry registry(folder.File("registry.ini"));
     EXPECT_FALSE(CatalogueServerRegistered(registry));

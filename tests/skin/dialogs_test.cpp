@@ -63,7 +63,7 @@ struct DialogsTest : testing::Test, CoreFixture {
     }
     const DialogCell& Cell(const char* caption) {
         for (const DialogCell& cell : Front()->Cells())
-            if (cell.caption == QLatin1String(caption)) return cell;
+            if (cell.caption == QString::fromUtf8(caption)) return cell;
         ADD_FAILURE() << "no button " << caption;
         return Front()->Cells().front();
     }
@@ -317,6 +317,28 @@ TEST_F(DialogsTest, AFolderIsFoundByKeysAndTouchOrMadeAndEntered) {
     };
     EXPECT_EQ(Chosen(refused, tree), "");
     EXPECT_FALSE(FolderExists(tree + "/a"));
+}
+
+TEST_F(DialogsTest, ARowIsChosenByKeysAndTouchAndRowsBeyondTheScreenScroll) {
+    std::vector<std::string> rows;
+    for (int row = 0; row < 12; ++row)
+        rows.push_back("row " + std::to_string(row));
+    const auto chosen = [&](const auto& does, int marked) {
+        Then(does);
+        return skinDialogs.Choose("Rows", rows, marked).value_or(-1);
+    };
+    EXPECT_EQ(chosen("\n", 11), 11) << "what holds now is on show and marked";
+    EXPECT_EQ(chosen("_______\n", 0), 7);
+    EXPECT_EQ(chosen("^^^\n", 9), 6);
+    EXPECT_EQ(chosen("!", 3), -1);
+    const auto touched = [this] {
+        Touch("\xE2\x96\xBC");
+        Touch("row 5");
+    };
+    EXPECT_EQ(chosen(touched, 0), 5);
+    EXPECT_EQ(chosen([this] { Touch("Cancel"); }, 0), -1);
+    rows.resize(2);
+    EXPECT_EQ(chosen("__^\n", 0), 1) << "down again leads to the cancelling button";
 }
 
 TEST_F(DialogsTest, TheStartingPlacesAreHomeMediaAndRoot) {

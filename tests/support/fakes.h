@@ -35,6 +35,11 @@ class FakeDialogs : public Dialogs {
         ShowMessage(text, title, MessageKind::Plain);
         return inputs.empty() ? std::nullopt : std::optional(Next(inputs));
     }
+    std::optional<int> Choose(Text title, const std::vector<std::string>& rows,
+                              int marked) override {
+        ShowMessage(Joined(rows) + "*" + std::to_string(marked), title, MessageKind::Plain);
+        return choices.empty() ? std::nullopt : std::optional(Next(choices));
+    }
     std::string ChooseFolder(Text caption, Text) override {
         captions.push_back(caption);
         return folders.empty() ? std::string() : Next(folders);
@@ -47,11 +52,18 @@ class FakeDialogs : public Dialogs {
     std::vector<std::string> shown, titles, captions, noMarked;
     std::deque<bool> answers;
     std::deque<std::string> inputs, folders;
+    std::deque<int> choices;
 
   private:
     bool Asked(Text text, Text title) {
         ShowMessage(text, title, MessageKind::Plain);
         return answers.empty() || Next(answers);
+    }
+    static std::string Joined(const std::vector<std::string>& rows) {
+        std::string text;
+        for (const std::string& row : rows)
+            text += row + " | ";
+        return text;
     }
     template<typename T> static T Next(std::deque<T>& queue) {
         const T next = queue.front();

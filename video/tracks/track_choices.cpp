@@ -1,0 +1,54 @@
+#include "video/tracks/track_choices.h"
+
+#include "core/line_splitter.h"
+#include "core/text.h"
+#include "platform/files.h"
+
+#include <algorithm>
+#include <sstream>
+
+namespace vk {
+
+std::optional<TrackChoices::Entry> TrackChoices::Parse(std::string_view line) {
+    const auto first = line.find(' ');
+    const auto second = line.find(' ', first + 1);
+    if (first == line.npos || second == line.npos || second + 1 >= line.size())
+        return std::nullopt;
+    const auto sound = ParseInteger(line.substr(0, first));
+    const auto subtitles = ParseInteger(line.substr(first + 1, second - first - 1));
+    const auto fits = [](const auto& place) {
+        return place && *place >= TrackChoice::Untouched && *place < 1000;
+    };
+    if (!fits(sound) || !fits(subtitles)) return std::nullopt;
+    return Entry{std::string(line.substr(second + 1)),
+                 {static_cast<int>(*sound), static_cast<int>(*subtitles)}};
+}
+
+std::vector<TrackChoices::Entry> TrackChoices::Read() const {
+    std::vector<Entry> entries;
+    std::istringstream lines(ReadWholeFile(file_).value_or(""));
+    for (std::string line; std::getline(lines, line);)
+        if (auto entry = Parse(line)) entries.push_back(std::move(*entry));
+    return entries;
+}
+
+TrackChoice TrackChoices::Of(const std::string& film) const {
+    for (const Entry& entry : Read())
+        if (entry.film == film) return entry.choice;
+    return {};
+}
+
+bool TrackChoices::Keep(const std::string& film, const TrackChoice& choice) const {
+    if (film.empty() || film.find('\n') != film.npos) return false;
+    std::vector<Entry> entries = Read();
+    std::erase_if(entries, [&](const Entry& entry) { return entry.film == film; });
+    entries.push_back({film, choice});
+    const auto first = entries.size() - std::min(entries.size(), Most);
+    std::string text;
+    for (auto at = first; at < entries.size(); ++at)
+        text += std::to_string(entries[at].choice.sound) + " " +
+                std::to_string(entries[at].choice.subtitles) + " " + entries[at].film + "\n";
+    return ReplaceFile(file_, text);
+}
+
+} // namespace vk
