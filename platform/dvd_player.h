@@ -1,6 +1,8 @@
 // Video discs: what the film's player does besides with menus, titles and chapters.
 #pragma once
 
+#include "platform/dvd_events.h"
+
 #include <string>
 
 namespace vk {
@@ -20,12 +22,20 @@ class DvdPlayer {
     virtual const std::string& Directory() const = 0;
 
     virtual void Press(DvdKey key) = 0;
+    /// Presses the button of a menu there; of the picture's width and height, 0 to 1.
+    virtual void Touch(double x, double y) = 0;
     /// The disc's own menu, where it has one.
     virtual void RootMenu() = 0;
     virtual void NextChapter() = 0;
     virtual void PreviousChapter() = 0;
-    /// True in a menu.
-    virtual bool InMenu() const = 0;
+    /// The title that plays, from 1; 0 in menus.
+    virtual int Title() const = 0;
+    virtual void Title(int title) = 0;
+    virtual DvdDomain CurrentDomain() const = 0;
+    /// Whether the disc allows this now; a flag of `uop`.
+    virtual bool UOPValid(int flag) const = 0;
+
+    DvdNotify onNotify; ///< called from the event loop; empty: nobody listens
 };
 
 } // namespace vk

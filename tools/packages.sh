@@ -10,7 +10,7 @@ libasound2 libasound2-plugins fonts-dejavu-core xvfb x11-apps imagemagick"
 DEMO_PACKAGES="ffmpeg"
 SCAN_BENCH_PACKAGES="libbenchmark-dev mpd"
 TEST_PACKAGES="dbus python3-dbusmock xterm procps libgtest-dev libgmock-dev xvfb xauth xdotool openbox x11-utils \
-pulseaudio clang-format"
+pulseaudio clang-format ffmpeg dvdauthor genisoimage"
 TIDY_PACKAGES="clang clang-tidy libbenchmark-dev"
 
 say() { printf '%s\n' "velkorandum: $*"; }

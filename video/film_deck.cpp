@@ -45,6 +45,11 @@ bool FilmDeck::Open(const std::string& path, double seconds) {
     return true;
 }
 
+bool FilmDeck::OpenDisc(const std::function<bool()>& play) {
+    open_ = Player() != nullptr;
+    return open_ = open_ && play();
+}
+
 void FilmDeck::Close() {
     if (!std::exchange(open_, false)) return;
     player_->FileName("");

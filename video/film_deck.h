@@ -28,6 +28,8 @@ class FilmDeck {
     MediaPlayer* Loaded() const { return player_.get(); }
     /// Plays a file from `seconds` on; false without a player.
     bool Open(const std::string& path, double seconds);
+    /// The same for what `play` begins on the player, which is there then.
+    bool OpenDisc(const std::function<bool()>& play);
     /// Closes the film and lets its memory go.
     void Close();
     bool IsOpen() const { return open_; }

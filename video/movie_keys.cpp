@@ -45,7 +45,32 @@ bool MoviePlayer::Repeats(const InputCode& key) const {
     return GoesOnWhileHeld(key) && !key.Means(Action::pageup) && !key.Means(Action::pagedown);
 }
 
+// A disc's menu is worked by the arrows and Enter. Up and down are the disc's even in a title.
+bool MoviePlayer::DiscKey(DvdKey key) {
+    const bool upDown = key == DvdKey::Up || key == DvdKey::Down;
+    if (!disc_.IsOpen() || (!upDown && !disc_.InMenu())) return false;
+    switch (key) {
+    case DvdKey::Up:
+        disc_.Control().uparrow();
+        break;
+    case DvdKey::Down:
+        disc_.Control().downarrow();
+        break;
+    case DvdKey::Left:
+        disc_.Control().leftarrow();
+        break;
+    case DvdKey::Right:
+        disc_.Control().rightarrow();
+        break;
+    case DvdKey::Enter:
+        disc_.Control().enterbutton();
+        break;
+    }
+    return true;
+}
+
 void MoviePlayer::runok() {
+    if (DiscKey(DvdKey::Enter)) return;
     DoPause();
 }
 
@@ -56,18 +81,22 @@ void MoviePlayer::DoPause() {
 
 // A film has nothing to scroll: up and down are the volume, as on the wheel.
 void MoviePlayer::MoveUp() {
+    if (DiscKey(DvdKey::Up)) return;
     VolUp();
 }
 
 void MoviePlayer::MoveDown() {
+    if (DiscKey(DvdKey::Down)) return;
     VolDown();
 }
 
 void MoviePlayer::MoveBack() {
+    if (DiscKey(DvdKey::Left)) return;
     RW_Click(StepSeconds);
 }
 
 void MoviePlayer::MoveAhead() {
+    if (DiscKey(DvdKey::Right)) return;
     FF_Click(StepSeconds);
 }
 
@@ -89,12 +118,20 @@ void MoviePlayer::Wheel(int delta) {
         delta > 0 ? VolUp() : VolDown();
 }
 
+void MoviePlayer::PicturePlaced(int left, int top, int width, int height) {
+    if (disc_.IsOpen()) disc_.Control().setwnd(left, top, width, height);
+}
+
+// In a disc's menu the bars come in besides, since its buttons may be anywhere.
 // Without bars a corner leads out, and the rest of the picture pauses it: there is nothing else to
 // be touched.
 void MoviePlayer::PictureTouched(int x, int y, int width, int height) {
-    if (BarsOffered()) return WantBars();
     const int side = TouchSide(height);
-    x >= width - side&& y < side ? doquit() : DoPause();
+    const bool corner = x >= width - side && y < side;
+    if (!BarsOffered() && corner) return doquit();
+    const bool taken = disc_.IsOpen() && disc_.Control().touch(x, y);
+    if (BarsOffered()) return WantBars();
+    if (!taken) DoPause();
 }
 
 void MoviePlayer::DoHeld(HeldAction action) {

@@ -2,6 +2,7 @@
 
 #include "core/text.h"
 #include "platform/paths.h"
+#include "video/disc/disc_place.h"
 
 #include <algorithm>
 #include <utility>
@@ -14,6 +15,7 @@ constexpr const char* FormName = "playmovie";
 constexpr int TickMs = 100;
 constexpr int TicksASecond = 10;
 constexpr int MessageTicks = 30; // how long is told that a film cannot be played
+constexpr int NoticeTicks = 20;
 constexpr double LeastRewind = 5;
 
 } // namespace
@@ -22,11 +24,14 @@ MoviePlayer::MoviePlayer(Needs needs, MovieView& view)
     : n_(std::move(needs)), base_(n_.base), view_(view),
       deck_(base_, n_.makePlayer,
             {.picture = [this](auto picture) { PictureCame(std::move(picture)); },
-             .tracks = {},
+             .tracks = [this] { tracks_.Apply(*deck_.Loaded()); },
              .ended = [this] { FilmEnded(); },
              .failed = [this] { FilmFailed(); }}),
       data_(base_.settings, n_.loudness), volume_(base_, n_.loudness, view),
-      watch_(base_.clock, n_.saver), Timer1(base_.clock.MakeTimer([this] { Tick(); })) {}
+      watch_(base_.clock, n_.saver),
+      disc_({base_, n_.loudness, deck_, [this](const std::string& text) { Notice(text); }}),
+      medium_({base_.clock, base_.volumes, n_.probe, [this] { FilmGone(); }}), tracks_(base_),
+      Timer1(base_.clock.MakeTimer([this] { Tick(); })) {}
 
 void MoviePlayer::Log(const char* where, const std::function<void()>& operation) {
     TrapAndLog(base_.report, std::string("An error occured in playmovie.") + where + " ",
@@ -119,6 +124,8 @@ void MoviePlayer::Release() {
 }
 
 void MoviePlayer::CloseFilm() {
+    medium_.Leave();
+    disc_.Close();
     deck_.Close();
     view_.ShowPicture({});
     messageTicks_ = 0;
@@ -181,6 +188,7 @@ void MoviePlayer::Play() {
         messageTicks_ = 0;
         view_.ShowMessage("");
         view_.ShowPaused(false);
+        if (bPlayDVD) return OpenDisc(disc_.Drive(), n_.video.FromBrowser ? 0 : data_.LeftTitle());
         if (list_.Selected().empty()) return FilmFailed();
         OpenSelected();
     });
@@ -188,12 +196,45 @@ void MoviePlayer::Play() {
 
 void MoviePlayer::OpenSelected() {
     const std::string path = list_.Selected();
+    if (const std::string disc = DiscOfFile(path); !disc.empty())
+        return OpenDisc(disc, data_.LeftAt(path) > 0 ? data_.LeftTitle() : 0);
+    tracks_.Enter(path);
+    medium_.Watch(path);
     view_.ShowTitle(TitleOf(path));
     if (!deck_.Open(path, data_.LeftAt(path))) return FilmFailed();
     ShowPlace();
 }
 
+void MoviePlayer::OpenDisc(const std::string& directory, int title) {
+    const double seconds = title > 0 ? data_.LeftAt(list_.Selected()) : 0;
+    if (!disc_.Open(directory, {title, seconds})) return FilmFailed();
+    tracks_.Enter(disc_.Name());
+    medium_.Watch(directory);
+    view_.ShowTitle("DVD Video: " + disc_.Name());
+    ShowPlace();
+}
+
+// Its last picture would stand there for ever.
+void MoviePlayer::FilmGone() {
+    Log("FilmGone", [this] {
+        constexpr const char* Text = "What is played has been taken out.";
+        base_.log.WriteDebugLog(Text);
+        SaveVideoData();
+        CloseFilm();
+        failed_ = std::max(1, list_.Count()); // nothing else of it is there
+        view_.ShowLoading(false);
+        view_.ShowMessage(Text);
+        messageTicks_ = MessageTicks;
+    });
+}
+
+void MoviePlayer::Notice(const std::string& text) {
+    view_.ShowMessage(text);
+    noticeTicks_ = NoticeTicks;
+}
+
 void MoviePlayer::NextMovie() {
+    if (disc_.IsOpen()) return Log("NextMovie", [this] { disc_.Control().nextchapter(); });
     Log("NextMovie", [this] {
         list_.Next();
         CloseFilm();
@@ -203,6 +244,7 @@ void MoviePlayer::NextMovie() {
 }
 
 void MoviePlayer::PreviousMovie() {
+    if (disc_.IsOpen()) return Log("PreviousMovie", [this] { disc_.Control().prevchapter(); });
     Log("PreviousMovie", [this] {
         list_.Previous();
         CloseFilm();
@@ -214,6 +256,7 @@ void MoviePlayer::PreviousMovie() {
 void MoviePlayer::FF_Click(int seconds) {
     Log("FF_Click", [&] {
         WantBars();
+        if (disc_.IsOpen()) return disc_.Control().ffwd();
         const double to = deck_.Position() + seconds;
         if (to < deck_.Duration()) deck_.Position(to);
         ShowPlace();
@@ -223,6 +266,7 @@ void MoviePlayer::FF_Click(int seconds) {
 void MoviePlayer::RW_Click(int seconds) {
     Log("RW_Click", [&] {
         WantBars();
+        if (disc_.IsOpen()) return disc_.Control().rwnd();
         const double from = deck_.Position();
         if (from >= LeastRewind) deck_.Position(std::max(0.0, from - seconds));
         ShowPlace();
@@ -232,7 +276,8 @@ void MoviePlayer::RW_Click(int seconds) {
 void MoviePlayer::PauseIt() {
     Log("PauseIt", [this] {
         if (!deck_.Playing()) return;
-        deck_.Pause();
+        disc_.IsOpen() ? disc_.Pause() : deck_.Pause();
+        if (!deck_.Paused()) return; // the disc does not permit it
         view_.ShowPaused(true);
         SaveVideoData();
     });
@@ -241,7 +286,7 @@ void MoviePlayer::PauseIt() {
 void MoviePlayer::UnPauseIt() {
     Log("UnPauseIt", [this] {
         if (!deck_.Paused()) return;
-        deck_.Play();
+        disc_.IsOpen() ? disc_.GoOn() : deck_.Play();
         view_.ShowPaused(false);
     });
 }
@@ -263,8 +308,9 @@ void MoviePlayer::FilmEnded() {
 
 void MoviePlayer::FilmFailed() {
     const std::string path = list_.Selected();
-    const std::string name = path.empty() ? "The list holds no film" : FileNameOf(path);
-    const char* what = path.empty() ? "." : " cannot be played.";
+    const std::string none = bPlayDVD ? "The disc" : "The list holds no film";
+    const std::string name = path.empty() ? none : FileNameOf(path);
+    const char* what = path.empty() && !bPlayDVD ? "." : " cannot be played.";
     base_.log.WriteDebugLog(ToUtf8(name) + what);
     ++failed_;
     if (seen_) SaveVideoData();
@@ -293,7 +339,8 @@ FilmPlace MoviePlayer::Place() const {
             .path = list_.Selected(),
             .seconds = finished_ ? 0 : static_cast<std::int32_t>(deck_.Position()),
             .serial = n_.video.VolumeSerial,
-            .dvd = bPlayDVD};
+            .dvd = bPlayDVD,
+            .title = disc_.Title()};
 }
 
 void MoviePlayer::SaveVideoData() {
@@ -311,6 +358,8 @@ void MoviePlayer::Tick() {
             bars_.Tick(barsHeld_ || held_.Action() != HeldNone);
             ShowBars();
             if (++ticks_ >= TicksASecond) EverySecond();
+            if (noticeTicks_ > 0 && --noticeTicks_ == 0 && messageTicks_ == 0)
+                view_.ShowMessage("");
             if (messageTicks_ > 0 && --messageTicks_ == 0) GoOn();
         });
     });
@@ -354,6 +403,14 @@ void MoviePlayer::ShowBars() {
 void MoviePlayer::HoldBars(bool on) {
     barsHeld_ = on;
     if (on) WantBars();
+}
+
+void MoviePlayer::ShowChoices() {
+    MediaPlayer* player = deck_.Loaded();
+    if (!player || !deck_.IsOpen()) return;
+    TrackMenu::Other menu;
+    if (disc_.IsOpen()) menu = {"Menu of the disc", [this] { disc_.Control().menu(); }};
+    tracks_.Ask(*player, menu, [this] { return deck_.IsOpen(); });
 }
 
 void MoviePlayer::LoadGPS() {

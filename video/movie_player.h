@@ -8,11 +8,14 @@
 #include "playback/audio/held_buttons.h"
 #include "playback/video_state.h"
 #include "video/film_deck.h"
+#include "video/disc/medium_watch.h"
 #include "video/film_watch.h"
 #include "video/movie_bars.h"
+#include "video/movie_disc.h"
 #include "video/movie_label.h"
 #include "video/movie_list.h"
 #include "video/movie_view.h"
+#include "video/tracks/track_menu.h"
 #include "video/video_data.h"
 
 #include <cstdint>
@@ -37,6 +40,7 @@ class MoviePlayer {
         const KeyMap& keys;
         ScreenSaver& saver;
         MakeMediaPlayer makePlayer;
+        MediumProbe& probe;
         std::function<TagRecord(const std::string& path)> tagOf;
         std::function<void()> loadGPS = {}; ///< empty without a GPS screen
     };
@@ -88,6 +92,10 @@ class MoviePlayer {
     void Wheel(int delta);
     /// A touch of the picture, pixels of a screen that is so large.
     void PictureTouched(int x, int y, int width, int height);
+    /// Where the picture lies on the screen now, pixels.
+    void PicturePlaced(int left, int top, int width, int height);
+    /// Asks what of the film is to be heard and read, and on a disc whether its menu is to come.
+    void ShowChoices();
     /// A touch button that acts while it is held.
     void Press(HeldAction action) { held_.Press(action); }
     void Release(bool inside);
@@ -108,6 +116,10 @@ class MoviePlayer {
     void DoHeld(HeldAction action);
     void ShowPlace();
     void OpenSelected();
+    void OpenDisc(const std::string& directory, int title);
+    void FilmGone();
+    void Notice(const std::string& text);
+    bool DiscKey(DvdKey key);
     void PictureCame(std::shared_ptr<const FilmPicture> picture);
     void FilmEnded();
     void FilmFailed();
@@ -126,9 +138,13 @@ class MoviePlayer {
     VideoData data_;
     MovieLabel volume_;
     FilmWatch watch_;
+    MovieDisc disc_;
+    MediumWatch medium_;
+    TrackMenu tracks_;
     HeldButtons held_;
     std::unique_ptr<Timer> Timer1; ///< 100 ms, while the screen is in front
     int ticks_ = 0;                ///< since the last full second
+    int noticeTicks_ = 0;          ///< until a notice goes
     int messageTicks_ = 0;         ///< until the film after one that failed; 0: none did
     int failed_ = 0;               ///< films in a row
     double in_ = 0;                ///< how much of the bars is on the screen

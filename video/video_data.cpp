@@ -15,6 +15,7 @@ void VideoData::Save(const FilmPlace& place) {
         {setting::CurrentMovie, place.path},
         {setting::VideoPosition, place.seconds},
         {setting::PlayDVD, place.dvd},
+        {setting::CurrentTitle, static_cast<std::int16_t>(place.title)},
         {setting::VideoVolumeSerial, place.serial}};
     if (volume) changes.emplace_back(setting::VideoVolume, *volume);
     settings_.Write(changes);

@@ -16,6 +16,7 @@ struct FilmPlace {
     std::int32_t seconds = 0;
     std::int32_t serial = 0; ///< of the disc that holds it; 0: none
     bool dvd = false;
+    int title = 0; ///< of a disc
     bool operator==(const FilmPlace&) const = default;
 };
 
@@ -30,6 +31,10 @@ class VideoData {
     /// The seconds at which that film was left, 0 when another one was; always 0 with `DoResume`
     /// off.
     std::int32_t LeftAt(const std::string& path) const;
+    /// The title of the disc that was left, 0 for its menus; it is to be the same disc.
+    int LeftTitle() const {
+        return settings_.values.DoResume ? settings_.Get(setting::CurrentTitle) : 0;
+    }
     /// The film that was left, "" for none.
     std::string LastFilm() const { return settings_.Get(setting::CurrentMovie); }
 

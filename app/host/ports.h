@@ -13,6 +13,7 @@
 #include "platform/instance_lock.h"
 #include "platform/locale_info.h"
 #include "platform/media_player.h"
+#include "platform/medium_probe.h"
 #include "platform/mixer.h"
 #include "platform/navigation_engine.h"
 #include "platform/player_window.h"
@@ -92,6 +93,7 @@ struct NavigationPorts {
 struct FilmPorts {
     MakeMediaPlayer player; ///< loaded by the first film
     ScreenSaver& saver;
+    MediumProbe& probe; ///< of what a film comes from
 };
 
 /// References only: what they name outlives the application.

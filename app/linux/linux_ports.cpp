@@ -72,7 +72,7 @@ Ports LinuxPorts::ports() {
         .navigation = {navigation_},
         .films = {
             [this](std::string& reason) { return LoadMediaPlayer(appDir_, uiThread_, reason); },
-            saver_}};
+            saver_, *probe_}};
 }
 
 // Both are called on the card's thread.

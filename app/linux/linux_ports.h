@@ -58,6 +58,7 @@ class LinuxPorts {
     std::unique_ptr<Gamma> gamma_ = MakeGamma();
     AlsaRoute route_;
     QtScreenSaver saver_;
+    std::unique_ptr<MediumProbe> probe_ = MakeMediumProbe();
     std::unique_ptr<PlayerWindow> player_;
     std::unique_ptr<ForeignWindows> mapWindows_;
     NavitEngine navigation_;

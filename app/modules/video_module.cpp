@@ -57,6 +57,7 @@ MoviePlayer::Needs VideoModule::Needs() {
             .keys = host_.keys,
             .saver = host_.ports.films.saver,
             .makePlayer = host_.ports.films.player,
+            .probe = host_.ports.films.probe,
             .tagOf = [this](const std::string& path) { return library_.tags.GetDBTag(path); },
             .loadGPS = [this] { navigation_.Show(); }};
 }

@@ -83,7 +83,7 @@ struct FakeMachine {
                            .serialList = [this] { return serialPorts; },
                            .route = route},
                 .navigation = {engine},
-                .films = {.player = {}, .saver = saver}};
+                .films = {.player = {}, .saver = saver, .probe = probe}};
     }
     std::unique_ptr<Radio> MakeRadio(std::string& reason) {
         if (radio) return std::make_unique<RadioLink>(*radio);
@@ -118,6 +118,7 @@ struct FakeMachine {
     FakeSoundRoute route;
     FakeNavigationEngine engine;
     FakeScreenSaver saver;
+    FakeMediumProbe probe;
     FakeLocalStream* stream = nullptr; ///< of the remote, as long as that is open
     std::function<void()> onEvents;    ///< runs whenever the system lets events run
 };

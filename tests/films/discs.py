@@ -2,9 +2,11 @@
 
 `disc`: a menu of four buttons (first title, its second chapter, second title, first title in its other language); a
 first title of three chapters, red, green and yellow of five seconds each, with two sound tracks and two subtitles; a
-second title, blue. `plain`: one title, blue, and no menu at all.
+second title, blue. `plain`: one title, blue, and no menu at all. `strict`: like `disc`, as a folder alone; its first
+title forbids pausing, the way forwards and the next chapter.
 """
 
+import pathlib
 import shutil
 
 QUIET = ["ffmpeg", "-nostdin", "-hide_banner", "-loglevel", "error", "-y"]
@@ -108,6 +110,21 @@ def disc_with_menu(run, folder, target):
            f'<pgc><vob file="{folder}/second.mpg" /><post>call menu;</post></pgc></titles></titleset></dvdauthor>')
 
 
+def forbid(disc, operations):
+    """In the first title's program chain; the format has it at the eighth byte."""
+    file = pathlib.Path(disc) / "VIDEO_TS" / "VTS_01_0.IFO"
+    data = bytearray(file.read_bytes())
+
+    def number(at, size=4):
+        return int.from_bytes(data[at:at + size], "big")
+
+    parts, chains = number(0xC8) * 2048, number(0xCC) * 2048
+    first = number(parts + number(parts + 8), 2)
+    chain = chains + number(chains + 8 + (first - 1) * 8 + 4)
+    data[chain + 8:chain + 12] = operations.to_bytes(4, "big")
+    file.write_bytes(data)
+
+
 def make(films, run):
     folder = films / "parts"
     folder.mkdir()
@@ -119,4 +136,6 @@ def make(films, run):
     author(run, folder, films / "plain",
            f'<dvdauthor><vmgm /><titleset><titles><video format="pal" aspect="4:3" />'
            f'<pgc><vob file="{folder}/second.mpg" /></pgc></titles></titleset></dvdauthor>')
+    shutil.copytree(films / "disc", films / "strict")
+    forbid(films / "strict", 0x100 | 0x80 | 0x80000)
     shutil.rmtree(folder)

@@ -4,6 +4,7 @@
 #include "platform/beeper.h"
 #include "platform/instance_lock.h"
 #include "platform/local_stream.h"
+#include "platform/medium_probe.h"
 #include "platform/screen_saver.h"
 #include "platform/ui_thread.h"
 
@@ -38,6 +39,14 @@ class FakeUiThread : public UiThread {
 struct FakeScreenSaver : ScreenSaver {
     void Reset() override { ++resets; }
     int resets = 0;
+};
+
+/// Answers at once that everything is there, until it is told otherwise.
+struct FakeMediumProbe : MediumProbe {
+    void Ask(const std::string& path) override { asked.push_back(path); }
+    std::optional<bool> Answer() const override { return answer; }
+    std::optional<bool> answer = true;
+    std::vector<std::string> asked;
 };
 
 struct SilentBeeper : Beeper {

@@ -95,11 +95,11 @@ bool DVD::InMenu() const {
     return domain == DvdDomain::ManagerMenu || domain == DvdDomain::TitleMenu;
 }
 
-bool DVD::touch(int x, int y, bool leaves) {
+bool DVD::touch(int x, int y) {
     const auto [left, top, width, height] = box_;
     const bool inside = x >= left && x < left + width && y >= top && y < top + height;
     if (!mouse_ || !inside || !InMenu()) return false;
-    Disc().Point(double(x - left) / width, double(y - top) / height, leaves);
+    Disc().Touch(double(x - left) / width, double(y - top) / height);
     return true;
 }
 

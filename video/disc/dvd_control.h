@@ -73,9 +73,9 @@ class DVD {
     DvdDomain GetCurrentDomain() const { return Disc().CurrentDomain(); }
     bool CheckUOPValid(int flag) const { return Disc().UOPValid(flag); }
 
-    /// A touch on the screen, pixels: chooses the button of a menu there, and presses it when the
-    /// finger leaves. False outside of menus and beside the picture.
-    bool touch(int x, int y, bool leaves);
+    /// A touch on the screen, pixels: presses the button of a menu there. False outside of menus
+    /// and beside the picture.
+    bool touch(int x, int y);
     bool InMenu() const;
     /// The screen is to stay awake: a disc plays.
     bool DisableScreenSaver() const { return awake_; }

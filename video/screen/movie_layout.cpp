@@ -16,8 +16,8 @@ MovieLayout::MovieLayout(int width, int height) {
     title = {margin, 0, time.left() - 2 * margin, side};
     const int bar = side + margin;
     buttonBar = {0, height - bar, width, bar};
-    const MovieButton order[] = {DoQuit,      Swap, Previous,   Rewind,  Pause,
-                                 FastForward, Next, VolumeDown, VolumeUp};
+    const MovieButton order[] = {DoQuit, Swap,        Choices, Previous,   Rewind,
+                                 Pause,  FastForward, Next,    VolumeDown, VolumeUp};
     const int count = static_cast<int>(std::size(order));
     for (int i = 0; i < count; ++i) {
         QRect rect(0, 0, side, side);

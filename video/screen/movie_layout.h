@@ -12,6 +12,7 @@ namespace vk {
 enum class MovieButton : std::uint8_t {
     DoQuit,
     Swap,
+    Choices,
     Previous,
     Rewind,
     Pause,

@@ -21,6 +21,7 @@ struct ButtonFace {
 constexpr ButtonFace Faces[] = {
     {MovieButton::DoQuit, "DoQuitBtn", "main.gif", "", "Menu"},
     {MovieButton::Swap, "SwapBtn", "lists.gif", "", "Lists"},
+    {MovieButton::Choices, "ChoicesBtn", "menu.gif", "menusel.gif", "Tracks"},
     {MovieButton::Previous, "PreviousBtn", "previousfilm.gif", "", "|<"},
     {MovieButton::Rewind, "RewindBtn", "rw.gif", "rwsel.gif", "<<"},
     {MovieButton::Pause, "PauseBtn", "pause.gif", "", "Pause"},
@@ -44,6 +45,8 @@ playmovie::playmovie(const ControlContext& context, MoviePlayer::Needs needs, QW
     for (QWidget* text : {static_cast<QWidget*>(&Vol_), static_cast<QWidget*>(&lbMessage_)})
         text->hide();
     film_.onTouch = [this](QPoint at) {
+        const QRect place = film_.Place();
+        player_.PicturePlaced(place.left(), place.top(), place.width(), place.height());
         context_.commands.Run([&] { player_.PictureTouched(at.x(), at.y(), width(), height()); });
     };
     focus_.onFocus = [this](bool on) { player_.HoldBars(on); };
@@ -88,6 +91,7 @@ void playmovie::MakeButtons() {
     click(MovieButton::DoQuit, &MoviePlayer::doquit);
     Button(MovieButton::DoQuit).whileBusy = Commands::When::Interrupt;
     click(MovieButton::Swap, &MoviePlayer::Swap);
+    click(MovieButton::Choices, &MoviePlayer::ShowChoices);
     click(MovieButton::Previous, &MoviePlayer::PreviousMovie);
     click(MovieButton::Pause, &MoviePlayer::DoPause);
     click(MovieButton::Next, &MoviePlayer::NextMovie);

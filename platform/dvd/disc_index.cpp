@@ -1,0 +1,84 @@
+#include "platform/dvd/disc_index.h"
+
+#include "platform/dvd/disc_bytes.h"
+#include "platform/dvd/disc_files.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <map>
+#include <utility>
+
+namespace vk {
+
+namespace {
+
+constexpr std::uint32_t MostTitles = 99;
+constexpr std::uint32_t RootMenuExists = 0x80;
+
+/// A title set's file.
+class TitleSet {
+  public:
+    explicit TitleSet(std::string bytes) : bytes_(std::move(bytes)) {}
+
+    bool IsOne() const { return bytes_.starts_with("DVDVIDEO-VTS"); }
+    bool HasRootMenu() const {
+        const std::size_t menus = Table(0xD0);
+        if (menus == 0) return false;
+        const std::uint32_t languages = std::min(BigAt(bytes_, menus, 2), MostTitles);
+        for (std::uint32_t i = 0; i < languages; ++i)
+            if (ByteAt(bytes_, menus + 8 + i * 8 + 3) & RootMenuExists) return true;
+        return false;
+    }
+    /// Of the program chain that the set's title (from 1) begins with.
+    int Forbidden(std::uint32_t title) const {
+        const std::size_t parts = Table(0xC8), chains = Table(0xCC);
+        if (parts == 0 || chains == 0 || title == 0) return 0;
+        const std::size_t part = parts + BigAt(bytes_, parts + 8 + (title - 1) * 4);
+        const std::uint32_t chain = BigAt(bytes_, part, 2);
+        if (chain == 0) return 0;
+        const std::size_t at = chains + BigAt(bytes_, chains + 8 + (chain - 1) * 8 + 4);
+        return static_cast<int>(BigAt(bytes_, at + 8) & 0x7FFFFFFF);
+    }
+
+  private:
+    std::size_t Table(std::size_t pointer) const { return BigAt(bytes_, pointer) * DiscSector; }
+
+    std::string bytes_;
+};
+
+TitleSet ReadTitleSet(const std::string& disc, std::uint32_t number) {
+    char name[16];
+    std::snprintf(name, sizeof name, "VTS_%02u_0.IFO", number);
+    return TitleSet(ReadDiscFile(disc, name).value_or(""));
+}
+
+} // namespace
+
+DiscTitle DiscIndex::Of(int title) const {
+    const bool known = title > 0 && title <= static_cast<int>(titles.size());
+    return known ? titles[static_cast<std::size_t>(title - 1)] : DiscTitle{AnyMenu(), 0};
+}
+
+bool DiscIndex::AnyMenu() const {
+    return titles.empty() || std::ranges::any_of(titles, &DiscTitle::rootMenu);
+}
+
+DiscIndex ReadDiscIndex(const std::string& disc) {
+    DiscIndex index;
+    const std::string manager = ReadDiscFile(disc, "VIDEO_TS.IFO").value_or("");
+    if (!manager.starts_with("DVDVIDEO-VMG")) return index;
+    const std::size_t table = BigAt(manager, 0xC4) * DiscSector;
+    std::map<std::uint32_t, TitleSet> sets;
+    for (std::uint32_t i = 0; i < std::min(BigAt(manager, table, 2), MostTitles); ++i) {
+        const std::size_t entry = table + 8 + i * 12;
+        const std::uint32_t number = ByteAt(manager, entry + 6);
+        if (!sets.contains(number)) sets.emplace(number, ReadTitleSet(disc, number));
+        const TitleSet& set = sets.at(number);
+        index.titles.push_back(
+            set.IsOne() ? DiscTitle{set.HasRootMenu(), set.Forbidden(ByteAt(manager, entry + 7))}
+                        : DiscTitle{});
+    }
+    return index;
+}
+
+} // namespace vk
