@@ -43,7 +43,8 @@ class Image {
     std::optional<std::string> Read(const std::string& name) {
         // The primary volume descriptor, and in it the record of the root folder.
         const std::string descriptor = Bytes({16, DiscSector});
-        if (descriptor.compare(1, 5, "CD001") != 0) return std::nullopt;
+        const bool whole = descriptor.size() == DiscSector;
+        if (!whole || descriptor.compare(1, 5, "CD001") != 0) return std::nullopt;
         const auto folder = Find(Bytes(ExtentAt(descriptor, 156)), VideoFolder);
         const auto file = folder ? Find(Bytes(*folder), name) : std::nullopt;
         return file ? std::optional(Bytes(*file)) : std::nullopt;

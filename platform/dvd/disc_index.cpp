@@ -68,6 +68,7 @@ DiscIndex ReadDiscIndex(const std::string& disc) {
     const std::string manager = ReadDiscFile(disc, "VIDEO_TS.IFO").value_or("");
     if (!manager.starts_with("DVDVIDEO-VMG")) return index;
     const std::size_t table = BigAt(manager, 0xC4) * DiscSector;
+    if (table == 0) return index;
     std::map<std::uint32_t, TitleSet> sets;
     for (std::uint32_t i = 0; i < std::min(BigAt(manager, table, 2), MostTitles); ++i) {
         const std::size_t entry = table + 8 + i * 12;
