@@ -1,16 +1,17 @@
 #include "platform/dvd/disc_files.h"
 
 #include "platform/dvd/disc_bytes.h"
-#include "platform/files.h"
-#include "platform/paths.h"
 
 #include <algorithm>
 #include <cctype>
+#include <filesystem>
 #include <fstream>
 
 namespace vk {
 
 namespace {
+
+namespace fs = std::filesystem;
 
 constexpr std::size_t Most = 1u << 20;
 constexpr const char* VideoFolder = "VIDEO_TS";
@@ -21,18 +22,30 @@ std::string Capitals(std::string text) {
     return text;
 }
 
-// Folder systems keep the names in any case; "" when there is none.
-std::string EntryOf(const std::string& folder, const std::string& name) {
-    for (const FolderEntry& entry : ListFolder(folder))
-        if (Capitals(entry.name) == name) return JoinPath(folder, entry.name);
+std::string ReadSome(std::istream& file, std::size_t length) {
+    std::string bytes(std::min(length, Most), '\0');
+    file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    bytes.resize(static_cast<std::size_t>(std::max<std::streamsize>(0, file.gcount())));
+    return bytes;
+}
+
+// File systems keep the names in any case; "" when there is none.
+fs::path EntryOf(const fs::path& folder, const std::string& name) {
+    std::error_code failed;
+    for (fs::directory_iterator entry(folder, failed), end; !failed && entry != end;
+         entry.increment(failed))
+        if (Capitals(entry->path().filename().string()) == name) return entry->path();
     return {};
 }
 
-std::optional<std::string> FromFolder(const std::string& disc, const std::string& name) {
-    const bool itself = Capitals(FileNameOf(disc)) == VideoFolder;
-    const std::string folder = itself ? disc : EntryOf(disc, VideoFolder);
-    const std::string file = folder.empty() ? folder : EntryOf(folder, name);
-    return file.empty() ? std::nullopt : ReadWholeFile(file, Most);
+std::optional<std::string> FromFolder(const fs::path& disc, const std::string& name) {
+    const bool itself = Capitals(disc.filename().string()) == VideoFolder;
+    const fs::path folder = itself ? disc : EntryOf(disc, VideoFolder);
+    const fs::path file = folder.empty() ? folder : EntryOf(folder, name);
+    std::error_code failed;
+    if (file.empty() || !fs::is_regular_file(file, failed)) return std::nullopt;
+    std::ifstream bytes(file, std::ios::binary);
+    return ReadSome(bytes, Most);
 }
 
 /// An image's file system.
@@ -58,12 +71,9 @@ class Image {
         return {LittleAt(records, at + 2), LittleAt(records, at + 10)};
     }
     std::string Bytes(const Extent& extent) {
-        std::string bytes(std::min<std::size_t>(extent.length, Most), '\0');
         file_.clear();
         file_.seekg(static_cast<std::streamoff>(extent.sector) * DiscSector);
-        file_.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-        bytes.resize(static_cast<std::size_t>(std::max<std::streamsize>(0, file_.gcount())));
-        return bytes;
+        return ReadSome(file_, extent.length);
     }
     // A record does not cross a sector's end; what is left of one is zero.
     static std::optional<Extent> Find(const std::string& records, const std::string& name) {
@@ -84,7 +94,9 @@ class Image {
 } // namespace
 
 std::optional<std::string> ReadDiscFile(const std::string& disc, const std::string& name) {
-    return FolderExists(disc) ? FromFolder(disc, name) : Image(disc).Read(name);
+    std::error_code failed;
+    if (fs::is_directory(disc, failed)) return FromFolder(disc, name);
+    return fs::is_fifo(disc, failed) ? std::nullopt : Image(disc).Read(name);
 }
 
 } // namespace vk

@@ -30,6 +30,7 @@ struct FakeDvd : DvdPlayer {
         Enter(wanted);
     }
     DvdDomain CurrentDomain() const override { return domain; }
+    bool InMenu() const override { return domain == DvdDomain::TitleMenu; }
     bool UOPValid(int flag) const override { return (forbidden & flag) == 0; }
 
     /// The disc gets to a title, or 0 to its menu.

@@ -90,11 +90,6 @@ void DVD::Press(DvdKey key) {
     if (Allowed(uop::Buttons)) Disc().Press(key);
 }
 
-bool DVD::InMenu() const {
-    const DvdDomain domain = GetCurrentDomain();
-    return domain == DvdDomain::ManagerMenu || domain == DvdDomain::TitleMenu;
-}
-
 bool DVD::touch(int x, int y) {
     const auto [left, top, width, height] = box_;
     const bool inside = x >= left && x < left + width && y >= top && y < top + height;

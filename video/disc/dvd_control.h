@@ -76,7 +76,7 @@ class DVD {
     /// A touch on the screen, pixels: presses the button of a menu there. False outside of menus
     /// and beside the picture.
     bool touch(int x, int y);
-    bool InMenu() const;
+    bool InMenu() const { return Disc().InMenu(); }
     /// The screen is to stay awake: a disc plays.
     bool DisableScreenSaver() const { return awake_; }
 

@@ -18,7 +18,7 @@ constexpr libvlc_event_e Heard[] = {
     libvlc_MediaPlayerEndReached,    libvlc_MediaPlayerEncounteredError,
     libvlc_MediaPlayerESAdded,       libvlc_MediaPlayerESDeleted,
     libvlc_MediaPlayerESSelected,    libvlc_MediaPlayerTitleChanged,
-    libvlc_MediaPlayerChapterChanged};
+    libvlc_MediaPlayerPlaying};
 
 FilmTracks ListOf(libvlc_track_description_t* first, int chosen) {
     FilmTracks tracks;
@@ -114,9 +114,11 @@ void FilmSession::Note(const libvlc_event_t& event) {
         case libvlc_MediaPlayerEncounteredError:
             notes.failed = true;
             break;
+        case libvlc_MediaPlayerPlaying:
+            playing_ = true;
+            break;
         case libvlc_MediaPlayerTitleChanged:
-        case libvlc_MediaPlayerChapterChanged:
-            notes.navigation = true;
+            if (playing_) notes.title = event.u.media_player_title_changed.new_title;
             break;
         default:
             notes.tracks = true;

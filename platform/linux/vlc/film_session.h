@@ -29,7 +29,7 @@ struct FilmNotes {
     bool picture = false, ended = false, failed = false;
     bool tracks = false; ///< they are to be read anew
     bool tracksRead = false;
-    bool navigation = false;   ///< titles, chapters or the menu
+    int title = -1;            ///< of a disc, 0 for its menu; -1: no other one
     std::int64_t timeMs = -1;  ///< -1: nothing new
     std::int64_t lengthMs = 0; ///< 0 until it is known
 };
@@ -90,6 +90,7 @@ class FilmSession : public std::enable_shared_from_this<FilmSession> {
     mutable std::mutex mutex_; ///< of the notes and the tracks
     FilmNotes notes_;
     bool posted_ = false;
+    bool playing_ = false; ///< what is told of titles before is no more than a beginning
     FilmTracks audio_, subtitles_;
 
     // Of the thread that shows the pictures.

@@ -1,6 +1,7 @@
 #include "platform/linux/vlc/vlc_dvd.h"
 
 #include "platform/linux/vlc/vlc_film.h"
+#include "platform/linux/vlc/vlc_mouse.h"
 
 namespace vk {
 
@@ -28,8 +29,21 @@ libvlc_navigate_mode_t ModeOf(DvdKey key) {
 
 void VlcDvd::Directory(const std::string& path) {
     directory_ = path;
-    inMenu_ = false;
+    title_ = 0;
+    domain_ = DvdDomain::None;
+    index_ = std::make_shared<DiscIndex>();
     film_.Name(path.empty() ? "" : "dvd://" + path, true);
+    if (!path.empty()) ReadIndex();
+}
+
+// Until it is read nothing is forbidden.
+void VlcDvd::ReadIndex() {
+    film_.worker_.Ask([&ui = film_.ui_, wanted = std::weak_ptr(index_), path = directory_] {
+        if (wanted.expired()) return;
+        ui.Post([wanted, index = ReadDiscIndex(path)] {
+            if (const auto kept = wanted.lock()) *kept = index;
+        });
+    });
 }
 
 void VlcDvd::Press(DvdKey key) {
@@ -38,9 +52,18 @@ void VlcDvd::Press(DvdKey key) {
     });
 }
 
+void VlcDvd::Touch(double x, double y) {
+    film_.Ask([x, y](libvlc_media_player_t* player) { ClickPicture(player, x, y); });
+}
+
 void VlcDvd::RootMenu() {
-    film_.Ask(
-        [](libvlc_media_player_t* player) { libvlc_media_player_set_title(player, MenuTitle); });
+    Title(MenuTitle);
+}
+
+void VlcDvd::Title(int title) {
+    film_.Ask([title](libvlc_media_player_t* player) {
+        libvlc_media_player_set_title(player, title);
+    });
 }
 
 void VlcDvd::NextChapter() {
@@ -51,6 +74,39 @@ void VlcDvd::PreviousChapter() {
     film_.Ask([](libvlc_media_player_t* player) { libvlc_media_player_previous_chapter(player); });
 }
 
-void VlcDvd::Navigated() {}
+// libVLC asks the disc for nothing; on one without a menu it would lose its own title.
+bool VlcDvd::UOPValid(int flag) const {
+    const DiscTitle rights = index_->Of(title_);
+    const bool inTitle = domain_ == DvdDomain::Title;
+    switch (flag) {
+    case uop::Buttons:
+        return InMenu();
+    case uop::RootMenu:
+        if (!rights.rootMenu) return false;
+        break;
+    case uop::PauseOn:
+        break;
+    default:
+        if (!inTitle) return false;
+    }
+    return (rights.forbidden & flag) == 0;
+}
+
+void VlcDvd::Notify(DvdEvent event, int parameter) const {
+    if (onNotify) onNotify(static_cast<int>(event), parameter, 0);
+}
+
+void VlcDvd::Enter(DvdDomain domain) {
+    if (domain == domain_) return;
+    domain_ = domain;
+    Notify(DvdEvent::DomainChange, static_cast<int>(domain));
+}
+
+void VlcDvd::Navigated(int title) {
+    const bool another = title != title_;
+    title_ = title;
+    Enter(title == MenuTitle ? DvdDomain::TitleMenu : DvdDomain::Title);
+    if (another && title != MenuTitle) Notify(DvdEvent::TitleChange, title);
+}
 
 } // namespace vk

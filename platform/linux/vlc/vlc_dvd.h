@@ -1,8 +1,10 @@
 // Discs by libVLC.
 #pragma once
 
+#include "platform/dvd/disc_index.h"
 #include "platform/dvd_player.h"
 
+#include <memory>
 #include <string>
 
 namespace vk {
@@ -17,18 +19,31 @@ class VlcDvd : public DvdPlayer {
     void Directory(const std::string& path) override;
     const std::string& Directory() const override { return directory_; }
     void Press(DvdKey key) override;
+    void Touch(double x, double y) override;
     void RootMenu() override;
     void NextChapter() override;
     void PreviousChapter() override;
-    bool InMenu() const override { return inMenu_; }
+    int Title() const override { return title_; }
+    void Title(int title) override;
+    DvdDomain CurrentDomain() const override { return domain_; }
+    bool InMenu() const override { return domain_ == DvdDomain::TitleMenu; }
+    bool UOPValid(int flag) const override;
 
-    /// The film has changed its title or chapter.
-    void Navigated();
+    /// The film is at this title now, 0 for a menu.
+    void Navigated(int title);
+    /// It has come to its end.
+    void Ended() { Enter(DvdDomain::Stop); }
 
   private:
+    void ReadIndex();
+    void Enter(DvdDomain domain);
+    void Notify(DvdEvent event, int parameter) const;
+
     VlcFilm& film_;
     std::string directory_;
-    bool inMenu_ = false;
+    int title_ = 0;
+    DvdDomain domain_ = DvdDomain::None;
+    std::shared_ptr<DiscIndex> index_ = std::make_shared<DiscIndex>(); ///< of this disc alone
 };
 
 } // namespace vk

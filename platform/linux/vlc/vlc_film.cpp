@@ -151,12 +151,13 @@ void VlcFilm::Heed() {
     const FilmNotes notes = session->TakeNotes();
     HeedTime(notes);
     if (notes.tracks) worker_.Ask([session] { session->ReadTracks(); });
-    if (notes.navigation) dvd_.Navigated();
+    if (notes.title >= 0) dvd_.Navigated(notes.title);
     const auto tell = [&](bool due, const std::function<void()>& event) {
         if (due && event && session == session_) event();
     };
     tell(notes.picture, onPicture);
     tell(notes.tracksRead, onTracks);
+    if (notes.ended && session == session_) dvd_.Ended();
     tell(notes.failed, onFailed); // an end of its own may follow
     tell(notes.ended && !notes.failed, onEnded);
 }
