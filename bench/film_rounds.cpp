@@ -22,7 +22,8 @@ using namespace std::chrono_literals;
 std::string StatusOf(const std::string& key) {
     std::ifstream status("/proc/self/status");
     for (std::string line; std::getline(status, line);)
-        if (line.starts_with(key)) return line.substr(line.find_last_of(" \t", line.size() - 4) + 1);
+        if (line.starts_with(key))
+            return line.substr(line.find_last_of(" \t", line.size() - 4) + 1);
     return "?";
 }
 
@@ -58,8 +59,8 @@ long Round(vk::test::FilmLoop& loop, vk::MediaPlayer& player, const fs::path& fi
 }
 
 void Print(int round) {
-    std::printf("round %3d: memory %s threads %s handles %ld\n", round,
-                StatusOf("VmRSS").c_str(), StatusOf("Threads").c_str(), Handles());
+    std::printf("round %3d: memory %s threads %s handles %ld\n", round, StatusOf("VmRSS").c_str(),
+                StatusOf("Threads").c_str(), Handles());
     std::fflush(stdout);
 }
 
@@ -86,5 +87,6 @@ int main(int count, char** arguments) {
     Print(rounds);
     std::ranges::sort(discs);
     if (!discs.empty())
-        std::printf("discs: median %ld ms, longest %ld ms\n", discs[discs.size() / 2], discs.back());
+        std::printf("discs: median %ld ms, longest %ld ms\n", discs[discs.size() / 2],
+                    discs.back());
 }

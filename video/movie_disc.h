@@ -1,4 +1,5 @@
-// The disc that the movie player plays: `DVD1`, made when the player is loaded, and where it goes on.
+// The disc that the movie player plays: `DVD1`, made when the player is loaded, and where it goes
+// on.
 #pragma once
 
 #include "core/base.h"
@@ -54,7 +55,7 @@ class MovieDisc {
 
     Needs n_;
     std::unique_ptr<DVD> DVD1;
-    DiscPlace wanted_; ///< until the disc has got there
+    DiscPlace wanted_;   ///< until the disc has got there
     bool asked_ = false; ///< for its title
     bool open_ = false;
 };

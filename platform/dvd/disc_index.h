@@ -1,5 +1,6 @@
 // What a video disc says of its titles in its IFO files: which of them have a menu, and what each
-// forbids. (Offsets: the DVD-Video format as it is described publicly, "IFO" at dvd.sourceforge.net.)
+// forbids. (Offsets: the DVD-Video format as it is described publicly, "IFO" at
+// dvd.sourceforge.net.)
 #pragma once
 
 #include <string>

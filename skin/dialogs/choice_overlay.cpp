@@ -65,8 +65,7 @@ void ChoiceOverlay::AddFoot() {
     };
     if (Count() > visible_) {
         foot.push_back({{}, QStringLiteral("\u25B2"), page(-1), false, first_ > 0});
-        foot.push_back(
-            {{}, QStringLiteral("\u25BC"), page(1), false, first_ + visible_ < Count()});
+        foot.push_back({{}, QStringLiteral("\u25BC"), page(1), false, first_ + visible_ < Count()});
     }
     AddRow(foot_, foot);
 }
@@ -102,9 +101,9 @@ void ChoiceOverlay::DrawContent(QPainter& painter) {
     font.setBold(true);
     painter.setFont(font);
     painter.setPen(look_.text);
-    painter.drawText(head_, Qt::AlignVCenter | Qt::AlignHCenter,
-                     QFontMetrics(font).elidedText(ToQString(texts_.title), Qt::ElideRight,
-                                                   head_.width()));
+    painter.drawText(
+        head_, Qt::AlignVCenter | Qt::AlignHCenter,
+        QFontMetrics(font).elidedText(ToQString(texts_.title), Qt::ElideRight, head_.width()));
 }
 
 } // namespace vk

@@ -163,8 +163,8 @@ TEST_F(FilesTest, TheTracksOfAnAudioDiscComeFromItsTableOfContents) {
 TEST_F(FilesTest, AMountIsReadyAsLongAsItsMediumIsThere) {
     const std::string stick = folder.MakeFolder("stick"), disc = folder.MakeFolder("disc");
     folder.Write("cdrom", "drive name:\tsr0\n");
-    folder.Write("mounts", "24 22 8:17 / " + stick + " rw - vfat /dev/sdb1 rw\n26 22 11:0 / " + disc +
-                               " ro - iso9660 /dev/sr0 ro\n");
+    folder.Write("mounts", "24 22 8:17 / " + stick + " rw - vfat /dev/sdb1 rw\n26 22 11:0 / " +
+                               disc + " ro - iso9660 /dev/sr0 ro\n");
     folder.MakeFolder("block/8:17");
     const LinuxVolumes full(From(DriveWith({false}))), empty(From(DriveWith({})));
     EXPECT_TRUE(full.IsReady(stick) && full.IsReady(disc));

@@ -1,10 +1,9 @@
 // The control of a video disc, what notices that a medium goes, and what is chosen of a film.
+#include "platform/dvd/disc_index.h"
 #include "tests/support/core_fixture.h"
 #include "tests/support/fake_player.h"
 #include "tests/support/machine_fakes.h"
 #include "tests/support/sound_card.h"
-
-#include "platform/dvd/disc_index.h"
 #include "video/disc/disc_place.h"
 #include "video/disc/dvd_control.h"
 #include "video/disc/medium_watch.h"
@@ -47,8 +46,8 @@ TEST_F(DiscTest, NotificationsAreToldInTheirWords) {
     told.clear();
     for (int domain = 0; domain < 7; ++domain)
         disc.Notify(257, domain);
-    EXPECT_THAT(told, ElementsAre("DVDPLAY 1", "DVDPLAY 2", "DVDMENU 3", "DVDSELECTED 4",
-                                  "DVDSTOP 5"));
+    EXPECT_THAT(told,
+                ElementsAre("DVDPLAY 1", "DVDPLAY 2", "DVDMENU 3", "DVDSELECTED 4", "DVDSTOP 5"));
     EXPECT_EQ(control.StatusText(), "DVDSTOP");
 }
 

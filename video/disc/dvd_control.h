@@ -81,7 +81,7 @@ class DVD {
     bool DisableScreenSaver() const { return awake_; }
 
     /// What the disc tells. `onPosted` hears the same, for who watches the disc.
-    std::function<void(const DvdStatus& status)> DVDStatusCode, onPosted;
+    std::function<void(const DvdStatus&status)> DVDStatusCode, onPosted;
     std::function<void()> onRefused;
     /// The last one raised.
     const std::string& StatusText() const { return text_; }

@@ -12,8 +12,7 @@ namespace vk {
 std::optional<TrackChoices::Entry> TrackChoices::Parse(std::string_view line) {
     const auto first = line.find(' ');
     const auto second = line.find(' ', first + 1);
-    if (first == line.npos || second == line.npos || second + 1 >= line.size())
-        return std::nullopt;
+    if (first == line.npos || second == line.npos || second + 1 >= line.size()) return std::nullopt;
     const auto sound = ParseInteger(line.substr(0, first));
     const auto subtitles = ParseInteger(line.substr(first + 1, second - first - 1));
     const auto fits = [](const auto& place) {

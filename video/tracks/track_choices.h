@@ -16,8 +16,8 @@ struct TrackChoice {
     bool operator==(const TrackChoice&) const = default;
 };
 
-/// A line a film, "<sound> <subtitles> <path>", the film that was chosen for last at the end. A file
-/// that cannot be read is empty, and a line that cannot be is left out.
+/// A line a film, "<sound> <subtitles> <path>", the film that was chosen for last at the end. A
+/// file that cannot be read is empty, and a line that cannot be is left out.
 class TrackChoices {
   public:
     /// The films that are kept; those longest untouched go.

@@ -60,8 +60,7 @@ std::vector<TrackMenu::Row> TrackMenu::Rows(const MediaPlayer& player) {
     return rows;
 }
 
-void TrackMenu::Ask(MediaPlayer& player, const Other& other,
-                    const std::function<bool()>& playing) {
+void TrackMenu::Ask(MediaPlayer& player, const Other& other, const std::function<bool()>& playing) {
     const std::vector<Row> rows = Rows(player);
     std::vector<std::string> texts;
     if (!other.row.empty()) texts.push_back(NotChosen + other.row);

@@ -61,9 +61,8 @@ void VlcDvd::RootMenu() {
 }
 
 void VlcDvd::Title(int title) {
-    film_.Ask([title](libvlc_media_player_t* player) {
-        libvlc_media_player_set_title(player, title);
-    });
+    film_.Ask(
+        [title](libvlc_media_player_t* player) { libvlc_media_player_set_title(player, title); });
 }
 
 void VlcDvd::NextChapter() {
