@@ -23,19 +23,19 @@ class DvdPlayer {
 
     virtual void Press(DvdKey key) = 0;
     /// Presses the button of a menu there; of the picture's width and height, 0 to 1.
-    virtual void Touch(double /*x*/, double /*y*/) {}
+    virtual void Touch(double x, double y) = 0;
     /// The disc's own menu, where it has one.
     virtual void RootMenu() = 0;
     virtual void NextChapter() = 0;
     virtual void PreviousChapter() = 0;
     /// The title that plays, from 1; 0 in menus.
-    virtual int Title() const { return 0; }
-    virtual void Title(int /*title*/) {}
-    virtual DvdDomain CurrentDomain() const { return DvdDomain::None; }
+    virtual int Title() const = 0;
+    virtual void Title(int title) = 0;
+    virtual DvdDomain CurrentDomain() const = 0;
     /// True in a menu.
     virtual bool InMenu() const = 0;
     /// Whether the disc allows this now; a flag of `uop`.
-    virtual bool UOPValid(int /*flag*/) const { return true; }
+    virtual bool UOPValid(int flag) const = 0;
 
     DvdNotify onNotify; ///< called from the event loop; empty: nobody listens
 };

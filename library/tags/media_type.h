@@ -27,7 +27,7 @@ struct MediaExtensions {
 
 /// What the player plays today beyond the lists of a new settings file, as those are written.
 inline constexpr const char* NewerAudio = "M4A:AAC:OPUS:OGA:WMA:WV:APE:MPC:M4B:FLAC:OGG";
-inline constexpr const char* NewerVideo = "MKV:MP4:M4V:MOV:WMV:WEBM:TS:VOB";
+inline constexpr const char* NewerVideo = "MKV:MP4:M4V:MOV:WMV:WEBM:TS:VOB:ISO";
 
 /// The list, with what it lacks of `more` at its end.
 std::string WithExtensions(const std::string& list, const std::string& more);

@@ -55,7 +55,7 @@ TEST_F(SettingsShellTest, TheFirstRunLeadsFromTheWelcomeToTheMenu) {
     EXPECT_EQ(settings.Read("video_player", "Volume"), "0");
     EXPECT_EQ(settings.Read("main", "ExtendedTags") + " " +
                   settings.Read("video_player", "VideoExtensions"),
-              "true MPG:AVI:MPEG:DIVX:MKV:MP4:M4V:MOV:WMV:WEBM:TS:VOB");
+              "true MPG:AVI:MPEG:DIVX:MKV:MP4:M4V:MOV:WMV:WEBM:TS:VOB:ISO");
     EXPECT_TRUE(settings.Read("main", "Setup", IniType::Boolean).Bool());
     EXPECT_FALSE(FileExists(app.File("vk_audio.m3u")));
     EXPECT_EQ(screens.CurrentForm, "velkorandum");

@@ -20,6 +20,10 @@ struct FakeFilm {
     std::shared_ptr<const FilmPicture> picture = std::make_shared<FilmPicture>();
     std::map<TrackKind, std::vector<FilmTrack>> tracks;
     std::map<TrackKind, int> track;
+    std::vector<std::string> done; ///< what was asked of a disc
+    DvdDomain domain = DvdDomain::None;
+    int title = 0;
+    int forbidden = 0;             ///< flags of `uop`
     MediaPlayer* player = nullptr; ///< null until the first film, and after the player's end
     bool missing = false;          ///< there is nothing to play films with
 };
@@ -62,11 +66,32 @@ class FakeMediaPlayer : public MediaPlayer, public DvdPlayer {
     DvdPlayer& Dvd() override { return *this; }
     void Directory(const std::string& path) override { FileName(path); }
     const std::string& Directory() const override { return film_.path; }
-    void Press(DvdKey) override {}
-    void RootMenu() override {}
-    void NextChapter() override {}
-    void PreviousChapter() override {}
-    bool InMenu() const override { return false; }
+    void Press(DvdKey key) override { film_.done.push_back("key " + std::to_string(int(key))); }
+    void Touch(double x, double y) override {
+        film_.done.push_back("touch " + std::to_string(int(x * 100)) + " " +
+                             std::to_string(int(y * 100)));
+    }
+    void RootMenu() override { film_.done.push_back("menu"); }
+    void NextChapter() override { film_.done.push_back("next"); }
+    void PreviousChapter() override { film_.done.push_back("previous"); }
+    int Title() const override { return film_.title; }
+    void Title(int title) override {
+        film_.done.push_back("title " + std::to_string(title));
+        Enter(title);
+    }
+    DvdDomain CurrentDomain() const override { return film_.domain; }
+    bool InMenu() const override { return film_.domain == DvdDomain::TitleMenu; }
+    bool UOPValid(int flag) const override { return (film_.forbidden & flag) == 0; }
+
+    /// The disc gets to a title, or 0 to its menu.
+    void Enter(int title) {
+        film_.title = title;
+        film_.domain = title > 0 ? DvdDomain::Title : DvdDomain::TitleMenu;
+        Notify(int(DvdEvent::DomainChange), int(film_.domain));
+    }
+    void Notify(int code, int first) const {
+        if (onNotify) onNotify(code, first, 0);
+    }
 
   private:
     FakeFilm& film_;

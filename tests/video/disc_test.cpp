@@ -1,7 +1,7 @@
 // The control of a video disc, what notices that a medium goes, and what is chosen of a film.
 #include "platform/dvd/disc_index.h"
 #include "tests/support/core_fixture.h"
-#include "tests/support/fake_player.h"
+#include "tests/support/fake_media_player.h"
 #include "tests/support/machine_fakes.h"
 #include "tests/support/sound_card.h"
 #include "video/disc/disc_place.h"
@@ -32,9 +32,9 @@ struct DiscTest : testing::Test, CoreFixture {
         };
     }
     SoundCard sound{*this};
-    FakePlayer player;
-    FakeDvd& disc = player.dvd;
-    DVD control{{player, sound.loudness, volumes}};
+    FakeFilm film;
+    FakeMediaPlayer disc{film};
+    DVD control{{disc, sound.loudness, volumes}};
     std::vector<std::string> told;
     int refused = 0;
 };
@@ -53,10 +53,10 @@ TEST_F(DiscTest, NotificationsAreToldInTheirWords) {
 
 TEST_F(DiscTest, WhatTheDiscForbidsIsNotTried) {
     ASSERT_TRUE(control.Play());
-    EXPECT_EQ(disc.directory, app.File("cd"));
+    EXPECT_EQ(film.path, app.File("cd"));
     EXPECT_TRUE(control.DisableScreenSaver());
     for (const int forbidden : {0, ~0}) {
-        disc.forbidden = forbidden;
+        film.forbidden = forbidden;
         control.nextchapter();
         control.prevchapter();
         control.menu();
@@ -69,20 +69,19 @@ TEST_F(DiscTest, WhatTheDiscForbidsIsNotTried) {
         control.rwnd();
         control.pause();
     }
-    EXPECT_THAT(player.done, ElementsAre("next", "previous", "menu", "key 0", "key 1", "key 2",
-                                         "key 3", "key 4"));
+    EXPECT_THAT(film.done, ElementsAre("next", "previous", "menu", "key 0", "key 1", "key 2",
+                                       "key 3", "key 4"));
     EXPECT_EQ(refused, 10 + 0) << "it was paused already";
     EXPECT_EQ(control.state(), PlayStateValue::Paused);
-    disc.directory = "as it was";
     EXPECT_TRUE(control.Play());
-    EXPECT_EQ(disc.directory, "as it was") << "after a pause it only goes on";
-    player.position = 55;
-    disc.forbidden = 0;
+    EXPECT_THAT(film.opened, ElementsAre("cd@0")) << "after a pause it only goes on";
+    film.position = 95;
+    film.forbidden = 0;
     control.ffwd();
-    EXPECT_EQ(player.position, 55) << "not beyond the end";
-    player.position = 4;
+    EXPECT_EQ(film.position, 95) << "not beyond the end";
+    film.position = 4;
     control.rwnd();
-    EXPECT_EQ(player.position, 0);
+    EXPECT_EQ(film.position, 0);
     control.eject();
     EXPECT_THAT(volumes.ejected, ElementsAre(volumes.DriveOf(app.File("cd"))));
     EXPECT_FALSE(control.DisableScreenSaver());
@@ -98,7 +97,7 @@ TEST_F(DiscTest, ATouchPressesTheButtonUnderItInAMenuAlone) {
     disc.Enter(0);
     EXPECT_TRUE(control.touch(400, 240));
     EXPECT_FALSE(control.touch(50, 240));
-    EXPECT_THAT(player.done, ElementsAre("touch 50 50"));
+    EXPECT_THAT(film.done, ElementsAre("touch 50 50"));
     control.stopdvd();
     EXPECT_FALSE(control.touch(400, 240));
 }
@@ -207,9 +206,9 @@ TEST(MediumProbeTest, TheFileSystemAnswers) {
 
 struct TracksTest : testing::Test, CoreFixture {
     TracksTest() {
-        player.tracks[TrackKind::Audio] = {{7, "German"}, {8, "English"}};
-        player.tracks[TrackKind::Subtitles] = {{9, "French"}};
-        player.chosen[TrackKind::Audio] = 7;
+        film.tracks[TrackKind::Audio] = {{7, "German"}, {8, "English"}};
+        film.tracks[TrackKind::Subtitles] = {{9, "French"}};
+        film.track = Untouched;
     }
     void Ask(int row) {
         dialogs.choices = {row};
@@ -218,7 +217,9 @@ struct TracksTest : testing::Test, CoreFixture {
     std::pair<int, int> Chosen() const {
         return {player.Track(TrackKind::Audio), player.Track(TrackKind::Subtitles)};
     }
-    FakePlayer player;
+    const std::map<TrackKind, int> Untouched = {{TrackKind::Audio, 7}, {TrackKind::Subtitles, -1}};
+    FakeFilm film;
+    FakeMediaPlayer player{film};
     TrackMenu menu{base};
     TrackMenu::Other other;
 };
@@ -232,21 +233,21 @@ TEST_F(TracksTest, WhatIsChosenOfAFilmIsKeptForIt) {
               "Subtitles: French | *0");
     EXPECT_EQ(Chosen(), std::pair(8, 9));
     EXPECT_EQ(app.Read(TrackMenu::FileName), "2 1 /a film\n");
-    player.chosen = {{TrackKind::Audio, 7}};
+    film.track = Untouched;
     menu.Enter("/another");
     menu.Apply(player);
     EXPECT_EQ(Chosen(), std::pair(7, -1));
     menu.Enter("/a film");
     menu.Apply(player);
     EXPECT_EQ(Chosen(), std::pair(8, 9));
-    player.chosen[TrackKind::Audio] = 7; // the disc's own menu chose it
+    film.track[TrackKind::Audio] = 7; // the disc's own menu chose it
     menu.Apply(player);
     EXPECT_EQ(Chosen(), std::pair(7, 9)) << "it is given once";
     int led = 0;
     other = {"Menu of the disc", [&] { ++led; }};
     Ask(0);
     EXPECT_EQ(led, 1);
-    player.tracks.clear();
+    film.tracks.clear();
     other = {};
     Ask(0);
     EXPECT_EQ(dialogs.shown.back(), "This film leaves nothing to choose.");
@@ -254,8 +255,8 @@ TEST_F(TracksTest, WhatIsChosenOfAFilmIsKeptForIt) {
 
 TEST_F(TracksTest, ABrokenFileOfChoicesCostsWhatIsBroken) {
     std::string lines = "2 1 /a film\nx y z\n5\n9999999999 1 /b\n-7 1 /c\n1 0 /d\n";
-    for (std::size_t film = 0; film < TrackChoices::Most - 2; ++film)
-        lines += "1 0 /film " + std::to_string(film) + "\n";
+    for (std::size_t each = 0; each < TrackChoices::Most - 2; ++each)
+        lines += "1 0 /film " + std::to_string(each) + "\n";
     const TrackChoices choices(app.Write("choices", lines));
     EXPECT_EQ(choices.Of("/a film"), (TrackChoice{2, 1}));
     EXPECT_EQ(choices.Of("/b"), TrackChoice{});

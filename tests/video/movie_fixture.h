@@ -58,6 +58,7 @@ struct MovieFixture : CoreFixture {
                     if (film.missing) return nullptr;
                     return std::make_unique<FakeMediaPlayer>(film);
                 },
+                .probe = probe,
                 .tagOf =
                     [](const std::string& path) {
                         TagRecord tag;
@@ -93,6 +94,7 @@ struct MovieFixture : CoreFixture {
     SoundCard sound{*this};
     KeyMap keys;
     FakeScreenSaver saver;
+    FakeMediumProbe probe;
     FakeFilm film;
     RecordingScreen menu, browser;
     RecordingMovieView view;

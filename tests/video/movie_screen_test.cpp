@@ -63,6 +63,7 @@ struct MovieScreenTest : testing::Test, ControlsFixture {
             .keys = keys,
             .saver = saver,
             .makePlayer = [this](std::string&) { return std::make_unique<FakeMediaPlayer>(film); },
+            .probe = probe,
             .tagOf = [](const std::string&) { return TagRecord{}; }};
     }
     MovieScreenTest() {
@@ -75,6 +76,7 @@ struct MovieScreenTest : testing::Test, ControlsFixture {
     BrowserState browsed;
     SoundCard sound{*this};
     KeyMap keys;
+    FakeMediumProbe probe;
     FakeScreenSaver saver;
     FakeFilm film;
     RecordingScreen menu;
