@@ -1,7 +1,7 @@
 """The video discs of the tests, as folders and as images.
 
 `disc`: a menu of four buttons (first title, its second chapter, second title, first title in its other language); a
-first title of three chapters, red, green and yellow of five seconds each, with two sound tracks and two subtitles; a
+first title of three chapters, red, green and yellow of ten seconds each, with two sound tracks and two subtitles; a
 second title, blue. `plain`: one title, blue, and no menu at all. `strict`: like `disc`, as a folder alone; its first
 title forbids pausing, the way forwards and the next chapter.
 """
@@ -87,7 +87,7 @@ def subtitled(run, folder, source, target):
         box_picture(run, folder / f"words{stream}.png", [box], "#ffffff")
         after = target if stream else folder / "half.mpg"
         add_pictures(run, folder, folder / "half.mpg" if stream else source, after, stream,
-                     f'<subpictures><stream><spu start="00:00:00.5" end="00:00:14.5" '
+                     f'<subpictures><stream><spu start="00:00:00.5" end="00:00:29.5" '
                      f'image="{folder}/words{stream}.png" /></stream></subpictures>')
 
 
@@ -106,7 +106,7 @@ def disc_with_menu(run, folder, target):
            f'<titleset><menus>{video}<pgc entry="root"><vob file="{folder}/menu.mpg" pause="inf" />{buttons}</pgc>'
            f'</menus><titles>{video}<audio lang="de" /><audio lang="en" /><subpicture lang="de" />'
            f'<subpicture lang="en" />'
-           f'<pgc><vob file="{folder}/first.mpg" chapters="0,0:05,0:10" /><post>call menu;</post></pgc>'
+           f'<pgc><vob file="{folder}/first.mpg" chapters="0,0:10,0:20" /><post>call menu;</post></pgc>'
            f'<pgc><vob file="{folder}/second.mpg" /><post>call menu;</post></pgc></titles></titleset></dvdauthor>')
 
 
@@ -128,9 +128,9 @@ def forbid(disc, operations):
 def make(films, run):
     folder = films / "parts"
     folder.mkdir()
-    title(run, folder / "colours.mpg", 5, [440, 220], "red", "green", "yellow")
+    title(run, folder / "colours.mpg", 10, [440, 220], "red", "green", "yellow")
     subtitled(run, folder, folder / "colours.mpg", folder / "first.mpg")
-    title(run, folder / "second.mpg", 6, [330, 330], "blue")
+    title(run, folder / "second.mpg", 15, [330, 330], "blue")
     menu(run, folder)
     disc_with_menu(run, folder, films / "disc")
     author(run, folder, films / "plain",
