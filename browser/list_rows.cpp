@@ -24,7 +24,7 @@ std::string FilePicture(const std::string& path) {
         {"pls", playlistpic}, {"cda", cdapic},    {"mpeg", moviepic},   {"mpg", moviepic},
         {"avi", moviepic},    {"divx", moviepic}, {"mkv", moviepic},    {"mp4", moviepic},
         {"m4v", moviepic},    {"mov", moviepic},  {"wmv", moviepic},    {"webm", moviepic},
-        {"ts", moviepic},     {"vob", moviepic}};
+        {"ts", moviepic},     {"vob", moviepic},  {"iso", dvdpic}};
     const auto found = pictures.find(ToLower(ExtensionOf(path)));
     return found == pictures.end() ? mp3pic : found->second;
 }
