@@ -27,18 +27,28 @@ std::vector<const char*> Options(SoundDevice device) {
     return options;
 }
 
-int FindTagReader(dl_phdr_info* object, std::size_t, void* path) {
-    const std::string_view name = object->dlpi_name ? object->dlpi_name : "";
-    if (name.ends_with("/libtaglib_plugin.so")) *static_cast<std::string*>(path) = name;
+// VLC's reader of tags leaves entries in a list of TagLib, which this process uses as well: it may
+// not be unloaded with the instance that loaded it. Under a sanitizer no plug-in may: what an
+// unloaded one has kept would be taken for a leak.
+bool Stays(std::string_view path) {
+#ifdef __SANITIZE_ADDRESS__
+    return path.find("/vlc/plugins/") != std::string_view::npos;
+#else
+    return path.ends_with("/libtaglib_plugin.so");
+#endif
+}
+
+int FindStaying(dl_phdr_info* object, std::size_t, void* paths) {
+    const std::string_view path = object->dlpi_name ? object->dlpi_name : "";
+    if (Stays(path)) static_cast<std::vector<std::string>*>(paths)->emplace_back(path);
     return 0;
 }
 
-// VLC's reader of tags leaves entries in a list of TagLib, which this process uses as well: it may
-// not be unloaded with the instance that loaded it.
-void KeepTagReader() {
-    std::string path;
-    ::dl_iterate_phdr(FindTagReader, &path);
-    if (!path.empty()) static_cast<void>(::dlopen(path.c_str(), RTLD_NOW | RTLD_NODELETE));
+void KeepPlugins() {
+    std::vector<std::string> paths;
+    ::dl_iterate_phdr(FindStaying, &paths);
+    for (const std::string& path : paths)
+        static_cast<void>(::dlopen(path.c_str(), RTLD_NOW | RTLD_NODELETE));
 }
 
 } // namespace
@@ -55,7 +65,7 @@ std::shared_ptr<libvlc_instance_t> VlcLibrary::Get() {
 void VlcLibrary::Release() {
     const std::lock_guard lock(mutex_);
     if (!instance_) return;
-    KeepTagReader();
+    KeepPlugins();
     instance_.reset();
     ::malloc_trim(0);
 }
