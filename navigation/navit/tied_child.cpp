@@ -39,9 +39,10 @@ TiedChild::~TiedChild() {
         process_->terminate();
         if (!process_->waitForFinished(GraceMs)) process_->kill();
         // It may hang in the kernel: its destructor would wait for it.
-        if (!process_->waitForFinished(GraceMs)) return;
+        process_->waitForFinished(GraceMs);
+        if (Running()) return;
     }
-    process_->deleteLater();
+    delete process_;
 }
 
 void TiedChild::Start(const std::string& program, const std::vector<std::string>& arguments,

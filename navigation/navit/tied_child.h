@@ -12,7 +12,7 @@ namespace vk {
 
 /// The kernel ends it when this process ends, however that comes. What it says on its error stream
 /// is dropped. On the user-interface thread; destroying it ends the program,
-/// by force when it does not go within a third of a second.
+/// by force when it does not go within a third of a second. Not to be destroyed while it tells.
 class TiedChild {
   public:
     TiedChild();
