@@ -4,6 +4,8 @@
 #include "core/text.h"
 #include "library/tags/media_type.h"
 
+#include <utility>
+
 namespace vk {
 
 namespace {
@@ -62,7 +64,9 @@ void RestoreBrowseHistory(BrowserLists& lists, Chooser& chooser) {
         lists.desk.list.SelectItem(row);
         if (kind != RowKind::Path || &element != &elements.back()) chooser.Choose();
     }
-    if (end.kind == RowKind::File) lists.desk.SelectMatch(end.Text()); // what was played
+    const std::string played = std::exchange(lists.desk.needs.state.Played, {});
+    if (end.kind == RowKind::File)
+        lists.desk.SelectMatch(played.empty() ? end.Text() : Descriptor::File(played).Text());
 }
 
 } // namespace vk

@@ -22,6 +22,7 @@ struct BrowserState {
     bool RestoreHistory = false; ///< the next list is walked back to where the user last was
     bool FromPlayer = false;     ///< entered by the player's Swap: Escape goes back to it
     bool FromMovie = false;      ///< the same of the movie player
+    std::string Played;          ///< the film whose row is to be selected; "": what was chosen last
 };
 
 } // namespace vk

@@ -103,6 +103,7 @@ void MoviePlayer::Swap() {
         n_.browser.ListMode = ListFromVideo;
         n_.browser.CurrentPath = base_.settings.values.MediaDir;
         n_.browser.RestoreHistory = true;
+        n_.browser.Played = list_.Selected();
         n_.browser.FromPlayer = false;
         n_.browser.FromMovie = deck_.IsOpen();
         base_.screens.Show("playlists");

@@ -224,6 +224,7 @@ TEST_F(MovieTest, ToTheBrowserAndBackTheFilmWaits) {
     player->Swap();
     EXPECT_EQ(film.state, PlayStateValue::Paused);
     EXPECT_TRUE(browsed.FromMovie && browsed.RestoreHistory);
+    EXPECT_EQ(browsed.Played, app.File("a.mpg"));
     EXPECT_EQ(browser.Count("ReShow"), 1);
     player->ReDisplay();
     EXPECT_EQ(film.state, PlayStateValue::Playing);

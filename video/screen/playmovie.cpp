@@ -133,7 +133,7 @@ void playmovie::Place() {
 void playmovie::Dress() {
     const SkinData& skin = context_.skin.data();
     for (ShadedLabel* label : {&lbFileTitle_, &lbTime_, &Vol_, &lbMessage_}) {
-        label->SetLook(skin.headingbarfont, skin.HeadingBarForegroundClr, skin);
+        label->SetLook(skin.Titlefont, skin.HeadingBarForegroundClr, skin);
         label->SetShrink(SmallestText);
     }
     lbFileTitle_.SetAlignment(Qt::AlignLeft | Qt::AlignVCenter);

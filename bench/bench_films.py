@@ -1,0 +1,165 @@
+"""What a film costs, measured on the real system on a virtual display of 800x480: from the choice to the first picture,
+key to pause, seek, frames lost in a minute, processor time against libVLC's own X11 output on the same film in the same
+run, and memory before and after.  bench_films.py [SECONDS]: how long frames are counted; 60 without.
+
+Each picture of the films bears its number as a row of twelve white and black boxes, which is read from the display's
+memory.  Needs ./run demo and, for the peer, `cmake --preset bench && cmake --build --preset bench`.
+"""
+
+import pathlib
+import subprocess
+import sys
+import time
+
+ROOT = pathlib.Path(__file__).resolve().parent.parent
+sys.path.insert(0, str(ROOT / "tools"))
+from demo_system import DemoSystem  # noqa: E402
+
+BITS = 12
+LENGTH = 90  # seconds of a film
+PEER = ROOT / "build" / "bench" / "bench" / "vlc_window"
+KINDS = (
+    ("mpeg2-576p25.mpg", "720x576", 25, ["-aspect", "16:9", "-c:v", "mpeg2video", "-b:v", "4M", "-c:a", "mp2", "-f", "mpeg"]),
+    ("mpeg2-576p50.mpg", "720x576", 50, ["-aspect", "16:9", "-c:v", "mpeg2video", "-b:v", "6M", "-c:a", "mp2", "-f", "mpeg"]),
+    ("h264-720p25.mp4", "1280x720", 25, ["-c:v", "libx264", "-preset", "veryfast", "-b:v", "3M", "-c:a", "aac"]),
+    ("h264-720p50.mp4", "1280x720", 50, ["-c:v", "libx264", "-preset", "veryfast", "-b:v", "5M", "-c:a", "aac"]),
+)
+
+
+def make(folder, name, size, rate, encoding):
+    path = folder / name
+    if path.exists():
+        return
+    width, height = map(int, size.split("x"))
+    box = width // (BITS + 2)
+    boxes = [f"drawbox=x=0:y={height * 3 // 8}:w={width}:h={height // 4}:color=black:t=fill"]
+    boxes += [f"drawbox=x={box * (bit + 1)}:y={height * 3 // 8}:w={box}:h={height // 4}:color=white:t=fill:"
+              f"enable='gt(mod(floor(n/{2 ** bit}),2),0)'" for bit in range(BITS)]
+    source = f"testsrc2=size={size}:rate={rate}:duration={LENGTH}," + ",".join(boxes)
+    subprocess.run(["ffmpeg", "-nostdin", "-v", "error", "-y", "-f", "lavfi", "-i", source, "-f", "lavfi", "-i",
+                    f"sine=frequency=330:sample_rate=48000:duration={LENGTH}", "-pix_fmt", "yuv420p", "-g", "50", *encoding, path],
+                   check=True)
+
+
+def number(display, width, height):
+    """Of the picture that is shown; None while there is none."""
+    y = height // 2
+    offset = len(display.screen) - 4 * width * height
+    row = display.screen[offset + 4 * width * y:offset + 4 * width * (y + 1)]
+    if row.count(0) == len(row) * 3 // 4 or not any(row):
+        return None
+    value = 0
+    for bit in range(BITS):
+        x = int((bit + 1.5) * width / (BITS + 2))
+        value |= (row[4 * x + 1] > 128) << bit
+    return value
+
+
+def ticks(process):
+    fields = pathlib.Path(f"/proc/{process}/stat").read_text().rpartition(")")[2].split()
+    return int(fields[11]) + int(fields[12])
+
+
+def memory(process):
+    lines = pathlib.Path(f"/proc/{process}/smaps_rollup").read_text().splitlines()[1:]
+    size = {name.rstrip(":"): int(value) / 1024 for name, value, *_ in map(str.split, lines)}
+    return size["Rss"], size["Private_Clean"] + size["Private_Dirty"]
+
+
+class Films(DemoSystem):
+    def now(self):
+        return number(self.display, self.width, self.height)
+
+    def until(self, what, condition, limit=20):
+        begin = time.monotonic()
+        while not condition():
+            if time.monotonic() > begin + limit:
+                raise AssertionError(f"never happened: {what}")
+            time.sleep(0.001)
+        return (time.monotonic() - begin) * 1000
+
+    def enter(self, film):
+        """The menu's tile goes on with a list of that film alone, from its beginning."""
+        (self.app / "vk_video.m3u").write_text(f"{film}\n")
+        self.set_setting("video_player", "CurrentPosition", 0)
+        self.set_setting("main", "CurrentSelectID", 3)
+
+    def measure(self, film, rate, seconds):
+        self.enter(film)
+        self.start_to_menu()
+        self.settle("the menu")
+        before = memory(self.system.pid)
+        self.press("Return")
+        print(f"  tile to first picture: {self.until('a picture', self.now):.0f} ms")
+        self.answer_message()
+        time.sleep(2)
+        self.frames(rate, seconds)
+        self.pause_and_seek(rate)
+        self.press("Escape")
+        time.sleep(5)
+        after = memory(self.system.pid)
+        print(f"  memory: {before[0]:.1f} MB ({before[1]:.1f} private) before, {after[0]:.1f} MB ({after[1]:.1f} private) after")
+        self.end()
+
+    def frames(self, rate, seconds):
+        seen, last, gap, at = 0, self.now(), 0.0, time.monotonic()
+        spent, begin, first = ticks(self.system.pid), time.monotonic(), self.now()
+        while time.monotonic() < begin + seconds:
+            shown = self.now()
+            if shown is not None and shown != last:
+                seen, last = seen + 1, shown
+                gap, at = max(gap, time.monotonic() - at), time.monotonic()
+            time.sleep(0.002)
+        due = (last - first) % 2 ** BITS
+        used = (ticks(self.system.pid) - spent) / seconds
+        print(f"  frames: {seen} of {due} in {seconds} s, longest gap {gap * 1000:.0f} ms, processor {used:.1f} %")
+
+    def pause_and_seek(self, rate):
+        begin, last = time.monotonic(), time.monotonic()
+        shown = self.now()
+        self.press("Return")
+        pressed = time.monotonic()
+        while time.monotonic() < pressed + 1:
+            if self.now() != shown:
+                shown, last = self.now(), time.monotonic()
+            time.sleep(0.001)
+        print(f"  key to pause: {max(0.0, last - begin) * 1000:.0f} ms with the key's own way")
+        for name in ("Return", "Right"):
+            before = self.now()
+            begin = time.monotonic()
+            self.press(name)
+            if name == "Right":
+                self.until("the seek", lambda: (self.now() - before) % 2 ** BITS > 5 * rate)
+                print(f"  seek: {(time.monotonic() - begin) * 1000:.0f} ms")
+            time.sleep(1)
+
+    def peer(self, film, seconds):
+        if not PEER.exists():
+            return
+        process = subprocess.Popen([PEER, film, str(self.width), str(self.height)], env=self.alone.env,
+                                   stderr=subprocess.DEVNULL)
+        time.sleep(3)
+        spent = ticks(process.pid)
+        time.sleep(seconds)
+        print(f"  libVLC's X11 output: processor {(ticks(process.pid) - spent) / seconds:.1f} %")
+        process.terminate()
+        process.wait()
+
+
+def main():
+    seconds = int(sys.argv[1]) if len(sys.argv) > 1 else 60
+    folder = ROOT / "build" / "bench_films"
+    folder.mkdir(parents=True, exist_ok=True)
+    for name, size, rate, encoding in KINDS:
+        make(folder, name, size, rate, encoding)
+    with Films("800x480") as films:
+        films.fresh()
+        films.start_with_catalogue()
+        films.end()
+        for name, _, rate, _ in KINDS:
+            print(name)
+            films.measure(folder / name, rate, min(seconds, LENGTH - 25))
+            films.peer(folder / name, min(seconds, 20))
+
+
+main()
