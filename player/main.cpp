@@ -33,7 +33,7 @@ std::string FileToAdd(int count, char** words) {
 
 int main(int count, char** words) {
     const std::int64_t started = SteadyNanoseconds();
-    HoldEndSignals();
+    HoldSignals();
     const std::string file = FileToAdd(count, words);
     const auto entries = file.empty() ? std::vector<std::string>() : ListEntries(file);
     const std::string path = PlayerSocketPath(PlayerWindowClass, ExecutableFolder());

@@ -50,8 +50,14 @@ enum PlayerListStep : std::int32_t {
     ListEnd = 2    ///< no payload: the list is complete
 };
 
-/// The longest text of a reply, in bytes.
-inline constexpr std::size_t PlayerTextLimit = 1024;
+/// Which text WM_GETTEXT asks for, by its lParam.
+enum PlayerText : std::int32_t {
+    TitleText = 0, ///< the title of a player's window
+    FileText = 1   ///< path or address of what plays, bytes as the file system has them
+};
+
+/// The longest text of a reply, in bytes: a path fits.
+inline constexpr std::size_t PlayerTextLimit = 4096;
 
 /// The longest payload of one packet, in bytes.
 inline constexpr std::size_t PlayerPayloadLimit = 60000;

@@ -24,7 +24,8 @@ struct Engine::Command {
     void (Engine::*run)();
 };
 
-// Preferences (40012) and visualisation (40192) have no window here: answered, and nothing done.
+// Preferences (40012) have no window here: answered, and nothing done. The visualisation (40192) is
+// no matter of what plays.
 const Engine::Command Engine::Commands[] = {
     {40023, &Engine::ToggleShuffle}, {40044, &Engine::Previous}, {40045, &Engine::Play},
     {40046, &Engine::Pause},         {40047, &Engine::Stop},     {40048, &Engine::Next},
@@ -199,6 +200,11 @@ void Engine::OnEvent(const OutputEvent& event) {
 std::string Engine::Title() const {
     const bool known = active_ && !title_.empty();
     return known ? std::to_string(list_.Index() + 1) + ". " + title_ + " - Winamp" : "Winamp";
+}
+
+std::string Engine::File() const {
+    if (!active_ || !list_.InRange()) return {};
+    return list_.Path(static_cast<std::size_t>(list_.Index()));
 }
 
 void Engine::OnStarted(const OutputEvent& event) {

@@ -30,6 +30,8 @@ class Engine {
     void OnEvent(const OutputEvent& event);
     /// The title of a player's window: "3. What plays - Winamp".
     std::string Title() const;
+    /// Path or address of what plays or is paused, "" for nothing.
+    std::string File() const;
 
   private:
     struct Command;

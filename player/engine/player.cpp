@@ -2,14 +2,17 @@
 
 #include "platform/linux/sound_device.h"
 #include "platform/paths.h"
+#include "platform/player_window.h"
 #include "player/engine/engine.h"
 #include "player/engine/event_queue.h"
 #include "player/engine/hand_over.h"
+#include "player/engine/vis_program.h"
 #include "player/engine/vlc_output.h"
 #include "player/engine/wire_server.h"
 
 #include <signal.h>
 #include <sys/signalfd.h>
+#include <unistd.h>
 
 #include <random>
 
@@ -19,11 +22,12 @@ namespace {
 
 // How long libVLC may take to let the device go at the end, in seconds.
 constexpr unsigned EndLimit = 3;
+constexpr std::int32_t VisCommand = 40192;
 
-sigset_t EndSignals() {
+sigset_t HeldSignals() {
     sigset_t signals;
     sigemptyset(&signals);
-    for (const int number : {SIGTERM, SIGINT, SIGHUP})
+    for (const int number : {SIGTERM, SIGINT, SIGHUP, SIGCHLD})
         sigaddset(&signals, number);
     return signals;
 }
@@ -48,8 +52,11 @@ class PollLoop {
                    [this](const std::string& paths, std::int64_t startedNs) {
                        engine_.AddList(paths, startedNs);
                    },
-                   [this] { return engine_.Title(); }}) {
-        const sigset_t signals = EndSignals();
+                   [this](const PlayerRequest& request) {
+                       return request.lParam == FileText ? engine_.File() : engine_.Title();
+                   }}),
+          vis_(ExecutableFolder()) {
+        const sigset_t signals = HeldSignals();
         signals_ = FileDescriptor(::signalfd(-1, &signals, SFD_CLOEXEC | SFD_NONBLOCK));
     }
 
@@ -60,7 +67,7 @@ class PollLoop {
             items.assign({{signals_.get(), POLLIN, 0}, {events_.Readable().get(), POLLIN, 0}});
             server_.Collect(items);
             if (::poll(items.data(), items.size(), -1) < 0) continue;
-            if (items[0].revents != 0) Close();
+            if (items[0].revents != 0) TakeSignal();
             for (const OutputEvent& event : events_.Take())
                 engine_.OnEvent(event);
             server_.Serve(items);
@@ -69,12 +76,18 @@ class PollLoop {
     }
 
   private:
+    void TakeSignal() {
+        signalfd_siginfo info{};
+        if (::read(signals_.get(), &info, sizeof info) != sizeof info) return;
+        info.ssi_signo == SIGCHLD ? vis_.Collect() : Close();
+    }
     // The name is given up before the connection closes: whoever sees that may start a new player.
     void Close() {
         closed_ = true;
         instance_.Release();
     }
     std::optional<std::int32_t> Answer(const PlayerRequest& request) {
+        if (request.message == WM_COMMAND && request.wParam == VisCommand) vis_.Toggle();
         const auto answer = engine_.Message(request);
         if (!answer) Close();
         return answer;
@@ -85,14 +98,15 @@ class PollLoop {
     VlcOutput output_;
     Engine engine_;
     WireServer server_;
+    VisProgram vis_;
     FileDescriptor signals_;
     bool closed_ = false;
 };
 
 } // namespace
 
-void HoldEndSignals() {
-    const sigset_t signals = EndSignals();
+void HoldSignals() {
+    const sigset_t signals = HeldSignals();
     ::sigprocmask(SIG_BLOCK, &signals, nullptr);
 }
 

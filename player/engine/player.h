@@ -9,9 +9,9 @@
 
 namespace vk {
 
-/// Keeps the signals that end the player (SIGTERM, SIGINT, SIGHUP) for RunPlayer. To be called
-/// before any thread is started.
-void HoldEndSignals();
+/// Keeps the signals that end the player (SIGTERM, SIGINT, SIGHUP), and that of a child's end, for
+/// RunPlayer. To be called before any thread is started.
+void HoldSignals();
 
 /// Plays until a message or a signal ends it. `folder` holds winamp.ini; `entries` is the list to
 /// begin with.

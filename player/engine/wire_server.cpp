@@ -54,8 +54,8 @@ bool WireServer::ServeClient(Client& client) {
     std::memcpy(&request, packet, sizeof request);
     const auto answer = Answer(client, request, {packet + sizeof request, length - sizeof request});
     if (!answer) return false;
-    const bool asksTitle = request.message == WM_GETTEXT && handlers_.title;
-    return Reply(client, *answer, asksTitle ? handlers_.title() : std::string());
+    const bool asksText = request.message == WM_GETTEXT && handlers_.text;
+    return Reply(client, *answer, asksText ? handlers_.text(request) : std::string());
 }
 
 bool WireServer::Reply(const Client& client, std::int32_t result, const std::string& text) {

@@ -23,7 +23,7 @@ struct WireHandlers {
     /// ns).
     std::function<void(std::string paths, std::int64_t startedNs)> list;
     /// The text that WM_GETTEXT asks for.
-    std::function<std::string()> title = {};
+    std::function<std::string(const PlayerRequest&)> text = {};
 };
 
 /// Clients that break the protocol, or do not take their replies, are closed; a client that goes

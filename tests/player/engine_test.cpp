@@ -102,6 +102,7 @@ TEST_F(EngineTest, AnswersWhenNothingIsLoaded) {
 TEST_F(EngineTest, ReadsAsPlayingOnceTheTrackSounds) {
     EXPECT_EQ(Run("add:ab play"), "0 at 0 a");
     EXPECT_EQ(Run("start:61999 wait:130"), "1 at 130 a");
+    EXPECT_EQ(engine->File(), "a");
     EXPECT_EQ(Length(), 61);
     EXPECT_EQ(Ask(126, 1), 128);
     EXPECT_EQ(Run("at:250 wait:100"), "1 at 350 a");

@@ -1,4 +1,5 @@
 // The whole way: remote control, adapter, socket, player, libVLC. Time is real here.
+#include "core/text.h"
 #include "tests/player/process_fixture.h"
 
 #include <gmock/gmock.h>
@@ -178,6 +179,30 @@ TEST_F(PlayerProcess, TwoSystemsBesideEachOtherHaveAPlayerEach) {
     const WindowHandle found = outside->FindWindow(PlayerWindowClass);
     EXPECT_EQ(outside->SendMessage(found, WM_USER, 0, 104), 1) << "the first of them";
     other->SendMessage(handle, WM_COMMAND, WinampClose, 0);
+}
+
+TEST_F(PlayerProcess, TheCommandStartsTheVisualisationAndEndsItEvenWhenItHangs) {
+    const std::string script =
+        "#!/bin/sh\ntrap '' TERM\necho $$ > pid\nwhile :; do sleep 1; done\n";
+    const auto running = [this] {
+        const auto pid = ParseInteger(core.app.Read("pid"));
+        return pid && FileExists("/proc/" + std::to_string(*pid) + "/exe");
+    };
+    StartPlayer();
+    winamp->WinAMP_SCM(WinampRunVis); // there is none
+    EXPECT_EQ(winamp->WinAMP_GetVersion(), "2.01");
+    std::filesystem::permissions(core.app.Write("visuals", script),
+                                 std::filesystem::perms::owner_all);
+    for (int round = 0; round < 2; ++round) {
+        winamp->WinAMP_SCM(WinampRunVis);
+        ASSERT_TRUE(Eventually(running));
+        winamp->WinAMP_SCM(WinampRunVis);
+        EXPECT_TRUE(Eventually([&] { return !running(); }));
+    }
+    winamp->WinAMP_SCM(WinampRunVis);
+    ASSERT_TRUE(Eventually(running));
+    winamp->WinAMP_SCM(WinampClose);
+    EXPECT_TRUE(Eventually([&] { return !running(); })) << "it goes with the player";
 }
 
 } // namespace

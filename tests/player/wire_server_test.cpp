@@ -52,7 +52,7 @@ struct WireServerTest : testing::Test {
                            const std::lock_guard lock(mutex);
                            lists.emplace_back(std::move(paths), started);
                        },
-                       [] { return std::string(PlayerTextLimit + 9, 't'); }}};
+                       [](const PlayerRequest&) { return std::string(PlayerTextLimit + 9, 't'); }}};
     std::thread thread;
 };
 

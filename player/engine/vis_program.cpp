@@ -1,0 +1,29 @@
+#include "player/engine/vis_program.h"
+
+#include "platform/linux/spawn.h"
+#include "platform/paths.h"
+
+#include <signal.h>
+#include <sys/wait.h>
+
+#include <utility>
+
+namespace vk {
+
+void VisProgram::Toggle() {
+    Collect();
+    if (Running()) return End();
+    child_ = SpawnDetached(JoinPath(folder_, Name), {}, folder_);
+}
+
+// Among them those that were killed, which nobody waits for.
+void VisProgram::Collect() {
+    for (pid_t ended = 0; (ended = ::waitpid(-1, nullptr, WNOHANG)) > 0;)
+        if (ended == child_) child_ = 0;
+}
+
+void VisProgram::End() {
+    if (Running()) ::kill(std::exchange(child_, 0), SIGKILL);
+}
+
+} // namespace vk
