@@ -10,6 +10,7 @@
 #include "home/daylight.h"
 #include "input/key_map.h"
 #include "input/remote_map.h"
+#include "platform/qt/qt_input_hooks.h"
 #include "platform/qt/qt_window_layer.h"
 #include "skin/controls/black_background.h"
 #include "skin/controls/control_context.h"
@@ -33,6 +34,7 @@ struct Host {
     Ports ports;
     HostWindow window;
     QtWindowLayer layer{window};
+    QtInputHooks hooks{window};
     AppState state;
     Screens screens;
     Pump pump{ports.machine.clock};

@@ -90,7 +90,14 @@ AudioPlayer::Needs PlaybackModule::Needs() {
             .loadGPS =
                 [this] {
                     if (loadGPS) loadGPS();
-                }};
+                },
+            .vis = {TheWindows(), &host_.hooks}};
+}
+
+ForeignWindows* PlaybackModule::TheWindows() {
+    if (!windows_ && host_.ports.screen.foreignWindows)
+        windows_ = host_.ports.screen.foreignWindows();
+    return windows_.get();
 }
 
 std::vector<CatalogueRow> PlaybackModule::Query(const std::string& sql) {

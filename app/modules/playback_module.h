@@ -2,6 +2,7 @@
 #pragma once
 
 #include "app/modules/library_module.h"
+#include "platform/foreign_windows.h"
 #include "playback/audio_state.h"
 #include "playback/c_winamp.h"
 #include "playback/loudness.h"
@@ -54,6 +55,7 @@ class PlaybackModule : public Module {
   private:
     void Load();
     AudioPlayer::Needs Needs();
+    ForeignWindows* TheWindows();
     std::vector<CatalogueRow> Query(const std::string& sql);
     void SoundCardChanged(bool present);
 
@@ -61,6 +63,7 @@ class PlaybackModule : public Module {
     LibraryModule& library_;
     std::unique_ptr<cVolume> volume_;
     std::unique_ptr<Loudness> loudness_;
+    std::unique_ptr<ForeignWindows> windows_; ///< those of the visualisation and the player
     std::unique_ptr<playmp3> screen_;
     std::optional<PlayerWatch> watch_;
     bool closed_ = false;

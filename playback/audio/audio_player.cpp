@@ -7,6 +7,7 @@ namespace vk {
 namespace {
 
 constexpr const char* FormName = "playmp3";
+constexpr int VisNameMs = 4000;
 
 std::string ErrorIn(const char* operation) {
     return std::string("Error occured in Playmp3.") + operation + " ";
@@ -28,7 +29,9 @@ AudioPlayer::AudioPlayer(Needs needs, ListModel& list, PlayerView& view)
                     Ask(ahead ? "MoveAhead" : "MoveBack",
                         [&](PlayerSource& source) { source.ShortPress(ahead); });
                 }}),
-      ticks_({parts_, sources_, buttons_, volumeLabel_, n_.checkDaylight, [this] { doquit(); }}) {}
+      ticks_({parts_, sources_, buttons_, volumeLabel_, n_.checkDaylight, [this] { doquit(); },
+              [this] { vis_.Tick(); }}),
+      vis_({base_, n_.winamp, n_.vis, [this] { LeaveForVis(); }, [this] { ComeBackFromVis(); }}) {}
 
 void AudioPlayer::Ask(const char* where, const std::function<void(PlayerSource&)>& operation) {
     TrapAndLog(base_.report, ErrorIn(where), [&] {
@@ -125,6 +128,7 @@ void AudioPlayer::doquit() {
     TrapAndLog(base_.report, ErrorIn("doquit"), [&] {
         view_.ShowLoading("");
         if (!bInPlayer) return;
+        if (vis_.On()) return vis_.DoVis();
         bInPlayer = false;
         view_.ShowFrame(true);
         n_.audio.bStartPlaying = false;
@@ -141,7 +145,7 @@ void AudioPlayer::doquit() {
 
 void AudioPlayer::Swap() {
     TrapAndLog(base_.report, ErrorIn("swap"), [&] {
-        if (!bInPlayer || !base_.screens.Find("playlists")) return;
+        if (!bInPlayer || vis_.On() || !base_.screens.Find("playlists")) return;
         const PlayerSource* source = sources_.Current();
         const bool remembers = source && source->RemembersChoice();
         if (remembers) SaveAudioData();
@@ -158,6 +162,7 @@ void AudioPlayer::Form_Unload(bool osShutdown) {
     TrapAndLog(base_.report, ErrorIn("Form_Unload"), [&] {
         if (osShutdown)
             base_.log.WriteDebugLog("form unloaded by administrative request - os shutdown");
+        vis_.Unload();
         SaveAudioData();
         n_.loudness.Unload();
         ticks_.Stop();
@@ -251,6 +256,35 @@ void AudioPlayer::MoveList(void (ListModel::*move)(), const char* where) {
 
 void AudioPlayer::setshuffle() {
     TrapAndLog(base_.report, ErrorIn("setshuffle"), [&] { shuffle_.setshuffle(); });
+}
+
+// Visualisation ----------------------------------------------------------------------------------
+
+void AudioPlayer::DoVis() {
+    TrapAndLog(base_.report, ErrorIn("DoVis"), [&] {
+        view_.ShowLoading("");
+        if (bInPlayer) vis_.DoVis();
+    });
+}
+
+void AudioPlayer::NextVis() {
+    TrapAndLog(base_.report, ErrorIn("NextVis"), [&] {
+        const std::string name = vis_.NextVis();
+        clockLine_.ShowNotice(name.empty() ? "No other visualisation" : name, VisNameMs);
+    });
+}
+
+void AudioPlayer::LeaveForVis() {
+    ticks_.Stop();
+    buttons_.LetGo();
+    view_.ShowFrame(false);
+}
+
+void AudioPlayer::ComeBackFromVis() {
+    ticks_.Start();
+    Ask("UpdateScreen", [](PlayerSource& source) { source.UpdateScreen(); });
+    view_.ShowFrame(true);
+    clockLine_.Refresh();
 }
 
 void AudioPlayer::TrackTimeLabel_Click() {

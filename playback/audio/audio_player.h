@@ -7,6 +7,7 @@
 #include "library/browser_state.h"
 #include "playback/audio/player_ticks.h"
 #include "playback/transport.h"
+#include "playback/visuals/visualisation.h"
 
 #include <functional>
 #include <string>
@@ -28,6 +29,7 @@ class AudioPlayer : public Transport {
         TagOfFile tagOf;
         std::function<void()> checkDaylight = {}; ///< every tick: day or night skin
         std::function<void()> loadGPS = {};       ///< empty without a GPS screen
+        VisPorts vis = {};
     };
     /// `list` and `view` are the screen's and outlive this object.
     AudioPlayer(Needs needs, ListModel& list, PlayerView& view);
@@ -42,9 +44,9 @@ class AudioPlayer : public Transport {
     void Suspend();
     void Resume();
     void switchingform();
-    /// Stops the source and goes back to the main menu.
+    /// Stops the source and goes back to the main menu; from a visualisation, only back from that.
     void doquit() override;
-    /// Leaves for the media browser; the sound goes on.
+    /// Leaves for the media browser, unless a visualisation runs; the sound goes on.
     void Swap();
     /// The screen goes; `osShutdown` when the operating system closes it.
     void Form_Unload(bool osShutdown);
@@ -67,6 +69,9 @@ class AudioPlayer : public Transport {
     bool NeedsPlayer() const override;
     void GoOn(std::int32_t track, std::int32_t seconds) override;
     void setshuffle();
+    /// See `Visualisation`; `NextVis` tells the name.
+    void DoVis();
+    void NextVis();
     /// Goes to the next source in the rotation. Where that cannot play, the present one goes on.
     void TSRadio2MP3Btn_Click();
     /// See `Sources`.
@@ -95,6 +100,9 @@ class AudioPlayer : public Transport {
     void KeepVolume();
     void MoveList(void (ListModel::*move)(), const char* where);
     void DoHeld(HeldAction action);
+    bool DoUnderVis(const InputCode& code);
+    void LeaveForVis();
+    void ComeBackFromVis();
     void Hold(bool ahead);
     void Enter();
     void Ready();
@@ -112,6 +120,7 @@ class AudioPlayer : public Transport {
     Sources sources_;
     PlayerButtons buttons_;
     PlayerTicks ticks_;
+    Visualisation vis_;
     std::int64_t skippedMs_ = 0; ///< when a track was last skipped, of the clock's ticks
     bool bInPlayer = false;
 };

@@ -9,6 +9,7 @@ constexpr int SkipMs = 500; // between two tracks, of a held key
 
 // In the order in which codes of the remote are compared.
 constexpr ActionRow<AudioPlayer> Rows[] = {
+    {Action::startvis, &AudioPlayer::DoVis},
     {Action::shuffle, &AudioPlayer::setshuffle},
     {Action::pagedown, &AudioPlayer::PgDn},
     {Action::pageup, &AudioPlayer::PgUp},
@@ -30,6 +31,19 @@ constexpr ActionRow<AudioPlayer> Rows[] = {
     {Action::MP3toRadio, &AudioPlayer::TSRadio2MP3Btn_Click},
     {Action::gps, &AudioPlayer::LoadGPS},
     {Action::tracktime, &AudioPlayer::TrackTimeLabel_Click},
+    {Action::nextvis, &AudioPlayer::NextVis},
+};
+
+// What means something while a visualisation hides the list. Enter ends it: a row that nobody sees
+// is not to be played.
+constexpr ActionRow<AudioPlayer> RowsUnderVis[] = {
+    {Action::startvis, &AudioPlayer::DoVis},     {Action::ok, &AudioPlayer::DoVis},
+    {Action::shuffle, &AudioPlayer::setshuffle}, {Action::quit, &AudioPlayer::doquit},
+    {Action::pause, &AudioPlayer::DoPause},      {Action::play, &AudioPlayer::DoPlay},
+    {Action::REW, &AudioPlayer::DoRW},           {Action::FF, &AudioPlayer::DoFF},
+    {Action::Vdown, &AudioPlayer::VolDown},      {Action::vup, &AudioPlayer::VolUp},
+    {Action::forward, &AudioPlayer::MoveAhead},  {Action::back, &AudioPlayer::MoveBack},
+    {Action::mute, &AudioPlayer::domute},        {Action::nextvis, &AudioPlayer::NextVis},
 };
 
 } // namespace
@@ -39,7 +53,13 @@ bool AudioPlayer::Form_KeyDown(const std::string& code) {
 }
 
 bool AudioPlayer::DoAction(const InputCode& code) {
-    return RunAction(*this, Rows, code);
+    return vis_.On() ? DoUnderVis(code) : RunAction(*this, Rows, code);
+}
+
+// Every key comes here, so that what means nothing is used up.
+bool AudioPlayer::DoUnderVis(const InputCode& code) {
+    RunAction(*this, RowsUnderVis, code);
+    return !code.Mapped(Action::power) && !code.Mapped(Action::dim);
 }
 
 bool AudioPlayer::Repeats(const InputCode& key) const {
@@ -56,6 +76,7 @@ void AudioPlayer::Wheel(int delta) {
             up ? VolUp() : VolDown();
         return;
     }
+    if (vis_.On()) return; // nobody sees what it would move
     Ask(up ? "FineTuneUp" : "FineTuneDown", [&](PlayerSource& source) {
         if (!source.WheelSteps()) return up ? MoveUp() : MoveDown();
         up ? source.DoFF() : source.DoRW();

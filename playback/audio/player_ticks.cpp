@@ -28,6 +28,7 @@ void PlayerTicks::Timer2_Timer() {
 
 void PlayerTicks::Tick() {
     if (n_.checkDaylight) n_.checkDaylight();
+    n_.afterVis();
     ServeRefresh();
     if (PlayerSource* source = n_.sources.Current()) source->Tick();
     if (TickCount == 1) {

@@ -21,6 +21,7 @@ class PlayerTicks {
         VolumeLabel& volumeLabel;
         std::function<void()> checkDaylight; ///< every tick: day or night skin; may be empty
         std::function<void()> quit;          ///< what plays was taken out
+        std::function<void()> afterVis;      ///< every tick; see `Visualisation::Tick`
     };
     explicit PlayerTicks(Needs needs);
 

@@ -25,6 +25,7 @@ enum class TouchButtonId : std::uint8_t {
     PageUp,
     PageDown,
     Mute,
+    Vis,      ///< `TSVisBtn`
     Dim,      ///< `TSDimBtn`
     PopUpMenu ///< `TSPopUpMenuBtn`, which opens `frmUpperBar`
 };

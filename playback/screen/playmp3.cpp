@@ -38,6 +38,7 @@ constexpr ButtonFace Faces[] = {
     {TouchButtonId::PageUp, "TSPageUpBtn", "pgup.gif", "pgupsel.gif", "Page up"},
     {TouchButtonId::PageDown, "TSPageDownBtn", "pgdn.gif", "pgdnsel.gif", "Page down"},
     {TouchButtonId::Mute, "TSMuteBtn", "mute.gif", "", "Mute"},
+    {TouchButtonId::Vis, "TSVisBtn", "vis.gif", "", "Visuals"},
     {TouchButtonId::Dim, "TSDimBtn", "watermark.gif", "", "Dim"},
     {TouchButtonId::PopUpMenu, "TSPopUpMenuBtn", "menu.gif", "", "..."},
 };
@@ -139,6 +140,10 @@ void playmp3::MakeButtons() {
     Button(TouchButtonId::AddFavorite).onClick = [this] {
         player_.AddToFavorites();
         ShowUpperBar(false);
+    };
+    Button(TouchButtonId::Vis).onClick = [this] {
+        ShowUpperBar(false);
+        player_.DoVis();
     };
     Button(TouchButtonId::Dim).onClick = [this] {
         context_.ToggleDim();
