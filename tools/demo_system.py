@@ -14,7 +14,8 @@ from display import Display  # noqa: E402
 from steered import Steered  # noqa: E402
 
 AGAIN = 1  # second between two presses for the same thing
-PARTS = ("velkorandum", "libvkfilm.so", "winamp", "DB_UPDATE", "tags_empty.mdb", "settings.ini")
+PARTS = ("velkorandum", "libvkfilm.so", "winamp", "visuals", "VNFO.dat", "DB_UPDATE", "tags_empty.mdb",
+         "settings.ini")
 
 
 class DemoSystem(Steered):
@@ -36,7 +37,8 @@ class DemoSystem(Steered):
         self.app.mkdir()
         for part in PARTS:
             shutil.copy(self.demo / part, self.app)
-        os.symlink(self.demo / "skins", self.app / "skins")
+        for folder in ("skins", "plugins"):
+            os.symlink(self.demo / folder, self.app / folder)
         subprocess.run([self.app / "DB_UPDATE"], env=self.alone.env, check=True)
 
     def start_with_catalogue(self):

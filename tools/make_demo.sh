@@ -9,7 +9,9 @@ vkini="$here/../build/release/tools/vkini"
 
 mkdir -p "$demo/skins"
 cp -u "$app/velkorandum" "$app/libvkfilm.so" "$app/winamp" "$app/DB_UPDATE" "$app/tags_empty.mdb" "$demo/"
+cp -u "$app/visuals" "$app/VNFO.dat" "$demo/"
 cp -ru "$app/skins/." "$demo/skins/"
+cp -ru "$app/plugins" "$demo/"
 cp -ru "$app/COMMON" "$demo/"
 # Both tuners are simulated: the FM radio's library, and the satellite receiver as a program of its own.
 sims="$here/../build/release/tests/sim"

@@ -20,7 +20,7 @@ from steered import Steered  # noqa: E402
 
 APPDIR, VKINI, CARD = (pathlib.Path(argument).resolve() for argument in sys.argv[1:4])
 PICTURES = os.environ.get("VK_PICTURES")
-PROGRAMS = ("velkorandum", "libvkfilm.so", "winamp", "DB_UPDATE", "tags_empty.mdb")
+PROGRAMS = ("velkorandum", "libvkfilm.so", "winamp", "visuals", "VNFO.dat", "DB_UPDATE", "tags_empty.mdb")
 
 
 def write_tone(path, seconds):
@@ -49,7 +49,8 @@ class Driven(Steered, unittest.TestCase):
         self.app.mkdir()
         for program in PROGRAMS:
             shutil.copy(APPDIR / program, self.app)
-        os.symlink(APPDIR / "skins", self.app / "skins")
+        for folder in ("skins", "plugins"):
+            os.symlink(APPDIR / folder, self.app / folder)
         self.make_card()
         self.album = work / "home" / "Music" / "Album"
         for number, title in enumerate(("One", "Two", "Three"), 1):

@@ -1,0 +1,40 @@
+#include "visuals/window/track_tag.h"
+
+#include "core/debug_log.h"
+#include "core/text.h"
+#include "library/tags/media_type.h"
+#include "library/tags/shown_tag.h"
+#include "platform/dialogs.h"
+#include "platform/qt/qt_clock.h"
+
+namespace vk {
+
+namespace {
+
+/// Nobody is asked over the picture.
+class NoDialogs : public Dialogs {
+  public:
+    void ShowMessage(const std::string&, const std::string&, MessageKind) override {}
+    bool AskYesNo(const std::string&, const std::string&) override { return false; }
+    bool AskOkCancel(const std::string&, const std::string&) override { return false; }
+    std::optional<std::string> InputBox(const std::string&, const std::string&,
+                                        const std::string&) override {
+        return std::nullopt;
+    }
+    std::string ChooseFolder(const std::string&, const std::string&) override { return {}; }
+};
+
+} // namespace
+
+std::pair<QString, QString> ReadTrackTag(const std::string& appDir, const std::string& file) {
+    static const std::string decimalSymbol = ".";
+    static constexpr bool Extended = true;
+    const QtClock clock;
+    const DebugLog log(appDir, clock);
+    NoDialogs dialogs;
+    ID3 reader({log, dialogs}, decimalSymbol, Extended);
+    const TagRecord tag = ShownTag(reader, file, MediaAudio);
+    return {QString::fromStdString(ToUtf8(tag.Title)), QString::fromStdString(ToUtf8(tag.Artist))};
+}
+
+} // namespace vk
