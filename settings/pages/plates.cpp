@@ -16,17 +16,28 @@ int CentreOf(const Plate& plate) {
 /// The cell that the next row begins in.
 struct Cursor {
     int sheet = 0, line = 0, column = 0;
+    int pictureEnd = 0, pictureWidth = 0; ///< up to that line a picture takes the right end
 
+    int Columns() const { return BoardColumns - (line < pictureEnd ? pictureWidth : 0); }
     void Advance(const Row& row, int lines) {
-        if (column + row.width > BoardColumns || row.sheet) {
+        if (column + row.width > Columns() || row.sheet) {
             if (column > 0) ++line;
             column = 0;
         }
         const bool begins = row.sheet && (sheet > 0 || line > 0);
         if (line + row.lines > lines || begins) {
             ++sheet;
-            line = 0;
+            line = pictureEnd = 0;
         }
+    }
+    void Pass(const Row& row) {
+        if (row.picture) {
+            pictureEnd = line + row.lines;
+            pictureWidth = row.width;
+            return;
+        }
+        column += row.width;
+        line += row.lines - 1;
     }
 };
 
@@ -34,7 +45,7 @@ void AddRow(std::vector<Plate>& plates, const Row& row, const Cursor& at, int fi
     const int ends = EndWidth * static_cast<int>(row.ends.size());
     const bool usable = !row.usable || row.usable();
     plates.push_back({.line = first + at.line,
-                      .left = at.column,
+                      .left = row.picture ? at.Columns() - row.width : at.column,
                       .width = row.width - ends,
                       .lines = row.lines,
                       .sheet = at.sheet,
@@ -43,7 +54,8 @@ void AddRow(std::vector<Plate>& plates, const Row& row, const Cursor& at, int fi
                       .usable = usable && row.use,
                       .lit = row.lit && row.lit(),
                       .percent = row.percent ? row.percent() : -1,
-                      .name = row.name});
+                      .name = row.name,
+                      .picture = row.picture});
     int left = at.column + row.width - ends;
     for (const Row::End& end : row.ends) {
         plates.push_back({.line = first + at.line,
@@ -72,8 +84,7 @@ std::vector<Plate> LayOut(const std::vector<Row>& rows, int first, int lines) {
     for (const Row& row : rows) {
         cursor.Advance(row, lines);
         AddRow(plates, row, cursor, first);
-        cursor.column += row.width;
-        cursor.line += row.lines - 1;
+        cursor.Pass(row);
     }
     return plates;
 }

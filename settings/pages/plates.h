@@ -19,6 +19,7 @@ struct Plate {
     bool usable = false, lit = false;
     int percent = -1; ///< a bar; -1: none
     const char* name = nullptr;
+    std::function<const PagePicture&()> picture = {};
 };
 
 /// The board: tabs on its first line, the footer on its last.

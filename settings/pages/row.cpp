@@ -54,6 +54,13 @@ Row ProgressRow(std::function<std::string()> text, std::function<int()> percent)
     return {.text = std::move(text), .percent = std::move(percent), .width = Row::Whole};
 }
 
+Row PictureRow(std::function<const PagePicture&()> picture, int width, int lines) {
+    return {.text = [] { return std::string(); },
+            .width = width,
+            .lines = lines,
+            .picture = std::move(picture)};
+}
+
 Row ButtonRow(const char* caption, std::function<void()> use, int width, const char* name) {
     return {.text = [caption] { return std::string(caption); },
             .use = std::move(use),

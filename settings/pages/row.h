@@ -4,6 +4,7 @@
 
 #include "core/settings.h"
 #include "platform/dialogs.h"
+#include "settings/pages/picture.h"
 
 #include <functional>
 #include <string>
@@ -28,9 +29,12 @@ struct Row {
     std::function<bool()> usable = {}; ///< empty: always
     std::function<int()> percent = {}; ///< how far something is; negative: nothing is under way
     int width = Half;                  ///< in columns of the page
-    int lines = 1;                     ///< of the page; nothing lies beside one of several
-    const char* sheet = nullptr;       ///< begins a new sheet of this name
-    const char* name = nullptr;        ///< of the button
+    int lines = 1; ///< of the page; nothing lies beside one of several, but for a picture
+    /// Is shown in the place of a text, at the right end of the lines; the rows that follow lie
+    /// beside it.
+    std::function<const PagePicture&()> picture = {};
+    const char* sheet = nullptr; ///< begins a new sheet of this name
+    const char* name = nullptr;  ///< of the button
 };
 
 /// A text that others change, with a bar while something is under way.
@@ -41,6 +45,8 @@ Row ButtonRow(const char* caption, std::function<void()> use, int width = Row::H
 /// A button of a quarter that shows whether something is on.
 Row SwitchRow(const char* caption, std::function<void()> use, std::function<bool()> lit,
               const char* name = nullptr);
+/// A picture, asked for with each drawing.
+Row PictureRow(std::function<const PagePicture&()> picture, int width, int lines);
 /// Something that is stepped through by two plates.
 Row StepRow(std::function<std::string()> text, const std::function<void(int)>& step,
             const char* less = "-", const char* more = "+");

@@ -32,13 +32,32 @@ void PlateLabel::Show(const Plate& plate, const QRect& box, bool marked, const R
     }
     state_ = state;
     known_ = true;
+    if (plate.picture) TakePicture(plate.picture());
+    if (!plate.picture && !picture_.isNull()) TakePicture({});
     if (percent_ != plate.percent) update();
     percent_ = plate.percent;
     setVisible(true);
 }
 
+void PlateLabel::TakePicture(const PagePicture& picture) {
+    const QImage pixels(reinterpret_cast<const uchar*>(picture.pixels.data()), picture.width,
+                        picture.height, QImage::Format_ARGB32);
+    picture_ = picture.pixels.empty() ? QImage() : pixels.copy();
+    update();
+}
+
+void PlateLabel::DrawPicture() {
+    const QSize size = picture_.size().scaled(rect().size(), Qt::KeepAspectRatio);
+    QRect box(QPoint(), size);
+    box.moveCenter(rect().center());
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.drawImage(box, picture_);
+}
+
 void PlateLabel::paintEvent(QPaintEvent* event) {
     ShadedLabel::paintEvent(event);
+    if (!picture_.isNull()) DrawPicture();
     if (percent_ < 0) return;
     const int tall = height() / BarShare;
     const QRect bar(0, height() - tall, width(), tall);

@@ -5,6 +5,7 @@
 #include "settings/screen/row_look.h"
 #include "skin/controls/shaded_label.h"
 
+#include <QImage>
 #include <QRect>
 
 #include <string>
@@ -24,6 +25,8 @@ class PlateLabel : public ShadedLabel {
     void paintEvent(QPaintEvent* event) override;
 
   private:
+    void TakePicture(const PagePicture& picture);
+    void DrawPicture();
     /// What decides on the look.
     struct State {
         bool button, marked, usable, lit;
@@ -32,6 +35,7 @@ class PlateLabel : public ShadedLabel {
     State state_ = {};
     bool known_ = false;
     int percent_ = -1;
+    QImage picture_;
     QColor bar_, ground_;
 };
 
