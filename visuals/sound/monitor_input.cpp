@@ -1,7 +1,7 @@
 #include "visuals/sound/monitor_input.h"
 
 #include "platform/linux/sound/alsa_quiet.h"
-#include "player/engine/sound_device.h"
+#include "platform/linux/sound_device.h"
 
 #include <alsa/asoundlib.h>
 
