@@ -8,7 +8,7 @@
 int main(int count, char** words) {
     QGuiApplication application(count, words);
     QGuiApplication::setApplicationName(QStringLiteral("visuals"));
-    vk::VisWindow window(vk::ExecutableFolder());
+    vk::VisWindow window(vk::FindFolders(vk::ExecutableFolder()));
     window.showFullScreen();
     return QGuiApplication::exec();
 }

@@ -2,6 +2,7 @@
 
 #include "platform/paths.h"
 #include "playback/audio/file_source.h"
+#include "settings/visuals_page.h"
 
 namespace vk {
 
@@ -98,6 +99,13 @@ ForeignWindows* PlaybackModule::TheWindows() {
     if (!windows_ && host_.ports.screen.foreignWindows)
         windows_ = host_.ports.screen.foreignWindows();
     return windows_.get();
+}
+
+std::vector<Page> PlaybackModule::Pages() {
+    return {VisualsPage({.base = host_.base,
+                         .winamp = [this] { return winamp.get(); },
+                         .transport = transport,
+                         .windows = TheWindows()})};
 }
 
 std::vector<CatalogueRow> PlaybackModule::Query(const std::string& sql) {

@@ -24,6 +24,7 @@ class PlaybackModule : public Module {
     ~PlaybackModule() override;
 
     std::vector<LoadStep> Steps() override;
+    std::vector<Page> Pages() override;
     void Unload() override;
     void IgnitionOff() override;
     void IgnitionOn() override;

@@ -2,7 +2,7 @@
 // can be heard.
 #pragma once
 
-#include "player/engine/vlc_handles.h"
+#include "platform/linux/vlc/vlc_handles.h"
 #include "visuals/sound/player_link.h"
 #include "visuals/sound/sound_ring.h"
 

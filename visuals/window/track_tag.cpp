@@ -26,11 +26,11 @@ class NoDialogs : public Dialogs {
 
 } // namespace
 
-std::pair<QString, QString> ReadTrackTag(const std::string& appDir, const std::string& file) {
+std::pair<QString, QString> ReadTrackTag(const std::string& logDir, const std::string& file) {
     static const std::string decimalSymbol = ".";
     static constexpr bool Extended = true;
     const QtClock clock;
-    const DebugLog log(appDir, clock);
+    const DebugLog log(logDir, clock);
     NoDialogs dialogs;
     ID3 reader({log, dialogs}, decimalSymbol, Extended);
     const TagRecord tag = ShownTag(reader, file, MediaAudio);

@@ -9,7 +9,7 @@
 namespace vk {
 
 /// Title and artist by the file's tag, else by its name. Any thread may call it; it reads from the
-/// disk.
-std::pair<QString, QString> ReadTrackTag(const std::string& appDir, const std::string& file);
+/// disk, and tells of a damaged tag in the log of `logDir`.
+std::pair<QString, QString> ReadTrackTag(const std::string& logDir, const std::string& file);
 
 } // namespace vk

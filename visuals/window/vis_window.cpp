@@ -36,12 +36,13 @@ double Rate(const QScreen* screen) {
 
 } // namespace
 
-VisWindow::VisWindow(std::string appDir)
-    : appDir_(std::move(appDir)), winampIni_(JoinPath(appDir_, "winamp.ini")), store_(this),
-      listener_(PlayerSocketPath(PlayerWindowClass, appDir_),
+VisWindow::VisWindow(Folders folders)
+    : folders_(std::move(folders)), winampIni_(JoinPath(folders_.state, "winamp.ini")),
+      store_(this),
+      listener_(PlayerSocketPath(PlayerWindowClass, folders_.app),
                 {.track =
                      [this](const std::string& file) {
-                         const auto [title, artist] = ReadTrackTag(appDir_, file);
+                         const auto [title, artist] = ReadTrackTag(folders_.state, file);
                          QMetaObject::invokeMethod(
                              this, [=, this] { TakeTrack(file, title, artist); },
                              Qt::QueuedConnection);
@@ -73,7 +74,7 @@ void VisWindow::FollowChoice() {
     const std::string file = GetPrivateProfileString("Winamp", "visplugin_name", "", winampIni_);
     if (file == plugin_ && stage_) return;
     plugin_ = file;
-    const VisPlugin plugin = ReadVisPlugin(appDir_, file);
+    const VisPlugin plugin = ReadVisPlugin(folders_.app, file);
     setTitle(QString::fromStdString(plugin.name));
     plays_ = plugin.scene.empty() ? Stage::Random : plugin.scene;
     if (stage_) stage_->Play(plays_, Seconds());
@@ -141,7 +142,7 @@ void VisWindow::TakeTrack(const std::string& file, const QString& title, const Q
     track_.artist = artist;
     covers_.Load({.picture = {},
                   .track = file,
-                  .temporary = JoinPath(appDir_, "viscover.tmp"),
+                  .temporary = JoinPath(folders_.state, "viscover.tmp"),
                   .extended = true},
                  QSize(CoverBox, CoverBox),
                  [this, first](const CoverOutcome&, const QImage& image) {

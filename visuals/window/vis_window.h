@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/file_state.h"
+#include "platform/user_folders.h"
 #include "playback/screen/cover_loader.h"
 #include "visuals/scenes/stage.h"
 #include "visuals/sound/listener.h"
@@ -23,8 +24,8 @@ namespace vk {
 /// display's rate. A key, a touch or the wish to be closed ends the program.
 class VisWindow : public QWindow {
   public:
-    /// `appDir` is the application directory of the player.
-    explicit VisWindow(std::string appDir);
+    /// Those of the player.
+    explicit VisWindow(Folders folders);
     ~VisWindow() override;
 
   protected:
@@ -44,7 +45,8 @@ class VisWindow : public QWindow {
     void FollowChoice();
     void TakeTrack(const std::string& file, const QString& title, const QString& artist);
 
-    std::string appDir_, winampIni_;
+    Folders folders_;
+    std::string winampIni_;
     std::optional<FileStamp> read_; ///< of winamp.ini when it was read
     std::string plugin_;
     std::string plays_ = Stage::Random;
