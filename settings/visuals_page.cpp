@@ -94,16 +94,14 @@ class VisualsSettings {
     // The player reads its settings as it starts, and may write them as it ends.
     void ChooseFile() {
         const std::string folder = VisFolder(base_.settings.AppDir());
-        const std::string file = base_.dialogs.ChooseFile(
-            {.caption = "Winamp Vis Files (*.dll)",
-             .start = folder,
-             .accepts = [](const auto& path) { return EqualNoCase(ExtensionOf(path), "dll"); }});
-        if (file.empty()) return;
-        if (FolderOf(file) != folder) {
-            told_ = "A plug-in has to lie in " + ToUtf8(folder);
+        const auto file = base_.dialogs.InputBox("Winamp Vis Files (*.dll) of " + ToUtf8(folder),
+                                                 "Plug-in", txtVisDLL);
+        if (!file || file->empty()) return;
+        if (FileNameOf(*file) != *file || !FileExists(JoinPath(folder, *file))) {
+            told_ = "There is no " + *file + " in " + ToUtf8(folder);
             return;
         }
-        const auto choose = [&] { choice_.Choose(FileNameOf(file)); };
+        const auto choose = [&] { choice_.Choose(*file); };
         if (cWinamp* winamp = n_.winamp())
             PlayerRestart{base_, *winamp, n_.transport}.Run(choose);
         else

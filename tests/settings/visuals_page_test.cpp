@@ -39,10 +39,10 @@ TEST_F(VisualsPageTest, ChoosesFromItsListAndWorksWithoutOne) {
 TEST_F(VisualsPageTest, AFileRestartsThePlayerWhichGoesOnWhereItWas) {
     Play(9, 4);
     process.positionMs = 61000;
-    dialogs.folders = {app.File("elsewhere/a.dll"), app.File("plugins/a.dll")};
+    dialogs.inputs = {"gone.dll", "a.dll"};
     page.enter();
     Named("btnVisDLL").use();
-    EXPECT_EQ(process.Count(WinampClose), 0) << "not of that folder";
+    EXPECT_EQ(process.Count(WinampClose), 0) << "there is none of that name";
     process.wire.answer = [this, obey = process.wire.answer](const auto& message) {
         if (message == RecordingPlayer::Command(WinampClose)) process.wire.running = false;
         return obey(message);
