@@ -3,6 +3,7 @@
 
 #include "app/modules/browser_module.h"
 #include "app/modules/home_module.h"
+#include "app/modules/hosting_module.h"
 #include "app/modules/input_module.h"
 #include "app/modules/library_module.h"
 #include "app/modules/navigation_module.h"
@@ -27,6 +28,8 @@ struct Subsystems {
     TunersModule tuners{host, library, playback};
     VideoModule video{host, library, navigation, playback};
     BrowserModule browser{host, library, playback};
+    HostingModule hosting{host, library, input, playback};
+    BrowserModule browser{host, library, playback, hosting};
     SyncModule sync{host, library};
     SettingsModule settings{host, library, input, playback};
     VehicleModule vehicle{host, playback};

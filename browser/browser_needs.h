@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/base.h"
+#include "hosting/apps_list.h"
 #include "input/key_map.h"
 #include "library/browser_state.h"
 #include "library/catalogue.h"
@@ -14,6 +15,8 @@
 #include "playback/video_state.h"
 
 #include <functional>
+#include <string>
+#include <vector>
 
 namespace vk {
 
@@ -35,6 +38,16 @@ struct BrowserPlayers {
     std::function<bool(std::int32_t playMode)> HasTuner = {};
 };
 
+/// The programs of the user's list; all empty where none can be started.
+struct BrowserPrograms {
+    std::function<std::vector<std::string>()> Loaded = {}; ///< the names of those that run
+    /// The picture of a program, by its file; "" without one.
+    std::function<std::string(const std::string& program)> Icon = {};
+    /// Starts or resumes one and brings it to the front; else why it did not come, for the user.
+    /// Events run meanwhile.
+    std::function<std::string(const ListedApp&)> Open = {};
+};
+
 /// All of it outlives the browser.
 struct BrowserNeeds {
     Base& base;
@@ -42,6 +55,7 @@ struct BrowserNeeds {
     const KeyMap& keys;
     BrowsedLibrary library;
     BrowserPlayers players;
+    BrowserPrograms programs = {};
 
     const Settings& Options() const { return base.settings.values; }
     std::string MediaDir() const { return WithoutTrailingSeparator(Options().MediaDir); }

@@ -1,5 +1,6 @@
 #include "browser/chooser.h"
 
+#include "browser/applications.h"
 #include "core/text.h"
 #include "library/tags/media_type.h"
 
@@ -10,8 +11,8 @@ namespace vk {
 
 Chooser::Chooser(BrowserLists& lists, ListBuilding& building, TextEntry& text,
                  std::function<void()> leave)
-    : lists_(lists), desk_(lists.desk), building_(building),
-      handOver_(lists, building, std::move(leave)), presets_(lists.desk, text),
+    : lists_(lists), desk_(lists.desk), building_(building), leave_(std::move(leave)),
+      handOver_(lists, building, leave_), presets_(lists.desk, text),
       searches_(lists, text, [this] { Choose(); }) {}
 
 void Chooser::Choose() {
@@ -30,7 +31,7 @@ void Chooser::Choose() {
 void Chooser::ChooseRow() {
     const std::string text = desk_.list.GetSelectedFileName();
     if (text.empty()) return;
-    if (desk_.needs.state.ListMode == ListApplications) return RefuseApplication();
+    if (desk_.needs.state.ListMode == ListApplications) return OpenApplication(desk_, leave_);
     const Descriptor row = Descriptor::Parse(text);
     if (desk_.Building() && (row.kind == RowKind::File || row.kind == RowKind::XM))
         return building_.AddSelected();
@@ -59,12 +60,6 @@ std::string Chooser::TrackHistory(const Descriptor& row) {
     if (back && !lists_.trail.Empty()) return lists_.trail.Pop();
     if (row.kind != RowKind::Edit) lists_.trail.Push(row);
     return {};
-}
-
-void Chooser::RefuseApplication() {
-    desk_.needs.base.report.Log("no program can be started: " +
-                                ToUtf8(desk_.list.GetSelectedFileName()));
-    desk_.Say("Applications cannot be started.");
 }
 
 void Chooser::SetRecurse(bool armed) {

@@ -46,11 +46,11 @@ class Chooser {
     void PlayAudio(const Descriptor&) { handOver_.PlayAudioFiles(); }
     void PlayVideo(const Descriptor&) { handOver_.PlayVideoFiles(); }
     void OpenPresets(const Descriptor& row) { presets_.ReadPresets(row.body); }
-    void RefuseApplication();
 
     BrowserLists& lists_;
     ListDesk& desk_;
     ListBuilding& building_;
+    std::function<void()> leave_;
     HandOver handOver_;
     RadioPresets presets_;
     TextSearches searches_;

@@ -89,8 +89,14 @@ void ButtonKeys::Hold() {
     hold_->Stop();
     const ShortPress press = std::exchange(waits_, {});
     if (!press.run || !press.valid()) return;
+    if (!Enter()) press.run();
+}
+
+bool ButtonKeys::Enter() {
     ScreenButtons* buttons = Buttons();
-    buttons && buttons->Enter() ? idle_->Start(IdleMs) : press.run();
+    if (!buttons || !buttons->Enter()) return false;
+    idle_->Start(IdleMs);
+    return true;
 }
 
 void ButtonKeys::Idle() {

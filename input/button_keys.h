@@ -39,6 +39,8 @@ class ButtonKeys {
     /// A press, `repeat` of one that is held on; true when it was used, which a `shortPress` may be
     /// later. With an empty `shortPress` ok means nothing before a button is marked.
     bool Down(const InputCode& code, bool repeat, const ShortPress& shortPress);
+    /// Marks a button of the screen in front, as a long press does; false when there is none.
+    bool Enter();
     /// The key was let go.
     void Up(const std::string& code);
     /// The button of a remote is down now: `Up` follows when it falls silent.

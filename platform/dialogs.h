@@ -2,11 +2,26 @@
 // and events run meanwhile.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
 
 namespace vk {
+
+/// What `Dialogs::ChooseFile` lets the user choose from.
+struct FileChoice {
+    /// Something that is offered beside the files.
+    struct Offer {
+        std::string caption;
+        std::string value; ///< the answer when it is chosen
+    };
+    std::string caption; ///< above the files
+    std::string start;   ///< the first folder; empty: the list of starting places
+    std::function<bool(const std::string& path)> accepts = {}; ///< the files shown; empty: all
+    std::string offersCaption = {};                            ///< of the place that holds them
+    std::vector<Offer> offers = {};
+};
 
 /// How a message box is drawn.
 enum class MessageKind { Plain, Warning, Critical };
@@ -38,6 +53,8 @@ class Dialogs {
     /// The folder that the user picked, starting at `start` (empty: the home folder); empty on
     /// cancel. `caption` stands above the folders.
     virtual std::string ChooseFolder(const std::string& caption, const std::string& start) = 0;
+    /// The path of the file that the user picked, or the value of an offer; empty on cancel.
+    virtual std::string ChooseFile(const FileChoice& /*choice*/) { return {}; }
     /// True when the program ends: every dialog is cancelled at once, so that nothing may be asked
     /// until the answer fits.
     virtual bool Ending() const { return false; }

@@ -42,6 +42,8 @@ bool FileExists(const std::string& path);
 /// True when `path` is an existing folder, with or without a trailing separator. An empty path is
 /// the root, which is always there.
 bool FolderExists(const std::string& path);
+/// True when `path` is a file that can be started as a program.
+bool IsProgramFile(const std::string& path);
 /// Length in bytes; 0 for what is missing or no regular file.
 std::uint64_t FileLength(const std::string& path);
 

@@ -22,7 +22,8 @@ struct ForeignWindow {
     ProgramId program = 0; ///< whose it is; 0 where it does not tell
     std::string title, windowClass;
     bool visible = false;
-    WindowArea area; ///< without the frame; pixels of the screen
+    bool ordinary = true; ///< a window of its own, that can be minimised: no dialog, menu or splash
+    WindowArea area;      ///< without the frame; pixels of the screen
 };
 
 /// All on the user-interface thread, and none waits for the other program. A window that has gone
@@ -45,18 +46,29 @@ class ForeignWindows {
     /// Keeps it above all others, or lets it go again; where nobody manages the windows it is
     /// raised once.
     virtual void SetTopmost(WindowHandle window, bool on) = 0;
+    /// As large as the desktop lets it be, where somebody manages the windows; else nothing.
+    virtual void Maximize(WindowHandle window) = 0;
     /// With or without title bar and frame.
     virtual void SetFrame(WindowHandle window, bool on) = 0;
     /// Gives it the input.
     virtual void Focus(WindowHandle window) = 0;
     /// Asks its program to close it.
     virtual void Close(WindowHandle window) = 0;
+    /// The first window in it, at any depth, of that class and title; 0 when there is none.
+    virtual WindowHandle Inside(WindowHandle window, const std::string& windowClass,
+                                const std::string& title) const = 0;
+    /// Posts it a press of the left mouse button in its middle, or the end of one.
+    virtual void PostMouse(WindowHandle window, bool down) = 0;
+    /// Posts it a letter (A to Z), typed with Ctrl.
+    virtual void PostControl(WindowHandle window, char letter) = 0;
     /// From now on these keys (virtual-key codes) come to `onKey` instead of the program in front,
     /// and none with an empty list. Keys that another program holds stay with it.
     virtual void HoldKeys(const std::vector<int>& keys) = 0;
 
-    /// A held key went down.
-    std::function<void(int key)> onKey;
+    /// A held key went down; or was let go.
+    std::function<void(int key)> onKey, onKeyUp;
+    /// Windows have come or gone, or may have.
+    std::function<void()> onChange;
     /// An adopted window has gone, with its program or without.
     std::function<void(WindowHandle window)> onGone;
 };

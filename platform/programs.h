@@ -20,6 +20,9 @@ struct ProgramStart {
     /// Windows knows the wish.
     bool hidden = false;
     bool background = false; ///< it takes the processors and the disk last
+    /// How its first window is to come, a number of ShowWindow; only Windows knows the wish. 0: as
+    /// the program likes it.
+    int show = 0;
 };
 
 /// What is started here outlives this object and this process unless somebody ends it, hears none
@@ -37,6 +40,13 @@ class Programs {
     virtual void Close(ProgramId program) = 0;
     /// Ends it without asking.
     virtual void Kill(ProgramId program) = 0;
+    /// True when the process is that program, started here, or one that it has started in turn, as
+    /// a script does; also when the program itself has ended.
+    virtual bool IsOf(ProgramId process, ProgramId program) const = 0;
+    /// True while the program or anything that it has started runs.
+    virtual bool AnyRunning(ProgramId program) const = 0;
+    /// Ends all of that without asking.
+    virtual void KillAll(ProgramId program) = 0;
     /// Waits for its end, at most `timeoutMs` milliseconds; true when it has ended.
     virtual bool Wait(ProgramId program, int timeoutMs) const = 0;
     /// True when a process other than `ownId` runs a program whose file name contains `name`

@@ -80,10 +80,12 @@ void PowerEvents::TakeBack() {
     base_.state.WinampWatched = base_.screens.CurrentForm == HomeScreen; // it was activated by that
 }
 
+// A program that is in front stays there, under its tool bar.
 void PowerEvents::ComeToFront() {
+    if (base_.screens.CurrentForm == Applications && base_.screens.Show(Applications)) return;
     base_.window.SetTopmost(true);
     base_.window.ForceForegroundWindow();
-    if (base_.screens.CurrentForm != Applications) base_.window.SetTopmost(false);
+    base_.window.SetTopmost(false);
 }
 
 } // namespace vk

@@ -10,6 +10,7 @@
 #include "platform/foreign_windows.h"
 #include "platform/gamma.h"
 #include "platform/input_line.h"
+#include "platform/installed_programs.h"
 #include "platform/instance_lock.h"
 #include "platform/locale_info.h"
 #include "platform/media_player.h"
@@ -33,6 +34,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace vk {
 
@@ -46,7 +48,8 @@ struct MachinePorts {
     InstanceLock& instance;
     MakeChildProcess child; ///< programs that talk to us
     Registry& registry;
-    std::function<std::string(const std::string&)> environment; ///< "" for a missing variable
+    std::function<std::string(const std::string&)> environment;    ///< "" for a missing variable
+    std::function<std::vector<InstalledProgram>()> installed = {}; ///< empty: none
 };
 
 struct ScreenPorts {

@@ -56,7 +56,8 @@ std::unique_ptr<SentenceFeed> LinuxPorts::MakeFeed(const std::string& source,
 Ports LinuxPorts::ports() {
     return {
         .machine = {clock_, uiThread_, locale_, volumes_, *programs_, *instance_,
-                    [] { return std::make_unique<QtChildProcess>(); }, registry_, Environment},
+                    [] { return std::make_unique<QtChildProcess>(); }, registry_, Environment,
+                    ListInstalledPrograms},
         .screen = {fonts_, QtScreenMetrics, MakeForeignWindows},
         .sound = {mixer_, soundInput_, *player_, beeper_, listener_},
         .remote = {.serial = [this] { return std::make_unique<QtSerialPort>(serialOwners_); },

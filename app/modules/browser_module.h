@@ -1,7 +1,7 @@
 // The media browser's screen.
 #pragma once
 
-#include "app/modules/playback_module.h"
+#include "app/modules/hosting_module.h"
 #include "browser/screen/playlists.h"
 
 #include <memory>
@@ -11,8 +11,10 @@ namespace vk {
 
 class BrowserModule : public Module {
   public:
-    BrowserModule(Host& host, LibraryModule& library, PlaybackModule& playback)
-        : Module(host.modules), host_(host), library_(library), playback_(playback) {}
+    BrowserModule(Host& host, LibraryModule& library, PlaybackModule& playback,
+                  HostingModule& hosting)
+        : Module(host.modules), host_(host), library_(library), playback_(playback),
+          hosting_(hosting) {}
 
     std::vector<LoadStep> Steps() override;
     void Unload() override;
@@ -26,6 +28,7 @@ class BrowserModule : public Module {
     Host& host_;
     LibraryModule& library_;
     PlaybackModule& playback_;
+    HostingModule& hosting_;
     std::unique_ptr<playlists> screen_;
 };
 

@@ -21,6 +21,8 @@ class InputModule : public Module {
     void Resume() override;
     void Release() override { remote.CloseRemote(); }
     RemoteHooks Hooks();
+    /// Leads the keys into the buttons of the screen in front.
+    void EnterButtons() { buttons_.Enter(); }
     /// Lets nothing through any more.
     void Close(bool /*osShutdown*/) override { closed_ = true; }
 

@@ -47,6 +47,10 @@ void PlaybackModule::Sleep() {
     if (screen_) screen_->player().Suspend();
 }
 
+void PlaybackModule::SaveAudioData() {
+    if (screen_) screen_->player().SaveAudioData();
+}
+
 void PlaybackModule::Wake() {
     if (screen_) screen_->player().Resume();
 }

@@ -36,6 +36,8 @@ class PlaybackModule : public Module {
     /// back.
     void Sleep();
     void Wake();
+    /// Saves what plays, whichever screen is in front.
+    void SaveAudioData();
     /// The one object for the loudness, made by the first screen that needs it.
     Loudness& TheLoudness();
     /// Whether the source of that `PlayMode` is there.

@@ -116,6 +116,12 @@ bool MakeFolder(const std::string& path) {
     return ::mkdir(path.c_str(), 0755) == 0;
 }
 
+bool IsProgramFile(const std::string& path) {
+    struct stat info {};
+    return ::stat(path.c_str(), &info) == 0 && S_ISREG(info.st_mode) &&
+           ::access(path.c_str(), X_OK) == 0;
+}
+
 bool FileExists(const std::string& path) {
     struct stat info {};
     return ::stat(path.c_str(), &info) == 0 && !S_ISDIR(info.st_mode);

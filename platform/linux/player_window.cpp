@@ -1,5 +1,6 @@
 #include "platform/player_window.h"
 
+#include "platform/arguments.h"
 #include "platform/linux/player_connection.h"
 #include "platform/linux/spawn.h"
 

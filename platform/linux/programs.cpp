@@ -2,6 +2,7 @@
 
 #include "platform/files.h"
 #include "platform/linux/child_watch.h"
+#include "platform/linux/program_family.h"
 #include "platform/linux/spawn.h"
 #include "platform/paths.h"
 
@@ -41,11 +42,17 @@ class LinuxPrograms : public Programs {
         if (child == 0) return 0;
         if (what.background) PutInBackground(child);
         children_.Watch(child);
+        families_.Add(child);
         return child;
     }
     bool Running(ProgramId program) const override { return children_.Running(Pid(program)); }
     void Close(ProgramId program) override { children_.Signal(Pid(program), SIGTERM); }
     void Kill(ProgramId program) override { children_.Signal(Pid(program), SIGKILL); }
+    bool IsOf(ProgramId process, ProgramId program) const override {
+        return families_.Has(Pid(process), Pid(program));
+    }
+    bool AnyRunning(ProgramId program) const override { return families_.Any(Pid(program)); }
+    void KillAll(ProgramId program) override { families_.Kill(Pid(program)); }
     bool Wait(ProgramId program, int timeoutMs) const override {
         return children_.Wait(Pid(program), timeoutMs);
     }
@@ -64,6 +71,7 @@ class LinuxPrograms : public Programs {
     static pid_t Pid(ProgramId program) { return static_cast<pid_t>(program); }
 
     ChildWatch children_;
+    ProgramFamilies families_{children_};
 };
 
 } // namespace

@@ -4,14 +4,9 @@
 #include <sys/types.h>
 
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace vk {
-
-/// The arguments of a command line: parted by blanks, double quotes keep blanks. A quote closes
-/// only before a blank or the end, so that a file name may hold quotes itself.
-std::vector<std::string> SplitArguments(std::string_view line);
 
 /// Starts a program in `folder`, in a session of its own (it outlives this process and hears none
 /// of the terminal's signals), with the null device for its standard streams and no other open

@@ -18,10 +18,9 @@ int SetDensity(qreal logical, qreal physical) {
 } // namespace
 
 void QtWindowLayer::ForceForegroundWindow() {
-    if (host_.isActiveWindow() && !host_.isMinimized()) return;
     if (host_.isMinimized()) host_.showFullScreen();
-    host_.raise();
-    host_.activateWindow();
+    host_.raise(); // where nobody manages the windows, an active one may lie under another
+    if (!host_.isActiveWindow()) host_.activateWindow();
 }
 
 void QtWindowLayer::SetTopmost(bool on) {

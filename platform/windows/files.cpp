@@ -134,6 +134,12 @@ bool MakeFolder(const std::string& path) {
     return ::CreateDirectoryW(ToWide(path).c_str(), nullptr);
 }
 
+bool IsProgramFile(const std::string& path) {
+    const auto dot = path.rfind('.');
+    return FileExists(path) && dot != std::string::npos && path.size() - dot == 4 &&
+           ::_stricmp(path.c_str() + dot, ".exe") == 0;
+}
+
 bool FileExists(const std::string& path) {
     const DWORD attributes = Attributes(path);
     return attributes != INVALID_FILE_ATTRIBUTES && !(attributes & FILE_ATTRIBUTE_DIRECTORY);

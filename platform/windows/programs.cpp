@@ -26,6 +26,30 @@ std::wstring WithoutExe(const std::wstring& name) {
     return name.ends_with(L".exe") ? name.substr(0, name.size() - 4) : name;
 }
 
+/// Every process with the one that started it.
+std::map<DWORD, DWORD> Parents() {
+    std::map<DWORD, DWORD> parents;
+    const HANDLE all = ::CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
+    if (all == INVALID_HANDLE_VALUE) return parents;
+    PROCESSENTRY32W entry{};
+    entry.dwSize = sizeof entry;
+    for (BOOL more = ::Process32FirstW(all, &entry); more; more = ::Process32NextW(all, &entry))
+        parents[entry.th32ProcessID] = entry.th32ParentProcessID;
+    ::CloseHandle(all);
+    return parents;
+}
+
+// A chain as long as there are processes is a ring: numbers are given again.
+bool Descends(const std::map<DWORD, DWORD>& parents, DWORD process, DWORD program) {
+    for (std::size_t step = 0; step <= parents.size(); ++step) {
+        if (process == program) return true;
+        const auto parent = parents.find(process);
+        if (parent == parents.end()) return false;
+        process = parent->second;
+    }
+    return false;
+}
+
 BOOL CALLBACK CloseIfOf(HWND window, LPARAM program) {
     DWORD owner = 0;
     ::GetWindowThreadProcessId(window, &owner);
@@ -56,6 +80,18 @@ class Win32Programs : public Programs {
         const auto child = children_.find(program);
         if (child != children_.end()) ::TerminateProcess(child->second, 0);
     }
+    bool IsOf(ProgramId process, ProgramId program) const override {
+        return children_.contains(program) &&
+               Descends(Parents(), static_cast<DWORD>(process), static_cast<DWORD>(program));
+    }
+    bool AnyRunning(ProgramId program) const override { return !Family(program).empty(); }
+    void KillAll(ProgramId program) override {
+        for (const DWORD member : Family(program))
+            if (const HANDLE process = ::OpenProcess(PROCESS_ALL_ACCESS, FALSE, member)) {
+                ::TerminateProcess(process, 0);
+                ::CloseHandle(process);
+            }
+    }
     bool Wait(ProgramId program, int timeoutMs) const override {
         const auto child = children_.find(program);
         return child == children_.end() ||
@@ -77,6 +113,15 @@ class Win32Programs : public Programs {
     }
 
   private:
+    std::vector<DWORD> Family(ProgramId program) const {
+        std::vector<DWORD> members;
+        if (!children_.contains(program)) return members;
+        const auto parents = Parents();
+        for (const auto& [process, parent] : parents)
+            if (Descends(parents, process, static_cast<DWORD>(program))) members.push_back(process);
+        return members;
+    }
+
     std::map<ProgramId, HANDLE> children_; ///< a handle keeps the number from being given again
 };
 

@@ -23,8 +23,8 @@ std::string Quoted(const std::string& argument) {
 bool StartProcess(const ProgramStart& what, PROCESS_INFORMATION& process) {
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
-    startup.dwFlags = what.hidden ? STARTF_USESHOWWINDOW : 0;
-    startup.wShowWindow = SW_HIDE;
+    startup.dwFlags = what.hidden || what.show != 0 ? STARTF_USESHOWWINDOW : 0;
+    startup.wShowWindow = what.hidden ? SW_HIDE : static_cast<WORD>(what.show);
     std::string words = Quoted(what.program);
     for (const std::string& argument : what.arguments)
         words += " " + Quoted(argument);

@@ -5,12 +5,14 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace vk {
 
 namespace {
 
 constexpr LONG_PTR FrameBits = 0xCF0000; // caption, borders, system menu and boxes
+constexpr LONG_PTR MinimizeBox = 0x20000;
 constexpr UINT KeepPlace = SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE;
 
 HWND Id(WindowHandle window) {
@@ -34,6 +36,9 @@ ForeignWindow Describe(HWND window) {
             .title = FromWide(title),
             .windowClass = FromWide(name),
             .visible = ::IsWindowVisible(window) != 0,
+            .ordinary = ((::GetWindowLongPtrW(window, GWL_STYLE) |
+                          ::GetWindowLongPtrW(window, GWL_EXSTYLE)) &
+                         MinimizeBox) != 0,
             .area = {area.left, area.top, area.right - area.left, area.bottom - area.top}};
 }
 
@@ -104,6 +109,10 @@ void Win32Windows::SetTopmost(WindowHandle window, bool on) {
                    KeepPlace | SWP_ASYNCWINDOWPOS);
 }
 
+void Win32Windows::Maximize(WindowHandle window) {
+    ::ShowWindowAsync(Id(window), SW_SHOWMAXIMIZED);
+}
+
 void Win32Windows::SetFrame(WindowHandle window, bool on) {
     const LONG_PTR style = ::GetWindowLongPtrW(Id(window), GWL_STYLE);
     SetStyle(Id(window), on ? style | FrameBits : style & ~FrameBits);
@@ -123,6 +132,31 @@ void Win32Windows::Close(WindowHandle window) {
     ::PostMessageW(Id(window), WM_CLOSE, 0, 0);
 }
 
+WindowHandle Win32Windows::Inside(WindowHandle window, const std::string& windowClass,
+                                  const std::string& title) const {
+    return Handle(
+        ::FindWindowExW(Id(window), nullptr, ToWide(windowClass).c_str(), ToWide(title).c_str()));
+}
+
+void Win32Windows::PostMouse(WindowHandle window, bool down) {
+    RECT area{};
+    ::GetClientRect(Id(window), &area);
+    ::PostMessageW(Id(window), down ? WM_LBUTTONDOWN : WM_LBUTTONUP, down ? MK_LBUTTON : 0,
+                   MAKELPARAM(area.right / 2, area.bottom / 2));
+}
+
+// A program asks the keyboard for Ctrl, which no message turns on: the key is typed.
+void Win32Windows::PostControl(WindowHandle window, char letter) {
+    Focus(window);
+    INPUT keys[4]{};
+    for (std::size_t i = 0; i < 4; ++i) {
+        keys[i].type = INPUT_KEYBOARD;
+        keys[i].ki.wVk = i == 0 || i == 3 ? VK_CONTROL : static_cast<WORD>(letter);
+        keys[i].ki.dwFlags = i >= 2 ? KEYEVENTF_KEYUP : 0;
+    }
+    ::SendInput(4, keys, sizeof keys[0]);
+}
+
 // A hot key's number is its place in the list.
 void Win32Windows::HoldKeys(const std::vector<int>& keys) {
     for (std::size_t i = 0; i < held_.size(); ++i)
@@ -133,10 +167,16 @@ void Win32Windows::HoldKeys(const std::vector<int>& keys) {
 }
 
 void Win32Windows::HotKey(std::uintptr_t wParam) {
-    if (wParam < held_.size() && onKey) onKey(held_[wParam]);
+    if (wParam >= held_.size()) return;
+    if (onKey) onKey(held_[wParam]);
+    if (onKeyUp) onKeyUp(held_[wParam]); // nothing tells of it
 }
 
-void Win32Windows::LookForGone() {
+void Win32Windows::LookForChanges() {
+    std::vector<WindowHandle> now;
+    for (const ForeignWindow& window : List())
+        now.push_back(window.handle);
+    if (std::exchange(known_, now) != now && onChange) onChange();
     std::vector<WindowHandle> gone;
     std::erase_if(adopted_, [&](const auto& item) {
         if (Exists(item.first)) return false;

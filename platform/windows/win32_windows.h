@@ -19,15 +19,20 @@ class Win32Windows : public ForeignWindows {
     void Show(WindowHandle window, bool shown) override;
     void Raise(WindowHandle window) override;
     void SetTopmost(WindowHandle window, bool on) override;
+    void Maximize(WindowHandle window) override;
     void SetFrame(WindowHandle window, bool on) override;
     void Focus(WindowHandle window) override;
     void Close(WindowHandle window) override;
+    WindowHandle Inside(WindowHandle window, const std::string& windowClass,
+                        const std::string& title) const override;
+    void PostMouse(WindowHandle window, bool down) override;
+    void PostControl(WindowHandle window, char letter) override;
     void HoldKeys(const std::vector<int>& keys) override;
 
     /// To be called with the wParam of every WM_HOTKEY of the thread's queue.
     void HotKey(std::uintptr_t wParam);
-    /// Nothing tells of windows that go: to be called now and then.
-    void LookForGone();
+    /// Nothing tells of windows that come and go: to be called now and then.
+    void LookForChanges();
 
   private:
     struct Before {
@@ -36,6 +41,7 @@ class Win32Windows : public ForeignWindows {
     };
     std::map<WindowHandle, Before> adopted_;
     std::vector<int> held_;
+    std::vector<WindowHandle> known_;
 };
 
 } // namespace vk

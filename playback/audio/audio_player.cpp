@@ -144,12 +144,20 @@ void AudioPlayer::doquit() {
 }
 
 void AudioPlayer::Swap() {
+    LeaveFor(ListFromAudio);
+}
+
+void AudioPlayer::ShowApplications() {
+    LeaveFor(ListApplications);
+}
+
+void AudioPlayer::LeaveFor(std::int16_t listMode) {
     TrapAndLog(base_.report, ErrorIn("swap"), [&] {
         if (!bInPlayer || vis_.On() || !base_.screens.Find("playlists")) return;
         const PlayerSource* source = sources_.Current();
         const bool remembers = source && source->RemembersChoice();
         if (remembers) SaveAudioData();
-        n_.browser.ListMode = ListFromAudio;
+        n_.browser.ListMode = listMode;
         n_.browser.CurrentPath = base_.settings.values.MediaDir;
         n_.browser.RestoreHistory = remembers;
         n_.browser.FromPlayer = true;

@@ -48,6 +48,8 @@ class AudioPlayer : public Transport {
     void doquit() override;
     /// Leaves for the media browser, unless a visualisation runs; the sound goes on.
     void Swap();
+    /// The same for the list of programs (`TSextAppBtn`).
+    void ShowApplications();
     /// The screen goes; `osShutdown` when the operating system closes it.
     void Form_Unload(bool osShutdown);
 
@@ -97,6 +99,7 @@ class AudioPlayer : public Transport {
     /// Runs an operation on the present source, and what follows a step of it soon.
     void Ask(const char* where, const std::function<void(PlayerSource&)>& operation);
     void Step(const char* where, void (PlayerSource::*step)());
+    void LeaveFor(std::int16_t listMode);
     void KeepVolume();
     void MoveList(void (ListModel::*move)(), const char* where);
     void DoHeld(HeldAction action);

@@ -32,6 +32,7 @@ constexpr ActionRow<AudioPlayer> Rows[] = {
     {Action::gps, &AudioPlayer::LoadGPS},
     {Action::tracktime, &AudioPlayer::TrackTimeLabel_Click},
     {Action::nextvis, &AudioPlayer::NextVis},
+    {Action::apps, &AudioPlayer::ShowApplications},
 };
 
 // What means something while a visualisation hides the list. Enter ends it: a row that nobody sees

@@ -66,7 +66,7 @@ void PlayerLayout::PlaceButtons(int width, int height, bool gps) {
                                          Pause,   FastForward, VolumeDown, VolumeUp,
                                          Shuffle, AddFavorite, Source,     Dim};
     const int room = width * FillPercent / 100 / std::max(1, Share(height, ButtonShare));
-    std::vector<TouchButtonId> above = {PageUp, PageDown, Mute, Vis};
+    std::vector<TouchButtonId> above = {PageUp, PageDown, Mute, Vis, ExtApps};
     if (gps) above.push_back(GPS);
     bottom.push_back(PopUpMenu);
     for (const TouchButtonId id : {Dim, AddFavorite, Source, RunOk, Shuffle}) {

@@ -22,6 +22,7 @@ enum class TouchButtonId : std::uint8_t {
     AddFavorite, ///< `TSAddFavBtn`
     Source,      ///< `TSRadio2MP3Btn`
     GPS,         ///< `TSGPSbtn`, where there is a map
+    ExtApps,     ///< `TSextAppBtn`
     PageUp,
     PageDown,
     Mute,

@@ -35,6 +35,7 @@ constexpr ButtonFace Faces[] = {
     {TouchButtonId::AddFavorite, "TSAddFavBtn", "addfav.gif", "addfavsel.gif", "+ Fav"},
     {TouchButtonId::Source, "TSRadio2MP3Btn", "player.gif", "", "Source"},
     {TouchButtonId::GPS, "TSGPSbtn", "gpsactual.gif", "", "GPS"},
+    {TouchButtonId::ExtApps, "TSextAppBtn", "gps.gif", "", "Programs"},
     {TouchButtonId::PageUp, "TSPageUpBtn", "pgup.gif", "pgupsel.gif", "Page up"},
     {TouchButtonId::PageDown, "TSPageDownBtn", "pgdn.gif", "pgdnsel.gif", "Page down"},
     {TouchButtonId::Mute, "TSMuteBtn", "mute.gif", "", "Mute"},
@@ -132,6 +133,7 @@ void playmp3::MakeButtons() {
     click(TouchButtonId::RunOk, &AudioPlayer::runok);
     click(TouchButtonId::Pause, &AudioPlayer::DoPause);
     click(TouchButtonId::GPS, &AudioPlayer::LoadGPS);
+    click(TouchButtonId::ExtApps, &AudioPlayer::ShowApplications);
     click(TouchButtonId::PageUp, &AudioPlayer::PgUp);
     click(TouchButtonId::PageDown, &AudioPlayer::PgDn);
     click(TouchButtonId::Mute, &AudioPlayer::domute);

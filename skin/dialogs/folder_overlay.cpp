@@ -17,7 +17,6 @@ namespace {
 constexpr double ColumnPart = 0.27; // of the panel's width
 constexpr double HintSize = 0.7;    // of the text's
 constexpr double SmallestHint = 0.6;
-constexpr int CancelCell = 2;
 constexpr int LargestCaption = 3; // lines
 constexpr const char* Hint =
     "Up/Down: choose   Enter: open   Right: buttons   Left: list   Esc: cancel";
@@ -63,10 +62,15 @@ void FolderOverlay::AddButtons(const QRect& column) {
     const auto page = [this](int pages) {
         return [this, pages] { ScrollTo(first_ + pages * VisibleRows()); };
     };
-    AddRow(line(0),
-           {{{}, QStringLiteral("Select this folder"), [this] { Finish(true); }, true, inFolder}});
-    AddRow(line(1), {{{}, QStringLiteral("New folder"), [this] { NewFolder(); }, true, inFolder}});
+    if (!rows_.Files()) {
+        AddRow(
+            line(0),
+            {{{}, QStringLiteral("Select this folder"), [this] { Finish(true); }, true, inFolder}});
+        AddRow(line(1),
+               {{{}, QStringLiteral("New folder"), [this] { NewFolder(); }, true, inFolder}});
+    }
     AddRow(line(2), {{{}, QStringLiteral("Cancel"), [this] { Finish(false); }}});
+    cancel_ = static_cast<int>(cells_.size()) - 1;
     AddRow(line(3), {{{}, QStringLiteral("\u25B2"), page(-1), false},
                      {{}, QStringLiteral("\u25BC"), page(1), false}});
 }
@@ -107,7 +111,7 @@ bool FolderOverlay::ListKey(int key) {
         Select(selected_ + VisibleRows());
         return true;
     case Qt::Key_Right:
-        marked_ = cells_.front().usable ? 0 : CancelCell;
+        marked_ = cells_.front().usable ? 0 : cancel_;
         return true;
     case Qt::Key_Return:
     case Qt::Key_Enter:
@@ -121,8 +125,13 @@ bool FolderOverlay::ListKey(int key) {
 // After the way up the cursor stands on the folder that was left.
 void FolderOverlay::EnterRow() {
     if (selected_ >= Count()) return;
+    const FolderRow entered = rows_.Rows()[static_cast<std::size_t>(selected_)];
+    if (entered.ends) {
+        chosen_ = entered.path;
+        return Finish(true);
+    }
     const std::string left = rows_.Path();
-    rows_.Enter(rows_.Rows()[static_cast<std::size_t>(selected_)].path);
+    rows_.Enter(entered.path);
     const auto& rows = rows_.Rows();
     const auto found = std::find_if(rows.begin(), rows.end(),
                                     [&](const FolderRow& row) { return row.path == left; });
@@ -183,8 +192,7 @@ void FolderOverlay::DrawHead(QPainter& painter) const {
     QFont font = look_.Font(height(), 0.85);
     font.setBold(true);
     painter.setFont(font);
-    const QString path =
-        rows_.Path().empty() ? QStringLiteral("Where to begin:") : ToQString(rows_.Path());
+    const QString path = ToQString(rows_.Heading());
     const QRect box = pathBox_.adjusted(Gap(), 0, -Gap(), 0);
     painter.drawText(box, Qt::AlignVCenter,
                      QFontMetrics(font).elidedText(path, Qt::ElideMiddle, box.width()));

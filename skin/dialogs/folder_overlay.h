@@ -1,4 +1,4 @@
-// Choosing a folder.
+// Choosing a folder or a file.
 #pragma once
 
 #include "platform/dialogs.h"
@@ -17,7 +17,8 @@ class FolderOverlay : public DialogOverlay {
     /// `dialogs` asks for the name of a new folder.
     FolderOverlay(QWidget* host, const DialogLook& look, const Clock& clock, Dialogs& dialogs,
                   FolderRows rows, const std::string& caption);
-    const std::string& Path() const { return rows_.Path(); }
+    /// The folder; of files, the one that was chosen.
+    const std::string& Path() const { return rows_.Files() ? chosen_ : rows_.Path(); }
 
   protected:
     void LayOut() override;
@@ -43,9 +44,11 @@ class FolderOverlay : public DialogOverlay {
     Dialogs& dialogs_;
     FolderRows rows_;
     QString caption_;
+    std::string chosen_;
     TextBlock captionBlock_;
     QRect captionBox_, pathBox_, list_, hintBox_;
     int rowHeight_ = 1;
+    int cancel_ = 0; ///< the cell that gives up
     int selected_ = 0;
     int first_ = 0;
     int dragFrom_ = 0;

@@ -9,7 +9,18 @@
 
 namespace vk {
 
+namespace {
+
+constexpr const char* Offers = "offers:"; // the place of what is offered beside the files
+
+bool ByCaption(const FolderRow& a, const FolderRow& b) {
+    return ToLower(a.caption) < ToLower(b.caption);
+}
+
+} // namespace
+
 void FolderRows::Enter(const std::string& path) {
+    if (files_ && path == Offers) return ListOffers();
     path_ = WithoutTrailingSeparator(path);
     if (!path_.empty() && !FolderExists(path_)) path_ = FolderExists(home_) ? home_ : "";
     rows_.clear();
@@ -19,7 +30,13 @@ void FolderRows::Enter(const std::string& path) {
         ListFolders();
 }
 
+std::string FolderRows::Heading() const {
+    if (path_.empty()) return "Where to begin:";
+    return path_ == Offers ? files_->offersCaption : ToUtf8(path_);
+}
+
 void FolderRows::ListPlaces() {
+    if (files_ && !files_->offers.empty()) rows_.push_back({files_->offersCaption, Offers});
     rows_.push_back({"Home (" + ToUtf8(home_) + ")", home_});
     bool rootListed = false;
     for (const Drive& drive : volumes_.Drives()) {
@@ -45,10 +62,29 @@ void FolderRows::ListFolders() {
     for (const FolderEntry& entry : ListFolder(path_))
         if (entry.isFolder && !entry.name.starts_with('.'))
             rows_.push_back({ToUtf8(entry.name), JoinPath(path_, entry.name)});
-    std::sort(rows_.begin(), rows_.end(), [](const FolderRow& a, const FolderRow& b) {
-        return ToLower(a.caption) < ToLower(b.caption);
-    });
+    std::sort(rows_.begin(), rows_.end(), ByCaption);
     rows_.insert(rows_.begin(), {"<...>", Parent()});
+    if (files_) ListFiles();
+}
+
+void FolderRows::ListFiles() {
+    const auto first = static_cast<std::ptrdiff_t>(rows_.size());
+    for (const FolderEntry& entry : ListFolder(path_)) {
+        const std::string path = JoinPath(path_, entry.name);
+        if (!entry.isFolder && !entry.name.starts_with('.') &&
+            (!files_->accepts || files_->accepts(path)))
+            rows_.push_back({ToUtf8(entry.name), path, true});
+    }
+    std::sort(rows_.begin() + first, rows_.end(), ByCaption);
+}
+
+void FolderRows::ListOffers() {
+    path_ = Offers;
+    rows_.clear();
+    for (const FileChoice::Offer& offer : files_->offers)
+        rows_.push_back({offer.caption, offer.value, true});
+    std::sort(rows_.begin(), rows_.end(), ByCaption);
+    rows_.insert(rows_.begin(), {"<...>", ""});
 }
 
 bool FolderRows::Make(const std::string& name) {

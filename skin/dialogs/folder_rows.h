@@ -1,9 +1,12 @@
-// The folders that the folder chooser walks through.
+// The folders, and files, that the choosers walk through.
 #pragma once
 
+#include "platform/dialogs.h"
 #include "platform/volumes.h"
 
+#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace vk {
@@ -12,6 +15,7 @@ namespace vk {
 struct FolderRow {
     std::string caption; ///< as it is shown, UTF-8
     std::string path;    ///< where it leads; "" is the list of starting places
+    bool ends = false;   ///< it leads nowhere: it is what is chosen
 };
 
 /// Shows one folder, or the starting places: the home folder, every medium, the root.
@@ -19,12 +23,18 @@ class FolderRows {
   public:
     FolderRows(const Volumes& volumes, std::string home)
         : volumes_(volumes), home_(std::move(home)) {}
+    /// Files are shown, too, and what is offered beside them, as a place of its own.
+    FolderRows(const Volumes& volumes, std::string home, FileChoice files)
+        : volumes_(volumes), home_(std::move(home)), files_(std::move(files)) {}
+    bool Files() const { return files_.has_value(); }
 
     /// Goes to a folder, to the home folder when it does not exist, or (`path` empty) to the
     /// starting places.
     void Enter(const std::string& path);
     /// The folder that is shown, "" for the starting places.
     const std::string& Path() const { return path_; }
+    /// The same as a heading, UTF-8.
+    std::string Heading() const;
     /// The way up first, then the folders by name; hidden ones are left out.
     const std::vector<FolderRow>& Rows() const { return rows_; }
     /// Makes a folder in the one shown and enters it. False when the name is none or it cannot be
@@ -35,9 +45,12 @@ class FolderRows {
     std::string Parent() const;
     void ListPlaces();
     void ListFolders();
+    void ListFiles();
+    void ListOffers();
 
     const Volumes& volumes_;
     std::string home_;
+    std::optional<FileChoice> files_;
     std::string path_;
     std::vector<FolderRow> rows_;
 };

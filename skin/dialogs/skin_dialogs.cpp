@@ -18,6 +18,10 @@ namespace {
 // An answer is an event and wakes the wait; this is for what comes without one.
 constexpr int StepMs = 250;
 
+std::string Home() {
+    return QFile::encodeName(QDir::homePath()).toStdString();
+}
+
 // Taken away when the call that opened the dialog returns, unless the host was quicker.
 struct Closer {
     QPointer<DialogOverlay> overlay;
@@ -124,9 +128,18 @@ std::optional<int> SkinDialogs::Choose(const std::string& title,
 }
 
 std::string SkinDialogs::ChooseFolder(const std::string& caption, const std::string& start) {
-    const QByteArray home = QFile::encodeName(QDir::homePath());
-    FolderRows rows(volumes_, home.toStdString());
-    rows.Enter(start.empty() ? home.toStdString() : start);
+    FolderRows rows(volumes_, Home());
+    rows.Enter(start.empty() ? Home() : start);
+    return Choose(std::move(rows), caption);
+}
+
+std::string SkinDialogs::ChooseFile(const FileChoice& choice) {
+    FolderRows rows(volumes_, Home(), choice);
+    rows.Enter(choice.start);
+    return Choose(std::move(rows), choice.caption);
+}
+
+std::string SkinDialogs::Choose(FolderRows rows, const std::string& caption) {
     auto* chooser = new FolderOverlay(host_, Look(), clock_, *this, std::move(rows), caption);
     const Closer dialog{chooser};
     return Run(dialog.overlay) ? chooser->Path() : std::string();

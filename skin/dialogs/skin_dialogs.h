@@ -19,6 +19,7 @@ namespace vk {
 
 class DialogOverlay;
 struct DialogLook;
+class FolderRows;
 
 /// Each dialog is a child of the host window that covers it, so no window manager is needed. While
 /// one is open it has the keyboard, and the host gets no key and no touch. Its own keys and buttons
@@ -45,6 +46,7 @@ class SkinDialogs : public Dialogs {
     std::optional<int> Choose(const std::string& title, const std::vector<std::string>& rows,
                               int marked) override;
     std::string ChooseFolder(const std::string& caption, const std::string& start) override;
+    std::string ChooseFile(const FileChoice& choice) override;
 
     /// True while a dialog is open.
     bool Active() const { return !open_.empty(); }
@@ -66,6 +68,7 @@ class SkinDialogs : public Dialogs {
     /// Runs the overlay until it is answered; true for any answer but the cancelling one. The
     /// overlay may be gone afterwards, when its host was taken away under it.
     bool Run(const QPointer<DialogOverlay>& overlay);
+    std::string Choose(FolderRows rows, const std::string& caption);
     bool Ask(const std::string& text, const std::string& title, const char* yes, const char* no,
              bool markNo = false);
 

@@ -6,6 +6,7 @@
 #include "core/version.h"
 #include "platform/qt/qt_child_process.h"
 #include "tests/sim/fake_navigation_engine.h"
+#include "tests/sim/fake_windows.h"
 #include "tests/sim/recording_player.h"
 #include "tests/sim/recording_programs.h"
 #include "tests/support/fake_clock.h"
@@ -56,6 +57,11 @@ struct FakeMachine {
                            [this] {
                                Look();
                                return ScreenMetrics{800, 480, 96, 96};
+                           },
+                           [this] {
+                               auto made = std::make_unique<FakeForeignWindows>();
+                               windows = made.get();
+                               return made;
                            }},
                 .sound = {mixer, input, player, beeper, listener},
                 .remote = {.serial =
@@ -119,6 +125,7 @@ struct FakeMachine {
     FakeNavigationEngine engine;
     FakeScreenSaver saver;
     FakeMediumProbe probe;
+    FakeForeignWindows* windows = nullptr; ///< of who asked for them last
     FakeLocalStream* stream = nullptr; ///< of the remote, as long as that is open
     std::function<void()> onEvents;    ///< runs whenever the system lets events run
 };

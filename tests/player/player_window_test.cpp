@@ -1,5 +1,5 @@
 // The adapter against sockets that behave badly.
-#include "platform/linux/spawn.h"
+#include "platform/arguments.h"
 #include "tests/player/process_fixture.h"
 
 #include <gmock/gmock.h>

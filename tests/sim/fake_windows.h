@@ -12,19 +12,23 @@ namespace vk::test {
 class FakeForeignWindows : public ForeignWindows {
   public:
     /// A window comes, in front of all others.
-    WindowHandle Open(ProgramId program, const std::string& title = "a program") {
+    WindowHandle Open(ProgramId program, const std::string& title = "a program",
+                      bool ordinary = true, const std::string& windowClass = "Class") {
         list.push_back({.handle = ++last_,
                         .program = program,
                         .title = title,
-                        .windowClass = "Class",
+                        .windowClass = windowClass,
                         .visible = true,
+                        .ordinary = ordinary,
                         .area = {5, 5, 100, 100}});
+        if (onChange) onChange();
         return last_;
     }
     void Shut(WindowHandle window) {
         const bool wasAdopted = std::erase(adopted, window) > 0;
         std::erase_if(list, [&](const ForeignWindow& each) { return each.handle == window; });
         if (wasAdopted && onGone) onGone(window);
+        if (onChange) onChange();
     }
     ForeignWindow* Find(WindowHandle window) {
         const auto found = std::ranges::find(list, window, &ForeignWindow::handle);
@@ -56,11 +60,25 @@ class FakeForeignWindows : public ForeignWindows {
     void Show(WindowHandle window, bool shown) override { Tell(shown ? "show" : "hide", window); }
     void Raise(WindowHandle window) override { Tell("raise", window); }
     void SetTopmost(WindowHandle window, bool on) override { Tell(on ? "top" : "notop", window); }
+    void Maximize(WindowHandle window) override { Tell("maximize", window); }
     void SetFrame(WindowHandle window, bool on) override { Tell(on ? "frame" : "noframe", window); }
     void Focus(WindowHandle window) override { Tell("focus", window); }
     void Close(WindowHandle window) override {
         Tell("close", window);
         if (onClose) onClose(window);
+    }
+    WindowHandle Inside(WindowHandle window, const std::string&,
+                        const std::string& title) const override {
+        const auto found = std::ranges::find_if(
+            buttons, [&](const Button& each) { return each.in == window && each.title == title; });
+        return found == buttons.end() ? 0 : found->handle;
+    }
+    void PostMouse(WindowHandle window, bool down) override {
+        Tell(down ? "press" : "release", window);
+        if (!down && onClick) onClick(window);
+    }
+    void PostControl(WindowHandle window, char letter) override {
+        Tell(std::string("control-") + letter, window);
     }
     void HoldKeys(const std::vector<int>& keys) override { held = keys; }
 
@@ -73,12 +91,17 @@ class FakeForeignWindows : public ForeignWindows {
         return words;
     }
 
+    struct Button {
+        WindowHandle in, handle;
+        std::string title;
+    };
     std::vector<ForeignWindow> list; ///< the front one last
     std::vector<WindowHandle> adopted;
+    std::vector<Button> buttons;
     std::vector<int> held;
     std::vector<std::string> told;
     bool stubborn = false; ///< no window takes the size that it is given
-    std::function<void(WindowHandle)> onClose;
+    std::function<void(WindowHandle)> onClose, onClick;
 
   private:
     void Tell(const std::string& what, WindowHandle window) {

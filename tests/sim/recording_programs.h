@@ -19,13 +19,22 @@ class RecordingPrograms : public Programs {
     }
     bool Running(ProgramId program) const override { return running.contains(program); }
     void Close(ProgramId program) override { running.erase(program); }
-    void Kill(ProgramId program) override { running.erase(program); }
+    void Kill(ProgramId program) override {
+        killed.push_back(program);
+        running.erase(program);
+    }
+    bool IsOf(ProgramId process, ProgramId program) const override {
+        return process == program && process > 0 && process <= last_;
+    }
+    bool AnyRunning(ProgramId program) const override { return Running(program); }
+    void KillAll(ProgramId program) override { Kill(program); }
     bool Wait(ProgramId program, int /*timeoutMs*/) const override { return !Running(program); }
     bool ProcessRunning(const std::string&, ProgramId) const override { return false; }
 
     bool canStart = true;
     std::vector<ProgramStart> started;
     std::set<ProgramId> running;
+    std::vector<ProgramId> killed;
 
   private:
     ProgramId last_ = 0;

@@ -44,6 +44,11 @@ class FakeDialogs : public Dialogs {
         captions.push_back(caption);
         return folders.empty() ? std::string() : Next(folders);
     }
+    std::string ChooseFile(const FileChoice& choice) override {
+        captions.push_back(choice.caption);
+        lastChoice = choice;
+        return folders.empty() ? std::string() : Next(folders);
+    }
 
     bool Ending() const override { return ending; }
 
@@ -51,8 +56,9 @@ class FakeDialogs : public Dialogs {
     bool ending = false;
     std::vector<std::string> shown, titles, captions, noMarked;
     std::deque<bool> answers;
-    std::deque<std::string> inputs, folders;
+    std::deque<std::string> inputs, folders; ///< the latter for files, too
     std::deque<int> choices;
+    FileChoice lastChoice;
 
   private:
     bool Asked(Text text, Text title) {

@@ -1,5 +1,7 @@
 #include "platform/linux/x11/x11_properties.h"
 
+#include <xcb/res.h>
+
 #include <algorithm>
 
 namespace vk {
@@ -76,6 +78,21 @@ void X11Properties::Tell(xcb_window_t window, const std::string& message,
         XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
     xcb_send_event(connection_, 0, manager ? root_ : window, manager ? ToManager : 0,
                    reinterpret_cast<const char*>(&event));
+}
+
+// A display of another machine knows no processes of this one.
+long X11Properties::Process(xcb_window_t window) const {
+    const auto told = Numbers(window, "_NET_WM_PID");
+    if (!told.empty()) return static_cast<long>(told[0]);
+    const auto* extension = xcb_get_extension_data(connection_, &xcb_res_id);
+    if (!extension || !extension->present) return 0;
+    const xcb_res_client_id_spec_t asked{window, XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID};
+    const XReply<xcb_res_query_client_ids_reply_t> reply(xcb_res_query_client_ids_reply(
+        connection_, xcb_res_query_client_ids(connection_, 1, &asked), nullptr));
+    if (!reply) return 0;
+    const auto ids = xcb_res_query_client_ids_ids_iterator(reply.get());
+    const bool any = ids.rem > 0 && xcb_res_client_id_value_value_length(ids.data) > 0;
+    return any ? static_cast<long>(*xcb_res_client_id_value_value(ids.data)) : 0;
 }
 
 // A manager that has gone may leave its property behind.

@@ -36,6 +36,15 @@ class X11Properties {
     /// A message about `window` to its program or, with `manager`, to the window manager.
     void Tell(xcb_window_t window, const std::string& message,
               const std::vector<std::uint32_t>& data, bool manager) const;
+    /// An event of the program's own devices, as if its user had made it.
+    template<class Event> void Post(xcb_window_t window, const Event& event) const {
+        xcb_send_event(connection_, 0, window, XCB_EVENT_MASK_NO_EVENT,
+                       reinterpret_cast<const char*>(&event));
+        xcb_flush(connection_);
+    }
+    /// The process that it belongs to, by what it says itself, else by what the display knows of
+    /// its connection; 0 when neither tells.
+    long Process(xcb_window_t window) const;
     /// True while a window manager runs.
     bool Managed() const;
     /// Its children, the lowest first.

@@ -13,6 +13,7 @@ constexpr std::uint32_t FromPager = 2; // EWMH: on the user's behalf
 constexpr std::uint32_t DecorationsField = 2;
 // A program that insists on another size gets its way in the end.
 constexpr int MostCorrections = 8;
+constexpr std::size_t MostInside = 4096; // windows of a dialog that are looked through
 // A key is the same with CapsLock and NumLock. Not with any modifier: a manager that holds Alt with
 // the key would keep it from us altogether.
 constexpr std::uint16_t Locks[] = {0, XCB_MOD_MASK_LOCK, XCB_MOD_MASK_2,
@@ -57,6 +58,15 @@ std::string ClassOf(const std::string& property) {
 
 } // namespace
 
+X11Windows::X11Windows(xcb_connection_t* connection) : x_(connection) {
+    const auto root = Attributes(x_, x_.Root());
+    if (!root) return;
+    const std::uint32_t events =
+        root->your_event_mask | XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
+    xcb_change_window_attributes(connection, x_.Root(), XCB_CW_EVENT_MASK, &events);
+    xcb_flush(connection);
+}
+
 X11Windows::~X11Windows() {
     HoldKeys({});
     while (!adopted_.empty())
@@ -80,16 +90,22 @@ std::vector<ForeignWindow> X11Windows::List() const {
     return list;
 }
 
+bool X11Windows::IsOrdinary(xcb_window_t window) const {
+    if (!x_.Numbers(window, "WM_TRANSIENT_FOR").empty()) return false;
+    const auto kinds = x_.Numbers(window, "_NET_WM_WINDOW_TYPE");
+    return kinds.empty() || std::ranges::count(kinds, x_.Atom("_NET_WM_WINDOW_TYPE_NORMAL")) > 0;
+}
+
 ForeignWindow X11Windows::Describe(xcb_window_t window) const {
-    const auto program = x_.Numbers(window, "_NET_WM_PID");
     const auto attributes = Attributes(x_, window);
     std::string title = x_.Text(window, "_NET_WM_NAME");
     if (title.empty()) title = x_.Text(window, "WM_NAME");
     return {.handle = window,
-            .program = program.empty() ? 0 : static_cast<ProgramId>(program[0]),
+            .program = x_.Process(window),
             .title = std::move(title),
             .windowClass = ClassOf(x_.Text(window, "WM_CLASS")),
             .visible = attributes && attributes->map_state == XCB_MAP_STATE_VIEWABLE,
+            .ordinary = IsOrdinary(window),
             .area = AreaOf(x_, window)};
 }
 
@@ -184,6 +200,14 @@ void X11Windows::SetTopmost(WindowHandle window, bool on) {
     xcb_flush(x_.connection());
 }
 
+void X11Windows::Maximize(WindowHandle window) {
+    x_.Tell(Id(window), "_NET_WM_STATE",
+            {1, x_.Atom("_NET_WM_STATE_MAXIMIZED_VERT"), x_.Atom("_NET_WM_STATE_MAXIMIZED_HORZ"),
+             FromPager},
+            true);
+    xcb_flush(x_.connection());
+}
+
 // _MOTIF_WM_HINTS: flags, functions, decorations, input mode, status; all managers know it.
 void X11Windows::SetFrame(WindowHandle window, bool on) {
     x_.Set(Id(window), "_MOTIF_WM_HINTS", "_MOTIF_WM_HINTS",
@@ -207,6 +231,49 @@ void X11Windows::Close(WindowHandle window) {
     xcb_flush(x_.connection());
 }
 
+WindowHandle X11Windows::Inside(WindowHandle window, const std::string& windowClass,
+                                const std::string& title) const {
+    std::vector<xcb_window_t> inside = x_.Children(Id(window));
+    for (std::size_t at = 0; at < inside.size() && at < MostInside; ++at) {
+        if (ClassOf(x_.Text(inside[at], "WM_CLASS")) == windowClass &&
+            x_.Text(inside[at], "WM_NAME") == title)
+            return inside[at];
+        for (const xcb_window_t deeper : x_.Children(inside[at]))
+            inside.push_back(deeper);
+    }
+    return 0;
+}
+
+void X11Windows::PostMouse(WindowHandle window, bool down) {
+    const WindowArea area = AreaOf(x_, Id(window));
+    xcb_button_press_event_t event{};
+    event.response_type = down ? XCB_BUTTON_PRESS : XCB_BUTTON_RELEASE;
+    event.detail = XCB_BUTTON_INDEX_1;
+    event.root = x_.Root();
+    event.event = Id(window);
+    event.event_x = static_cast<std::int16_t>(area.width / 2);
+    event.event_y = static_cast<std::int16_t>(area.height / 2);
+    event.root_x = static_cast<std::int16_t>(area.x + event.event_x);
+    event.root_y = static_cast<std::int16_t>(area.y + event.event_y);
+    event.state = down ? 0 : XCB_BUTTON_MASK_1;
+    event.same_screen = 1;
+    x_.Post(Id(window), event);
+}
+
+void X11Windows::PostControl(WindowHandle window, char letter) {
+    for (const auto& [code, key] : KeyCodes(x_.connection(), {letter}))
+        for (const int type : {XCB_KEY_PRESS, XCB_KEY_RELEASE}) {
+            xcb_key_press_event_t event{};
+            event.response_type = static_cast<std::uint8_t>(type);
+            event.detail = code;
+            event.root = x_.Root();
+            event.event = Id(window);
+            event.state = XCB_MOD_MASK_CONTROL;
+            event.same_screen = 1;
+            x_.Post(Id(window), event);
+        }
+}
+
 void X11Windows::HoldKeys(const std::vector<int>& keys) {
     xcb_connection_t* const c = x_.connection();
     for (const auto& [code, key] : std::exchange(held_, {}))
@@ -219,15 +286,37 @@ void X11Windows::HoldKeys(const std::vector<int>& keys) {
     xcb_flush(c);
 }
 
-bool X11Windows::Handle(const xcb_generic_event_t& event) {
+bool X11Windows::HandleKey(const xcb_generic_event_t& event) const {
+    const auto& key = reinterpret_cast<const xcb_key_press_event_t&>(event);
+    const auto held = held_.find(key.detail);
+    if (held == held_.end() || key.event != x_.Root()) return false;
+    const bool down = (event.response_type & 0x7F) == XCB_KEY_PRESS;
+    const auto tell = down ? onKey : onKeyUp; // it may be given another by what is told
+    if (tell) tell(held->second);
+    return true;
+}
+
+bool X11Windows::TellsOfWindows(const xcb_generic_event_t& event) const {
     switch (event.response_type & 0x7F) {
-    case XCB_KEY_PRESS: {
-        const auto& press = reinterpret_cast<const xcb_key_press_event_t&>(event);
-        const auto held = held_.find(press.detail);
-        if (held == held_.end() || press.event != x_.Root()) return false;
-        if (onKey) onKey(held->second);
-        return true;
+    case XCB_MAP_NOTIFY:
+    case XCB_UNMAP_NOTIFY:
+    case XCB_DESTROY_NOTIFY: // all three begin with the window that tells
+        return reinterpret_cast<const xcb_map_notify_event_t&>(event).event == x_.Root();
+    case XCB_PROPERTY_NOTIFY: {
+        const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event);
+        return change.window == x_.Root() && change.atom == x_.Atom("_NET_CLIENT_LIST_STACKING");
     }
+    default:
+        return false;
+    }
+}
+
+bool X11Windows::Handle(const xcb_generic_event_t& event) {
+    if (TellsOfWindows(event) && onChange) onChange();
+    switch (event.response_type & 0x7F) {
+    case XCB_KEY_PRESS:
+    case XCB_KEY_RELEASE:
+        return HandleKey(event);
     case XCB_CONFIGURE_NOTIFY: {
         const auto& now = reinterpret_cast<const xcb_configure_notify_event_t&>(event);
         const auto adopted = adopted_.find(now.window);

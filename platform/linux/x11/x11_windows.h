@@ -12,7 +12,7 @@ class X11Windows : public ForeignWindows {
   public:
     /// `connection` is the one that our own windows were made on, else the display would destroy
     /// adopted windows with them; it outlives this object.
-    explicit X11Windows(xcb_connection_t* connection) : x_(connection) {}
+    explicit X11Windows(xcb_connection_t* connection);
     ~X11Windows() override;
     std::vector<ForeignWindow> List() const override;
     bool Exists(WindowHandle window) const override;
@@ -22,9 +22,14 @@ class X11Windows : public ForeignWindows {
     void Show(WindowHandle window, bool shown) override;
     void Raise(WindowHandle window) override;
     void SetTopmost(WindowHandle window, bool on) override;
+    void Maximize(WindowHandle window) override;
     void SetFrame(WindowHandle window, bool on) override;
     void Focus(WindowHandle window) override;
     void Close(WindowHandle window) override;
+    WindowHandle Inside(WindowHandle window, const std::string& windowClass,
+                        const std::string& title) const override;
+    void PostMouse(WindowHandle window, bool down) override;
+    void PostControl(WindowHandle window, char letter) override;
     void HoldKeys(const std::vector<int>& keys) override;
 
     /// To be shown every event of the connection; true when nobody else needs it.
@@ -33,6 +38,9 @@ class X11Windows : public ForeignWindows {
   private:
     ForeignWindow Describe(xcb_window_t window) const;
     bool IsProgramWindow(xcb_window_t window) const;
+    bool IsOrdinary(xcb_window_t window) const;
+    bool TellsOfWindows(const xcb_generic_event_t& event) const;
+    bool HandleKey(const xcb_generic_event_t& event) const;
     void Withdraw(xcb_window_t window) const;
     void Put(xcb_window_t window) const;
     void SeeTo(xcb_window_t window, bool asWished);
