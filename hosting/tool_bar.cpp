@@ -107,6 +107,7 @@ void ToolBar::doquit() {
         if (const RunningApp* app = n_.hosting.Current()) Say("Closing " + app->name + "...");
         if (n_.hosting.CloseCurrent()) return Leave();
         Timer1_->Start(LookMs);
+        n_.hosting.Watch(); // its question is one of its windows by now
         if (const RunningApp* app = n_.hosting.Current()) {
             n_.hosting.Collection().ComeToFront(*app);
             view_.ShowAtFront();

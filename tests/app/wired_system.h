@@ -126,8 +126,8 @@ struct FakeMachine {
     FakeScreenSaver saver;
     FakeMediumProbe probe;
     FakeForeignWindows* windows = nullptr; ///< of who asked for them last
-    FakeLocalStream* stream = nullptr; ///< of the remote, as long as that is open
-    std::function<void()> onEvents;    ///< runs whenever the system lets events run
+    FakeLocalStream* stream = nullptr;     ///< of the remote, as long as that is open
+    std::function<void()> onEvents;        ///< runs whenever the system lets events run
 };
 
 /// An application directory that has been through its first run: a menu of two tiles, the browser

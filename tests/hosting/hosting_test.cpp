@@ -66,21 +66,21 @@ struct HostingTest : testing::Test, CoreFixture {
     }
     /// Starts a program whose first window comes after a while; the window.
     WindowHandle Start(const std::string& name, bool maximize = true, bool force = false) {
-        WindowHandle window = 0;
+        WindowHandle opened = 0;
         const std::int64_t due = clock.TickMs() + 300;
         clock.onEvents = [&] {
-            if (window == 0 && clock.TickMs() >= due)
-                window = windows.Open(static_cast<ProgramId>(programs.started.size()));
+            if (opened == 0 && clock.TickMs() >= due)
+                opened = windows.Open(static_cast<ProgramId>(programs.started.size()));
         };
         EXPECT_TRUE(hosting.ExecCmd("/bin/sh -c x", name, maximize, force));
         clock.onEvents = {};
-        EXPECT_EQ(hosting.Current()->hWnd, window);
-        return window;
+        EXPECT_EQ(hosting.Current()->hWnd, opened);
+        return opened;
     }
     std::vector<std::string> Names() {
         std::vector<std::string> names;
-        for (const RunningApp& app : hosting.Running())
-            names.push_back(app.name);
+        for (const RunningApp& each : hosting.Running())
+            names.push_back(each.name);
         return names;
     }
     std::string Front() const { return screens.CurrentForm.Text(); }
@@ -157,7 +157,7 @@ TEST_F(HostingTest, AProgramIsFollowedFromWindowToWindowAndDroppedWithTheLast) {
 
 TEST_F(HostingTest, ClosingGoesThroughThreeStages) {
     const WindowHandle polite = Start("Polite");
-    windows.onClose = [this](WindowHandle window) { windows.Shut(window); };
+    windows.onClose = [this](WindowHandle which) { windows.Shut(which); };
     std::int64_t begun = clock.TickMs();
     EXPECT_TRUE(hosting.CloseCurrent());
     EXPECT_EQ(windows.Done("close"), "close " + std::to_string(polite));
@@ -202,24 +202,25 @@ TEST_F(HostingTest, AProgramThatAsksItsUserIsNotKilledForIt) {
 TEST_F(HostingTest, TheBarLiesOverTheProgramAndLeadsBackFromIt) {
     bar.ReShow();
     EXPECT_EQ(Front(), "playlists") << "there is no program";
-    const WindowHandle window = Start("Maps");
+    const WindowHandle maps = Start("Maps");
     player.now = {.title = "One", .artist = "Anna"};
     bar.ReShow();
     EXPECT_EQ(Front(), ToolBarName);
     EXPECT_EQ(list.Count("Hide"), 1);
     EXPECT_EQ(view.text, "Anna - One");
-    EXPECT_EQ(windows.Done("focus"), "focus " + std::to_string(window));
+    EXPECT_EQ(windows.Done("focus"), "focus " + std::to_string(maps));
     bar.imgMoveMe_Click();
     EXPECT_TRUE(view.top);
     surfaces.DialogOpened();
     EXPECT_FALSE(view.shown);
-    EXPECT_EQ(windows.Done("notop"), "notop " + std::to_string(window));
+    EXPECT_EQ(windows.Done("notop"), "notop " + std::to_string(maps));
     EXPECT_TRUE(windows.held.empty()) << "the dialog has the keys";
     surfaces.DialogClosed();
     EXPECT_TRUE(view.shown && !windows.held.empty());
     bar.VolUp();
     EXPECT_THAT(view.text, testing::StartsWith("Volume : "));
-    player.now = {.title = "FM 87.7 MHz"};
+    player.now.title = "FM 87.7 MHz";
+    player.now.artist.clear();
     clock.Advance(ToolBar::SayMs + ToolBar::LookMs);
     EXPECT_EQ(view.text, "FM 87.7 MHz");
     bar.MoveAhead();
@@ -230,7 +231,7 @@ TEST_F(HostingTest, TheBarLiesOverTheProgramAndLeadsBackFromIt) {
     EXPECT_TRUE(hosting.Loaded("Maps"));
     bar.ReShow();
     programs.running.clear();
-    windows.Shut(window);
+    windows.Shut(maps);
     clock.Advance(10);
     EXPECT_EQ(Front(), "playlists") << "it has ended by itself";
     EXPECT_EQ(clock.Running(), 0);
