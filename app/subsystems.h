@@ -27,7 +27,6 @@ struct Subsystems {
     NavigationModule navigation{host, library, playback};
     TunersModule tuners{host, library, playback};
     VideoModule video{host, library, navigation, playback};
-    BrowserModule browser{host, library, playback};
     HostingModule hosting{host, library, input, playback};
     BrowserModule browser{host, library, playback, hosting};
     SyncModule sync{host, library};

@@ -12,15 +12,15 @@ namespace vk {
 /// A record of `RunningApps`.
 struct RunningApp {
     ProgramId PID = 0;
-    WindowHandle hWnd = 0;              ///< its main window, 0 while it has none
-    std::vector<WindowHandle> hWndList; ///< all its windows, the front one last
+    WindowHandle hWnd = 0;                   ///< its main window, 0 while it has none
+    std::vector<WindowHandle> hWndList = {}; ///< all its windows, the front one last
     bool bForceMax = false;
-    std::string name; ///< as it is shown
+    std::string name = {}; ///< as it is shown
     bool bMaximize = false;
 
-    std::vector<WindowHandle> framed;   ///< those that have been given the system's frame
-    WindowArea forced;                  ///< what the main window had when it was last forced
-    std::int64_t windowlessSinceMs = 0; ///< of the clock's ticks; 0 while it has a window
+    std::vector<WindowHandle> framed = {}; ///< those that have been given the system's frame
+    WindowArea forced = {};                ///< what the main window had when it was last forced
+    std::int64_t windowlessSinceMs = 0;    ///< of the clock's ticks; 0 while it has a window
 };
 
 using RunningApps = std::vector<RunningApp>;

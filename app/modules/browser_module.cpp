@@ -35,8 +35,6 @@ BrowserNeeds BrowserModule::Needs() {
                     .video = playback_.video,
                     .loudness = playback_.TheLoudness(),
                     .transport = playback_.transport,
-                    .HasTuner = [this](std::int32_t mode) { return playback_.HasSource(mode); }}};
-                    .StopAudio = [this] { playback_.winamp->WinAMP_SCM(WinampStop); },
                     .HasTuner = [this](std::int32_t mode) { return playback_.HasSource(mode); }},
         .programs = hosting_.Programs()};
 }

@@ -1,0 +1,88 @@
+"""Drives programs of the machine beside the system: started, worked, left, moved, closed, and ended with the system."""
+
+import os
+import subprocess
+
+from driven import Driven, main
+
+ODD = os.environ["VK_ODD_PROGRAM"]
+CELL, BAR = 91, 82  # of the tool bar on 800x480
+
+
+class _Programs(Driven):
+    programs = ()
+
+    def setUp(self):
+        super().setUp()
+        self.set_up()
+        (self.app / "kb.ini").write_text("[keyboard]\nup=38\ndown=40\nback=37\nforward=39\nok=13\nquit=27\napps=113\n")
+        self.told = self.alone.folder / "told"
+        (self.app / "apps.lst").write_text("".join(
+            f"{ODD} log={self.told} {words}|{name}|0|{tail}\r\n" for name, words, tail in self.programs))
+        self.start_to_menu()
+        self.keys("Right", "Return", "F2")  # the browser, its list of programs
+
+    def heard(self, line):
+        return line in (self.told.read_text() if self.told.exists() else "").splitlines()
+
+    def wait_for_program(self, name, line="size 800x480"):
+        self.wait_for(name, lambda: "Ext App Launched" in self.log() and name in self.log() and self.heard(line))
+        self.settle(name)
+
+    def odd(self):
+        return self.alone.processes(ODD)
+
+
+class KeysPrograms(_Programs):
+    """Without a window manager."""
+
+    programs = (("Writer", "open", "True|True"),)
+
+    def test_by_keys_alone(self):
+        self.press("Return")
+        self.wait_for_program("Writer")
+        self.picture("program")
+        self.press("a")
+        self.wait_for("the letter in the program", lambda: self.heard("key 38 0"))
+        self.hold("Escape")
+        self.picture("program-buttons")
+        self.keys("Right", "Right", "Return")  # the bar goes up
+        self.picture("program-moved")
+        self.keys("Escape")
+        self.press("s")
+        self.wait_for("the keyboard in the program again", lambda: self.heard("key 39 0"))
+        self.keys("Escape")
+        self.wait_for("its end", lambda: self.heard("close") and not self.odd())
+        self.picture("program-closed")
+
+
+class TouchPrograms(_Programs):
+    """With one."""
+
+    manager = True
+    programs = (("Deaf", "deaf open", "True|False"), ("Two", "open wait=700 class=B open shut", "True|True"))
+
+    def test_by_touch_alone(self):
+        self.tap((400, 90))
+        self.wait_for_program("Deaf")
+        for _ in range(3):  # each touch ends the wait of a stage
+            self.display.send("mousemove", 800 - CELL // 2, 480 - BAR // 2, "click", 1)
+            subprocess.run(["sleep", "0.4"], check=True)
+        self.wait_for("the end of the deaf one", lambda: not self.odd())
+        self.wait_for("the log", lambda: "attempting to kill PID" in self.log())
+        self.settle("the list")
+        self.told.unlink()
+        self.tap((400, 160))
+        self.wait_for_program("Two")
+        self.wait_for("its second window", lambda: self.told.read_text().count("size 800x480") > 1)
+        self.settle("the second window")
+        self.tap((CELL // 2, 480 - BAR // 2))  # back to the list
+        self.picture("program-loaded")
+        self.tap((400, 160))
+        self.picture("program-resumed")
+        self.end()
+        self.assertFalse(self.odd(), "it ends with the system")
+
+
+if __name__ == "__main__":
+    main()
