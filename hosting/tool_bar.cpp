@@ -25,7 +25,7 @@ ToolBar::ToolBar(Needs needs, ToolBarView& view)
       })),
       hold_(n_.base.clock.MakeTimer([this] {
           hold_->Stop();
-          heldKey_ = 0;
+          heldLong_ = true;
           view_.EnterButtons();
       })) {
     n_.hosting.onWindows = [this] {
@@ -81,7 +81,7 @@ void ToolBar::Hidden() {
     if (!std::exchange(shown_, false)) return;
     for (Timer* timer : {Timer1_.get(), look_.get(), hold_.get()})
         timer->Stop();
-    heldKey_ = 0;
+    KeysUp();
     n_.windows.onKey = n_.windows.onKeyUp = {};
     n_.windows.HoldKeys({});
     n_.surfaces.Remove(ToolBarName);
@@ -222,13 +222,19 @@ void ToolBar::KeyHeld(int key, bool down) {
         if (down && n_.press) n_.press(code);
         return;
     }
-    if (down && heldKey_ != key) {
-        heldKey_ = key;
-        hold_->Start(HoldMs);
+    if (down) { // also again and again while it is held
+        if (std::exchange(heldKey_, key) != key) hold_->Start(HoldMs);
+        return;
     }
-    if (down || std::exchange(heldKey_, 0) != key) return;
+    const bool shortly = heldKey_ == key && !heldLong_;
+    KeysUp();
+    if (shortly && n_.press) n_.press(code);
+}
+
+void ToolBar::KeysUp() {
     hold_->Stop();
-    if (n_.press) n_.press(code);
+    heldKey_ = 0;
+    heldLong_ = false;
 }
 
 void ToolBar::ButtonsLeft() {

@@ -69,6 +69,8 @@ class ToolBar {
     bool Form_KeyDown(const std::string& code);
     bool DoAction(const InputCode& code);
     void Wheel(int delta);
+    /// A key was let go while the bar had the keyboard: that of quit is not held any more.
+    void KeysUp();
     /// The buttons of the bar have been left by keys.
     void ButtonsLeft();
     /// The screen has gone from the front, whoever did it.
@@ -89,6 +91,7 @@ class ToolBar {
     std::unique_ptr<Timer> Timer1_, look_, hold_;
     std::int64_t saidUntilMs_ = 0;
     int heldKey_ = 0; ///< of quit, as long as its press may become a long one
+    bool heldLong_ = false; ///< it has become one
     bool shown_ = false;
 };
 

@@ -118,7 +118,9 @@ void ExtAppTools::keyPressEvent(QKeyEvent* event) {
 }
 
 void ExtAppTools::keyReleaseEvent(QKeyEvent* event) {
-    if (onKeyUp && !event->isAutoRepeat()) onKeyUp(VirtualKeyText(*event));
+    if (event->isAutoRepeat()) return;
+    bar_.KeysUp();
+    if (onKeyUp) onKeyUp(VirtualKeyText(*event));
 }
 
 // The logic's view -------------------------------------------------------------------------------
