@@ -90,7 +90,7 @@ class ToolBar {
     LoudnessListener loudnessShown_;
     std::unique_ptr<Timer> Timer1_, look_, hold_;
     std::int64_t saidUntilMs_ = 0;
-    int heldKey_ = 0; ///< of quit, as long as its press may become a long one
+    int heldKey_ = 0;       ///< of quit, as long as its press may become a long one
     bool heldLong_ = false; ///< it has become one
     bool shown_ = false;
 };

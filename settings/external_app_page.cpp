@@ -61,8 +61,11 @@ void ExternalAppPage::Step(int by) {
 
 // What the machine offers stands beside the files.
 std::string ExternalAppPage::AskProgram() const {
-    FileChoice choice{
-        .caption = Browse, .accepts = IsProgramFile, .offersCaption = "Programs of this machine"};
+    FileChoice choice{.caption = Browse,
+                      .start = {},
+                      .accepts = IsProgramFile,
+                      .offersCaption = "Programs of this machine",
+                      .offers = {}};
     for (const InstalledProgram& program : installed_())
         choice.offers.push_back({program.name, CommandOf(program)});
     return base_.dialogs.ChooseFile(choice);
@@ -94,7 +97,7 @@ bool ExternalAppPage::AlreadyListed(const std::string& program) const {
 }
 
 void ExternalAppPage::Add() {
-    ListedApp app{.command = AskProgram()};
+    ListedApp app{.command = AskProgram(), .name = {}};
     if (app.command.empty()) return;
     const auto offers = installed_();
     const auto offer = std::ranges::find(offers, app.command, CommandOf);

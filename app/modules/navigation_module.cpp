@@ -1,6 +1,7 @@
 #include "app/modules/navigation_module.h"
 
 #include "core/time_of_day.h"
+#include "navigation/external_map.h"
 #include "platform/files.h"
 #include "platform/paths.h"
 #include "settings/gps_page.h"
@@ -11,7 +12,7 @@ namespace vk {
 
 namespace {
 
-/// In the place of a program that shows the map, where none is known.
+/// In the place of a map, on a display whose windows cannot be taken.
 class NoMap : public MapPane {
   public:
     explicit NoMap(MapWindow::Needs needs) : window_(std::move(needs)) {}
@@ -102,6 +103,9 @@ bool NavigationModule::GetDestinatorInstalled() const {
 }
 
 std::unique_ptr<MapPane> NavigationModule::MakeMap() {
+    if (Chosen() == 2 && windows_)
+        return std::make_unique<ExternalMap>(
+            ExternalMap::Needs{host_.base, host_.ports.machine.programs, *windows_, WindowNeeds()});
     if (Chosen() != 1) return std::make_unique<NoMap>(WindowNeeds());
     auto dest = MakeDest();
     dest_ = dest.get();
