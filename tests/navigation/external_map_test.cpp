@@ -100,6 +100,7 @@ TEST_F(ExternalMapTest, AWaitWithoutLimitEndsWithTheProgramOrTheUser) {
     ASSERT_NE(Held(), 0);
     EXPECT_GE(clock.TickMs(), 200'000);
     map.End();
+    windows.list.clear();
     Program("Destinator3.exe",
             {{50, [&] { windows.Open(2, "splash"); }}, {99'000, [&] { pump.EndAll(); }}});
     map.Enter();
