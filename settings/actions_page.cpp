@@ -15,7 +15,8 @@ Row WheelRow(SettingsStore& store) {
                 [&store] {
                     store.Set(setting::MouseFunction, store.values.MouseFunction == 0 ? 1 : 0);
                 },
-            .name = setting::MouseFunction.name};
+            .name = setting::MouseFunction.name,
+            .changes = {&setting::MouseFunction}};
 }
 
 } // namespace

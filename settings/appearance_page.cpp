@@ -1,48 +1,67 @@
 #include "settings/appearance_page.h"
 
-#include "core/text.h"
-#include "platform/files.h"
+#include "skin/skin_about.h"
 
-#include <algorithm>
+#include <utility>
 
 namespace vk {
 
 namespace {
 
-constexpr std::string_view SkinEnding = ".skn";
+// A picture of each skin, its name, and what it is used for.
+Row SkinRow(SettingsStore& store, const SkinAbout& skin) {
+    const auto choose = [&store, file = skin.file](const Setting<std::string>& setting) {
+        return [&store, file, &setting] { store.Set(setting, file); };
+    };
+    const auto text = [&store, skin] {
+        const Settings& s = store.values;
+        const bool day = s.CurrentSkin == skin.file, night = s.CurrentNTSkin == skin.file;
+        return skin.name + (skin.author.empty() ? "" : "\nby " + skin.author) +
+               (day && night ? "\nday and night"
+                : day        ? "\nday"
+                : night      ? "\nnight"
+                             : "");
+    };
+    return {
+        .text = text,
+        .ends = {{"Day", choose(setting::CurrentSkin)}, {"Night", choose(setting::CurrentNTSkin)}},
+        .width = Row::Whole,
+        .pictureFile = skin.picture};
+}
 
-// The skins that are there, by their names without the ending.
-std::vector<Option> Skins(const std::string& folder) {
-    std::vector<Option> skins;
-    for (const FolderEntry& entry : ListFolder(folder))
-        if (!entry.isFolder && EqualNoCase(LastBytes(entry.name, SkinEnding.size()), SkinEnding))
-            skins.emplace_back(entry.name,
-                               entry.name.substr(0, entry.name.size() - SkinEnding.size()));
-    std::ranges::sort(skins);
-    return skins;
+Row Then(Row row, const std::function<void()>& after) {
+    for (Row::End& end : row.ends)
+        end.use = [use = std::move(end.use), after] {
+            use();
+            after();
+        };
+    return row;
 }
 
 } // namespace
 
-Page AppearancePage(SettingsStore& store) {
-    const auto skins = [&store, found = std::vector<Option>()]() mutable {
-        if (found.empty()) found = Skins(store.Shipped("skins"));
-        return found;
-    };
+Page AppearancePage(SettingsStore& store, std::function<void()> skinChanged) {
+    std::vector<Row> rows;
+    for (const SkinAbout& skin : SkinsIn(store.Shipped("skins")))
+        rows.push_back(Then(SkinRow(store, skin), skinChanged));
+    if (!rows.empty()) rows.front().sheet = "Skins";
+    Row day = Then(TimeRow(store, setting::Time1), skinChanged);
+    day.sheet = "Looks";
+    for (Row row :
+         {std::move(day), Then(TimeRow(store, setting::Time2), skinChanged),
+          StepperRow(store, setting::ListSpacing), ToggleRow(store, setting::numberedList),
+          ToggleRow(store, setting::ShowSelBar), ToggleRow(store, setting::hideDupeArtist),
+          ToggleRow(store, setting::ShowClock), ToggleRow(store, setting::CleanMenu),
+          ToggleRow(store, setting::UseScaling), ToggleRow(store, setting::hidemouse),
+          ToggleRow(store, setting::UseAnimation), ToggleRow(store, setting::MovShowBar),
+          ToggleRow(store, setting::SortByFilename), ToggleRow(store, setting::ExtendedTags),
+          ToggleRow(store, setting::DoResume), ToggleRow(store, setting::safevolume),
+          StepperRow(store, setting::safevol_value), StepperRow(store, setting::mutespeed)})
+        rows.push_back(std::move(row));
     return {
-        .name = "settingsAppearance",
-        .tab = "Appearance",
-        .rows = {ChoiceRow(store, setting::CurrentSkin, skins),
-                 ChoiceRow(store, setting::CurrentNTSkin, skins), TimeRow(store, setting::Time1),
-                 TimeRow(store, setting::Time2), StepperRow(store, setting::ListSpacing),
-                 ToggleRow(store, setting::numberedList), ToggleRow(store, setting::ShowSelBar),
-                 ToggleRow(store, setting::hideDupeArtist), ToggleRow(store, setting::ShowClock),
-                 ToggleRow(store, setting::CleanMenu), ToggleRow(store, setting::UseScaling),
-                 ToggleRow(store, setting::hidemouse), ToggleRow(store, setting::SortByFilename),
-                 ToggleRow(store, setting::ExtendedTags), ToggleRow(store, setting::DoResume),
-                 ToggleRow(store, setting::safevolume), StepperRow(store, setting::safevol_value),
-                 StepperRow(store, setting::mutespeed)},
-        .heading = [] { return std::string("These settings count when you leave with Done"); }};
+        .name = "settingsAppearance", .tab = "Appearance", .rows = std::move(rows), .heading = [] {
+            return std::string("A skin is shown at once, the rest when you leave with Done");
+        }};
 }
 
 } // namespace vk

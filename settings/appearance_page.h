@@ -1,11 +1,13 @@
-// The page for what the screens look like.
+// The settings page of skins, lists and fonts.
 #pragma once
 
 #include "settings/pages/page.h"
 
+#include <functional>
+
 namespace vk {
 
-/// Its settings count when the settings are left.
-Page AppearancePage(SettingsStore& store);
+/// `skinChanged` is told when another skin may have to be shown now.
+Page AppearancePage(SettingsStore& store, std::function<void()> skinChanged);
 
 } // namespace vk

@@ -55,8 +55,9 @@ void AddReceiver(std::vector<Row>& rows, SettingsStore& store, RemoteLearning& l
         row.name = name;
         rows.push_back(std::move(row));
     };
-    add(StepRow([&learning] { return "Type: " + learning.Type(); },
-                [&learning](int step) { learning.StepType(step); }),
+    add(Changes(StepRow([&learning] { return "Type: " + learning.Type(); },
+                        [&learning](int step) { learning.StepType(step); }),
+                setting::remoteType),
         "comboIRtype");
     add({.text =
              [&learning] {
@@ -68,19 +69,22 @@ void AddReceiver(std::vector<Row>& rows, SettingsStore& store, RemoteLearning& l
     Row port = StepRow([&learning] { return "Port: " + learning.Port(); },
                        [&learning](int step) { learning.StepPort(step); });
     port.width = Row::Whole;
-    add(std::move(port), "comboIRportnum");
+    add(Changes(std::move(port), setting::comport), "comboIRportnum");
     add(StepperRow(store, setting::delay), "slRepeatDelay");
     add(StepperRow(store, setting::speed), "slRepeatSpeed");
     rows[first].sheet = "Receiver";
-    rows.push_back(SwitchRow(
-        "Enable remote", [&learning] { learning.Enable(true); }, [&s] { return s.remoteStatus; },
-        "btnEnableIR"));
+    rows.push_back(Changes(SwitchRow(
+                               "Enable remote", [&learning] { learning.Enable(true); },
+                               [&s] { return s.remoteStatus; }, "btnEnableIR"),
+                           setting::remoteStatus));
     rows.push_back(SwitchRow(
         "Disable remote", [&learning] { learning.Enable(false); }, [&s] { return !s.remoteStatus; },
         "btnDisableIR"));
-    rows.push_back(SwitchRow(
-        "Use repeat delay", [&learning, &s] { learning.UseRepeatDelay(!s.UseDelay); },
-        [&s] { return s.UseDelay; }, "chbxUseRepeatDelay"));
+    rows.push_back(
+        Changes(SwitchRow(
+                    "Use repeat delay", [&learning, &s] { learning.UseRepeatDelay(!s.UseDelay); },
+                    [&s] { return s.UseDelay; }, "chbxUseRepeatDelay"),
+                setting::UseDelay));
     rows.push_back(SwitchRow(
         "Fix repeat", [&learning] { learning.FixRepeat(); },
         [&learning] { return learning.Measuring(); }, "bFixRepeat"));
@@ -120,9 +124,11 @@ Page KeyboardPage(KeyboardLearning& learning, std::function<void()> done) {
             .repeats = false}; // the key that armed a function may still be held
 }
 
-Page RemotePage(SettingsStore& store, RemoteLearning& learning, std::function<void()> done) {
+Page RemotePage(SettingsStore& store, Dialogs& dialogs, RemoteLearning& learning,
+                std::function<void()> done) {
     std::vector<Row> rows = RemoteButtons(learning);
     AddReceiver(rows, store, learning);
+    rows.push_back(TextRow(store, dialogs, setting::lircsocket));
     return {.name = "settingsRemote",
             .tab = "Remote",
             .rows = std::move(rows),

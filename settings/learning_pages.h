@@ -11,6 +11,7 @@ namespace vk {
 Page KeyboardPage(KeyboardLearning& learning, std::function<void()> done);
 /// The buttons on its first sheets, the receiver on the last. Codes of the remote are collected;
 /// those that are not learnt work the page.
-Page RemotePage(SettingsStore& store, RemoteLearning& learning, std::function<void()> done);
+Page RemotePage(SettingsStore& store, Dialogs& dialogs, RemoteLearning& learning,
+                std::function<void()> done);
 
 } // namespace vk

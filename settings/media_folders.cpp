@@ -3,6 +3,8 @@
 #include "platform/files.h"
 #include "platform/paths.h"
 
+#include <deque>
+#include <filesystem>
 #include <utility>
 
 namespace vk {
@@ -20,6 +22,29 @@ constexpr char PlaylistMissing[] =
 constexpr char PlaylistOutside[] =
     "You must select a directory WITHIN your Media Directory.  Press ok to return.";
 
+// So many entries are looked at; a folder of more is taken for one with media.
+constexpr int MostEntries = 5000;
+
+bool Readable(const std::string& folder) {
+    std::error_code failed;
+    std::filesystem::directory_iterator(folder, failed);
+    return !failed;
+}
+
+bool HoldsMedia(const std::string& root, const MediaExtensions& extensions) {
+    std::deque<std::string> folders = {root};
+    for (int left = MostEntries; !folders.empty(); folders.pop_front())
+        for (const FolderEntry& entry : ListFolder(folders.front())) {
+            if (--left < 0) return true;
+            if (IsSystemName(entry.name)) continue;
+            const std::string path = JoinPath(folders.front(), entry.name);
+            const int type = entry.isFolder ? MediaUnknown : GetMediaType(extensions, path);
+            if (type == MediaAudio || type == MediaVideo) return true;
+            if (entry.isFolder) folders.push_back(path);
+        }
+    return false;
+}
+
 } // namespace
 
 bool MediaFolders::Within(const std::string& path, const std::string& folder) {
@@ -32,12 +57,13 @@ bool MediaFolders::ChooseMediaDir() {
     for (;;) {
         chosen = WithoutTrailingSeparator(
             dialogs_.ChooseFolder(MediaCaption, settings_.values.MediaDir));
-        if (!chosen.empty() && !IsRoot(chosen)) break;
-        if (!dialogs_.AskOkCancel(MediaRefused)) return false;
+        const bool folder = !chosen.empty() && !IsRoot(chosen);
+        if (folder && Suits(chosen)) break;
+        if (folder ? dialogs_.Ending() : !dialogs_.AskOkCancel(MediaRefused)) return false;
     }
     const bool playlistsElsewhere = !Within(settings_.values.PlaylistDir, chosen);
     const std::string before = std::exchange(settings_.values.MediaDir, chosen);
-    if (playlistsElsewhere && !ChoosePlaylistDir(false)) {
+    if (playlistsElsewhere && !OfferPlaylists(chosen) && !ChoosePlaylistDir(false)) {
         settings_.values.MediaDir = before;
         return false;
     }
@@ -48,6 +74,31 @@ bool MediaFolders::ChooseMediaDir() {
                      {setting::AudioVolume, 0},
                      {setting::VideoVolume, 0}});
     settings_.LoadSettings();
+    return true;
+}
+
+bool MediaFolders::Suits(const std::string& folder) {
+    if (!Readable(folder)) {
+        dialogs_.ShowMessage(folder + "\ncannot be read. Please choose another folder.");
+        return false;
+    }
+    return HoldsMedia(folder, extensions_) ||
+           dialogs_.AskYesNo("There is no music and no film in\n" + folder +
+                                 "\nUse it all the same?",
+                             "Media directory");
+}
+
+bool MediaFolders::OfferPlaylists(const std::string& media) {
+    const std::string folder = JoinPath(media, "Playlists");
+    if (!dialogs_.AskYesNo("Your playlists need a folder of their own:\n" + folder +
+                               "\nUse this one?",
+                           "Playlist directory"))
+        return false;
+    if (!FolderExists(folder) && !MakeFolder(folder)) {
+        dialogs_.ShowMessage(folder + "\ncould not be made. Please choose another folder.");
+        return false;
+    }
+    settings_.Set(setting::PlaylistDir, folder);
     return true;
 }
 

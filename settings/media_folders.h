@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/settings.h"
+#include "library/tags/media_type.h"
 #include "platform/dialogs.h"
 
 #include <string>
@@ -11,8 +12,9 @@ namespace vk {
 /// Asks until the user has chosen well, or gives up.
 class MediaFolders {
   public:
-    MediaFolders(SettingsStore& settings, Dialogs& dialogs)
-        : settings_(settings), dialogs_(dialogs) {}
+    /// All outlives this object.
+    MediaFolders(SettingsStore& settings, Dialogs& dialogs, const MediaExtensions& extensions)
+        : settings_(settings), dialogs_(dialogs), extensions_(extensions) {}
 
     /// The media folder, and the playlist folder when the one set lies elsewhere. The running lists
     /// are deleted, as their paths point into the old folder, and both stored volumes become 0.
@@ -27,8 +29,12 @@ class MediaFolders {
     static bool Within(const std::string& path, const std::string& folder);
 
   private:
+    bool Suits(const std::string& folder);
+    bool OfferPlaylists(const std::string& media);
+
     SettingsStore& settings_;
     Dialogs& dialogs_;
+    const MediaExtensions& extensions_;
 };
 
 } // namespace vk

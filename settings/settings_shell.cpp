@@ -2,6 +2,7 @@
 
 #include "core/text.h"
 #include "core/time_of_day.h"
+#include "settings/first_receiver.h"
 
 namespace vk {
 
@@ -42,6 +43,7 @@ void SettingsShell::FirstRun() {
     Trap(n_.base.report, "An error occured in settings.FirstRun ", [&] {
         view_.EnableLeaving(false, false);
         view_.ShowShell();
+        TakeReceiver();
         n_.base.dialogs.ShowMessage(Welcome);
         TakeNewerMedia();
         n_.base.settings.LoadSettings();
@@ -57,6 +59,11 @@ void SettingsShell::FirstRun() {
         n_.base.state.Setup = true;
         DoneButton_Click();
     });
+}
+
+// Whoever has nothing but a remote can answer the questions.
+void SettingsShell::TakeReceiver() {
+    if (TakeLirc(n_.base.settings, n_.ways.openRemote)) ReadRemoteKeys();
 }
 
 // A new system knows today's files; one that was set up before goes on as it was.
@@ -92,6 +99,14 @@ void SettingsShell::ChooseSkin() {
     const auto time2 = ParseTimeOfDay(s.Time2);
     const bool day = time1 && time2 && IsDay(n_.base.clock.Now().MinuteOfDay(), *time1, *time2);
     n_.base.state.CurrentSkinFile = day ? s.CurrentSkin : s.CurrentNTSkin;
+}
+
+bool SettingsShell::UseSkin() {
+    const std::string before = n_.base.state.CurrentSkinFile;
+    ChooseSkin();
+    if (n_.base.state.CurrentSkinFile == before) return false;
+    n_.skin.LoadSkin();
+    return true;
 }
 
 void SettingsShell::DoneButton_Click() {

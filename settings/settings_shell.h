@@ -9,6 +9,7 @@
 #include "input/remote_map.h"
 #include "library/catalogue/updates.h"
 #include "platform/clock.h"
+#include "platform/desktop.h"
 #include "platform/dialogs.h"
 #include "platform/locale_info.h"
 #include "platform/window_layer.h"
@@ -43,6 +44,7 @@ class SettingsShell {
         std::function<void()> reloadScreens;   ///< after any other visit
         std::function<void()> askPlayer;       ///< whether the player process still answers
         std::function<void()> exitApplication; ///< ends the process, nothing more is asked
+        std::function<bool()> openRemote;      ///< opens the receiver of the settings
     };
     struct Needs {
         Base& base;
@@ -52,11 +54,13 @@ class SettingsShell {
         RemoteMap& remoteKeys;
         MediaExtensions& extensions;
         CatalogueUpdates& catalogue;
+        Desktop& desktop;
         WaysOut ways;
     };
 
     SettingsShell(Needs needs, SettingsView& view)
-        : n_(std::move(needs)), view_(view), folders_(n_.base.settings, n_.base.dialogs) {}
+        : n_(std::move(needs)), view_(view),
+          folders_(n_.base.settings, n_.base.dialogs, n_.extensions) {}
 
     void ReShow();
     void btnmediadir_Click();
@@ -69,6 +73,8 @@ class SettingsShell {
     /// Opens a page of its own, by its name as a screen.
     void ShowPage(const char* name) { n_.base.screens.Show(name); }
     void DoneButton_Click();
+    /// Loads the skin that is to be seen now, when it is another one; true when it was.
+    bool UseSkin();
     void bExitApp_Click();
 
     /// The state of the catalogue as the screen shows it.
@@ -85,6 +91,7 @@ class SettingsShell {
   private:
     void FirstRun();
     void TakeNewerMedia();
+    void TakeReceiver();
     void ChooseSkin();
     void ReadRemoteKeys();
     bool RefusedWhileBusy();

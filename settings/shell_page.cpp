@@ -5,7 +5,7 @@
 namespace vk {
 
 ShellPage::ShellPage(SettingsShell::Needs needs, PageView& view)
-    : clock_(needs.base.clock), locale_(needs.base.locale), view_(view),
+    : clock_(needs.base.clock), locale_(needs.base.locale), desktop_(needs.desktop), view_(view),
       shell_(std::move(needs), *this) {}
 
 void ShellPage::EnableLeaving(bool exitApp, bool done) {
@@ -32,11 +32,13 @@ std::vector<Row> ShellPage::Rows() {
     return {{.text = [&s] { return "Media folder\nCurrent   -   " + s.MediaDir; },
              .use = [this] { shell_.btnmediadir_Click(); },
              .width = Row::Whole,
-             .name = "btnMediaDir"},
+             .name = "btnMediaDir",
+             .changes = {&setting::MediaDir}},
             {.text = [&s] { return "Playlist folder\nCurrent  -  " + s.PlaylistDir; },
              .use = [this] { shell_.btnPlaylistDir_Click(); },
              .width = Row::Whole,
-             .name = "btnPlaylistDir"},
+             .name = "btnPlaylistDir",
+             .changes = {&setting::PlaylistDir}},
             {.text =
                  [this] {
                      return std::string(shell_.DBUpdating() ? "Stop the update"
@@ -53,7 +55,8 @@ std::vector<Row> ShellPage::Rows() {
                  },
              .use = [this] { shell_.chkDBManualUpdate_Click(); },
              .width = Row::Third,
-             .name = "chkDBManualUpdate"},
+             .name = "chkDBManualUpdate",
+             .changes = {&setting::manualdb}},
             clock,
             database};
 }
@@ -64,7 +67,9 @@ Page ShellPage::Describe() {
     done.usable = [this] { return done_; };
     Row exit = ButtonRow(
         "Exit App", [this] { shell_.bExitApp_Click(); }, Row::Half, "bExitApp");
-    exit.usable = [this] { return exitApp_; };
+    exit.usable = [this] {
+        return exitApp_ && (!desktop_.IsShell() || desktop_.HasAnotherShell());
+    };
     return {.name = "settings",
             .tab = "Library",
             .rows = Rows(),

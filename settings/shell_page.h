@@ -29,6 +29,7 @@ class ShellPage : public SettingsView {
 
     Clock& clock_;
     const LocaleInfo& locale_;
+    const Desktop& desktop_;
     PageView& view_;
     SettingsShell shell_;
     std::string topInfo_;

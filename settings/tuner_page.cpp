@@ -53,7 +53,10 @@ class Tuners {
             ButtonRow(
                 "Clear All Preset Stations", [this] { ClearPresets(); }, Row::Half,
                 "btnClearFMPresets"),
-            Named(ProgressRow([this] { return Presets(); }), "lstFMPresets", Row::Whole)};
+            Named(ProgressRow([this] { return Presets(); }), "lstFMPresets", Row::Whole),
+            StepperRow(store_, setting::minfreq),
+            StepperRow(store_, setting::maxfreq)};
+        rows[rows.size() - 2].sheet = "Band";
         return rows;
     }
     std::vector<Row> XMRows() {
@@ -82,7 +85,8 @@ class Tuners {
         return {Named(std::move(caption), "frmMainMenuBtn", Row::Whole),
                 RadioRow("D-Link USB FM Radio", 0, "opFM"),
                 RadioRow("XM-PCR Satellite Radio", 1, "opXM"),
-                Named(ToggleRow(store_, setting::XMDataLogging), "ckXMDataLogging", Row::Whole)};
+                Named(ToggleRow(store_, setting::XMDataLogging), "ckXMDataLogging"),
+                ToggleRow(store_, setting::showXMTime)};
     }
 
     void Enter() {
@@ -144,45 +148,52 @@ class Tuners {
 
     Row InputRow(const Setting<std::int32_t>& setting, const char* name) {
         const auto value = [this, &setting] { return Values().*setting.kept; };
-        return Named(StepRow(
-                         [value] {
-                             const auto at = static_cast<std::size_t>(value());
-                             return std::string("Sound comes by: ") +
-                                    (at < Inputs.size() ? Inputs[at] : Inputs[0]);
-                         },
-                         [this, &setting, value](int step) {
-                             constexpr auto count = static_cast<std::int32_t>(Inputs.size());
-                             store_.Set(setting, (value() + step + count) % count);
-                         },
-                         "<", ">"),
-                     name);
+        return Changes(Named(StepRow(
+                                 [value] {
+                                     const auto at = static_cast<std::size_t>(value());
+                                     return std::string("Sound comes by: ") +
+                                            (at < Inputs.size() ? Inputs[at] : Inputs[0]);
+                                 },
+                                 [this, &setting, value](int step) {
+                                     constexpr auto count =
+                                         static_cast<std::int32_t>(Inputs.size());
+                                     store_.Set(setting, (value() + step + count) % count);
+                                 },
+                                 "<", ">"),
+                             name),
+                       setting);
     }
     std::int16_t Interval() {
         const std::int16_t kept = store_.Get(setting::commandInterval);
         return kept > 0 ? kept : DefaultInterval;
     }
     Row IntervalRow() {
-        return Named(
-            StepRow([this] { return "Command interval: " + std::to_string(Interval()) + " ms"; },
-                    [this](int step) {
-                        store_.Set(setting::commandInterval, Stepped(Intervals, Interval(), step));
-                    },
-                    "<", ">"),
-            "cboCmdInterval");
+        return Changes(
+            Named(StepRow(
+                      [this] { return "Command interval: " + std::to_string(Interval()) + " ms"; },
+                      [this](int step) {
+                          store_.Set(setting::commandInterval,
+                                     Stepped(Intervals, Interval(), step));
+                      },
+                      "<", ">"),
+                  "cboCmdInterval"),
+            setting::commandInterval);
     }
     std::int16_t Timeout() {
         const std::int16_t kept = store_.Get(setting::timeout);
         return kept > 0 ? static_cast<std::int16_t>(kept / 1000) : DefaultTimeout;
     }
     Row TimeoutRow() {
-        return Named(StepRow([this] { return "Timeout: " + std::to_string(Timeout()) + " s"; },
-                             [this](int step) {
-                                 const int seconds = Stepped(Timeouts, Timeout(), step);
-                                 store_.Set(setting::timeout,
-                                            static_cast<std::int16_t>(seconds * 1000));
-                             },
-                             "<", ">"),
-                     "cboTimeout");
+        return Changes(
+            Named(StepRow([this] { return "Timeout: " + std::to_string(Timeout()) + " s"; },
+                          [this](int step) {
+                              const int seconds = Stepped(Timeouts, Timeout(), step);
+                              store_.Set(setting::timeout,
+                                         static_cast<std::int16_t>(seconds * 1000));
+                          },
+                          "<", ">"),
+                  "cboTimeout"),
+            setting::timeout);
     }
     Row RadioRow(const char* caption, std::int32_t type, const char* name) {
         Row row = SwitchRow(
@@ -193,7 +204,7 @@ class Tuners {
             },
             [this, type] { return n_.base.state.FirstRadioType == type; });
         row.usable = [this] { return Values().dlink_enabled && Values().xmpcr_enabled; };
-        return Named(std::move(row), name);
+        return Changes(Named(std::move(row), name), setting::FirstRadioType);
     }
     std::string Presets() const {
         std::string text;

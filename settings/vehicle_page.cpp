@@ -34,7 +34,7 @@ Row NamedRow(SettingsStore& store, const Setting<std::int32_t>& setting,
         return static_cast<int>(
             below == names.end() ? Count - 1 : static_cast<std::size_t>(below - names.begin()));
     };
-    return StepRow(
+    Row row = StepRow(
         [&setting, &names, place] {
             return std::string(setting.caption) + ": " +
                    names[static_cast<std::size_t>(place())].name;
@@ -43,6 +43,7 @@ Row NamedRow(SettingsStore& store, const Setting<std::int32_t>& setting,
             const int to = std::clamp(place() + step, 0, static_cast<int>(Count) - 1);
             store.Set(setting, names[static_cast<std::size_t>(to)].value);
         });
+    return Changes(std::move(row), setting);
 }
 
 Row PortRow(SettingsStore& store) {

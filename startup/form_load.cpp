@@ -1,4 +1,5 @@
 // The start in its order.
+#include "core/reset.h"
 #include "core/settings_files.h"
 #include "core/text.h"
 #include "core/time_of_day.h"
@@ -116,6 +117,7 @@ bool astart::MakeFile(const char* name, const std::string& contents) {
 }
 
 bool astart::MakeSettings() {
+    ResetIfAsked(base_.settings);
     if (MakeFile("settings.ini", SettingsFileText(Version)) && base_.settings.Lasting())
         return true;
     base_.dialogs.ShowMessage("Velkorandum cannot write to its directory\n" +

@@ -1,17 +1,10 @@
 // Whether settings, folders and skins can be used, and what is offered when they cannot.
+#include "core/reset.h"
 #include "platform/files.h"
 #include "platform/paths.h"
 #include "startup/astart.h"
 
 namespace vk {
-
-namespace {
-
-// What Yes to the last question deletes. The user's media are never touched.
-constexpr const char* GeneratedFiles[] = {"settings.ini", "kb.ini", "keys.ini", "debug.log",
-                                          "tags.mdb"};
-
-} // namespace
 
 bool astart::SettingsAreValid() {
     bool stop = false;
@@ -67,16 +60,7 @@ bool astart::SkinsAreThere(bool& stop) {
 
 bool astart::AskRevert() {
     keepRemoteLearning_ = true;
-    const bool revert = base_.dialogs.AskNoYes(
-        "Do you want Velkorandum to reset all values and revert to defaults?\n"
-        "This will cause everything to be as it was the first time you launched Velkorandum. \n"
-        "If you choose no, you will retain your current settings, but also any errors you have\n"
-        "encountered may re-occur.",
-        "Revert?");
-    base_.settings.Finish();
-    for (const char* name : GeneratedFiles)
-        if (revert && FileExists(base_.settings.File(name)))
-            DeleteFileAt(base_.settings.File(name));
+    if (base_.dialogs.AskNoYes(RevertQuestion, "Revert?")) DeleteGeneratedFiles(base_.settings);
     base_.dialogs.ShowMessage("Velkorandum will now exit.");
     return false;
 }

@@ -117,10 +117,10 @@ bool Synchronizer::Ready(const SyncOrder& order) {
 
 void Synchronizer::CopyFiles() {
     SettingsStore& store = base_.settings;
-    SyncOrder order{.source = WithoutTrailingSeparator(store.Get(setting::SyncSource)),
-                    .dest = WithoutTrailingSeparator(store.Get(setting::SyncDest)),
-                    .backup = store.Get(setting::SyncBackup),
-                    .refresh = store.Get(setting::SyncRefresh),
+    SyncOrder order{.source = WithoutTrailingSeparator(store.values.SyncSource),
+                    .dest = WithoutTrailingSeparator(store.values.SyncDest),
+                    .backup = store.values.SyncBackup,
+                    .refresh = store.values.SyncRefresh,
                     .backupName = BackupName(base_.clock.Now())};
     if (!Ready(order)) return;
     run_ = std::make_shared<Run>(std::move(order));

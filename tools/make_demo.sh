@@ -9,7 +9,7 @@ vkini="$here/../build/release/tools/vkini"
 
 mkdir -p "$demo/skins"
 cp -u "$app/velkorandum" "$app/libvkfilm.so" "$app/winamp" "$app/DB_UPDATE" "$app/tags_empty.mdb" "$demo/"
-cp -u "$app/visuals" "$app/VNFO.dat" "$demo/"
+cp -u "$app/visuals" "$app/VNFO.dat" "$app/RESET.bat" "$demo/"
 cp -ru "$app/skins/." "$demo/skins/"
 cp -ru "$app/plugins" "$demo/"
 cp -ru "$app/COMMON" "$demo/"

@@ -6,6 +6,7 @@
 #include "platform/beeper.h"
 #include "platform/child_process.h"
 #include "platform/clock.h"
+#include "platform/desktop.h"
 #include "platform/fonts.h"
 #include "platform/foreign_windows.h"
 #include "platform/gamma.h"
@@ -48,6 +49,7 @@ struct MachinePorts {
     InstanceLock& instance;
     MakeChildProcess child; ///< programs that talk to us
     Registry& registry;
+    Desktop& desktop;
     std::function<std::string(const std::string&)> environment;    ///< "" for a missing variable
     std::function<std::vector<InstalledProgram>()> installed = {}; ///< empty: none
 };

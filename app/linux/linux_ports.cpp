@@ -6,7 +6,6 @@
 #include "navigation/navit/gpsd_feed.h"
 #include "platform/film_library.h"
 #include "platform/linux/power/gpio_line.h"
-#include "platform/qt/qt_child_process.h"
 #include "platform/qt/qt_foreign_windows.h"
 #include "platform/qt/qt_local_stream.h"
 #include "platform/qt/qt_serial_port.h"
@@ -56,8 +55,8 @@ std::unique_ptr<SentenceFeed> LinuxPorts::MakeFeed(const std::string& source,
 Ports LinuxPorts::ports() {
     return {
         .machine = {clock_, uiThread_, locale_, volumes_, *programs_, *instance_,
-                    [] { return std::make_unique<QtChildProcess>(); }, registry_, Environment,
-                    ListInstalledPrograms},
+                    [] { return std::make_unique<QtChildProcess>(); }, registry_, desktop_,
+                    Environment, ListInstalledPrograms},
         .screen = {fonts_, QtScreenMetrics, MakeForeignWindows},
         .sound = {mixer_, soundInput_, *player_, beeper_, listener_},
         .remote = {.serial = [this] { return std::make_unique<QtSerialPort>(serialOwners_); },

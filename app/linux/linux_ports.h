@@ -4,6 +4,7 @@
 #include "app/host/ports.h"
 #include "core/file_registry.h"
 #include "navigation/navit/navit_engine.h"
+#include "platform/linux/linux_desktop.h"
 #include "platform/linux/power/logind_backlight.h"
 #include "platform/linux/power/logind_power.h"
 #include "platform/linux/sound/alsa_input.h"
@@ -11,6 +12,7 @@
 #include "platform/linux/sound/alsa_route.h"
 #include "platform/linux/volumes.h"
 #include "platform/qt/qt_beeper.h"
+#include "platform/qt/qt_child_process.h"
 #include "platform/qt/qt_clock.h"
 #include "platform/qt/qt_fonts.h"
 #include "platform/qt/qt_locale.h"
@@ -48,6 +50,8 @@ class LinuxPorts {
     std::unique_ptr<InstanceLock> instance_ = MakeInstanceLock();
     SerialOwners serialOwners_;
     FileRegistry registry_{UserRegistryFile()};
+    LinuxDesktop desktop_{*programs_, [] { return std::make_unique<QtChildProcess>(); },
+                          UsersPlaces()};
     SoundCardListener listener_;
     AlsaMixer mixer_{{.onChange = [this](bool present) { SoundCardChanged(present); },
                       .log = [this](const std::string& text) { LogSoundCard(text); }}};

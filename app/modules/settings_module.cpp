@@ -37,13 +37,15 @@ SettingsShell::Needs SettingsModule::ShellNeeds() {
             .remoteKeys = host_.remoteKeys,
             .extensions = library_.extensions,
             .catalogue = library_.updates,
+            .desktop = host_.ports.machine.desktop,
             .ways = {.finishStart = finishStart,
                      .reloadScreens = reloadScreens,
                      .askPlayer =
                          [this] {
                              if (playback_.winamp) playback_.winamp->WinAMP_GetStatus();
                          },
-                     .exitApplication = [this] { host_.quit(false); }}};
+                     .exitApplication = [this] { host_.quit(false); },
+                     .openRemote = [this] { return remote_.InitRemote(); }}};
 }
 
 RemoteLearning::Needs SettingsModule::LearningNeeds() {

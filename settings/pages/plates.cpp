@@ -55,7 +55,8 @@ void AddRow(std::vector<Plate>& plates, const Row& row, const Cursor& at, int fi
                       .lit = row.lit && row.lit(),
                       .percent = row.percent ? row.percent() : -1,
                       .name = row.name,
-                      .picture = row.picture});
+                      .picture = row.picture,
+                      .pictureFile = row.pictureFile});
     int left = at.column + row.width - ends;
     for (const Row::End& end : row.ends) {
         plates.push_back({.line = first + at.line,

@@ -20,6 +20,7 @@ struct Plate {
     int percent = -1; ///< a bar; -1: none
     const char* name = nullptr;
     std::function<const PagePicture&()> picture = {};
+    std::string pictureFile = {};
 };
 
 /// The board: tabs on its first line, the footer on its last.

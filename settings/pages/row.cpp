@@ -81,6 +81,11 @@ Row StepRow(std::function<std::string()> text, const std::function<void(int)>& s
             .ends = {{less, [step] { step(-1); }}, {more, [step] { step(1); }}}};
 }
 
+Row Changes(Row row, const SettingRow& setting) {
+    row.changes.push_back(&setting);
+    return row;
+}
+
 Row ToggleRow(SettingsStore& store, const Setting<bool>& setting) {
     return {.text =
                 [&store, &setting] {
@@ -89,7 +94,8 @@ Row ToggleRow(SettingsStore& store, const Setting<bool>& setting) {
                 },
             .use = [&store, &setting] { store.Set(setting, !Now(store, setting)); },
             .lit = [&store, &setting] { return Now(store, setting); },
-            .name = setting.name};
+            .name = setting.name,
+            .changes = {&setting}};
 }
 
 template<class T> Row StepperRow(SettingsStore& store, const Setting<T>& setting) {
@@ -101,7 +107,7 @@ template<class T> Row StepperRow(SettingsStore& store, const Setting<T>& setting
                       ValueFrom<T>(Stepped(NumberOf(Now(store, setting)), step, setting.limits)));
         });
     row.name = setting.name;
-    return row;
+    return Changes(std::move(row), setting);
 }
 
 template Row StepperRow(SettingsStore&, const Setting<std::int16_t>&);
@@ -126,7 +132,7 @@ Row ChoiceRow(SettingsStore& store, const Setting<std::string>& setting,
         },
         "<", ">");
     row.name = setting.name;
-    return row;
+    return Changes(std::move(row), setting);
 }
 
 Row TextRow(SettingsStore& store, Dialogs& dialogs, const Setting<std::string>& setting) {
@@ -136,7 +142,8 @@ Row TextRow(SettingsStore& store, Dialogs& dialogs, const Setting<std::string>& 
                     const auto typed = dialogs.InputBox(setting.caption, {}, Now(store, setting));
                     if (typed) store.Set(setting, *typed);
                 },
-            .name = setting.name};
+            .name = setting.name,
+            .changes = {&setting}};
 }
 
 Row FolderRow(SettingsStore& store, Dialogs& dialogs, const Setting<std::string>& setting) {
@@ -147,7 +154,8 @@ Row FolderRow(SettingsStore& store, Dialogs& dialogs, const Setting<std::string>
                         dialogs.ChooseFolder(setting.caption, Now(store, setting));
                     if (!chosen.empty()) store.Set(setting, chosen);
                 },
-            .name = setting.name};
+            .name = setting.name,
+            .changes = {&setting}};
 }
 
 // A text that is no time of day begins at midnight.
@@ -159,7 +167,7 @@ Row TimeRow(SettingsStore& store, const Setting<std::string>& setting) {
             store.Set(setting, TimeOfDayText((steps * TimeStep + Day) % Day));
         });
     row.name = setting.name;
-    return row;
+    return Changes(std::move(row), setting);
 }
 
 Row ItemsRow(SettingsStore& store, Dialogs& dialogs, const Setting<std::string>& setting,
@@ -206,7 +214,8 @@ Row ItemsRow(SettingsStore& store, Dialogs& dialogs, const Setting<std::string>&
                      {"Add", add},
                      {"Remove", remove}},
             .width = Row::Whole,
-            .name = setting.name};
+            .name = setting.name,
+            .changes = {&setting}};
 }
 
 } // namespace vk

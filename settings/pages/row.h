@@ -33,8 +33,10 @@ struct Row {
     /// Is shown in the place of a text, at the right end of the lines; the rows that follow lie
     /// beside it.
     std::function<const PagePicture&()> picture = {};
-    const char* sheet = nullptr; ///< begins a new sheet of this name
-    const char* name = nullptr;  ///< of the button
+    const char* sheet = nullptr;                 ///< begins a new sheet of this name
+    const char* name = nullptr;                  ///< of the button
+    std::string pictureFile = {};                ///< drawn at the row's beginning
+    std::vector<const SettingRow*> changes = {}; ///< the settings that it changes
 };
 
 /// A text that others change, with a bar while something is under way.
@@ -50,6 +52,9 @@ Row PictureRow(std::function<const PagePicture&()> picture, int width, int lines
 /// Something that is stepped through by two plates.
 Row StepRow(std::function<std::string()> text, const std::function<void(int)>& step,
             const char* less = "-", const char* more = "+");
+
+/// The row changes this setting, in its own way.
+Row Changes(Row row, const SettingRow& setting);
 
 /// The setting is turned on and off.
 Row ToggleRow(SettingsStore& store, const Setting<bool>& setting);

@@ -39,6 +39,7 @@ class SettingsPages {
     void AddTo(Screens& screens);
     void RemoveFrom(Screens& screens) const;
 
+    const std::vector<Page>& All() const { return pages_; }
     /// What is to be seen: the tabs, the rows of the sheet, the footer.
     std::vector<Plate> Plates();
     int Marked() const { return places_[current_].marked; }

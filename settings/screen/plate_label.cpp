@@ -1,13 +1,17 @@
 #include "settings/screen/plate_label.h"
 
+#include "skin/controls/picture_loader.h"
+
 #include <QPainter>
 
 namespace vk {
 
 namespace {
 
-constexpr double SmallestText = 0.4; // of the font
-constexpr int BarShare = 6;          // the bar's height is the plate's divided by this
+constexpr double SmallestText = 0.4;               // of the font
+constexpr int PictureWidth = 5, PictureHeight = 3; // a picture's shape
+constexpr int PictureEdge = 4;                     // pixels around it
+constexpr int BarShare = 6; // the bar's height is the plate's divided by this
 
 } // namespace
 
@@ -20,6 +24,8 @@ void PlateLabel::Show(const Plate& plate, const QRect& box, bool marked, const R
     setObjectName(QLatin1String(plate.name ? plate.name : ""));
     setGeometry(box);
     SetText(plate.text());
+    const int tall = box.height() - 2 * PictureEdge;
+    ShowPreview(plate.pictureFile, {tall * PictureWidth / PictureHeight, tall});
     const State state{static_cast<bool>(plate.use), marked, plate.usable, plate.lit};
     if (!known_ || !(state == state_)) {
         SetGround({});
@@ -55,13 +61,23 @@ void PlateLabel::DrawPicture() {
     painter.drawImage(box, picture_);
 }
 
+// Read again for another file or size only.
+void PlateLabel::ShowPreview(const std::string& path, QSize box) {
+    if (path == previewFile_ && (path.empty() || preview_.isNull() || preview_.size() == box))
+        return;
+    previewFile_ = path;
+    preview_ = path.empty() ? QImage() : LoadPicture(path, box, PictureFit::Stretch);
+    SetMargin(path.empty() ? 0 : box.width() + 2 * PictureEdge);
+}
+
 void PlateLabel::paintEvent(QPaintEvent* event) {
     ShadedLabel::paintEvent(event);
     if (!picture_.isNull()) DrawPicture();
+    QPainter painter(this);
+    painter.drawImage(QPoint(PictureEdge, PictureEdge), preview_);
     if (percent_ < 0) return;
     const int tall = height() / BarShare;
     const QRect bar(0, height() - tall, width(), tall);
-    QPainter painter(this);
     painter.fillRect(bar, ground_);
     painter.fillRect(QRect(bar.topLeft(), QSize(width() * percent_ / 100, tall)), bar_);
 }

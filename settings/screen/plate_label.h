@@ -27,6 +27,7 @@ class PlateLabel : public ShadedLabel {
   private:
     void TakePicture(const PagePicture& picture);
     void DrawPicture();
+    void ShowPreview(const std::string& path, QSize box);
     /// What decides on the look.
     struct State {
         bool button, marked, usable, lit;
@@ -35,6 +36,8 @@ class PlateLabel : public ShadedLabel {
     State state_ = {};
     bool known_ = false;
     int percent_ = -1;
+    std::string previewFile_;
+    QImage preview_;
     QImage picture_;
     QColor bar_, ground_;
 };

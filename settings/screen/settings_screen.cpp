@@ -23,22 +23,31 @@ KeyboardLearning::Needs KeyboardNeeds(const SettingsShell::Needs& shell) {
     return {shell.base.settings, shell.base.report, shell.base.clock, shell.keys};
 }
 
+SystemPage::Needs SystemNeeds(const SettingsShell::Needs& shell, std::function<void()> changed) {
+    return {shell.base, shell.desktop, shell.catalogue, shell.ways.exitApplication,
+            std::move(changed)};
+}
+
 } // namespace
 
 settings::settings(const ControlContext& context, SettingsShell::Needs shell,
                    RemoteLearning::Needs remote, std::vector<Page> more, QWidget* parent)
     : QWidget(parent), context_(context), shellPage_(shell, *this), keyboard_(KeyboardNeeds(shell)),
       remote_(std::move(remote)), debugPage_(shell.base),
+      systemPage_(SystemNeeds(shell, [this] { Draw(); })),
       pages_(shell.base.screens, shell.keys, *this), heading_(this) {
     const auto back = [this] { pages_.GoTo(0); };
     pages_.Add(shellPage_.Describe());
-    pages_.Add(AppearancePage(shell.base.settings));
+    pages_.Add(AppearancePage(shell.base.settings, [this] {
+        if (this->shell().UseSkin()) DoLayout();
+    }));
     pages_.Add(ActionsPage(shell.base.settings));
     pages_.Add(ExtensionsPage(shell.base, shell.extensions, shell.catalogue));
     pages_.Add(KeyboardPage(keyboard_, back));
-    pages_.Add(RemotePage(shell.base.settings, remote_, back));
+    pages_.Add(RemotePage(shell.base.settings, shell.base.dialogs, remote_, back));
     for (Page& page : more)
         pages_.Add(std::move(page));
+    pages_.Add(systemPage_.Describe());
     pages_.Add(debugPage_.Describe());
     keyboard_.onTimeOut = remote_.onTimeOut = [this] { Draw(); };
     heading_.SetWrap(true);

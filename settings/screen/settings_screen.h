@@ -7,6 +7,7 @@
 #include "settings/remote_learning.h"
 #include "settings/screen/plate_label.h"
 #include "settings/shell_page.h"
+#include "settings/system_page.h"
 #include "skin/controls/control_context.h"
 
 #include <QWidget>
@@ -29,6 +30,7 @@ class settings : public QWidget, public PageView {
     SettingsShell& shell() { return shellPage_.shell(); }
     const KeyboardLearning& keyboard() const { return keyboard_; }
     const RemoteLearning& remote() const { return remote_; }
+    const std::vector<Page>& Pages() const { return pages_.All(); }
     /// Makes every page known by its name, or unknown.
     void AddTo(Screens& screens) { pages_.AddTo(screens); }
     void RemoveFrom(Screens& screens) const { pages_.RemoveFrom(screens); }
@@ -50,6 +52,7 @@ class settings : public QWidget, public PageView {
     KeyboardLearning keyboard_;
     RemoteLearning remote_;
     DebugPage debugPage_;
+    SystemPage systemPage_;
     SettingsPages pages_;
     ShadedLabel heading_;
     std::vector<std::unique_ptr<PlateLabel>> labels_;

@@ -24,7 +24,7 @@ bool Answers(int key) {
 } // namespace
 
 DialogOverlay::DialogOverlay(QWidget* host, DialogLook look, const Clock& clock)
-    : QWidget(host), look_(std::move(look)), clock_(clock) {
+    : QWidget(host), clock_(clock), look_(std::move(look)) {
     setFocusPolicy(Qt::StrongFocus);
     hide();
 }

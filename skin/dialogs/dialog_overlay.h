@@ -42,6 +42,9 @@ class DialogOverlay : public QWidget {
     const std::vector<DialogCell>& Cells() const { return cells_; }
     int Marked() const { return marked_; }
 
+    /// Called a few times a second while the dialog waits.
+    virtual void Idle() {}
+
     /// The key that a key stands for by the user's map, Key_unknown for itself.
     std::function<Qt::Key(const QKeyEvent&)> meaning;
 
@@ -78,6 +81,7 @@ class DialogOverlay : public QWidget {
     /// The title, empty for the application's own.
     static QString TitleText(const std::string& title);
 
+    const Clock& clock_;
     DialogLook look_;
     QRect panel_;
     std::vector<DialogCell> cells_;
@@ -90,7 +94,6 @@ class DialogOverlay : public QWidget {
     void Activate(int cell);
     void DrawCell(QPainter& painter, int index) const;
 
-    const Clock& clock_;
     std::int64_t openedMs_ = 0;
     WheelTicks wheel_;
     int pressed_ = -1;

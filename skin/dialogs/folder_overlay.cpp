@@ -17,6 +17,7 @@ namespace {
 constexpr double ColumnPart = 0.27; // of the panel's width
 constexpr double HintSize = 0.7;    // of the text's
 constexpr double SmallestHint = 0.6;
+constexpr std::int64_t LookMs = 1000;
 constexpr int LargestCaption = 3; // lines
 constexpr const char* Hint =
     "Up/Down: choose   Enter: open   Right: buttons   Left: list   Esc: cancel";
@@ -73,6 +74,16 @@ void FolderOverlay::AddButtons(const QRect& column) {
     cancel_ = static_cast<int>(cells_.size()) - 1;
     AddRow(line(3), {{{}, QStringLiteral("\u25B2"), page(-1), false},
                      {{}, QStringLiteral("\u25BC"), page(1), false}});
+}
+
+// A new medium is what the user wants to see: the mark goes there.
+void FolderOverlay::Idle() {
+    const std::int64_t now = clock_.TickMs();
+    if (now - looked_ < LookMs) return;
+    looked_ = now;
+    if (!rows_.LookForMedia()) return;
+    Select(0);
+    update();
 }
 
 int FolderOverlay::VisibleRows() const {

@@ -20,6 +20,8 @@ class FolderOverlay : public DialogOverlay {
     /// The folder; of files, the one that was chosen.
     const std::string& Path() const { return rows_.Files() ? chosen_ : rows_.Path(); }
 
+    void Idle() override;
+
   protected:
     void LayOut() override;
     void DrawContent(QPainter& painter) override;
@@ -54,6 +56,7 @@ class FolderOverlay : public DialogOverlay {
     int dragFrom_ = 0;
     int dragFirst_ = 0;
     bool dragged_ = false;
+    std::int64_t looked_ = 0; ///< when media were looked for, milliseconds of the steady clock
 };
 
 } // namespace vk

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <utility>
 
 namespace vk {
 
@@ -23,11 +24,38 @@ void FolderRows::Enter(const std::string& path) {
     if (files_ && path == Offers) return ListOffers();
     path_ = WithoutTrailingSeparator(path);
     if (!path_.empty() && !FolderExists(path_)) path_ = FolderExists(home_) ? home_ : "";
+    List();
+}
+
+void FolderRows::List() {
     rows_.clear();
     if (path_.empty())
         ListPlaces();
     else
         ListFolders();
+    for (const std::string& root : offered_)
+        if (root != path_) rows_.insert(rows_.begin(), {"New: " + CaptionOf(root), root});
+}
+
+std::string FolderRows::CaptionOf(const std::string& root) const {
+    const std::string label = volumes_.Label(root), shown = ToUtf8(root);
+    return label.empty() ? shown : ToUtf8(label) + " (" + shown + ")";
+}
+
+bool FolderRows::LookForMedia() {
+    std::vector<std::string> ready;
+    for (const Drive& drive : volumes_.Drives())
+        if (drive.type == DriveType::Removable && volumes_.IsReady(drive.root))
+            ready.push_back(drive.root);
+    const auto before = std::exchange(seen_, ready);
+    if (!before || *before == ready) return false;
+    for (const std::string& root : ready)
+        if (std::ranges::find(*before, root) == before->end()) offered_.push_back(root);
+    std::erase_if(offered_, [&](const std::string& root) {
+        return std::ranges::find(ready, root) == ready.end();
+    });
+    Enter(path_);
+    return true;
 }
 
 std::string FolderRows::Heading() const {
@@ -41,9 +69,7 @@ void FolderRows::ListPlaces() {
     bool rootListed = false;
     for (const Drive& drive : volumes_.Drives()) {
         if (!volumes_.IsReady(drive.root)) continue;
-        const std::string label = volumes_.Label(drive.root);
-        const std::string root = ToUtf8(drive.root);
-        rows_.push_back({label.empty() ? root : ToUtf8(label) + " (" + root + ")", drive.root});
+        rows_.push_back({CaptionOf(drive.root), drive.root});
         rootListed = rootListed || drive.root == "/";
     }
     if (!rootListed && FolderExists("/")) rows_.push_back({"/", "/"});

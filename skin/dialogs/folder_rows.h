@@ -37,22 +37,29 @@ class FolderRows {
     std::string Heading() const;
     /// The way up first, then the folders by name; hidden ones are left out.
     const std::vector<FolderRow>& Rows() const { return rows_; }
+    /// Looks for media that were plugged in since the last look; they are offered above the rows
+    /// until they are gone. True when the rows have changed.
+    bool LookForMedia();
     /// Makes a folder in the one shown and enters it. False when the name is none or it cannot be
     /// made.
     bool Make(const std::string& name);
 
   private:
     std::string Parent() const;
+    void List();
     void ListPlaces();
     void ListFolders();
     void ListFiles();
     void ListOffers();
+    std::string CaptionOf(const std::string& root) const;
 
     const Volumes& volumes_;
     std::string home_;
     std::optional<FileChoice> files_;
     std::string path_;
     std::vector<FolderRow> rows_;
+    std::optional<std::vector<std::string>> seen_; ///< roots of media; nothing: not looked yet
+    std::vector<std::string> offered_;
 };
 
 } // namespace vk

@@ -69,7 +69,11 @@ bool SkinDialogs::Run(const QPointer<DialogOverlay>& overlay) {
     overlay->SetFront(true);
     overlay->Open();
     pump_.Until({.what = "dialog",
-                 .done = [&] { return !overlay || overlay->Finished(); },
+                 .done =
+                     [&] {
+                         if (overlay) overlay->Idle();
+                         return !overlay || overlay->Finished();
+                     },
                  .stepMs = StepMs,
                  .byUser = true});
     open_.pop_back();

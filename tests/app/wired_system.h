@@ -48,7 +48,7 @@ struct FakeMachine {
     }
     Ports ports() {
         return {.machine = {clock, ui, locale, volumes, programs, instance,
-                            [] { return std::make_unique<QtChildProcess>(); }, registry,
+                            [] { return std::make_unique<QtChildProcess>(); }, registry, desktop,
                             [this](const std::string&) {
                                 Look();
                                 return std::string();
@@ -109,6 +109,7 @@ struct FakeMachine {
     RecordingPrograms programs;
     FakeInstance instance;
     FileRegistry registry{dir.File("registry.ini")};
+    FakeDesktop desktop;
     WatchedPlayer player;
     FakeMixer mixer;
     FakeWaveInput input;

@@ -16,6 +16,11 @@ struct SettingsFixture : ShellFixture {
         app.Write("keys.ini", RemoteKeys());
         start->Form_Load();
         host.resize(800, 480);
+        MakeScreen();
+        host.show();
+        screens.Show("settings");
+    }
+    void MakeScreen() {
         screen = std::make_unique<vk::settings>(
             ControlContext{state, settings.values, skin, pictures, clock, pump, commands},
             ShellNeeds(),
@@ -24,8 +29,6 @@ struct SettingsFixture : ShellFixture {
                                   [] { return SerialList(); }},
             std::vector<Page>{}, &host);
         screen->AddTo(screens);
-        host.show();
-        screens.Show("settings");
     }
     // Every action has its own name for a code.
     static std::string RemoteKeys() {

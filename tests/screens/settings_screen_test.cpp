@@ -1,3 +1,4 @@
+#include "core/reset.h"
 #include "tests/screens/settings_fixture.h"
 
 #include <gtest/gtest.h>
@@ -74,16 +75,58 @@ TEST_F(SettingsScreenTest, ACodeIsLearntByTouchAndByTheRemoteAlone) {
     EXPECT_EQ(screens.CurrentForm, "settings");
 }
 
-TEST_F(SettingsScreenTest, AnAppearanceIsChosenAndCountsWhenTheSettingsAreLeft) {
-    app.Write("skins/Other.skn", "[Colors]\n");
+TEST_F(SettingsScreenTest, ASkinIsSeenAtOnceAndTheRestWhenTheSettingsAreLeft) {
+    app.Write("skins/Other.skn", "[Skin]\nSKname=The other\nSKauthor=Anna\n[Colors]\n");
+    app.Write("skins/none.skn", "no skin");
+    state.CurrentSkinFile = "Torque.skn";
+    screen.reset();
+    MakeScreen();
     screens.Show("settingsAppearance");
-    for (const char* key : {"39", "13", "27"})
-        EXPECT_TRUE(Press(key));
-    EXPECT_EQ(settings.Text(setting::CurrentSkin), "Other.skn");
-    state.CurrentSkinFile.clear();
-    TapOn("donebutton");
-    EXPECT_EQ(screens.CurrentForm, "velkorandum");
+    EXPECT_TRUE(Shows("The other\nby Anna"));
+    EXPECT_TRUE(Shows("Torque\nday and night"));
+    EXPECT_FALSE(Shows("none"));
+    Press("13");
     EXPECT_EQ(state.CurrentSkinFile, "Other.skn");
+    Press("27");
+    TapOn("donebutton");
+    EXPECT_EQ(settings.Text(setting::CurrentSkin), "Other.skn");
+    EXPECT_EQ(screens.CurrentForm, "velkorandum");
+}
+
+TEST_F(SettingsScreenTest, TheDesktopStandsBackAndComesBack) {
+    screens.Show("settingsSystem");
+    struct Step {
+        const char* plate;
+        std::int32_t autoPlay, kept;
+    };
+    for (const Step& step :
+         {Step{"chkDisableAutoPlay", 255, 145}, {"chkDisableAutoPlay", 145, 145}}) {
+        TapOn(step.plate);
+        EXPECT_EQ(desktop.autoPlay, step.autoPlay);
+        EXPECT_EQ(settings.Get(setting::AutoPlayByte), step.kept);
+    }
+    desktop.autoPlay = 255;
+    settings.Set(setting::AutoPlayByte, -1);
+    screens.Show("settingsSystem");
+    TapOn("chkDisableAutoPlay");
+    EXPECT_EQ(desktop.autoPlay, 145) << "nothing is known of before";
+    state.DBState = DBStateValue::Rebuilding;
+    TapOn("btnLaunchExplorer");
+    EXPECT_EQ(desktop.opened, 0);
+    EXPECT_TRUE(Shows("Please wait for the database to finish."));
+    desktop.another = false;
+    TapOn("chkbxMakeVKdefaultShell");
+    EXPECT_TRUE(desktop.shell);
+    dialogs.answers = {true};
+    TapOn("btnReset");
+    EXPECT_EQ(dialogs.noMarked, std::vector<std::string>{"Revert?"});
+    EXPECT_EQ(exits, 1);
+    EXPECT_TRUE(FileExists(app.File("settings.ini"))) << "this run still needs it";
+    ResetIfAsked(settings);
+    EXPECT_FALSE(FileExists(app.File("settings.ini")) || FileExists(app.File("reset")));
+    screens.Show("settings");
+    TapOn("bExitApp");
+    EXPECT_EQ(exits, 1) << "there is nothing to exit to";
 }
 
 TEST_F(SettingsScreenTest, AnotherTypeIsLookedForAtOnceButNotWhileTheCatalogueIsBusy) {
@@ -124,7 +167,7 @@ TEST_F(SettingsScreenTest, EverythingIsLargeAndLiesOnTheScreenAtEverySize) {
         state.ScreenHeight = size.height();
         for (const char* page :
              {"settings", "settingsAppearance", "settingsActions", "settingsExtensions",
-              "settingsKeyboard", "settingsRemote", "settingsDebug"})
+              "settingsKeyboard", "settingsRemote", "settingsSystem", "settingsDebug"})
             for (int sheet = 0; sheet < 3; ++sheet) {
                 screens.Show(page);
                 if (Find("More")) TapOn("More");

@@ -42,15 +42,21 @@ TEST_F(SettingsShellTest, TheFirstRunLeadsFromTheWelcomeToTheMenu) {
     const std::string media = app.MakeFolder("music");
     const std::string lists = app.MakeFolder("music/lists");
     app.Write("vk_audio.m3u", "old");
-    dialogs.folders = {media + "/", lists};
+    app.Write("music/a/song.MP3", "");
+    dialogs.folders = {app.File("none"), media + "/", lists};
+    dialogs.answers = {false}; // the offered folder for playlists
+    lirc = true;
     FirstRun();
     EXPECT_EQ(dialogs.captions.at(0), "Select your Media directory");
-    ASSERT_EQ(dialogs.shown.size(), 3u);
+    ASSERT_EQ(dialogs.shown.size(), 5u);
     EXPECT_TRUE(dialogs.shown[0].starts_with("Welcome to Velkorandum."));
-    EXPECT_EQ(dialogs.shown[2],
+    EXPECT_EQ(dialogs.shown[1],
+              app.File("none") + "\ncannot be read. Please choose another folder.");
+    EXPECT_EQ(dialogs.shown[4],
               "You can click on the clockbar at the bottom\nto return to the settings screen.");
     EXPECT_EQ(settings.values.MediaDir, media);
     EXPECT_EQ(settings.values.PlaylistDir, lists);
+    EXPECT_EQ(remoteKeys[Action::ok] + settings.Text(setting::remoteType), "KEY_OKLIRC");
     EXPECT_EQ(settings.Read("Sync", "dest"), media);
     EXPECT_EQ(settings.Read("video_player", "Volume"), "0");
     EXPECT_EQ(settings.Read("main", "ExtendedTags") + " " +
@@ -74,19 +80,28 @@ TEST_F(SettingsShellTest, BadFoldersAreAskedAgainAndCancelEnds) {
               "Click ok to return, Cancel to exit program");
     EXPECT_EQ(exits, 1);
     EXPECT_EQ(settings.Read("main", "Setup"), "");
+    EXPECT_FALSE(settings.values.remoteStatus) << "nobody listens";
     dialogs.shown.clear();
-    dialogs.folders = {media, "", app.MakeFolder("music2"), media};
+    dialogs.folders = {media, media, "", app.MakeFolder("music2"), media};
+    dialogs.answers = {false, true, false}; // empty: another one; the same; not its "Playlists"
     shell->ReShow();
     EXPECT_EQ(dialogs.shown.at(1),
+              "There is no music and no film in\n" + media + "\nUse it all the same?");
+    EXPECT_EQ(dialogs.shown.at(4),
               "You must select a directory, or Velkorandum will not work.  Click ok to return.");
-    EXPECT_EQ(dialogs.shown.at(2),
+    EXPECT_EQ(dialogs.shown.at(5),
               "You must select a directory WITHIN your Media Directory.  Press ok to return.");
     EXPECT_EQ(settings.values.PlaylistDir, media);
+    dialogs.folders = {app.MakeFolder("music4")};
+    shell->btnmediadir_Click();
+    EXPECT_EQ(settings.values.PlaylistDir, app.File("music4/Playlists"));
+    EXPECT_TRUE(FolderExists(app.File("music4/Playlists")));
     dialogs.ending = true;
     dialogs.folders = {app.MakeFolder("music3"), ""};
+    dialogs.answers = {true, false};
     shell->btnmediadir_Click();
     EXPECT_EQ(exits, 2) << "nothing is asked again when the program ends";
-    EXPECT_EQ(settings.values.MediaDir, media);
+    EXPECT_EQ(settings.values.MediaDir, app.File("music4"));
 }
 
 TEST_F(SettingsShellTest, LeavingLaterLoadsTheScreensAnewAndTheExitWaitsForTheCatalogue) {

@@ -15,11 +15,14 @@ struct ShellFixture : StartFixture {
                 remoteKeys,
                 extensions,
                 updates,
+                desktop,
                 {[this] { start->FinishExecution(); }, [this] { start->ReloadScreens(); }, [] {},
-                 [this] { ++exits; }}};
+                 [this] { ++exits; }, [this] { return lirc; }}};
     }
     std::unique_ptr<astart> start = Make();
-    int exits = 0; ///< how often the end was asked for
+    FakeDesktop desktop;
+    bool lirc = false; ///< somebody listens on its socket
+    int exits = 0;     ///< how often the end was asked for
 };
 
 } // namespace vk::test

@@ -358,6 +358,16 @@ TEST_F(DialogsTest, TheStartingPlacesAreHomeMediaAndRoot) {
     EXPECT_EQ(rows.Rows()[1].caption + rows.Rows()[2].caption, "Ab");
     for (const char* bad : {"", " ", "..", ".", "a/b"})
         EXPECT_FALSE(rows.Make(bad)) << bad;
+    const std::string second = app.MakeFolder("second");
+    EXPECT_FALSE(rows.LookForMedia()) << "what is there at first is nothing new";
+    volumes.drives.push_back({second, DriveType::Removable});
+    volumes.ready.insert(second);
+    EXPECT_TRUE(rows.LookForMedia());
+    EXPECT_EQ(rows.Rows()[0].path, second) << "offered wherever one is";
+    EXPECT_EQ(rows.Rows().size(), 4u);
+    volumes.ready.erase(second);
+    EXPECT_TRUE(rows.LookForMedia());
+    EXPECT_EQ(rows.Rows().size(), 3u);
     rows.Enter("/no/such/folder");
     EXPECT_EQ(rows.Path(), app.Path());
     const auto select = [this] {

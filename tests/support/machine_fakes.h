@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/beeper.h"
+#include "platform/desktop.h"
 #include "platform/instance_lock.h"
 #include "platform/local_stream.h"
 #include "platform/medium_probe.h"
@@ -23,6 +24,30 @@ class FakeInstance : public InstanceLock {
     }
     bool running = false; ///< another system, in every folder
     std::string claimed;
+};
+
+struct FakeDesktop : Desktop {
+    bool IsShell() const override { return shell; }
+    bool SetShell(bool on) override {
+        shell = on;
+        return true;
+    }
+    bool HasAnotherShell() const override { return another; }
+    void AskAutoPlay(std::function<void(std::optional<std::int32_t>)> told) override {
+        if (told) told(autoPlay);
+    }
+    bool SetAutoPlay(std::int32_t value) override {
+        autoPlay = value;
+        return true;
+    }
+    bool AutoPlayWaitsForStart() const override { return true; }
+    bool OpenExplorer() override {
+        ++opened;
+        return true;
+    }
+    bool shell = false, another = true;
+    std::optional<std::int32_t> autoPlay = 145;
+    int opened = 0;
 };
 
 /// Runs work when a test says so, as an event loop does.
