@@ -26,7 +26,8 @@ Row SkinRow(SettingsStore& store, const SkinAbout& skin) {
         .text = text,
         .ends = {{"Day", choose(setting::CurrentSkin)}, {"Night", choose(setting::CurrentNTSkin)}},
         .width = Row::Whole,
-        .pictureFile = skin.picture};
+        .pictureFile = skin.picture,
+        .changes = {&setting::CurrentSkin, &setting::CurrentNTSkin}};
 }
 
 Row Then(Row row, const std::function<void()>& after) {
