@@ -20,10 +20,10 @@ struct WindowArea {
 struct ForeignWindow {
     WindowHandle handle = 0;
     ProgramId program = 0; ///< whose it is; 0 where it does not tell
-    std::string title, windowClass;
+    std::string title = {}, windowClass = {};
     bool visible = false;
     bool ordinary = true; ///< a window of its own, that can be minimised: no dialog, menu or splash
-    WindowArea area;      ///< without the frame; pixels of the screen
+    WindowArea area = {}; ///< without the frame; pixels of the screen
 };
 
 /// All on the user-interface thread, and none waits for the other program. A window that has gone

@@ -44,10 +44,10 @@ enum class EngineState {
 
 /// What the engine works with.
 struct EngineSetup {
-    std::string map; ///< full path of the map file
+    std::string map = {}; ///< full path of the map file
     /// Where sentences come from: a serial port by number or path ("/dev/ttyUSB0"), "gpsd" or
     /// "gpsd://host:port", or "log:" and the path of a recorded drive. "" is no receiver.
-    std::string source;
+    std::string source = {};
     std::string serialSettings = "4800,N,8,1"; ///< for a serial port
     bool operator==(const EngineSetup&) const = default;
 };

@@ -42,10 +42,11 @@ class GPSChoice {
 
     std::vector<Row> ModuleRows() {
         const auto option = [this](const char* caption, std::int16_t module, const char* name) {
-            return Named(SwitchRow(
-                             caption, [this, module] { module_ = module; },
-                             [this, module] { return module_ == module; }),
-                         name, Row::Whole);
+            return Changes(Named(SwitchRow(
+                                     caption, [this, module] { module_ = module; },
+                                     [this, module] { return module_ == module; }),
+                                 name, Row::Whole),
+                           setting::GPSModule);
         };
         std::vector<Row> rows = {
             option("No GPS", NoGPS, "opGPSnone"),
@@ -58,16 +59,19 @@ class GPSChoice {
     }
     std::vector<Row> MapRows() {
         const auto dimensions = [this](const char* caption, bool threeD, const char* name) {
-            return Named(SwitchRow(
-                             caption, [this, threeD] { threeD_ = threeD; },
-                             [this, threeD] { return threeD_ == threeD; }),
-                         name, Row::Half, WithModule(Internal));
+            return Changes(Named(SwitchRow(
+                                     caption, [this, threeD] { threeD_ = threeD; },
+                                     [this, threeD] { return threeD_ == threeD; }),
+                                 name, Row::Half, WithModule(Internal)),
+                           setting::Use3Dmaps);
         };
         std::vector<Row> rows = {
-            dimensions("2D Maps", false, "OP2DMaps"), dimensions("3D Maps", true, "OP3DMaps"),
+            dimensions("2D Maps", false, "OP2DMaps"),
+            dimensions("3D Maps", true, "OP3DMaps"),
             FileRow("Map", setting::GPSMap, ""),
             ChoiceRow(store_, setting::GPSReceiver, [this] { return Receivers(); }),
-            FileRow("Recorded drive", setting::GPSReceiver, "log:")};
+            FileRow("Recorded drive", setting::GPSReceiver, "log:"),
+            TextRow(store_, n_.base.dialogs, setting::GPSSerial)};
         rows.front().sheet = "Map";
         rows.insert(rows.end(), n_.mapRows.begin(), n_.mapRows.end());
         return rows;
@@ -80,10 +84,12 @@ class GPSChoice {
                    std::string(store_.values.hideGPSTitleBar ? "on" : "off");
         };
         Row params = {.text = [this] { return "Parameters: " + params_; },
-                      .use = [this] { AskParams(); }};
+                      .use = [this] { AskParams(); },
+                      .changes = {&setting::ExtGPSexeParams}};
         std::vector<Row> rows = {
             Named({.text = [this] { return "Program: " + store_.values.EXTGPSexeName; },
-                   .use = [this] { BrowseProgram(); }},
+                   .use = [this] { BrowseProgram(); },
+                   .changes = {&setting::EXTGPSexeName}},
                   "cmdBrowseGPSExe", Row::Whole, external),
             Named(std::move(params), "txGPSParams", Row::Half, external),
             Named(ButtonRow("Clear", [this] { params_.clear(); }), "cmdClear", Row::Half, external),
@@ -122,7 +128,8 @@ class GPSChoice {
                         if (const auto file = AskFile(caption, value()))
                             store_.Set(setting, prefix + *file);
                     },
-                .name = setting.name};
+                .name = setting.name,
+                .changes = {&setting}};
     }
     /// A path that was typed; nothing when that was left, or no file is there.
     std::optional<std::string> AskFile(const std::string& caption, const std::string& now) {

@@ -52,6 +52,7 @@ class VisualsSettings {
         Row list = StepRow([this] { return ListText(); }, [this](int step) { Step(step); });
         list.usable = [this] { return !List1.empty(); };
         list.width = RowColumns;
+        list.changes = {&setting::VisWindowName};
         return {
             PictureRow([this]() -> const PagePicture& { return picVis; }, PictureColumns,
                        PictureLines),

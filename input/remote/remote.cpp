@@ -63,7 +63,7 @@ std::unique_ptr<RemoteReceiver> Remote::MakeSerial(const std::string& type) {
 }
 
 std::unique_ptr<RemoteReceiver> Remote::MakeLirc() {
-    const std::string socket = base_.settings.values.lircsocket;
+    const std::string socket = base_.settings.Get(setting::lircsocket);
     return std::make_unique<LircReceiver>(n_.devices.stream(),
                                           socket.empty() ? LircSockets : std::vector{socket},
                                           base_.clock, base_.log);

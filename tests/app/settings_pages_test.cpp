@@ -22,12 +22,10 @@ const std::vector<const SettingRow*> Bookkeeping = {
     &setting::LastPlayMode, &setting::shuffle, &setting::CurrentTrack, &setting::currentplaylist,
     &setting::AudioVolumeSerial, &setting::CurrentPosition, &setting::AudioVolume,
     &setting::SelectedMovie, &setting::VideoVolumeSerial, &setting::VideoPosition,
-    &setting::CurrentMovie, &setting::PlayDVD, &setting::VideoVolume, &setting::currentfreq,
-    &setting::port, &setting::portname, &setting::CurrentChannel, &setting::XMBrowseHistory,
-    &setting::PresetList, &setting::ListTitle, &setting::learn, &setting::PWR,
-    // of subsystems that have no page yet
-    &setting::VisWindowName, &setting::GPSModule, &setting::Use3Dmaps, &setting::EXTGPSexeName,
-    &setting::ExtGPSexeParams, &setting::hideGPSTitleBar,
+    &setting::CurrentMovie, &setting::CurrentTitle, &setting::PlayDVD, &setting::VideoVolume,
+    &setting::currentfreq, &setting::port, &setting::portname, &setting::CurrentChannel,
+    &setting::XMBrowseHistory, &setting::PresetList, &setting::ListTitle, &setting::learn,
+    &setting::PWR,
     // kept for older files, nothing asks for them
     &setting::debugCheckAged, &setting::creative, &setting::appname};
 

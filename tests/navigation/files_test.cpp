@@ -24,30 +24,31 @@ struct NavigationFiles : CoreTest {
 };
 
 TEST_F(NavigationFiles, EveryRecordOfASkinIsRead) {
-    const IsnSkin skin = Parsed("/ a comment\r\n\r\nNative, 800 ,480\r\nG,audiodeston,on.jpg\r\n"
-                                "A,1,2,3,4,standard\nB,5,6,7,8,Quit\nB,0,0,1,1,x\n"
-                                "L,10,20,30,Verdana,12,True,false,speed\n"
-                                "S,1,1,90,9,Arial,FALSE,true,255\nsecret,1\nZ");
+    const IsnSkin parsed = Parsed("/ a comment\r\n\r\nNative, 800 ,480\r\nG,audiodeston,on.jpg\r\n"
+                                  "A,1,2,3,4,standard\nB,5,6,7,8,Quit\nB,0,0,1,1,x\n"
+                                  "L,10,20,30,Verdana,12,True,false,speed\n"
+                                  "S,1,1,90,9,Arial,FALSE,true,255\nsecret,1\nZ");
     EXPECT_EQ(complaints, "");
-    EXPECT_EQ(skin.width * 1000 + skin.height, 800480);
-    EXPECT_EQ(skin.pictures.at("AUDIODESTON"), "on.jpg");
-    EXPECT_EQ(skin.areas.at("STANDARD"), (IsnBox{1, 2, 3, 4}));
-    ASSERT_EQ(skin.buttons.size(), 2u);
-    EXPECT_EQ(skin.buttons[0].name, "QUIT");
-    EXPECT_EQ(skin.buttons[0].place, (IsnBox{5, 6, 7, 8}));
-    ASSERT_EQ(skin.labels.size(), 1u);
-    const IsnSkin::Label& label = skin.labels[0];
+    EXPECT_EQ(parsed.width * 1000 + parsed.height, 800480);
+    EXPECT_EQ(parsed.pictures.at("AUDIODESTON"), "on.jpg");
+    EXPECT_EQ(parsed.areas.at("STANDARD"), (IsnBox{1, 2, 3, 4}));
+    ASSERT_EQ(parsed.buttons.size(), 2u);
+    EXPECT_EQ(parsed.buttons[0].name, "QUIT");
+    EXPECT_EQ(parsed.buttons[0].place, (IsnBox{5, 6, 7, 8}));
+    ASSERT_EQ(parsed.labels.size(), 1u);
+    const IsnSkin::Label& label = parsed.labels[0];
     EXPECT_EQ(label.name + label.font.name, "SPEEDVerdana");
     EXPECT_EQ(label.left + label.top + label.width + label.font.size, 72);
     EXPECT_TRUE(label.font.bold && !label.font.italic);
-    ASSERT_TRUE(skin.bar);
-    EXPECT_TRUE(skin.bar->font.italic && !skin.bar->font.bold && skin.bar->colour == "255");
+    ASSERT_TRUE(parsed.bar);
+    EXPECT_TRUE(parsed.bar->font.italic && !parsed.bar->font.bold && parsed.bar->colour == "255");
 }
 
 TEST_F(NavigationFiles, LinesThatAreNoneAreToldAndLeftOut) {
-    const IsnSkin skin = Parsed("N,0,480\nB,1,2,3\nB,1,2,0,4,QUIT\nA,9999999999,1,1,1,x\n"
-                                "L,1,1,1,Arial,big,,,VOLUME\nG,KEY\nS\nB,a,b,c,d,e");
-    EXPECT_TRUE(skin.buttons.empty() && skin.areas.empty() && skin.labels.empty() && !skin.bar);
+    const IsnSkin parsed = Parsed("N,0,480\nB,1,2,3\nB,1,2,0,4,QUIT\nA,9999999999,1,1,1,x\n"
+                                  "L,1,1,1,Arial,big,,,VOLUME\nG,KEY\nS\nB,a,b,c,d,e");
+    EXPECT_TRUE(parsed.buttons.empty() && parsed.areas.empty() && parsed.labels.empty() &&
+                !parsed.bar);
     EXPECT_EQ(complaints, "line 1 cannot be used: N,0,480; line 2 cannot be used: B,1,2,3; "
                           "line 3 cannot be used: B,1,2,0,4,QUIT; "
                           "line 4 cannot be used: A,9999999999,1,1,1,x; "

@@ -1,5 +1,6 @@
 // A visualisation over the player, on a screen whose windows a test opens and closes.
 #include "tests/playback/audio_fixture.h"
+#include "tests/sim/fake_windows.h"
 
 namespace vk::test {
 namespace {
@@ -13,29 +14,12 @@ ForeignWindow Named(WindowHandle handle, const std::string& title, int side) {
 }
 
 /// The windows of a screen; one that is asked to close goes, unless it hangs.
-struct ScreenWindows : ForeignWindows {
-    std::vector<ForeignWindow> List() const override { return windows; }
-    bool Exists(WindowHandle window) const override {
-        return std::ranges::count(windows, window, &ForeignWindow::handle) > 0;
-    }
-    bool Adopt(WindowHandle, WindowHandle, const WindowArea&) override { return false; }
-    void Return(WindowHandle) override {}
-    void Place(WindowHandle, const WindowArea&) override {}
-    void Show(WindowHandle, bool) override {}
-    void Raise(WindowHandle) override {}
-    void SetTopmost(WindowHandle, bool) override {}
-    void SetFrame(WindowHandle, bool) override {}
-    void Focus(WindowHandle) override {}
+struct ScreenWindows : FakeForeignWindows {
+    ScreenWindows() { list = {Named(1, "ours", 100)}; }
     void Close(WindowHandle window) override {
         closed.push_back(window);
-        if (!hang) Gone(window);
+        if (!hang) Shut(window);
     }
-    void HoldKeys(const std::vector<int>&) override {}
-    void Gone(WindowHandle window) {
-        std::erase_if(windows, [&](const ForeignWindow& each) { return each.handle == window; });
-    }
-
-    std::vector<ForeignWindow> windows = {Named(1, "ours", 100)};
     std::vector<WindowHandle> closed;
     bool hang = false;
 };
@@ -70,9 +54,9 @@ struct VisualisationTest : testing::Test, AudioFixture {
     void Toggle() {
         ++toggles;
         if (!opens) return;
-        if (screen.Exists(Picture)) return screen.Gone(Picture);
-        screen.windows.push_back(Named(6, "another program's", 9));
-        screen.windows.push_back(Named(Picture, settings.values.VisWindowName, 0));
+        if (screen.Exists(Picture)) return screen.Shut(Picture);
+        screen.list.push_back(Named(6, "another program's", 9));
+        screen.list.push_back(Named(Picture, settings.values.VisWindowName, 0));
     }
     void Press(const std::string& key) {
         commands.Run(key == "27" ? Commands::When::Interrupt : Commands::When::Drop,
@@ -169,7 +153,7 @@ TEST_F(VisualisationTest, OneThatHangsIsEndedByItsCommand) {
 
 TEST_F(VisualisationTest, OneThatDiesGivesTheScreenBack) {
     Press("86");
-    screen.Gone(Picture);
+    screen.Shut(Picture);
     clock.Advance(600);
     EXPECT_TRUE(PlayerShown());
     EXPECT_EQ(toggles, 1) << "nothing is left to be ended";

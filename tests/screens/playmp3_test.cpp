@@ -188,7 +188,7 @@ TEST_F(Playmp3Test, FitsEveryPanelWithButtonsForAFinger) {
             EXPECT_TRUE(std::none_of(all.begin(), one, [&](QRect r) { return r.intersects(*one); }))
                 << one - all.begin();
         }
-        EXPECT_EQ(layout.buttons.size(), 18u);
+        EXPECT_EQ(layout.buttons.size(), 19u);
     }
 }
 

@@ -13,6 +13,7 @@ class FirstRun(Driven):
         self.wait_for_message()
         self.keys("Return")  # the welcome
         self.keys("Down", "Return", "Right", "Return")  # Music, select
+        self.keys("Right", "Return")  # not the folder for playlists that is offered
         self.keys("Down", "Down", "Return", "Right", "Return")  # Zlists, select
         self.keys("Return", "Return")  # two messages
         self.wait_for("the menu", lambda: "Main menu painted" in self.log())

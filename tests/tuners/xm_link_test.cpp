@@ -154,8 +154,8 @@ TEST_F(XMTest, FramesMayComeInPiecesTogetherOrOfAWrongLength) {
     const SimScript lines[] = {{.delayMs = 5, .pieceSize = 3},
                                {.delayMs = 5, .pieceSize = 3, .merge = true},
                                {.delayMs = 5, .tells39 = true}};
-    for (int channel = 2; const SimScript& line : lines) {
-        receiver.script = line;
+    for (int channel = 2; const SimScript& kind : lines) {
+        receiver.script = kind;
         EXPECT_TRUE(xm().SetChannel(channel));
         clock.Advance(3000);
         EXPECT_EQ(State().currentArtist, "Artist " + std::to_string(channel++));

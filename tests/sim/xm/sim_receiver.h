@@ -21,16 +21,16 @@ struct SimChannel {
 
 /// How it behaves; may be changed at any moment.
 struct SimScript {
-    bool silent = false;       ///< hears, and says nothing
-    int delayMs = 0;           ///< between a question and its answer
-    std::size_t pieceSize = 0; ///< frames come in pieces of so many bytes; 0: whole
-    bool merge = false;        ///< frames that wait come together
-    std::string noise;         ///< bytes in front of each answer
-    bool tells39 = false;      ///< the length of frames of 93 bytes is told as 39
-    std::set<int> gone;        ///< channels that it tells to be no more
-    std::set<int> refused;     ///< channels that it does not select
-    std::map<int, int> lost;   ///< how many answers of a type do not arrive
-    int bytesToLive = -1;      ///< it dies after so many more; -1: never
+    bool silent = false;          ///< hears, and says nothing
+    int delayMs = 0;              ///< between a question and its answer
+    std::size_t pieceSize = 0;    ///< frames come in pieces of so many bytes; 0: whole
+    bool merge = false;           ///< frames that wait come together
+    std::string noise = {};       ///< bytes in front of each answer
+    bool tells39 = false;         ///< the length of frames of 93 bytes is told as 39
+    std::set<int> gone = {};      ///< channels that it tells to be no more
+    std::set<int> refused = {};   ///< channels that it does not select
+    std::map<int, int> lost = {}; ///< how many answers of a type do not arrive
+    int bytesToLive = -1;         ///< it dies after so many more; -1: never
     std::string id = "VK012345";
     int signal = 3, antenna = 3; ///< of the signal report
     int terrestrial = 30, satelliteA = 50, satelliteB = 20;
