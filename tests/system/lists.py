@@ -74,7 +74,7 @@ class KeysLists(_Lists):
         self.wait_for_the_player()
         self.keys("p")
         self.picture("keys-back")  # the list that is played
-        self.keys("Down", "Return", "Right")  # edit, to the right list
+        self.keys("Up", "Return", "Right")  # from the song that plays up to edit, to the right list
         self.picture("keys-edit")
         self.keys("Return", "Escape", "Return")  # away, the name, "OK" is still marked
         self.finish(range(1, 11))

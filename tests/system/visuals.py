@@ -10,6 +10,7 @@ from driven import VKINI, Driven, main
 
 NAMES = ("Spectrum", "Oscilloscope", "Cover and Rays", "Northern Lights")
 AGAIN = 1  # second between two presses of a key that may come too early
+LONG_AGAIN = 5  # the same where what hangs is waited for
 
 
 class _Visuals(Driven):
@@ -87,8 +88,19 @@ class ManagedTouchedVisuals(_Visuals):
         self.start_visualisation()
         for number in self.program():
             os.kill(number, signal.SIGSTOP)
-        self.press("Escape")
-        self.wait_for("the end of what hangs", lambda: "The visualisation does not close and is ended" in self.log())
+        pressed = 0.0
+
+        # The new window has the keys until the player has taken them; the next press would lead to the menu.
+        def ended():
+            nonlocal pressed
+            if "The visualisation does not close and is ended" in self.log():
+                return True
+            if time.monotonic() > pressed + LONG_AGAIN:
+                pressed = time.monotonic()
+                self.press("Escape")
+            return False
+
+        self.wait_for("the end of what hangs", ended)
         self.wait_for_player()
 
 
