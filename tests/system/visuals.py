@@ -27,9 +27,12 @@ class _Visuals(Driven):
         self.settle("the player")
 
     def title(self):
-        tree = subprocess.run(["xwininfo", "-root", "-tree"], env=self.alone.env, capture_output=True, text=True,
-                              check=True).stdout
-        return next((name for name in NAMES if f'"{name}"' in tree), None)
+        """A window that goes while the tree is read spoils the answer."""
+        answer = None
+        while answer is None or answer.returncode != 0:
+            answer = subprocess.run(["xwininfo", "-root", "-tree"], env=self.alone.env, capture_output=True, text=True,
+                                    check=False)
+        return next((name for name in NAMES if f'"{name}"' in answer.stdout), None)
 
     def program(self):
         return self.alone.processes(self.app / "visuals")
