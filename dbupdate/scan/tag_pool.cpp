@@ -1,7 +1,7 @@
 #include "dbupdate/scan/tag_pool.h"
 
 #include "library/catalogue/date_stamp.h"
-#include "platform/dialogs.h"
+#include "platform/no_dialogs.h"
 
 #include <algorithm>
 #include <system_error>
@@ -13,19 +13,6 @@ namespace {
 
 constexpr std::size_t FilesAtOnce = 64;
 constexpr std::size_t MostReady = 16; // of these, not files
-
-/// Nobody sits in front of the server.
-class NoDialogs : public Dialogs {
-  public:
-    void ShowMessage(const std::string&, const std::string&, MessageKind) override {}
-    bool AskYesNo(const std::string&, const std::string&) override { return false; }
-    bool AskOkCancel(const std::string&, const std::string&) override { return false; }
-    std::optional<std::string> InputBox(const std::string&, const std::string&,
-                                        const std::string&) override {
-        return std::nullopt;
-    }
-    std::string ChooseFolder(const std::string&, const std::string&) override { return {}; }
-};
 
 } // namespace
 

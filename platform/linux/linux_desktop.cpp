@@ -61,11 +61,13 @@ std::string LinuxDesktop::Entry() const {
 }
 
 bool LinuxDesktop::IsShell() const {
-    return FileExists(Entry());
+    if (!shell_) shell_ = FileExists(Entry());
+    return *shell_;
 }
 
 bool LinuxDesktop::SetShell(bool on) {
-    if (!on) return !IsShell() || DeleteFileAt(Entry());
+    shell_.reset();
+    if (!on) return !FileExists(Entry()) || DeleteFileAt(Entry());
     for (const std::string& folder : {places_.configFolder, FolderOf(Entry())})
         if (!FolderExists(folder) && !MakeFolder(folder)) return false;
     return ReplaceFile(Entry(), "[Desktop Entry]\nType=Application\nName=Velkorandum\nExec=" +

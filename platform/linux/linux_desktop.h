@@ -42,6 +42,7 @@ class LinuxDesktop : public Desktop {
     Programs& programs_;
     MakeChildProcess makeChild_;
     Places places_;
+    mutable std::optional<bool> shell_;   ///< pages ask with each drawing; nothing: not looked yet
     std::unique_ptr<ChildProcess> child_; ///< the question that is under way
     std::function<void(std::optional<std::int32_t>)> told_;
     std::string answer_, schema_; ///< the schema that is there

@@ -4,27 +4,10 @@
 #include "core/text.h"
 #include "library/tags/media_type.h"
 #include "library/tags/shown_tag.h"
-#include "platform/dialogs.h"
+#include "platform/no_dialogs.h"
 #include "platform/qt/qt_clock.h"
 
 namespace vk {
-
-namespace {
-
-/// Nobody is asked over the picture.
-class NoDialogs : public Dialogs {
-  public:
-    void ShowMessage(const std::string&, const std::string&, MessageKind) override {}
-    bool AskYesNo(const std::string&, const std::string&) override { return false; }
-    bool AskOkCancel(const std::string&, const std::string&) override { return false; }
-    std::optional<std::string> InputBox(const std::string&, const std::string&,
-                                        const std::string&) override {
-        return std::nullopt;
-    }
-    std::string ChooseFolder(const std::string&, const std::string&) override { return {}; }
-};
-
-} // namespace
 
 std::pair<QString, QString> ReadTrackTag(const std::string& logDir, const std::string& file) {
     static const std::string decimalSymbol = ".";
