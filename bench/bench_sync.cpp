@@ -31,7 +31,7 @@ struct Tree {
     }
     ~Tree() { fs::remove_all(root); }
     SyncResult Copy() const {
-        const SyncOrder order{.source = source.string(), .dest = dest.string()};
+        const SyncOrder order{.source = source.string(), .dest = dest.string(), .backupName = ""};
         const SyncListener listener{[](const std::string&) {}, [](const std::string&) {},
                                     [](const std::string&) {}, [](int, int) { return true; }};
         return FolderCopy(order, listener).CopyFiles();
