@@ -10,6 +10,7 @@ DARK = (2, 51)  # the mean of the loading screen's pixels, of 255: the menu is l
 
 
 PAGES = 10  # of the settings
+PAGE_DRAWN = 0.5  # second, far more than a page takes
 HINT = 5  # seconds that a screen tells of its buttons
 
 
@@ -36,6 +37,14 @@ class Pictured(DemoSystem):
     def tap(self, *points):
         """In hundredths of the screen."""
         super().tap(*((self.width * x // 100, self.height * y // 100) for x, y in points))
+
+    def turn_to(self, tab):
+        """Of the settings; on one page a cube turns, so that the picture never stands still."""
+        self.display.send("mousemove", self.width * (10 + 20 * tab) // 100, self.height * 7 // 100)
+        before = self.display.look()
+        self.display.send("click", 1)
+        self.wait_for("another page", lambda: self.display.look() != before)
+        time.sleep(PAGE_DRAWN)
 
     def row(self, number):
         """Touches that row of the browser's list."""
@@ -122,7 +131,7 @@ def settings(s):
     s.keys("p")
     s.shot(f"settings-0-{s.light}")
     for page, tab in enumerate((1, 2, *(3,) * (PAGES - 4), 4), 1):
-        s.tap((10 + 20 * tab, 7))
+        s.turn_to(tab)
         s.shot(f"settings-{page}-{s.light}")
     s.keys("Escape", "Escape")
 

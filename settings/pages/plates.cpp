@@ -45,8 +45,8 @@ void AddRow(std::vector<Plate>& plates, const Row& row, const Cursor& at, int fi
     const int ends = EndWidth * static_cast<int>(row.ends.size());
     const bool usable = !row.usable || row.usable();
     plates.push_back({.line = first + at.line,
-                      .left = row.picture ? at.Columns() - row.width : at.column,
-                      .width = row.width - ends,
+                      .left = (row.picture ? at.Columns() - row.width : at.column) * ColumnParts,
+                      .width = (row.width - ends) * ColumnParts,
                       .lines = row.lines,
                       .sheet = at.sheet,
                       .text = row.text,
@@ -60,8 +60,8 @@ void AddRow(std::vector<Plate>& plates, const Row& row, const Cursor& at, int fi
     int left = at.column + row.width - ends;
     for (const Row::End& end : row.ends) {
         plates.push_back({.line = first + at.line,
-                          .left = left,
-                          .width = EndWidth,
+                          .left = left * ColumnParts,
+                          .width = EndWidth * ColumnParts,
                           .sheet = at.sheet,
                           .text = [text = end.text] { return text; },
                           .use = end.use,

@@ -11,7 +11,7 @@ namespace vk {
 
 /// What can be touched or marked, or is only a text.
 struct Plate {
-    int line = 0, left = 0, width = 0; ///< in lines and columns of the board
+    int line = 0, left = 0, width = 0; ///< in lines and parts of columns of the board
     int lines = 1;
     int sheet = 0;
     std::function<std::string()> text;
@@ -25,6 +25,8 @@ struct Plate {
 
 /// The board: tabs on its first line, the footer on its last.
 inline constexpr int BoardLines = 6, BoardColumns = 24;
+/// Plates lie on parts of a column, so that five tabs are of one width.
+inline constexpr int ColumnParts = 5, BoardParts = BoardColumns * ColumnParts;
 
 /// Lays rows out from line to line, `lines` on a sheet beginning with line `first`.
 std::vector<Plate> LayOut(const std::vector<Row>& rows, int first, int lines);

@@ -10,7 +10,7 @@ namespace vk {
 namespace {
 
 constexpr int MostTabs = 5;
-constexpr int MoreWidth = 4; // columns
+constexpr int MoreWidth = 4 * ColumnParts;
 constexpr int FirstRows = 1, RowLines = BoardLines - 2;
 
 // The name of a sheet, or of none for one that only goes on.
@@ -56,9 +56,9 @@ void SettingsPages::AddTabs(std::vector<Plate>& plates) {
     const int first = std::clamp(static_cast<int>(current_) - shown / 2, 0, count - shown);
     for (int i = 0; i < shown; ++i) {
         const auto number = static_cast<std::size_t>(first + i);
-        const int left = BoardColumns * i / shown;
+        const int left = BoardParts * i / shown;
         plates.push_back({.left = left,
-                          .width = BoardColumns * (i + 1) / shown - left,
+                          .width = BoardParts * (i + 1) / shown - left,
                           .text = [this, number] { return std::string(pages_[number].tab); },
                           .use = [this, number] { GoTo(number); },
                           .usable = true,
@@ -79,17 +79,17 @@ std::vector<Plate> SettingsPages::Plates() {
 }
 
 void SettingsPages::AddFooter(std::vector<Plate>& plates, int sheets) {
-    const int room = sheets < 2 ? BoardColumns : BoardColumns - MoreWidth;
+    const int room = sheets < 2 ? BoardParts : BoardParts - MoreWidth;
     for (Plate& plate : LayOut(Shown().footer, BoardLines - 1, 1)) {
-        const int right = (plate.left + plate.width) * room / BoardColumns;
-        plate.left = plate.left * room / BoardColumns;
+        const int right = (plate.left + plate.width) * room / BoardParts;
+        plate.left = plate.left * room / BoardParts;
         plate.width = right - plate.left;
         plates.push_back(std::move(plate));
     }
     if (sheets < 2) return;
     const int next = (places_[current_].sheet + 1) % sheets;
     plates.push_back({.line = BoardLines - 1,
-                      .left = BoardColumns - MoreWidth,
+                      .left = BoardParts - MoreWidth,
                       .width = MoreWidth,
                       .text = [this, next] { return std::string(NameOf(Shown().rows, next)); },
                       .use = [this, sheets] { NextSheet(sheets); },

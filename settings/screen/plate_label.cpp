@@ -4,11 +4,17 @@
 
 #include <QPainter>
 
+#include <algorithm>
+#include <limits>
+#include <map>
+#include <utility>
+
 namespace vk {
 
 namespace {
 
-constexpr double SmallestText = 0.4;               // of the font
+constexpr double SmallestText = 0.4; // of the font
+constexpr int LeastShared = 75;      // hundredths of the largest text of plates of one shape
 constexpr int PictureWidth = 5, PictureHeight = 3; // a picture's shape
 constexpr int PictureEdge = 4;                     // pixels around it
 constexpr int BarShare = 6; // the bar's height is the plate's divided by this
@@ -23,6 +29,7 @@ PlateLabel::PlateLabel(QWidget* parent) : ShadedLabel(parent) {
 void PlateLabel::Show(const Plate& plate, const QRect& box, bool marked, const RowLook& look) {
     setObjectName(QLatin1String(plate.name ? plate.name : ""));
     setGeometry(box);
+    shape_ = {plate.width, plate.lines};
     SetText(plate.text());
     const int tall = box.height() - 2 * PictureEdge;
     ShowPreview(plate.pictureFile, {tall * PictureWidth / PictureHeight, tall});
@@ -37,12 +44,20 @@ void PlateLabel::Show(const Plate& plate, const QRect& box, bool marked, const R
         ground_ = look.ground;
     }
     state_ = state;
+    MeasureText(plate);
     known_ = true;
     if (plate.picture) TakePicture(plate.picture());
     if (!plate.picture && !picture_.isNull()) TakePicture({});
     if (percent_ != plate.percent) update();
     percent_ = plate.percent;
     setVisible(true);
+}
+
+void PlateLabel::MeasureText(const Plate& plate) {
+    decltype(measured_) now{Text(), plate.pictureFile, width(), height(), state_.button};
+    if (known_ && now == measured_) return;
+    measured_ = std::move(now);
+    textSize_ = FittingSize();
 }
 
 void PlateLabel::TakePicture(const PagePicture& picture) {
@@ -80,6 +95,22 @@ void PlateLabel::paintEvent(QPaintEvent* event) {
     const QRect bar(0, height() - tall, width(), tall);
     painter.fillRect(bar, ground_);
     painter.fillRect(QRect(bar.topLeft(), QSize(width() * percent_ / 100, tall)), bar_);
+}
+
+void ShareTextSizes(const std::vector<PlateLabel*>& shown) {
+    struct Sizes {
+        int least = std::numeric_limits<int>::max(), most = 0;
+    };
+    std::map<std::pair<int, int>, Sizes> byShape;
+    for (const PlateLabel* label : shown) {
+        Sizes& sizes = byShape[label->Shape()];
+        sizes.least = std::min(sizes.least, label->TextSize());
+        sizes.most = std::max(sizes.most, label->TextSize());
+    }
+    for (PlateLabel* label : shown) {
+        const Sizes& sizes = byShape[label->Shape()];
+        label->SetLargest(std::max(sizes.least, sizes.most * LeastShared / 100));
+    }
 }
 
 } // namespace vk

@@ -9,6 +9,9 @@
 #include <QRect>
 
 #include <string>
+#include <tuple>
+#include <utility>
+#include <vector>
 
 namespace vk {
 
@@ -18,6 +21,10 @@ class PlateLabel : public ShadedLabel {
     explicit PlateLabel(QWidget* parent);
 
     void Show(const Plate& plate, const QRect& box, bool marked, const RowLook& look);
+    /// In which its text fits by itself, pixels.
+    int TextSize() const { return textSize_; }
+    /// In cells of the board: equal ones differ by a pixel on the screen.
+    std::pair<int, int> Shape() const { return shape_; }
     /// The skin may have changed: the next `Show` dresses it anew.
     void Forget() { known_ = false; }
 
@@ -25,6 +32,7 @@ class PlateLabel : public ShadedLabel {
     void paintEvent(QPaintEvent* event) override;
 
   private:
+    void MeasureText(const Plate& plate);
     void TakePicture(const PagePicture& picture);
     void DrawPicture();
     void ShowPreview(const std::string& path, QSize box);
@@ -35,11 +43,19 @@ class PlateLabel : public ShadedLabel {
     };
     State state_ = {};
     bool known_ = false;
+    /// What `textSize_` was measured for.
+    std::tuple<std::string, std::string, int, int, bool> measured_;
+    int textSize_ = 0;
+    std::pair<int, int> shape_;
     int percent_ = -1;
     std::string previewFile_;
     QImage preview_;
     QImage picture_;
     QColor bar_, ground_;
 };
+
+/// Plates of one shape, which stand side by side, get texts of one size; where one text is much
+/// longer than the others, it alone becomes smaller.
+void ShareTextSizes(const std::vector<PlateLabel*>& shown);
 
 } // namespace vk

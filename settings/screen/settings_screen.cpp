@@ -85,7 +85,7 @@ QRect settings::BoxOf(const Plate& plate) const {
     const int gap = width() / GapShare + 1;
     const int wide = width() - gap, tall = height() - heading_.height() - gap;
     const int top = plate.line > 0 ? heading_.height() + gap : gap;
-    const auto x = [&](int column) { return gap + column * wide / BoardColumns; };
+    const auto x = [&](int part) { return gap + part * wide / BoardParts; };
     const auto y = [&](int line) { return top + line * tall / BoardLines; };
     return {QPoint(x(plate.left), y(plate.line)),
             QPoint(x(plate.left + plate.width) - gap - 1, y(plate.line + plate.lines) - gap - 1)};
@@ -106,8 +106,12 @@ void settings::DoLayout() {
 void settings::Draw() {
     const RowLook look(context_.skin.data());
     const auto plates = pages_.Plates();
-    for (std::size_t i = 0; i < plates.size(); ++i)
-        LabelOf(i).Show(plates[i], BoxOf(plates[i]), static_cast<int>(i) == pages_.Marked(), look);
+    std::vector<PlateLabel*> shown;
+    for (std::size_t i = 0; i < plates.size(); ++i) {
+        shown.push_back(&LabelOf(i));
+        shown[i]->Show(plates[i], BoxOf(plates[i]), static_cast<int>(i) == pages_.Marked(), look);
+    }
+    ShareTextSizes(shown);
     for (std::size_t i = plates.size(); i < labels_.size(); ++i) {
         labels_[i]->setObjectName({});
         labels_[i]->hide();

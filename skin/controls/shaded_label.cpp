@@ -70,6 +70,12 @@ void ShadedLabel::SetMargin(int margin) {
     update();
 }
 
+void ShadedLabel::SetLargest(int pixels) {
+    if (pixels == largest_) return;
+    largest_ = pixels;
+    update();
+}
+
 void ShadedLabel::SetElide(Qt::TextElideMode mode) {
     elide_ = mode;
     update();
@@ -88,9 +94,17 @@ void ShadedLabel::paintEvent(QPaintEvent*) {
         painter.setBrush(ground_);
         painter.drawRoundedRect(face, radius_, radius_);
     }
-    const int side = std::max(radius_, margin_);
-    const QRect box = face.adjusted(side, 0, -side, 0);
-    wrap_ ? DrawWrapped(painter, box) : DrawLines(painter, box);
+    wrap_ ? DrawWrapped(painter, TextBox()) : DrawLines(painter, TextBox());
+}
+
+// A text in the middle does not reach into the round corners.
+QRect ShadedLabel::TextBox() const {
+    const int side = std::max(radius_ / 2, margin_);
+    return Face().adjusted(side, 0, -side, 0);
+}
+
+int ShadedLabel::FittingSize() const {
+    return FittingFont(font_, ToQString(text_), TextBox().size(), Flags(), smallest_).pixelSize();
 }
 
 void ShadedLabel::DrawTwice(QPainter& painter, int pixelSize,
@@ -104,7 +118,10 @@ void ShadedLabel::DrawTwice(QPainter& painter, int pixelSize,
 
 void ShadedLabel::DrawWrapped(QPainter& painter, const QRect& box) const {
     const QString text = ToQString(text_);
-    painter.setFont(FittingFont(font_, text, box.size(), Flags(), smallest_));
+    QFont font = font_;
+    if (largest_ > 0) font.setPixelSize(std::min(font.pixelSize(), largest_));
+    const double smallest = smallest_ * font_.pixelSize() / font.pixelSize();
+    painter.setFont(FittingFont(font, text, box.size(), Flags(), smallest));
     DrawTwice(painter, painter.font().pixelSize(),
               [&](QPoint offset) { painter.drawText(box.translated(offset), Flags(), text); });
 }

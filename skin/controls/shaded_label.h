@@ -34,6 +34,11 @@ class ShadedLabel : public QWidget {
     /// Makes the font as small as the label's width and height need, to `smallest` of its size; of
     /// lines that are not wrapped each by itself.
     void SetShrink(double smallest);
+    /// No text is larger than that, pixels, so that labels side by side look alike; 0: as large as
+    /// it fits.
+    void SetLargest(int pixels);
+    /// The size of a wrapped text without such a limit, pixels.
+    int FittingSize() const;
     /// Where in the label it is drawn, ground and text; all of it is touched. An empty one: all.
     void SetFace(const QRect& face);
     QRect Face() const { return face_.isEmpty() ? rect() : face_; }
@@ -55,6 +60,7 @@ class ShadedLabel : public QWidget {
 
   private:
     int Flags() const;
+    QRect TextBox() const;
     /// The text's shadow, where it has one, and the text.
     void DrawTwice(QPainter& painter, int pixelSize,
                    const std::function<void(QPoint offset)>& draw) const;
@@ -70,7 +76,7 @@ class ShadedLabel : public QWidget {
     Qt::TextElideMode elide_ = Qt::ElideRight;
     QRect face_;
     double smallest_ = 1;
-    int radius_ = 0, margin_ = 0;
+    int radius_ = 0, margin_ = 0, largest_ = 0;
     bool wrap_ = false;
     bool pressed_ = false;
 };

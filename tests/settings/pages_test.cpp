@@ -117,7 +117,8 @@ TEST_F(PagesTest, ThePlatesLieInLinesOnSheets) {
     const auto plates = pages.Plates();
     ASSERT_EQ(plates.size(), 2u + 4u + 2u);
     const auto place = [&](std::size_t i) {
-        return std::tuple(plates[i].line, plates[i].left, plates[i].width);
+        const int parts = ColumnParts;
+        return std::tuple(plates[i].line, plates[i].left / parts, plates[i].width / parts);
     };
     EXPECT_EQ(place(2), std::tuple(1, 0, 12));
     EXPECT_EQ(place(3), std::tuple(1, 12, 6));
