@@ -27,14 +27,13 @@ void SavedState::NotStarted() {
 
 void SavedState::Started(std::int32_t position) {
     loading_ = false;
-    WriteList();
-    WriteProgress({n_.audio.CurrentTrack, position});
+    wanted_.reset();
+    WriteAll(Progress{n_.audio.CurrentTrack, position});
     timer_->Start(SaveEveryMs);
 }
 
 void SavedState::StartedLate() {
-    WriteList();
-    if (wanted_) Write(*wanted_);
+    WriteAll(wanted_);
 }
 
 void SavedState::Stop() {
@@ -71,30 +70,32 @@ std::optional<SavedState::Progress> SavedState::Now() {
     return wanted_ ? wanted_ : written_;
 }
 
-// Track and position are one replacement of the file: whenever the power fails, they belong
-// together.
 void SavedState::WriteProgress(const Progress& progress) {
     wanted_.reset();
-    Write(progress);
-}
-
-void SavedState::Write(const Progress& progress) {
     if (written_ == progress) return;
-    n_.settings.Write({{setting::CurrentPosition, static_cast<double>(progress.position)},
-                       {setting::CurrentTrack, progress.track}});
+    n_.settings.Write(ChangesTo(progress));
     written_ = progress;
 }
 
-void SavedState::WriteList() {
-    n_.settings.Write({{setting::currentplaylist, n_.audio.ListFile},
-                       {setting::AudioVolumeSerial, n_.audio.VolumeSerial}});
+// List, track and position are one replacement of the file: whenever the power fails, they belong
+// together.
+void SavedState::WriteAll(const std::optional<Progress>& progress) {
+    auto changes = progress ? ChangesTo(*progress) : std::vector<SettingChange>();
+    changes.emplace_back(setting::currentplaylist, n_.audio.ListFile);
+    changes.emplace_back(setting::AudioVolumeSerial, n_.audio.VolumeSerial);
+    n_.settings.Write(changes);
+    written_ = progress;
+}
+
+std::vector<SettingChange> SavedState::ChangesTo(const Progress& progress) {
+    return {{setting::CurrentPosition, static_cast<double>(progress.position)},
+            {setting::CurrentTrack, progress.track}};
 }
 
 void SavedState::SaveAll() {
     const auto progress = Now();
-    written_.reset();
-    if (progress) WriteProgress(*progress);
-    WriteList();
+    if (progress) wanted_.reset();
+    WriteAll(progress);
     n_.settings.ini().WriteINI(n_.settings.File("winamp.ini"), "winamp", "Shuffle",
                                n_.audio.bShuffle ? "1" : "0");
 }

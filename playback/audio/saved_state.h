@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <vector>
 
 namespace vk {
 
@@ -55,8 +56,8 @@ class SavedState {
     std::optional<Progress> Asked();
     std::optional<Progress> Now();
     void WriteProgress(const Progress& progress);
-    void Write(const Progress& progress);
-    void WriteList();
+    void WriteAll(const std::optional<Progress>& progress);
+    static std::vector<SettingChange> ChangesTo(const Progress& progress);
 
     Needs n_;
     std::unique_ptr<Timer> timer_;

@@ -121,7 +121,7 @@ TEST_F(SavedStateTest, SavesAllOfItOnLeavingAndMeanwhileOnlyWhatHasChanged) {
     EXPECT_TRUE(Logged("form unloaded by administrative request - os shutdown"));
 }
 
-TEST_F(SavedStateTest, TrackAndPositionAreNeverOnTheDiskWithoutEachOther) {
+TEST_F(SavedStateTest, ListTrackAndPositionAreNeverOnTheDiskWithoutEachOther) {
     struct Writer : DirectFileWriter {
         std::uint64_t Replace(const std::string& path, std::string contents) override {
             ++replaced;
@@ -133,11 +133,12 @@ TEST_F(SavedStateTest, TrackAndPositionAreNeverOnTheDiskWithoutEachOther) {
     SettingsStore store{app.Path(), counted};
     const PositionClock position{winamp, clock, state.InSuspend};
     SavedState saved({audio, winamp, store, clock, position});
+    audio.ListFile = "a list";
     saved.Started(33);
-    writer.replaced = 0;
+    EXPECT_EQ(writer.replaced, 1);
     audio.CurrentTrack = 4;
     saved.TrackChanged();
-    EXPECT_EQ(writer.replaced, 1);
+    EXPECT_EQ(writer.replaced, 2);
     EXPECT_EQ(SavedPlace(), "4 at 0");
 }
 
