@@ -43,11 +43,30 @@ TextLines::TextLines(const QString& text, const QFont& font, QSize box, double s
         const double wide = QFontMetricsF(font).horizontalAdvance(line);
         if (wide > box.width()) Scale(lines_.back().font, box.width() / wide, least);
     }
+    if (lines_.size() == 1 && !Fit(box)) BreakAtABlank(box);
     if (const int tall = Height(); tall > box.height())
         for (Line& line : lines_)
             Scale(line.font, static_cast<double>(box.height()) / tall, SmallestSize);
     for (Line& line : lines_)
         line.text = QFontMetricsF(line.font).elidedText(line.text, elide, box.width());
+}
+
+bool TextLines::Fit(QSize box) const {
+    return Height() <= box.height() && std::ranges::all_of(lines_, [&](const Line& line) {
+               return QFontMetricsF(line.font).horizontalAdvance(line.text) <= box.width();
+           });
+}
+
+// In two lines all of it can be read, or it stays one that is cut.
+void TextLines::BreakAtABlank(QSize box) {
+    const Line whole = lines_.front();
+    const QString& text = whole.text;
+    for (auto at = text.lastIndexOf(QLatin1Char(' ')); at > 0;
+         at = text.lastIndexOf(QLatin1Char(' '), at - 1)) {
+        lines_ = {{text.left(at), whole.font}, {text.mid(at + 1), whole.font}};
+        if (Fit(box)) return;
+    }
+    lines_ = {whole};
 }
 
 int TextLines::Height() const {

@@ -16,8 +16,8 @@ namespace vk {
 class TextLines {
   public:
     /// Lines are separated by "\n", and where they do not fit side by side by four blanks, as date
-    /// and time; no font gets smaller than `smallest` of its size, but where not
-    /// even that leaves room in the box's height.
+    /// and time, or else by any blank if that shows all of the text. No font gets smaller than
+    /// `smallest` of its size, but where not even that leaves room in the box's height.
     TextLines(const QString& text, const QFont& font, QSize box, double smallest,
               Qt::TextElideMode elide);
     /// Draws them in the middle of the box's height.
@@ -31,6 +31,8 @@ class TextLines {
         QFont font;
     };
     int Height() const;
+    bool Fit(QSize box) const;
+    void BreakAtABlank(QSize box);
 
     std::vector<Line> lines_;
 };

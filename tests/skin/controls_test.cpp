@@ -227,6 +227,10 @@ TEST_F(ControlsTest, ALabelCutsWrapsShrinksAndStandsOnItsGround) {
         label.SetText("/media/disc/Music/Somebody/An Album/Two.mp3");
         EXPECT_EQ(Drawn(label) != one, middle) << "cut in its middle it keeps the file's name";
     }
+    const auto above = [&] { return Count(Drawn(label).copy(0, 0, 200, 14), Ground); };
+    EXPECT_EQ(above(), 200 * 14);
+    label.SetText("First play an audio file");
+    EXPECT_LT(above(), 200 * 14) << "two lines show all of it";
 }
 
 TEST_F(ControlsTest, TheLoadingBarFollowsTheStart) {
