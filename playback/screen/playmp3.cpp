@@ -340,6 +340,7 @@ void playmp3::SetButton(PlayerButton button, const std::string& picture) {
 }
 
 void playmp3::ShowAtFront() {
+    ShowUpperBar(false); // it lay over what was there before
     show();
     raise();
     UCListBox_.ReDrawList();

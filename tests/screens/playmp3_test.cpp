@@ -96,6 +96,9 @@ TEST_F(Playmp3Test, OffersInTheUpperBarWhatIsNeededLeastOrHasNoRoomBelow) {
         Touch(name);
     EXPECT_GT(List().model().iSelected, 2);
     EXPECT_TRUE(sound.loudness.Fading());
+    EXPECT_TRUE(Named("TSMuteBtn")->isVisible());
+    screen->player().ReDisplay();
+    EXPECT_FALSE(Named("TSMuteBtn")->isVisible()) << "entered anew";
 }
 
 TEST_F(Playmp3Test, KeysReachEveryButtonAndWorkItAsAFinger) {
