@@ -54,7 +54,8 @@ bool FileSource::SwitchTo() {
 // Shuffle is shown before anything can save it.
 void FileSource::Enter() {
     if (FileLength(audio_.ListFile) > 0) c_.shuffle.Show();
-    if (audio_.bStartPlaying || audio_.ListFile != shownList_) LoadPlaylist();
+    const bool shown = audio_.ListFile == shownList_ && c_.rows.Count() > 0;
+    if (audio_.bStartPlaying || !shown) LoadPlaylist();
 }
 
 void FileSource::GiveWay() {

@@ -126,8 +126,9 @@ bool TrackRows::Rename(std::int32_t index, const std::string& title) {
 }
 
 void TrackRows::Select(std::int32_t index) {
-    if (index < 0 || index >= Count()) return;
-    list_.iHighlight = index;
+    const bool there = index >= 0 && index < Count();
+    list_.iHighlight = there ? index : -1;
+    if (!there) return;
     list_.SelectItem(index);
     ReadTagsOnPage();
 }

@@ -38,6 +38,8 @@ void TunerSource::Begin(bool switches) {
 Waited TunerSource::StartShown() {
     PlayerView& view = c_.view;
     c_.cover.Hide();
+    c_.rows.LoadStations({}, 0); // those of before are not its own
+    view.ReDrawList();
     view.ShowArtist("");
     view.ShowTitle("");
     view.ShowBitRate("");

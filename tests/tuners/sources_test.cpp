@@ -1,6 +1,7 @@
 // Both tuners as sources of the player, over simulated devices.
 #include "core/text.h"
 #include "playback/audio/source_table.h"
+#include "playback/player_watch.h"
 #include "playback/tuner_choice.h"
 #include "tests/playback/audio_fixture.h"
 #include "tests/sim/xm/sim_receiver.h"
@@ -118,6 +119,7 @@ TEST_F(TunersTest, OneButtonGoesThroughAllSourcesAndResumesTheMusic) {
     clock.onEvents = [&] {
         waiting = view.loading;
         EXPECT_EQ(audio.PlayMode, PlayFM);
+        EXPECT_EQ(list.ItemCount(), 0);
         Press(); // again while it starts
     };
     Press();
@@ -171,6 +173,7 @@ TEST_F(TunersTest, FMIsTunedByStepsSeeksAndPresets) {
     EXPECT_EQ(Row(0) + Row(1), "Radio One - |95.199.9|");
     player().runok();
     EXPECT_EQ(view.artist + ", " + view.title, "FM 95.10 MHz, Radio One");
+    EXPECT_EQ(list.iHighlight, 0);
     player().AddToFavorites(); // it is one
     clock.Advance(2000);
     view.FinishCover();
@@ -179,6 +182,7 @@ TEST_F(TunersTest, FMIsTunedByStepsSeeksAndPresets) {
     player().MoveAhead();
     clock.Advance(600);
     EXPECT_EQ(view.artist, "FM 95.50 MHz");
+    EXPECT_EQ(list.iHighlight, -1) << "no preset";
     player().buttons().Press(HeldForward); // a short touch in the hold is a step
     player().buttons().Release();
     EXPECT_EQ(view.artist, "FM 95.70 MHz");
@@ -302,6 +306,15 @@ TEST_F(TunersTest, APulledReceiverEndsThePlayerAndWorksAfterTheNextChange) {
     port->present = true;
     Tuner(PlayXM);
     EXPECT_EQ(Heard(), "XM ");
+}
+
+TEST_F(TunersTest, PlayOnWithoutThePlayerProcess) {
+    Tuner(PlayFM);
+    PlayerWatch watch({base, process.wire, winamp, player()});
+    process.wire.running = process.wire.canStart = false;
+    for (int look = 0; look < 3; ++look)
+        watch.Look(), clock.Advance(400);
+    EXPECT_EQ(Heard(), "FM ");
 }
 
 TEST_F(TunersTest, AChannelFromTheBrowserReplacesTheMusic) {

@@ -92,7 +92,7 @@ void FMSource::UpdateScreen() {
     const Preset* tuned = Tuned();
     c_.view.ShowArtist(Station());
     c_.view.ShowTitle(tuned ? tuned->label : "");
-    if (tuned) c_.rows.Select(static_cast<std::int32_t>(tuned - presets_.data()));
+    c_.rows.Select(tuned ? static_cast<std::int32_t>(tuned - presets_.data()) : -1);
     c_.view.ReDrawList();
 }
 
