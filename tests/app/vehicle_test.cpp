@@ -299,6 +299,18 @@ TEST_F(VehicleTest, TheIgnitionPausesFromEverywhereAndEndsTheMachineAfterItsDela
     Pass(61'000);
     ASSERT_EQ(power.wishes, std::vector{PowerWish::PowerOff});
     EXPECT_EQ(exits, 0) << "the machine has not agreed yet";
+    onEvents = [this] {
+        if (host().dialogs.Active()) Key(Qt::Key_Return);
+    };
+    const auto refuse = [this](int times) {
+        const int before = host().dialogs.Changes();
+        for (int i = 0; i < times; ++i)
+            power.Reply("busy"), Pass(61'000); // in which it is asked again
+        return (host().dialogs.Changes() - before) / 2;
+    };
+    EXPECT_EQ(refuse(3), 1) << "once until the key is turned";
+    serial->SetCarrier(true), Pass(1000), serial->SetCarrier(false);
+    EXPECT_EQ(refuse(3), 1);
     power.Reply("");
     Pass(100);
     EXPECT_EQ(exits, 1);

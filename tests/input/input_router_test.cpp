@@ -94,23 +94,27 @@ TEST_F(InputRouterTest, EveryActionIsReadFromBothFilesAndWritten) {
         EXPECT_TRUE(WriteKey(ini, settings.File("kb.ini"), names.action, names.key));
         EXPECT_TRUE(WriteRemoteKey(ini, settings.File("keys.ini"), names.action, names.remote));
     }
+    std::string goOn;
     for (const ActionNames& names : Actions) {
         EXPECT_EQ(&NamesOf(names.action), &names);
-        EXPECT_EQ(ReadKeyMap(ini, settings.File("kb.ini"))[names.action], names.key);
+        const KeyMap written = ReadKeyMap(ini, settings.File("kb.ini"));
+        EXPECT_EQ(written[names.action], names.key);
+        if (GoesOnWhileHeld(InputCode(names.key, written))) goOn.append(names.caption).append(", ");
         EXPECT_EQ(ReadRemoteMap(ini, settings.File("keys.ini"))[names.action], names.remote);
     }
+    EXPECT_EQ(goOn, "Volume up, Volume down, Forward, Back, Up, Down, Page up, Page down, "
+                    "Fast forward, Rewind, ");
 }
 
 TEST_F(InputRouterTest, ATableIsComparedInOrderAndFixedKeysBeforeWhatIsNoMovement) {
-    constexpr ActionRow<RecordingScreen> rows[] = {{Action::forward, &RecordingScreen::MoveAhead},
-                                                   {Action::vup, &RecordingScreen::VolUp},
-                                                   {Action::quit, &RecordingScreen::doquit},
-                                                   {Action::ok, &RecordingScreen::runok},
-                                                   {Action::up, &RecordingScreen::MoveUp}};
+    constexpr ActionRow<RecordingScreen> rows[] = {
+        {Action::down, &RecordingScreen::MoveDown}, {Action::forward, &RecordingScreen::MoveAhead},
+        {Action::vup, &RecordingScreen::VolUp},     {Action::quit, &RecordingScreen::doquit},
+        {Action::ok, &RecordingScreen::runok},      {Action::up, &RecordingScreen::MoveUp}};
     keys[Action::up] = "40"; // arrows may change their places
     keys[Action::ok] = "38"; // but nothing else may take one,
     keys[Action::vup] = "39";
-    keys[Action::quit] = "13"; // nor Enter
+    keys[Action::quit] = keys[Action::down] = "13"; // nor Enter
     remoteKeys[Action::vup] = "out";
     const std::tuple<std::string, bool, const char*> cases[] = {
         {"13", false, "runok"},   {"27", false, "doquit"},    {"38", false, "MoveUp"},

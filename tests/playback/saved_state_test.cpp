@@ -92,11 +92,13 @@ TEST_F(SavedStateTest, AListThatStartsAfterAHundredPollsIsShownAndDoesNotForgetI
     EXPECT_TRUE(Logged("Winamp did not respond to play request in playmp3 form load"));
     EXPECT_EQ(view.title, "");
     settings.Write("audio_player", "VolumeSerial", "77"); // of the list before
+    settings.Write("audio_player", "CurrentTrack", "8");
     process.status = 1;
     clock.Advance(1100);
     EXPECT_EQ(view.title, "Song4");
     EXPECT_EQ(Saved("VolumeSerial"), std::to_string(audio.VolumeSerial));
     EXPECT_EQ(process.Count(106), 0) << "no seek any more";
+    EXPECT_EQ(SavedPlace(), "3 at 33");
     PlayTo(32);
     EXPECT_EQ(SavedPlace(), "3 at 33");
     PlayTo(48);
