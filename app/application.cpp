@@ -17,6 +17,10 @@ Application::Application(const Folders& folders, const Ports& ports, std::functi
     host_.window.onClose = [this] { Quit(false); };
     rooms_.settings.finishStart = [this] { start_.FinishExecution(); };
     rooms_.settings.reloadScreens = [this] { start_.ReloadScreens(); };
+    rooms_.settings.resize = [this] {
+        start_.GetResolutions();
+        host_.screens.LayOut();
+    };
 }
 
 Application::~Application() {

@@ -1,17 +1,10 @@
 // What every press waits for: from a key to the painted picture, in the whole application, on each
 // of its screens.
-#include "app/application.h"
-#include "app/linux/linux_ports.h"
-#include "bench/song_folder.h"
-#include "tests/support/fake_card.h"
-
-#include <QApplication>
-#include <QKeyEvent>
+#include "bench/running.h"
 
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
-#include <chrono>
 #include <cstdlib>
 #include <vector>
 
@@ -20,75 +13,12 @@ namespace {
 
 constexpr int Files = 2000;
 constexpr int Presses = 1000;
-constexpr double LimitMs = 16;                               ///< at the 99th percentile
-constexpr auto SettleTime = std::chrono::milliseconds(1000); ///< a new screen is deaf at first
-
-using SteadyClock = std::chrono::steady_clock;
-
-/// Tells when the window was painted.
-class PaintWatch : public QObject {
-  public:
-    bool painted = false;
-
-  protected:
-    bool eventFilter(QObject*, QEvent* event) override {
-        painted |= event->type() == QEvent::Paint;
-        return false;
-    }
-};
-
-/// The application with a folder of songs and a sound card.
-class Running {
-  public:
-    Running() {
-        qApp->installEventFilter(&watch_);
-        ports_ = std::make_unique<LinuxPorts>(folder_.dir.Path());
-        app_ = std::make_unique<Application>(folder_.dir.Path(), ports_->ports(), [] {});
-        started = folder_.ready && app_->Start();
-        Run(SettleTime);
-    }
-    /// Milliseconds from the press to the end of the painting that follows; -1 without one.
-    double Press(int key) {
-        QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
-        QKeyEvent release(QEvent::KeyRelease, key, Qt::NoModifier);
-        watch_.painted = false;
-        const auto begin = SteadyClock::now();
-        for (QKeyEvent* event : {&press, &release})
-            QCoreApplication::sendEvent(QApplication::focusWidget(), event);
-        while (!watch_.painted && SteadyClock::now() - begin < std::chrono::seconds(1))
-            QCoreApplication::processEvents();
-        const std::chrono::duration<double, std::milli> time = SteadyClock::now() - begin;
-        return watch_.painted ? time.count() : -1;
-    }
-    void Go(std::initializer_list<int> keys) {
-        for (const int key : keys) {
-            Press(key);
-            Run(SettleTime);
-        }
-    }
-    /// The name of the screen in front; of a dialog when one lies over it.
-    std::string Front() {
-        return app_->host().dialogs.Active() ? "a dialog" : app_->host().screens.CurrentForm.Text();
-    }
-    static void Run(std::chrono::milliseconds time) {
-        for (const auto end = SteadyClock::now() + time; SteadyClock::now() < end;)
-            QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
-    }
-
-    bool started = false;
-
-  private:
-    FakeCard card_{{"Master Playback", "PCM Playback"}};
-    SongFolder folder_{Files};
-    PaintWatch watch_;
-    std::unique_ptr<LinuxPorts> ports_;
-    std::unique_ptr<Application> app_;
-};
+constexpr double LimitMs = 16; ///< at the 99th percentile
 
 /// `way` leads from the menu to the screen of that name; `there` and `back` move its cursor.
 void KeyToPaint(benchmark::State& state, std::vector<int> way, const std::string& screen,
                 int there = Qt::Key_Down, int back = Qt::Key_Up) {
-    Running running;
+    Running running(Files);
     if (!running.started) return state.SkipWithError("the application did not start");
     for (const int key : way)
         running.Go({key});

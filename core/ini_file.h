@@ -95,6 +95,8 @@ class Ini {
     std::int16_t WriteKeys(const std::string& file, const std::vector<IniKey>& keys);
     bool DeleteSection(const std::string& file, std::string_view section);
     bool DeleteKey(const std::string& file, std::string_view section, std::string_view key);
+    /// The whole file as it counts now, whether it is on the disk already or not.
+    std::string Contents(const std::string& file) { return Look(file).document.Contents(); }
     /// Takes `contents` for those of a file that cannot be written.
     void Assume(const std::string& file, std::string_view contents);
     /// Waits until everything that was written is on the disk.

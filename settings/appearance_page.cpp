@@ -8,6 +8,8 @@ namespace vk {
 
 namespace {
 
+constexpr int PreviewLines = 3; // of the page
+
 // A picture of each skin, its name, and what it is used for.
 Row SkinRow(SettingsStore& store, const SkinAbout& skin) {
     const auto choose = [&store, file = skin.file](const Setting<std::string>& setting) {
@@ -41,23 +43,26 @@ Row Then(Row row, const std::function<void()>& after) {
 
 } // namespace
 
-Page AppearancePage(SettingsStore& store, std::function<void()> skinChanged) {
+Page AppearancePage(SettingsStore& store, std::function<void()> skinChanged,
+                    std::function<const PagePicture&()> preview) {
     std::vector<Row> rows;
     for (const SkinAbout& skin : SkinsIn(store.Shipped("skins")))
         rows.push_back(Then(SkinRow(store, skin), skinChanged));
-    if (!rows.empty()) rows.front().sheet = "Skins";
-    Row day = Then(TimeRow(store, setting::Time1), skinChanged);
-    day.sheet = "Looks";
+    for (const auto* time : {&setting::Time1, &setting::Time2})
+        rows.push_back(Then(TimeRow(store, *time), skinChanged));
+    rows.front().sheet = "Skins";
+    Row picture = PictureRow(std::move(preview), Row::Half, PreviewLines);
+    picture.sheet = "Looks";
     for (Row row :
-         {std::move(day), Then(TimeRow(store, setting::Time2), skinChanged),
-          StepperRow(store, setting::ListSpacing), ToggleRow(store, setting::numberedList),
-          ToggleRow(store, setting::ShowSelBar), ToggleRow(store, setting::hideDupeArtist),
-          ToggleRow(store, setting::ShowClock), ToggleRow(store, setting::CleanMenu),
-          ToggleRow(store, setting::UseScaling), ToggleRow(store, setting::hidemouse),
-          ToggleRow(store, setting::UseAnimation), ToggleRow(store, setting::MovShowBar),
-          ToggleRow(store, setting::SortByFilename), ToggleRow(store, setting::ExtendedTags),
-          ToggleRow(store, setting::DoResume), ToggleRow(store, setting::safevolume),
-          StepperRow(store, setting::safevol_value), StepperRow(store, setting::mutespeed)})
+         {std::move(picture), StepperRow(store, setting::ListSpacing),
+          ToggleRow(store, setting::ShowSelBar), ToggleRow(store, setting::ShowClock),
+          ToggleRow(store, setting::CleanMenu), ToggleRow(store, setting::UseScaling),
+          ToggleRow(store, setting::numberedList), ToggleRow(store, setting::hideDupeArtist),
+          ToggleRow(store, setting::hidemouse), ToggleRow(store, setting::UseAnimation),
+          ToggleRow(store, setting::MovShowBar), ToggleRow(store, setting::SortByFilename),
+          ToggleRow(store, setting::ExtendedTags), ToggleRow(store, setting::DoResume),
+          ToggleRow(store, setting::safevolume), StepperRow(store, setting::safevol_value),
+          StepperRow(store, setting::mutespeed)})
         rows.push_back(std::move(row));
     return {
         .name = "settingsAppearance", .tab = "Appearance", .rows = std::move(rows), .heading = [] {

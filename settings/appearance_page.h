@@ -7,7 +7,9 @@
 
 namespace vk {
 
-/// `skinChanged` is told when another skin may have to be shown now.
-Page AppearancePage(SettingsStore& store, std::function<void()> skinChanged);
+/// `skinChanged` is told when another skin may have to be shown now; `preview` shows what the rows
+/// beside it change.
+Page AppearancePage(SettingsStore& store, std::function<void()> skinChanged,
+                    std::function<const PagePicture&()> preview);
 
 } // namespace vk

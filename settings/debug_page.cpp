@@ -1,20 +1,19 @@
 #include "settings/debug_page.h"
 
-#include "core/text.h"
 #include "platform/copy_file.h"
 #include "platform/files.h"
 #include "platform/paths.h"
-#include "platform/random_file.h"
 
-#include <algorithm>
 #include <cstdio>
+#include <mutex>
+#include <thread>
+#include <utility>
+#include <vector>
 
 namespace vk {
 
 namespace {
 
-constexpr std::uint64_t ReadFromEnd = 4096; // bytes
-constexpr std::size_t LinesShown = 6, CharactersShown = 90;
 constexpr int LogLines = 3; // of the page
 
 std::string FolderName(const DateTime& now) {
@@ -26,70 +25,98 @@ std::string FolderName(const DateTime& now) {
 
 } // namespace
 
-// It is asked with each drawing, and read when it has grown.
-const std::string& DebugPage::LogEnd() {
-    const FileStamp now = StampOf(base_.log.FileName());
-    if (end_.empty() || !now.settled || !now.SameAs(read_)) end_ = ReadEnd();
-    read_ = now;
-    return end_;
-}
+/// What the two threads share.
+struct DebugPage::Copy {
+    std::string log, folder, settingsName, settings; ///< the last as a whole file
+    std::mutex mutex;
+    std::optional<std::string> told; ///< how it came out, under the mutex
 
-std::string DebugPage::ReadEnd() const {
-    const RandomFile log(base_.log.FileName());
-    if (!log.IsOpen()) return "The log is empty";
-    std::string text(std::min(log.Length(), ReadFromEnd), '\0');
-    text.resize(log.ReadAt(log.Length() - text.size(), text.data(), text.size()));
-    std::vector<std::string> lines = Split(ReplaceAll(Trim(ToUtf8(text)), "\r", ""), '\n');
-    if (lines.size() > LinesShown)
-        lines.erase(lines.begin(), lines.end() - static_cast<std::ptrdiff_t>(LinesShown));
-    for (std::string& line : lines)
-        line = Left(line, CharactersShown);
-    return Join(lines, "\n");
-}
+    std::string Made() const {
+        if (!FolderExists(folder) && !MakeFolder(folder)) return "Could not be written: " + folder;
+        const CopyOutcome copied = CopyInPieces(log, JoinPath(folder, FileNameOf(log)),
+                                                [](std::uint64_t, std::uint64_t) { return true; });
+        if (copied.kind != CopyOutcome::Done)
+            return "Could not be copied: " + log + "\n" + copied.reason;
+        std::string reason;
+        if (!ReplaceFile(JoinPath(folder, settingsName), settings, &reason))
+            return "Could not be copied: " + settingsName + "\n" + reason;
+        return FlushFile(folder) ? "Copied to " + folder : "Could not be written: " + folder;
+    }
+    void Work() {
+        std::string outcome = Made();
+        const std::lock_guard lock(mutex);
+        told = std::move(outcome);
+    }
+    std::optional<std::string> Outcome() {
+        const std::lock_guard lock(mutex);
+        return told;
+    }
+};
 
 void DebugPage::btnClearLog_Click() {
     base_.log.MakeLogFile();
     told_ = "The log is cleared";
 }
 
+std::optional<std::string> DebugPage::ChosenDrive() {
+    std::vector<std::string> roots, captions;
+    for (const Drive& drive : base_.volumes.Drives()) {
+        if (drive.type != DriveType::Removable || !base_.volumes.IsReady(drive.root)) continue;
+        roots.push_back(drive.root);
+        captions.push_back(base_.volumes.Label(drive.root) + "  " + drive.root);
+    }
+    if (roots.empty()) told_ = "There is no removable drive";
+    if (roots.size() < 2) return roots.empty() ? std::nullopt : std::optional(roots.front());
+    const auto chosen = base_.dialogs.Choose("Copy to", captions, 0);
+    return chosen ? std::optional(roots[static_cast<std::size_t>(*chosen)]) : std::nullopt;
+}
+
 void DebugPage::CopyToDrive() {
-    const std::vector<Drive> drives = base_.volumes.Drives();
-    const auto drive = std::ranges::find_if(drives, [this](const Drive& each) {
-        return each.type == DriveType::Removable && base_.volumes.IsReady(each.root);
-    });
-    if (drive == drives.end()) {
-        told_ = "There is no removable drive";
-        return;
+    if (copy_) return;
+    const auto drive = ChosenDrive();
+    if (!drive) return;
+    const std::string settings = base_.settings.SettingsFile();
+    copy_ = std::make_shared<Copy>();
+    copy_->log = base_.log.FileName();
+    copy_->folder = JoinPath(*drive, FolderName(base_.clock.Now()));
+    copy_->settingsName = FileNameOf(settings);
+    copy_->settings = base_.settings.ini().Contents(settings);
+    told_ = "Copying to " + copy_->folder + " ...";
+    std::thread([copy = copy_] { copy->Work(); }).detach();
+}
+
+// Looked at with each drawing.
+std::string DebugPage::Told() {
+    if (const auto outcome = copy_ ? copy_->Outcome() : std::nullopt) {
+        told_ = *outcome;
+        copy_.reset();
     }
-    base_.settings.Finish();
-    const std::string folder = JoinPath(drive->root, FolderName(base_.clock.Now()));
-    told_ = "Copied to " + folder;
-    if (!MakeFolder(folder)) told_ = "Could not be written: " + folder;
-    Work work(base_.pump, "copying the log");
-    for (const std::string& file : {base_.log.FileName(), base_.settings.SettingsFile()}) {
-        const CopyOutcome copied =
-            CopyInPieces(file, JoinPath(folder, FileNameOf(file)),
-                         [&](std::uint64_t, std::uint64_t) { return work.Pulse(); });
-        if (copied.kind != CopyOutcome::Done)
-            told_ = "Could not be copied: " + file + "\n" + copied.reason;
-    }
-    FlushFile(folder);
+    return told_.empty() ? base_.log.FileName() : told_;
 }
 
 Page DebugPage::Describe() {
-    Row log = ProgressRow([this] { return LogEnd(); });
+    Row log = ProgressRow([this] { return log_.Text(); });
     log.lines = LogLines;
-    return {
-        .name = "settingsDebug",
-        .tab = "Debug",
-        .rows = {log,
-                 ButtonRow(
-                     "Clear the log", [this] { btnClearLog_Click(); }, Row::Half, "btnClearLog"),
-                 ButtonRow(
-                     "Copy to a removable drive", [this] { CopyToDrive(); }, Row::Half,
-                     "btnCopyLog")},
-        .heading = [this] { return told_.empty() ? base_.log.FileName() : told_; },
-        .leave = [this] { told_.clear(); }};
+    log.isLog = true;
+    const auto button = [](const char* caption, std::function<void()> use, const char* name) {
+        return ButtonRow(caption, std::move(use), Row::Quarter, name);
+    };
+    return {.name = "settingsDebug",
+            .tab = "Debug",
+            .rows = {log,
+                     button(
+                         "Older lines", [this] { log_.Older(); }, "btnOlder"),
+                     button(
+                         "Newer lines", [this] { log_.Newer(); }, "btnNewer"),
+                     button(
+                         "Clear the log", [this] { btnClearLog_Click(); }, "btnClearLog"),
+                     button(
+                         "Copy to a drive", [this] { CopyToDrive(); }, "btnCopyLog")},
+            .heading = [this] { return Told(); },
+            .leave =
+                [this] {
+                    if (!copy_) told_.clear();
+                }};
 }
 
 } // namespace vk

@@ -2,9 +2,11 @@
 #pragma once
 
 #include "core/base.h"
-#include "platform/file_state.h"
+#include "settings/log_view.h"
 #include "settings/pages/page.h"
 
+#include <memory>
+#include <optional>
 #include <string>
 
 namespace vk {
@@ -12,23 +14,24 @@ namespace vk {
 class DebugPage {
   public:
     /// `base` outlives this object.
-    explicit DebugPage(Base& base) : base_(base) {}
+    explicit DebugPage(Base& base) : base_(base), log_(base.log.FileName()) {}
 
     /// The page may be asked as long as this object lives.
     Page Describe();
     void btnClearLog_Click();
-    /// Copies log and settings, and nothing else of the user's, to the first removable drive, into
-    /// a folder named after the moment.
+    /// Copies log and settings, and nothing else of the user's, to a removable drive, into a folder
+    /// named after the moment. A thread of its own waits for the drive, however slow that is.
     void CopyToDrive();
 
   private:
-    const std::string& LogEnd();
-    std::string ReadEnd() const;
+    struct Copy;
+    std::optional<std::string> ChosenDrive();
+    std::string Told();
 
     Base& base_;
-    FileStamp read_;   ///< of the log when `end_` was read
-    std::string end_;  ///< its last lines
-    std::string told_; ///< how the last press came out
+    LogView log_;
+    std::string told_;           ///< how the last press came out
+    std::shared_ptr<Copy> copy_; ///< that is under way; shared with its thread
 };
 
 } // namespace vk

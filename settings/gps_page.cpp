@@ -80,8 +80,8 @@ class GPSChoice {
         const auto external = WithModule(External);
         Row bare = ToggleRow(store_, setting::hideGPSTitleBar);
         bare.text = [this] {
-            return "Hide Application's Title Bar (may cause compatibility issues)\n" +
-                   std::string(store_.values.hideGPSTitleBar ? "on" : "off");
+            return OnOff("Hide Application's Title Bar (may cause compatibility issues)",
+                         store_.values.hideGPSTitleBar);
         };
         Row params = {.text = [this] { return "Parameters: " + params_; },
                       .use = [this] { AskParams(); },

@@ -5,7 +5,6 @@
 
 #include <deque>
 #include <filesystem>
-#include <utility>
 
 namespace vk {
 
@@ -53,28 +52,31 @@ bool MediaFolders::Within(const std::string& path, const std::string& folder) {
 }
 
 bool MediaFolders::ChooseMediaDir() {
-    std::string chosen;
-    for (;;) {
-        chosen = WithoutTrailingSeparator(
-            dialogs_.ChooseFolder(MediaCaption, settings_.values.MediaDir));
-        const bool folder = !chosen.empty() && !IsRoot(chosen);
-        if (folder && Suits(chosen)) break;
-        if (folder ? dialogs_.Ending() : !dialogs_.AskOkCancel(MediaRefused)) return false;
-    }
-    const bool playlistsElsewhere = !Within(settings_.values.PlaylistDir, chosen);
-    const std::string before = std::exchange(settings_.values.MediaDir, chosen);
-    if (playlistsElsewhere && !OfferPlaylists(chosen) && !ChoosePlaylistDir(false)) {
-        settings_.values.MediaDir = before;
-        return false;
-    }
+    const std::string media = AskForMedia();
+    if (media.empty()) return false;
+    std::string lists = settings_.values.PlaylistDir;
+    if (!Within(lists, media) || !FolderExists(lists)) lists = OfferedPlaylists(media);
+    if (lists.empty()) lists = AskForPlaylists(media, false);
+    if (lists.empty()) return false;
     for (const char* list : {"vk_audio.m3u", "vk_video.m3u"})
         if (FileExists(settings_.File(list))) DeleteFileAt(settings_.File(list));
-    settings_.Write({{setting::MediaDir, chosen},
-                     {setting::SyncDest, chosen},
+    settings_.Write({{setting::MediaDir, media},
+                     {setting::PlaylistDir, lists},
+                     {setting::SyncDest, media},
                      {setting::AudioVolume, 0},
                      {setting::VideoVolume, 0}});
     settings_.LoadSettings();
     return true;
+}
+
+std::string MediaFolders::AskForMedia() {
+    for (;;) {
+        const std::string chosen = WithoutTrailingSeparator(
+            dialogs_.ChooseFolder(MediaCaption, settings_.values.MediaDir));
+        const bool folder = !chosen.empty() && !IsRoot(chosen);
+        if (folder && Suits(chosen)) return chosen;
+        if (folder ? dialogs_.Ending() : !dialogs_.AskOkCancel(MediaRefused)) return {};
+    }
 }
 
 bool MediaFolders::Suits(const std::string& folder) {
@@ -88,33 +90,30 @@ bool MediaFolders::Suits(const std::string& folder) {
                              "Media directory");
 }
 
-bool MediaFolders::OfferPlaylists(const std::string& media) {
+std::string MediaFolders::OfferedPlaylists(const std::string& media) {
     const std::string folder = JoinPath(media, "Playlists");
     if (!dialogs_.AskYesNo("Your playlists need a folder of their own:\n" + folder +
                                "\nUse this one?",
                            "Playlist directory"))
-        return false;
-    if (!FolderExists(folder) && !MakeFolder(folder)) {
-        dialogs_.ShowMessage(folder + "\ncould not be made. Please choose another folder.");
-        return false;
-    }
-    settings_.Set(setting::PlaylistDir, folder);
-    return true;
+        return {};
+    if (FolderExists(folder) || MakeFolder(folder)) return folder;
+    dialogs_.ShowMessage(folder + "\ncould not be made. Please choose another folder.");
+    return {};
 }
 
-bool MediaFolders::ChoosePlaylistDir(bool mayKeep) {
+bool MediaFolders::ChoosePlaylistDir() {
+    const std::string chosen = AskForPlaylists(settings_.values.MediaDir, true);
+    if (!chosen.empty()) settings_.Set(setting::PlaylistDir, chosen);
+    return !chosen.empty();
+}
+
+std::string MediaFolders::AskForPlaylists(const std::string& media, bool mayKeep) {
     for (;;) {
-        const std::string chosen = WithoutTrailingSeparator(
-            dialogs_.ChooseFolder(PlaylistCaption, settings_.values.MediaDir));
-        if (chosen.empty() && (mayKeep || dialogs_.Ending())) return false;
-        if (chosen.empty()) {
-            dialogs_.ShowMessage(PlaylistMissing);
-        } else if (!Within(chosen, settings_.values.MediaDir)) {
-            dialogs_.ShowMessage(PlaylistOutside);
-        } else {
-            settings_.Set(setting::PlaylistDir, chosen);
-            return true;
-        }
+        const std::string chosen =
+            WithoutTrailingSeparator(dialogs_.ChooseFolder(PlaylistCaption, media));
+        if (chosen.empty() && (mayKeep || dialogs_.Ending())) return {};
+        if (!chosen.empty() && Within(chosen, media)) return chosen;
+        dialogs_.ShowMessage(chosen.empty() ? PlaylistMissing : PlaylistOutside);
     }
 }
 

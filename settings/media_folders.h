@@ -16,21 +16,23 @@ class MediaFolders {
     MediaFolders(SettingsStore& settings, Dialogs& dialogs, const MediaExtensions& extensions)
         : settings_(settings), dialogs_(dialogs), extensions_(extensions) {}
 
-    /// The media folder, and the playlist folder when the one set lies elsewhere. The running lists
-    /// are deleted, as their paths point into the old folder, and both stored volumes become 0.
-    /// False when the user cancelled, which ends the process.
+    /// The media folder, and the playlist folder when the one set lies elsewhere: both count when
+    /// the last question is answered, and not before. The running lists are deleted, as their paths
+    /// point into the old folder, and both stored volumes become 0. False when the user cancelled,
+    /// which ends the process.
     bool ChooseMediaDir();
-    /// The playlist folder, which must lie within the media folder. Asks until the answer fits;
-    /// with `mayKeep`, or when the program ends, a cancelled choice leaves the folder as it is and
-    /// gives false.
-    bool ChoosePlaylistDir(bool mayKeep);
+    /// The playlist folder, which must lie within the media folder. Asks until the answer fits; a
+    /// cancelled choice leaves the folder as it is and gives false.
+    bool ChoosePlaylistDir();
 
     /// True when `path` is `folder` or lies in it.
     static bool Within(const std::string& path, const std::string& folder);
 
   private:
+    std::string AskForMedia();
     bool Suits(const std::string& folder);
-    bool OfferPlaylists(const std::string& media);
+    std::string OfferedPlaylists(const std::string& media);
+    std::string AskForPlaylists(const std::string& media, bool mayKeep);
 
     SettingsStore& settings_;
     Dialogs& dialogs_;

@@ -30,9 +30,17 @@ void SettingsShell::ReShow() {
             view_.EnableLeaving(true, true);
         if (n_.base.screens.CurrentForm != "settings") return;
         n_.base.settings.LoadSettings();
+        TakeFirstDrive();
         ReadRemoteKeys();
         view_.ShowShell();
     });
+}
+
+// A drive that was never chosen.
+void SettingsShell::TakeFirstDrive() {
+    const auto& drives = n_.base.state.CDDrives;
+    if (Values().CDDriveLetter.empty() && !drives.empty())
+        n_.base.settings.Set(setting::CDDriveLetter, drives.front());
 }
 
 void SettingsShell::ReadRemoteKeys() {
@@ -88,7 +96,7 @@ void SettingsShell::btnmediadir_Click() {
 
 void SettingsShell::btnPlaylistDir_Click() {
     Trap(n_.base.report, "An error occured in settings.btnPlaylistDir_Click ", [&] {
-        folders_.ChoosePlaylistDir(true);
+        folders_.ChoosePlaylistDir();
         view_.ShowTexts();
     });
 }

@@ -45,6 +45,7 @@ class SettingsShell {
         std::function<void()> askPlayer;       ///< whether the player process still answers
         std::function<void()> exitApplication; ///< ends the process, nothing more is asked
         std::function<bool()> openRemote;      ///< opens the receiver of the settings
+        std::function<void()> resize;          ///< has all screens laid out for the size set
     };
     struct Needs {
         Base& base;
@@ -92,6 +93,7 @@ class SettingsShell {
     void FirstRun();
     void TakeNewerMedia();
     void TakeReceiver();
+    void TakeFirstDrive();
     void ChooseSkin();
     void ReadRemoteKeys();
     bool RefusedWhileBusy();

@@ -49,10 +49,7 @@ std::vector<Row> ShellPage::Rows() {
              .name = "bDBForceUpdate"},
             ButtonRow(
                 "Delete database", [this] { shell_.bDeleteDB_Click(); }, Row::Third, "bDeleteDB"),
-            {.text =
-                 [&s] {
-                     return setting::manualdb.caption + std::string(s.manualdb ? "\non" : "\noff");
-                 },
+            {.text = [&s] { return OnOff(setting::manualdb.caption, s.manualdb); },
              .use = [this] { shell_.chkDBManualUpdate_Click(); },
              .width = Row::Third,
              .name = "chkDBManualUpdate",

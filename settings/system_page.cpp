@@ -3,22 +3,20 @@
 #include "core/reset.h"
 #include "core/version.h"
 
-#include <array>
+#include <algorithm>
 #include <utility>
 
 namespace vk {
 
 namespace {
 
-constexpr std::int32_t Custom = 6; // of AppSize
-constexpr std::array SizeNames = {"the whole screen", "640 x 480",  "720 x 400", "800 x 400",
-                                  "800 x 600",        "1024 x 768", "custom"};
-constexpr char NextStart[] = "\ncounts at the next start";
+constexpr std::int32_t Sizes = CustomFrame + 1;
 
-Row SideRow(SettingsStore& store, const Setting<std::int32_t>& setting) {
-    Row row = StepperRow(store, setting);
-    row.usable = [&store] { return store.values.AppSize == Custom; };
-    return row;
+// On a frame beyond the display's edge the way back would be out of reach.
+bool Fits(std::int32_t size, const FrameSize& display) {
+    if (size <= 0 || size >= CustomFrame) return true;
+    const FrameSize& frame = PanelFrames[static_cast<std::size_t>(size - 1)];
+    return frame.width <= display.width && frame.height <= display.height;
 }
 
 } // namespace
@@ -103,24 +101,49 @@ Row SystemPage::DriveRow() {
     return row;
 }
 
-std::vector<Row> SystemPage::SizeRows() {
+std::string SystemPage::SizeText() const {
+    const std::int32_t size = n_.base.settings.values.AppSize;
+    if (size == CustomFrame) return "custom";
+    if (size <= 0 || size > CustomFrame) return "the whole screen";
+    const FrameSize& frame = PanelFrames[static_cast<std::size_t>(size - 1)];
+    return std::to_string(frame.width) + " x " + std::to_string(frame.height);
+}
+
+void SystemPage::StepSize(int step) {
     SettingsStore& store = n_.base.settings;
-    const auto size = [&store] {
-        const auto at = static_cast<std::size_t>(store.values.AppSize);
-        return at < SizeNames.size() ? at : 0;
-    };
-    Row sizes = StepRow(
-        [&store, size] {
-            return setting::AppSize.caption + std::string(": ") + SizeNames[size()] + NextStart;
-        },
-        [&store, size](int step) {
-            const auto count = static_cast<int>(SizeNames.size());
-            store.Set(setting::AppSize, (static_cast<int>(size()) + step + count) % count);
-        },
-        "<", ">");
-    sizes.name = setting::AppSize.name;
-    return {Changes(std::move(sizes), setting::AppSize), DriveRow(),
-            SideRow(store, setting::AppSizeCustomX), SideRow(store, setting::AppSizeCustomY)};
+    const FrameSize display = n_.display();
+    std::int32_t size = std::clamp(store.values.AppSize, 0, CustomFrame);
+    do
+        size = (size + step + Sizes) % Sizes;
+    while (!Fits(size, display));
+    store.Set(setting::AppSize, size);
+    const bool unset = store.values.AppSizeCustomX == 0 || store.values.AppSizeCustomY == 0;
+    if (size == CustomFrame && unset)
+        store.Write(
+            {{setting::AppSizeCustomX, display.width}, {setting::AppSizeCustomY, display.height}});
+    n_.resize();
+}
+
+Row SystemPage::SideRow(const Setting<std::int32_t>& setting, std::int32_t FrameSize::*side) {
+    SettingsStore& store = n_.base.settings;
+    Row row = StepperRow(store, setting);
+    for (const int step : {-1, 1})
+        row.ends[step < 0 ? 0 : 1].use = [this, &store, &setting, side, step] {
+            const double wanted = Stepped(store.values.*setting.kept, step, setting.limits);
+            store.Set(setting, std::min(static_cast<std::int32_t>(wanted), n_.display().*side));
+            n_.resize();
+        };
+    row.usable = [&store] { return store.values.AppSize == CustomFrame; };
+    return row;
+}
+
+std::vector<Row> SystemPage::SizeRows() {
+    Row size = StepRow([this] { return setting::AppSize.caption + std::string(": ") + SizeText(); },
+                       [this](int step) { StepSize(step); }, "<", ">");
+    size.name = setting::AppSize.name;
+    return {Changes(std::move(size), setting::AppSize), DriveRow(),
+            SideRow(setting::AppSizeCustomX, &FrameSize::width),
+            SideRow(setting::AppSizeCustomY, &FrameSize::height)};
 }
 
 Row SystemPage::DesktopRow(const char* caption, void (SystemPage::*click)(),
@@ -128,7 +151,7 @@ Row SystemPage::DesktopRow(const char* caption, void (SystemPage::*click)(),
     return {.text =
                 [caption, on] {
                     const auto state = on();
-                    return std::string(caption) + (!state ? "" : *state ? "\non" : "\noff");
+                    return state ? OnOff(caption, *state) : caption;
                 },
             .use = [this, click] { (this->*click)(); },
             .lit = [on] { return on().value_or(false); },

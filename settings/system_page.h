@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/base.h"
+#include "core/frame_size.h"
 #include "library/catalogue/updates.h"
 #include "platform/desktop.h"
 #include "settings/pages/page.h"
@@ -20,7 +21,9 @@ class SystemPage {
         Desktop& desktop;
         CatalogueUpdates& catalogue;
         std::function<void()> exitApplication;
-        std::function<void()> changed; ///< something that is shown has come later
+        std::function<void()> changed;      ///< something that is shown has come later
+        std::function<void()> resize;       ///< has all screens laid out for the size set
+        std::function<FrameSize()> display; ///< what there is room for
     };
     explicit SystemPage(Needs needs) : n_(std::move(needs)) {}
     ~SystemPage();
@@ -37,6 +40,9 @@ class SystemPage {
     void Reset();
     void AskAutoPlay();
     std::vector<Row> SizeRows();
+    std::string SizeText() const;
+    void StepSize(int step);
+    Row SideRow(const Setting<std::int32_t>& setting, std::int32_t FrameSize::*side);
     Row DriveRow();
     Row DesktopRow(const char* caption, void (SystemPage::*click)(),
                    std::function<std::optional<bool>()> on, const char* name);

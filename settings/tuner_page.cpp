@@ -108,9 +108,6 @@ class Tuners {
 
   private:
     const Settings& Values() const { return store_.values; }
-    static std::string OnOff(const char* what, bool on) {
-        return std::string(what) + (on ? "\non" : "\noff");
-    }
     std::string FMName() const { return name_.empty() ? "not found" : name_; }
     std::string XMName() const {
         return n_.xm.On() ? "\n" + store_.Get(setting::portname) : std::string();

@@ -1,4 +1,5 @@
 // The start in its order.
+#include "core/frame_size.h"
 #include "core/reset.h"
 #include "core/settings_files.h"
 #include "core/text.h"
@@ -208,38 +209,18 @@ bool astart::CreateWinamp() {
 void astart::GetResolutions() {
     const ScreenMetrics screen = n_.machine.metrics();
     AppState& s = base_.state;
-    const auto set = [&](int width, int height) {
-        s.ScreenWidth = width;
-        s.ScreenHeight = height;
+    const auto set = [&](FrameSize frame) {
+        s.ScreenWidth = frame.width;
+        s.ScreenHeight = frame.height;
     };
-    switch (base_.settings.Get(setting::AppSize)) {
-    case 0:
-        set(screen.width, screen.height);
-        break;
-    case 1:
-        set(640, 480);
-        break;
-    case 2:
-        set(720, 400);
-        break;
-    case 3:
-        set(800, 400);
-        break;
-    case 4:
-        set(800, 600);
-        break;
-    case 5:
-        set(1024, 768);
-        break;
-    case 6:
-        set(base_.settings.Get(setting::AppSizeCustomX),
-            base_.settings.Get(setting::AppSizeCustomY));
-        break;
-    default:
-        break;
-    }
+    const std::int32_t size = base_.settings.Get(setting::AppSize);
+    if (size == 0) set({screen.width, screen.height});
+    if (size > 0 && size < CustomFrame) set(PanelFrames[static_cast<std::size_t>(size - 1)]);
+    if (size == CustomFrame)
+        set({base_.settings.Get(setting::AppSizeCustomX),
+             base_.settings.Get(setting::AppSizeCustomY)});
     if (!HoldsTheInterface(s.ScreenWidth) || !HoldsTheInterface(s.ScreenHeight))
-        set(screen.width, screen.height);
+        set({screen.width, screen.height});
     s.ScreenWidthTwips = s.ScreenWidth * 15;
     s.ScreenHeightTwips = s.ScreenHeight * 15;
     if (screen.dpiX > 0) s.fPixelsToTwipsX = 1440.0 / screen.dpiX;

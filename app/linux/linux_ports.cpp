@@ -1,5 +1,6 @@
 #include "app/linux/linux_ports.h"
 
+#include "input/remote/lirc_receiver.h"
 #include "input/remote/uuirt_calls.h"
 #include "navigation/engine/log_feed.h"
 #include "navigation/engine/serial_feed.h"
@@ -62,7 +63,8 @@ Ports LinuxPorts::ports() {
         .remote = {.serial = [this] { return std::make_unique<QtSerialPort>(serialOwners_); },
                    .stream = [] { return std::make_unique<QtLocalStream>(); },
                    .x10 = {},
-                   .uuirt = LoadUUIRTLibrary},
+                   .uuirt = LoadUUIRTLibrary,
+                   .lircSocket = Environment(LircVariable)},
         .vehicle = {power_, gamma_.get(), &backlight_, [] { return std::make_unique<GpioLine>(); }},
         .tuners = {
             .radio = [this](std::string& reason) { return LoadRadioLibrary(appDir_, reason); },

@@ -45,7 +45,8 @@ SettingsShell::Needs SettingsModule::ShellNeeds() {
                              if (playback_.winamp) playback_.winamp->WinAMP_GetStatus();
                          },
                      .exitApplication = [this] { host_.quit(false); },
-                     .openRemote = [this] { return remote_.InitRemote(); }}};
+                     .openRemote = [this] { return remote_.InitRemote(); },
+                     .resize = resize}};
 }
 
 RemoteLearning::Needs SettingsModule::LearningNeeds() {

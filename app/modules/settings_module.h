@@ -28,6 +28,7 @@ class SettingsModule : public Module {
 
     std::function<void()> finishStart;   ///< the rest of the start, after a first run
     std::function<void()> reloadScreens; ///< after any other visit
+    std::function<void()> resize;        ///< has all screens laid out for the size set
 
   private:
     SettingsShell::Needs ShellNeeds();

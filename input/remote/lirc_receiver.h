@@ -16,6 +16,8 @@ namespace vk {
 
 /// Where lircd listens, unless told otherwise.
 inline const std::vector<std::string> LircSockets = {"/run/lirc/lircd", "/var/run/lirc/lircd"};
+/// The variable of the environment by which lircd's own clients are told so.
+inline constexpr const char* LircVariable = "LIRC_SOCKET_PATH";
 
 /// The button's name in a line of lircd, "0000000000000001 00 KEY_OK name_of_remote": the scan code
 /// and the count of repeats in hexadecimal, the button and its remote, one blank between

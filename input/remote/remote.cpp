@@ -63,7 +63,8 @@ std::unique_ptr<RemoteReceiver> Remote::MakeSerial(const std::string& type) {
 }
 
 std::unique_ptr<RemoteReceiver> Remote::MakeLirc() {
-    const std::string socket = base_.settings.Get(setting::lircsocket);
+    std::string socket = base_.settings.Get(setting::lircsocket);
+    if (socket.empty()) socket = n_.devices.lircSocket;
     return std::make_unique<LircReceiver>(n_.devices.stream(),
                                           socket.empty() ? LircSockets : std::vector{socket},
                                           base_.clock, base_.log);

@@ -23,7 +23,8 @@ struct RemoteDevices {
     std::function<std::unique_ptr<LocalStream>()> stream;
     std::function<std::unique_ptr<X10Remote>()> x10;
     std::function<std::unique_ptr<LoadedLibrary>(std::string& reason)> uuirt;
-    int uuirtPatienceMs = 100; ///< how long its driver may hold the interface
+    int uuirtPatienceMs = 100;   ///< how long its driver may hold the interface
+    std::string lircSocket = {}; ///< for settings that name none; empty: the usual ones
 };
 
 /// Lives as long as the system; all on the user-interface thread.

@@ -1,13 +1,18 @@
 #include "settings/pages/plates.h"
 
-#include <cstdlib>
+#include "skin/mark_lines.h"
+
 #include <limits>
 
 namespace vk {
 
 namespace {
 
-constexpr int EndWidth = 3; // columns
+// Columns.
+int WidthOf(const Row::End& end) {
+    constexpr std::size_t Short = 4; // characters
+    return end.text.size() > Short ? 4 : 3;
+}
 
 int CentreOf(const Plate& plate) {
     return 2 * plate.left + plate.width;
@@ -42,7 +47,9 @@ struct Cursor {
 };
 
 void AddRow(std::vector<Plate>& plates, const Row& row, const Cursor& at, int first) {
-    const int ends = EndWidth * static_cast<int>(row.ends.size());
+    int ends = 0;
+    for (const Row::End& end : row.ends)
+        ends += WidthOf(end);
     const bool usable = !row.usable || row.usable();
     plates.push_back({.line = first + at.line,
                       .left = (row.picture ? at.Columns() - row.width : at.column) * ColumnParts,
@@ -56,25 +63,32 @@ void AddRow(std::vector<Plate>& plates, const Row& row, const Cursor& at, int fi
                       .percent = row.percent ? row.percent() : -1,
                       .name = row.name,
                       .picture = row.picture,
-                      .pictureFile = row.pictureFile});
+                      .pictureFile = row.pictureFile,
+                      .isLog = row.isLog});
     int left = at.column + row.width - ends;
     for (const Row::End& end : row.ends) {
         plates.push_back({.line = first + at.line,
                           .left = left * ColumnParts,
-                          .width = EndWidth * ColumnParts,
+                          .width = WidthOf(end) * ColumnParts,
                           .sheet = at.sheet,
                           .text = [text = end.text] { return text; },
                           .use = end.use,
                           .usable = usable});
-        left += EndWidth;
+        left += WidthOf(end);
     }
 }
 
-// How far a plate lies in a direction; 0 for one that lies elsewhere.
-int Distance(const Plate& from, const Plate& to, int dx, int dy) {
-    if (dx != 0) return to.line == from.line ? (to.left - from.left) * dx : 0;
-    const int lines = (to.line - from.line) * dy;
-    return lines < 0 ? lines + BoardLines : lines;
+// The nearest plate beside `from`; -1 for none.
+int Beside(const std::vector<Plate>& plates, int from, int dx) {
+    const Plate& start = plates[static_cast<std::size_t>(from)];
+    int best = -1, least = std::numeric_limits<int>::max();
+    for (std::size_t i = 0; i < plates.size(); ++i) {
+        const int way = (plates[i].left - start.left) * dx;
+        if (!plates[i].usable || plates[i].line != start.line || way <= 0 || way >= least) continue;
+        least = way;
+        best = static_cast<int>(i);
+    }
+    return best;
 }
 
 } // namespace
@@ -90,18 +104,17 @@ std::vector<Plate> LayOut(const std::vector<Row>& rows, int first, int lines) {
     return plates;
 }
 
-int NextPlate(const std::vector<Plate>& plates, int from, int dx, int dy, int centre) {
-    int best = from;
-    std::pair nearest(std::numeric_limits<int>::max(), 0);
-    for (std::size_t i = 0; i < plates.size(); ++i) {
-        const int distance = Distance(plates[static_cast<std::size_t>(from)], plates[i], dx, dy);
-        if (!plates[i].usable || distance <= 0) continue;
-        const std::pair measure(distance, std::abs(CentreOf(plates[i]) - centre));
-        if (measure >= nearest) continue;
-        nearest = measure;
-        best = static_cast<int>(i);
+int NextPlate(const std::vector<Plate>& plates, int from, int dx, int dy, int& centre) {
+    if (dx != 0) {
+        const int beside = Beside(plates, from, dx);
+        if (beside < 0) return from;
+        centre = CentreOf(plates[static_cast<std::size_t>(beside)]);
+        return beside;
     }
-    return best;
+    std::vector<LineSpot> spots;
+    for (const Plate& plate : plates)
+        spots.push_back({plate.line, CentreOf(plate), plate.usable});
+    return NextInLines(spots, from, dy, centre);
 }
 
 } // namespace vk

@@ -21,6 +21,7 @@ struct Plate {
     const char* name = nullptr;
     std::function<const PagePicture&()> picture = {};
     std::string pictureFile = {};
+    bool isLog = false;
 };
 
 /// The board: tabs on its first line, the footer on its last.
@@ -32,8 +33,8 @@ inline constexpr int ColumnParts = 5, BoardParts = BoardColumns * ColumnParts;
 std::vector<Plate> LayOut(const std::vector<Row>& rows, int first, int lines);
 
 /// The number of the plate that is next to `from` in a direction (-1, 0, 1 each) among those that
-/// can be used; up and down look for the one under the column `centre` (twice the middle), and go
-/// round. `from` when there is none.
-int NextPlate(const std::vector<Plate>& plates, int from, int dx, int dy, int centre);
+/// can be used. Left and right stay in the line and make its middle, doubled, the column `centre`;
+/// up and down follow that as `NextInLines` tells. `from` when there is none.
+int NextPlate(const std::vector<Plate>& plates, int from, int dx, int dy, int& centre);
 
 } // namespace vk

@@ -48,7 +48,17 @@ std::size_t StepThrough(const std::vector<Option>& options, const std::string& v
                                     count);
 }
 
+// A long caption would be small beside its plates.
+int WidthFor(const SettingRow& setting) {
+    constexpr std::size_t Longest = 20; // characters
+    return std::string_view(setting.caption).size() > Longest ? Row::Whole : Row::Half;
+}
+
 } // namespace
+
+std::string OnOff(const std::string& caption, bool on) {
+    return caption + (on ? ": on" : ": off");
+}
 
 Row ProgressRow(std::function<std::string()> text, std::function<int()> percent) {
     return {.text = std::move(text), .percent = std::move(percent), .width = Row::Whole};
@@ -87,11 +97,7 @@ Row Changes(Row row, const SettingRow& setting) {
 }
 
 Row ToggleRow(SettingsStore& store, const Setting<bool>& setting) {
-    return {.text =
-                [&store, &setting] {
-                    return std::string(setting.caption) + "\n" +
-                           (Now(store, setting) ? "on" : "off");
-                },
+    return {.text = [&store, &setting] { return OnOff(setting.caption, Now(store, setting)); },
             .use = [&store, &setting] { store.Set(setting, !Now(store, setting)); },
             .lit = [&store, &setting] { return Now(store, setting); },
             .name = setting.name,
@@ -107,6 +113,7 @@ template<class T> Row StepperRow(SettingsStore& store, const Setting<T>& setting
                       ValueFrom<T>(Stepped(NumberOf(Now(store, setting)), step, setting.limits)));
         });
     row.name = setting.name;
+    row.width = WidthFor(setting);
     return Changes(std::move(row), setting);
 }
 
@@ -167,6 +174,7 @@ Row TimeRow(SettingsStore& store, const Setting<std::string>& setting) {
             store.Set(setting, TimeOfDayText((steps * TimeStep + Day) % Day));
         });
     row.name = setting.name;
+    row.width = WidthFor(setting);
     return Changes(std::move(row), setting);
 }
 
@@ -191,7 +199,8 @@ Row ItemsRow(SettingsStore& store, Dialogs& dialogs, const Setting<std::string>&
     const auto add = [&dialogs, shown, items, texts, put] {
         if (!texts.mayChange()) return;
         const auto typed = dialogs.InputBox(texts.ask, {}, {});
-        const std::string added = ToUpper(Trim(typed.value_or("")));
+        std::string added = ToUpper(Trim(typed.value_or("")));
+        added.erase(0, added.find_first_not_of("*.")); // typed as it stands in a file's name
         auto all = items();
         if (added.empty() || !texts.mayChange()) return;
         const auto there = std::ranges::find(all, added);

@@ -33,9 +33,10 @@ struct Row {
     /// Is shown in the place of a text, at the right end of the lines; the rows that follow lie
     /// beside it.
     std::function<const PagePicture&()> picture = {};
-    const char* sheet = nullptr;                 ///< begins a new sheet of this name
-    const char* name = nullptr;                  ///< of the button
-    std::string pictureFile = {};                ///< drawn at the row's beginning
+    const char* sheet = nullptr;  ///< begins a new sheet of this name
+    const char* name = nullptr;   ///< of the button
+    std::string pictureFile = {}; ///< drawn at the row's beginning
+    bool isLog = false;           ///< lines to be read: from the left, the last one at the bottom
     std::vector<const SettingRow*> changes = {}; ///< the settings that it changes
 };
 
@@ -53,6 +54,8 @@ Row PictureRow(std::function<const PagePicture&()> picture, int width, int lines
 Row StepRow(std::function<std::string()> text, const std::function<void(int)>& step,
             const char* less = "-", const char* more = "+");
 
+/// What is on or off, as all pages say it.
+std::string OnOff(const std::string& caption, bool on);
 /// The row changes this setting, in its own way.
 Row Changes(Row row, const SettingRow& setting);
 

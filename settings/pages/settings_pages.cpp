@@ -143,10 +143,7 @@ void SettingsPages::GoTo(std::size_t number) {
 
 void SettingsPages::Move(int dx, int dy) {
     Place& place = places_[current_];
-    const auto plates = Plates();
-    place.marked = NextPlate(plates, place.marked, dx, dy, place.centre);
-    const Plate& there = plates[static_cast<std::size_t>(place.marked)];
-    if (dx != 0) place.centre = 2 * there.left + there.width;
+    place.marked = NextPlate(Plates(), place.marked, dx, dy, place.centre);
     view_.Draw();
 }
 

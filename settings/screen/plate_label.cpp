@@ -1,5 +1,6 @@
 #include "settings/screen/plate_label.h"
 
+#include "skin/controls/looks.h"
 #include "skin/controls/picture_loader.h"
 
 #include <QPainter>
@@ -42,7 +43,10 @@ void PlateLabel::Show(const Plate& plate, const QRect& box, bool marked, const R
             look.DressText(*this);
         bar_ = look.chosen;
         ground_ = look.ground;
+        logFont_ = ToQFont(look.small, look.skin);
+        logColour_ = ReadableOn(look.back);
     }
+    isLog_ = plate.isLog;
     state_ = state;
     MeasureText(plate);
     known_ = true;
@@ -55,7 +59,7 @@ void PlateLabel::Show(const Plate& plate, const QRect& box, bool marked, const R
 
 void PlateLabel::MeasureText(const Plate& plate) {
     decltype(measured_) now{Text(), plate.pictureFile, width(), height(), state_.button};
-    if (known_ && now == measured_) return;
+    if (plate.isLog || (known_ && now == measured_)) return;
     measured_ = std::move(now);
     textSize_ = FittingSize();
 }
@@ -85,7 +89,20 @@ void PlateLabel::ShowPreview(const std::string& path, QSize box) {
     SetMargin(path.empty() ? 0 : box.width() + 2 * PictureEdge);
 }
 
+// As many whole lines as there is room for.
+void PlateLabel::DrawLog() {
+    const int line = QFontMetrics(logFont_).lineSpacing();
+    QRect box = rect().adjusted(PictureEdge, 0, -PictureEdge, 0);
+    box.setTop(box.bottom() + 1 - box.height() / line * line);
+    QPainter painter(this);
+    painter.setClipRect(box);
+    painter.setFont(logFont_);
+    painter.setPen(logColour_);
+    painter.drawText(box, Qt::AlignLeft | Qt::AlignBottom | Qt::TextWordWrap, ToQString(Text()));
+}
+
 void PlateLabel::paintEvent(QPaintEvent* event) {
+    if (isLog_) return DrawLog();
     ShadedLabel::paintEvent(event);
     if (!picture_.isNull()) DrawPicture();
     QPainter painter(this);

@@ -35,6 +35,7 @@ class PlateLabel : public ShadedLabel {
     void MeasureText(const Plate& plate);
     void TakePicture(const PagePicture& picture);
     void DrawPicture();
+    void DrawLog();
     void ShowPreview(const std::string& path, QSize box);
     /// What decides on the look.
     struct State {
@@ -48,6 +49,9 @@ class PlateLabel : public ShadedLabel {
     int textSize_ = 0;
     std::pair<int, int> shape_;
     int percent_ = -1;
+    bool isLog_ = false;
+    QFont logFont_;
+    QColor logColour_;
     std::string previewFile_;
     QImage preview_;
     QImage picture_;

@@ -23,9 +23,17 @@ KeyboardLearning::Needs KeyboardNeeds(const SettingsShell::Needs& shell) {
     return {shell.base.settings, shell.base.report, shell.base.clock, shell.keys};
 }
 
-SystemPage::Needs SystemNeeds(const SettingsShell::Needs& shell, std::function<void()> changed) {
-    return {shell.base, shell.desktop, shell.catalogue, shell.ways.exitApplication,
-            std::move(changed)};
+SystemPage::Needs SystemNeeds(const SettingsShell::Needs& shell, std::function<void()> changed,
+                              const QWidget& display) {
+    return {shell.base,
+            shell.desktop,
+            shell.catalogue,
+            shell.ways.exitApplication,
+            std::move(changed),
+            shell.ways.resize,
+            [&display] {
+                return FrameSize{display.width(), display.height()};
+            }};
 }
 
 } // namespace
@@ -33,14 +41,18 @@ SystemPage::Needs SystemNeeds(const SettingsShell::Needs& shell, std::function<v
 settings::settings(const ControlContext& context, SettingsShell::Needs shell,
                    RemoteLearning::Needs remote, std::vector<Page> more, QWidget* parent)
     : QWidget(parent), context_(context), shellPage_(shell, *this), keyboard_(KeyboardNeeds(shell)),
-      remote_(std::move(remote)), debugPage_(shell.base),
-      systemPage_(SystemNeeds(shell, [this] { Draw(); })),
+      remote_(std::move(remote)), debugPage_(shell.base), systemPage_(SystemNeeds(
+                                                              shell, [this] { Draw(); }, *parent)),
+      preview_(shell.base.settings.values, shell.skin),
       pages_(shell.base.screens, shell.keys, *this), heading_(this) {
     const auto back = [this] { pages_.GoTo(0); };
     pages_.Add(shellPage_.Describe());
-    pages_.Add(AppearancePage(shell.base.settings, [this] {
-        if (this->shell().UseSkin()) DoLayout();
-    }));
+    pages_.Add(AppearancePage(
+        shell.base.settings,
+        [this] {
+            if (this->shell().UseSkin()) DoLayout();
+        },
+        [this]() -> const PagePicture& { return preview_.Picture(); }));
     pages_.Add(ActionsPage(shell.base.settings));
     pages_.Add(ExtensionsPage(shell.base, shell.extensions, shell.catalogue));
     pages_.Add(KeyboardPage(keyboard_, back));

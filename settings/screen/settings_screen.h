@@ -3,6 +3,7 @@
 
 #include "settings/debug_page.h"
 #include "settings/keyboard_learning.h"
+#include "settings/looks_preview.h"
 #include "settings/pages/settings_pages.h"
 #include "settings/remote_learning.h"
 #include "settings/screen/plate_label.h"
@@ -53,6 +54,7 @@ class settings : public QWidget, public PageView {
     RemoteLearning remote_;
     DebugPage debugPage_;
     SystemPage systemPage_;
+    LooksPreview preview_;
     SettingsPages pages_;
     ShadedLabel heading_;
     std::vector<std::unique_ptr<PlateLabel>> labels_;

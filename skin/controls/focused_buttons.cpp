@@ -117,7 +117,12 @@ void FocusedButtons::Move(int dx, int dy) {
     for (const QWidget* each : targets)
         boxes.push_back(each == target_ ? QRect() : BoxOf(each));
     const int next = NearestBox(BoxOf(target_), boxes, dx, dy);
-    if (next >= 0) Mark(targets[static_cast<std::size_t>(next)]);
+    if (next >= 0) return Mark(targets[static_cast<std::size_t>(next)]);
+    if (dy == 0) return;
+    // Whoever has up and down alone goes round.
+    const auto count = static_cast<std::ptrdiff_t>(targets.size());
+    const auto at = std::ranges::find(targets, target_.data()) - targets.begin();
+    Mark(targets[static_cast<std::size_t>((at + dy + count) % count)]);
 }
 
 void FocusedButtons::Press() {

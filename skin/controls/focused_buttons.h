@@ -31,6 +31,7 @@ class FocusedButtons : public QWidget, public ScreenButtons {
     bool Enter() override;
     void Leave() override;
     bool Marked() const override { return isVisible() && target_; }
+    /// Where nothing lies above or below, up and down go from left to right, and round.
     void Move(int dx, int dy) override;
     void Press() override;
     void Release() override;

@@ -3,6 +3,7 @@
 #include "skin/controls/looks.h"
 #include "skin/controls/nearest_box.h"
 #include "skin/controls/plate.h"
+#include "skin/mark_lines.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>
@@ -125,16 +126,27 @@ void DialogOverlay::Press(Qt::Key key, bool repeat) {
     UseKey(event);
 }
 
-bool DialogOverlay::MoveMark(int dx, int dy) {
-    if (marked_ < 0) return false;
+void DialogOverlay::MoveMark(int dx, int dy) {
+    if (marked_ < 0) return;
+    dx != 0 ? MarkBeside(dx) : MarkInColumn(dy);
+    update();
+}
+
+void DialogOverlay::MarkBeside(int dx) {
     std::vector<QRect> boxes;
     for (const DialogCell& cell : cells_)
         boxes.push_back(cell.byKeys && cell.usable ? cell.box : QRect());
-    const int best = NearestBox(cells_[static_cast<std::size_t>(marked_)].box, boxes, dx, dy);
-    if (best < 0) return false;
-    marked_ = best;
-    update();
-    return true;
+    const int best = NearestBox(cells_[static_cast<std::size_t>(marked_)].box, boxes, dx, 0);
+    if (best >= 0) marked_ = best;
+}
+
+void DialogOverlay::MarkInColumn(int dy) {
+    std::vector<LineSpot> spots;
+    for (const DialogCell& cell : cells_)
+        spots.push_back(
+            {cell.box.top(), cell.box.left() + cell.box.right(), cell.byKeys && cell.usable});
+    if (columnOf_ != marked_) column_ = spots[static_cast<std::size_t>(marked_)].centre;
+    columnOf_ = marked_ = NextInLines(spots, marked_, dy, column_);
 }
 
 void DialogOverlay::Activate(int cell) {

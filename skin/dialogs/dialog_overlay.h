@@ -69,8 +69,8 @@ class DialogOverlay : public QWidget {
     void wheelEvent(QWheelEvent* event) override;
     bool eventFilter(QObject* target, QEvent* event) override;
 
-    /// Marks the nearest cell in a direction (-1, 0, 1 each); false when there is none.
-    bool MoveMark(int dx, int dy);
+    /// Marks the nearest cell in a direction (-1, 0, 1 each). Up and down alone come to every cell.
+    void MoveMark(int dx, int dy);
     /// A row of equal cells that fill `box`.
     void AddRow(const QRect& box, const std::vector<DialogCell>& row);
     /// Puts the panel in the middle, `part` of the host's width wide.
@@ -94,8 +94,13 @@ class DialogOverlay : public QWidget {
     void Activate(int cell);
     void DrawCell(QPainter& painter, int index) const;
 
+    void MarkBeside(int dx);
+    void MarkInColumn(int dy);
+
     std::int64_t openedMs_ = 0;
     WheelTicks wheel_;
+    int column_ = 0;    ///< that up and down follow: the middle of a cell, doubled
+    int columnOf_ = -1; ///< the marked cell that it was taken from, or has led to
     int pressed_ = -1;
     bool pressOnContent_ = false;
     bool accepted_ = false;

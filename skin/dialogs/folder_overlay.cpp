@@ -100,20 +100,27 @@ void FolderOverlay::Select(int row) {
     ScrollTo(std::clamp(first_, selected_ - VisibleRows() + 1, selected_));
 }
 
-bool FolderOverlay::ContentKey(QKeyEvent& event) {
-    if (InList()) return ListKey(event.key());
-    if (event.key() != Qt::Key_Left) return false;
+void FolderOverlay::MarkRow(int row) {
     marked_ = -1;
-    return true;
+    Select(row);
+}
+
+bool FolderOverlay::ContentKey(QKeyEvent& event) {
+    const int key = event.key();
+    if (InList()) return ListKey(key);
+    const bool up = key == Qt::Key_Up && marked_ == FirstButton();
+    const bool down = key == Qt::Key_Down && marked_ == cancel_;
+    if (key == Qt::Key_Left || up || down) MarkRow(up ? Count() - 1 : down ? 0 : selected_);
+    return InList();
 }
 
 bool FolderOverlay::ListKey(int key) {
     switch (key) {
     case Qt::Key_Up:
-        Select(selected_ == 0 ? Count() - 1 : selected_ - 1);
+        selected_ == 0 ? void(marked_ = cancel_) : Select(selected_ - 1);
         return true;
     case Qt::Key_Down:
-        Select(selected_ + 1 >= Count() ? 0 : selected_ + 1);
+        selected_ + 1 >= Count() ? void(marked_ = FirstButton()) : Select(selected_ + 1);
         return true;
     case Qt::Key_PageUp:
         Select(selected_ - VisibleRows());
@@ -122,7 +129,7 @@ bool FolderOverlay::ListKey(int key) {
         Select(selected_ + VisibleRows());
         return true;
     case Qt::Key_Right:
-        marked_ = cells_.front().usable ? 0 : cancel_;
+        marked_ = FirstButton();
         return true;
     case Qt::Key_Return:
     case Qt::Key_Enter:

@@ -10,8 +10,8 @@
 
 namespace vk {
 
-/// The folders on the left, the buttons on the right. Up and Down walk whichever of the two has the
-/// mark; Right goes to the buttons, Left back.
+/// The folders on the left, the buttons on the right. Up and Down walk both as one ring; Right goes
+/// to the buttons at once, Left back.
 class FolderOverlay : public DialogOverlay {
   public:
     /// `dialogs` asks for the name of a new folder.
@@ -34,6 +34,8 @@ class FolderOverlay : public DialogOverlay {
     void AddButtons(const QRect& column);
     bool ListKey(int key);
     bool InList() const { return marked_ < 0; }
+    int FirstButton() const { return cells_.front().usable ? 0 : cancel_; }
+    void MarkRow(int row);
     int Count() const { return static_cast<int>(rows_.Rows().size()); }
     int VisibleRows() const;
     void Select(int row);

@@ -2,6 +2,7 @@
 
 #include "core/text.h"
 #include "platform/files.h"
+#include "platform/folder_reader.h"
 #include "platform/paths.h"
 
 #include <algorithm>
@@ -14,8 +15,20 @@ namespace {
 
 constexpr const char* Offers = "offers:"; // the place of what is offered beside the files
 
-bool ByCaption(const FolderRow& a, const FolderRow& b) {
-    return ToLower(a.caption) < ToLower(b.caption);
+// What leads on comes before what ends.
+void Sort(std::vector<FolderRow>& rows) {
+    for (FolderRow& row : rows)
+        row.order = (row.ends ? "1" : "0") + ToLower(row.caption);
+    std::ranges::sort(rows, {}, &FolderRow::order);
+}
+
+// Links are followed; what is neither folder nor file is left out, as is what cannot be looked at.
+std::optional<bool> IsFolder(FolderReader& reader, FolderReader::Kind kind) {
+    using Kind = FolderReader::Kind;
+    if (kind == Kind::Folder || kind == Kind::File) return kind == Kind::Folder;
+    const auto facts = reader.Look();
+    if (!facts || (!facts->isFolder && !facts->isFile)) return std::nullopt;
+    return facts->isFolder;
 }
 
 } // namespace
@@ -32,7 +45,7 @@ void FolderRows::List() {
     if (path_.empty())
         ListPlaces();
     else
-        ListFolders();
+        ListFolder();
     for (const std::string& root : offered_)
         if (root != path_) rows_.insert(rows_.begin(), {"New: " + CaptionOf(root), root});
 }
@@ -84,24 +97,24 @@ std::string FolderRows::Parent() const {
     return drive ? std::string() : FolderOf(path_);
 }
 
-void FolderRows::ListFolders() {
-    for (const FolderEntry& entry : ListFolder(path_))
-        if (entry.isFolder && !entry.name.starts_with('.'))
-            rows_.push_back({ToUtf8(entry.name), JoinPath(path_, entry.name)});
-    std::sort(rows_.begin(), rows_.end(), ByCaption);
+// Of a folder of thousands no more is asked than is shown: a slow stick would hold the interface.
+void FolderRows::ListFolder() {
+    FolderReader reader(path_);
+    const bool open = !reader.Error();
+    while (const auto entry = open ? reader.Next() : std::nullopt) {
+        if (entry->name.starts_with('.') || (!files_ && entry->kind == FolderReader::Kind::File))
+            continue;
+        const std::string name(entry->name), path = JoinPath(path_, name);
+        const auto folder = IsFolder(reader, entry->kind);
+        if (!folder || (!*folder && !Accepts(path))) continue;
+        rows_.push_back({ToUtf8(name), path, !*folder});
+    }
+    Sort(rows_);
     rows_.insert(rows_.begin(), {"<...>", Parent()});
-    if (files_) ListFiles();
 }
 
-void FolderRows::ListFiles() {
-    const auto first = static_cast<std::ptrdiff_t>(rows_.size());
-    for (const FolderEntry& entry : ListFolder(path_)) {
-        const std::string path = JoinPath(path_, entry.name);
-        if (!entry.isFolder && !entry.name.starts_with('.') &&
-            (!files_->accepts || files_->accepts(path)))
-            rows_.push_back({ToUtf8(entry.name), path, true});
-    }
-    std::sort(rows_.begin() + first, rows_.end(), ByCaption);
+bool FolderRows::Accepts(const std::string& file) const {
+    return files_ && (!files_->accepts || files_->accepts(file));
 }
 
 void FolderRows::ListOffers() {
@@ -109,7 +122,7 @@ void FolderRows::ListOffers() {
     rows_.clear();
     for (const FileChoice::Offer& offer : files_->offers)
         rows_.push_back({offer.caption, offer.value, true});
-    std::sort(rows_.begin(), rows_.end(), ByCaption);
+    Sort(rows_);
     rows_.insert(rows_.begin(), {"<...>", ""});
 }
 

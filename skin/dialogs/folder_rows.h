@@ -13,9 +13,10 @@ namespace vk {
 
 /// One row of the chooser.
 struct FolderRow {
-    std::string caption; ///< as it is shown, UTF-8
-    std::string path;    ///< where it leads; "" is the list of starting places
-    bool ends = false;   ///< it leads nowhere: it is what is chosen
+    std::string caption;    ///< as it is shown, UTF-8
+    std::string path;       ///< where it leads; "" is the list of starting places
+    bool ends = false;      ///< it leads nowhere: it is what is chosen
+    std::string order = {}; ///< by which it is sorted
 };
 
 /// Shows one folder, or the starting places: the home folder, every medium, the root.
@@ -48,8 +49,8 @@ class FolderRows {
     std::string Parent() const;
     void List();
     void ListPlaces();
-    void ListFolders();
-    void ListFiles();
+    void ListFolder();
+    bool Accepts(const std::string& file) const;
     void ListOffers();
     std::string CaptionOf(const std::string& root) const;
 

@@ -51,14 +51,10 @@ void MessageOverlay::ScrollTo(int offset) {
 }
 
 bool MessageOverlay::ContentKey(QKeyEvent& event) {
-    const int step = area_.height() / 2;
-    if (event.key() == Qt::Key_Up)
-        ScrollTo(offset_ - step);
-    else if (event.key() == Qt::Key_Down)
-        ScrollTo(offset_ + step);
-    else
-        return false;
-    return true;
+    const int step = area_.height() / 2, before = offset_;
+    if (event.key() == Qt::Key_Up) ScrollTo(offset_ - step);
+    if (event.key() == Qt::Key_Down) ScrollTo(offset_ + step);
+    return offset_ != before;
 }
 
 void MessageOverlay::PressContent(QPoint point) {

@@ -17,7 +17,8 @@ struct MessageTexts {
     bool markNo = false; ///< the cancelling one is marked at first
 };
 
-/// A text that is too long for the screen is scrolled by Up and Down or by a finger.
+/// A text that is too long for the screen is scrolled by Up and Down or by a finger. At its end
+/// they lead from button to button, as everywhere.
 class MessageOverlay : public DialogOverlay {
   public:
     MessageOverlay(QWidget* host, const DialogLook& look, const Clock& clock, MessageTexts texts);

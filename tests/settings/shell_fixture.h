@@ -17,7 +17,11 @@ struct ShellFixture : StartFixture {
                 updates,
                 desktop,
                 {[this] { start->FinishExecution(); }, [this] { start->ReloadScreens(); }, [] {},
-                 [this] { ++exits; }, [this] { return lirc; }}};
+                 [this] { ++exits; }, [this] { return lirc; },
+                 [this] {
+                     start->GetResolutions();
+                     screens.LayOut();
+                 }}};
     }
     std::unique_ptr<astart> start = Make();
     FakeDesktop desktop;

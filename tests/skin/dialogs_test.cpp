@@ -8,7 +8,9 @@
 #include <QWheelEvent>
 
 #include <array>
+#include <filesystem>
 #include <map>
+#include <set>
 
 namespace vk::test {
 
@@ -111,7 +113,8 @@ TEST_F(DialogsTest, AMessageWaitsForItsKeyAndKeepsTheHostFromKeys) {
 
 TEST_F(DialogsTest, QuestionsByKeysAndTouch) {
     const std::pair<const char*, bool> cases[] = {{"\n", true},   {"\r", true},   {"!", false},
-                                                  {">\n", false}, {"><\n", true}, {">>\n", false}};
+                                                  {">\n", false}, {"><\n", true}, {">>\n", false},
+                                                  {"_\n", false}, {"__\n", true}, {"^\n", false}};
     for (const auto& [keys, answer] : cases) {
         EXPECT_EQ(Asked(keys), answer);
         Then(keys);
@@ -236,8 +239,12 @@ TEST_F(DialogsTest, ATextIsTypedByKeysAndOnDrawnKeysByArrowsAndTouch) {
     const auto touch = [this] {
         for (const char* key : {"q", "ABC", "Q", "#+=", "?", "abc", "Space", "w", "Delete", "w"})
             Touch(key);
-        Keys(">\n^\n<\n_____");
+        Keys(">\n^\n<\n____");
         EXPECT_GE(Front()->Marked(), 40) << "the row of the buttons";
+        std::set<int> marked;
+        for (int press = 0; press < 60; ++press, Keys("_"))
+            marked.insert(Front()->Marked());
+        EXPECT_EQ(marked.size(), Front()->Cells().size()) << "by one key alone";
         Touch("OK");
     };
     EXPECT_EQ(Typed(touch, ""), "qQ? we32");
@@ -290,9 +297,13 @@ TEST_F(DialogsTest, MappedKeysWorkADialog) {
 }
 
 TEST_F(DialogsTest, AFolderIsFoundByKeysAndTouchOrMadeAndEntered) {
+    std::filesystem::create_symlink("nowhere", tree + "/0broken");
     const std::array<std::string, 3> cases[] = {
         {tree, "_\n><>\n", tree + "/A"},
         {tree, ">__\n", ""}, // the cancel button
+        {tree, "^\n", ""},
+        {tree, "_\n^^^\n", tree + "/A"}, // up and down alone
+        {tree, "_\n___^__\n", ""},
         {tree, "\n!", ""},
         {tree + "/A", "\n\n>\n", tree + "/A"}}; // up, and back to the folder that was left
     for (const auto& [from, keys, chosen] : cases)

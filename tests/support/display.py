@@ -30,6 +30,7 @@ class Display:
     def __init__(self, env, folder, size, manager=False):
         self.env = env
         self.folder = pathlib.Path(folder)
+        self.size = tuple(map(int, size.split("x")))
         reading, writing = os.pipe()
         self.processes = [subprocess.Popen(
             ["Xvfb", "-displayfd", str(writing), "-screen", "0", f"{size}x24", "-dpi", "96", "-nolisten", "tcp",
@@ -57,9 +58,15 @@ class Display:
             process.terminate()
             process.wait()
 
+    def find(self, colour, width):
+        """Where the first line of that many pixels of a colour begins, given as 0xRRGGBB; None without one."""
+        at = self.screen.find((colour | 0xFF000000).to_bytes(4, "little") * width)
+        across, down = self.size
+        pixel = (at - len(self.screen)) // 4 + across * down
+        return (pixel % across, pixel // across) if at >= 0 else None
+
     def shows(self, colour, width):
-        """Is there a line of that many pixels of a colour, given as 0xRRGGBB?"""
-        return self.screen.find((colour | 0xFF000000).to_bytes(4, "little") * width) >= 0
+        return self.find(colour, width) is not None
 
     def look(self):
         """A number that another picture does not have."""

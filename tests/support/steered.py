@@ -95,6 +95,11 @@ class Steered:
         """Is a message or a question in front?"""
         return any(self.display.shows(mark, MARK_WIDTH) for mark in MARKS)
 
+    def tap_message(self):
+        """The button that it marks."""
+        x, y = next(place for place in (self.display.find(mark, MARK_WIDTH) for mark in MARKS) if place)
+        self.tap((x + MARK_WIDTH // 2, y + MARK_WIDTH // 10))
+
     def wait_for_message(self):
         self.wait_for("a message", self.message)
         self.settle("the message")

@@ -1,31 +1,10 @@
-"""Drives the real system: the first run by keys, playing, volume, a kill, resuming, a lost player."""
+"""Drives the real system: playing, volume, a kill, resuming, a lost player."""
 
 import os
 import signal
 import struct
 
 from driven import Driven, main
-
-
-class FirstRun(Driven):
-    def test_by_keys_alone(self):
-        self.start()
-        self.wait_for_message()
-        self.keys("Return")  # the welcome
-        self.keys("Down", "Return", "Right", "Return")  # Music, select
-        self.keys("Right", "Return")  # not the folder for playlists that is offered
-        self.keys("Down", "Down", "Return", "Right", "Return")  # Zlists, select
-        self.keys("Return", "Return")  # two messages
-        self.wait_for("the menu", lambda: "Main menu painted" in self.log())
-        self.assertEqual(self.setting("main", "MediaDir"), str(self.album.parent))
-        self.assertEqual(self.setting("main", "PlaylistDir"), str(self.album.parent / "Zlists"))
-        self.assertEqual(self.setting("main", "Setup").lower(), "true")
-
-
-class ManagedFirstRun(FirstRun):
-    """The same under a window manager."""
-
-    manager = True
 
 
 class ForeignSettings(Driven):

@@ -90,5 +90,24 @@ class Driven(Steered, unittest.TestCase):
             self.display.picture(pathlib.Path(PICTURES) / f"{name}-{self.size}.png")
 
 
+class SmallTouched:
+    """By touch on the smallest panel."""
+
+    size = "640x480"
+    MEDIA = (240, 100)  # the menu's tile
+    WIDE, NARROW = (90, 45), (84, 33)  # the first row and the pitch of rows in one list and in two
+
+    def rows(self, *numbers, left=160, lists=NARROW):
+        self.tap(*((left, lists[0] + number * lists[1]) for number in numbers))
+
+    def new_list_row(self):
+        """Below the database and the rows of this machine's other disks."""
+        with open("/proc/self/mounts", encoding="utf-8", errors="replace") as mounts:
+            places = {line.split()[1] for line in mounts if line.startswith("/dev/")}
+        system = ("/boot", "/etc", "/usr", "/var", "/home", "/tmp", "/opt", "/srv", "/run", "/dev", "/proc", "/sys")
+        others = [p for p in places if os.path.isdir(p) and p != "/" and not p.startswith(system)]
+        return 1 + len(others)
+
+
 def main():
     unittest.main(argv=[sys.argv[0], *sys.argv[4:]], verbosity=2)

@@ -3,9 +3,7 @@
 Once by arrows, Enter and Escape alone, once by touch alone.
 """
 
-import os
-
-from driven import Driven, main, write_tone
+from driven import Driven, SmallTouched, main, write_tone
 
 ARTIST = "O'Hanlon's Ferry"
 
@@ -85,25 +83,10 @@ class KeysLists(_Lists):
         self.keys("Down", "Return")
 
 
-class TouchLists(_Lists):
-    """On the smallest panel."""
-
-    size = "640x480"
-    # Where things stand at that size: the first row and the pitch of rows in one list and in two, keys, buttons.
-    WIDE, NARROW = (90, 45), (84, 33)
-    SAVE, HOME, PAGE_DOWN, MEDIA, SWAP = (502, 440), (595, 30), (228, 440), (240, 100), (120, 440)
+class TouchLists(SmallTouched, _Lists):
+    # Where things stand: keys, buttons.
+    SAVE, HOME, PAGE_DOWN, SWAP = (502, 440), (595, 30), (228, 440), (120, 440)
     KEY_Q, KEY_OK = (32, 250), (607, 314)
-
-    def rows(self, *numbers, left=160, lists=NARROW):
-        self.tap(*((left, lists[0] + number * lists[1]) for number in numbers))
-
-    def new_list_row(self):
-        """Below the database and the rows of this machine's other disks."""
-        with open("/proc/self/mounts", encoding="utf-8", errors="replace") as mounts:
-            places = {line.split()[1] for line in mounts if line.startswith("/dev/")}
-        system = ("/boot", "/etc", "/usr", "/var", "/home", "/tmp", "/opt", "/srv", "/run", "/dev", "/proc", "/sys")
-        others = [p for p in places if os.path.isdir(p) and p != "/" and not p.startswith(system)]
-        return 1 + len(others)
 
     def test_by_touch_alone(self):
         self.tap(self.MEDIA)
