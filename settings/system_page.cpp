@@ -161,7 +161,7 @@ Row SystemPage::DesktopRow(const char* caption, void (SystemPage::*click)(),
 Page SystemPage::Describe() {
     std::vector<Row> rows = SizeRows();
     rows.push_back(DesktopRow(
-        "Start at login, in place of the desktop", &SystemPage::chkbxMakeVKdefaultShell_Click,
+        "Start when the user logs in", &SystemPage::chkbxMakeVKdefaultShell_Click,
         [this] { return std::optional(n_.desktop.IsShell()); }, "chkbxMakeVKdefaultShell"));
     rows.push_back(DesktopRow(
         "Disable AutoPlay of removable media", &SystemPage::chkDisableAutoPlay_Click,
