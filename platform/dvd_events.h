@@ -40,6 +40,7 @@ inline constexpr int Backwards = 0x200;
 inline constexpr int RootMenu = 0x800;
 inline constexpr int Buttons = 0x20000; ///< choosing and pressing those of a menu
 inline constexpr int PauseOn = 0x80000;
+inline constexpr int Angle = 0x400000; ///< changing it
 } // namespace uop
 
 } // namespace vk

@@ -2,6 +2,8 @@
 // whatever lies over them is ours to draw.
 #pragma once
 
+#include "platform/picture_fit.h"
+
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -19,12 +21,13 @@ enum class PlayStateValue { Stopped = 0, Paused = 1, Playing = 2 };
 /// more than one makes the film wait.
 struct FilmPicture {
     const std::uint32_t* pixels = nullptr; ///< 0x00RRGGBB each, the upper byte is anything
-    int width = 0, height = 0;             ///< the visible part, in the film's own pixels
+    int width = 0, height = 0;             ///< the visible part, pixels
     int stride = 0;                        ///< bytes from one row to the next
     double pixelAspect = 1;                ///< the width of one of its pixels over the height
 };
 
-enum class TrackKind { Audio, Subtitles };
+/// `Angle` is a disc's alone: from where a scene was filmed.
+enum class TrackKind { Audio, Subtitles, Angle };
 
 struct FilmTrack {
     static constexpr int None = -1;
@@ -69,6 +72,9 @@ class MediaPlayer {
     virtual int Track(TrackKind kind) const = 0;
     virtual void Track(TrackKind kind, int id) = 0;
 
+    /// Where pictures are shown: larger ones of films that are opened from now on come in the size
+    /// that fits there, since that costs least while they are decoded. All others come as they are.
+    virtual void Screen(PixelSize size) = 0;
     /// The newest picture; null while there is none. One that nobody has taken is dropped for the
     /// next. While the film is paused there is no new one but after a change of position.
     virtual std::shared_ptr<const FilmPicture> Picture() = 0;

@@ -35,9 +35,15 @@ void FilmDeck::Listen() {
     player_->onFailed = pass(events_.failed);
 }
 
+// Films fill the screen, which the settings may have changed since the last one.
+void FilmDeck::Prepare() {
+    player_->Screen({base_.state.ScreenWidth, base_.state.ScreenHeight});
+}
+
 bool FilmDeck::Open(const std::string& path, double seconds) {
     MediaPlayer* player = Player();
     if (!player) return false;
+    Prepare();
     player->FileName(path);
     if (seconds > 0) player->CurrentPosition(seconds);
     open_ = true;
@@ -47,6 +53,7 @@ bool FilmDeck::Open(const std::string& path, double seconds) {
 
 bool FilmDeck::OpenDisc(const std::function<bool()>& play) {
     open_ = Player() != nullptr;
+    if (open_) Prepare();
     return open_ = open_ && play();
 }
 

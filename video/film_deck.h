@@ -46,6 +46,7 @@ class FilmDeck {
   private:
     bool StateIs(PlayStateValue state) const { return open_ && player_->PlayState() == state; }
     void Listen();
+    void Prepare();
 
     Base& base_;
     const MakeMediaPlayer make_;

@@ -97,8 +97,7 @@ void MoviePlayer::doquit() {
 void MoviePlayer::Swap() {
     Log("Swap", [this] {
         if (!base_.screens.Find("playlists")) return;
-        goesOn_ = deck_.Playing();
-        PauseIt();
+        Wait();
         switchingform();
         n_.browser.ListMode = ListFromVideo;
         n_.browser.CurrentPath = base_.settings.values.MediaDir;
@@ -118,8 +117,17 @@ void MoviePlayer::Leave() {
     Swap();
 }
 
+// Nobody sees the film until the screen is back, whatever a disc permits.
+void MoviePlayer::Wait() {
+    goesOn_ = deck_.Playing();
+    if (!goesOn_) return;
+    disc_.IsOpen() ? disc_.Control().hold() : deck_.Pause();
+    ShowPaused();
+}
+
 void MoviePlayer::Release() {
     if (!deck_.IsOpen() || base_.screens.CurrentForm == FormName) return;
+    Timer1->Stop();
     CloseFilm();
     n_.browser.FromMovie = false;
 }
@@ -278,10 +286,13 @@ void MoviePlayer::PauseIt() {
     Log("PauseIt", [this] {
         if (!deck_.Playing()) return;
         disc_.IsOpen() ? disc_.Pause() : deck_.Pause();
-        if (!deck_.Paused()) return; // the disc does not permit it
-        view_.ShowPaused(true);
-        SaveVideoData();
+        if (deck_.Paused()) ShowPaused(); // else the disc does not permit it
     });
+}
+
+void MoviePlayer::ShowPaused() {
+    view_.ShowPaused(true);
+    SaveVideoData();
 }
 
 void MoviePlayer::UnPauseIt() {
@@ -415,7 +426,9 @@ void MoviePlayer::ShowChoices() {
 }
 
 void MoviePlayer::LoadGPS() {
-    if (n_.loadGPS) n_.loadGPS();
+    if (!n_.loadGPS) return;
+    n_.loadGPS();
+    if (base_.screens.CurrentForm != FormName) Wait();
 }
 
 } // namespace vk

@@ -126,6 +126,8 @@ class MoviePlayer {
     void GoOn();
     void Leave();
     void CloseFilm();
+    void Wait();
+    void ShowPaused();
     FilmPlace Place() const;
     std::string TitleOf(const std::string& path) const;
 

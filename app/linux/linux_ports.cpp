@@ -74,7 +74,7 @@ Ports LinuxPorts::ports() {
         .navigation = {navigation_},
         .films = {
             [this](std::string& reason) { return LoadMediaPlayer(appDir_, uiThread_, reason); },
-            saver_, *probe_}};
+            idle_, *probe_}};
 }
 
 // Both are called on the card's thread.

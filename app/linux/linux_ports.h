@@ -5,6 +5,7 @@
 #include "core/file_registry.h"
 #include "navigation/navit/navit_engine.h"
 #include "platform/linux/linux_desktop.h"
+#include "platform/linux/power/idle_inhibitor.h"
 #include "platform/linux/power/logind_backlight.h"
 #include "platform/linux/power/logind_power.h"
 #include "platform/linux/sound/alsa_input.h"
@@ -62,6 +63,7 @@ class LinuxPorts {
     std::unique_ptr<Gamma> gamma_ = MakeGamma();
     AlsaRoute route_;
     QtScreenSaver saver_;
+    IdleInhibitor idle_{saver_, SessionBusAddress()};
     std::unique_ptr<MediumProbe> probe_ = MakeMediumProbe();
     std::unique_ptr<PlayerWindow> player_;
     std::unique_ptr<ForeignWindows> mapWindows_;

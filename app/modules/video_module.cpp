@@ -19,9 +19,10 @@ void VideoModule::Unload() {
     screen_.reset();
 }
 
-// A film that waits behind the browser is closed when something else comes to the front.
+// A film that waits behind the browser or the map is closed when something else comes to the front.
 void VideoModule::Supervise() {
-    if (screen_ && host_.screens.CurrentForm != "playlists") screen_->player().Release();
+    const FrontName& front = host_.screens.CurrentForm;
+    if (screen_ && front != "playlists" && front != GPSName) screen_->player().Release();
 }
 
 // Not by the commands: neither a list that is read nor a question may hold the ignition up.

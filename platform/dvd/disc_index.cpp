@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <map>
+#include <set>
 #include <utility>
 
 namespace vk {
@@ -14,6 +15,14 @@ namespace {
 
 constexpr std::uint32_t MostTitles = 99;
 constexpr std::uint32_t RootMenuExists = 0x80;
+constexpr std::size_t MenuPictures = 0x100, TitlePictures = 0x200; // how they are coded
+constexpr std::size_t FirstMenuSector = 0xC0;
+
+double ShapeAt(const std::string& bytes, std::size_t at) {
+    if (at >= bytes.size()) return 0;
+    const std::uint32_t ratio = ByteAt(bytes, at) >> 2 & 3;
+    return ratio == 0 ? 4.0 / 3 : ratio == 3 ? 16.0 / 9 : 0;
+}
 
 /// A title set's file.
 class TitleSet {
@@ -21,6 +30,8 @@ class TitleSet {
     explicit TitleSet(std::string bytes) : bytes_(std::move(bytes)) {}
 
     bool IsOne() const { return bytes_.starts_with("DVDVIDEO-VTS"); }
+    const std::string& Bytes() const { return bytes_; }
+    double Shape() const { return ShapeAt(bytes_, TitlePictures); }
     bool HasRootMenu() const {
         const std::size_t menus = Table(0xD0);
         if (menus == 0) return false;
@@ -52,11 +63,23 @@ TitleSet ReadTitleSet(const std::string& disc, std::uint32_t number) {
     return TitleSet(ReadDiscFile(disc, name).value_or(""));
 }
 
+double MenuShape(const std::string& manager, const std::map<std::uint32_t, TitleSet>& sets) {
+    std::set<double> shapes;
+    const auto add = [&](const std::string& bytes) {
+        if (BigAt(bytes, FirstMenuSector) != 0) shapes.insert(ShapeAt(bytes, MenuPictures));
+    };
+    add(manager);
+    for (const auto& [number, set] : sets)
+        add(set.Bytes());
+    return shapes.size() == 1 ? *shapes.begin() : 0;
+}
+
 } // namespace
 
 DiscTitle DiscIndex::Of(int title) const {
     const bool known = title > 0 && title <= static_cast<int>(titles.size());
-    return known ? titles[static_cast<std::size_t>(title - 1)] : DiscTitle{AnyMenu(), 0};
+    if (known) return titles[static_cast<std::size_t>(title - 1)];
+    return {.rootMenu = AnyMenu(), .shape = title == 0 ? menuShape : 0};
 }
 
 bool DiscIndex::AnyMenu() const {
@@ -75,10 +98,15 @@ DiscIndex ReadDiscIndex(const std::string& disc) {
         const std::uint32_t number = ByteAt(manager, entry + 6);
         if (!sets.contains(number)) sets.emplace(number, ReadTitleSet(disc, number));
         const TitleSet& set = sets.at(number);
-        index.titles.push_back(
-            set.IsOne() ? DiscTitle{set.HasRootMenu(), set.Forbidden(ByteAt(manager, entry + 7))}
-                        : DiscTitle{});
+        DiscTitle title{.angles = static_cast<int>(ByteAt(manager, entry + 1))};
+        if (set.IsOne()) {
+            title.rootMenu = set.HasRootMenu();
+            title.shape = set.Shape();
+            title.forbidden = set.Forbidden(ByteAt(manager, entry + 7));
+        }
+        index.titles.push_back(title);
     }
+    index.menuShape = MenuShape(manager, sets);
     return index;
 }
 

@@ -1,6 +1,6 @@
-// What a video disc says of its titles in its IFO files: which of them have a menu, and what each
-// forbids. (Offsets: the DVD-Video format as it is described publicly, "IFO" at
-// dvd.sourceforge.net.)
+// What a video disc says of its titles in its IFO files: which of them have a menu, their shape and
+// angles, and what each forbids. (Offsets: the DVD-Video format as it is described publicly, "IFO"
+// at dvd.sourceforge.net.)
 #pragma once
 
 #include <string>
@@ -10,11 +10,14 @@ namespace vk {
 
 struct DiscTitle {
     bool rootMenu = true;
+    double shape = 0; ///< width over height, as it is to be seen; 0: not known
+    int angles = 1;
     int forbidden = 0; ///< flags of `uop`, as the title's first program chain has them
 };
 
 struct DiscIndex {
     std::vector<DiscTitle> titles; ///< empty for what cannot be read: everything may be tried
+    double menuShape = 0;          ///< of all its menus; 0: they differ, or it is not known
 
     /// Of a title, from 1; for 0 (a menu) and unknown ones nothing is forbidden.
     DiscTitle Of(int title) const;

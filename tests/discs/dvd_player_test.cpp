@@ -95,5 +95,21 @@ TEST_F(DvdPlayerTest, WhatATitleForbidsIsKnownWhileItPlays) {
     EXPECT_TRUE(disc.UOPValid(uop::PreviousChapter));
 }
 
+TEST_F(DvdPlayerTest, ASceneIsSeenFromTheAngleThatWasChosen) {
+    Begin("strict");
+    ASSERT_TRUE(SeesChosen(80, 120));
+    EXPECT_TRUE(player->Tracks(TrackKind::Angle).empty()) << "in the menu";
+    disc.Title(1);
+    ASSERT_TRUE(SeesRed());
+    ASSERT_TRUE(loop.Until([this] { return player->Tracks(TrackKind::Angle).size() == 2; }));
+    EXPECT_EQ(player->Track(TrackKind::Angle), 1);
+    player->Track(TrackKind::Angle, 2);
+    disc.RootMenu();
+    ASSERT_TRUE(SeesChosen(80, 120));
+    disc.Title(1);
+    EXPECT_TRUE(Sees(360, 288, 0, 125, 0));
+    EXPECT_TRUE(loop.Until([this] { return player->Track(TrackKind::Angle) == 2; }));
+}
+
 } // namespace
 } // namespace vk::test

@@ -3,7 +3,7 @@
 `disc`: a menu of four buttons (first title, its second chapter, second title, first title in its other language); a
 first title of three chapters, red, green and yellow of ten seconds each, with two sound tracks and two subtitles; a
 second title, blue. `plain`: one title, blue, and no menu at all. `strict`: like `disc`, as a folder alone; its first
-title forbids pausing, the way forwards and the next chapter.
+title forbids pausing, the way forwards and the next chapter, and its red and green are two angles of one scene.
 """
 
 import pathlib
@@ -110,8 +110,13 @@ def disc_with_menu(run, folder, target):
            f'<pgc><vob file="{folder}/second.mpg" /><post>call menu;</post></pgc></titles></titleset></dvdauthor>')
 
 
-def forbid(disc, operations):
-    """In the first title's program chain; the format has it at the eighth byte."""
+def restrict(disc, operations):
+    """In the first title's program chain; the format has it at the eighth byte. Of the chain's cells the first two
+    become a block of angles, of which the disc's list of titles tells the number."""
+    index = pathlib.Path(disc) / "VIDEO_TS" / "VIDEO_TS.IFO"
+    titles = bytearray(index.read_bytes())
+    titles[int.from_bytes(titles[0xC4:0xC8], "big") * 2048 + 8 + 1] = 2
+    index.write_bytes(titles)
     file = pathlib.Path(disc) / "VIDEO_TS" / "VTS_01_0.IFO"
     data = bytearray(file.read_bytes())
 
@@ -122,6 +127,9 @@ def forbid(disc, operations):
     first = number(parts + number(parts + 8), 2)
     chain = chains + number(chains + 8 + (first - 1) * 8 + 4)
     data[chain + 8:chain + 12] = operations.to_bytes(4, "big")
+    cells = chain + number(chain + 0xE8, 2)
+    data[cells] |= 0x50
+    data[cells + 24] |= 0xD0
     file.write_bytes(data)
 
 
@@ -137,5 +145,5 @@ def make(films, run):
            f'<dvdauthor><vmgm /><titleset><titles><video format="pal" aspect="4:3" />'
            f'<pgc><vob file="{folder}/second.mpg" /></pgc></titles></titleset></dvdauthor>')
     shutil.copytree(films / "disc", films / "strict")
-    forbid(films / "strict", 0x100 | 0x80 | 0x80000)
+    restrict(films / "strict", 0x100 | 0x80 | 0x80000)
     shutil.rmtree(folder)

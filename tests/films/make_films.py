@@ -53,7 +53,7 @@ def plain_films(folder):
 
 
 def subtitle(text):
-    return f"1\n00:00:00,000 --> 00:00:30,000\n{text}\n"
+    return f"1\n00:00:00,000 --> 00:00:20,000\n{text}\n"
 
 
 def many_tracks(folder):

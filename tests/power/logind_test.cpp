@@ -1,6 +1,7 @@
 // The machine's power over a private system bus, with a mock of logind on it, with nobody, and with
 // a bus that hangs or dies.
 #include "platform/linux/power/gpio_line.h"
+#include "platform/linux/power/idle_inhibitor.h"
 #include "platform/linux/power/logind_backlight.h"
 #include "platform/linux/power/logind_power.h"
 #include "platform/linux/power/x11_gamma.h"
@@ -170,6 +171,36 @@ TEST_F(LogindTest, ABacklightIsSetByTheSession) {
     ASSERT_TRUE(Polled([&] { return done; }));
     EXPECT_EQ(set("intel"), "");
     EXPECT_EQ(folder.Read("set"), "backlight intel 200");
+}
+
+TEST_F(LogindTest, AWatchedScreenIsIdleForNobodyUntilNothingIsAskedAnyMore) {
+    struct : ScreenSaver {
+        void Reset() override { ++resets; }
+        int resets = 0;
+    } display;
+    IdleInhibitor idle(display, address, address, 300);
+    idle.Reset(); // there is no bus yet
+    EXPECT_EQ(display.resets, 1);
+    StartBus();
+    StartLogind();
+    constexpr const char* Saver = "org.freedesktop.ScreenSaver";
+    const std::string say = "open('" + folder.File("said") + "', 'a').write(";
+    const std::string inhibit = "ret = 7; " + say + "'on ')", let = say + "'off %d ' % args[0])";
+    connection.Call(
+        Manager, MockInterface, "AddObject", [](sd_bus_message*, const std::string&) {},
+        "ssa{sv}a(ssss)", "/org/freedesktop/ScreenSaver", Saver, 0, 2, "Inhibit", "ss", "u",
+        inhibit.c_str(), "UnInhibit", "u", "", let.c_str());
+    Script(ManagerInterface, "Own", "",
+           "self.connection.request_name('" + std::string(Saver) + "')");
+    connection.Call(
+        Manager, ManagerInterface, "Own", [](sd_bus_message*, const std::string&) {}, "");
+    EXPECT_TRUE(Polled([&] {
+        idle.Reset();
+        return idle.SessionHeld() && idle.MachineHeld();
+    }));
+    EXPECT_TRUE(folder.Read("said").starts_with("on "));
+    EXPECT_TRUE(Polled([&] { return folder.Read("said").ends_with("off 7 "); }));
+    EXPECT_FALSE(idle.SessionHeld() || idle.MachineHeld());
 }
 
 TEST_F(LogindTest, AMissingBusAndOneThatHangsOrDiesAreToldOnceAndFoundWhenTheyCome) {

@@ -17,6 +17,7 @@ struct FakeFilm {
     std::string path;                ///< "" while none is open
     PlayStateValue state = PlayStateValue::Stopped;
     double position = 0, duration = 100;
+    PixelSize screen;
     std::shared_ptr<const FilmPicture> picture = std::make_shared<FilmPicture>();
     std::map<TrackKind, std::vector<FilmTrack>> tracks;
     std::map<TrackKind, int> track;
@@ -61,6 +62,7 @@ class FakeMediaPlayer : public MediaPlayer, public DvdPlayer {
     std::vector<FilmTrack> Tracks(TrackKind kind) const override { return film_.tracks[kind]; }
     int Track(TrackKind kind) const override { return film_.track[kind]; }
     void Track(TrackKind kind, int id) override { film_.track[kind] = id; }
+    void Screen(PixelSize size) override { film_.screen = size; }
     std::shared_ptr<const FilmPicture> Picture() override { return film_.picture; }
 
     DvdPlayer& Dvd() override { return *this; }

@@ -135,6 +135,7 @@ TEST(DiscIndexTest, TheDiscSaysWhatItHasAndForbids) {
     const DiscIndex strict = ReadDiscIndex(Films + "/strict");
     EXPECT_EQ(strict.Of(1).forbidden, uop::NextChapter | uop::Forwards | uop::PauseOn);
     EXPECT_EQ(strict.Of(2).forbidden, 0);
+    EXPECT_EQ(strict.Of(1).angles * 10 + strict.Of(2).angles, 21);
     EXPECT_FALSE(ReadDiscIndex(Films + "/plain.iso").AnyMenu());
     for (const char* none : {"", "/none", "/noise.avi"})
         EXPECT_TRUE(ReadDiscIndex(Films + none).AnyMenu()) << "nothing is known, all may be tried";
@@ -247,8 +248,12 @@ TEST_F(TracksTest, WhatIsChosenOfAFilmIsKeptForIt) {
     other = {"Menu of the disc", [&] { ++led; }};
     Ask(0);
     EXPECT_EQ(led, 1);
-    film.tracks.clear();
     other = {};
+    film.tracks = {{TrackKind::Angle, {{1, "1"}, {2, "2"}}}};
+    Ask(1);
+    EXPECT_EQ(player.Track(TrackKind::Angle), 2);
+    EXPECT_EQ(app.Read(TrackMenu::FileName), "2 1 /a film\n") << "that is of a scene";
+    film.tracks.clear();
     Ask(0);
     EXPECT_EQ(dialogs.shown.back(), "This film leaves nothing to choose.");
 }

@@ -64,6 +64,10 @@ struct MovieFixture : CoreFixture {
                         TagRecord tag;
                         if (path.ends_with("b.mpg")) tag.Title = "Second", tag.Artist = "Someone";
                         return tag;
+                    },
+                .loadGPS =
+                    [this] {
+                        if (map) player->switchingform(), screens.CurrentForm = "frmGPS";
                     }};
     }
     /// Enters the screen anew, with the entry of that number.
@@ -89,6 +93,7 @@ struct MovieFixture : CoreFixture {
     std::string Saved(const char* key) { return settings.Read("video_player", key); }
 
     std::string films;
+    bool map = false; ///< there is one to be shown over the film
     VideoState video;
     BrowserState browsed;
     SoundCard sound{*this};

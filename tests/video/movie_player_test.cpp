@@ -240,6 +240,23 @@ TEST_F(MovieTest, ToTheBrowserAndBackTheFilmWaits) {
     EXPECT_FALSE(browsed.FromMovie);
 }
 
+TEST_F(MovieTest, UnderTheMapTheFilmWaitsAndKeepsNobodyAwake) {
+    map = true;
+    Enter();
+    Shown(20);
+    player->LoadGPS();
+    EXPECT_EQ(film.state, PlayStateValue::Paused);
+    film.position = 30;
+    saver.resets = 0;
+    Seconds(60);
+    EXPECT_EQ(saver.resets, 0);
+    EXPECT_EQ(Saved("CurrentPosition"), "20");
+    player->ReDisplay();
+    EXPECT_EQ(film.state, PlayStateValue::Playing);
+    Seconds(1);
+    EXPECT_EQ(saver.resets, 1);
+}
+
 TEST_F(MovieTest, SleepClosesTheFilmAndWakingOpensItThere) {
     for (const bool paused : {false, true}) {
         Enter();

@@ -97,7 +97,9 @@ TEST_F(MovieScreenTest, TheBarsFitEveryPanelAndLieOverTheFilm) {
         EXPECT_TRUE(screen.findChild<QWidget*>("frmInfoBar")->isVisible());
         ExpectChildrenInside(screen);
         screen.player().domute();
+        screen.DoLayout(); // as for another skin
         ExpectChildrenInside(screen);
+        EXPECT_EQ(film.screen, (PixelSize{size.width(), size.height()}));
         EXPECT_EQ(film.state, PlayStateValue::Playing) << "that touch only brought the bars";
         Click(*screen.findChild<QWidget*>("PauseBtn"), {20, 20});
         EXPECT_EQ(film.state, PlayStateValue::Paused);

@@ -50,7 +50,10 @@ void DVD::stopdvd() {
 }
 
 void DVD::pause() {
-    if (state() != PlayStateValue::Playing || !Allowed(uop::PauseOn)) return;
+    if (state() == PlayStateValue::Playing && Allowed(uop::PauseOn)) hold();
+}
+
+void DVD::hold() {
     DVDPauseOn = true;
     n_.inner.Pause();
 }

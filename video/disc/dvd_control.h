@@ -62,6 +62,8 @@ class DVD {
     bool Play();
     void stopdvd();
     void pause();
+    /// The same whether or not the disc allows it: nobody watches any more.
+    void hold();
     /// Hands the disc to the player.
     void setdvd() { Disc().Directory(directory_); }
     /// What tells the disc from others; 0 without one.

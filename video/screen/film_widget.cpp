@@ -1,11 +1,12 @@
 #include "video/screen/film_widget.h"
 
+#include "platform/picture_fit.h"
+
 #include <QImage>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QRegion>
 
-#include <algorithm>
 #include <utility>
 
 namespace vk {
@@ -23,8 +24,8 @@ void FilmWidget::Show(std::shared_ptr<const FilmPicture> picture) {
 QRect FilmWidget::Place() const {
     if (!picture_ || picture_->width <= 0 || picture_->height <= 0) return {};
     const double shape = picture_->width * picture_->pixelAspect / picture_->height;
-    const double wide = std::min<double>(width(), height() * shape);
-    QRect place(0, 0, std::max(1, qRound(wide)), std::max(1, qRound(wide / shape)));
+    const PixelSize size = FitShape(shape, {width(), height()});
+    QRect place(0, 0, size.width, size.height);
     place.moveCenter(rect().center());
     return place & rect();
 }

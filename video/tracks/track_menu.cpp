@@ -9,6 +9,18 @@ namespace {
 constexpr const char* Chosen = "\u2713 ";
 constexpr const char* NotChosen = "    ";
 
+const char* NameOf(TrackKind kind) {
+    switch (kind) {
+    case TrackKind::Audio:
+        return "Sound: ";
+    case TrackKind::Subtitles:
+        return "Subtitles: ";
+    case TrackKind::Angle:
+        break;
+    }
+    return "Angle: ";
+}
+
 // The id of the track at a one-based place; nothing when the film has none there.
 std::optional<int> IdAt(const std::vector<FilmTrack>& tracks, int place) {
     if (place == 0) return FilmTrack::None;
@@ -45,8 +57,8 @@ std::vector<TrackMenu::Row> TrackMenu::Rows(const MediaPlayer& player) {
     std::vector<Row> rows;
     const auto add = [&](TrackKind kind, const std::string& name, int place, int id) {
         const bool chosen = player.Track(kind) == id;
-        const char* what = kind == TrackKind::Audio ? "Sound: " : "Subtitles: ";
-        rows.push_back({(chosen ? Chosen : NotChosen) + std::string(what) + name, kind, place});
+        rows.push_back(
+            {(chosen ? Chosen : NotChosen) + std::string(NameOf(kind)) + name, kind, place});
     };
     const auto addAll = [&](TrackKind kind) {
         int place = 0;
@@ -57,6 +69,7 @@ std::vector<TrackMenu::Row> TrackMenu::Rows(const MediaPlayer& player) {
     if (!player.Tracks(TrackKind::Subtitles).empty())
         add(TrackKind::Subtitles, "none", 0, FilmTrack::None);
     addAll(TrackKind::Subtitles);
+    addAll(TrackKind::Angle);
     return rows;
 }
 
@@ -79,6 +92,7 @@ void TrackMenu::Choose(MediaPlayer& player, const Row& row) {
     const auto id = IdAt(player.Tracks(row.kind), row.place);
     if (!id) return;
     player.Track(row.kind, *id);
+    if (row.kind == TrackKind::Angle) return; // of this scene, not of the film
     (row.kind == TrackKind::Audio ? givenSound_ : givenSubtitles_) = id;
     Wanted(row.kind) = row.place;
     if (!choices_.Keep(film_, wanted_))

@@ -1,8 +1,12 @@
 #include "platform/linux/vlc/film_session.h"
 
+#include "platform/dvd_events.h"
+#include "platform/linux/vlc/disc_angles.h"
 #include "platform/linux/vlc/film_shape.h"
+#include "platform/mpeg/key_pictures.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstring>
 #include <utility>
 
@@ -10,7 +14,7 @@ namespace vk {
 
 namespace {
 
-constexpr int LargestSide = 8192;
+constexpr int LargestSide = 8192, MostAngles = 9;
 constexpr int ShapeEvery = 25; // pictures: broadcasts change their shape on the way
 
 constexpr libvlc_event_e Heard[] = {
@@ -35,20 +39,42 @@ FilmTracks ListOf(libvlc_track_description_t* first, int chosen) {
 // Opening and closing ----------------------------------------------------------------------------
 
 void FilmSession::Open(VlcLibrary& library, const FilmSource& source) {
+    source_ = source;
+    if (source.disc) ReadIndex();
     if (!abandoned_) library_ = library.Get();
     if (library_) {
-        const char* path = source.path.c_str();
-        media_.reset(source.address ? libvlc_media_new_location(library_.get(), path)
-                                    : libvlc_media_new_path(library_.get(), path));
+        const std::string disc = "dvd://" + source.path;
+        media_.reset(source.disc ? libvlc_media_new_location(library_.get(), disc.c_str())
+                                 : libvlc_media_new_path(library_.get(), source.path.c_str()));
     }
     if (media_) player_.reset(libvlc_media_player_new_from_media(media_.get()));
     if (!player_) return Tell([](FilmNotes& notes) { notes.failed = true; });
     if (source.startSeconds > 0)
-        libvlc_media_add_option(media_.get(),
-                                (":start-time=" + std::to_string(source.startSeconds)).c_str());
+        libvlc_media_add_option(
+            media_.get(), (":start-time=" + std::to_string(Entry(source.startSeconds))).c_str());
     Listen();
     if (libvlc_media_player_play(player_.get()) != 0)
         Tell([](FilmNotes& notes) { notes.failed = true; });
+}
+
+double FilmSession::Entry(double seconds) const {
+    return source_.disc ? seconds : NearKeyPicture(source_.path, seconds).value_or(seconds);
+}
+
+void FilmSession::ReadIndex() {
+    const DiscIndex index = ReadDiscIndex(source_.path);
+    const std::lock_guard lock(mutex_);
+    index_ = index;
+}
+
+DiscIndex FilmSession::Index() const {
+    const std::lock_guard lock(mutex_);
+    return index_;
+}
+
+void FilmSession::Seek(double seconds) {
+    if (!player_) return;
+    libvlc_media_player_set_time(player_.get(), std::llround(Entry(seconds) * 1000));
 }
 
 void FilmSession::Listen() {
@@ -118,7 +144,8 @@ void FilmSession::Note(const libvlc_event_t& event) {
             playing_ = true;
             break;
         case libvlc_MediaPlayerTitleChanged:
-            if (playing_) notes.title = event.u.media_player_title_changed.new_title;
+            title_ = event.u.media_player_title_changed.new_title;
+            if (playing_) notes.title = title_;
             break;
         default:
             notes.tracks = true;
@@ -133,16 +160,45 @@ void FilmSession::ReadTracks() {
         ListOf(libvlc_audio_get_track_description(player), libvlc_audio_get_track(player));
     const FilmTracks subtitles =
         ListOf(libvlc_video_get_spu_description(player), libvlc_video_get_spu(player));
+    const int angle = DiscAngles::Current();
     {
         const std::lock_guard lock(mutex_);
         audio_ = audio;
         subtitles_ = subtitles;
+        angle_ = angle;
     }
     Tell([](FilmNotes& notes) { notes.tracksRead = true; });
 }
 
+// libVLC does not report it of all that is chosen.
+void FilmSession::Choose(TrackKind kind, int id) {
+    if (!player_) return;
+    switch (kind) {
+    case TrackKind::Audio:
+        libvlc_audio_set_track(player_.get(), id);
+        break;
+    case TrackKind::Subtitles:
+        libvlc_video_set_spu(player_.get(), id);
+        break;
+    case TrackKind::Angle:
+        DiscAngles::Change(id);
+    }
+    ReadTracks();
+}
+
+FilmTracks FilmSession::Angles() const {
+    FilmTracks angles;
+    const DiscTitle title = index_.Of(title_);
+    if (title_ == 0 || title.angles < 2 || (title.forbidden & uop::Angle)) return angles;
+    for (int angle = 1; angle <= std::min(title.angles, MostAngles); ++angle)
+        angles.all.push_back({angle, std::to_string(angle)});
+    angles.chosen = angle_;
+    return angles;
+}
+
 FilmTracks FilmSession::Tracks(TrackKind kind) const {
     const std::lock_guard lock(mutex_);
+    if (kind == TrackKind::Angle) return Angles();
     return kind == TrackKind::Audio ? audio_ : subtitles_;
 }
 
@@ -161,13 +217,14 @@ unsigned FilmSession::OnFormat(void** self, char* chroma, unsigned* width, unsig
     return Buffers;
 }
 
-// What is returned is what the visible part is scaled to, so that it is best returned as it is.
+// What is returned is what the visible part is scaled to.
 void FilmSession::Format(unsigned& width, unsigned& height) {
     const FilmShape shape =
         Visible(static_cast<int>(width), static_cast<int>(height), ShapeOf(media_.get()));
-    frames_->Format(shape.width, shape.height);
-    width = static_cast<unsigned>(shape.width);
-    height = static_cast<unsigned>(shape.height);
+    const PixelSize size = SizeOn(source_.screen, shape);
+    frames_->Format(size.width, size.height);
+    width = static_cast<unsigned>(size.width);
+    height = static_cast<unsigned>(size.height);
     shown_ = 0;
     pixelAspect_ = 0;
     formatAt_ = std::chrono::steady_clock::now();
@@ -183,13 +240,19 @@ void FilmSession::OnDisplay(void* self, void* picture) {
     static_cast<FilmSession*>(self)->Display(static_cast<FrameBuffers::Buffer*>(picture));
 }
 
+// A disc's menu may stand still before libVLC knows; the disc does.
+double FilmSession::ToldShape() const {
+    const auto told = ShapeOf(media_.get());
+    if (told && told->pixelAspect > 0) return told->pixelAspect * told->width / told->height;
+    const std::lock_guard lock(mutex_);
+    return source_.disc ? index_.Of(title_).shape : 0;
+}
+
 // The whole shape is the film's, however many pixels it was scaled to.
 bool FilmSession::KnowShape(const FilmPicture& picture) {
     if (pixelAspect_ > 0 && shown_ % ShapeEvery != 0) return true;
-    const auto told = ShapeOf(media_.get());
-    if (told && told->pixelAspect > 0)
-        pixelAspect_ =
-            told->pixelAspect * told->width / told->height * picture.height / picture.width;
+    if (const double shape = ToldShape(); shape > 0)
+        pixelAspect_ = shape * picture.height / picture.width;
     return pixelAspect_ > 0 || std::chrono::steady_clock::now() - formatAt_ > ShapeWait;
 }
 

@@ -1,6 +1,7 @@
 // One film that is open in libVLC, from its opening to its end.
 #pragma once
 
+#include "platform/dvd/disc_index.h"
 #include "platform/linux/vlc/frame_buffers.h"
 #include "platform/linux/vlc/vlc_handles.h"
 #include "platform/linux/vlc/vlc_library.h"
@@ -36,9 +37,10 @@ struct FilmNotes {
 
 /// What is to be opened.
 struct FilmSource {
-    std::string path; ///< of a file, or with a scheme in front ("dvd:///media/disc")
-    bool address = false;
+    std::string path;
+    bool disc = false; ///< its folder or image, and not a file
     double startSeconds = 0;
+    PixelSize screen; ///< larger pictures are made to fit it
 };
 
 /// libVLC's threads take notes, the user-interface thread reads them; everything else is done on
@@ -60,11 +62,16 @@ class FilmSession : public std::enable_shared_from_this<FilmSession> {
     void Abandon();
     /// As they were read last.
     FilmTracks Tracks(TrackKind kind) const;
+    /// Of a disc. Until it is read, nothing is forbidden.
+    DiscIndex Index() const;
 
     // On the worker.
     void Open(VlcLibrary& library, const FilmSource& source);
     void Close();
+    /// Goes to a moment, seconds, or to one near it that can be shown sooner.
+    void Seek(double seconds);
     void ReadTracks();
+    void Choose(TrackKind kind, int id);
     /// Null when it could not be opened.
     libvlc_media_player_t* Player() const { return player_.get(); }
     libvlc_media_t* Media() const { return media_.get(); }
@@ -79,6 +86,8 @@ class FilmSession : public std::enable_shared_from_this<FilmSession> {
     void Format(unsigned& width, unsigned& height);
     void Display(FrameBuffers::Buffer* written);
     bool KnowShape(const FilmPicture& picture);
+    double ToldShape() const;
+    FilmTracks Angles() const;
     template<class Change> void Tell(Change change);
     void Listen();
 
@@ -87,12 +96,19 @@ class FilmSession : public std::enable_shared_from_this<FilmSession> {
     std::atomic<bool> abandoned_ = false, paused_ = false;
     const std::shared_ptr<FrameBuffers> frames_ = std::make_shared<FrameBuffers>();
 
-    mutable std::mutex mutex_; ///< of the notes and the tracks
+    mutable std::mutex mutex_; ///< of what stands in this paragraph
     FilmNotes notes_;
     bool posted_ = false;
     bool playing_ = false; ///< what is told of titles before is no more than a beginning
     FilmTracks audio_, subtitles_;
+    int angle_ = 1;
+    DiscIndex index_;
+    int title_ = 0; ///< of the disc that is shown
 
+    double Entry(double seconds) const;
+    void ReadIndex();
+
+    FilmSource source_; ///< from the opening on
     // Of the thread that shows the pictures.
     double pixelAspect_ = 0;
     int shown_ = 0; ///< pictures since the format

@@ -48,4 +48,13 @@ FilmShape Visible(int codedWidth, int codedHeight, const std::optional<FilmShape
     return {codedWidth, fullHd && codedWidth == 1920 ? FullHd : codedHeight};
 }
 
+PixelSize SizeOn(PixelSize screen, const FilmShape& shape) {
+    const PixelSize own{shape.width, shape.height};
+    const bool guessed = shape.pixelAspect <= 0;
+    const double pixel = guessed ? LikelyPixelAspect(own.width, own.height) : shape.pixelAspect;
+    if (screen.width <= 0 || screen.height <= 0 || (guessed && pixel != 1)) return own;
+    const PixelSize place = FitShape(own.width * pixel / own.height, screen);
+    return place.width < own.width && place.height < own.height ? place : own;
+}
+
 } // namespace vk

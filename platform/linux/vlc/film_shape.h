@@ -1,6 +1,8 @@
 // How large a film's pictures are, and of what shape.
 #pragma once
 
+#include "platform/picture_fit.h"
+
 #include <vlc/vlc.h>
 
 #include <optional>
@@ -23,5 +25,9 @@ double LikelyPixelAspect(int width, int height);
 
 /// What is to be seen of pictures that are coded in so many pixels: codecs fill up whole blocks.
 FilmShape Visible(int codedWidth, int codedHeight, const std::optional<FilmShape>& told);
+
+/// What its pictures are best converted to: their place on a screen where that is smaller both
+/// ways, since nobody has to scale them then, and else what they are.
+PixelSize SizeOn(PixelSize screen, const FilmShape& shape);
 
 } // namespace vk

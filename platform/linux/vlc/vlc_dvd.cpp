@@ -31,19 +31,11 @@ void VlcDvd::Directory(const std::string& path) {
     directory_ = path;
     title_ = 0;
     domain_ = DvdDomain::None;
-    index_ = std::make_shared<DiscIndex>();
-    film_.Name(path.empty() ? "" : "dvd://" + path, true);
-    if (!path.empty()) ReadIndex();
+    film_.Name(path, true);
 }
 
-// Until it is read nothing is forbidden.
-void VlcDvd::ReadIndex() {
-    film_.worker_.Ask([&ui = film_.ui_, wanted = std::weak_ptr(index_), path = directory_] {
-        if (wanted.expired()) return;
-        ui.Post([wanted, index = ReadDiscIndex(path)] {
-            if (const auto kept = wanted.lock()) *kept = index;
-        });
-    });
+DiscTitle VlcDvd::Current() const {
+    return film_.session_ ? film_.session_->Index().Of(title_) : DiscTitle{};
 }
 
 void VlcDvd::Press(DvdKey key) {
@@ -75,7 +67,7 @@ void VlcDvd::PreviousChapter() {
 
 // libVLC asks the disc for nothing; on one without a menu it would lose its own title.
 bool VlcDvd::UOPValid(int flag) const {
-    const DiscTitle rights = index_->Of(title_);
+    const DiscTitle rights = Current();
     const bool inTitle = domain_ == DvdDomain::Title;
     switch (flag) {
     case uop::Buttons:
@@ -105,7 +97,9 @@ void VlcDvd::Navigated(int title) {
     const bool another = title != title_;
     title_ = title;
     Enter(title == MenuTitle ? DvdDomain::TitleMenu : DvdDomain::Title);
-    if (another && title != MenuTitle) Notify(DvdEvent::TitleChange, title);
+    if (another && title != MenuTitle) {
+        Notify(DvdEvent::TitleChange, title);
+    }
 }
 
 } // namespace vk

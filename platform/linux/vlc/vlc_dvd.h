@@ -4,7 +4,6 @@
 #include "platform/dvd/disc_index.h"
 #include "platform/dvd_player.h"
 
-#include <memory>
 #include <string>
 
 namespace vk {
@@ -35,7 +34,7 @@ class VlcDvd : public DvdPlayer {
     void Ended() { Enter(DvdDomain::Stop); }
 
   private:
-    void ReadIndex();
+    DiscTitle Current() const;
     void Enter(DvdDomain domain);
     void Notify(DvdEvent event, int parameter) const;
 
@@ -43,7 +42,6 @@ class VlcDvd : public DvdPlayer {
     std::string directory_;
     int title_ = 0;
     DvdDomain domain_ = DvdDomain::None;
-    std::shared_ptr<DiscIndex> index_ = std::make_shared<DiscIndex>(); ///< of this disc alone
 };
 
 } // namespace vk

@@ -23,10 +23,10 @@ void VlcFilm::FileName(const std::string& path) {
     Name(path, false);
 }
 
-void VlcFilm::Name(const std::string& path, bool address) {
+void VlcFilm::Name(const std::string& path, bool disc) {
     Stop();
     path_ = path;
-    address_ = address;
+    disc_ = disc;
     wanted_ = -1;
 }
 
@@ -43,7 +43,7 @@ void VlcFilm::Open() {
     timeMs_ = lengthMs_ = 0;
     wantedAt_ = std::chrono::steady_clock::now();
     session_ = std::make_shared<FilmSession>(ui_, [this] { Heed(); });
-    const FilmSource source{path_, address_, std::max(0.0, wanted_)};
+    const FilmSource source{path_, disc_, std::max(0.0, wanted_), screen_};
     worker_.Ask(
         [session = session_, library = library_, source] { session->Open(*library, source); });
     SetLoudness();
@@ -84,10 +84,8 @@ double VlcFilm::CurrentPosition() const {
 void VlcFilm::CurrentPosition(double seconds) {
     wanted_ = std::max(0.0, seconds);
     wantedAt_ = std::chrono::steady_clock::now();
-    const auto milliseconds = static_cast<libvlc_time_t>(std::llround(wanted_ * 1000));
-    Ask([milliseconds](libvlc_media_player_t* player) {
-        libvlc_media_player_set_time(player, milliseconds);
-    });
+    if (session_)
+        worker_.Ask([session = session_, seconds] { session->Seek(std::max(0.0, seconds)); });
 }
 
 double VlcFilm::Duration() const {
@@ -132,10 +130,7 @@ int VlcFilm::Track(TrackKind kind) const {
 }
 
 void VlcFilm::Track(TrackKind kind, int id) {
-    Ask([kind, id](libvlc_media_player_t* player) {
-        kind == TrackKind::Audio ? libvlc_audio_set_track(player, id)
-                                 : libvlc_video_set_spu(player, id);
-    });
+    if (session_) worker_.Ask([session = session_, kind, id] { session->Choose(kind, id); });
 }
 
 // Reports ----------------------------------------------------------------------------------------

@@ -41,6 +41,7 @@ class VlcFilm : public MediaPlayer {
     std::vector<FilmTrack> Tracks(TrackKind kind) const override;
     int Track(TrackKind kind) const override;
     void Track(TrackKind kind, int id) override;
+    void Screen(PixelSize size) override { screen_ = size; }
     std::shared_ptr<const FilmPicture> Picture() override;
     DvdPlayer& Dvd() override { return dvd_; }
 
@@ -49,7 +50,7 @@ class VlcFilm : public MediaPlayer {
     using SteadyTime = std::chrono::steady_clock::time_point;
     using Call = std::function<void(libvlc_media_player_t*)>;
 
-    void Name(const std::string& path, bool address);
+    void Name(const std::string& path, bool disc);
     void Open();
     void Close();
     /// Asks the open film something on the worker; nothing while none is open.
@@ -63,7 +64,8 @@ class VlcFilm : public MediaPlayer {
     std::shared_ptr<FilmSession> session_; ///< null: nothing is open
     VlcDvd dvd_{*this};
     std::string path_;
-    bool address_ = false;
+    bool disc_ = false;
+    PixelSize screen_;
     PlayStateValue state_ = PlayStateValue::Stopped;
     double wanted_ = -1; ///< the position that was asked for, seconds; -1: the film tells it
     SteadyTime wantedAt_;

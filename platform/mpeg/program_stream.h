@@ -1,0 +1,41 @@
+// MPEG program streams, as .mpg and .vob files are: packets of several streams one behind the
+// other. (ISO/IEC 13818-1, 2.5.3; ISO/IEC 11172-1 for those of the first generation; pictures:
+// 13818-2.)
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+namespace vk {
+
+/// A packet of one stream. Times are ticks of 90 kHz.
+struct StreamPacket {
+    std::uint8_t stream = 0;
+    std::optional<std::int64_t> shown, decoded; ///< of what begins in it, where it is told
+    std::string_view payload;                   ///< what of it was read
+
+    bool IsVideo() const { return stream >= 0xE0 && stream <= 0xEF; }
+    /// MPEG audio, or one of the other kinds that discs have.
+    bool IsAudio() const;
+    /// A picture begins in it that needs no other one.
+    bool HasKeyPicture() const;
+};
+
+/// The packets of a piece that may begin and end anywhere. The bytes outlive the object.
+class PacketReader {
+  public:
+    explicit PacketReader(std::string_view bytes) : bytes_(bytes) {}
+    /// The next one, nothing at the piece's end. What is no packet is skipped.
+    std::optional<StreamPacket> Next();
+
+  private:
+    std::string_view bytes_;
+    bool inStep_ = false; ///< what comes next begins where a packet ended
+};
+
+/// True for bytes that a program stream begins with.
+bool IsProgramStream(std::string_view bytes);
+
+} // namespace vk
