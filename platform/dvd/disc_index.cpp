@@ -19,8 +19,8 @@ constexpr std::size_t MenuPictures = 0x100, TitlePictures = 0x200; // how they a
 constexpr std::size_t FirstMenuSector = 0xC0;
 
 double ShapeAt(const std::string& bytes, std::size_t at) {
-    if (at >= bytes.size()) return 0;
-    const std::uint32_t ratio = ByteAt(bytes, at) >> 2 & 3;
+    const std::uint32_t coding = ByteAt(bytes, at) >> 6, ratio = ByteAt(bytes, at) >> 2 & 3;
+    if (at >= bytes.size() || coding > 1) return 0; // neither of the two kinds of MPEG
     return ratio == 0 ? 4.0 / 3 : ratio == 3 ? 16.0 / 9 : 0;
 }
 
@@ -66,7 +66,8 @@ TitleSet ReadTitleSet(const std::string& disc, std::uint32_t number) {
 double MenuShape(const std::string& manager, const std::map<std::uint32_t, TitleSet>& sets) {
     std::set<double> shapes;
     const auto add = [&](const std::string& bytes) {
-        if (BigAt(bytes, FirstMenuSector) != 0) shapes.insert(ShapeAt(bytes, MenuPictures));
+        const double shape = ShapeAt(bytes, MenuPictures);
+        if (shape > 0 && BigAt(bytes, FirstMenuSector) != 0) shapes.insert(shape);
     };
     add(manager);
     for (const auto& [number, set] : sets)

@@ -131,6 +131,8 @@ TEST(DiscIndexTest, TheDiscSaysWhatItHasAndForbids) {
         const DiscIndex index = ReadDiscIndex(Films + disc);
         EXPECT_EQ(index.titles.size(), 2u) << disc;
         EXPECT_TRUE(index.Of(1).rootMenu && index.Of(1).forbidden == 0) << disc;
+        EXPECT_EQ(index.Of(0).shape, 4.0 / 3) << disc;
+        EXPECT_EQ(index.Of(2).shape, 4.0 / 3) << disc;
     }
     const DiscIndex strict = ReadDiscIndex(Films + "/strict");
     EXPECT_EQ(strict.Of(1).forbidden, uop::NextChapter | uop::Forwards | uop::PauseOn);

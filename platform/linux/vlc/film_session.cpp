@@ -240,7 +240,7 @@ void FilmSession::OnDisplay(void* self, void* picture) {
     static_cast<FilmSession*>(self)->Display(static_cast<FrameBuffers::Buffer*>(picture));
 }
 
-// A disc's menu may stand still before libVLC knows; the disc does.
+// A disc's menu stands still before libVLC knows; the disc itself may.
 double FilmSession::ToldShape() const {
     const auto told = ShapeOf(media_.get());
     if (told && told->pixelAspect > 0) return told->pixelAspect * told->width / told->height;
@@ -253,7 +253,8 @@ bool FilmSession::KnowShape(const FilmPicture& picture) {
     if (pixelAspect_ > 0 && shown_ % ShapeEvery != 0) return true;
     if (const double shape = ToldShape(); shape > 0)
         pixelAspect_ = shape * picture.height / picture.width;
-    return pixelAspect_ > 0 || std::chrono::steady_clock::now() - formatAt_ > ShapeWait;
+    return pixelAspect_ > 0 || source_.disc ||
+           std::chrono::steady_clock::now() - formatAt_ > ShapeWait;
 }
 
 void FilmSession::Display(FrameBuffers::Buffer* written) {
