@@ -1,6 +1,7 @@
 """What a film costs, measured on the real system on a virtual display of 800x480: from the choice to the first picture,
 key to pause, seek, frames lost in a minute, processor time against libVLC's own X11 output on the same film in the same
-run, and memory before and after.  bench_films.py [SECONDS]: how long frames are counted; 60 without.
+run, and memory before and after; then how long a disc's menu takes.  bench_films.py [SECONDS]: how long frames are
+counted; 60 without.
 
 Each picture of the films bears its number as a row of twelve white and black boxes, which is read from the display's
 memory.  Needs ./run demo and, for the peer, `cmake --preset bench && cmake --build --preset bench`.
@@ -17,6 +18,9 @@ from demo_system import DemoSystem  # noqa: E402
 
 BITS = 12
 LENGTH = 90  # seconds of a film
+SEEKS, MENUS = 5, 5
+DARK, BRIGHT = 60, 190
+FRAME = 0xFFFF00  # of the marked button in the menu of the tests' disc
 PEER = ROOT / "build" / "bench" / "bench" / "vlc_window"
 KINDS = (
     ("mpeg2-576p25.mpg", "720x576", 25, ["-aspect", "16:9", "-c:v", "mpeg2video", "-b:v", "4M", "-c:a", "mp2", "-f", "mpeg"]),
@@ -42,17 +46,14 @@ def make(folder, name, size, rate, encoding):
 
 
 def number(display, width, height):
-    """Of the picture that is shown; None while there is none."""
+    """Of the picture that is shown; None while there is none, or one without boxes."""
     y = height // 2
     offset = len(display.screen) - 4 * width * height
     row = display.screen[offset + 4 * width * y:offset + 4 * width * (y + 1)]
-    if row.count(0) == len(row) * 3 // 4 or not any(row):
+    greens = [row[4 * int((box + 0.5) * width / (BITS + 2)) + 1] for box in range(BITS + 2)]
+    if any(DARK < green < BRIGHT for green in greens) or greens[0] > DARK or greens[-1] > DARK or max(greens) <= DARK:
         return None
-    value = 0
-    for bit in range(BITS):
-        x = int((bit + 1.5) * width / (BITS + 2))
-        value |= (row[4 * x + 1] > 128) << bit
-    return value
+    return sum((green > BRIGHT) << bit for bit, green in enumerate(greens[1:-1]))
 
 
 def ticks(process):
@@ -93,13 +94,15 @@ class Films(DemoSystem):
         print(f"  tile to first picture: {self.until('a picture', self.now):.0f} ms")
         self.answer_message()
         time.sleep(2)
-        self.frames(rate, seconds)
-        self.pause_and_seek(rate)
+        used = self.frames(rate, seconds)
+        self.pause()
+        self.seek(rate)
         self.press("Escape")
         time.sleep(5)
         after = memory(self.system.pid)
         print(f"  memory: {before[0]:.1f} MB ({before[1]:.1f} private) before, {after[0]:.1f} MB ({after[1]:.1f} private) after")
         self.end()
+        return used
 
     def frames(self, rate, seconds):
         seen, last, gap, at = 0, self.now(), 0.0, time.monotonic()
@@ -113,8 +116,9 @@ class Films(DemoSystem):
         due = (last - first) % 2 ** BITS
         used = (ticks(self.system.pid) - spent) / seconds
         print(f"  frames: {seen} of {due} in {seconds} s, longest gap {gap * 1000:.0f} ms, processor {used:.1f} %")
+        return used
 
-    def pause_and_seek(self, rate):
+    def pause(self):
         begin, last = time.monotonic(), time.monotonic()
         shown = self.now()
         self.press("Return")
@@ -124,16 +128,42 @@ class Films(DemoSystem):
                 shown, last = self.now(), time.monotonic()
             time.sleep(0.001)
         print(f"  key to pause: {max(0.0, last - begin) * 1000:.0f} ms with the key's own way")
-        for name in ("Return", "Right"):
-            before = self.now()
+        self.press("Return")
+        time.sleep(1)
+
+    def seek(self, rate):
+        """Back and forth, each a little behind a whole number of seconds in which key pictures come."""
+        took = []
+        for name in ("Left", "Right") * SEEKS:
+            before = self.until_number()
             begin = time.monotonic()
             self.press(name)
-            if name == "Right":
-                self.until("the seek", lambda: (self.now() - before) % 2 ** BITS > 5 * rate)
-                print(f"  seek: {(time.monotonic() - begin) * 1000:.0f} ms")
-            time.sleep(1)
+            self.until("the seek", lambda: abs((self.now() or before) - before) > 5 * rate)
+            took.append((time.monotonic() - begin) * 1000)
+            time.sleep(1.3)
+        print(f"  seek: median {sorted(took)[SEEKS]:.0f} ms, longest {max(took):.0f} ms")
 
-    def peer(self, film, seconds):
+    def until_number(self):
+        self.until("a picture", lambda: self.now() is not None)
+        return self.now()
+
+    def menu(self, disc):
+        """From the tile to the disc's menu, again and again in one run of the system."""
+        self.enter(disc)
+        self.start_to_menu()
+        took = []
+        for _ in range(MENUS):
+            self.press("Return")
+            took.append(self.until("the menu of the disc", lambda: self.display.shows(FRAME, 60)))
+            self.answer_message()
+            self.press("Escape")
+            self.wait_for("the menu", lambda: not self.display.shows(0, 400))
+            time.sleep(3)
+        print(f"  tile to the disc's menu: first {took[0]:.0f} ms, median {sorted(took)[MENUS // 2]:.0f} ms, "
+              f"longest {max(took):.0f} ms")
+        self.end()
+
+    def peer(self, film, seconds, ours):
         if not PEER.exists():
             return
         process = subprocess.Popen([PEER, film, str(self.width), str(self.height)], env=self.alone.env,
@@ -141,7 +171,8 @@ class Films(DemoSystem):
         time.sleep(3)
         spent = ticks(process.pid)
         time.sleep(seconds)
-        print(f"  libVLC's X11 output: processor {(ticks(process.pid) - spent) / seconds:.1f} %")
+        used = (ticks(process.pid) - spent) / seconds
+        print(f"  libVLC's X11 output: processor {used:.1f} %; the system needs {ours / max(used, 0.1):.2f} of that")
         process.terminate()
         process.wait()
 
@@ -158,8 +189,11 @@ def main():
         films.end()
         for name, _, rate, _ in KINDS:
             print(name)
-            films.measure(folder / name, rate, min(seconds, LENGTH - 25))
-            films.peer(folder / name, min(seconds, 20))
+            used = films.measure(folder / name, rate, min(seconds, LENGTH - 25))
+            films.peer(folder / name, min(seconds, 20), used)
+        subprocess.run([sys.executable, ROOT / "tests" / "films" / "make_films.py", folder / "tests"], check=True)
+        print("disc.iso")
+        films.menu(folder / "tests" / "disc.iso")
 
 
 main()

@@ -17,6 +17,7 @@ constexpr double TicksASecond = 90'000;
 constexpr std::int64_t EdgeBytes = 1 << 20; // what is read of the beginning and the end
 constexpr std::int64_t LookBytes = 1 << 18; // to find out where in the film a place is
 constexpr std::int64_t MostBytes = 4 << 20; // to look for the picture in
+constexpr std::size_t BeginBytes = 1 << 15; // with the first packet of video among them
 constexpr double Around = 1.2;              // seconds, both ways
 constexpr double NearEnough = 0.2;          // seconds
 constexpr int MostLooks = 8;
@@ -119,6 +120,13 @@ class Film {
 
 std::optional<double> NearKeyPicture(const std::string& file, double seconds) {
     return Film(file).KeyNear(seconds);
+}
+
+double ShapeOfFilm(const std::string& file) {
+    std::ifstream film(file, std::ios::binary);
+    std::string first(BeginBytes, '\0');
+    film.read(first.data(), static_cast<std::streamsize>(first.size()));
+    return ShapeOfStream(first);
 }
 
 } // namespace vk

@@ -12,4 +12,8 @@ namespace vk {
 /// program stream, or has no such picture near. May wait for the medium.
 std::optional<double> NearKeyPicture(const std::string& file, double seconds);
 
+/// The shape of the pictures of a program stream, width over height as they are to be seen, before
+/// it is opened; 0 where it is not told, or the file is none. May wait for the medium.
+double ShapeOfFilm(const std::string& file);
+
 } // namespace vk

@@ -11,6 +11,8 @@ using namespace std::string_view_literals;
 constexpr auto CodePrefix = "\0\0\1"sv;
 constexpr auto PackStart = "\0\0\1\xBA"sv;
 constexpr auto PictureStart = "\0\0\1\0"sv;
+constexpr auto SequenceStart = "\0\0\1\xB3"sv;
+constexpr auto ExtensionStart = "\0\0\1\xB5"sv;
 constexpr std::uint8_t SystemHeader = 0xBB, PrivateStream1 = 0xBD, FirstAudio = 0xC0;
 constexpr std::size_t StampLength = 5, HeaderLength = 6;
 
@@ -50,7 +52,35 @@ std::size_t OldHeader(StreamPacket& packet, std::string_view body) {
     return at + (kind == 3 ? 2 * StampLength : StampLength);
 }
 
+// What follows the sequence's header tells the generation, and the code's meaning with it.
+double ShapeOfSequence(std::string_view video) {
+    const auto header = video.find(SequenceStart);
+    if (header == video.npos || video.find(ExtensionStart, header) == video.npos) return 0;
+    const int width = At(video, header + 4) << 4 | At(video, header + 5) >> 4;
+    const int height = (At(video, header + 5) & 0xF) << 8 | At(video, header + 6);
+    switch (At(video, header + 7) >> 4) {
+    case 1:
+        return height > 0 ? static_cast<double>(width) / height : 0;
+    case 2:
+        return 4.0 / 3;
+    case 3:
+        return 16.0 / 9;
+    case 4:
+        return 2.21;
+    default:
+        return 0;
+    }
+}
+
 } // namespace
+
+double ShapeOfStream(std::string_view bytes) {
+    if (!IsProgramStream(bytes)) return 0;
+    PacketReader packets(bytes);
+    while (const auto packet = packets.Next())
+        if (packet->IsVideo()) return ShapeOfSequence(packet->payload);
+    return 0;
+}
 
 bool IsProgramStream(std::string_view bytes) {
     return bytes.starts_with(PackStart);

@@ -35,6 +35,10 @@ class PacketReader {
     bool inStep_ = false; ///< what comes next begins where a packet ended
 };
 
+/// The shape of its pictures (width over height, as they are to be seen) as the first packet of
+/// video tells it; 0 where that does not, as in the first generation.
+double ShapeOfStream(std::string_view bytes);
+
 /// True for bytes that a program stream begins with.
 bool IsProgramStream(std::string_view bytes);
 

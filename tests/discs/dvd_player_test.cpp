@@ -19,6 +19,7 @@ namespace {
 
 struct DvdPlayerTest : testing::Test {
     DvdPlayerTest() {
+        player->Screen({640, 480});
         player->onPicture = [this] { picture = player->Picture(); };
         disc.onNotify = [this](int code, std::int64_t first, std::int64_t) {
             told += std::to_string(code) + ":" + std::to_string(first) + " ";
@@ -31,10 +32,10 @@ struct DvdPlayerTest : testing::Test {
     /// A colour at a place of 720 by 576 points is seen.
     bool Sees(int x, int y, int red, int green, int blue) {
         return loop.Until([=, this] {
-            if (!picture || picture->width != 720) return false;
-            const auto* row = picture->pixels + y * picture->stride / 4;
+            if (!picture || picture->width != 640 || picture->height != 480) return false;
+            const auto* row = picture->pixels + y * 480 / 576 * picture->stride / 4;
             const auto near = [&](int shift, int wanted) {
-                return std::abs(static_cast<int>(row[x] >> shift & 0xFF) - wanted) < 60;
+                return std::abs(static_cast<int>(row[x * 640 / 720] >> shift & 0xFF) - wanted) < 60;
             };
             return near(16, red) && near(8, green) && near(0, blue);
         });

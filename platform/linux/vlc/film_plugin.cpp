@@ -10,8 +10,10 @@ namespace {
 // Pictures come and go by the megabyte, from a dozen threads. As the allocator is by itself, it
 // keeps ever larger ones once they were let go, for each of the threads.
 void GiveMemoryBack() {
-    constexpr int LargestKept = 128 * 1024, Arenas = 4;
-    ::mallopt(M_MMAP_THRESHOLD, LargestKept);
+    constexpr int LargestKept = 1 << 20, Arenas = 4;
+    ::mallopt(M_MMAP_THRESHOLD,
+              LargestKept); // below are what decoders take for each piece of sound
+    ::mallopt(M_TRIM_THRESHOLD, LargestKept);
     ::mallopt(M_ARENA_MAX, Arenas);
 }
 

@@ -40,7 +40,7 @@ FilmTracks ListOf(libvlc_track_description_t* first, int chosen) {
 
 void FilmSession::Open(VlcLibrary& library, const FilmSource& source) {
     source_ = source;
-    if (source.disc) ReadIndex();
+    source.disc ? ReadIndex() : static_cast<void>(fileShape_ = ShapeOfFilm(source.path));
     if (!abandoned_) library_ = library.Get();
     if (library_) {
         const std::string disc = "dvd://" + source.path;
@@ -219,8 +219,10 @@ unsigned FilmSession::OnFormat(void** self, char* chroma, unsigned* width, unsig
 
 // What is returned is what the visible part is scaled to.
 void FilmSession::Format(unsigned& width, unsigned& height) {
-    const FilmShape shape =
+    FilmShape shape =
         Visible(static_cast<int>(width), static_cast<int>(height), ShapeOf(media_.get()));
+    if (const double told = ToldShape(); told > 0)
+        shape.pixelAspect = told * shape.height / shape.width;
     const PixelSize size = SizeOn(source_.screen, shape);
     frames_->Format(size.width, size.height);
     width = static_cast<unsigned>(size.width);
@@ -240,12 +242,12 @@ void FilmSession::OnDisplay(void* self, void* picture) {
     static_cast<FilmSession*>(self)->Display(static_cast<FrameBuffers::Buffer*>(picture));
 }
 
-// A disc's menu stands still before libVLC knows; the disc itself may.
+// libVLC knows it with the first pictures, of which a disc's menu has one alone.
 double FilmSession::ToldShape() const {
     const auto told = ShapeOf(media_.get());
     if (told && told->pixelAspect > 0) return told->pixelAspect * told->width / told->height;
     const std::lock_guard lock(mutex_);
-    return source_.disc ? index_.Of(title_).shape : 0;
+    return source_.disc ? index_.Of(title_).shape : fileShape_;
 }
 
 // The whole shape is the film's, however many pixels it was scaled to.

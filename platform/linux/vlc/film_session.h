@@ -108,7 +108,8 @@ class FilmSession : public std::enable_shared_from_this<FilmSession> {
     double Entry(double seconds) const;
     void ReadIndex();
 
-    FilmSource source_; ///< from the opening on
+    FilmSource source_;    ///< from the opening on
+    double fileShape_ = 0; ///< as the file itself tells it; 0: it does not
     // Of the thread that shows the pictures.
     double pixelAspect_ = 0;
     int shown_ = 0; ///< pictures since the format

@@ -54,7 +54,7 @@ PixelSize SizeOn(PixelSize screen, const FilmShape& shape) {
     const double pixel = guessed ? LikelyPixelAspect(own.width, own.height) : shape.pixelAspect;
     if (screen.width <= 0 || screen.height <= 0 || (guessed && pixel != 1)) return own;
     const PixelSize place = FitShape(own.width * pixel / own.height, screen);
-    return place.width < own.width && place.height < own.height ? place : own;
+    return place.width * place.height <= own.width * own.height ? place : own;
 }
 
 } // namespace vk

@@ -26,8 +26,8 @@ double LikelyPixelAspect(int width, int height);
 /// What is to be seen of pictures that are coded in so many pixels: codecs fill up whole blocks.
 FilmShape Visible(int codedWidth, int codedHeight, const std::optional<FilmShape>& told);
 
-/// What its pictures are best converted to: their place on a screen where that is smaller both
-/// ways, since nobody has to scale them then, and else what they are.
+/// What its pictures are best converted to: their place on a screen, since nobody has to scale them
+/// then, or what they are where that is less or the place is not known.
 PixelSize SizeOn(PixelSize screen, const FilmShape& shape);
 
 } // namespace vk
