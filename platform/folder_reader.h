@@ -53,6 +53,15 @@ class FolderReader {
     std::optional<Entry> Next();
     /// Looks at the entry that was read last.
     std::optional<Facts> Look();
+    /// Whether that entry is a folder or a file, links followed; nothing for what is neither. Looks
+    /// at it only where the folder itself does not tell.
+    std::optional<bool> IsFolder(const Entry& entry) {
+        if (entry.kind == Kind::Folder || entry.kind == Kind::File)
+            return entry.kind == Kind::Folder;
+        const auto facts = Look();
+        if (!facts || (!facts->isFolder && !facts->isFile)) return std::nullopt;
+        return facts->isFolder;
+    }
 
   private:
     struct Open;

@@ -1,6 +1,7 @@
 #include "settings/media_folders.h"
 
 #include "platform/files.h"
+#include "platform/folder_reader.h"
 #include "platform/paths.h"
 
 #include <deque>
@@ -32,15 +33,19 @@ bool Readable(const std::string& folder) {
 
 bool HoldsMedia(const std::string& root, const MediaExtensions& extensions) {
     std::deque<std::string> folders = {root};
-    for (int left = MostEntries; !folders.empty(); folders.pop_front())
-        for (const FolderEntry& entry : ListFolder(folders.front())) {
+    for (int left = MostEntries; !folders.empty(); folders.pop_front()) {
+        FolderReader reader(folders.front());
+        const bool open = !reader.Error();
+        while (const auto entry = open ? reader.Next() : std::nullopt) {
             if (--left < 0) return true;
-            if (IsSystemName(entry.name)) continue;
-            const std::string path = JoinPath(folders.front(), entry.name);
-            const int type = entry.isFolder ? MediaUnknown : GetMediaType(extensions, path);
+            const std::string name(entry->name), path = JoinPath(folders.front(), name);
+            const auto folder = IsSystemName(name) ? std::nullopt : reader.IsFolder(*entry);
+            if (!folder) continue;
+            const int type = *folder ? MediaUnknown : GetMediaType(extensions, path);
             if (type == MediaAudio || type == MediaVideo) return true;
-            if (entry.isFolder) folders.push_back(path);
+            if (*folder) folders.push_back(path);
         }
+    }
     return false;
 }
 

@@ -3,12 +3,14 @@
 #include "skin/controls/looks.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace vk {
 
 namespace {
 
 constexpr int RowRadius = 12;
+constexpr double SkinHeight = 480; // pixels of the panel that a skin's fonts are made for
 constexpr QColor Lit(0x2E, 0x8B, 0x57);
 
 // Until a skin is loaded its colours are all black.
@@ -24,13 +26,15 @@ QColor PlateGround(const QColor& back) {
 
 } // namespace
 
-RowLook::RowLook(const SkinData& data)
+RowLook::RowLook(const SkinData& data, int screenHeight)
     : skin(data), font(data.Listtextfont.size > 0 ? data.Listtextfont
                                                   : SkinFont{"DejaVu Sans", false, false, 18}),
       small(font), text(OrElse(data.HeadingBarForegroundClr, 0xE8E8E8)),
       back(ToQColor(data.ClockBackgroundClr)), ground(PlateGround(back)),
       chosen(ToQColor(OrElse(data.ListSelectedBackgroundClr, 0x30A0FF))) {
-    small.size = static_cast<std::int16_t>(std::max(10, font.size * 3 / 4));
+    const double scale = std::max(1.0, screenHeight / SkinHeight / data.FontScale());
+    font.size = static_cast<std::int16_t>(std::lround(font.size * scale));
+    small.size = static_cast<std::int16_t>(std::max(10, font.size * 5 / 6));
 }
 
 void RowLook::Dress(ShadedLabel& label, bool isChosen, bool enabled, bool lit) const {

@@ -10,7 +10,8 @@ namespace vk {
 
 /// Made anew with each drawing, as the skin may have changed.
 struct RowLook {
-    explicit RowLook(const SkinData& skin);
+    /// For a screen that is so high, pixels: texts are as large on every panel.
+    RowLook(const SkinData& skin, int screenHeight);
 
     /// A plate that can be used, `chosen` with the cursor on it or `lit` for a state that is on.
     void Dress(ShadedLabel& label, bool chosen, bool enabled = true, bool lit = false) const;

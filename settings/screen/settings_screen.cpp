@@ -108,7 +108,7 @@ void settings::DoLayout() {
     const int margin = width() / 80, tall = height() * HeadingPercent / 100;
     heading_.resize(width() - 2 * margin, tall);
     heading_.move(margin, (height() - tall) / BoardLines);
-    RowLook(context_.skin.data()).DressText(heading_);
+    RowLook(context_.skin.data(), height()).DressText(heading_);
     for (const auto& label : labels_)
         label->Forget();
     Draw();
@@ -116,7 +116,7 @@ void settings::DoLayout() {
 }
 
 void settings::Draw() {
-    const RowLook look(context_.skin.data());
+    const RowLook look(context_.skin.data(), height());
     const auto plates = pages_.Plates();
     std::vector<PlateLabel*> shown;
     for (std::size_t i = 0; i < plates.size(); ++i) {

@@ -22,15 +22,6 @@ void Sort(std::vector<FolderRow>& rows) {
     std::ranges::sort(rows, {}, &FolderRow::order);
 }
 
-// Links are followed; what is neither folder nor file is left out, as is what cannot be looked at.
-std::optional<bool> IsFolder(FolderReader& reader, FolderReader::Kind kind) {
-    using Kind = FolderReader::Kind;
-    if (kind == Kind::Folder || kind == Kind::File) return kind == Kind::Folder;
-    const auto facts = reader.Look();
-    if (!facts || (!facts->isFolder && !facts->isFile)) return std::nullopt;
-    return facts->isFolder;
-}
-
 } // namespace
 
 void FolderRows::Enter(const std::string& path) {
@@ -105,7 +96,7 @@ void FolderRows::ListFolder() {
         if (entry->name.starts_with('.') || (!files_ && entry->kind == FolderReader::Kind::File))
             continue;
         const std::string name(entry->name), path = JoinPath(path_, name);
-        const auto folder = IsFolder(reader, entry->kind);
+        const auto folder = reader.IsFolder(*entry);
         if (!folder || (!*folder && !Accepts(path))) continue;
         rows_.push_back({ToUtf8(name), path, !*folder});
     }

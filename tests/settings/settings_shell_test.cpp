@@ -102,6 +102,7 @@ TEST_F(SettingsShellTest, BadFoldersAreAskedAgainAndCancelEnds) {
     shell->btnmediadir_Click();
     EXPECT_EQ(exits, 2) << "nothing is asked again when the program ends";
     EXPECT_EQ(settings.values.MediaDir, app.File("music4"));
+    EXPECT_EQ(settings.Text(setting::PlaylistDir), app.File("music4/Playlists"));
 }
 
 TEST_F(SettingsShellTest, LeavingLaterLoadsTheScreensAnewAndTheExitWaitsForTheCatalogue) {
