@@ -32,8 +32,9 @@ struct Tree {
     ~Tree() { fs::remove_all(root); }
     SyncResult Copy() const {
         const SyncOrder order{.source = source.string(), .dest = dest.string(), .backupName = ""};
-        const SyncListener listener{[](const std::string&) {}, [](const std::string&) {},
-                                    [](const std::string&) {}, [](int, int) { return true; }};
+        const SyncListener listener{[] { return false; }, [](const std::string&) {},
+                                    [](const std::string&) {}, [](const std::string&) {},
+                                    [](int, int) { return true; }};
         return FolderCopy(order, listener).CopyFiles();
     }
     const fs::path root = fs::path(VK_APP_DIR) / "bench-sync";

@@ -48,8 +48,11 @@ class Catalogue {
     /// Adds or updates the row of the file at a full path; a file whose date is as catalogued is
     /// not read again. Never throws.
     virtual void UpdateFileRow(const std::string& path) = 0;
-    /// The same for several files in one transaction.
+    /// The same for many files, beside the interface: they are written as long as `WritesRows` is
+    /// asked, now and then.
     virtual void UpdateFileRows(const std::vector<std::string>& paths) = 0;
+    /// True while rows are on their way; those that wait for a scan's end are not.
+    virtual bool WritesRows() = 0;
 };
 
 } // namespace vk

@@ -8,4 +8,7 @@ namespace vk {
 /// what they have.
 void WorkInBackground();
 
+/// The same for the calling thread alone.
+void WorkThreadInBackground();
+
 } // namespace vk

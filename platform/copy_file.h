@@ -10,6 +10,7 @@ namespace vk {
 
 struct CopyOutcome {
     enum Kind { Done, Stopped, Failed };
+    static constexpr const char* Changed = "it changes while it is copied";
     Kind kind = Failed;
     std::string reason; ///< of a failure, in the system's words
 };
@@ -17,12 +18,15 @@ struct CopyOutcome {
 /// Told of each piece, in bytes; false stops the copying.
 using CopyProgress = std::function<bool(std::uint64_t done, std::uint64_t total)>;
 
+/// What becomes of the copy of a file that is written to meanwhile.
+enum class WhenChanged { Keep, Fail };
+
 /// Copies a regular file in pieces with its times. What was at `to` stays until the copy is whole
 /// and on the disk; of a copy that was stopped or has failed nothing is left. The copy can be
 /// written to, whatever the file allowed. Its name is on the disk when the folder is flushed: once
 /// for all copies in it.
 CopyOutcome CopyInPieces(const std::string& from, const std::string& to,
-                         const CopyProgress& progress);
+                         const CopyProgress& progress, WhenChanged whenChanged = WhenChanged::Keep);
 
 /// Bytes that this user may still write to the volume of `path`, which need not exist: the folder
 /// above it that does counts. Nothing when that cannot be told.

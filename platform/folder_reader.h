@@ -62,6 +62,8 @@ class FolderReader {
         if (!facts || (!facts->isFolder && !facts->isFile)) return std::nullopt;
         return facts->isFolder;
     }
+    /// Looks at the entry of that name; nothing when it is not there or the folder is not open.
+    std::optional<Facts> Look(const std::string& name) const;
 
   private:
     struct Open;

@@ -1,22 +1,19 @@
 #include "sync/folder_copy.h"
 
-#include "core/text.h"
 #include "platform/copy_file.h"
-#include "platform/file_date.h"
-#include "platform/file_state.h"
 #include "platform/files.h"
 #include "platform/paths.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <limits>
-#include <utility>
 
 namespace vk {
 
 namespace {
 
-// FAT keeps times in steps of 2 s.
-constexpr std::int64_t CoarsestTime = 2;
+// FAT keeps times in steps of 2 s, and those of the clock on the wall: summer time moves them all.
+constexpr std::int64_t CoarsestTime = 2, SummerTime = 3600;
 
 int Percent(std::uint64_t done, std::uint64_t total) {
     if (total == 0) return 100;
@@ -31,26 +28,45 @@ std::string WithHint(const std::string& why, const std::string& name) {
     return rare ? why + " (the destination may not take such a name)" : why;
 }
 
+bool IsNewer(const FileFacts& from, const FileFacts& there) {
+    const std::int64_t older = from.written - there.written;
+    const bool sameLength = from.length == there.length;
+    if (sameLength && std::abs(std::abs(older) - SummerTime) <= CoarsestTime) return false;
+    return older > CoarsestTime || (older >= -CoarsestTime && !sameLength);
+}
+
+bool IsThere(const std::string& folder, const FolderIdentity& as) {
+    return as != FolderIdentity() && FolderReader(folder).Identity() == as;
+}
+
 } // namespace
+
+std::string FolderCopy::Pair::Source() const {
+    return JoinPath(in.source, file.name);
+}
+
+std::string FolderCopy::Pair::Dest() const {
+    return JoinPath(in.dest, file.name);
+}
 
 SyncResult FolderCopy::CopyFiles() {
     sourceRoot_ = FolderReader(order_.source).Identity();
-    const WalkListener walking{[&](const std::string& path) {
-                                   listener_.status("Checking: " + path);
+    destRoot_ = FolderReader(order_.dest).Identity();
+    const WalkListener walking{[&](const std::string& folder, std::string_view name) {
+                                   Checking(folder, name);
                                    return listener_.progress(0, 0);
                                },
                                listener_.log};
     listener_.log(order_.refresh ? "rule: missing and changed files are copied"
                                  : "rule: missing files are copied");
     const auto folders = WalkSource(order_.source, order_.dest, walking);
-    if (!folders || FolderReader(order_.source).Identity() != sourceRoot_) {
+    if (!folders || !IsThere(order_.source, sourceRoot_)) {
         result_.end = folders ? SyncResult::SourceGone : SyncResult::Aborted;
         return result_;
     }
     for (const SourceFolder& folder : *folders)
         for (const SourceFile& file : folder.files)
             total_ += file.length;
-    destRoot_ = FolderReader(order_.dest).Identity();
     for (const SourceFolder& folder : *folders) {
         if (Over()) break;
         CopyFolder(folder);
@@ -59,47 +75,34 @@ SyncResult FolderCopy::CopyFiles() {
 }
 
 void FolderCopy::CopyFolder(const SourceFolder& folder) {
-    const std::string dest = order_.dest + folder.path;
-    if (FolderReader(order_.dest).Identity() != destRoot_) {
-        result_.end = SyncResult::DestGone;
-        return;
-    }
-    if (!makePath(dest)) listener_.log("no folder could be made: " + dest);
-    ReadDest(dest);
+    if (!DestThere()) return;
+    if (!makePath(order_.dest + folder.path))
+        listener_.log("no folder could be made: " + order_.dest + folder.path);
+    Folders both(order_, folder);
+    free_.reset();
     const int before = result_.filesCopied;
     for (const SourceFile& file : folder.files) {
-        const std::string to = JoinPath(dest, file.name);
-        Check({JoinPath(order_.source + folder.path, file.name), to, file, LengthThere(file, to)});
+        Check({both, file, both.to.Find(file.name)});
         if (Over()) break;
         ++result_.filesChecked;
         done_ += file.length;
     }
-    if (result_.filesCopied > before) FlushFile(dest);
+    if (result_.filesCopied > before) FlushFile(both.dest);
 }
 
-void FolderCopy::ReadDest(const std::string& folder) {
-    there_.clear();
-    names_.clear();
-    free_.reset();
-    for (FolderEntry& entry : ListFolder(folder))
-        if (!entry.isFolder) there_.emplace(std::move(entry.name), entry.length);
-}
-
-// A name in other letters may be the same file.
-std::optional<std::uint64_t> FolderCopy::LengthThere(const SourceFile& file,
-                                                     const std::string& dest) const {
-    if (const auto known = there_.find(file.name); known != there_.end()) return known->second;
-    if (!FileExists(dest)) return std::nullopt;
-    return FileLength(dest);
+void FolderCopy::Checking(const std::string& folder, std::string_view name) {
+    if (listener_.watched()) listener_.status("Checking: " + JoinPath(folder, std::string(name)));
 }
 
 // Room is asked for by the difference of the lengths, the destination's first.
 void FolderCopy::Check(const Pair& pair) {
-    listener_.status("Checking: " + pair.source);
+    Checking(pair.in.source, pair.file.name);
     if (!Told(0, pair.file.length)) return;
-    if (IsTaken(pair)) return;
+    if (pair.there && pair.in.to.IsTaken(pair.file.name))
+        return Fail(pair, "the destination has a file of this name in other letters");
     const auto length = static_cast<std::int64_t>(pair.file.length);
-    const auto needed = pair.there ? static_cast<std::int64_t>(*pair.there) - length : length;
+    const auto needed =
+        pair.there ? static_cast<std::int64_t>(pair.there->length) - length : length;
     if (!HasRoom(needed)) {
         result_.end = SyncResult::NoSpace;
         listener_.log("sync aborted due to insufficient disk space");
@@ -110,54 +113,50 @@ void FolderCopy::Check(const Pair& pair) {
     }
 }
 
-// Two names that differ in case alone are one file on some file systems.
-bool FolderCopy::IsTaken(const Pair& pair) {
-    const bool own =
-        !pair.there || there_.contains(pair.file.name) || !names_.contains(ToUpper(pair.file.name));
-    if (own) return false;
-    Fail(pair, "the destination has a file of this name in other letters");
-    return true;
+bool FolderCopy::Differs(const Pair& pair) {
+    if (order_.refresh) return IsNewer(pair.file, *pair.there);
+    const auto now = pair.in.from.Look(pair.file.name);
+    if (!now) Fail(pair, "it has gone");
+    return now && now->written != pair.file.written;
 }
 
-bool FolderCopy::Differs(const Pair& pair) const {
-    if (!order_.refresh) return FileDate(pair.source) != pair.file.written;
-    const std::int64_t older = pair.file.written - FileDate(pair.dest).value_or(0);
-    return older > CoarsestTime || (older >= -CoarsestTime && pair.there != pair.file.length);
-}
-
+// What was archived comes back when nothing takes its place.
 void FolderCopy::backupFile(const Pair& pair) {
     if (!Differs(pair)) return;
-    if (order_.backup && !Archive(pair)) return;
-    Copy(pair);
+    std::optional<std::string> kept;
+    if (order_.backup && !(kept = Archive(pair))) return;
+    const bool copied = Copy(pair);
+    if (!kept) return;
+    if (!copied && RenameFlushed(*kept, pair.Dest()))
+        listener_.log("put back: " + pair.Dest());
+    else
+        ++result_.filesBackedUp;
 }
 
-bool FolderCopy::Archive(const Pair& pair) {
-    const std::string folder = JoinPath(FolderOf(pair.dest), order_.backupName);
+std::optional<std::string> FolderCopy::Archive(const Pair& pair) {
+    const std::string folder = JoinPath(pair.in.dest, order_.backupName);
     const std::string kept = JoinPath(folder, pair.file.name);
-    listener_.log("archiving: " + pair.dest + "  to  " + kept);
-    if (!makePath(folder) || !RenameFlushed(pair.dest, kept)) {
-        Fail(pair, "what is there could not be archived");
-        return false;
-    }
-    ++result_.filesBackedUp;
-    return true;
+    listener_.log("archiving: " + pair.Dest() + "  to  " + kept);
+    if (makePath(folder) && RenameFlushed(pair.Dest(), kept)) return kept;
+    Fail(pair, "what is there could not be archived");
+    return std::nullopt;
 }
 
-void FolderCopy::Copy(const Pair& pair) {
-    listener_.status("Copying: " + pair.source);
-    listener_.log("copying: " + pair.source + "  to  " + pair.dest);
-    const FileStamp before = StampOf(pair.source);
-    const CopyOutcome outcome =
-        CopyInPieces(pair.source, pair.dest,
-                     [this](std::uint64_t done, std::uint64_t total) { return Told(done, total); });
+bool FolderCopy::Copy(const Pair& pair) {
+    if (!DestThere()) return false;
+    const std::string source = pair.Source(), dest = pair.Dest();
+    listener_.status("Copying: " + source);
+    listener_.log("copying: " + source + "  to  " + dest);
+    const CopyOutcome outcome = CopyInPieces(
+        source, dest, [this](std::uint64_t done, std::uint64_t total) { return Told(done, total); },
+        WhenChanged::Fail);
     if (outcome.kind == CopyOutcome::Failed) Fail(pair, WithHint(outcome.reason, pair.file.name));
     free_.reset();
-    if (outcome.kind != CopyOutcome::Done) return;
-    names_.insert(ToUpper(pair.file.name));
-    if (!StampOf(pair.source).SameAs(before))
-        listener_.log("it has changed while it was copied: " + pair.source);
+    if (outcome.kind != CopyOutcome::Done) return false;
+    pair.in.to.Add(pair.file.name);
     ++result_.filesCopied;
-    listener_.copied(pair.dest);
+    listener_.copied(dest);
+    return true;
 }
 
 bool FolderCopy::makePath(const std::string& path) {
@@ -166,12 +165,19 @@ bool FolderCopy::makePath(const std::string& path) {
 
 // A failure does not stop the run, unless what it reads or writes has gone as a whole.
 void FolderCopy::Fail(const Pair& pair, const std::string& why) {
-    listener_.log("not copied: " + pair.source + "  to  " + pair.dest + ": " + why);
-    ++result_.filesFailed;
-    if (FolderReader(order_.source).Identity() != sourceRoot_)
+    listener_.log("not copied: " + pair.Source() + "  to  " + pair.Dest() + ": " + why);
+    if (result_.filesFailed++ == 0) result_.failure = why;
+    if (!IsThere(order_.source, sourceRoot_))
         result_.end = SyncResult::SourceGone;
-    else if (FolderReader(order_.dest).Identity() != destRoot_)
-        result_.end = SyncResult::DestGone;
+    else
+        DestThere();
+}
+
+// Where a drive was unplugged its mount point is a folder still, of another disk.
+bool FolderCopy::DestThere() {
+    if (IsThere(order_.dest, destRoot_)) return true;
+    result_.end = SyncResult::DestGone;
+    return false;
 }
 
 bool FolderCopy::Told(std::uint64_t done, std::uint64_t total) {

@@ -2,14 +2,12 @@
 #pragma once
 
 #include "platform/folder_reader.h"
-#include "sync/source_walk.h"
+#include "sync/dest_folder.h"
 
 #include <cstdint>
 #include <functional>
 #include <optional>
-#include <set>
 #include <string>
-#include <unordered_map>
 
 namespace vk {
 
@@ -26,10 +24,13 @@ struct SyncResult {
     enum End { Whole, Aborted, NoSpace, SourceGone, DestGone };
     End end = Whole;
     int filesChecked = 0, filesCopied = 0, filesBackedUp = 0, filesFailed = 0;
+    std::string failure; ///< why the first one failed
 };
 
 /// What a run tells of itself, on its own thread.
 struct SyncListener {
+    /// Whether the last status was looked at: one that nobody sees need not be made.
+    std::function<bool()> watched;
     std::function<void(const std::string&)> status; ///< what it does, for the screen
     std::function<void(const std::string&)> log;
     std::function<void(const std::string& path)> copied; ///< a file that is whole at its place
@@ -47,36 +48,43 @@ class FolderCopy {
     SyncResult CopyFiles();
 
   private:
-    struct Pair {
+    /// A folder that is copied, on either side.
+    struct Folders {
         std::string source, dest;
+        FolderReader from; ///< of the source
+        DestFolder to;
+        Folders(const SyncOrder& order, const SourceFolder& folder)
+            : source(order.source + folder.path), dest(order.dest + folder.path), from(source),
+              to(dest, folder) {}
+    };
+    /// A file of it.
+    struct Pair {
+        Folders& in;
         const SourceFile& file;
-        std::optional<std::uint64_t> there; ///< the length of what the destination has, bytes
+        std::optional<FileFacts> there; ///< what the destination has
+        std::string Source() const;
+        std::string Dest() const;
     };
     void CopyFolder(const SourceFolder& folder);
     void Check(const Pair& pair);
     void backupFile(const Pair& pair);
-    bool Differs(const Pair& pair) const;
-    bool Archive(const Pair& pair);
-    void Copy(const Pair& pair);
+    bool Differs(const Pair& pair);
+    std::optional<std::string> Archive(const Pair& pair);
+    bool Copy(const Pair& pair);
     bool makePath(const std::string& path);
-    bool IsTaken(const Pair& pair);
-    std::optional<std::uint64_t> LengthThere(const SourceFile& file, const std::string& dest) const;
     void Fail(const Pair& pair, const std::string& why);
+    void Checking(const std::string& folder, std::string_view name);
     bool Told(std::uint64_t done, std::uint64_t total);
     bool HasRoom(std::int64_t needed);
+    bool DestThere();
     bool Over() const { return result_.end != SyncResult::Whole; }
-
-    /// What the destination's folder holds.
-    void ReadDest(const std::string& folder);
 
     const SyncOrder& order_;
     const SyncListener& listener_;
     SyncResult result_;
     FolderIdentity sourceRoot_, destRoot_;
     std::uint64_t total_ = 0, done_ = 0; ///< bytes of the files to look at, and of those looked at
-    std::set<std::string> names_;        ///< of the folder's copies, in upper case
-    std::unordered_map<std::string, std::uint64_t> there_; ///< lengths of the files in it before
-    std::optional<std::int64_t> free_; ///< bytes at the destination, since the last copy
+    std::optional<std::int64_t> free_;   ///< bytes at the destination, since the last copy
 };
 
 } // namespace vk

@@ -35,42 +35,49 @@ class Walk {
     }
 
     bool Enter(const std::string& path) {
-        const std::string full = source_ + path;
-        FolderReader reader(full);
-        if (reader.Error()) return LeaveOut(full, reader.Error().message());
-        if (!seen_.insert(reader.Identity()).second)
-            return LeaveOut(full, "it is the destination or was entered by another name");
         std::vector<std::string> below;
-        SourceFolder folder{path, {}};
-        while (const auto entry = reader.Next()) {
-            const std::string entryPath = JoinPath(full, std::string(entry->name));
-            if (MarksAsNotToCopy(entry->name))
-                return LeaveOut(entryPath, "marks its folder as not to be copied");
-            if (Ignored(entry->name)) continue;
-            if (!listener_.entry(entryPath)) return false;
-            Take(reader, entryPath, folder, below);
-        }
-        if (reader.Error()) LeaveOut(full, reader.Error().message() + ", what follows in it");
-        std::ranges::sort(folder.files, {}, &SourceFile::name);
-        found.push_back(std::move(folder));
-        return std::ranges::all_of(
-            below, [&](const std::string& name) { return Enter(path + PathSeparator + name); });
+        return List(path, below) && std::ranges::all_of(below, [&](const std::string& name) {
+                   return Enter(path + PathSeparator + name);
+               });
     }
 
     std::vector<SourceFolder> found;
 
   private:
-    void Take(FolderReader& reader, const std::string& full, SourceFolder& folder,
+    /// The folder alone; `below` gets the names of those in it. False when the walk was ended.
+    bool List(const std::string& path, std::vector<std::string>& below) {
+        const std::string full = source_ + path;
+        FolderReader reader(full);
+        if (reader.Error()) return LeaveOut(full, reader.Error().message());
+        if (!seen_.insert(reader.Identity()).second)
+            return LeaveOut(full, "it is the destination or was entered by another name");
+        std::vector<std::string> folders;
+        SourceFolder folder{path, {}};
+        while (const auto entry = reader.Next()) {
+            if (MarksAsNotToCopy(entry->name))
+                return LeaveOut(JoinPath(full, std::string(entry->name)),
+                                "marks its folder as not to be copied");
+            if (Ignored(entry->name)) continue;
+            if (!listener_.entry(full, entry->name)) return false;
+            Take(reader, full, std::string(entry->name), folder, folders);
+        }
+        if (reader.Error()) LeaveOut(full, reader.Error().message() + ", what follows in it");
+        std::ranges::sort(folder.files, {}, &SourceFile::name);
+        found.push_back(std::move(folder));
+        below = std::move(folders);
+        return true;
+    }
+    void Take(FolderReader& reader, const std::string& in, std::string name, SourceFolder& folder,
               std::vector<std::string>& below) const {
         const auto facts = reader.Look();
         if (!facts)
-            LeaveOut(full, reader.Error().message());
+            LeaveOut(JoinPath(in, name), reader.Error().message());
         else if (facts->isFolder)
-            below.push_back(FileNameOf(full));
+            below.push_back(std::move(name));
         else if (facts->isFile)
-            folder.files.push_back({FileNameOf(full), facts->length, facts->written});
+            folder.files.push_back({{facts->length, facts->written}, std::move(name)});
         else
-            LeaveOut(full, "it is no file");
+            LeaveOut(JoinPath(in, name), "it is no file");
     }
     bool LeaveOut(const std::string& path, const std::string& why) const {
         listener_.leftOut("left out: " + path + ": " + why);

@@ -5,15 +5,19 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace vk {
 
-/// A file as the listing of its folder reported it.
-struct SourceFile {
-    std::string name;
+struct FileFacts {
     std::uint64_t length = 0; ///< bytes
     std::int64_t written = 0; ///< seconds since 1970
+};
+
+/// A file as the listing of its folder reported it.
+struct SourceFile : FileFacts {
+    std::string name;
 };
 
 struct SourceFolder {
@@ -23,8 +27,8 @@ struct SourceFolder {
 
 /// What a walk tells.
 struct WalkListener {
-    /// Asked for each entry; false ends the walk.
-    std::function<bool(const std::string& path)> entry;
+    /// Asked for each entry of a folder; false ends the walk.
+    std::function<bool(const std::string& folder, std::string_view name)> entry;
     /// What is left out and why, for the log.
     std::function<void(const std::string& line)> leftOut;
 };

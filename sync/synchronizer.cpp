@@ -1,6 +1,6 @@
 #include "sync/synchronizer.h"
 
-#include "core/text.h"
+#include "platform/background.h"
 #include "platform/files.h"
 #include "platform/paths.h"
 
@@ -9,6 +9,7 @@
 #include <chrono>
 #include <condition_variable>
 #include <cstdio>
+#include <iterator>
 #include <mutex>
 #include <optional>
 #include <thread>
@@ -19,7 +20,7 @@ namespace vk {
 namespace {
 
 constexpr int TickMs = 50;
-constexpr std::size_t RowsAtOnce = 24; // catalogued in one transaction; some milliseconds
+constexpr int LinesATick = 400; // some milliseconds
 
 std::string BackupName(const DateTime& now) {
     char text[64];
@@ -32,7 +33,8 @@ std::string Summary(const SyncResult& result) {
     std::string text = "Files checked: " + std::to_string(result.filesChecked) +
                        "  Copied: " + std::to_string(result.filesCopied) +
                        "   Made backup: " + std::to_string(result.filesBackedUp);
-    if (result.filesFailed > 0) text += "   Failed: " + std::to_string(result.filesFailed);
+    if (result.filesFailed > 0)
+        text += "   Failed: " + std::to_string(result.filesFailed) + " (" + result.failure + ")";
     return text;
 }
 
@@ -43,7 +45,9 @@ struct Synchronizer::Run {
     explicit Run(SyncOrder what) : order(std::move(what)) {}
 
     void Work() {
-        const SyncListener listener{[this](const std::string& text) {
+        WorkThreadInBackground(); // the music must not stutter
+        const SyncListener listener{[this] { return watched.exchange(false); },
+                                    [this](const std::string& text) {
                                         const std::lock_guard lock(mutex);
                                         status = text;
                                     },
@@ -73,6 +77,7 @@ struct Synchronizer::Run {
 
     const SyncOrder order;
     std::atomic<bool> stop = false;
+    std::atomic<bool> watched = true; ///< the status was shown
     std::atomic<int> filePercent = 0, runPercent = 0;
     std::mutex mutex; ///< of what follows
     std::condition_variable over;
@@ -88,6 +93,9 @@ Synchronizer::~Synchronizer() {
     if (!run_) return;
     Abort();
     if (!run_->WaitForEnd(EndMs)) base_.log.WriteSyncLog("the run does not end, it is left alone");
+    Take();
+    while (!lines_.empty())
+        LogSome();
 }
 
 void Synchronizer::cmdSync_Click() {
@@ -131,32 +139,39 @@ void Synchronizer::CopyFiles() {
 
 // The end is told when everything that was copied is catalogued.
 void Synchronizer::Tick() {
-    std::vector<std::string> lines, copied;
-    std::optional<SyncResult> result;
-    {
-        const std::lock_guard lock(run_->mutex);
-        lines.swap(run_->lines);
-        copied.swap(run_->copied);
-        status_ = run_->status;
-        result = run_->result;
-    }
-    filePercent_ = run_->filePercent;
-    runPercent_ = run_->runPercent;
-    for (const std::string& line : lines)
-        base_.log.WriteSyncLog(line);
-    copied_.insert(copied_.end(), copied.begin(), copied.end());
-    CatalogueSome();
-    if (result && copied_.empty()) End(*result);
+    Take();
+    LogSome();
+    CatalogueCopied();
+    if (!catalogue_.WritesRows() && result_ && lines_.empty())
+        End(*std::exchange(result_, std::nullopt));
 }
 
-void Synchronizer::CatalogueSome() {
-    const auto some =
-        copied_.begin() + static_cast<std::ptrdiff_t>(std::min(copied_.size(), RowsAtOnce));
-    const std::string library = base_.settings.values.MediaDir + PathSeparator;
-    std::vector<std::string> paths(copied_.begin(), some);
-    copied_.erase(copied_.begin(), some);
-    std::erase_if(paths, [&](const std::string& path) { return !path.starts_with(library); });
-    if (!paths.empty()) catalogue_.UpdateFileRows(paths);
+// Never waits for the other thread, which may be passed over for long while it holds the lock.
+void Synchronizer::Take() {
+    const std::unique_lock lock(run_->mutex, std::try_to_lock);
+    if (!lock) return;
+    std::ranges::move(run_->lines, std::back_inserter(lines_));
+    run_->lines.clear();
+    copied_.swap(run_->copied);
+    status_ = run_->status;
+    result_ = run_->result;
+    filePercent_ = run_->filePercent;
+    runPercent_ = run_->runPercent;
+    run_->watched = true;
+}
+
+void Synchronizer::LogSome() {
+    for (int i = 0; i < LinesATick && !lines_.empty(); ++i) {
+        base_.log.WriteSyncLog(lines_.front());
+        lines_.pop_front();
+    }
+}
+
+void Synchronizer::CatalogueCopied() {
+    const std::string library =
+        WithoutTrailingSeparator(base_.settings.values.MediaDir) + PathSeparator;
+    std::erase_if(copied_, [&](const std::string& path) { return !path.starts_with(library); });
+    catalogue_.UpdateFileRows(std::exchange(copied_, {}));
 }
 
 void Synchronizer::End(const SyncResult& result) {

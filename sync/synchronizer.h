@@ -5,15 +5,15 @@
 #include "library/catalogue.h"
 #include "sync/folder_copy.h"
 
-#include <cstddef>
+#include <deque>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace vk {
 
-/// The files are copied on a thread of their own; the log and the catalogue are written on the
-/// interface's.
+/// The files are copied on a thread of their own, behind all else that the machine does.
 class Synchronizer {
   public:
     /// Both outlive this object.
@@ -43,14 +43,18 @@ class Synchronizer {
     void CopyFiles();
     bool Ready(const SyncOrder& order);
     void Tick();
-    void CatalogueSome();
+    void Take();
+    void LogSome();
+    void CatalogueCopied();
     void End(const SyncResult& result);
 
     Base& base_;
     Catalogue& catalogue_;
     std::unique_ptr<Timer> timer_;
-    std::shared_ptr<Run> run_;        ///< shared with its thread
-    std::vector<std::string> copied_; ///< to be catalogued
+    std::shared_ptr<Run> run_;         ///< shared with its thread
+    std::deque<std::string> lines_;    ///< to be logged
+    std::vector<std::string> copied_;  ///< to be catalogued
+    std::optional<SyncResult> result_; ///< of the run, when its thread has come to its end
     std::string status_;
     int filePercent_ = 0, runPercent_ = 0;
 };

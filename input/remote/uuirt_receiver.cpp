@@ -65,9 +65,45 @@ struct UuirtReceiver::Inbox {
     }
 };
 
-void UuirtReceiver::Opened::AskInfo(const UUIRTCalls& driver) {
+bool UuirtReceiver::Opened::LoadDriver(const Load& load) {
+    std::string reason;
+    auto library = driver ? nullptr : load(reason);
+    if (library) driver = std::make_shared<const UUIRTCalls>(std::move(library));
+    std::uint32_t version = 0;
+    if (!driver || !driver->UUIRTGetDrvInfo || !driver->UUIRTGetDrvInfo(&version)) {
+        if (!reason.empty()) lines.push_back("USB-UIRT driver: " + reason);
+        failures.emplace_back("Unable to retrieve uuirtdrv version!");
+        return false;
+    }
+    if (version >= LeastDriver && driver->Complete()) return true;
+    failures.emplace_back(
+        "Invalid uuirtdrv version!\nThis application requires USB-UIRT API driver DLL "
+        "(UUIRTDRV.DLL) version 2.6.1 or later.");
+    return false;
+}
+
+void UuirtReceiver::Opened::Open(Inbox& inbox) {
+    device = driver->UUIRTOpen();
+    if (device == UUIRTCalls::InvalidHandle()) {
+        failures.emplace_back(OpenErrorText(driver->library->LastError()));
+        return;
+    }
+    AskInfo();
+    AskConfig();
+    if (driver->UUIRTSetReceiveCallback(device, &Inbox::Receive, &inbox)) return;
+    Close();
+    failures.emplace_back(OpenErrorText(0));
+}
+
+void UuirtReceiver::Opened::Close() {
+    if (device == UUIRTCalls::InvalidHandle()) return;
+    driver->UUIRTSetReceiveCallback(device, nullptr, nullptr);
+    driver->UUIRTClose(std::exchange(device, UUIRTCalls::InvalidHandle()));
+}
+
+void UuirtReceiver::Opened::AskInfo() {
     UUINFO info{};
-    answered = driver.UUIRTGetUUIRTInfo(device, &info) != 0;
+    answered = driver->UUIRTGetUUIRTInfo(device, &info) != 0;
     if (!answered) return failures.push_back("*** ERROR Retrieving USB-UIRT Information! ***");
     lines.push_back("FirmwareVer=" + Version(info.fwVersion) +
                     " ProtVer=" + Version(info.protVersion) +
@@ -75,9 +111,9 @@ void UuirtReceiver::Opened::AskInfo(const UUIRTCalls& driver) {
                     std::to_string(info.fwDateDay) + "/" + std::to_string(info.fwDateYear + 2000));
 }
 
-void UuirtReceiver::Opened::AskConfig(const UUIRTCalls& driver) {
+void UuirtReceiver::Opened::AskConfig() {
     std::uint32_t config = 0;
-    if (!driver.UUIRTGetUUIRTConfig(device, &config))
+    if (!driver->UUIRTGetUUIRTConfig(device, &config))
         return failures.push_back("*** ERROR Retrieving USB-UIRT Configuration Info! ***");
     lines.push_back("Config = " + std::to_string(config) + " LED_RX=" +
                     Bit(config, UUIRTDRV_CFG_LEDRX) + " LED_TX=" + Bit(config, UUIRTDRV_CFG_LEDTX) +
@@ -133,65 +169,29 @@ void UuirtReceiver::Log(const std::string& text) {
     if (starting_) n_.log.WriteDebugLog(text);
 }
 
-bool UuirtReceiver::LoadDriver() {
-    std::string reason;
-    auto library = driver_ ? nullptr : n_.load(reason);
-    if (library) driver_ = std::make_shared<const UUIRTCalls>(std::move(library));
-    std::uint32_t version = 0;
-    if (!driver_ || !driver_->UUIRTGetDrvInfo || !driver_->UUIRTGetDrvInfo(&version)) {
-        if (!reason.empty()) Log("USB-UIRT driver: " + reason);
-        Fail("Unable to retrieve uuirtdrv version!");
-        return false;
-    }
-    if (version >= LeastDriver && driver_->Complete()) return true;
-    Fail("Invalid uuirtdrv version!\nThis application requires USB-UIRT API driver DLL "
-         "(UUIRTDRV.DLL) version 2.6.1 or later.");
-    return false;
-}
-
 bool UuirtReceiver::Connect() {
-    if (!opening_) {
-        if (!LoadDriver()) return false;
-        opening_.emplace([driver = driver_, inbox = inbox_] { return Open(*driver, *inbox); });
-    }
+    if (!opening_)
+        opening_.emplace([load = n_.load, driver = opened_.driver, inbox = inbox_] {
+            Opened opened;
+            opened.driver = driver;
+            if (opened.LoadDriver(load)) opened.Open(*inbox);
+            return opened;
+        });
     if (!opening_->Done(n_.patienceMs)) {
         Fail("The USB-UIRT driver does not answer!");
         return false;
     }
-    const Opened opened = opening_->Take();
+    opened_ = opening_->Take();
     opening_.reset();
-    return TakeDevice(opened);
+    return TakeDevice();
 }
 
-UuirtReceiver::Opened UuirtReceiver::Open(const UUIRTCalls& driver, Inbox& inbox) {
-    Opened opened;
-    opened.device = driver.UUIRTOpen();
-    if (opened.device == UUIRTCalls::InvalidHandle()) {
-        opened.failures.push_back(OpenErrorText(driver.library->LastError()));
-        return opened;
-    }
-    opened.AskInfo(driver);
-    opened.AskConfig(driver);
-    if (driver.UUIRTSetReceiveCallback(opened.device, &Inbox::Receive, &inbox)) return opened;
-    Close(driver, std::exchange(opened.device, UUIRTCalls::InvalidHandle()));
-    opened.failures.push_back(OpenErrorText(0));
-    return opened;
-}
-
-void UuirtReceiver::Close(const UUIRTCalls& driver, UUIRTCalls::Handle device) {
-    if (device == UUIRTCalls::InvalidHandle()) return;
-    driver.UUIRTSetReceiveCallback(device, nullptr, nullptr);
-    driver.UUIRTClose(device);
-}
-
-bool UuirtReceiver::TakeDevice(const Opened& opened) {
-    device_ = opened.device;
-    answered_ = opened.answered;
-    for (const std::string& line : opened.lines)
+bool UuirtReceiver::TakeDevice() {
+    for (const std::string& line : opened_.lines)
         Log(line);
-    for (const std::string& failure : opened.failures)
+    for (const std::string& failure : opened_.failures)
         Fail(failure);
-    if (device_ == UUIRTCalls::InvalidHandle()) return false;
+    if (opened_.device == UUIRTCalls::InvalidHandle()) return false;
     probe_->Start(ProbeMs);
     return true;
 }
@@ -200,15 +200,15 @@ bool UuirtReceiver::TakeDevice(const Opened& opened) {
 // hangs tells nothing yet.
 void UuirtReceiver::Probe() {
     if (!probing_)
-        probing_.emplace([driver = driver_, device = device_] {
+        probing_.emplace([driver = opened_.driver, device = opened_.device] {
             UUINFO info{};
             return driver->UUIRTGetUUIRTInfo(device, &info) != 0;
         });
     if (!probing_->Done(n_.patienceMs)) return;
     const bool answers = probing_->Take();
     probing_.reset();
-    if (answers || !answered_) {
-        answered_ = answers;
+    if (answers || !opened_.answered) {
+        opened_.answered = answers;
         return;
     }
     CloseDevice();
@@ -220,15 +220,15 @@ void UuirtReceiver::CloseDevice() {
     probe_->Stop();
     probing_.reset();
     if (opening_)
-        std::thread([driver = driver_, inbox = inbox_, late = std::move(*opening_)]() mutable {
-            Close(*driver, late.Take().device);
+        std::thread([inbox = inbox_, late = std::move(*opening_)]() mutable {
+            late.Take().Close();
         }).detach();
     opening_.reset();
-    if (device_ != UUIRTCalls::InvalidHandle())
-        DriverCall<void>([driver = driver_, inbox = inbox_, device = device_] {
-            Close(*driver, device);
+    if (opened_.device != UUIRTCalls::InvalidHandle())
+        DriverCall<void>([inbox = inbox_, open = opened_]() mutable {
+            open.Close();
         }).Done(n_.patienceMs);
-    device_ = UUIRTCalls::InvalidHandle();
+    opened_.device = UUIRTCalls::InvalidHandle();
     ClearBuff();
 }
 

@@ -29,9 +29,11 @@ class UuirtReceiver : public RemoteReceiver {
     /// How often it is looked whether a message may be shown, in milliseconds.
     static constexpr int TellMs = 1000;
 
+    /// Loads the driver library, or tells why it cannot.
+    using Load = std::function<std::unique_ptr<LoadedLibrary>(std::string& reason)>;
+
     struct Needs {
-        /// Loads the driver library, or tells why it cannot.
-        std::function<std::unique_ptr<LoadedLibrary>(std::string& reason)> load;
+        Load load; ///< called on a thread of its own: a disk may have to wake up for it
         Clock& clock;
         const DebugLog& log;
         Dialogs& dialogs;
@@ -53,21 +55,22 @@ class UuirtReceiver : public RemoteReceiver {
 
   private:
     struct Inbox;
-    /// What the driver gave and said while a device was opened.
+    /// What the driver gave and said while it was loaded and a device opened.
     struct Opened {
-        void AskInfo(const UUIRTCalls& driver);
-        void AskConfig(const UUIRTCalls& driver);
+        bool LoadDriver(const Load& load);
+        void Open(Inbox& inbox);
+        void AskInfo();
+        void AskConfig();
+        void Close();
 
+        std::shared_ptr<const UUIRTCalls> driver; ///< null when there is none
         UUIRTCalls::Handle device = UUIRTCalls::InvalidHandle();
         bool answered = false; ///< it told about itself
         std::vector<std::string> failures, lines;
     };
 
-    static Opened Open(const UUIRTCalls& driver, Inbox& inbox);
-    static void Close(const UUIRTCalls& driver, UUIRTCalls::Handle device);
-    bool LoadDriver();
     bool Connect();
-    bool TakeDevice(const Opened& opened);
+    bool TakeDevice();
     void Probe();
     void CloseDevice();
     void Fail(const std::string& text);
@@ -75,12 +78,10 @@ class UuirtReceiver : public RemoteReceiver {
     void Log(const std::string& text);
 
     Needs n_;
-    std::shared_ptr<const UUIRTCalls> driver_;
     std::optional<DriverCall<Opened>> opening_;
     std::optional<DriverCall<bool>> probing_;
-    UUIRTCalls::Handle device_ = UUIRTCalls::InvalidHandle();
+    Opened opened_;                ///< by the last try; the driver is kept
     std::shared_ptr<Inbox> inbox_; ///< of the driver, too, which may tell a code late
-    bool answered_ = false;        ///< the device has told about itself
     bool starting_ = false;        ///< failures are shown, and what the device says is logged
     bool missed_ = false;          ///< the device was not there at the start
     std::string failure_;          ///< the last

@@ -1,7 +1,6 @@
 #include "library/catalogue/mod_db.h"
 
-#include "library/catalogue/date_stamp.h"
-#include "library/catalogue/file_row.h"
+#include "library/catalogue/row_update.h"
 #include "library/catalogue/schema.h"
 #include "library/queries/sql_text.h"
 #include "library/tags/file_name_tag.h"
@@ -16,7 +15,6 @@ namespace vk {
 namespace {
 
 constexpr int ClosedObject = 3704;
-constexpr char UpdateFailed[] = "An error occured in modDB.UpdateFileRow ";
 
 } // namespace
 
@@ -43,11 +41,7 @@ void modDB::InitDB(bool keep) {
 
 void modDB::Open() {
     auto opened = std::make_unique<Database>(File(CatalogueFileName), Database::Mode::ReadWrite);
-    // A row is on the disk when its update returns; after a power cut the journal undoes what was
-    // half written. A write-ahead log would not survive the exchange of the file below it.
-    opened->Execute("PRAGMA journal_mode = DELETE");
-    opened->Execute("PRAGMA synchronous = FULL");
-    opened->Execute("PRAGMA cache_size = -8000"); // 8 MB
+    PrepareToWrite(*opened);
     CheckCatalogue(*opened);
     origin_ = OriginOf(*opened);
     database_ = std::move(opened);
@@ -248,52 +242,42 @@ std::optional<TagRecord> modDB::FindTag(const std::string& path) {
     return tag;
 }
 
-void modDB::UpdateFileRows(const std::vector<std::string>& paths) {
+void modDB::UpdateFileRow(const std::string& path) {
     // The server would lock a writer out while it copies the file, and its own is coming.
-    if (ServerWorks()) {
-        due_.insert(due_.end(), paths.begin(), paths.end());
-        return;
-    }
+    if (ServerWorks()) return due_.push_back(path);
     if (!database_ || OfOtherFolder()) return;
-    std::vector<FileRow> rows;
-    for (const std::string& path : paths)
-        TrapAndLog(needs_.report, UpdateFailed, [&] {
-            if (auto row = Guarded([&] { return ChangedRow(path); })) rows.push_back(*row);
-        });
-    if (rows.empty()) return;
-    TrapAndLog(needs_.report, UpdateFailed, [&] { Guarded([&] { WriteRows(rows); }); });
+    TrapAndLog(needs_.report, UpdateFailed, [&] { Guarded([&] { Put(path); }); });
+}
+
+void modDB::Put(const std::string& path) {
+    const RowSource source{needs_.extensions, needs_.settings.values.MediaDir, needs_.reader};
+    const auto row = ChangedRow(Opened(), source, path);
+    if (!row) return;
+    WriteRows(*database_, WantedOrigin(), {*row});
+    origin_ = OriginOf(*database_);
 }
 
 void modDB::RunUpdates() {
-    UpdateFileRows(std::exchange(due_, {}));
+    for (const std::string& path : std::exchange(due_, {}))
+        UpdateFileRow(path);
+    WritesRows();
 }
 
-// Nothing for what is no media file and for a file whose date is as catalogued.
-std::optional<FileRow> modDB::ChangedRow(const std::string& path) {
-    const int type = GetMediaType(needs_.extensions, path);
-    if (type == MediaUnknown) return std::nullopt;
-    const std::string relative = RelativePath(needs_.settings.values.MediaDir, path);
-    const std::string stamp = GetFileDate(path);
-    if (stamp.empty()) throw Error("no such file: " + path);
-    Statement known(Opened(), "SELECT TStamp FROM Media WHERE Path=?");
-    known.Bind(1, Escape(relative));
-    if (known.Step() && known.Text(0) == stamp) return std::nullopt;
-    return MakeFileRow(needs_.reader, path, relative, stamp, type);
+bool modDB::WritesRows() {
+    if (rows_.Writing()) return true;
+    TrapAndLog(needs_.report, UpdateFailed, [&] {
+        Guarded([&] { rows_.Finish(); });
+        if (database_ && origin_.folder.empty()) origin_ = OriginOf(*database_);
+    });
+    if (rows_.Empty() || ServerWorks()) return false;
+    const bool usable = database_ && !OfOtherFolder();
+    usable ? rows_.Begin(Place()) : rows_.Clear();
+    return usable;
 }
 
-void modDB::WriteRows(const std::vector<FileRow>& rows) {
-    Opened().Execute("BEGIN IMMEDIATE");
-    try {
-        if (origin_.folder.empty()) SetOrigin(*database_, origin_ = WantedOrigin());
-        RowWriter writer(*database_);
-        for (const FileRow& row : rows)
-            writer.Put(row);
-        database_->Execute("COMMIT");
-    } catch (...) {
-        // The failure may have ended the transaction by itself.
-        if (database_->InTransaction()) database_->Execute("ROLLBACK");
-        throw;
-    }
+RowQueue::Place modDB::Place() const {
+    return {File(CatalogueFileName), needs_.extensions,        needs_.settings.values.MediaDir,
+            WantedOrigin(),          needs_.app.DecimalSymbol, needs_.reader.Log()};
 }
 
 } // namespace vk

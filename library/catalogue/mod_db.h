@@ -5,7 +5,7 @@
 #include "core/error_report.h"
 #include "core/settings.h"
 #include "library/catalogue.h"
-#include "library/catalogue/file_row.h"
+#include "library/catalogue/row_queue.h"
 #include "library/catalogue/schema.h"
 #include "library/tags/media_type.h"
 #include "library/tags/tag_reader.h"
@@ -40,7 +40,10 @@ class modDB : public Catalogue {
     /// Does the updates that were put off while the server worked: when it has finished.
     void RunUpdates();
     /// Closes the connection; the file can be deleted then.
-    void Close() { database_.reset(); }
+    void Close() {
+        rows_.StartOver();
+        database_.reset();
+    }
     bool IsOpen() const { return database_ != nullptr; }
     /// True when the rows are those of another media folder than the settings name.
     bool OfOtherFolder() const;
@@ -62,8 +65,9 @@ class modDB : public Catalogue {
                   const std::function<bool(const CatalogueFile&)>& take) override;
     std::vector<CatalogueRecord> Records(const std::string& sql) override;
     std::optional<TagRecord> StoredTag(const std::string& path) override;
-    void UpdateFileRow(const std::string& path) override { UpdateFileRows({path}); }
-    void UpdateFileRows(const std::vector<std::string>& paths) override;
+    void UpdateFileRow(const std::string& path) override;
+    void UpdateFileRows(const std::vector<std::string>& paths) override { rows_.Add(paths); }
+    bool WritesRows() override;
 
   private:
     std::string File(const char* name) const;
@@ -80,13 +84,14 @@ class modDB : public Catalogue {
     CatalogueFile ReadFile(const Statement& record) const;
     std::string StoredPath(std::string_view stored) const;
     std::optional<TagRecord> FindTag(const std::string& path);
-    std::optional<FileRow> ChangedRow(const std::string& path);
-    void WriteRows(const std::vector<FileRow>& rows);
+    void Put(const std::string& path);
+    RowQueue::Place Place() const;
 
     Needs needs_;
     std::unique_ptr<Database> database_;
     Origin origin_;                ///< of the rows of the open file
     std::vector<std::string> due_; ///< paths to be updated when the server has finished
+    RowQueue rows_;
 };
 
 } // namespace vk

@@ -12,9 +12,9 @@ namespace vk {
 
 namespace {
 
-// The other process writes for milliseconds at most. Whoever changes rows is the interface, which
-// must not stand still.
-constexpr int BusyMs = 5000, InterfaceBusyMs = 200;
+// The other process writes for milliseconds at most. The interface must not stand still, and waits
+// for no longer than a slow disk takes for the rows of files that are being copied.
+constexpr int BusyMs = 5000, InterfaceBusyMs = 1000;
 // A query of a list file can be anything, such as a product of the table with itself.
 constexpr int StepsAWorkUnit = 1'000'000; // of SQLite's virtual machine: some 10 ms
 constexpr int MostWorkUnits = 30;

@@ -77,6 +77,7 @@ void CatalogueUpdates::Supervise() {
         Scan(false);
     }
     if (std::exchange(stopWanted_, false)) n_.stop();
+    n_.db.WritesRows(); // goes on with them
 }
 
 void CatalogueUpdates::RequestScan() {

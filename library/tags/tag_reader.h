@@ -43,6 +43,7 @@ class ID3 {
     std::uint8_t GenreStringToNum(const std::string& text) const;
 
     const GenreTable& Genres() const { return genres_; }
+    const DebugLog& Log() const { return ports_.log; }
 
   private:
     void ReadOlder(MediaFile& file, bool ogg, TagRecord& tag, Picture picture,

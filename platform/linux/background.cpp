@@ -22,4 +22,9 @@ void WorkInBackground() {
     PutInBackground(0);
 }
 
+// Both calls take 0 for the calling thread.
+void WorkThreadInBackground() {
+    PutInBackground(0);
+}
+
 } // namespace vk

@@ -10,13 +10,19 @@
 
 #include <cerrno>
 #include <cstring>
-#include <vector>
+#include <memory>
+#include <utility>
 
 namespace vk {
 
 namespace {
 
-constexpr std::size_t PieceBytes = 1u << 20;
+// Small enough that a slow stick, too, asks often whether to go on.
+constexpr std::size_t PieceBytes = 128u << 10;
+// What waits for the disk at most: with more of it the last flush would be long, and nobody could
+// stop it.
+constexpr std::uint64_t WindowBytes = 1u << 20;
+constexpr std::size_t LongestName = 255;
 
 /// A file that goes unless it is kept.
 class PartialFile {
@@ -28,63 +34,98 @@ class PartialFile {
         if (file_ && !kept_) ::unlink(path_.c_str());
     }
     explicit operator bool() const { return bool(file_); }
-    bool Write(const char* data, std::size_t size) const {
+    bool Write(const char* data, std::size_t size) {
         while (size > 0) {
             const ssize_t written = ::write(file_.get(), data, size);
             if (written < 0 && errno == EINTR) continue;
             if (written <= 0) return false;
             data += written;
             size -= static_cast<std::size_t>(written);
+            length_ += static_cast<std::uint64_t>(written);
         }
-        return true;
+        return length_ - begun_ < WindowBytes || PushOut();
     }
     bool Keep(const struct stat& like, const std::string& as) {
         const timespec times[2] = {like.st_atim, like.st_mtim};
         kept_ = ::fchmod(file_.get(), (like.st_mode & 0777) | S_IWUSR) == 0 &&
-                ::futimens(file_.get(), times) == 0 && FlushFile(path_) &&
+                ::futimens(file_.get(), times) == 0 && ::fsync(file_.get()) == 0 &&
                 ::rename(path_.c_str(), as.c_str()) == 0;
         return kept_;
     }
 
   private:
+    // The last window is on its way to the disk while the next one is read.
+    bool PushOut() {
+        const auto range = [this](std::uint64_t from, std::uint64_t to, unsigned how) {
+            return from == to || ::sync_file_range(file_.get(), static_cast<off_t>(from),
+                                                   static_cast<off_t>(to - from), how) == 0;
+        };
+        const bool done =
+            range(begun_, length_, SYNC_FILE_RANGE_WRITE) &&
+            range(waiting_, begun_,
+                  SYNC_FILE_RANGE_WAIT_BEFORE | SYNC_FILE_RANGE_WRITE | SYNC_FILE_RANGE_WAIT_AFTER);
+        waiting_ = std::exchange(begun_, length_);
+        return done || errno == ENOSYS || errno == EINVAL; // not every file system knows it
+    }
+
     std::string path_;
     FileDescriptor file_;
+    std::uint64_t waiting_ = 0, begun_ = 0, length_ = 0; ///< up to where the disk has it, or will
     bool kept_ = false;
 };
+
+// A name of its own where the file's has no room for an ending.
+std::string PartialName(const std::string& to) {
+    constexpr const char* Ending = ".part";
+    const std::size_t length = FileNameOf(to).size() + std::strlen(Ending);
+    return length <= LongestName ? to + Ending : JoinPath(FolderOf(to), std::string("vk") + Ending);
+}
 
 CopyOutcome Failure() {
     return {CopyOutcome::Failed, std::strerror(errno)};
 }
 
-CopyOutcome Copy(int from, std::uint64_t total, const PartialFile& to,
-                 const CopyProgress& progress) {
-    std::vector<char> piece(PieceBytes);
+CopyOutcome Copy(int from, std::uint64_t total, PartialFile& to, const CopyProgress& progress) {
+    const auto piece = std::make_unique_for_overwrite<char[]>(PieceBytes);
     for (std::uint64_t done = 0;;) {
         if (!progress(done, total)) return {CopyOutcome::Stopped, {}};
-        const ssize_t got = ::read(from, piece.data(), piece.size());
+        const ssize_t got = ::read(from, piece.get(), PieceBytes);
         if (got < 0 && errno == EINTR) continue;
-        if (got < 0 || !to.Write(piece.data(), static_cast<std::size_t>(got))) return Failure();
+        if (got < 0 || !to.Write(piece.get(), static_cast<std::size_t>(got))) return Failure();
         if (got == 0) return {CopyOutcome::Done, {}};
         done += static_cast<std::uint64_t>(got);
     }
 }
 
+bool SameMoment(const timespec& one, const timespec& other) {
+    return one.tv_sec == other.tv_sec && one.tv_nsec == other.tv_nsec;
+}
+
+bool HasChanged(int file, const struct stat& before) {
+    struct stat now {};
+    return ::fstat(file, &now) != 0 || now.st_size != before.st_size ||
+           !SameMoment(now.st_mtim, before.st_mtim);
+}
+
 } // namespace
 
 CopyOutcome CopyInPieces(const std::string& from, const std::string& to,
-                         const CopyProgress& progress) {
+                         const CopyProgress& progress, WhenChanged whenChanged) {
     const FileDescriptor source(::open(from.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
     struct stat info {};
     if (!source || ::fstat(source.get(), &info) != 0) return Failure();
     if (!S_ISREG(info.st_mode)) return {CopyOutcome::Failed, std::strerror(EINVAL)};
     // What a copying that was cut off has left.
-    const std::string partial = to + ".part";
+    const std::string partial = PartialName(to);
     ::unlink(partial.c_str());
     PartialFile copy(partial);
     if (!copy) return Failure();
     const auto total = static_cast<std::uint64_t>(info.st_size);
     const CopyOutcome outcome = Copy(source.get(), total, copy, progress);
-    return outcome.kind != CopyOutcome::Done || copy.Keep(info, to) ? outcome : Failure();
+    if (outcome.kind != CopyOutcome::Done) return outcome;
+    if (whenChanged == WhenChanged::Fail && HasChanged(source.get(), info))
+        return {CopyOutcome::Failed, CopyOutcome::Changed};
+    return copy.Keep(info, to) ? outcome : Failure();
 }
 
 std::optional<std::uint64_t> FreeSpace(const std::string& path) {

@@ -32,6 +32,13 @@ FolderReader::Kind KindOf(unsigned char type) {
     }
 }
 
+std::optional<FolderReader::Facts> LookAt(int folder, const char* name) {
+    struct stat info {};
+    if (::fstatat(folder, name, &info, 0) != 0) return std::nullopt;
+    return FolderReader::Facts{S_ISDIR(info.st_mode), S_ISREG(info.st_mode), info.st_mtime,
+                               static_cast<std::uint64_t>(info.st_size)};
+}
+
 } // namespace
 
 struct FolderReader::Open {
@@ -78,13 +85,13 @@ std::optional<FolderReader::Entry> FolderReader::Next() {
 }
 
 std::optional<FolderReader::Facts> FolderReader::Look() {
-    struct stat info {};
-    if (::fstatat(open_->handle, open_->entry->d_name, &info, 0) != 0) {
-        error_ = LastError();
-        return std::nullopt;
-    }
-    return Facts{S_ISDIR(info.st_mode), S_ISREG(info.st_mode), info.st_mtime,
-                 static_cast<std::uint64_t>(info.st_size)};
+    const auto facts = LookAt(open_->handle, open_->entry->d_name);
+    if (!facts) error_ = LastError();
+    return facts;
+}
+
+std::optional<FolderReader::Facts> FolderReader::Look(const std::string& name) const {
+    return open_ ? LookAt(open_->handle, name.c_str()) : std::nullopt;
 }
 
 } // namespace vk

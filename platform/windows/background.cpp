@@ -9,4 +9,8 @@ void WorkInBackground() {
     ::SetPriorityClass(::GetCurrentProcess(), IDLE_PRIORITY_CLASS);
 }
 
+void WorkThreadInBackground() {
+    ::SetThreadPriority(::GetCurrentThread(), THREAD_MODE_BACKGROUND_BEGIN);
+}
+
 } // namespace vk

@@ -27,11 +27,24 @@ DWORD CALLBACK Tell(LARGE_INTEGER total, LARGE_INTEGER done, LARGE_INTEGER, LARG
     return to.stopped ? PROGRESS_CANCEL : PROGRESS_CONTINUE;
 }
 
+bool Look(const std::string& path, WIN32_FILE_ATTRIBUTE_DATA& data) {
+    return ::GetFileAttributesExW(ToWide(path).c_str(), GetFileExInfoStandard, &data);
+}
+
+bool HasChanged(const std::string& path, const WIN32_FILE_ATTRIBUTE_DATA& before) {
+    WIN32_FILE_ATTRIBUTE_DATA now{};
+    return !Look(path, now) || now.nFileSizeLow != before.nFileSizeLow ||
+           now.nFileSizeHigh != before.nFileSizeHigh ||
+           ::CompareFileTime(&now.ftLastWriteTime, &before.ftLastWriteTime) != 0;
+}
+
 } // namespace
 
 // The call keeps the times, and deletes what it was stopped at.
 CopyOutcome CopyInPieces(const std::string& from, const std::string& to,
-                         const CopyProgress& progress) {
+                         const CopyProgress& progress, WhenChanged whenChanged) {
+    WIN32_FILE_ATTRIBUTE_DATA before{};
+    if (!Look(from, before)) return Failure(::GetLastError());
     const std::wstring partial = ToWide(to + ".part");
     Told told{progress};
     if (!::CopyFileExW(ToWide(from).c_str(), partial.c_str(), Tell, &told, nullptr, 0)) {
@@ -40,6 +53,10 @@ CopyOutcome CopyInPieces(const std::string& from, const std::string& to,
         return told.stopped ? CopyOutcome{CopyOutcome::Stopped, {}} : Failure(error);
     }
     ::SetFileAttributesW(partial.c_str(), FILE_ATTRIBUTE_NORMAL);
+    if (whenChanged == WhenChanged::Fail && HasChanged(from, before)) {
+        ::DeleteFileW(partial.c_str());
+        return {CopyOutcome::Failed, CopyOutcome::Changed};
+    }
     if (FlushFile(to + ".part") &&
         ::MoveFileExW(partial.c_str(), ToWide(to).c_str(),
                       MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))

@@ -95,11 +95,14 @@ std::optional<FolderReader::Facts> FolderReader::Look() {
     if (!(item.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT))
         return FactsOf(item.dwFileAttributes, item.ftLastWriteTime,
                        Joined(item.nFileSizeHigh, item.nFileSizeLow));
+    const auto facts = Look(open_->name);
+    if (!facts) error_ = LastError();
+    return facts;
+}
+
+std::optional<FolderReader::Facts> FolderReader::Look(const std::string& name) const {
     BY_HANDLE_FILE_INFORMATION info{};
-    if (!LookAt(JoinPath(open_->path, open_->name), info)) {
-        error_ = LastError();
-        return std::nullopt;
-    }
+    if (!open_ || !LookAt(JoinPath(open_->path, name), info)) return std::nullopt;
     return FactsOf(info.dwFileAttributes, info.ftLastWriteTime,
                    Joined(info.nFileSizeHigh, info.nFileSizeLow));
 }

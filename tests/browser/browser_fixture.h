@@ -59,6 +59,7 @@ class FakeCatalogue : public Catalogue {
     std::optional<TagRecord> StoredTag(const std::string&) override { return std::nullopt; }
     void UpdateFileRow(const std::string& path) override { updated.push_back(path); }
     void UpdateFileRows(const std::vector<std::string>&) override {}
+    bool WritesRows() override { return false; }
 
     DBStateValue state = DBStateValue::OnLine;
     std::vector<CatalogueFile> files;

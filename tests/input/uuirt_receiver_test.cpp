@@ -144,10 +144,14 @@ TEST_F(UuirtTest, APulledDeviceCostsOneLineAndComesBack) {
 }
 
 TEST_F(UuirtTest, ADriverThatHangsCostsOneLineAndIsFoundWhenItAnswers) {
-    static std::binary_semaphore answers{0};
+    static std::counting_semaphore<2> answers{0};
     device.onOpen = [] { answers.acquire(); };
     const auto closed = [this] { return std::atomic_ref(device.closed).load(); };
-    UuirtReceiver receiver({.load = devices.uuirt,
+    const auto slowDisk = [this](std::string& reason) {
+        answers.acquire();
+        return devices.uuirt(reason);
+    };
+    UuirtReceiver receiver({.load = slowDisk,
                             .clock = clock,
                             .log = log,
                             .dialogs = dialogs,
@@ -157,7 +161,7 @@ TEST_F(UuirtTest, ADriverThatHangsCostsOneLineAndIsFoundWhenItAnswers) {
     EXPECT_FALSE(receiver.Start());
     clock.Advance(60'000);
     EXPECT_EQ(LinesLogged("not opened: USB-UIRT: The USB-UIRT driver does not answer!"), 1);
-    answers.release();
+    answers.release(2); // it is loaded, and opens the device
     EXPECT_TRUE(Eventually([&] { return clock.Advance(3000), receiver.Ready(); }));
     receiver.Stop();
     EXPECT_TRUE(Eventually([&] { return closed() == 1; }));

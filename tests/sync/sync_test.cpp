@@ -36,7 +36,7 @@ struct CopyTest : testing::Test {
     SyncOrder order{.source = source.Path(), .dest = dest.Path(), .backupName = "backup_x"};
     std::vector<std::string> lines, copied;
     std::function<bool(int, int)> progress = [](int, int) { return true; };
-    SyncListener listener{[](const std::string&) {},
+    SyncListener listener{[] { return true; }, [](const std::string&) {},
                           [this](const std::string& line) { lines.push_back(line); },
                           [this](const std::string& path) { copied.push_back(path); },
                           [this](int file, int whole) { return progress(file, whole); }};
