@@ -115,6 +115,7 @@ void FolderCopy::Check(const Pair& pair) {
 
 bool FolderCopy::Differs(const Pair& pair) {
     if (order_.refresh) return IsNewer(pair.file, *pair.there);
+    if (result_.filesCopied == 0) return false; // nothing took long: the listing is of this moment
     const auto now = pair.in.from.Look(pair.file.name);
     if (!now) Fail(pair, "it has gone");
     return now && now->written != pair.file.written;
