@@ -157,6 +157,7 @@ void MoviePlayer::Suspend() {
         if (!deck_.IsOpen()) return;
         SaveVideoData();
         const bool plays = deck_.Playing() || goesOn_;
+        wakesAt_ = static_cast<std::int32_t>(deck_.Position());
         CloseFilm();
         asleep_ = true;
         goesOn_ = plays;
@@ -169,6 +170,7 @@ void MoviePlayer::Resume() {
         const bool plays = std::exchange(goesOn_, false);
         if (base_.screens.CurrentForm != FormName) return;
         Play();
+        wakesAt_ = 0;
         if (!plays) PauseIt();
     });
 }
@@ -210,7 +212,7 @@ void MoviePlayer::OpenSelected() {
     tracks_.Enter(path);
     medium_.Watch(path);
     view_.ShowTitle(TitleOf(path));
-    if (!deck_.Open(path, data_.LeftAt(path))) return FilmFailed();
+    if (!deck_.Open(path, std::max(wakesAt_, data_.LeftAt(path)))) return FilmFailed();
     ShowPlace();
 }
 

@@ -152,10 +152,11 @@ class MoviePlayer {
     double in_ = 0;                ///< how much of the bars is on the screen
     bool barsHeld_ = false;
     bool bPlayDVD = false;
-    bool seen_ = false;     ///< the film has shown a picture
-    bool finished_ = false; ///< the film came to its end, and begins anew next time
-    bool goesOn_ = false;   ///< it played when the screen, the ignition or the machine went
-    bool asleep_ = false;   ///< it is closed until the machine is back
+    bool seen_ = false;        ///< the film has shown a picture
+    bool finished_ = false;    ///< the film came to its end, and begins anew next time
+    bool goesOn_ = false;      ///< it played when the screen, the ignition or the machine went
+    std::int32_t wakesAt_ = 0; ///< seconds, whether or not films are resumed otherwise
+    bool asleep_ = false;      ///< it is closed until the machine is back
 };
 
 } // namespace vk

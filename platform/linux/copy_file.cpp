@@ -8,6 +8,7 @@
 #include <sys/stat.h>
 #include <sys/statvfs.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <memory>
@@ -89,7 +90,9 @@ CopyOutcome Copy(int from, std::uint64_t total, PartialFile& to, const CopyProgr
     const auto piece = std::make_unique_for_overwrite<char[]>(PieceBytes);
     for (std::uint64_t done = 0;;) {
         if (!progress(done, total)) return {CopyOutcome::Stopped, {}};
-        const ssize_t got = ::read(from, piece.get(), PieceBytes);
+        if (done == total) return {CopyOutcome::Done, {}}; // one that grows would never end
+        const auto wanted = std::min<std::uint64_t>(PieceBytes, total - done);
+        const ssize_t got = ::read(from, piece.get(), wanted);
         if (got < 0 && errno == EINTR) continue;
         if (got < 0 || !to.Write(piece.get(), static_cast<std::size_t>(got))) return Failure();
         if (got == 0) return {CopyOutcome::Done, {}};

@@ -99,6 +99,7 @@ struct VehicleTest : testing::Test, WiredSystem {
     void GoTo(const std::string& screen) {
         for (int i = 0; i < 5 && Front() != HomeScreen; ++i)
             Press({Qt::Key_Escape}), Pass(1000);
+        if (screen == "playmovie") return ShowFilm();
         if (screen != HomeScreen && screen != "alone" && screen != "settings") PlaySong();
         host().keys[Action::MP3toRadio] = std::to_string('R'); // the settings read the keys anew
         const auto tuner = screen == "FM" ? PlayFM : PlayXM;
@@ -106,12 +107,22 @@ struct VehicleTest : testing::Test, WiredSystem {
             Press({Qt::Key_R}), Pass(15'000);
         if (screen == "playlists" || screen == "settings") Press({Qt::Key_P}), Pass(1000);
         if (screen == "alone") Press({Qt::Key_Return}), Pass(1000);
+        host().keys[Action::gps] = std::to_string('G');
+        if (screen == "frmGPS") Press({Qt::Key_G}), Pass(1000);
+    }
+    void ShowFilm() {
+        app->rooms().playback.video = {.ListFile = dir.Write("films.m3u", dir.Write("a.avi", "x"))};
+        host().commands.Run([this] { host().screens.Find("playmovie")->ReShow(); });
+        Pass(2000);
+        film.player->onPicture();
+        film.position = 50;
     }
     /// What a driver sees and hears.
     auto State() {
         return std::tuple(Front(), audio().PlayMode, winamp.status, audio().bPaused, MasterMute(),
                           mixer.Mute(MixerLine::Line), mixer.Mute(MixerLine::CD), fm.on,
-                          fm.on ? fm.sent.back() : 0, xm.tuned, host().dialogs.Active());
+                          fm.on ? fm.sent.back() : 0, xm.tuned, host().dialogs.Active(), film.state,
+                          film.position);
     }
     /// Handles, threads, timers and bytes.
     std::vector<std::int64_t> Used() {
@@ -121,6 +132,8 @@ struct VehicleTest : testing::Test, WiredSystem {
     /// What the fakes have kept.
     void Forget() {
         player.sent.clear(), player.windows.clear(), player.classes.clear();
+        player.ran.clear(), player.runFolders.clear();
+        film.opened.clear(), engine.asked.clear();
         xmPort->sent.clear(), xmPort->opened.clear();
         fm.sent.erase(fm.sent.begin(), fm.sent.end() - (fm.sent.empty() ? 0 : 1));
         std::ofstream(dir.File("debug.log")).close(); // empty, and no wait for the disk
@@ -129,7 +142,7 @@ struct VehicleTest : testing::Test, WiredSystem {
     void Sleep(int i, bool plays) {
         const auto position = winamp.Ms() / 1000;
         const int before = flushes;
-        host().settings.Set(setting::SelectedMovie, static_cast<std::int16_t>(i));
+        host().settings.Set(setting::CurrentTitle, static_cast<std::int16_t>(i));
         power.Sleep();
         const int asleep = flushes;
         EXPECT_LE(asleep, before + MostFlushes);
@@ -174,7 +187,7 @@ struct VehicleTest : testing::Test, WiredSystem {
     SimReceiver xm{clock, [this](std::string_view bytes) { xmPort->Receive(bytes); }};
 };
 
-/// Rounds through all places, 35 sleeps each; VK_SLEEP_ROUNDS=29 makes a thousand of them.
+/// Rounds through all places, 45 sleeps each; VK_SLEEP_ROUNDS=23 makes a thousand of them.
 int Rounds() {
     const char* told = std::getenv("VK_SLEEP_ROUNDS");
     return told ? std::atoi(told) : 3;
@@ -186,22 +199,30 @@ TEST_F(VehicleTest, SleepsChangeNothingAndLeaveNothing) {
     xm.AddChannels(5);
     xm.script.delayMs = 5;
     Begin("[dlink_tuner]\nenabled=true\ncurrentfreq=96.5\naudio_input=1\n"
-          "[xmpcr_tuner]\nenabled=true\naudio_input=2\n");
+          "[xmpcr_tuner]\nenabled=true\naudio_input=2\n[GPS]\nGPSModule=1\nmap=town.bin\n");
     volumes.drives = {{"/", DriveType::Fixed}};
     std::vector<std::int64_t> before;
-    const char* places[] = {HomeScreen, "alone", "playlists", "playmp3", "FM", "XM", "settings"};
-    constexpr int Here = 5, Round = 7 * Here;
+    const char* places[] = {HomeScreen, "alone",    "playlists", "playmp3",  "FM",
+                            "XM",       "settings", "frmGPS",    "playmovie"};
+    constexpr int Here = 5, Places = 9, Round = Places * Here;
     for (int i = 0; i < Round * Rounds(); ++i) {
-        const std::string place = places[i / Here % 7];
+        const std::string place = places[i / Here % Places];
         if (i % Here == 0) GoTo(place);
-        const bool plays = winamp.status != 0;
+        ASSERT_TRUE(Front() == place || place == "alone" || place[1] == 'M') << Front();
+        const bool plays = winamp.status != 0 && place != "playmovie";
         if (plays && i % Here == 2) host().screens.Find("playmp3")->DoPause();
         if (plays && i % Here == 3) Press({Qt::Key_M}), Pass(4000);
         EXPECT_EQ(fm.on, place == "FM") << i;
         EXPECT_TRUE(place != "XM" || (xm.on && xm.tuned != 0)) << i;
+        if (place == "playmovie" && i % Here > 2) host().screens.Find(place)->DoPause();
         const auto was = State();
         const auto cycle = [&] { Sleep(i, plays); };
         i % 4 == 1 ? WithAQuestion(cycle) : cycle();
+        if (place == "frmGPS") {
+            EXPECT_EQ(Front(), "playmp3") << "the map is left for a sleep";
+            Pass(1000);
+            Press({Qt::Key_G});
+        }
         ASSERT_EQ(State(), was) << i << " at " << place;
         if (plays && audio().bPaused && i % Here == 4) host().screens.Find("playmp3")->DoPause();
         Forget();

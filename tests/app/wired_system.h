@@ -10,6 +10,7 @@
 #include "tests/sim/recording_player.h"
 #include "tests/sim/recording_programs.h"
 #include "tests/support/fake_clock.h"
+#include "tests/support/fake_media_player.h"
 #include "tests/support/fake_mixer.h"
 #include "tests/support/fake_radio.h"
 #include "tests/support/fake_serial_port.h"
@@ -47,49 +48,53 @@ struct FakeMachine {
         };
     }
     Ports ports() {
-        return {.machine = {clock, ui, locale, volumes, programs, instance,
-                            [] { return std::make_unique<QtChildProcess>(); }, registry, desktop,
-                            [this](const std::string&) {
-                                Look();
-                                return std::string();
-                            }},
-                .screen = {fonts,
+        return {
+            .machine = {clock, ui, locale, volumes, programs, instance,
+                        [] { return std::make_unique<QtChildProcess>(); }, registry, desktop,
+                        [this](const std::string&) {
+                            Look();
+                            return std::string();
+                        }},
+            .screen = {fonts,
+                       [this] {
+                           Look();
+                           return ScreenMetrics{800, 480, 96, 96};
+                       },
+                       [this] {
+                           auto made = std::make_unique<FakeForeignWindows>();
+                           windows = made.get();
+                           return made;
+                       }},
+            .sound = {mixer, input, player, beeper, listener},
+            .remote = {.serial =
                            [this] {
-                               Look();
-                               return ScreenMetrics{800, 480, 96, 96};
-                           },
-                           [this] {
-                               auto made = std::make_unique<FakeForeignWindows>();
-                               windows = made.get();
+                               auto made = std::make_unique<FakeSerialPort>();
+                               serial = made.get();
                                return made;
-                           }},
-                .sound = {mixer, input, player, beeper, listener},
-                .remote = {.serial =
-                               [this] {
-                                   auto made = std::make_unique<FakeSerialPort>();
-                                   serial = made.get();
-                                   return made;
-                               },
-                           .stream =
-                               [this] {
-                                   auto made = std::make_unique<FakeLocalStream>();
-                                   stream = made.get();
-                                   return made;
-                               },
-                           .x10 = {},
-                           .uuirt = {}},
-                .vehicle = {power, &gamma, &backlight},
-                .tuners = {.radio = [this](std::string& reason) { return MakeRadio(reason); },
-                           .serial =
-                               [this] {
-                                   auto made = std::make_unique<FakeSerialPort>();
-                                   xmPort = made.get();
-                                   return made;
-                               },
-                           .serialList = [this] { return serialPorts; },
-                           .route = route},
-                .navigation = {engine},
-                .films = {.player = {}, .saver = saver, .probe = probe}};
+                           },
+                       .stream =
+                           [this] {
+                               auto made = std::make_unique<FakeLocalStream>();
+                               stream = made.get();
+                               return made;
+                           },
+                       .x10 = {},
+                       .uuirt = {}},
+            .vehicle = {power, &gamma, &backlight},
+            .tuners = {.radio = [this](std::string& reason) { return MakeRadio(reason); },
+                       .serial =
+                           [this] {
+                               auto made = std::make_unique<FakeSerialPort>();
+                               xmPort = made.get();
+                               return made;
+                           },
+                       .serialList = [this] { return serialPorts; },
+                       .route = route},
+            .navigation = {engine},
+            .films = {
+                .player = [this](std::string&) { return std::make_unique<FakeMediaPlayer>(film); },
+                .saver = saver,
+                .probe = probe}};
     }
     std::unique_ptr<Radio> MakeRadio(std::string& reason) {
         if (radio) return std::make_unique<RadioLink>(*radio);
@@ -124,6 +129,7 @@ struct FakeMachine {
     SerialList serialPorts;
     FakeSoundRoute route;
     FakeNavigationEngine engine;
+    FakeFilm film;
     FakeScreenSaver saver;
     FakeMediumProbe probe;
     FakeForeignWindows* windows = nullptr; ///< of who asked for them last

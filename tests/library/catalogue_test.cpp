@@ -213,6 +213,30 @@ TEST_F(OpenCatalogueTest, APathInAnotherCaseThanTheMediaFolderStaysWhole) {
     EXPECT_THAT(First("SELECT Path FROM Media"), ElementsAre(other));
 }
 
+TEST_F(OpenCatalogueTest, ManyRowsAreWrittenBesideTheInterfaceAlsoWhereTheServersFileComesBetween) {
+    const auto write = [this] {
+        while (db.WritesRows())
+            std::this_thread::yield();
+    };
+    std::vector<std::string> paths;
+    for (int i = 0; i < 300; ++i)
+        paths.push_back(Tagged(std::to_string(i) + ".mp3", "T"));
+    CopyFileTo(app.File(CatalogueFileName), app.File(WorkingCatalogueName));
+    db.UpdateFileRows(paths);
+    EXPECT_TRUE(db.WritesRows());
+    state.DBState = DBStateValue::Rebuilding;
+    EXPECT_TRUE(db.UnhookDB()) << "while they are being written";
+    state.DBState = DBStateValue::Rebuilding;
+    EXPECT_FALSE(db.WritesRows()) << "not while the server works";
+    state.DBState = DBStateValue::OnLine;
+    write();
+    EXPECT_THAT(First("SELECT COUNT(*) FROM Media"), ElementsAre("300"));
+    db.UpdateFileRows({media.File("gone.mp3"), media.Write("b.m3u", "x")});
+    write();
+    EXPECT_THAT(First("SELECT COUNT(*) FROM Media"), ElementsAre("301"));
+    EXPECT_TRUE(Logged("no such file"));
+}
+
 TEST_F(OpenCatalogueTest, TakesTheServersFileAndRepeatsItsOwnUpdates) {
     Add("old.mp3", "Old", "A");
     CopyFileTo(app.File(CatalogueFileName), app.File(WorkingCatalogueName));

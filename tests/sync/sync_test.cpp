@@ -81,13 +81,15 @@ TEST_F(CopyTest, ChangedFilesAreRefreshedWhereThatIsWanted) {
                  {"rounded", "abc", "xyz", Then + 2, Then, false},
                  {"newer", "abc", "xyz", Then + 3, Then, true},
                  {"longer", "abcd", "xyz", Then, Then, true},
-                 {"edited there", "abcd", "xyz", Then, Then + 60, false}};
+                 {"edited there", "abcd", "xyz", Then, Then + 60, false},
+                 {"summer time", "abc", "xyz", Then + 3601, Then, false},
+                 {"an hour later", "abcd", "xyz", Then + 3601, Then, true}};
     for (const auto& each : cases) {
         Date(source.Write(each.name, each.from), each.fromDate);
         Date(dest.Write(each.name, each.to), each.toDate);
     }
     order.refresh = order.backup = true;
-    EXPECT_EQ(Run().filesBackedUp, 2);
+    EXPECT_EQ(Run().filesBackedUp, 3);
     for (const auto& each : cases) {
         EXPECT_EQ(dest.Read(each.name), each.copied ? each.from : each.to) << each.name;
         EXPECT_EQ(dest.Read(std::string("backup_x/") + each.name), each.copied ? each.to : "");
@@ -95,6 +97,35 @@ TEST_F(CopyTest, ChangedFilesAreRefreshedWhereThatIsWanted) {
     EXPECT_THAT(Log(), HasSubstr("archiving: " + dest.File("newer") + "  to  " +
                                  dest.File("backup_x/newer")));
     EXPECT_THAT(lines.front(), HasSubstr("changed"));
+}
+
+TEST_F(CopyTest, WhatChangesOrGoesMeanwhileIsToldAndTheOldOneStays) {
+    const std::string grows = source.Write("grows.mp3", "new"), goes = source.Write("later", "x");
+    Date(dest.Write("grows.mp3", "old"), 1000);
+    const std::string longName = std::string(251, 'n') + ".mp3";
+    AppendToFile(source.File(longName), "no room for an ending");
+    order.refresh = order.backup = true;
+    bool copying = false;
+    listener.status = [&](const std::string& text) { copying = text.starts_with("Copying"); };
+    progress = [&](int, int) {
+        if (copying) AppendToFile(grows, "er"), DeleteFileAt(goes);
+        return true;
+    };
+    const SyncResult result = Run();
+    EXPECT_EQ(std::tuple(result.end, result.filesCopied, result.filesFailed, result.filesBackedUp),
+              std::tuple(SyncResult::Whole, 1, 2, 0));
+    EXPECT_EQ(result.failure, "it changes while it is copied");
+    EXPECT_THAT(Copies(), UnorderedElementsAre("grows.mp3", longName));
+    EXPECT_EQ(dest.Read("grows.mp3"), "old");
+    EXPECT_THAT(Log(), HasSubstr("put back: " + dest.File("grows.mp3")));
+    EXPECT_THAT(Log(), HasSubstr("not copied: " + goes));
+}
+
+TEST_F(CopyTest, ADestinationWithoutRoomEndsTheRun) {
+    source.Write("a.mp3", "x");
+    order.dest = "/proc";
+    EXPECT_EQ(Run().end, SyncResult::NoSpace);
+    EXPECT_EQ(lines.back(), "sync aborted due to insufficient disk space");
 }
 
 TEST_F(CopyTest, OneFailureDoesNotEndTheRun) {
@@ -168,21 +199,24 @@ struct SynchronizerTest : CatalogueFixture {
 };
 
 TEST_F(SynchronizerTest, WhatWasCopiedIsCatalogued) {
-    for (int i = 0; i < 60; ++i)
+    for (int i = 0; i < 12; ++i)
         fs::copy_file(Tagged("x.mp3", "Title " + std::to_string(i)),
                       source.File(std::to_string(i) + ".mp3"));
     fs::remove(media.File("x.mp3"));
+    source.Write("taken/x.mp3", "x");
+    media.Write("taken", "a file in the way");
     sync.cmdSync_Click();
     EXPECT_STREQ(sync.Caption(), "Abort");
     RunToEnd();
     EXPECT_STREQ(sync.Caption(), "Synchronize Now");
-    EXPECT_EQ(sync.Status(), "Files checked: 60  Copied: 60   Made backup: 0");
-    EXPECT_THAT(First("SELECT COUNT(*) FROM Media WHERE Title LIKE 'Title %'"), ElementsAre("60"));
-    EXPECT_THAT(Log(), HasSubstr(" - copying: " + source.File("59.mp3")));
+    EXPECT_EQ(sync.Status(), "Files checked: 13  Copied: 12   Made backup: 0   Failed: 1 "
+                             "(Not a directory)");
+    EXPECT_THAT(First("SELECT COUNT(*) FROM Media WHERE Title LIKE 'Title %'"), ElementsAre("12"));
+    EXPECT_THAT(Log(), HasSubstr(" - copying: " + source.File("11.mp3")));
 }
 
 TEST_F(SynchronizerTest, TheSameButtonAborts) {
-    source.Write("big.mp3", std::string(64 << 20, 'x'));
+    source.Write("big.mp3", std::string(16 << 20, 'x'));
     sync.cmdSync_Click();
     sync.cmdSync_Click();
     RunToEnd();

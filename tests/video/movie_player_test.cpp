@@ -259,6 +259,7 @@ TEST_F(MovieTest, UnderTheMapTheFilmWaitsAndKeepsNobodyAwake) {
 
 TEST_F(MovieTest, SleepClosesTheFilmAndWakingOpensItThere) {
     for (const bool paused : {false, true}) {
+        settings.values.DoResume = paused;
         Enter();
         Shown(15);
         if (paused) player->PauseIt();
