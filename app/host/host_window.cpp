@@ -31,12 +31,32 @@ bool HostWindow::Exposed() const {
 
 void HostWindow::keyPressEvent(QKeyEvent* event) {
     const std::string code = VirtualKeyText(*event);
-    event->setAccepted(onKey && onKey(code, event->isAutoRepeat()));
+    const bool heldOn = sure_.isActive() && code == released_ && event->timestamp() == releasedAt_;
+    heldOn ? sure_.stop() : LetGo();
+    if (!heldOn && !event->isAutoRepeat()) pressedAt_ = event->timestamp();
+    event->setAccepted(onKey && onKey(code, heldOn || event->isAutoRepeat()));
 }
 
-// The system sends both for a key that is held on, too.
+// For a key that is held on the system sends both, in one moment. The toolkit knows that as long as
+// the second has arrived when it looks at the first.
 void HostWindow::keyReleaseEvent(QKeyEvent* event) {
-    if (onKeyUp && !event->isAutoRepeat()) onKeyUp(VirtualKeyText(*event));
+    constexpr int SureMs = 30, ShortMs = 150; // no display holds a key on that soon
+    if (event->isAutoRepeat()) return;
+    LetGo();
+    released_ = VirtualKeyText(*event);
+    releasedAt_ = event->timestamp();
+    sure_.start(SureMs, this);
+    if (releasedAt_ < pressedAt_ + ShortMs) LetGo();
+}
+
+void HostWindow::timerEvent(QTimerEvent* event) {
+    event->timerId() == sure_.timerId() ? LetGo() : QWidget::timerEvent(event);
+}
+
+void HostWindow::LetGo() {
+    if (!sure_.isActive()) return;
+    sure_.stop();
+    if (onKeyUp) onKeyUp(released_);
 }
 
 void HostWindow::closeEvent(QCloseEvent* event) {

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 namespace vk::test {
 namespace {
 
@@ -155,6 +157,28 @@ TEST_F(WiringTest, TheWayOutLeavesTheScreenInFrontAndSavesIt) {
         EXPECT_NE(Front(), "playlists");
         ExpectGone(osShutdown ? "by the machine" : "by the window");
     }
+}
+
+TEST(HostWindowTest, AKeyThatIsHeldOnIsNotLetGoInBetween) {
+    HostWindow window;
+    std::string told;
+    window.onKey = [&](const std::string& code, bool repeat) {
+        told += (repeat ? "on" : "down") + code + " ";
+        return true;
+    };
+    window.onKeyUp = [&](const std::string& code) { told += "up" + code + " "; };
+    const std::tuple<QEvent::Type, Qt::Key, quint64> events[] = {
+        {QEvent::KeyPress, Qt::Key_A, 1},   {QEvent::KeyRelease, Qt::Key_A, 660},
+        {QEvent::KeyPress, Qt::Key_A, 660}, {QEvent::KeyRelease, Qt::Key_A, 700},
+        {QEvent::KeyPress, Qt::Key_A, 700}, {QEvent::KeyRelease, Qt::Key_A, 720},
+        {QEvent::KeyPress, Qt::Key_A, 721}, {QEvent::KeyRelease, Qt::Key_A, 722},
+        {QEvent::KeyPress, Qt::Key_B, 722}, {QEvent::KeyRelease, Qt::Key_B, 0}};
+    for (const auto& [type, key, at] : events) {
+        QKeyEvent event(type, key, Qt::NoModifier);
+        event.setTimestamp(at);
+        QCoreApplication::sendEvent(&window, &event);
+    }
+    EXPECT_EQ(told, "down65 on65 on65 up65 down65 up65 down66 up66 ");
 }
 
 } // namespace
