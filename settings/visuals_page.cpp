@@ -3,7 +3,6 @@
 #include "core/settings_files.h"
 #include "core/text.h"
 #include "platform/files.h"
-#include "platform/paths.h"
 #include "playback/player_restart.h"
 #include "playback/visuals/vis_plugins.h"
 #include "settings/cls3d_object.h"
@@ -11,6 +10,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -94,20 +94,29 @@ class VisualsSettings {
     }
     // The player reads its settings as it starts, and may write them as it ends.
     void ChooseFile() {
-        const std::string folder = VisFolder(base_.settings.AppDir());
-        const auto file = base_.dialogs.InputBox("Winamp Vis Files (*.dll) of " + ToUtf8(folder),
-                                                 "Plug-in", txtVisDLL);
-        if (!file || file->empty()) return;
-        if (FileNameOf(*file) != *file || !FileExists(JoinPath(folder, *file))) {
-            told_ = "There is no " + *file + " in " + ToUtf8(folder);
-            return;
-        }
+        const auto file = AskFile();
+        if (!file) return;
         const auto choose = [&] { choice_.Choose(*file); };
         if (cWinamp* winamp = n_.winamp())
             PlayerRestart{base_, *winamp, n_.transport}.Run(choose);
         else
             choose();
         Show();
+    }
+    std::optional<std::string> AskFile() {
+        const std::string& appDir = base_.settings.AppDir();
+        const std::vector<std::string> files = VisFiles(appDir);
+        told_ = files.empty() ? "There is no plug-in in " + ToUtf8(VisFolder(appDir)) : "";
+        if (files.empty()) return std::nullopt;
+        std::vector<std::string> rows;
+        int marked = 0;
+        for (const std::string& file : files) {
+            if (file == choice_.File()) marked = static_cast<int>(rows.size());
+            rows.push_back(ReadVisPlugin(appDir, file).name + " (" + ToUtf8(file) + ")");
+        }
+        const auto chosen = base_.dialogs.Choose("Winamp Vis Files (*.dll)", rows, marked);
+        if (!chosen) return std::nullopt;
+        return files[static_cast<std::size_t>(*chosen)];
     }
     void Preferences() {
         cWinamp* winamp = n_.winamp();

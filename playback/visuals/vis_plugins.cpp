@@ -56,6 +56,16 @@ std::vector<std::string> ReadVisList(const std::string& appDir) {
     return list;
 }
 
+std::vector<std::string> VisFiles(const std::string& appDir) {
+    std::vector<std::string> files;
+    for (const FolderEntry& entry : ListFolder(VisFolder(appDir)))
+        if (!entry.isFolder && EqualNoCase(ExtensionOf(entry.name), "dll") &&
+            IsFileName(entry.name))
+            files.push_back(entry.name);
+    std::ranges::sort(files);
+    return files;
+}
+
 std::string VisChoice::File() const {
     return settings_.ini().ReadText(settings_.File(IniName), "Winamp", PluginKey);
 }

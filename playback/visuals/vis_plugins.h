@@ -27,6 +27,9 @@ VisPlugin ReadVisPlugin(const std::string& appDir, const std::string& file);
 std::vector<std::string> ReadVisList(const std::string& appDir);
 inline constexpr std::size_t VisListLimit = 200;
 
+/// The plug-ins of `VisFolder`, listed or not, by name.
+std::vector<std::string> VisFiles(const std::string& appDir);
+
 /// `visplugin_name` of winamp.ini and `VisWindowName`, which go together.
 class VisChoice {
   public:

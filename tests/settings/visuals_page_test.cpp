@@ -10,6 +10,8 @@ namespace {
 struct VisualsPageTest : testing::Test, AudioFixture {
     VisualsPageTest() {
         app.MakeFolder("plugins");
+        for (const char* file : {"c.txt", "b.dll", "a.dll", ".d.dll"})
+            app.Write(std::string("plugins/") + file, "[visualisation]\nscene=scope\n");
         app.Write("plugins/a.dll", "[visualisation]\nname=Waves\nscene=scope\n");
         app.Write("winamp.ini", "[Winamp]\nvisplugin_name=b.dll\nmine=1\n");
     }
@@ -39,10 +41,11 @@ TEST_F(VisualsPageTest, ChoosesFromItsListAndWorksWithoutOne) {
 TEST_F(VisualsPageTest, AFileRestartsThePlayerWhichGoesOnWhereItWas) {
     Play(9, 4);
     process.positionMs = 61000;
-    dialogs.inputs = {"gone.dll", "a.dll"};
     page.enter();
     Named("btnVisDLL").use();
-    EXPECT_EQ(process.Count(WinampClose), 0) << "there is none of that name";
+    EXPECT_EQ(dialogs.shown.back(), "Waves (a.dll) | b (b.dll) | *1");
+    EXPECT_EQ(process.Count(WinampClose), 0) << "cancelled";
+    dialogs.choices = {0};
     process.wire.answer = [this, obey = process.wire.answer](const auto& message) {
         if (message == RecordingPlayer::Command(WinampClose)) process.wire.running = false;
         return obey(message);
