@@ -83,11 +83,13 @@ void PlayerWatch::SeeAnswering() {
     });
 }
 
-// What plays is another source's by now, or starts anew in a command that runs.
+// What plays is another source's by now, or starts anew in a command that runs. Of two ways out the
+// first one leads from a visualisation to the player.
 void PlayerWatch::Leave() {
     n_.base.commands.Run([this] {
         lost_ = false;
         n_.transport.doquit();
+        if (n_.transport.NeedsPlayer()) n_.transport.doquit();
     });
 }
 

@@ -96,7 +96,7 @@ AudioPlayer::Needs PlaybackModule::Needs() {
                 [this] {
                     if (loadGPS) loadGPS();
                 },
-            .vis = {TheWindows(), &host_.hooks}};
+            .vis = {TheWindows(), &host_.hooks, [this] { return host_.dialogs.Active(); }}};
 }
 
 ForeignWindows* PlaybackModule::TheWindows() {

@@ -103,6 +103,7 @@ void AudioPlayer::KeepVolume() {
 }
 
 void AudioPlayer::Suspend() {
+    TrapAndLog(base_.report, ErrorIn("DoVis"), [this] { vis_.Suspend(); });
     Ask("Suspend", [this](PlayerSource& source) {
         KeepVolume();
         source.Suspend();
@@ -303,6 +304,7 @@ void AudioPlayer::TrackTimeLabel_Click() {
 }
 
 void AudioPlayer::LoadGPS() {
+    if (vis_.On()) DoVis(); // it would lie over the map
     if (n_.loadGPS) n_.loadGPS();
 }
 

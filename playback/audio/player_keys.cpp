@@ -45,6 +45,7 @@ constexpr ActionRow<AudioPlayer> RowsUnderVis[] = {
     {Action::Vdown, &AudioPlayer::VolDown},      {Action::vup, &AudioPlayer::VolUp},
     {Action::forward, &AudioPlayer::MoveAhead},  {Action::back, &AudioPlayer::MoveBack},
     {Action::mute, &AudioPlayer::domute},        {Action::nextvis, &AudioPlayer::NextVis},
+    {Action::gps, &AudioPlayer::LoadGPS},        {Action::addfav, &AudioPlayer::AddToFavorites},
 };
 
 } // namespace

@@ -62,11 +62,13 @@ void Visualisation::Start() {
     }
     before_ = Windows();
     n_.winamp.WinAMP_SCM(WinampRunVis);
-    const bool goesOn = base_.pump.Pause("the visualisation", OpenMs);
-    FindWindow(before_);
     VisState = 1;
     look_->Start(LookMs);
+    const bool goesOn = base_.pump.Pause("the visualisation", OpenMs);
+    if (VisState != 1) return;
+    FindWindow(before_);
     if (goesOn) base_.pump.Pause("the visualisation's picture", SettleMs);
+    if (VisState != 1) return;
     if (window_ == 0) FindWindow(before_);
     if (window_ == 0 && n_.ports.windows)
         base_.log.WriteDebugLog("The visualisation has opened no window");
@@ -101,12 +103,24 @@ void Visualisation::End() {
         base_.log.WriteDebugLog("The visualisation does not close and is ended");
         n_.winamp.WinAMP_SCM(WinampRunVis);
     }
+    ComeBack();
+}
+
+void Visualisation::ComeBack() {
     window_ = 0;
     if (n_.ports.hooks) n_.ports.hooks->UnhookMouse();
     removeKeyboardHook_ = true;
     bVisOn = false;
     base_.window.ForceForegroundWindow();
     n_.comeBack();
+}
+
+// True when one ran.
+bool Visualisation::Drop() {
+    look_->Stop();
+    if (std::exchange(VisState, 0) != 1) return false;
+    n_.winamp.WinAMP_SCM(WinampRunVis);
+    return true;
 }
 
 void Visualisation::Tick() {
@@ -122,8 +136,9 @@ void Visualisation::ExitVisByMouse() {
     });
 }
 
-// The window was closed by itself or with its program.
+// The window was closed by itself or with its program; or something has to be answered.
 void Visualisation::Look() {
+    if (n_.ports.asks && n_.ports.asks()) return Suspend();
     if (window_ == 0 || WindowThere()) return;
     base_.commands.Run([this] {
         if (VisState == 1) End();
@@ -134,15 +149,17 @@ std::string Visualisation::NextVis() {
     return choice_.Step(1) ? choice_.Name() : std::string();
 }
 
+void Visualisation::Suspend() {
+    if (Drop()) ComeBack();
+}
+
 void Visualisation::Unload() {
-    look_->Stop();
+    Drop();
     if (n_.ports.hooks) {
         n_.ports.hooks->UnhookMouse();
         n_.ports.hooks->UnhookKeyboard();
         n_.ports.hooks->onTouch = {};
     }
-    if (VisState == 1) n_.winamp.WinAMP_SCM(WinampRunVis);
-    VisState = 0;
     bVisOn = false;
 }
 

@@ -19,11 +19,13 @@ namespace vk {
 struct VisPorts {
     ForeignWindows* windows = nullptr;
     InputHooks* hooks = nullptr;
+    std::function<bool()> asks = {}; ///< true while a question waits on our own window
 };
 
 /// The plug-in is the player process's, which a command starts and ends; its window is whatever was
 /// not there before. One that never opens, hangs or dies costs a line in the log, and the next
-/// touch or quit leads back to the player.
+/// touch or quit leads back to the player. A question to the user ends it, since it would lie
+/// below.
 class Visualisation {
   public:
     /// All of it outlives this object.
@@ -47,7 +49,10 @@ class Visualisation {
     /// Goes on to the next of the list; one that runs draws that from now on. Its name, "" when
     /// there is no other.
     std::string NextVis();
-    /// The screen goes: what runs is ended without waiting.
+    /// The machine goes to sleep: what runs is ended without waiting, and the player is there when
+    /// it wakes.
+    void Suspend();
+    /// The screen goes: the same, but nothing is shown.
     void Unload();
     /// The keyboard's hook is taken out a tick after the end, so that the key that ended it is let
     /// go here as well.
@@ -62,6 +67,8 @@ class Visualisation {
     void FindWindow(const std::vector<ForeignWindow>& before);
     bool WindowThere() const;
     void CloseLate();
+    void ComeBack();
+    bool Drop();
     void Look();
 
     Needs n_;

@@ -56,13 +56,18 @@ TEST_F(PlayerWatchTest, OneThatIsMissingOrNeverListensCostsOneMessageAndGrowingP
 }
 
 TEST_F(PlayerWatchTest, MusicThatEndsWithItsProcessIsLeftAndNoOtherScreen) {
-    const std::pair<const char*, const char*> cases[] = {{"playmp3", "velkorandum"},
-                                                         {"playlists", "playlists"}};
-    for (const auto& [form, after] : cases) {
+    struct Case {
+        const char *form, *after;
+        bool visualised;
+    };
+    for (const auto& [form, after, visualised] : {Case{"playmp3", "velkorandum", false},
+                                                  {"playmp3", "velkorandum", true},
+                                                  {"playlists", "playlists", false}}) {
         Play(3, 2);
         process.positionMs = 42'000;
-        clock.Advance(2000);
+        clock.Advance(PlayerWatch::SteadyMs + 1000);
         screens.CurrentForm = form;
+        if (visualised) Command(&AudioPlayer::DoVis);
         Lose();
         clock.Advance(800);
         EXPECT_EQ(screens.CurrentForm, after);

@@ -37,7 +37,8 @@ constexpr WindowHandle Picture = 7;
 struct VisualisationTest : testing::Test, AudioFixture {
     VisualisationTest() {
         auto needs = Needs();
-        needs.vis = {&screen, &hooks};
+        needs.vis = {&screen, &hooks, [this] { return asked; }};
+        needs.loadGPS = [this] { EXPECT_TRUE(PlayerShown() && !screen.Exists(Picture)); };
         made = std::make_unique<AudioPlayer>(needs, list, view);
         keys[Action::startvis] = "86";
         keys[Action::nextvis] = "78";
@@ -66,7 +67,7 @@ struct VisualisationTest : testing::Test, AudioFixture {
 
     ScreenWindows screen;
     RecordingHooks hooks;
-    bool opens = true;
+    bool opens = true, asked = false;
     int toggles = 0;
 };
 
@@ -108,7 +109,8 @@ TEST_F(VisualisationTest, EveryKeyWorksThePlayerOrNothing) {
         EXPECT_EQ(process.wire.sent.size() == before && list.iSelected == row, sent == 0);
         EXPECT_TRUE(screens.CurrentForm == "playmp3");
     }
-    for (const char* key : {"27", "13", "86"}) {
+    keys[Action::gps] = "71";
+    for (const char* key : {"27", "13", "86", "71"}) {
         Press(key);
         EXPECT_TRUE(PlayerShown()) << key;
         EXPECT_EQ(process.status, 1) << "the music goes on";
@@ -161,6 +163,27 @@ TEST_F(VisualisationTest, OneThatDiesGivesTheScreenBack) {
     made->Form_Unload(false);
     EXPECT_EQ(toggles, 3) << "the end of the system does not wait for it";
     EXPECT_FALSE(hooks.keyboard || hooks.mouse);
+}
+
+TEST_F(VisualisationTest, ASleepOrAQuestionEndsItWithoutWaiting) {
+    for (const bool sleeps : {true, false}) {
+        const auto ended = clock.MakeTimer([&] { // while it opens
+            if (sleeps) return player().Suspend();
+            asked = true;
+        });
+        for (const int soon : {300, 60000}) {
+            asked = false;
+            ended->Start(soon);
+            Press("86");
+            clock.Advance(soon == 300 ? 0 : 61000);
+            ended->Stop();
+            clock.Advance(600);
+            EXPECT_TRUE(PlayerShown() && !screen.Exists(Picture)) << sleeps << " " << soon;
+            if (sleeps) player().Resume();
+        }
+    }
+    EXPECT_EQ(toggles, 8);
+    EXPECT_TRUE(screen.closed.empty());
 }
 
 TEST_F(VisualisationTest, TheNextOneIsThatOfTheListWhateverStandsInIt) {
