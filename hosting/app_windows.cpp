@@ -72,8 +72,10 @@ void AppWindows::ComeToFront(const RunningApp& app) const {
 }
 
 void AppWindows::LetOthersOver(const RunningApp& app) const {
-    for (const WindowHandle window : app.hWndList)
+    for (const WindowHandle window : app.hWndList) {
         windows_.SetTopmost(window, false);
+        windows_.FreeKeyboard(window);
+    }
 }
 
 } // namespace vk

@@ -27,7 +27,7 @@ class AppWindows {
     /// not have it is left alone until it changes its size itself.
     void ForceMaximize(RunningApp& app) const;
     /// In front of everything else with all its windows, and with the input; or not above others
-    /// any more.
+    /// any more, and without the keys, which others need then.
     void ComeToFront(const RunningApp& app) const;
     void LetOthersOver(const RunningApp& app) const;
 

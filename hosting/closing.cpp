@@ -49,23 +49,28 @@ bool Closing::Close(RunningApp& app, bool mayAsk) {
     return true;
 }
 
-// True when all have ended in that time.
-bool Closing::AnyWait(const RunningApps& apps, int milliseconds) const {
+// True when all have ended in that time, with all that they have started.
+bool Closing::AllEnd(const RunningApps& apps, int milliseconds) const {
     const std::int64_t end = base_.clock.TickMs() + milliseconds;
-    return std::ranges::all_of(apps, [&](const RunningApp& app) {
-        const auto left = std::max<std::int64_t>(0, end - base_.clock.TickMs());
-        return programs_.Wait(app.PID, static_cast<int>(left)) && !programs_.AnyRunning(app.PID);
-    });
+    const auto ended = [&] {
+        return std::ranges::none_of(
+            apps, [&](const RunningApp& app) { return programs_.AnyRunning(app.PID); });
+    };
+    while (!ended()) {
+        if (base_.clock.TickMs() >= end) return false;
+        base_.clock.Sleep(PassMs);
+    }
+    return true;
 }
 
 void Closing::CloseAll(const RunningApps& apps) {
     for (const RunningApp& app : apps)
         for (const ForeignWindow& window : collection_.Of(app.PID))
             windows_.Close(window.handle);
-    if (AnyWait(apps, LastMs)) return;
+    if (AllEnd(apps, LastMs)) return;
     for (const RunningApp& app : apps)
         programs_.Close(app.PID);
-    if (AnyWait(apps, AskedMs)) return;
+    if (AllEnd(apps, AskedMs)) return;
     for (const RunningApp& app : apps) {
         if (!programs_.AnyRunning(app.PID)) continue;
         base_.log.WriteDebugLog("attempting to kill PID " + std::to_string(app.PID));

@@ -32,7 +32,7 @@ class Closing {
   private:
     bool WindowsGone(const RunningApp& app, const char* what, bool mayAsk, int& passes);
     bool Asks(const RunningApp& app) const;
-    bool AnyWait(const RunningApps& apps, int milliseconds) const;
+    bool AllEnd(const RunningApps& apps, int milliseconds) const;
 
     Base& base_;
     Programs& programs_;

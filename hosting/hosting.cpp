@@ -37,10 +37,18 @@ bool Hosting::Select(const std::string& name) {
     return true;
 }
 
+void Hosting::TakeUpAgain() {
+    const auto back = std::ranges::stable_partition(left_, [&](const RunningApp& app) {
+        return app.ended || !collection_.AppHasWindow(app.PID);
+    });
+    for (RunningApp& app : back)
+        RunningApps_.push_back(std::move(app));
+    left_.erase(back.begin(), back.end());
+}
+
 bool Hosting::StartOrResume(const ListedApp& app) {
-    if (Select(app.name)) {
-        if (Watch()) return true;
-    }
+    TakeUpAgain();
+    if (Select(app.name) && Watch()) return true;
     return ExecCmd(app.command, app.name, app.maximize, app.force);
 }
 
@@ -77,16 +85,19 @@ bool Hosting::Fails(const RunningApp& app, Launched how) {
                                        : app.name + " shows no window and was ended.";
     n_.base.log.WriteDebugLog(said_);
     if (how != Launched::Ended) n_.programs.KillAll(app.PID);
-    Drop(app.PID);
+    Drop(app.PID, true);
     return false;
 }
 
 // What has no window any more may still be saving: it is ended with the system at the latest.
-void Hosting::Drop(ProgramId program) {
+void Hosting::Drop(ProgramId program, bool ended) {
     const auto found = std::ranges::find(RunningApps_, program, &RunningApp::PID);
     if (found == RunningApps_.end()) return;
     std::erase_if(left_, [&](const RunningApp& each) { return !n_.programs.AnyRunning(each.PID); });
-    if (program != 0 && n_.programs.AnyRunning(program)) left_.push_back(*found);
+    if (program != 0 && n_.programs.AnyRunning(program)) {
+        left_.push_back(*found);
+        left_.back().ended = ended;
+    }
     RunningApps_.erase(found);
     if (current_ == program) current_ = RunningApps_.empty() ? 0 : RunningApps_.back().PID;
 }
@@ -105,7 +116,7 @@ bool Hosting::Watch() {
     const std::int64_t now = n_.base.clock.TickMs();
     if (app->windowlessSinceMs == 0) app->windowlessSinceMs = now;
     const bool waits = now - app->windowlessSinceMs < GraceMs && n_.programs.AnyRunning(app->PID);
-    if (!waits) Drop(app->PID);
+    if (!waits) Drop(app->PID, false);
     return waits;
 }
 
@@ -113,7 +124,8 @@ void Hosting::Sweep() {
     RunningApps gone = RunningApps_;
     std::erase_if(gone, [&](const RunningApp& app) { return collection_.AppHasWindow(app.PID); });
     for (const RunningApp& app : gone)
-        Drop(app.PID);
+        Drop(app.PID, false);
+    TakeUpAgain();
 }
 
 bool Hosting::CloseCurrent() {
@@ -127,7 +139,7 @@ bool Hosting::CloseCurrent() {
         return false;
     }
     asked_ = 0;
-    Drop(program);
+    Drop(program, true);
     return true;
 }
 

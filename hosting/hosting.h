@@ -48,7 +48,8 @@ class Hosting {
     /// Looks after the selected program: false when it has gone, or has had no window for a while;
     /// its record is dropped then.
     bool Watch();
-    /// Drops the records of the others that have gone.
+    /// Drops the records of the others that have gone, and takes up those again that have opened
+    /// another window after all.
     void Sweep();
     /// Closes the selected program and drops its record; false when it asks its user something
     /// first and goes on. Asked again then, it is closed whatever it asks.
@@ -63,7 +64,8 @@ class Hosting {
 
   private:
     bool Select(const std::string& name);
-    void Drop(ProgramId program);
+    void TakeUpAgain();
+    void Drop(ProgramId program, bool ended);
     bool Fails(const RunningApp& app, Launched how);
 
     Needs n_;

@@ -21,6 +21,7 @@ struct RunningApp {
     std::vector<WindowHandle> framed = {}; ///< those that have been given the system's frame
     WindowArea forced = {};                ///< what the main window had when it was last forced
     std::int64_t windowlessSinceMs = 0;    ///< of the clock's ticks; 0 while it has a window
+    bool ended = false;                    ///< by the user, who wants no more of it
 };
 
 using RunningApps = std::vector<RunningApp>;

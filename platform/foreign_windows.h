@@ -21,7 +21,7 @@ struct ForeignWindow {
     WindowHandle handle = 0;
     ProgramId program = 0; ///< whose it is; 0 where it does not tell
     std::string title = {}, windowClass = {};
-    bool visible = false;
+    bool visible = false; ///< or minimised
     bool ordinary = true; ///< a window of its own, that can be minimised: no dialog, menu or splash
     WindowArea area = {}; ///< without the frame; pixels of the screen
 };
@@ -41,7 +41,7 @@ class ForeignWindows {
     virtual void Return(WindowHandle window) = 0;
     virtual void Place(WindowHandle window, const WindowArea& area) = 0;
     virtual void Show(WindowHandle window, bool shown) = 0;
-    /// In front of its siblings.
+    /// In front of its siblings; a minimised one is shown again.
     virtual void Raise(WindowHandle window) = 0;
     /// Keeps it above all others, or lets it go again; where nobody manages the windows it is
     /// raised once.
@@ -62,8 +62,11 @@ class ForeignWindows {
     /// Posts it a letter (A to Z), typed with Ctrl.
     virtual void PostControl(WindowHandle window, char letter) = 0;
     /// From now on these keys (virtual-key codes) come to `onKey` instead of the program in front,
-    /// and none with an empty list. Keys that another program holds stay with it.
+    /// and none with an empty list. Keys that another program holds stay with it; one that has all
+    /// for itself gets these, too, and they are told when they are let go.
     virtual void HoldKeys(const std::vector<int>& keys) = 0;
+    /// Minimises a window while its program has all keys for itself, which ends that.
+    virtual void FreeKeyboard(WindowHandle window) = 0;
 
     /// A held key went down; or was let go.
     std::function<void(int key)> onKey, onKeyUp;

@@ -1,9 +1,9 @@
 # The Debian packages that the system needs, and how they are installed. Sourced by run, test and tools.
 
 BUILD_PACKAGES="g++ cmake ninja-build ccache pkg-config python3 qt6-base-dev qt6-serialport-dev \
-libsqlite3-dev nlohmann-json3-dev libxcb1-dev libxcb-res0-dev libxcb-randr0-dev libsystemd-dev libgpiod-dev \
+libsqlite3-dev nlohmann-json3-dev libxcb1-dev libxcb-res0-dev libxcb-xinput-dev libxcb-randr0-dev libsystemd-dev libgpiod-dev \
 libvlc-dev libasound2-dev libtag1-dev librsvg2-bin imagemagick fonts-dejavu-core"
-RUN_PACKAGES="libqt6gui6 libqt6widgets6 libqt6serialport6 libxcb1 libxcb-res0 libxcb-randr0 libsystemd0 libgpiod2 \
+RUN_PACKAGES="libqt6gui6 libqt6widgets6 libqt6serialport6 libxcb1 libxcb-res0 libxcb-xinput0 libxcb-randr0 libsystemd0 libgpiod2 \
 libsqlite3-0 libtag1v5 vlc-plugin-base libvlc-bin \
 navit navit-gui-internal navit-graphics-gtk-drawing-area maptool dbus \
 libasound2 libasound2-plugins fonts-dejavu-core xvfb x11-apps imagemagick"

@@ -1,5 +1,6 @@
 #include "hosting/screen/ext_app_tools.h"
 
+#include "platform/qt/qt_foreign_windows.h"
 #include "platform/qt/virtual_keys.h"
 #include "skin/controls/looks.h"
 #include "skin/touch_target.h"
@@ -146,7 +147,7 @@ void ExtAppTools::MoveTo(bool top) {
 }
 
 void ExtAppTools::EnterButtons() {
-    activateWindow();
+    ForceInput(*this);
     setFocus();
     if (enterButtons) enterButtons();
 }

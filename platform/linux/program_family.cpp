@@ -7,12 +7,23 @@
 #include <cctype>
 #include <csignal>
 #include <cstdlib>
+#include <fstream>
+#include <string>
 
 namespace vk {
 
 namespace {
 
 constexpr int KillRounds = 3; // one that is ended may just have started another
+
+// It has ended, and only its parent has not looked: "number (name) state ..." (proc(5)).
+bool IsZombie(const std::string& process) {
+    std::ifstream file("/proc/" + process + "/stat");
+    std::string stat;
+    std::getline(file, stat);
+    const auto name = stat.rfind(") ");
+    return name != std::string::npos && stat.substr(name + 2, 1) == "Z";
+}
 
 } // namespace
 
@@ -33,7 +44,7 @@ std::vector<pid_t> ProgramFamilies::Members(pid_t leader) const {
     for (const FolderEntry& entry : ListFolder("/proc")) {
         if (!std::isdigit(static_cast<unsigned char>(entry.name[0]))) continue;
         const auto process = static_cast<pid_t>(std::atol(entry.name.c_str()));
-        if (::getsid(process) == leader) members.push_back(process);
+        if (::getsid(process) == leader && !IsZombie(entry.name)) members.push_back(process);
     }
     return members;
 }

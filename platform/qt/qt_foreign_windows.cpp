@@ -1,9 +1,11 @@
 #include "platform/qt/qt_foreign_windows.h"
 
+#include "platform/linux/x11/x11_focus.h"
 #include "platform/linux/x11/x11_windows.h"
 
 #include <QAbstractNativeEventFilter>
 #include <QGuiApplication>
+#include <QWindow>
 
 namespace vk {
 
@@ -24,12 +26,27 @@ class QtX11Windows : public X11Windows, QAbstractNativeEventFilter {
     }
 };
 
+// Null on another kind of display.
+xcb_connection_t* Connection() {
+    const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    return x11 ? x11->connection() : nullptr;
+}
+
 } // namespace
 
 std::unique_ptr<ForeignWindows> MakeForeignWindows() {
-    const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    if (!x11 || !x11->connection()) return nullptr;
-    return std::make_unique<QtX11Windows>(x11->connection());
+    xcb_connection_t* const connection = Connection();
+    if (!connection) return nullptr;
+    return std::make_unique<QtX11Windows>(connection);
+}
+
+void ForceInput(QWidget& window) {
+    const QWindow* handle = window.windowHandle();
+    xcb_connection_t* const connection = Connection();
+    if (!connection || !handle || !handle->isExposed()) return window.activateWindow();
+    const X11Properties x(connection);
+    const bool managed = !handle->flags().testFlag(Qt::BypassWindowManagerHint) && x.Managed();
+    GiveInput(x, static_cast<xcb_window_t>(handle->winId()), managed);
 }
 
 } // namespace vk

@@ -3,6 +3,8 @@
 
 #include "platform/foreign_windows.h"
 
+#include <QWidget>
+
 #include <memory>
 
 namespace vk {
@@ -10,5 +12,10 @@ namespace vk {
 /// Null on a display whose windows cannot be taken into ours. Needs a QGuiApplication, which
 /// outlives it.
 std::unique_ptr<ForeignWindows> MakeForeignWindows();
+
+/// Gives one of our own windows the input, whichever program has it. Qt asks with the time of the
+/// last event that it has seen itself, which a display takes for outdated when it has given the
+/// input to another program since.
+void ForceInput(QWidget& window);
 
 } // namespace vk

@@ -1,5 +1,7 @@
 #include "platform/qt/qt_window_layer.h"
 
+#include "platform/qt/qt_foreign_windows.h"
+
 #include <QGuiApplication>
 #include <QScreen>
 #include <QWindow>
@@ -20,7 +22,7 @@ int SetDensity(qreal logical, qreal physical) {
 void QtWindowLayer::ForceForegroundWindow() {
     if (host_.isMinimized()) host_.showFullScreen();
     host_.raise(); // where nobody manages the windows, an active one may lie under another
-    if (!host_.isActiveWindow()) host_.activateWindow();
+    if (!host_.isActiveWindow()) ForceInput(host_);
 }
 
 void QtWindowLayer::SetTopmost(bool on) {

@@ -101,6 +101,7 @@ void Win32Windows::Show(WindowHandle window, bool shown) {
 }
 
 void Win32Windows::Raise(WindowHandle window) {
+    if (::IsIconic(Id(window))) ::ShowWindowAsync(Id(window), SW_RESTORE);
     ::SetWindowPos(Id(window), HWND_TOP, 0, 0, 0, 0, KeepPlace | SWP_ASYNCWINDOWPOS);
 }
 

@@ -151,6 +151,12 @@ TEST_F(HostingTest, AProgramIsFollowedFromWindowToWindowAndDroppedWithTheLast) {
     EXPECT_FALSE(hosting.Watch());
     EXPECT_TRUE(hosting.Running().empty());
     EXPECT_TRUE(programs.Running(1)) << "it may still be saving";
+    windows.Open(1);
+    hosting.Sweep();
+    EXPECT_TRUE(hosting.Loaded("Maps")) << "it had not gone after all";
+    EXPECT_TRUE(hosting.CloseCurrent());
+    hosting.Sweep();
+    EXPECT_FALSE(hosting.Loaded("Maps")) << "ended by the user";
     hosting.CloseAll();
     EXPECT_FALSE(programs.Running(1));
 }
@@ -226,6 +232,7 @@ TEST_F(HostingTest, TheBarLiesOverTheProgramAndLeadsBackFromIt) {
     bar.MoveAhead();
     EXPECT_EQ(player.Count("MoveAhead"), 1);
     bar.imgSwap_Click();
+    EXPECT_EQ(windows.Done("free"), "free " + std::to_string(maps)) << "the list needs the keys";
     EXPECT_EQ(Front(), "playlists");
     EXPECT_FALSE(view.shown || !windows.held.empty());
     EXPECT_TRUE(hosting.Loaded("Maps"));

@@ -1,44 +1,15 @@
 // A terminal on a virtual display of the test's own, with a window manager and without one.
-#include "platform/linux/x11/x11_windows.h"
-#include "platform/paths.h"
-#include "platform/qt/qt_child_process.h"
-#include "tests/platform/polled.h"
-#include "tests/support/temp_folder.h"
+#include "tests/platform/desktop.h"
 
 #include <gmock/gmock.h>
 #include <sys/socket.h>
 
-#include <algorithm>
-#include <cstdlib>
-#include <utility>
-
 namespace vk::test {
 namespace {
 
-struct ForeignWindowsTest : testing::TestWithParam<bool> {
-    ForeignWindowsTest() {
-        server.onOutput = [this](std::string_view text) { display += text; };
-        server.Start("/usr/bin/Xvfb",
-                     {"-displayfd", "1", "-screen", "0", "640x480x24", "-nolisten", "tcp"});
-        EXPECT_TRUE(Polled([&] { return display.ends_with('\n'); }));
-        display = ":" + display.substr(0, display.size() - 1);
-        ::setenv("DISPLAY", display.c_str(), 1);
-        Connect();
-        if (!GetParam()) return;
-        manager = programs->Start({"/usr/bin/openbox", {}, folder.Path()});
-        const X11Properties properties(connection);
-        EXPECT_TRUE(Polled([&] { return properties.Managed(); }));
-    }
-    ~ForeignWindowsTest() override {
-        for (const ProgramId program : {manager, terminal}) {
-            programs->Kill(program);
-            programs->Wait(program, 5000);
-        }
-        Disconnect();
-    }
-    void Connect() {
-        connection = xcb_connect(display.c_str(), nullptr);
-        windows = std::make_unique<X11Windows>(connection);
+struct ForeignWindowsTest : testing::TestWithParam<bool>, Desktop {
+    ForeignWindowsTest() : Desktop(GetParam()) { MakeHost(); }
+    void MakeHost() {
         const X11Properties properties(connection);
         const xcb_window_t window = xcb_generate_id(connection);
         host = window;
@@ -49,22 +20,9 @@ struct ForeignWindowsTest : testing::TestWithParam<bool> {
         xcb_map_window(connection, window);
         xcb_flush(connection);
     }
-    void Disconnect() {
-        windows.reset();
-        if (connection) xcb_disconnect(std::exchange(connection, nullptr));
-    }
-    /// Waits with the display's events handled.
-    template<class Condition> bool Soon(Condition condition) {
-        return Polled([&] {
-            while (XReply<xcb_generic_event_t> event{xcb_poll_for_event(connection)})
-                windows->Handle(*event);
-            return condition();
-        });
-    }
     WindowHandle StartTerminal() {
         const std::string script = "read line; echo \"$line\" > line; exec sleep 1000";
-        terminal = programs->Start(
-            {"/usr/bin/xterm", {"-T", "a probe", "-e", "/bin/sh", "-c", script}, folder.Path()});
+        terminal = Start("/usr/bin/xterm", {"-T", "a probe", "-e", "/bin/sh", "-c", script});
         EXPECT_TRUE(Soon([&] { return Terminal().visible; }));
         return Terminal().handle;
     }
@@ -86,19 +44,9 @@ struct ForeignWindowsTest : testing::TestWithParam<bool> {
             xcb_get_geometry_reply(connection, asked, nullptr));
         return {got->width, got->height};
     }
-    void Type(const std::vector<std::string>& words) {
-        const ProgramId typed = programs->Start({"/usr/bin/xdotool", words, folder.Path()});
-        EXPECT_TRUE(programs->Wait(typed, 20'000));
-    }
 
-    TempFolder folder;
-    std::unique_ptr<Programs> programs = MakePrograms();
-    QtChildProcess server;
-    std::string display;
-    xcb_connection_t* connection = nullptr;
-    std::unique_ptr<X11Windows> windows;
     WindowHandle host = 0;
-    ProgramId manager = 0, terminal = 0;
+    ProgramId terminal = 0;
 };
 
 TEST_P(ForeignWindowsTest, ATerminalIsTakenInPlacedTypedIntoAndGivenBack) {
@@ -140,6 +88,7 @@ TEST_P(ForeignWindowsTest, AnAdoptedWindowOutlivesUsAndItsEndIsTold) {
     ::shutdown(xcb_get_file_descriptor(connection), SHUT_RDWR); // as a crash does
     Disconnect();
     Connect();
+    MakeHost();
     EXPECT_TRUE(Soon([&] { return Terminal().visible; })) << "on the desktop again, and shown";
     EXPECT_TRUE(programs->Running(terminal));
     WindowHandle gone = 0;

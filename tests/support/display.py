@@ -47,11 +47,11 @@ class Display:
             self.start_manager()
 
     def start_manager(self):
-        self.processes.append(subprocess.Popen(["openbox"], env=self.env, stdout=subprocess.DEVNULL,
-                                               stderr=subprocess.DEVNULL))
-        wait_for("the window manager", lambda: "window id" in subprocess.run(
-            ["xprop", "-root", "_NET_SUPPORTING_WM_CHECK"], env=self.env, capture_output=True, text=True,
-            check=False).stdout)
+        """Until it looks after windows: those that come while it is starting it forgets."""
+        ready = self.folder / "manager_ready"
+        self.processes.append(subprocess.Popen(["openbox", "--startup", f"touch {ready}"], env=self.env,
+                                               stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL))
+        wait_for("the window manager", ready.exists)
 
     def close(self):
         for process in reversed(self.processes):

@@ -1,7 +1,6 @@
 """Drives programs of the machine beside the system: started, worked, left, moved, closed, and ended with the system."""
 
 import os
-import subprocess
 
 from driven import Driven, main
 
@@ -36,7 +35,7 @@ class _Programs(Driven):
 class KeysPrograms(_Programs):
     """Without a window manager."""
 
-    programs = (("Writer", "open", "True|True"),)
+    programs = (("Writer", "open", "True|True"), ("Game", "open grab", "True|True"))
 
     def test_by_keys_alone(self):
         self.press("Return")
@@ -54,6 +53,12 @@ class KeysPrograms(_Programs):
         self.keys("Escape")
         self.wait_for("its end", lambda: self.heard("close") and not self.odd())
         self.picture("program-closed")
+        self.told.unlink()
+        self.keys("Down")
+        self.press("Return")
+        self.wait_for_program("Game", "grabbed")
+        self.keys("Escape")
+        self.wait_for("the end of what had taken the keyboard", lambda: not self.odd())
 
 
 class TouchPrograms(_Programs):
@@ -65,11 +70,12 @@ class TouchPrograms(_Programs):
     def test_by_touch_alone(self):
         self.tap((400, 90))
         self.wait_for_program("Deaf")
-        for _ in range(3):  # each touch ends the wait of a stage
+        for stage, told in (("first", lambda: self.heard("close")),  # each touch ends the wait of a stage
+                            ("second", lambda: "app still not closed at" in self.log()),
+                            ("third", lambda: "attempting to kill PID" in self.log())):
             self.display.send("mousemove", 800 - CELL // 2, 480 - BAR // 2, "click", 1)
-            subprocess.run(["sleep", "0.4"], check=True)
+            self.wait_for(f"the {stage} stage", told)
         self.wait_for("the end of the deaf one", lambda: not self.odd())
-        self.wait_for("the log", lambda: "attempting to kill PID" in self.log())
         self.settle("the list")
         self.told.unlink()
         self.tap((400, 130))

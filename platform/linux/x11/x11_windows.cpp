@@ -1,5 +1,6 @@
 #include "platform/linux/x11/x11_windows.h"
 
+#include "platform/linux/x11/x11_focus.h"
 #include "platform/linux/x11/x11_keys.h"
 
 #include <algorithm>
@@ -14,10 +15,7 @@ constexpr std::uint32_t DecorationsField = 2;
 // A program that insists on another size gets its way in the end.
 constexpr int MostCorrections = 8;
 constexpr std::size_t MostInside = 4096; // windows of a dialog that are looked through
-// A key is the same with CapsLock and NumLock. Not with any modifier: a manager that holds Alt with
-// the key would keep it from us altogether.
-constexpr std::uint16_t Locks[] = {0, XCB_MOD_MASK_LOCK, XCB_MOD_MASK_2,
-                                   XCB_MOD_MASK_LOCK | XCB_MOD_MASK_2};
+constexpr std::uint32_t NormalState = 1, IconicState = 3; // ICCCM 4.1.3.1
 
 xcb_window_t Id(WindowHandle window) {
     return static_cast<xcb_window_t>(window);
@@ -58,7 +56,11 @@ std::string ClassOf(const std::string& property) {
 
 } // namespace
 
-X11Windows::X11Windows(xcb_connection_t* connection) : x_(connection) {
+X11Windows::X11Windows(xcb_connection_t* connection)
+    : x_(connection), keys_(x_, [this](int key, bool down) {
+          const auto tell = down ? onKey : onKeyUp; // it may be given another by what is told
+          if (tell) tell(key);
+      }) {
     const auto root = Attributes(x_, x_.Root());
     if (!root) return;
     const std::uint32_t events =
@@ -68,7 +70,6 @@ X11Windows::X11Windows(xcb_connection_t* connection) : x_(connection) {
 }
 
 X11Windows::~X11Windows() {
-    HoldKeys({});
     while (!adopted_.empty())
         Return(adopted_.begin()->first);
 }
@@ -104,7 +105,8 @@ ForeignWindow X11Windows::Describe(xcb_window_t window) const {
             .program = x_.Process(window),
             .title = std::move(title),
             .windowClass = ClassOf(x_.Text(window, "WM_CLASS")),
-            .visible = attributes && attributes->map_state == XCB_MAP_STATE_VIEWABLE,
+            .visible = attributes &&
+                       (attributes->map_state == XCB_MAP_STATE_VIEWABLE || IsMinimized(window)),
             .ordinary = IsOrdinary(window),
             .area = AreaOf(x_, window)};
 }
@@ -188,8 +190,36 @@ void X11Windows::Show(WindowHandle window, bool shown) {
 }
 
 void X11Windows::Raise(WindowHandle window) {
+    if (IsMinimized(Id(window))) Restore(Id(window));
     const std::uint32_t above = XCB_STACK_MODE_ABOVE;
     xcb_configure_window(x_.connection(), Id(window), XCB_CONFIG_WINDOW_STACK_MODE, &above);
+    xcb_flush(x_.connection());
+}
+
+bool X11Windows::IsMinimized(xcb_window_t window) const {
+    const auto state = x_.Numbers(window, "WM_STATE");
+    return !state.empty() && state[0] == IconicState;
+}
+
+// Where nobody manages the windows, what a manager would do falls to us. The display shows a window
+// of the save set again when this process ends.
+void X11Windows::Minimize(xcb_window_t window) const {
+    xcb_connection_t* const c = x_.connection();
+    if (x_.Managed()) return x_.Tell(window, "WM_CHANGE_STATE", {IconicState}, true);
+    x_.Set(window, "WM_STATE", "WM_STATE", {IconicState, XCB_NONE});
+    xcb_change_save_set(c, XCB_SET_MODE_INSERT, window);
+    xcb_unmap_window(c, window);
+}
+
+void X11Windows::Restore(xcb_window_t window) const {
+    if (x_.Managed()) return GiveInput(x_, window, true);
+    xcb_map_window(x_.connection(), window);
+    xcb_change_save_set(x_.connection(), XCB_SET_MODE_DELETE, window);
+    x_.Set(window, "WM_STATE", "WM_STATE", {NormalState, XCB_NONE});
+}
+
+void X11Windows::FreeKeyboard(WindowHandle window) {
+    if (KeyboardTaken(x_)) Minimize(Id(window));
     xcb_flush(x_.connection());
 }
 
@@ -216,11 +246,7 @@ void X11Windows::SetFrame(WindowHandle window, bool on) {
 }
 
 void X11Windows::Focus(WindowHandle window) {
-    if (x_.Managed() && !adopted_.contains(Id(window)))
-        x_.Tell(Id(window), "_NET_ACTIVE_WINDOW", {FromPager, XCB_CURRENT_TIME, 0}, true);
-    else
-        xcb_set_input_focus(x_.connection(), XCB_INPUT_FOCUS_PARENT, Id(window), XCB_CURRENT_TIME);
-    xcb_flush(x_.connection());
+    GiveInput(x_, Id(window), x_.Managed() && !adopted_.contains(Id(window)));
 }
 
 void X11Windows::Close(WindowHandle window) {
@@ -274,28 +300,6 @@ void X11Windows::PostControl(WindowHandle window, char letter) {
         }
 }
 
-void X11Windows::HoldKeys(const std::vector<int>& keys) {
-    xcb_connection_t* const c = x_.connection();
-    for (const auto& [code, key] : std::exchange(held_, {}))
-        for (const std::uint16_t locks : Locks)
-            xcb_ungrab_key(c, code, x_.Root(), locks);
-    if (!keys.empty()) held_ = KeyCodes(c, keys);
-    for (const auto& [code, key] : held_)
-        for (const std::uint16_t locks : Locks)
-            xcb_grab_key(c, 1, x_.Root(), locks, code, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
-    xcb_flush(c);
-}
-
-bool X11Windows::HandleKey(const xcb_generic_event_t& event) const {
-    const auto& key = reinterpret_cast<const xcb_key_press_event_t&>(event);
-    const auto held = held_.find(key.detail);
-    if (held == held_.end() || key.event != x_.Root()) return false;
-    const bool down = (event.response_type & 0x7F) == XCB_KEY_PRESS;
-    const auto tell = down ? onKey : onKeyUp; // it may be given another by what is told
-    if (tell) tell(held->second);
-    return true;
-}
-
 bool X11Windows::TellsOfWindows(const xcb_generic_event_t& event) const {
     switch (event.response_type & 0x7F) {
     case XCB_MAP_NOTIFY:
@@ -313,10 +317,8 @@ bool X11Windows::TellsOfWindows(const xcb_generic_event_t& event) const {
 
 bool X11Windows::Handle(const xcb_generic_event_t& event) {
     if (TellsOfWindows(event) && onChange) onChange();
+    if (keys_.Handle(event)) return true;
     switch (event.response_type & 0x7F) {
-    case XCB_KEY_PRESS:
-    case XCB_KEY_RELEASE:
-        return HandleKey(event);
     case XCB_CONFIGURE_NOTIFY: {
         const auto& now = reinterpret_cast<const xcb_configure_notify_event_t&>(event);
         const auto adopted = adopted_.find(now.window);

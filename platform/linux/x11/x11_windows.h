@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/foreign_windows.h"
+#include "platform/linux/x11/x11_held_keys.h"
 #include "platform/linux/x11/x11_properties.h"
 
 #include <map>
@@ -30,7 +31,8 @@ class X11Windows : public ForeignWindows {
                         const std::string& title) const override;
     void PostMouse(WindowHandle window, bool down) override;
     void PostControl(WindowHandle window, char letter) override;
-    void HoldKeys(const std::vector<int>& keys) override;
+    void HoldKeys(const std::vector<int>& keys) override { keys_.Hold(keys); }
+    void FreeKeyboard(WindowHandle window) override;
 
     /// To be shown every event of the connection; true when nobody else needs it.
     bool Handle(const xcb_generic_event_t& event);
@@ -40,19 +42,21 @@ class X11Windows : public ForeignWindows {
     bool IsProgramWindow(xcb_window_t window) const;
     bool IsOrdinary(xcb_window_t window) const;
     bool TellsOfWindows(const xcb_generic_event_t& event) const;
-    bool HandleKey(const xcb_generic_event_t& event) const;
+    bool IsMinimized(xcb_window_t window) const;
+    void Minimize(xcb_window_t window) const;
+    void Restore(xcb_window_t window) const;
     void Withdraw(xcb_window_t window) const;
     void Put(xcb_window_t window) const;
     void SeeTo(xcb_window_t window, bool asWished);
 
     X11Properties x_;
+    X11HeldKeys keys_;
     struct Adopted {
         xcb_window_t host;
         WindowArea area;
         int corrections; ///< that may still be made
     };
     std::map<xcb_window_t, Adopted> adopted_;
-    std::map<xcb_keycode_t, int> held_;
 };
 
 } // namespace vk

@@ -1,0 +1,32 @@
+#include "platform/linux/x11/x11_focus.h"
+
+namespace vk {
+
+namespace {
+
+constexpr std::uint32_t FromPager = 2; // EWMH: on the user's behalf
+
+} // namespace
+
+// With the display's own time: one of an event may be older than the last change, and a display
+// does not hear of those.
+void GiveInput(const X11Properties& x, xcb_window_t window, bool managed) {
+    if (managed)
+        x.Tell(window, "_NET_ACTIVE_WINDOW", {FromPager, XCB_CURRENT_TIME, 0}, true);
+    else
+        xcb_set_input_focus(x.connection(), XCB_INPUT_FOCUS_PARENT, window, XCB_CURRENT_TIME);
+    xcb_flush(x.connection());
+}
+
+// Nothing tells who has them but a try.
+bool KeyboardTaken(const X11Properties& x) {
+    xcb_connection_t* const c = x.connection();
+    const auto asked = xcb_grab_keyboard(c, 0, x.Root(), XCB_CURRENT_TIME, XCB_GRAB_MODE_ASYNC,
+                                         XCB_GRAB_MODE_ASYNC);
+    const XReply<xcb_grab_keyboard_reply_t> reply(xcb_grab_keyboard_reply(c, asked, nullptr));
+    if (reply && reply->status == XCB_GRAB_STATUS_SUCCESS) xcb_ungrab_keyboard(c, XCB_CURRENT_TIME);
+    xcb_flush(c);
+    return reply && reply->status == XCB_GRAB_STATUS_ALREADY_GRABBED;
+}
+
+} // namespace vk

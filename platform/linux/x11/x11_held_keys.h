@@ -1,0 +1,43 @@
+// Keys of an X11 display that come to us whichever program is in front.
+#pragma once
+
+#include "platform/linux/x11/x11_properties.h"
+
+#include <functional>
+#include <map>
+#include <set>
+#include <vector>
+
+namespace vk {
+
+/// A program in front that has taken the whole keyboard gets them as well: they are told here when
+/// they are let go then (X Input 2.1, raw events).
+class X11HeldKeys {
+  public:
+    using Tell = std::function<void(int key, bool down)>;
+    /// `x` outlives this object; `tell` is given virtual-key codes.
+    X11HeldKeys(const X11Properties& x, Tell tell) : x_(x), tell_(std::move(tell)) {}
+    ~X11HeldKeys() { Hold({}); }
+    X11HeldKeys(const X11HeldKeys&) = delete;
+    X11HeldKeys& operator=(const X11HeldKeys&) = delete;
+
+    /// These and no others, by their virtual-key codes.
+    void Hold(const std::vector<int>& keys);
+    /// To be shown every event of the connection; true when nobody else needs it.
+    bool Handle(const xcb_generic_event_t& event);
+
+  private:
+    void Grab(bool on) const;
+    void SelectRaw(bool on);
+    bool HandleKey(const xcb_generic_event_t& event);
+    bool HandleRaw(const xcb_generic_event_t& event);
+
+    const X11Properties& x_;
+    Tell tell_;
+    std::map<xcb_keycode_t, int> held_;
+    std::set<xcb_keycode_t> modifiers_, modifiersDown_;
+    std::set<xcb_keycode_t> down_; ///< that went down without a modifier, and have not come to us
+    std::uint8_t extension_ = 0;   ///< X Input's number, 0 without it
+};
+
+} // namespace vk

@@ -1,0 +1,139 @@
+// Programs of many manners, really started beside the system, framed and ended.
+#include "hosting/hosting.h"
+#include "platform/linux/x11/x11_focus.h"
+#include "tests/platform/desktop.h"
+#include "tests/support/core_fixture.h"
+
+#include <gmock/gmock.h>
+#include <poll.h>
+
+namespace vk::test {
+namespace {
+
+using testing::ElementsAre;
+
+enum class End { Unstarted, ByItself, Politely, Asking, Killed, WithTheSystem };
+
+struct Manner {
+    std::string name, command, said, mainClass;
+    std::size_t windows;
+    End end;
+};
+
+const std::string Odd = VK_ODD_PROGRAM " ";
+const Manner Manners[] = {
+    {"a terminal", "/usr/bin/xterm", "", "XTerm", 1, End::Politely},
+    {"one window", Odd + "open", "", "Odd", 1, End::Politely},
+    {"does not tell whose it is", Odd + "nopid open", "", "Odd", 1, End::Politely},
+    {"started by a script", "/bin/sh -c \"" + Odd + "open; true\"", "", "Odd", 1, End::Politely},
+    {"started by what has ended", "/bin/sh -c \"" + Odd + "open &\"", "", "Odd", 1,
+     End::WithTheSystem},
+    {"several windows", Odd + "open open dialog", "", "Odd", 3, End::WithTheSystem},
+    {"goes on in a second window", Odd + "open wait=300 class=B open shut", "", "B", 1,
+     End::Politely},
+    {"asks before it closes", Odd + "ask open", "", "Odd", 1, End::Asking},
+    {"hangs", Odd + "open hang", "", "Odd", 1, End::Killed},
+    {"dies", Odd + "open wait=300 die", "", "", 0, End::ByItself},
+    {"dies at once", Odd + "die", "dies at once has ended without a window.", "", 0,
+     End::Unstarted},
+    {"no window", Odd + "wait=100000", "no window shows no window and was ended.", "", 0,
+     End::Unstarted},
+    {"is not there", "/no/such/program", "is not there could not be started.", "", 0,
+     End::Unstarted},
+};
+
+struct HostedProgramsTest : testing::TestWithParam<bool>, Desktop, CoreFixture {
+    HostedProgramsTest() : Desktop(GetParam()) {
+        state.ScreenWidth = 640;
+        state.ScreenHeight = 480;
+        clock.onEvents = clock.onSleep = [this] { LetHappen(); };
+    }
+    /// The clock of the test moves on when the display has told of something, or nothing has come
+    /// for a while; at once where nothing is going to come.
+    void LetHappen() const {
+        HandleEvents();
+        pollfd wire{xcb_get_file_descriptor(connection), POLLIN, 0};
+        ::poll(&wire, 1, answers ? 50 : 0);
+        HandleEvents();
+    }
+    ForeignWindow Main() {
+        const RunningApp* current = hosting.Current();
+        for (const ForeignWindow& each : windows->List())
+            if (current && each.handle == current->hWnd) return each;
+        return {};
+    }
+    /// A terminal's size goes by its letters.
+    bool Framed() {
+        const WindowArea area = Main().area;
+        return area.width > 620 && area.height > 450 && area.x < 10 && area.y < 10;
+    }
+    void CloseCurrent(End end) {
+        answers = end != End::Killed;
+        EXPECT_EQ(hosting.CloseCurrent(), end != End::Asking);
+        answers = false;
+        EXPECT_TRUE(end != End::Asking || hosting.CloseCurrent());
+    }
+    void See(const Manner& manner) {
+        const int killed = LinesLogged("attempting to kill PID");
+        answers = manner.name != "no window";
+        EXPECT_EQ(hosting.ExecCmd(manner.command, manner.name, true, true), manner.said.empty());
+        EXPECT_EQ(hosting.Said(), manner.said);
+        const ProgramId program = hosting.Current() ? hosting.Current()->PID : 0;
+        EXPECT_TRUE(manner.windows == 0 || Soon([&] {
+                        return hosting.Watch() &&
+                               hosting.Current()->hWndList.size() == manner.windows &&
+                               Main().windowClass == manner.mainClass && Framed();
+                    }));
+        EXPECT_TRUE(manner.end != End::ByItself || Soon([&] { return !hosting.Watch(); }));
+        if (manner.end == End::WithTheSystem) hosting.CloseAll();
+        if (hosting.Current()) CloseCurrent(manner.end);
+        EXPECT_TRUE(hosting.Running().empty());
+        EXPECT_TRUE(Soon([&] { return !programs->AnyRunning(program); }));
+        const bool byForce = manner.end == End::Killed || manner.end == End::Asking;
+        EXPECT_EQ(LinesLogged("attempting to kill PID") - killed, byForce ? 1 : 0);
+    }
+
+    bool answers = true; ///< the program that is waited for
+    Hosting hosting{{base, *programs, *windows}};
+};
+
+TEST_P(HostedProgramsTest, EachIsFramedAndEndsAsItsMannersAllow) {
+    for (const Manner& manner : Manners) {
+        SCOPED_TRACE(manner.name);
+        See(manner);
+    }
+}
+
+TEST_P(HostedProgramsTest, OneThatTakesAllKeysIsLedBackFrom) {
+    const X11Properties x(connection);
+    ASSERT_TRUE(hosting.ExecCmd(Odd + "open grab", "Game", true, true));
+    ASSERT_TRUE(Soon([&] { return KeyboardTaken(x); }));
+    std::vector<int> keys;
+    windows->onKey = [&](int key) { keys.push_back(key); };
+    windows->onKeyUp = [&](int key) { keys.push_back(-key); };
+    windows->HoldKeys({27, 113});
+    Type({"key", "a", "ctrl+Escape", "F2", "Escape"});
+    EXPECT_TRUE(Soon([&] { return keys.size() >= 4; }));
+    EXPECT_THAT(keys, ElementsAre(113, -113, 27, -27));
+    hosting.Watch();
+    hosting.Collection().LetOthersOver(*hosting.Current());
+    EXPECT_TRUE(Soon([&] { return !KeyboardTaken(x); }));
+    EXPECT_TRUE(hosting.Watch()) << "minimised, not gone";
+    hosting.Collection().ComeToFront(*hosting.Current());
+    const auto shown = [&] {
+        const auto id = static_cast<xcb_window_t>(hosting.Current()->hWnd);
+        const XReply<xcb_get_window_attributes_reply_t> now(xcb_get_window_attributes_reply(
+            connection, xcb_get_window_attributes(connection, id), nullptr));
+        return now->map_state == XCB_MAP_STATE_VIEWABLE;
+    };
+    EXPECT_TRUE(Soon(shown));
+    CloseCurrent(End::Politely);
+    Type({"key", "F2", "Escape"});
+    EXPECT_TRUE(Soon([&] { return keys.size() >= 8; }));
+    EXPECT_THAT(keys, ElementsAre(113, -113, 27, -27, 113, -113, 27, -27)) << "each told once";
+}
+
+INSTANTIATE_TEST_SUITE_P(Managed, HostedProgramsTest, testing::Bool());
+
+} // namespace
+} // namespace vk::test
