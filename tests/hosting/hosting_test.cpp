@@ -152,8 +152,8 @@ TEST_F(HostingTest, AProgramIsFollowedFromWindowToWindowAndDroppedWithTheLast) {
     EXPECT_TRUE(hosting.Running().empty());
     EXPECT_TRUE(programs.Running(1)) << "it may still be saving";
     windows.Open(1);
-    hosting.Sweep();
-    EXPECT_TRUE(hosting.Loaded("Maps")) << "it had not gone after all";
+    EXPECT_TRUE(hosting.StartOrResume({"/bin/sh -c x", "Maps", true, false}));
+    EXPECT_EQ(programs.started.size(), 1u) << "it had not gone after all";
     EXPECT_TRUE(hosting.CloseCurrent());
     hosting.Sweep();
     EXPECT_FALSE(hosting.Loaded("Maps")) << "ended by the user";

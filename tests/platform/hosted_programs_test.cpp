@@ -62,8 +62,10 @@ struct HostedProgramsTest : testing::TestWithParam<bool>, Desktop, CoreFixture {
             if (current && each.handle == current->hWnd) return each;
         return {};
     }
-    /// A terminal's size goes by its letters.
+    /// A terminal's size goes by its letters, and it shows itself before it can be closed.
     bool Framed() {
+        const auto id = static_cast<xcb_window_t>(Main().handle);
+        if (X11Properties(connection).Numbers(id, "WM_PROTOCOLS").empty()) return false;
         const WindowArea area = Main().area;
         return area.width > 620 && area.height > 450 && area.x < 10 && area.y < 10;
     }
@@ -128,9 +130,16 @@ TEST_P(HostedProgramsTest, OneThatTakesAllKeysIsLedBackFrom) {
     };
     EXPECT_TRUE(Soon(shown));
     CloseCurrent(End::Politely);
+    keys.clear();
     Type({"key", "F2", "Escape"});
-    EXPECT_TRUE(Soon([&] { return keys.size() >= 8; }));
-    EXPECT_THAT(keys, ElementsAre(113, -113, 27, -27, 113, -113, 27, -27)) << "each told once";
+    EXPECT_TRUE(Soon([&] { return keys.size() >= 4; }));
+    EXPECT_THAT(keys, ElementsAre(113, -113, 27, -27)) << "each told once";
+    keys.clear();
+    Type({"keydown", "Escape"});
+    EXPECT_TRUE(Soon([&] { return keys.size() >= 3; }));
+    EXPECT_THAT(keys, testing::Each(27)) << "it is held";
+    Type({"keyup", "Escape"});
+    EXPECT_TRUE(Soon([&] { return keys.back() == -27; }));
 }
 
 INSTANTIATE_TEST_SUITE_P(Managed, HostedProgramsTest, testing::Bool());

@@ -45,7 +45,7 @@ class KeysPrograms(_Programs):
         self.wait_for("the letter in the program", lambda: self.heard("key 38 0"))
         self.hold("Escape")
         self.picture("program-buttons")
-        self.keys("Right", "Right", "Return")  # the bar goes up
+        self.keys("Right", "Return")  # the bar goes up
         self.picture("program-moved")
         self.keys("Escape")
         self.press("s")

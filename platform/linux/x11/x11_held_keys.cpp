@@ -30,13 +30,20 @@ std::set<xcb_keycode_t> ModifierKeys(xcb_connection_t* c) {
     return keys;
 }
 
+bool IsDown(xcb_connection_t* c, xcb_keycode_t code) {
+    const XReply<xcb_query_keymap_reply_t> map(
+        xcb_query_keymap_reply(c, xcb_query_keymap(c), nullptr));
+    return map && (map->keys[code / 8] >> (code % 8) & 1) != 0;
+}
+
 } // namespace
 
 void X11HeldKeys::Hold(const std::vector<int>& keys) {
     if (held_.empty() && keys.empty()) return;
     Grab(false);
     held_.clear();
-    down_.clear();
+    told_.clear();
+    untold_.clear();
     modifiersDown_.clear();
     if (!keys.empty()) held_ = KeyCodes(x_.connection(), keys);
     if (!keys.empty()) modifiers_ = ModifierKeys(x_.connection());
@@ -85,13 +92,20 @@ bool X11HeldKeys::Handle(const xcb_generic_event_t& event) {
     }
 }
 
+// While a key is held the display repeats its press, and ends it for that each time.
 bool X11HeldKeys::HandleKey(const xcb_generic_event_t& event) {
     const auto& key = reinterpret_cast<const xcb_key_press_event_t&>(event);
     const auto held = held_.find(key.detail);
     if (held == held_.end() || key.event != x_.Root()) return false;
-    down_.erase(key.detail);
+    const bool down = (event.response_type & 0x7F) == XCB_KEY_PRESS;
     const Tell tell = tell_; // what is told may let go of the keys
-    tell(held->second, (event.response_type & 0x7F) == XCB_KEY_PRESS);
+    if (down) {
+        untold_.erase(key.detail);
+        told_.insert(key.detail);
+        tell(held->second, true);
+    } else if (!IsDown(x_.connection(), key.detail)) {
+        Released(key.detail, held->second);
+    }
     return true;
 }
 
@@ -106,15 +120,20 @@ bool X11HeldKeys::HandleRaw(const xcb_generic_event_t& event) {
         down ? void(modifiersDown_.insert(code)) : void(modifiersDown_.erase(code));
     const auto held = held_.find(code);
     if (held == held_.end()) return true;
-    if (down) {
-        if (modifiersDown_.empty()) down_.insert(code);
-    } else if (down_.erase(code) > 0 && KeyboardTaken(x_)) {
-        const Tell tell = tell_;
-        const int key = held->second;
-        tell(key, true);
-        tell(key, false);
-    }
+    if (!down)
+        Released(code, held->second);
+    else if (modifiersDown_.empty())
+        untold_.insert(code);
     return true;
+}
+
+// Told of in both ways, or in one.
+void X11HeldKeys::Released(xcb_keycode_t code, int key) {
+    const bool told = told_.erase(code) > 0, missed = untold_.erase(code) > 0;
+    const Tell tell = tell_;
+    if (!told && !(missed && KeyboardTaken(x_))) return;
+    if (!told) tell(key, true);
+    tell(key, false);
 }
 
 } // namespace vk

@@ -31,13 +31,15 @@ class X11HeldKeys {
     void SelectRaw(bool on);
     bool HandleKey(const xcb_generic_event_t& event);
     bool HandleRaw(const xcb_generic_event_t& event);
+    void Released(xcb_keycode_t code, int key);
 
     const X11Properties& x_;
     Tell tell_;
     std::map<xcb_keycode_t, int> held_;
     std::set<xcb_keycode_t> modifiers_, modifiersDown_;
-    std::set<xcb_keycode_t> down_; ///< that went down without a modifier, and have not come to us
-    std::uint8_t extension_ = 0;   ///< X Input's number, 0 without it
+    std::set<xcb_keycode_t> told_;   ///< are down and have come to us
+    std::set<xcb_keycode_t> untold_; ///< are down without a modifier and have not
+    std::uint8_t extension_ = 0;     ///< X Input's number, 0 without it
 };
 
 } // namespace vk
