@@ -111,7 +111,7 @@ void ToolBar::doquit() {
         if (const RunningApp* app = n_.hosting.Current()) {
             n_.hosting.Collection().ComeToFront(*app);
             view_.ShowAtFront();
-            Say(app->name + " asks before it closes. Close again to end it.");
+            Say(app->name + " asks before it closes. Close again to end it.", SentenceMs);
         }
     });
 }
@@ -120,6 +120,7 @@ void ToolBar::doquit() {
 void ToolBar::Timer1_Timer() {
     n_.base.commands.Run([this] {
         if (!shown_) return;
+        if (n_.checkDaylight) n_.checkDaylight();
         const RunningApp* app = n_.hosting.Current();
         const WindowHandle before = app ? app->hWnd : 0;
         if (!n_.hosting.Watch()) {
@@ -165,8 +166,8 @@ void ToolBar::VolDown() {
     Do("VolDown", [this] { n_.loudness.VolDown(); });
 }
 
-void ToolBar::Say(const std::string& text) {
-    saidUntilMs_ = n_.base.clock.TickMs() + SayMs;
+void ToolBar::Say(const std::string& text, int milliseconds) {
+    saidUntilMs_ = n_.base.clock.TickMs() + milliseconds;
     view_.ShowText(text);
 }
 

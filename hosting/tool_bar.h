@@ -22,8 +22,8 @@ inline constexpr const char* ToolBarName = "ExtAppTools";
 class ToolBar {
   public:
     /// How often the program is looked after, milliseconds; and so long a text stands in the place
-    /// of the title.
-    static constexpr int LookMs = 500, SayMs = 2500;
+    /// of the title, a sentence that runs through it longer.
+    static constexpr int LookMs = 500, SayMs = 2500, SentenceMs = 15'000;
     /// A held quit key of this length leads into the bar's buttons; milliseconds.
     static constexpr int HoldMs = 700;
 
@@ -40,6 +40,7 @@ class ToolBar {
         std::function<void()> SaveAudioData = {};
         /// A key that was held back from the program, as if this system had the keyboard.
         std::function<void(const std::string& code)> press = {};
+        std::function<void()> checkDaylight = {}; ///< may load another skin
     };
     ToolBar(Needs needs, ToolBarView& view);
     ~ToolBar();
@@ -63,7 +64,7 @@ class ToolBar {
     /// To the other edge of the screen.
     void imgMoveMe_Click();
     /// Shows a text in the place of what plays, for a while.
-    void Say(const std::string& text);
+    void Say(const std::string& text, int milliseconds = SayMs);
     /// Shows what plays.
     void SetExtAppText();
     bool Form_KeyDown(const std::string& code);

@@ -87,7 +87,7 @@ bool ExternalAppPage::AskArguments(std::string& command) const {
 
 void ExternalAppPage::AskSize(ListedApp& app) const {
     app.maximize = base_.dialogs.AskYesNo(AskedMaximize);
-    app.force = app.maximize && base_.dialogs.AskYesNo(AskedForce);
+    app.force = app.maximize && base_.dialogs.AskNoYes(AskedForce);
 }
 
 bool ExternalAppPage::AlreadyListed(const std::string& program) const {

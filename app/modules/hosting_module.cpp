@@ -29,7 +29,8 @@ ToolBar::Needs HostingModule::BarNeeds() {
                 [this](const std::string& code) {
                     host_.window.onKey(code, false);
                     host_.window.onKeyUp(code);
-                }};
+                },
+            .checkDaylight = [this] { host_.daylight.Check(); }};
 }
 
 void HostingModule::Load() {

@@ -37,7 +37,7 @@ struct HostingTest : testing::Test, CoreFixture {
     RecordingScreen list, menu;
     RecordingPlayerScreen player;
     TransportLink transport;
-    int saved = 0;
+    int saved = 0, looked = 0;
     std::vector<std::string> pressed;
     Hosting hosting{{base, programs, windows}};
     RecordingBar view;
@@ -50,7 +50,8 @@ struct HostingTest : testing::Test, CoreFixture {
                  .transport = transport,
                  .keys = keys,
                  .SaveAudioData = [this] { ++saved; },
-                 .press = [this](const std::string& code) { pressed.push_back(code); }},
+                 .press = [this](const std::string& code) { pressed.push_back(code); },
+                 .checkDaylight = [this] { ++looked; }},
                 view};
 
     HostingTest() {
@@ -229,6 +230,7 @@ TEST_F(HostingTest, TheBarLiesOverTheProgramAndLeadsBackFromIt) {
     player.now.artist.clear();
     clock.Advance(ToolBar::SayMs + ToolBar::LookMs);
     EXPECT_EQ(view.text, "FM 87.7 MHz");
+    EXPECT_GT(looked, 0) << "the night comes here, too";
     bar.MoveAhead();
     EXPECT_EQ(player.Count("MoveAhead"), 1);
     bar.imgSwap_Click();
