@@ -23,13 +23,13 @@ void TunerSource::TakeMode() {
 void TunerSource::Begin(bool switches) {
     LineMute& lines = c_.loudness.Lines();
     lines.MuteLine(Input());
+    ShowName(switches ? OwnTitle() : c_.audio.ListTitle);
     const Waited started = StartShown();
     if (started == Waited::Ended) { // the user leaves
         if (PowerDown()) lines.RestoreMuteState(Input());
         return;
     }
     if (switches) TakeMode();
-    ShowName();
     if (started == Waited::Done) return StartPlaying();
     lines.RestoreMuteState(Input());
     c_.clockLine.ShowProblem(NoRadio);
@@ -51,8 +51,14 @@ Waited TunerSource::StartShown() {
     return started;
 }
 
-void TunerSource::ShowName() {
-    c_.view.ShowListTitle(c_.audio.ListTitle);
+std::string TunerSource::OwnTitle() const {
+    AudioState own;
+    TakeTunerList(kind_.mode, c_.base.settings, own);
+    return own.ListTitle;
+}
+
+void TunerSource::ShowName(const std::string& title) {
+    c_.view.ShowListTitle(title);
     c_.view.ShowMediaType(MediaTypeIcon());
 }
 

@@ -59,7 +59,8 @@ class TunerSource : public PlayerSource {
     void TakeMode();
     void Begin(bool switches);
     Waited StartShown();
-    void ShowName();
+    std::string OwnTitle() const;
+    void ShowName(const std::string& title);
     void StartPlaying();
 
     const TunerKind& kind_;

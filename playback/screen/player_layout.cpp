@@ -19,7 +19,7 @@ int Share(int whole, double share) {
 
 } // namespace
 
-PlayerLayout::PlayerLayout(int width, int height, bool gps) {
+PlayerLayout::PlayerLayout(int width, int height, bool gps, bool radio) {
     PlaceTop(width, height);
     PlacePanel(width, height);
     const int listTop = Share(height, TopBarShare) + Share(height, PanelShare);
@@ -27,7 +27,7 @@ PlayerLayout::PlayerLayout(int width, int height, bool gps) {
     const int margin = height / 60;
     list = QRect(margin, listTop, width - 2 * margin, bottomBar.top() - listTop - margin / 4);
     loading = QRect(width / 4, list.center().y() - height / 14, width / 2, height / 7);
-    PlaceButtons(width, height, gps);
+    PlaceButtons(width, height, gps, radio);
 }
 
 void PlayerLayout::PlaceTop(int width, int height) {
@@ -60,7 +60,7 @@ void PlayerLayout::PlacePanel(int width, int height) {
 }
 
 // What does not fit moves into the upper bar, first what is needed least while driving.
-void PlayerLayout::PlaceButtons(int width, int height, bool gps) {
+void PlayerLayout::PlaceButtons(int width, int height, bool gps, bool radio) {
     using enum TouchButtonId;
     std::vector<TouchButtonId> bottom = {DoQuit,  Swap,        Rewind,     RunOk,
                                          Pause,   FastForward, VolumeDown, VolumeUp,
@@ -69,7 +69,9 @@ void PlayerLayout::PlaceButtons(int width, int height, bool gps) {
     std::vector<TouchButtonId> above = {PageUp, PageDown, Mute, Vis, ExtApps};
     if (gps) above.push_back(GPS);
     bottom.push_back(PopUpMenu);
-    for (const TouchButtonId id : {Dim, AddFavorite, Source, RunOk, Shuffle}) {
+    // Rows can be touched; the source is changed by this one touch alone.
+    const auto third = radio ? RunOk : Source, fourth = radio ? Source : RunOk;
+    for (const TouchButtonId id : {Dim, AddFavorite, third, fourth, Shuffle}) {
         if (static_cast<int>(bottom.size()) <= room) break;
         std::erase(bottom, id);
         above.push_back(id);

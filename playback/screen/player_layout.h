@@ -41,7 +41,8 @@ struct ButtonPlace {
 /// All rectangles are in pixels of the screen and lie within it; none but the upper bar and the
 /// cover lies over another.
 struct PlayerLayout {
-    PlayerLayout(int width, int height, bool gps = false);
+    /// `gps` and `radio`: there is a GPS screen, and a tuner to change to.
+    PlayerLayout(int width, int height, bool gps = false, bool radio = false);
 
     QRect listTitle; ///< also the place of the volume text
     QRect clock;
@@ -61,7 +62,7 @@ struct PlayerLayout {
   private:
     void PlaceTop(int width, int height);
     void PlacePanel(int width, int height);
-    void PlaceButtons(int width, int height, bool gps);
+    void PlaceButtons(int width, int height, bool gps, bool radio);
     void PlaceUpperBar(const std::vector<TouchButtonId>& ids, int inARow, int cell);
     void PlaceRow(const std::vector<TouchButtonId>& ids, const QRect& bar, bool upper);
 };

@@ -186,7 +186,9 @@ void playmp3::wheelEvent(QWheelEvent* event) {
 
 void playmp3::DoLayout() {
     const AppState& state = context_.state;
-    layout_ = PlayerLayout(state.ScreenWidth, state.ScreenHeight, context_.settings.GPSModule != 0);
+    const Settings& settings = context_.settings;
+    layout_ = PlayerLayout(state.ScreenWidth, state.ScreenHeight, settings.GPSModule != 0,
+                           settings.dlink_enabled || settings.xmpcr_enabled);
     setGeometry(0, 0, state.ScreenWidth, state.ScreenHeight);
     Frame1_.setGeometry(rect());
     Place();

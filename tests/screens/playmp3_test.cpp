@@ -75,6 +75,13 @@ TEST_F(Playmp3Test, TouchesAndTheWheelReachTheOperations) {
 }
 
 TEST_F(Playmp3Test, OffersInTheUpperBarWhatIsNeededLeastOrHasNoRoomBelow) {
+    for (const bool radio : {false, true}) {
+        settings.values.xmpcr_enabled = radio;
+        screens.Remove("playmp3");
+        Open(0, 1);
+        EXPECT_EQ(Named("TSRadio2MP3Btn")->isVisible(), radio);
+    }
+    screens.Remove("playmp3");
     Open(0, 1, {1280, 600});
     for (const char* name : {"TSVolUpBtn", "TSVolDownBtn", "TSRunOkBtn", "TSAddFavBtn"})
         EXPECT_TRUE(Named(name)->isVisible()) << name;

@@ -117,14 +117,15 @@ TEST_F(TunersTest, OneButtonGoesThroughAllSourcesAndResumesTheMusic) {
     EXPECT_EQ(view.buttons[PlayerButton::Shuffle], "shuffle.gif");
     std::string waiting;
     clock.onEvents = [&] {
-        waiting = view.loading;
+        waiting = view.listTitle + ": " + view.loading;
         EXPECT_EQ(audio.PlayMode, PlayFM);
         EXPECT_EQ(list.ItemCount(), 0);
         Press(); // again while it starts
     };
     Press();
     clock.onEvents = {};
-    EXPECT_EQ(waiting + view.loading, "Please wait while the XM channel list is initialized...");
+    EXPECT_EQ(waiting + view.loading,
+              "XM Satellite Radio: Please wait while the XM channel list is initialized...");
     clock.Advance(1000);
     EXPECT_EQ(Heard() + Said(), "XM XM Satellite Radio, radio.gif, player.gif");
     EXPECT_EQ(port->opened.size(), 1u);
