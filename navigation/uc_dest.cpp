@@ -45,6 +45,7 @@ void UCDest::CalculateRouteToAddress(const std::string& city, const std::string&
 }
 
 void UCDest::CreateDestWindow() {
+    n_.engine.SetSettings(n_.kept.Read());
     n_.engine.Start(n_.setup());
     n_.engine.SetThreeD(n_.threeD());
     night_.reset();
@@ -103,6 +104,11 @@ void UCDest::ReverseGeoCode(std::function<void(const std::string&)> done) {
 std::string UCDest::GetDestSettings() const {
     const EngineSettings values = n_.engine.Settings();
     return Join({values.begin(), values.end()}, "|");
+}
+
+void UCDest::SetDestSettings(const EngineSettings& settings) {
+    n_.engine.SetSettings(settings);
+    n_.kept.Write(n_.engine.Settings());
 }
 
 void UCDest::Zoom(bool in) {

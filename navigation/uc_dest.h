@@ -3,6 +3,7 @@
 #pragma once
 
 #include "navigation/dest_events.h"
+#include "navigation/kept_settings.h"
 #include "navigation/map_pane.h"
 #include "navigation/nmea.h"
 #include "platform/navigation_engine.h"
@@ -25,6 +26,7 @@ class UCDest : public MapPane {
         std::function<EngineSetup()> setup; ///< as the settings are now
         std::function<bool()> threeD;
         std::function<bool()> night;
+        KeptSettings kept;
     };
     /// What is needed outlives this object.
     explicit UCDest(Needs needs);
@@ -34,7 +36,8 @@ class UCDest : public MapPane {
     using Status = std::function<void(std::int32_t status)>;
     void CalculateRouteToAddress(const std::string& city, const std::string& street,
                                  const std::string& houseNumber, Status done);
-    /// Starts the engine; its window is taken when it is there.
+    /// Starts the engine, as it was left and as the settings are now; its window is taken when it
+    /// is there. Another map in the old one's place is taken up.
     void CreateDestWindow();
     void SetDestParent(WindowHandle window);
     void CancelRoute() { n_.engine.CancelRoute(); }
@@ -45,7 +48,8 @@ class UCDest : public MapPane {
     void ReverseGeoCode(std::function<void(const std::string&)> done);
     /// Nine values joined by "|", see `EngineSettings`.
     std::string GetDestSettings() const;
-    void SetDestSettings(const EngineSettings& settings) { n_.engine.SetSettings(settings); }
+    /// They are kept for the next start.
+    void SetDestSettings(const EngineSettings& settings);
     /// Twice as near, or half: by the settings, so that a restart keeps it.
     void Zoom(bool in);
     void OpenComPort();

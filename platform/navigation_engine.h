@@ -68,7 +68,8 @@ class NavigationEngine {
     virtual ~NavigationEngine() = default;
     /// The engine is installed; its version, "" when it is not.
     virtual std::string Installed() const = 0;
-    /// Begins, or begins anew when it runs with another setup. It is kept alive from then on.
+    /// Begins, or begins anew when it runs with another setup, or on a map that is another one now.
+    /// It is kept alive from then on.
     virtual void Start(const EngineSetup& setup) = 0;
     virtual void Stop() = 0;
     virtual EngineState State() const = 0;

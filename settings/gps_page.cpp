@@ -1,13 +1,16 @@
 #include "settings/gps_page.h"
 
-#include "core/text.h"
+#include "hosting/command_line.h"
+#include "navigation/engine/map_file.h"
 #include "platform/files.h"
 #include "platform/paths.h"
+#include "settings/file_kinds.h"
 
 #include <algorithm>
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <string_view>
 #include <utility>
 
 namespace vk {
@@ -15,6 +18,7 @@ namespace vk {
 namespace {
 
 enum Module : std::int16_t { NoGPS = 0, Internal = 1, External = 2 };
+constexpr std::string_view DrivePrefix = "log:"; // of the receiver's setting
 
 Row Named(Row row, const char* name, int width, std::function<bool()> usable = {}) {
     row.name = name;
@@ -68,12 +72,20 @@ class GPSChoice {
         std::vector<Row> rows = {
             dimensions("2D Maps", false, "OP2DMaps"),
             dimensions("3D Maps", true, "OP3DMaps"),
-            FileRow("Map", setting::GPSMap, ""),
-            ChoiceRow(store_, setting::GPSReceiver, [this] { return Receivers(); }),
-            FileRow("Recorded drive", setting::GPSReceiver, "log:"),
-            TextRow(store_, n_.base.dialogs, setting::GPSSerial)};
+            MapRow(),
+            Choice(setting::GPSOrientation, {{"-1", "ahead is up"}, {"0", "north is up"}}),
+            Choice(setting::GPSAutoZoom, {{"1", "follows the speed"}, {"0", "as you set it"}}),
+            Choice(setting::GPSProfile,
+                   {{"car", "the fastest"}, {"car_shortest", "the shortest"}})};
         rows.front().sheet = "Map";
         rows.insert(rows.end(), n_.mapRows.begin(), n_.mapRows.end());
+        return rows;
+    }
+    std::vector<Row> ReceiverRows() {
+        std::vector<Row> rows = {
+            ChoiceRow(store_, setting::GPSReceiver, [this] { return Receivers(); }), DriveRow(),
+            TextRow(store_, n_.base.dialogs, setting::GPSSerial)};
+        rows.front().sheet = "Receiver";
         return rows;
     }
     std::vector<Row> ProgramRows() {
@@ -117,31 +129,68 @@ class GPSChoice {
         if (!known) all.emplace_back(now, now);
         return all;
     }
-    Row FileRow(const char* caption, const Setting<std::string>& setting, std::string prefix) {
-        const auto value = [this, &setting, prefix] {
-            const std::string text = store_.Get(setting);
-            return text.starts_with(prefix) ? text.substr(prefix.size()) : "";
-        };
-        return {.text = [caption, value] { return caption + (": " + FileNameOf(value())); },
-                .use =
-                    [this, caption, &setting, prefix, value] {
-                        if (const auto file = AskFile(caption, value()))
-                            store_.Set(setting, prefix + *file);
-                    },
+    Row Choice(const Setting<std::string>& setting, std::vector<Option> options) {
+        Row row = ChoiceRow(store_, setting, [options = std::move(options)] { return options; });
+        row.usable = WithModule(Internal);
+        return row;
+    }
+    Row FileRow(const Setting<std::string>& setting, std::function<std::string()> text,
+                std::function<void()> use) {
+        return {.text = std::move(text),
+                .use = std::move(use),
                 .name = setting.name,
                 .changes = {&setting}};
     }
-    /// A path that was typed; nothing when that was left, or no file is there.
-    std::optional<std::string> AskFile(const std::string& caption, const std::string& now) {
-        const auto typed = n_.base.dialogs.InputBox(caption + ", with its folder:", {}, now);
-        if (!typed || *typed == now) return std::nullopt;
-        if (FileExists(*typed)) return typed;
-        n_.base.dialogs.ShowMessage("There is no file " + *typed);
-        return std::nullopt;
+    Row MapRow() {
+        return FileRow(
+            setting::GPSMap, [this] { return "Map: " + FileNameOf(store_.Get(setting::GPSMap)); },
+            [this] { ChooseMap(); });
     }
+    Row DriveRow() {
+        return FileRow(
+            setting::GPSReceiver, [this] { return "Recorded drive: " + FileNameOf(Drive()); },
+            [this] { ChooseDrive(); });
+    }
+    /// "" when the sentences come from elsewhere.
+    std::string Drive() const {
+        const std::string now = store_.Get(setting::GPSReceiver);
+        return now.starts_with(DrivePrefix) ? now.substr(DrivePrefix.size()) : "";
+    }
+    void ChooseMap() {
+        const std::string now = store_.Get(setting::GPSMap);
+        const std::string file =
+            n_.base.dialogs.ChooseFile({.caption = "Map of the navigation engine",
+                                        .start = now.empty() ? store_.StateDir() : FolderOf(now),
+                                        .accepts = EndsIn("bin")});
+        if (file.empty()) return;
+        if (IsMapFile(file))
+            store_.Set(setting::GPSMap, file);
+        else
+            n_.base.dialogs.ShowMessage(ToUtf8(FileNameOf(file)) +
+                                        " is no map of the navigation engine");
+    }
+    void ChooseDrive() {
+        const std::string file =
+            n_.base.dialogs.ChooseFile({.caption = "Recorded drive (NMEA sentences)",
+                                        .start = FolderOf(Drive()),
+                                        .accepts = EndsIn("nmea nma gps log txt")});
+        if (!file.empty()) store_.Set(setting::GPSReceiver, std::string(DrivePrefix) + file);
+    }
+    // What the machine offers stands beside the files; its arguments become the parameters.
     void BrowseProgram() {
-        if (const auto file = AskFile("Navigation program", store_.values.EXTGPSexeName))
-            store_.Set(setting::EXTGPSexeName, *file);
+        FileChoice choice{.caption = "Navigation program",
+                          .start = FolderOf(store_.values.EXTGPSexeName),
+                          .accepts = IsProgramFile,
+                          .offersCaption = "Programs of this machine",
+                          .offers = {}};
+        for (const InstalledProgram& program : n_.installed())
+            choice.offers.push_back(
+                {program.name, CommandLine{program.program, program.arguments}.Text()});
+        const std::string chosen = n_.base.dialogs.ChooseFile(choice);
+        if (chosen.empty()) return;
+        const CommandLine line = CommandLine::Parse(chosen);
+        store_.Set(setting::EXTGPSexeName, line.program);
+        if (!line.arguments.empty()) params_ = CommandLine{"", line.arguments}.Text().substr(1);
     }
     void AskParams() {
         const auto typed = n_.base.dialogs.InputBox("Parameters of the program", {}, params_);
@@ -160,7 +209,7 @@ class GPSChoice {
 Page GPSPage(const GPSPageNeeds& needs) {
     const auto page = std::make_shared<GPSChoice>(needs);
     std::vector<Row> rows = page->ModuleRows();
-    for (const auto& more : {page->MapRows(), page->ProgramRows()})
+    for (const auto& more : {page->MapRows(), page->ReceiverRows(), page->ProgramRows()})
         rows.insert(rows.end(), more.begin(), more.end());
     return {.name = "settingsGPS",
             .tab = "GPS",

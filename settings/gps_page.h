@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/base.h"
+#include "platform/installed_programs.h"
 #include "platform/serial_list.h"
 #include "settings/pages/page.h"
 
@@ -16,7 +17,8 @@ struct GPSPageNeeds {
     Base& base;
     std::function<std::string()> engine; ///< its version, "" for none
     std::function<SerialList()> serialPorts;
-    std::vector<Row> mapRows = {}; ///< how a map is made
+    std::function<std::vector<InstalledProgram>()> installed; ///< offered beside the files
+    std::vector<Row> mapRows = {};                            ///< how a map is made
 };
 
 /// `settingsGPS`: what shows the map, how, and the program's parameters are written when the page

@@ -15,8 +15,9 @@ namespace vk {
 /// What a page shows of a map in the making, which goes on when the page is left.
 class MapRows {
   public:
-    /// `map` names the file that the engine reads.
-    MapRows(Base& base, MakeChildProcess child, std::function<std::string()> map);
+    /// `map` names the file that the engine reads; `made` hears of another one in its place.
+    MapRows(Base& base, MakeChildProcess child, std::function<std::string()> map,
+            std::function<void()> made);
     /// One that asks for an extract, or stops, and one that tells how far it is.
     std::vector<Row> Rows();
 
@@ -27,7 +28,7 @@ class MapRows {
     Base& base_;
     std::function<std::string()> map_;
     MapMaker maker_;
-    std::string ended_;
+    std::string ended_, extract_;
 };
 
 } // namespace vk

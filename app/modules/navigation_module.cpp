@@ -30,7 +30,11 @@ class NoMap : public MapPane {
 NavigationModule::NavigationModule(Host& host, LibraryModule& library, PlaybackModule& playback)
     : Module(host.modules), host_(host), library_(library), playback_(playback),
       isn_(host.skin, host.settings.AppDir(), host.log),
-      mapRows_(host.base, host.ports.machine.child, [this] { return Setup().map; }) {
+      mapRows_(
+          host.base, host.ports.machine.child, [this] { return Setup().map; },
+          [this] {
+              if (dest_) dest_->CreateDestWindow();
+          }) {
     playback_.loadGPS = [this] { Show(); };
     host.ports.navigation.engine.onLog = [this](const std::string& line) {
         host_.log.WriteDebugLog(line);
@@ -51,6 +55,11 @@ std::vector<Page> NavigationModule::Pages() {
     return {GPSPage({.base = host_.base,
                      .engine = [this] { return host_.ports.navigation.engine.Installed(); },
                      .serialPorts = host_.ports.tuners.serialList,
+                     .installed =
+                         [this] {
+                             const auto& list = host_.ports.machine.installed;
+                             return list ? list() : std::vector<InstalledProgram>();
+                         },
                      .mapRows = mapRows_.Rows()})};
 }
 
@@ -118,7 +127,8 @@ std::unique_ptr<UCDest> NavigationModule::MakeDest() {
                       .window = WindowNeeds(),
                       .setup = [this] { return Setup(); },
                       .threeD = [this] { return host_.settings.values.Use3Dmaps; },
-                      .night = [this] { return IsNight(); }});
+                      .night = [this] { return IsNight(); },
+                      .kept = KeptSettings(host_.settings)});
 }
 
 MapWindow::Needs NavigationModule::WindowNeeds() {

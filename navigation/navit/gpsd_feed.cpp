@@ -2,6 +2,7 @@
 
 #include <arpa/inet.h>
 #include <netinet/in.h>
+#include <netinet/tcp.h>
 #include <sys/socket.h>
 
 #include <array>
@@ -17,6 +18,19 @@ namespace {
 constexpr std::string_view Scheme = "gpsd://";
 constexpr std::string_view Wish = "?WATCH={\"enable\":true,\"nmea\":true};\n";
 constexpr std::size_t LongestLine = 16384;
+
+// A host that has gone says nothing: it is asked after 10 s of silence, and counts as gone 15 s
+// later.
+void KeepAlive(int socket) {
+    constexpr struct {
+        int level, option, value;
+    } Wishes[] = {{SOL_SOCKET, SO_KEEPALIVE, 1},
+                  {IPPROTO_TCP, TCP_KEEPIDLE, 10},
+                  {IPPROTO_TCP, TCP_KEEPINTVL, 5},
+                  {IPPROTO_TCP, TCP_KEEPCNT, 3}};
+    for (const auto& [level, option, value] : Wishes)
+        ::setsockopt(socket, level, option, &value, sizeof value);
+}
 
 void Drop(std::unique_ptr<QSocketNotifier>& notifier) {
     if (!notifier) return;
@@ -44,6 +58,7 @@ bool GpsdFeed::Open() {
     failure_ = "no address of numbers";
     if (::inet_pton(AF_INET, host_.c_str(), &address.sin_addr) != 1) return false;
     socket_ = FileDescriptor(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
+    KeepAlive(socket_.get());
     if (::connect(socket_.get(), reinterpret_cast<const sockaddr*>(&address), sizeof address) !=
             0 &&
         errno != EINPROGRESS) {

@@ -102,7 +102,7 @@ std::string NavitEngine::Installed() const {
 }
 
 void NavitEngine::Start(const EngineSetup& setup) {
-    if (wanted_ && setup == setup_) return;
+    if (wanted_ && setup == setup_ && StampOf(setup.map).SameAs(map_)) return;
     wanted_ = true;
     setup_ = setup;
     settings_[Map] = setup.map;
@@ -148,6 +148,7 @@ void NavitEngine::Launch() {
         return WaitFor(EngineState::NoMap, "There is no map at " + setup_.map, pauses_.map);
     if (state_ != EngineState::Restarting) Become(EngineState::Starting, "");
     receiver_.Clear();
+    map_ = StampOf(setup_.map);
     run_ = std::make_unique<NavitRun>(clock_, place_, times_);
     run_->onUp = [this] { CameUp(); };
     run_->onDown = [this](const std::string& why) { WentDown(why); };

@@ -5,6 +5,7 @@
 #include "navigation/navit/map_point.h"
 #include "navigation/navit/navit_run.h"
 #include "navigation/navit/receiver_pty.h"
+#include "platform/file_state.h"
 #include "platform/navigation_engine.h"
 
 #include <QObject>
@@ -79,6 +80,7 @@ class NavitEngine : public NavigationEngine {
     ReceiverPty receiver_;
     std::unique_ptr<Timer> launch_;
     EngineSetup setup_;
+    FileStamp map_; ///< of the map that is shown
     EngineSettings settings_{"32", "-1", "1", "1", "car", "metric", "day", "0", ""};
     EngineState state_ = EngineState::Stopped;
     std::string complaint_;

@@ -3,6 +3,7 @@
 #include "navigation/engine/sentence_source.h"
 #include "navigation/engine/serial_feed.h"
 #include "navigation/navit/gpsd_feed.h"
+#include "navigation/nmea.h"
 #include "platform/linux/descriptor.h"
 #include "tests/platform/polled.h"
 #include "tests/support/fake_clock.h"
@@ -112,6 +113,28 @@ TEST_F(SentencesTest, ALogIsPlayedAsItWasDriven) {
     EXPECT_EQ(Within(20), second);
     EXPECT_EQ(Within(1000), third) << "a gap of hours is a second";
     EXPECT_EQ(Within(1000), first) << "from the beginning again";
+}
+
+TEST_F(SentencesTest, AnHourOfTenSentencesASecondNeitherLagsNorGrows) {
+    std::string hour;
+    for (int at = 0; at < 36000; ++at) {
+        std::array<char, 64> line{};
+        std::snprintf(line.data(), line.size(), "$GPRMC,10%02d%02d.%d0,A,,,,,1,%d,,\r\n", at / 600,
+                      at / 10 % 60, at % 10, at);
+        hour += line.data();
+    }
+    int raised = 0;
+    SentenceAssembler assembler([&](DestEvent event, const std::string& text) {
+        if (event == DestEvent::GPSTrackUpdate && text == std::to_string(raised)) ++raised;
+    });
+    source.onBytes = [&](std::string_view bytes) { assembler.Feed(bytes); };
+    Play(hour);
+    for (int second = 1; second < 3600; ++second) {
+        clock.Advance(1000);
+        ASSERT_NEAR(raised, 10 * second, 1);
+        ASSERT_EQ(clock.Running(), 2) << "the next sentence and the silence";
+    }
+    EXPECT_EQ(silences, 0);
 }
 
 TEST_F(SentencesTest, ALogOfNoSentencesIsNoHarm) {

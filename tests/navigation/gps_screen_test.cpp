@@ -1,61 +1,29 @@
 // The map's screen on an engine and a display that only are what a test says.
 #include "core/text.h"
-#include "navigation/screen/frm_gps.h"
 #include "tests/paths.h"
-#include "tests/sim/fake_navigation_engine.h"
-#include "tests/sim/fake_windows.h"
 #include "tests/support/action_table.h"
-#include "tests/support/core_test.h"
-#include "tests/support/recording_screen.h"
-#include "tests/support/sound_card.h"
+#include "tests/support/map_screen.h"
 #include "tests/support/widgets.h"
 
 #include <QApplication>
 #include <QWheelEvent>
 
-#include <filesystem>
-#include <optional>
-
 namespace vk::test {
 
-constexpr WindowHandle Map = 77; // what the engine's first window is
 constexpr const char* Sentence = "$GPRMC,1,A,,N,,E,12.7,90,\r\n";
 
-class GPSScreenTest : public CoreTest {
+class GPSScreenTest : public testing::Test, protected MapScreen {
   protected:
-    GPSScreenTest() {
-        settings.values.GPSModule = 1;
-        settings.values.ListSpacing = "3";
+    GPSScreenTest() : MapScreen(VK_RENDERED_SKINS) {
         screens.Add("velkorandum", menu);
         menu.onCall = [this](const std::string& call) {
             if (call == "ReShow") screens.CurrentForm = HomeScreen;
         };
         screens.Add("playmp3", player);
         screens.Add("playlists", browser);
-        std::filesystem::create_directory_symlink(VK_RENDERED_SKINS, app.File("skins"));
-        state.CurrentSkinFile = "Torque.skn";
-        skin.LoadSkin();
-        windows.list.push_back({.handle = Map});
         engine.address = GeoAddress{"12", "High Street", "Town", "State", "1|2"};
         Make({800, 480});
     }
-    /// The screen in that size, entered from the menu.
-    void Make(QSize size) {
-        gps.reset();
-        state.ScreenWidth = size.width();
-        state.ScreenHeight = size.height();
-        host.resize(size);
-        screens.CurrentForm = HomeScreen;
-        gps = std::make_unique<frmGPS>(
-            context,
-            GPSScreen::Needs{base, dest, &dest, player, sound.loudness, audio, place, keys, [] {}},
-            isn, &host);
-        screens.Add(GPSName, Logic(), *gps);
-        dest.CreateDestWindow();
-        host.show();
-        Logic().ReShow();
-    }
-    GPSScreen& Logic() { return gps->screen(); }
     template<class Control = QWidget> Control& Part(const char* name) {
         auto* part = gps->findChild<QWidget*>(QString::fromLatin1(name));
         EXPECT_NE(part, nullptr) << name;
@@ -89,26 +57,6 @@ class GPSScreenTest : public CoreTest {
     std::string LastAsked() { return engine.asked.empty() ? "" : engine.asked.back(); }
 
     RecordingScreen menu, browser;
-    RecordingPlayerScreen player;
-    SoundCard sound{*this};
-    AudioState audio;
-    BrowserState place;
-    KeyMap keys;
-    FakeNavigationEngine engine;
-    FakeForeignWindows windows;
-    Surfaces surfaces;
-    bool night = false;
-    UCDest dest{{engine,
-                 {&windows, surfaces, [] { return WindowHandle{5}; }},
-                 [] { return EngineSetup{.map = "town.bin"}; },
-                 [this] { return settings.values.Use3Dmaps; },
-                 [this] { return night; }}};
-    SkinStore skin{{state, settings, fonts, dialogs, report, [] { return 800; }}};
-    PictureCache pictures{skin};
-    ControlContext context{state, settings.values, skin, pictures, clock, pump, commands};
-    IsnFile isn{skin, app.Path(), log};
-    QWidget host;
-    std::unique_ptr<frmGPS> gps;
 };
 
 TEST_F(GPSScreenTest, TheReceiversSentencesReachTheLabelsAndItsSilenceIsTold) {
@@ -324,6 +272,16 @@ TEST_F(GPSScreenTest, AnEngineThatIsMissingHungOrBackIsTold) {
     EXPECT_EQ(said(), "The map is being started") << "its window went before it was taken";
 }
 
+TEST_F(GPSScreenTest, WhatTheEngineGoesByIsThereAgainAtTheNextStart) {
+    engine.settings = {"64", "0", "1", "1", "car_shortest", "imperial", "day", "0", "x.bin"};
+    Tap("ZOOMIN");
+    EXPECT_EQ(dest.GetDestSettings(), "32|0|1|0|car_shortest|imperial|day|0|x.bin");
+    engine.settings = {"1", "1", "1", "1", "car", "metric", "night", "30", "y.bin"};
+    dest.CreateDestWindow();
+    EXPECT_EQ(dest.GetDestSettings(), "32|0|1|0|car_shortest|imperial|night|30|y.bin");
+    EXPECT_EQ(settings.Read("GPS", "zoom"), "32");
+}
+
 TEST_F(GPSScreenTest, TheWheelMovesTheListZoomsOrTurnsTheVolume) {
     app.Write("gps.lst", "a|b|c|d|e\nf|g|h|i|j\n");
     engine.settings[0] = "256";
@@ -344,13 +302,15 @@ TEST_F(GPSScreenTest, TheWheelMovesTheListZoomsOrTurnsTheVolume) {
 }
 
 TEST_F(GPSScreenTest, ItFitsEveryPanelAndEveryAreaAFinger) {
-    for (const QSize size : PanelSizes)
-        for (const bool plays : {false, true}) {
-            audio.PlayMode = plays ? PlayAudio : PlayNone;
-            Make(size);
+    for (const bool plays : {false, true}) {
+        audio.PlayMode = plays ? PlayAudio : PlayNone;
+        Seconds(1);
+        for (const QSize size : PanelSizes) {
+            Resize(size);
             ExpectChildrenInside(*gps);
-            EXPECT_EQ(windows.Find(Map)->area.height > size.height() / 2, true);
+            EXPECT_GT(windows.Find(Map)->area.height, size.height() / 2);
         }
+    }
 }
 
 TEST_F(GPSScreenTest, EverySkinThatShipsHasItsEightPictures) {

@@ -6,12 +6,14 @@ namespace vk::test {
 
 struct GPSPageTest : CoreTest {
     std::string version;
+    std::vector<InstalledProgram> installed;
     Page page = GPSPage({base, [this] { return version; },
                          [] {
                              SerialList ports;
                              ports[2] = {"Stick", "/dev/ttyUSB0"};
                              return ports;
-                         }});
+                         },
+                         [this] { return installed; }});
     GPSPageTest() {
         settings.LoadSettings();
         page.enter();
@@ -53,14 +55,47 @@ TEST_F(GPSPageTest, TheRestActsAtOnce) {
             if (row.name == std::string("GPSReceiver") && row.ends.size() == 2) row.ends[1].use();
         EXPECT_EQ(settings.Read("GPS", "receiver"), receiver);
     }
-    const std::string program = app.Write("Streets.exe", "");
-    dialogs.inputs = {"/nowhere", program};
-    for (int i = 0; i < 2; ++i)
-        Find("cmdBrowseGPSExe").use();
-    EXPECT_EQ(settings.Read("GPS", "EXTGPSexeName"), program);
-    EXPECT_EQ(dialogs.shown[1], "There is no file /nowhere");
     Find("ckHideTitleBar").use();
     EXPECT_EQ(settings.Read("GPS", "hideGPSTitleBar"), "true");
+}
+
+TEST_F(GPSPageTest, FilesAreChosenFromThoseThatSuit) {
+    const std::string map = app.Write("maps/town.bin", "PK\3\4" + std::string(30, '-') + "PK\5\6" +
+                                                           std::string(18, '-')),
+                      junk = app.Write("maps/junk.bin", "junk"),
+                      drive = app.Write("tours/a drive.NMEA", ""),
+                      program = app.Write("my maps/Streets.exe", "");
+    installed = {{"Maps", program, {"-fast", "a b"}, ""}};
+    const struct {
+        const char *row, *start, *shown, *key;
+        std::string chosen, written;
+    } cases[] = {
+        {"GPSMap", ".", "x.bin", "map", junk, ""},
+        {"GPSMap", ".", "x.BIN", "map", map, map},
+        {"GPSMap", "maps", "x.bin", "map", "", map},
+        {"GPSReceiver", "", "x.nmea", "receiver", drive, "log:" + drive},
+        {"GPSReceiver", "tours", "x.LOG", "receiver", "", "log:" + drive},
+        {"cmdBrowseGPSExe", "", "/bin/sh", "EXTGPSexeName", program, program},
+        {"cmdBrowseGPSExe", "my maps", "/bin/sh", "EXTGPSexeName", program + " -fast \"a b\"",
+         program},
+    };
+    for (const auto& each : cases) {
+        dialogs.folders = {each.chosen};
+        for (Row& row : page.rows)
+            if (row.name && row.name == std::string(each.row) && row.use) row.use();
+        EXPECT_EQ(settings.Read("GPS", each.key), each.written) << each.chosen;
+        const std::string start = each.start == std::string(".") ? app.Path()
+                                  : *each.start                  ? app.File(each.start)
+                                                                 : "";
+        EXPECT_EQ(dialogs.lastChoice.start, start) << each.row;
+        EXPECT_TRUE(dialogs.lastChoice.accepts(each.shown)) << each.shown;
+        EXPECT_FALSE(dialogs.lastChoice.accepts("picture.jpg")) << each.row;
+    }
+    EXPECT_EQ(dialogs.shown,
+              std::vector<std::string>{"junk.bin is no map of the navigation engine"});
+    EXPECT_EQ(dialogs.lastChoice.offers.at(0).value, program + " -fast \"a b\"");
+    page.leave();
+    EXPECT_EQ(settings.Read("GPS", "ExtGPSexeParams"), "-fast \"a b\"");
 }
 
 } // namespace vk::test
