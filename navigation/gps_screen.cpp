@@ -145,8 +145,10 @@ void GPSScreen::PlaceMap() {
     n_.map.Window().Place(view_.MapArea());
 }
 
+// What the keyboard asks stands where messages do.
 void GPSScreen::CoverMap(bool covered) {
     keyboard_ = covered;
+    if (covered) messages_.Clear();
     RefreshMap();
 }
 

@@ -4,10 +4,11 @@
 
 namespace vk {
 
-void MapWindow::Take(WindowHandle window) {
+void MapWindow::Take(WindowHandle window, bool shielded) {
     if (window == window_) return;
     const bool taken = window != 0 && n_.windows && n_.windows->Adopt(window, n_.host(), area_);
     window_ = taken ? window : 0;
+    if (taken && shielded) n_.windows->Shield(window);
     Update();
 }
 

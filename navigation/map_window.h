@@ -24,8 +24,8 @@ class MapWindow {
     MapWindow& operator=(const MapWindow&) = delete;
 
     /// Takes a window in; 0, and one that has gone, is none. The one before is its program's to
-    /// close.
-    void Take(WindowHandle window);
+    /// close. `shielded`: it is only looked at, keys and touches are ours.
+    void Take(WindowHandle window, bool shielded = false);
     /// Gives it back to the desktop.
     void Return();
     /// Pixels of our window.

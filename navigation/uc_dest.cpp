@@ -70,7 +70,7 @@ void UCDest::FollowDaylight() {
 }
 
 void UCDest::SetDestParent(WindowHandle window) {
-    window_.Take(window);
+    window_.Take(window, true); // it has menus of its own, which lead nowhere
 }
 
 // The window of an engine that has been started anew is another one.

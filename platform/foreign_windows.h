@@ -39,6 +39,8 @@ class ForeignWindows {
     /// when one of both is not there.
     virtual bool Adopt(WindowHandle window, WindowHandle host, const WindowArea& area) = 0;
     virtual void Return(WindowHandle window) = 0;
+    /// Keys and touches of an adopted window come to its host from now on.
+    virtual void Shield(WindowHandle window) = 0;
     virtual void Place(WindowHandle window, const WindowArea& area) = 0;
     virtual void Show(WindowHandle window, bool shown) = 0;
     /// In front of its siblings; a minimised one is shown again.

@@ -16,7 +16,7 @@ namespace {
 
 constexpr int AnswerMs = 5000;
 constexpr const char* ThreeDPitch = "30"; // degrees
-constexpr int RouteShownFor = 12;         // positions; then the map follows the vehicle again
+constexpr int RouteShownFor = 12;         // positions, one a second; then the map follows again
 
 /// Of `EngineSettings`.
 enum Place : std::size_t {
@@ -65,7 +65,8 @@ bool NeedsRestart(std::size_t place) {
 NavitEngine::NavitEngine(Clock& clock, MakeSentenceFeed feeds, NavitPlace place, NavitTimes times,
                          NavitPauses pauses)
     : clock_(clock), place_(std::move(place)), times_(times), pauses_(pauses),
-      source_(clock, std::move(feeds)), launch_(clock.MakeTimer([this] { Launch(); })) {
+      source_(clock, std::move(feeds)), launch_(clock.MakeTimer([this] { Launch(); })),
+      routeShown_(clock.MakeTimer([this] { LeaveRoute(); })) {
     source_.onBytes = [this](std::string_view bytes) {
         receiver_.Write(bytes);
         if (onData) onData(bytes);
@@ -151,6 +152,9 @@ void NavitEngine::Launch() {
     map_ = StampOf(setup_.map);
     run_ = std::make_unique<NavitRun>(clock_, place_, times_);
     run_->onUp = [this] { CameUp(); };
+    run_->onZoom = [this](const std::string& zoom) {
+        if (Usable(Zoom, zoom)) settings_[Zoom] = zoom;
+    };
     run_->onDown = [this](const std::string& why) { WentDown(why); };
     run_->Start(Config());
 }
@@ -168,6 +172,7 @@ NavitConfig NavitEngine::Config() const {
 }
 
 void NavitEngine::CameUp() {
+    if (routeShown_->Enabled()) LeaveRoute();
     upSince_ = clock_.TickMs();
     Apply(Pitch); // it begins with any
     if (settings_[Follow] == "0") Apply(Follow);
@@ -315,9 +320,20 @@ void NavitEngine::CancelRoute() {
 
 bool NavitEngine::ShowCurrentRoute() {
     if (!Up() || !run_->HasRoute()) return false;
+    if (!routeShown_->Enabled()) zoomBefore_ = settings_[Zoom];
+    run_->Bus().SetNumber("pitch", 0); // seen from above all of it is seen
     run_->Bus().ZoomToRoute();
     run_->Bus().SetNumber("follow", RouteShownFor);
+    routeShown_->Start(RouteShownFor * 1000);
     return true;
+}
+
+// As it was, but for what was chosen meanwhile.
+void NavitEngine::LeaveRoute() {
+    routeShown_->Stop();
+    if (!zoomBefore_.empty()) settings_[Zoom] = std::exchange(zoomBefore_, {});
+    Apply(Zoom);
+    Apply(Pitch);
 }
 
 void NavitEngine::SetSettings(const EngineSettings& settings) {
@@ -325,6 +341,7 @@ void NavitEngine::SetSettings(const EngineSettings& settings) {
     for (std::size_t at = 0; at < settings.size(); ++at) {
         if (settings[at].empty() || settings[at] == settings_[at] || !Usable(at, settings[at]))
             continue;
+        if (at == Zoom) zoomBefore_.clear();
         settings_[at] = settings[at];
         restart = restart || NeedsRestart(at);
         Apply(at);

@@ -62,6 +62,7 @@ class NavitEngine : public NavigationEngine {
     void CameUp();
     void WentDown(const std::string& why);
     void Apply(std::size_t setting);
+    void LeaveRoute();
     void Log(const std::string& text) const;
     template<class T> std::function<void(T)> Once(std::function<void(T)> done, T withoutAnswer);
     Chain RouteChain(Address to, std::function<void(RouteStatus)> done);
@@ -78,7 +79,8 @@ class NavitEngine : public NavigationEngine {
     QObject context_; // what is told later is told as long as this is there
     SentenceSource source_;
     ReceiverPty receiver_;
-    std::unique_ptr<Timer> launch_;
+    std::unique_ptr<Timer> launch_, routeShown_;
+    std::string zoomBefore_; ///< the scale from which all of the route was shown
     EngineSetup setup_;
     FileStamp map_; ///< of the map that is shown
     EngineSettings settings_{"32", "-1", "1", "1", "car", "metric", "day", "0", ""};

@@ -56,6 +56,7 @@ NavitRun::NavitRun(Clock& clock, NavitPlace place, NavitTimes times)
 
 NavitRun::~NavitRun() {
     onDown = {};
+    onZoom = {};
     down_ = true;
     up_ = false;
     bus_.reset();
@@ -126,6 +127,9 @@ void NavitRun::Ping() {
         if (!status) return;
         unanswered_ = 0;
         hasRoute_ = IsRoute(*status);
+    });
+    bus_->Evaluate("zoom", [this](const std::optional<std::string>& zoom) {
+        if (zoom && onZoom) onZoom(*zoom);
     });
 }
 

@@ -51,6 +51,8 @@ class NavitRun {
     Addresses& Streets() { return *addresses_; }
 
     std::function<void()> onUp;
+    /// The scale, which the engine changes by itself; now and then.
+    std::function<void(const std::string& zoom)> onZoom;
     /// It has ended, hung or never come; what was left of it has been killed.
     std::function<void(const std::string& why)> onDown;
 

@@ -62,14 +62,13 @@ frmGPS::frmGPS(const ControlContext& context, const GPSScreen::Needs& needs, Isn
         labels_[name.label]->setObjectName(name.control);
     }
     frmBrowseDest_.setObjectName("frmBrowseDest");
-    frmBrowseDest_.setAttribute(Qt::WA_NoMousePropagation); // the map is no way out
     UCListBox_.setObjectName("picGPSList");
     UCListBox_.hide();
     UCListBox_.onItemClick = [this](int) { screen_.runok(); };
     lblMessage_.setObjectName("lblMessage");
     lblMessage_.hide();
     KBFrame_.setObjectName("KBFrame");
-    KBFrame_.onSlide = [this](bool open) { KeyboardSlides(open); };
+    KBFrame_.onSlide = [this](bool open) { screen_.CoverMap(open); };
     focus_.offered = [this] { return KBFrame_.isHidden() && !UCListBox_.isVisible(); };
     DoLayout();
 }
@@ -232,8 +231,9 @@ void frmGPS::wheelEvent(QWheelEvent* event) {
     wheel_.Turn(*event, [this](int tick) { context_.commands.Run([&] { screen_.Wheel(tick); }); });
 }
 
-void frmGPS::mousePressEvent(QMouseEvent*) {
-    pressed_ = true;
+void frmGPS::mousePressEvent(QMouseEvent* event) {
+    const QPoint at = event->position().toPoint();
+    pressed_ = !frmBrowseDest_.geometry().contains(at); // the map is no way out
 }
 
 // Whoever touches the frame leaves the screen.
@@ -268,11 +268,6 @@ void frmGPS::ShowComplaint(const std::string& text) {
 void frmGPS::ShowList(bool shown) {
     UCListBox_.setVisible(shown);
     if (shown) UCListBox_.LoadList();
-}
-
-void frmGPS::KeyboardSlides(bool open) {
-    screen_.CoverMap(open);
-    if (open) lblMessage_.raise();
 }
 
 // The picture of the state is another one, and the map has another place.

@@ -58,7 +58,6 @@ class frmGPS : public QWidget, private GPSView {
     void PlaceBar();
     void PlaceMap();
     void ShowLabels();
-    void KeyboardSlides(bool open);
     void DressAreas();
     QPixmap Picture(bool pressed) const;
     IsnState State() const;

@@ -83,9 +83,15 @@ bool Win32Windows::Adopt(WindowHandle window, WindowHandle host, const WindowAre
     return true;
 }
 
+// What cannot be used lets its parent have the input.
+void Win32Windows::Shield(WindowHandle window) {
+    if (adopted_.contains(window)) ::EnableWindow(Id(window), FALSE);
+}
+
 void Win32Windows::Return(WindowHandle window) {
     const auto before = adopted_.find(window);
     if (before == adopted_.end()) return;
+    ::EnableWindow(Id(window), TRUE);
     ::SetParent(Id(window), Id(before->second.parent));
     SetStyle(Id(window), static_cast<LONG_PTR>(before->second.style));
     adopted_.erase(before);

@@ -15,6 +15,7 @@ class Win32Windows : public ForeignWindows {
     bool Exists(WindowHandle window) const override;
     bool Adopt(WindowHandle window, WindowHandle host, const WindowArea& area) override;
     void Return(WindowHandle window) override;
+    void Shield(WindowHandle window) override;
     void Place(WindowHandle window, const WindowArea& area) override;
     void Show(WindowHandle window, bool shown) override;
     void Raise(WindowHandle window) override;

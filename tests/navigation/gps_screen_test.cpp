@@ -273,13 +273,13 @@ TEST_F(GPSScreenTest, AnEngineThatIsMissingHungOrBackIsTold) {
 }
 
 TEST_F(GPSScreenTest, WhatTheEngineGoesByIsThereAgainAtTheNextStart) {
-    engine.settings = {"64", "0", "1", "1", "car_shortest", "imperial", "day", "0", "x.bin"};
+    engine.settings = {"32", "0", "1", "1", "car_shortest", "imperial", "day", "0", "x.bin"};
     Tap("ZOOMIN");
-    EXPECT_EQ(dest.GetDestSettings(), "32|0|1|0|car_shortest|imperial|day|0|x.bin");
+    EXPECT_EQ(dest.GetDestSettings(), "16|0|1|0|car_shortest|imperial|day|0|x.bin");
     engine.settings = {"1", "1", "1", "1", "car", "metric", "night", "30", "y.bin"};
     dest.CreateDestWindow();
-    EXPECT_EQ(dest.GetDestSettings(), "32|0|1|0|car_shortest|imperial|night|30|y.bin");
-    EXPECT_EQ(settings.Read("GPS", "zoom"), "32");
+    EXPECT_EQ(dest.GetDestSettings(), "16|0|1|0|car_shortest|imperial|night|30|y.bin");
+    EXPECT_EQ(settings.Read("GPS", "zoom"), "16");
 }
 
 TEST_F(GPSScreenTest, TheWheelMovesTheListZoomsOrTurnsTheVolume) {

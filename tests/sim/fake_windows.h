@@ -53,6 +53,7 @@ class FakeForeignWindows : public ForeignWindows {
         return true;
     }
     void Return(WindowHandle window) override { std::erase(adopted, window); }
+    void Shield(WindowHandle window) override { Tell("shield", window); }
     void Place(WindowHandle window, const WindowArea& area) override {
         Tell("place", window);
         if (ForeignWindow* found = Find(window); found && !stubborn) found->area = area;

@@ -147,6 +147,14 @@ void X11Windows::Put(xcb_window_t window) const {
                         static_cast<std::int16_t>(wish.area.y));
     Configure(x_, window, wish.area);
     xcb_map_window(x_.connection(), window);
+    shields_.Raise(window);
+    xcb_flush(x_.connection());
+}
+
+void X11Windows::Shield(WindowHandle window) {
+    const auto adopted = adopted_.find(Id(window));
+    if (adopted == adopted_.end()) return;
+    shields_.Put(adopted->first, adopted->second.host, adopted->second.area);
     xcb_flush(x_.connection());
 }
 
@@ -161,6 +169,7 @@ void X11Windows::SeeTo(xcb_window_t window, bool asWished) {
 void X11Windows::Return(WindowHandle window) {
     const xcb_window_t id = Id(window);
     if (adopted_.erase(id) == 0) return;
+    shields_.Drop(id);
     xcb_connection_t* const c = x_.connection();
     const WindowArea area = AreaOf(x_, id);
     const std::uint32_t none = XCB_EVENT_MASK_NO_EVENT;
@@ -180,12 +189,14 @@ void X11Windows::Place(WindowHandle window, const WindowArea& area) {
         adopted->second.corrections = MostCorrections;
     }
     Configure(x_, Id(window), area);
+    shields_.Place(Id(window), area);
     xcb_flush(x_.connection());
 }
 
 void X11Windows::Show(WindowHandle window, bool shown) {
     shown ? xcb_map_window(x_.connection(), Id(window))
           : xcb_unmap_window(x_.connection(), Id(window));
+    shields_.Show(Id(window), shown);
     xcb_flush(x_.connection());
 }
 
@@ -193,6 +204,7 @@ void X11Windows::Raise(WindowHandle window) {
     if (IsMinimized(Id(window))) Restore(Id(window));
     const std::uint32_t above = XCB_STACK_MODE_ABOVE;
     xcb_configure_window(x_.connection(), Id(window), XCB_CONFIG_WINDOW_STACK_MODE, &above);
+    shields_.Raise(Id(window));
     xcb_flush(x_.connection());
 }
 
@@ -335,6 +347,7 @@ bool X11Windows::Handle(const xcb_generic_event_t& event) {
     case XCB_DESTROY_NOTIFY: {
         const auto& end = reinterpret_cast<const xcb_destroy_notify_event_t&>(event);
         if (adopted_.erase(end.window) == 0) return false;
+        shields_.Drop(end.window);
         if (onGone) onGone(end.window);
         return true;
     }

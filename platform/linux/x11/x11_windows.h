@@ -4,6 +4,7 @@
 #include "platform/foreign_windows.h"
 #include "platform/linux/x11/x11_held_keys.h"
 #include "platform/linux/x11/x11_properties.h"
+#include "platform/linux/x11/x11_shields.h"
 
 #include <map>
 
@@ -19,6 +20,7 @@ class X11Windows : public ForeignWindows {
     bool Exists(WindowHandle window) const override;
     bool Adopt(WindowHandle window, WindowHandle host, const WindowArea& area) override;
     void Return(WindowHandle window) override;
+    void Shield(WindowHandle window) override;
     void Place(WindowHandle window, const WindowArea& area) override;
     void Show(WindowHandle window, bool shown) override;
     void Raise(WindowHandle window) override;
@@ -51,6 +53,7 @@ class X11Windows : public ForeignWindows {
 
     X11Properties x_;
     X11HeldKeys keys_;
+    X11Shields shields_{x_};
     struct Adopted {
         xcb_window_t host;
         WindowArea area;
