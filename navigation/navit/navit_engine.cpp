@@ -15,6 +15,9 @@ namespace vk {
 namespace {
 
 constexpr int AnswerMs = 5000;
+// The engine reckons the pitch by the size that its window has when it is told: it is told when the
+// window has its place, and again and again. What is no news costs it nothing.
+constexpr int LaidOutMs = 300;
 constexpr const char* ThreeDPitch = "30"; // degrees
 constexpr int RouteShownFor = 12;         // positions, one a second; then the map follows again
 
@@ -66,7 +69,7 @@ NavitEngine::NavitEngine(Clock& clock, MakeSentenceFeed feeds, NavitPlace place,
                          NavitPauses pauses)
     : clock_(clock), place_(std::move(place)), times_(times), pauses_(pauses),
       source_(clock, std::move(feeds)), launch_(clock.MakeTimer([this] { Launch(); })),
-      routeShown_(clock.MakeTimer([this] { LeaveRoute(); })) {
+      routeShown_(clock.MakeTimer([this] { FollowAgain(); })) {
     source_.onBytes = [this](std::string_view bytes) {
         receiver_.Write(bytes);
         if (onData) onData(bytes);
@@ -154,6 +157,7 @@ void NavitEngine::Launch() {
     run_->onUp = [this] { CameUp(); };
     run_->onZoom = [this](const std::string& zoom) {
         if (Usable(Zoom, zoom)) settings_[Zoom] = zoom;
+        if (!routeShown_->Enabled()) Apply(Pitch);
     };
     run_->onDown = [this](const std::string& why) { WentDown(why); };
     run_->Start(Config());
@@ -172,9 +176,8 @@ NavitConfig NavitEngine::Config() const {
 }
 
 void NavitEngine::CameUp() {
-    if (routeShown_->Enabled()) LeaveRoute();
+    routeShown_->Start(LaidOutMs);
     upSince_ = clock_.TickMs();
-    Apply(Pitch); // it begins with any
     if (settings_[Follow] == "0") Apply(Follow);
     if (destination_)
         run_->Bus().SetDestination(destination_->point, destination_->name, [](bool) {});
@@ -329,7 +332,7 @@ bool NavitEngine::ShowCurrentRoute() {
 }
 
 // As it was, but for what was chosen meanwhile.
-void NavitEngine::LeaveRoute() {
+void NavitEngine::FollowAgain() {
     routeShown_->Stop();
     if (!zoomBefore_.empty()) settings_[Zoom] = std::exchange(zoomBefore_, {});
     Apply(Zoom);

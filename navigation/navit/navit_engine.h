@@ -62,7 +62,7 @@ class NavitEngine : public NavigationEngine {
     void CameUp();
     void WentDown(const std::string& why);
     void Apply(std::size_t setting);
-    void LeaveRoute();
+    void FollowAgain();
     void Log(const std::string& text) const;
     template<class T> std::function<void(T)> Once(std::function<void(T)> done, T withoutAnswer);
     Chain RouteChain(Address to, std::function<void(RouteStatus)> done);

@@ -40,7 +40,7 @@ class _Map(_Playing):
             self.set_setting("main", key, time)
         (self.app / "kb.ini").write_text("[keyboard]\nup=38\ndown=40\nback=37\nforward=39\nok=13\nquit=27\nkbSWMP=80\n"
                                          "gps=71\n")
-        (self.app / "gps.lst").write_text("Farm|Oberau|Dorfstraße|4|\n")
+        (self.app / "gps.lst").write_text("Farm|Steinach|Am Anger|7|\n")
         lines = (line.split(",") for line in (self.app / "skins/Torque/GPSMain.isn").read_text().splitlines())
         self.areas = {line[5]: (int(line[1]) + int(line[3]) // 2, int(line[2]) + int(line[4]) // 2)
                       for line in lines if line[0] == "B"}
@@ -136,12 +136,12 @@ class KeysMap(_Map):
         self.press_button("Left")
         self.wait_for_keyboard()
         self.marked = 0, 0
-        self.step("key", *"oberau")
+        self.step("key", *"steinach")
         self.picture("map-city")
         self.type_by_arrows("\n")
-        self.step("key", *"dorfstrasse")
+        self.step("key", "a", "m", "space", *"anger")
         self.picture("map-street")
-        self.type_by_arrows("\n4")
+        self.type_by_arrows("\n7")
         self.picture("map-number")
         self.type_by_arrows("\n")
         self.wait_for_way()
@@ -181,7 +181,7 @@ class TouchMap(_Map):
         self.picture("map")
         self.touch("SEARCH")
         self.wait_for_keyboard()
-        self.type_by_touch("OBERAU\n\n")
+        self.type_by_touch("STEINACH\n\n")
         self.picture("map-touch-number")
         self.type_by_touch("\n")
         self.wait_for_way()
