@@ -28,6 +28,8 @@ const std::vector<const SettingRow*> Bookkeeping = {
     &setting::currentfreq, &setting::port, &setting::portname, &setting::CurrentChannel,
     &setting::XMBrowseHistory, &setting::PresetList, &setting::ListTitle, &setting::learn,
     &setting::PWR,
+    // how the map was left; its speech is off, which alone has units
+    &setting::GPSZoom, &setting::GPSFollow, &setting::GPSUnits,
     // kept for older files, nothing asks for them
     &setting::debugCheckAged, &setting::creative, &setting::appname};
 
