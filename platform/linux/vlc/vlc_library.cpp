@@ -65,7 +65,7 @@ std::shared_ptr<libvlc_instance_t> VlcLibrary::Get() {
 
 void VlcLibrary::Release() {
     const std::lock_guard lock(mutex_);
-    if (!instance_) return;
+    if (!instance_ || instance_.use_count() > 1) return;
     KeepPlugins();
     instance_.reset();
     ::malloc_trim(0);

@@ -13,7 +13,7 @@ class VlcLibrary {
   public:
     /// The instance, made when there is none; null where libVLC refuses.
     std::shared_ptr<libvlc_instance_t> Get();
-    /// Lets it go: it ends with the film that uses it last.
+    /// Ends it, and gives what it took back to the system; not while a film uses it.
     void Release();
 
   private:
