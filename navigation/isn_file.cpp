@@ -11,11 +11,11 @@ std::string IsnFile::Common(const std::string& file) const {
 }
 
 std::string IsnFile::Find() const {
-    const std::string own = skin_.PicturePath("GPSMain.isn");
+    std::string own = skin_.PicturePath("GPSMain.isn");
     if (FileExists(own)) return own;
     log_.WriteDebugLog("Current skin does not contain GPS information. Using Default GPS skin");
     log_.WriteDebugLog(R"(Searching for APP.PATH\COMMON\GPSPICS\DEFAULT.isn)");
-    const std::string common = Common("DEFAULT.isn");
+    std::string common = Common("DEFAULT.isn");
     if (FileExists(common)) return common;
     log_.WriteDebugLog("Could not use default GPS skin.. Default GPS skin missing");
     return "";

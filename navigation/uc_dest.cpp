@@ -80,7 +80,7 @@ void UCDest::EngineChanged() {
 }
 
 std::string UCDest::Complaint() const {
-    const std::string complaint = n_.engine.Complaint();
+    std::string complaint = n_.engine.Complaint();
     if (!complaint.empty()) return complaint;
     if (!window_.CanTake()) return "The map cannot be shown on this display";
     const bool there = n_.engine.State() == EngineState::Running && window_.Handle() != 0;
@@ -89,15 +89,15 @@ std::string UCDest::Complaint() const {
 
 void UCDest::ReverseGeoCode(std::function<void(const std::string&)> done) {
     using Place = std::optional<GeoPosition>;
-    const auto joined = [done](const std::optional<GeoAddress>& address) {
+    const auto joined = [done = std::move(done)](const std::optional<GeoAddress>& address) {
         std::vector<std::string> parts;
         for (const std::string& part : address.value_or(GeoAddress{}))
             parts.push_back(ReplaceAll(part, "|", " "));
         done(address ? Join(parts, "|") : "");
     };
     const auto answer = Guarded(std::function<void(std::optional<GeoAddress>)>(joined));
-    n_.engine.Position(Guarded(std::function<void(Place)>([this, done, answer](Place place) {
-        place ? n_.engine.ReverseGeocode(*place, answer) : done("");
+    n_.engine.Position(Guarded(std::function<void(Place)>([this, answer](Place place) {
+        place ? n_.engine.ReverseGeocode(*place, answer) : answer({});
     })));
 }
 

@@ -39,7 +39,7 @@ void MovieDisc::Close() {
 std::string MovieDisc::Name() const {
     if (!DVD1) return {};
     const std::string& directory = DVD1->directory();
-    const std::string label = ToUtf8(n_.base.volumes.Label(directory));
+    std::string label = ToUtf8(n_.base.volumes.Label(directory));
     if (!label.empty()) return label;
     const bool folder = EqualNoCase(FileNameOf(directory), "VIDEO_TS");
     return ToUtf8(FileNameOf(folder ? FolderOf(directory) : directory));

@@ -236,7 +236,7 @@ Answer<std::optional<GeoPosition>> NavitEngine::AskPosition() {
         [this](std::function<void(std::optional<GeoPosition>)> done) {
             if (!Up()) return done({});
             run_->Bus().Evaluate("vehicle.position_coord_geo",
-                                 [done](const std::optional<std::string>& text) {
+                                 [done = std::move(done)](const std::optional<std::string>& text) {
                                      done(ParsePosition(text.value_or("")));
                                  });
         });

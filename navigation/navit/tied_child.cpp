@@ -1,8 +1,9 @@
 #include "navigation/navit/tied_child.h"
 
-#include <signal.h>
 #include <sys/prctl.h>
 #include <unistd.h>
+
+#include <csignal>
 
 namespace vk {
 

@@ -72,7 +72,7 @@ class Image {
     }
     std::string Bytes(const Extent& extent) {
         file_.clear();
-        file_.seekg(static_cast<std::streamoff>(extent.sector) * DiscSector);
+        file_.seekg(static_cast<std::streamoff>(extent.sector) * std::streamoff{DiscSector});
         return ReadSome(file_, extent.length);
     }
     // A record does not cross a sector's end; what is left of one is zero.

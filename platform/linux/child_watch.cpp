@@ -1,11 +1,11 @@
 #include "platform/linux/child_watch.h"
 
-#include <signal.h>
 #include <sys/wait.h>
 
 #include <cerrno>
 #include <chrono>
 #include <condition_variable>
+#include <csignal>
 #include <mutex>
 #include <set>
 #include <thread>

@@ -11,12 +11,11 @@ std::string IconFiles::Find(const std::string& name) const {
     const std::string file = name.ends_with(".png") ? name : name + ".png";
     for (const std::string& folder : folders_) {
         for (const char* size : {"64x64", "96x96", "128x128", "48x48", "256x256", "32x32"})
-            if (const std::string path =
+            if (std::string path =
                     JoinPath(folder, std::string("icons/hicolor/") + size + "/apps/" + file);
                 FileExists(path))
                 return path;
-        if (const std::string path = JoinPath(folder, "pixmaps/" + file); FileExists(path))
-            return path;
+        if (std::string path = JoinPath(folder, "pixmaps/" + file); FileExists(path)) return path;
     }
     return {};
 }

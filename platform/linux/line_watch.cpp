@@ -1,10 +1,10 @@
 #include "platform/linux/line_watch.h"
 
 #include <pthread.h>
-#include <signal.h>
 #include <sys/ioctl.h>
 
 #include <chrono>
+#include <csignal>
 
 namespace vk {
 

@@ -1,10 +1,10 @@
 #include "platform/own_process.h"
 
-#include <time.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cstdlib>
+#include <ctime>
 #include <fstream>
 #include <sstream>
 #include <string>

@@ -4,8 +4,7 @@
 #include "platform/linux/player_connection.h"
 #include "platform/linux/spawn.h"
 
-#include <signal.h>
-
+#include <csignal>
 #include <utility>
 
 namespace vk {
@@ -58,7 +57,7 @@ class SocketPlayerWindow : public PlayerWindow {
     }
 
     PlayerState State() override {
-        if (FindWindow(PlayerWindowClass) != 0)
+        if (SocketPlayerWindow::FindWindow(PlayerWindowClass) != 0)
             return connection_.Owes() ? PlayerState::Silent : PlayerState::Answers;
         const bool starting = starting_ != 0 && programs_.Running(starting_);
         return starting ? PlayerState::Starting : PlayerState::Gone;

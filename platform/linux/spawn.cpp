@@ -1,10 +1,11 @@
 #include "platform/linux/spawn.h"
 
 #include <fcntl.h>
-#include <signal.h>
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
+
+#include <csignal>
 
 namespace vk {
 

@@ -1,9 +1,9 @@
 #include "platform/standard_streams.h"
 
-#include <signal.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <csignal>
 
 namespace vk {
 

@@ -34,7 +34,7 @@ bool IsOwnFolder(const std::string& path) {
 } // namespace
 
 std::string HomeFolder() {
-    const std::string named = Named("HOME");
+    std::string named = Named("HOME");
     if (!named.empty()) return named;
     const passwd* account = ::getpwuid(::getuid());
     return account && account->pw_dir ? account->pw_dir : "";

@@ -21,8 +21,8 @@ QtInputHooks::QtInputHooks(QWidget& host) : host_(host) {
 }
 
 QtInputHooks::~QtInputHooks() {
-    UnhookKeyboard();
-    UnhookMouse();
+    QtInputHooks::UnhookKeyboard();
+    QtInputHooks::UnhookMouse();
 }
 
 QWindow* QtInputHooks::Window() const {

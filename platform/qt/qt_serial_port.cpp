@@ -37,7 +37,7 @@ QtSerialPort::QtSerialPort(SerialOwners& owners) : owners_(owners) {
 
 QtSerialPort::~QtSerialPort() {
     port_.disconnect();
-    Close();
+    QtSerialPort::Close();
 }
 
 bool QtSerialPort::Open(const std::string& name, const std::string& settings,
@@ -63,7 +63,7 @@ bool QtSerialPort::Open(const std::string& name, const std::string& settings,
 }
 
 std::string QtSerialPort::Reason(const std::string& name) const {
-    const std::string known = WhyNotOpened(name);
+    std::string known = WhyNotOpened(name);
     if (!known.empty()) return known;
     const bool locked = port_.error() == QSerialPort::PermissionError;
     return locked ? "another program has it" : port_.errorString().toStdString();

@@ -10,10 +10,10 @@
 #include "player/engine/vlc_output.h"
 #include "player/engine/wire_server.h"
 
-#include <signal.h>
 #include <sys/signalfd.h>
 #include <unistd.h>
 
+#include <csignal>
 #include <random>
 
 namespace vk {

@@ -3,9 +3,9 @@
 #include "platform/linux/spawn.h"
 #include "platform/paths.h"
 
-#include <signal.h>
 #include <sys/wait.h>
 
+#include <csignal>
 #include <utility>
 
 namespace vk {

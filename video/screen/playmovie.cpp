@@ -114,7 +114,7 @@ void playmovie::DoLayout() {
     setGeometry(0, 0, state.ScreenWidth, state.ScreenHeight);
     Place();
     Dress();
-    ShowBars(in_);
+    playmovie::ShowBars(in_);
 }
 
 void playmovie::Place() {

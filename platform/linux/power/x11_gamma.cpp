@@ -41,6 +41,7 @@ std::vector<xcb_randr_crtc_t> X11Gamma::Controllers() const {
 std::vector<DisplayRamp> X11Gamma::Read() const {
     const auto controllers = Controllers();
     std::vector<xcb_randr_get_crtc_gamma_cookie_t> asked;
+    asked.reserve(controllers.size());
     for (const xcb_randr_crtc_t controller : controllers)
         asked.push_back(xcb_randr_get_crtc_gamma(connection_, controller));
     std::vector<DisplayRamp> ramps;

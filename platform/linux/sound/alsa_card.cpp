@@ -24,7 +24,7 @@ const std::array<std::vector<const char*>, AlsaLineCount> Names = {{
 constexpr auto Channel = SND_MIXER_SCHN_FRONT_LEFT;
 
 snd_mixer_elem_t* FindElement(snd_mixer_t* mixer, const char* name) {
-    snd_mixer_selem_id_t* id;
+    snd_mixer_selem_id_t* id = nullptr;
     snd_mixer_selem_id_alloca(&id);
     snd_mixer_selem_id_set_name(id, name);
     return snd_mixer_find_selem(mixer, id);

@@ -12,8 +12,8 @@
 #include <string>
 #include <vector>
 
-struct _snd_mixer;
-struct _snd_mixer_elem;
+struct _snd_mixer;      // NOLINT(bugprone-reserved-identifier): the library's own
+struct _snd_mixer_elem; // NOLINT(bugprone-reserved-identifier): the library's own
 
 namespace vk {
 

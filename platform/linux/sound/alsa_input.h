@@ -7,7 +7,7 @@
 #include <string>
 #include <thread>
 
-struct _snd_pcm;
+struct _snd_pcm; // NOLINT(bugprone-reserved-identifier): the library's own
 
 namespace vk {
 

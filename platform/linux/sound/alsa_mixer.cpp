@@ -149,7 +149,7 @@ class AlsaMixer::Worker {
         const std::size_t count = descriptors.size();
         descriptors.push_back({s_->wakeUp.get(), POLLIN, 0});
         ::poll(descriptors.data(), descriptors.size(), milliseconds);
-        eventfd_t ignored;
+        eventfd_t ignored = 0;
         ::eventfd_read(s_->wakeUp.get(), &ignored);
         for (std::size_t i = 0; i < count; ++i)
             if (descriptors[i].revents & (POLLERR | POLLHUP | POLLNVAL)) return false;

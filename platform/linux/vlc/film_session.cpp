@@ -211,7 +211,7 @@ unsigned FilmSession::OnFormat(void** self, char* chroma, unsigned* width, unsig
     if (*width == 0 || *height == 0 || *width > LargestSide || *height > LargestSide) return 0;
     auto& session = *static_cast<FilmSession*>(*self);
     session.Format(*width, *height);
-    std::memcpy(chroma, "RV32", 4);
+    std::copy_n("RV32", 4, chroma);
     *pitch = static_cast<unsigned>(session.frames_->Stride());
     *lines = static_cast<unsigned>(session.frames_->Lines());
     return Buffers;

@@ -71,7 +71,7 @@ X11Windows::X11Windows(xcb_connection_t* connection)
 
 X11Windows::~X11Windows() {
     while (!adopted_.empty())
-        Return(adopted_.begin()->first);
+        X11Windows::Return(adopted_.begin()->first);
 }
 
 bool X11Windows::IsProgramWindow(xcb_window_t window) const {
