@@ -384,6 +384,7 @@ void MoviePlayer::EverySecond() {
     ShowPlace();
     volume_.HideWhenOld(held_.Action() == HeldVolUp || held_.Action() == HeldVolDown);
     watch_.Look(deck_.Playing());
+    if (n_.checkDaylight) n_.checkDaylight();
     if (base_.settings.values.alwaysontop) base_.window.ForceForegroundWindow();
     if (deck_.Playing()) SaveVideoData();
 }

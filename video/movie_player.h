@@ -42,7 +42,8 @@ class MoviePlayer {
         MakeMediaPlayer makePlayer;
         MediumProbe& probe;
         std::function<TagRecord(const std::string& path)> tagOf;
-        std::function<void()> loadGPS = {}; ///< empty without a GPS screen
+        std::function<void()> loadGPS = {};       ///< empty without a GPS screen
+        std::function<void()> checkDaylight = {}; ///< every second: day or night skin
     };
     MoviePlayer(Needs needs, MovieView& view);
 

@@ -60,7 +60,8 @@ MoviePlayer::Needs VideoModule::Needs() {
             .makePlayer = host_.ports.films.player,
             .probe = host_.ports.films.probe,
             .tagOf = [this](const std::string& path) { return library_.tags.GetDBTag(path); },
-            .loadGPS = [this] { navigation_.Show(); }};
+            .loadGPS = [this] { navigation_.Show(); },
+            .checkDaylight = [this] { host_.daylight.Check(); }};
 }
 
 } // namespace vk

@@ -68,7 +68,8 @@ struct MovieFixture : CoreFixture {
                 .loadGPS =
                     [this] {
                         if (map) player->switchingform(), screens.CurrentForm = "frmGPS";
-                    }};
+                    },
+                .checkDaylight = [this] { ++daylightChecks; }};
     }
     /// Enters the screen anew, with the entry of that number.
     void Enter(std::int32_t entry = 1, bool fromBrowser = false) {
@@ -93,6 +94,7 @@ struct MovieFixture : CoreFixture {
     std::string Saved(const char* key) { return settings.Read("video_player", key); }
 
     std::string films;
+    int daylightChecks = 0;
     bool map = false; ///< there is one to be shown over the film
     VideoState video;
     BrowserState browsed;

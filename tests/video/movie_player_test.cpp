@@ -275,6 +275,7 @@ TEST_F(MovieTest, TheDisplayStaysAwakeWhileSomebodyWatches) {
     Enter();
     Seconds(3600);
     EXPECT_EQ(saver.resets, 3600 / 30);
+    EXPECT_EQ(daylightChecks, 3600);
     player->PauseIt();
     saver.resets = 0;
     Seconds(3600);
