@@ -14,8 +14,8 @@ constexpr ActionRow<MoviePlayer> Rows[] = {
     {Action::quit, &MoviePlayer::doquit},
     {Action::pause, &MoviePlayer::DoPause},
     {Action::play, &MoviePlayer::UnPauseIt},
-    {Action::REW, &MoviePlayer::MoveBack},
-    {Action::FF, &MoviePlayer::MoveAhead},
+    {Action::REW, &MoviePlayer::DoRW},
+    {Action::FF, &MoviePlayer::DoFF},
     {Action::SWMP, &MoviePlayer::Swap},
     {Action::ok, &MoviePlayer::runok},
     {Action::Vdown, &MoviePlayer::VolDown},
@@ -91,13 +91,19 @@ void MoviePlayer::MoveDown() {
 }
 
 void MoviePlayer::MoveBack() {
-    if (DiscKey(DvdKey::Left)) return;
-    RW_Click(StepSeconds);
+    if (!DiscKey(DvdKey::Left)) DoRW();
 }
 
 void MoviePlayer::MoveAhead() {
-    if (DiscKey(DvdKey::Right)) return;
+    if (!DiscKey(DvdKey::Right)) DoFF();
+}
+
+void MoviePlayer::DoFF() {
     FF_Click(StepSeconds);
+}
+
+void MoviePlayer::DoRW() {
+    RW_Click(StepSeconds);
 }
 
 void MoviePlayer::VolUp() {
@@ -146,8 +152,8 @@ void MoviePlayer::Release(bool inside) {
     const bool click = held_.Release(base_.settings.values.TSRepeatVal);
     if (!click || !inside) return;
     base_.commands.Run(Commands::When::Queue, [this, action] {
-        if (action == HeldForward) return MoveAhead();
-        if (action == HeldRewind) return MoveBack();
+        if (action == HeldForward) return DoFF();
+        if (action == HeldRewind) return DoRW();
         action == HeldVolUp ? VolUp() : VolDown();
     });
 }

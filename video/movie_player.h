@@ -81,6 +81,9 @@ class MoviePlayer {
     void MoveDown();
     void MoveBack();
     void MoveAhead();
+    /// Ten seconds, in the menu of a disc, too.
+    void DoFF();
+    void DoRW();
     void VolUp();
     void VolDown();
     void domute();

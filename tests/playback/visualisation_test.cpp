@@ -86,9 +86,9 @@ TEST_F(VisualisationTest, HasTheScreenUntilATouch) {
     EXPECT_EQ(clock.TickMs() - begun, 3000) << "to open, and to stand";
     EXPECT_FALSE(view.frame);
     EXPECT_TRUE(hooks.keyboard && hooks.mouse);
-    const auto asked = process.Count(125);
+    const auto sent = process.Count(125);
     clock.Advance(5000);
-    EXPECT_EQ(process.Count(125), asked) << "its timer stands still";
+    EXPECT_EQ(process.Count(125), sent) << "its timer stands still";
     process.track = 3;
     hooks.onTouch();
     EXPECT_EQ(screen.closed, std::vector{Picture}) << "by its title, not the window of another";

@@ -36,7 +36,8 @@ TEST_F(MovieDiscTest, KeysAndTouchesAreTheDiscsInItsMenu) {
     EXPECT_EQ(film.path, cd);
     EXPECT_EQ(view.title, "DVD Video: HOLIDAY");
     Disc().Enter(0);
-    Keys({"38", "40", "37", "39", "13"});
+    keys[Action::FF] = "70";
+    Keys({"38", "40", "70", "37", "39", "13"});
     player->PicturePlaced(0, 0, 800, 480);
     player->PictureTouched(400, 240, 800, 480);
     EXPECT_EQ(view.bars, 1) << "they come in besides";

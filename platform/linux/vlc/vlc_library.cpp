@@ -15,14 +15,17 @@ namespace vk {
 
 namespace {
 
-// avformat knows lengths at once and seeks in all containers; pictures come into memory, where no
-// graphics hardware reaches them, and are scaled in the cheapest way that smooths. What is
-// interlaced is told by the film.
+// avformat knows lengths at once and seeks in all containers, but it cannot read texts among the
+// streams and holds the film's time back for them; pictures come into memory, where no graphics
+// hardware reaches them, and are scaled in the cheapest way that smooths. What is interlaced is
+// told by the film.
 std::vector<const char*> Options(SoundDevice device) {
-    std::vector<const char*> options{
-        "--no-xlib",        "--avcodec-hw=none",         "--no-osd",        "--no-stats",
-        "--no-lua",         "--no-video-title-show",     "--quiet",         "--demux=avformat,any",
-        "--deinterlace=-1", "--deinterlace-mode=linear", "--swscale-mode=0"};
+    std::vector<const char*> options{"--no-xlib",        "--avcodec-hw=none",
+                                     "--no-osd",         "--no-stats",
+                                     "--no-lua",         "--no-video-title-show",
+                                     "--quiet",          "--demux=mkv,mp4,avformat,any",
+                                     "--deinterlace=-1", "--deinterlace-mode=linear",
+                                     "--swscale-mode=0"};
     if (device == SoundDevice::None)
         options.insert(options.end(), {"--aout=alsa", "--alsa-audio-device=null"});
     return options;
