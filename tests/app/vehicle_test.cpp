@@ -133,7 +133,7 @@ struct VehicleTest : testing::Test, WiredSystem {
     void Forget() {
         player.sent.clear(), player.windows.clear(), player.classes.clear();
         player.ran.clear(), player.runFolders.clear();
-        film.opened.clear(), engine.asked.clear();
+        film.opened.clear(), engine.asked.clear(), probe.asked.clear();
         xmPort->sent.clear(), xmPort->opened.clear();
         fm.sent.erase(fm.sent.begin(), fm.sent.end() - (fm.sent.empty() ? 0 : 1));
         std::ofstream(dir.File("debug.log")).close(); // empty, and no wait for the disk
