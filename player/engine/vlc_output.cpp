@@ -1,5 +1,6 @@
 #include "player/engine/vlc_output.h"
 
+#include "platform/linux/vlc_plugins.h"
 #include "player/engine/certain_length.h"
 #include "player/engine/vlc_media.h"
 
@@ -131,6 +132,7 @@ void VlcOutput::CloseLibrary() {
         deck->Stop();
     decks_ = {};
     prepared_.reset();
+    KeepPlugins();
     library_.reset();
 }
 
