@@ -38,6 +38,15 @@ class Alone:
         (self.folder / "config" / "pulse" / "client.conf").write_text("autospawn = no\n")
         self._watch()
 
+    def keep_reports(self):
+        """What sanitizers tell goes to files from now on."""
+        options = self.env.get("ASAN_OPTIONS")
+        self.env["ASAN_OPTIONS"] = (options + ":" if options else "") + f"log_path={self.folder}/sanitizer"
+
+    def reports(self):
+        """Of all programs so far."""
+        return "".join(path.read_text(errors="replace") for path in sorted(self.folder.glob("sanitizer.*")))
+
     def _watch(self):
         """A process that outlives this one, to end what a killed test leaves."""
         reading, self._alive = os.pipe()

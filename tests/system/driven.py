@@ -41,7 +41,9 @@ class Driven(Steered, unittest.TestCase):
 
     def setUp(self):
         self.alone = Alone()
+        self.alone.keep_reports()
         self.addCleanup(self.alone.end)
+        self.addCleanup(lambda: print(self.alone.reports(), end="", file=sys.stderr))
         work = self.alone.folder
         self.display = Display(self.alone.env, work, self.size, self.manager)
         self.addCleanup(self.display.close)
