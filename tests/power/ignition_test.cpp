@@ -1,10 +1,8 @@
 // The ignition: its line, the crank of the starter, flapping, and the machine's end after a delay.
 #include "power/carrier_line.h"
 #include "power/ignition.h"
-#include "tests/support/core_fixture.h"
+#include "tests/support/core_test.h"
 #include "tests/support/fake_serial_port.h"
-
-#include <gmock/gmock.h>
 
 namespace vk::test {
 namespace {
@@ -12,7 +10,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-struct IgnitionTest : testing::Test, CoreFixture {
+struct IgnitionTest : CoreTest {
     /// The settings as a driver has them, and the system's start.
     void Begin(const std::string& lines, bool carrier = true) {
         app.Write("settings.ini", "[AccControl]\n" + lines);
@@ -21,10 +19,7 @@ struct IgnitionTest : testing::Test, CoreFixture {
         ignition.initAccSense();
         heard.clear();
     }
-    void Line(bool on) {
-        ASSERT_NE(port, nullptr);
-        port->SetCarrier(on);
-    }
+    void Line(bool on) { port->SetCarrier(on); }
     /// Time passes as it does under the supervisor.
     void Pass(int seconds) {
         for (int i = 0; i < seconds * 2; ++i)
@@ -69,20 +64,14 @@ TEST_F(IgnitionTest, PausesAtOnceGoesOnAtOnceAndEndsTheMachineAfterTheDelay) {
     EXPECT_EQ(LinesLogged("acc timeout shutdown initiated"), 1);
     Pass(70);
     EXPECT_EQ(LinesLogged("acc timeout shutdown initiated"), 2) << "it was refused: once more";
-}
-
-TEST_F(IgnitionTest, WithoutADelayItOnlyPauses) {
     Begin("accSensePort=1\naccOffDelay=0\n");
     Line(false);
     Pass(100000);
-    EXPECT_THAT(heard, ElementsAre("pause"));
+    EXPECT_THAT(heard, ElementsAre("pause")) << "without a delay";
 }
 
 TEST_F(IgnitionTest, LeavesThePortsOfOthersAndIsOffWithPortZero) {
-    const struct {
-        const char* lines;
-        bool opens, logs;
-    } cases[] = {
+    const std::tuple<const char*, bool, bool> cases[] = {
         {"accSensePort=0\n", false, false},
         {"accSensePort=nonsense\n", false, false},
         {"accSensePort=3\n[xmpcr_tuner]\nenabled=true\nport=3\n", false, true},

@@ -5,15 +5,13 @@
 #include "platform/linux/power/logind_backlight.h"
 #include "platform/linux/power/logind_power.h"
 #include "platform/linux/power/x11_gamma.h"
-#include "tests/platform/polled.h"
-#include "tests/support/temp_folder.h"
+#include "tests/platform/desktop.h"
 
 #include <QProcess>
 
 #include <gmock/gmock.h>
 
 #include <csignal>
-#include <cstdlib>
 #include <filesystem>
 #include <optional>
 
@@ -27,10 +25,6 @@ constexpr const char* Manager = "/org/freedesktop/login1";
 constexpr const char* ManagerInterface = "org.freedesktop.login1.Manager";
 const QStringList Mock = {"-m", "dbusmock", "--template", "logind"};
 constexpr const char* MockInterface = "org.freedesktop.DBus.Mock";
-
-QString Text(const std::string& text) {
-    return QString::fromStdString(text);
-}
 
 struct LogindTest : testing::Test {
     LogindTest() {
@@ -48,7 +42,8 @@ struct LogindTest : testing::Test {
     }
     void StartBus() {
         std::filesystem::remove(folder.File("bus"));
-        bus.start("/usr/bin/dbus-daemon", {"--session", "--nofork", Text("--address=" + address)});
+        bus.start("/usr/bin/dbus-daemon",
+                  {"--session", "--nofork", "--address=" + QString::fromStdString(address)});
         ASSERT_TRUE(Polled([&] { return std::filesystem::exists(folder.File("bus")); }));
     }
     void StartLogind() {
@@ -57,27 +52,32 @@ struct LogindTest : testing::Test {
         power.Listen();
         ASSERT_TRUE(Polled([&] { return power.Holding(); }));
     }
-    /// A method of the mock, in Python from now on.
-    void Script(const char* interface, const char* method, const char* in,
-                const std::string& code) {
+    /// Has the mock do something; a method that it is given is in Python.
+    template<class... Arguments>
+    void Mocked(const char* method, const char* types, Arguments... arguments) {
         bool done = false;
         connection.Call(
-            Manager, MockInterface, "AddMethod",
-            [&](sd_bus_message*, const std::string& error) { done = error.empty(); }, "sssss",
-            interface, method, in, "", code.c_str());
+            Manager, MockInterface, method,
+            [&](sd_bus_message*, const std::string& error) { done = error.empty(); }, types,
+            arguments...);
         ASSERT_TRUE(Polled([&] { return done; }));
     }
-    void Signal(const char* member, bool begins) {
-        connection.Call(
-            Manager, MockInterface, "EmitSignal", [](sd_bus_message*, const std::string&) {},
-            "sssav", ManagerInterface, member, "b", 1, "b", static_cast<int>(begins));
+    void Script(const char* method, const char* in, const std::string& code) {
+        Mocked("AddMethod", "sssss", ManagerInterface, method, in, "", code.c_str());
     }
-    std::string Answer(PowerWish wish) {
+    void Signal(const char* member, int begins) {
+        Mocked("EmitSignal", "sssav", ManagerInterface, member, "b", 1, "b", begins);
+    }
+    /// What something that is asked by `ask` tells.
+    template<class Ask> static std::string Told(const Ask& ask, bool perhapsAtOnce = true) {
         std::optional<std::string> answer;
-        power.Ask(wish, [&](const std::string& refusal) { answer = refusal; });
-        EXPECT_FALSE(answer) << "it comes from the event loop";
+        ask([&](const std::string& refusal) { answer = refusal; });
+        EXPECT_TRUE(perhapsAtOnce || !answer) << "it comes from the event loop";
         EXPECT_TRUE(Polled([&] { return answer.has_value(); }));
         return answer.value_or("none");
+    }
+    std::string Answer(PowerWish wish) {
+        return Told([&](const Power::Answer& answer) { power.Ask(wish, answer); }, false);
     }
 
     TempFolder folder;
@@ -130,12 +130,11 @@ TEST_F(LogindTest, AsksWithoutQuestionsToTheUserAndTellsARefusal) {
     StartLogind();
     const std::string file = folder.File("asked");
     for (const char* method : {"PowerOff", "Hibernate", "Suspend"})
-        Script(ManagerInterface, method, "b",
-               "open('" + file + "', 'a').write('" + method + " %d\\n' % args[0])");
+        Script(method, "b", "open('" + file + "', 'a').write('" + method + " %d\\n' % args[0])");
     for (const PowerWish wish : {PowerWish::PowerOff, PowerWish::Hibernate, PowerWish::Suspend})
         EXPECT_EQ(Answer(wish), "");
     EXPECT_EQ(folder.Read("asked"), "PowerOff 0\nHibernate 0\nSuspend 0\n");
-    Script(ManagerInterface, "PowerOff", "b",
+    Script("PowerOff", "b",
            "raise dbus.exceptions.DBusException('An update is running', "
            "name='org.freedesktop.login1.OperationInProgress')");
     EXPECT_EQ(Answer(PowerWish::PowerOff), "An update is running");
@@ -149,27 +148,18 @@ TEST_F(LogindTest, ABacklightIsSetByTheSession) {
     ASSERT_EQ(light.Read().size(), 1u);
     EXPECT_EQ(light.Read()[0].level * 10000 + light.Read()[0].most, 4000800);
     EXPECT_TRUE(LogindBacklight(connection, folder.File("none")).Read().empty());
-    std::optional<std::string> answer;
-    const auto set = [&](const char* panel) {
-        answer.reset();
-        light.Set(panel, 200, [&](const std::string& refusal) { answer = refusal; });
-        EXPECT_TRUE(Polled([&] { return answer.has_value(); }));
-        return answer.value_or("none");
+    const auto set = [&] {
+        return Told([&](const auto& answer) { light.Set("intel", 200, answer); });
     };
-    EXPECT_THAT(set("intel"), HasSubstr("not there"));
+    EXPECT_THAT(set(), HasSubstr("not there"));
     StartBus();
     StartLogind();
-    EXPECT_THAT(set("intel"), HasSubstr("SetBrightness")) << "no session knows it";
+    EXPECT_THAT(set(), HasSubstr("SetBrightness")) << "no session knows it";
     const std::string code =
         "open('" + folder.File("set") + "', 'a').write('%s %s %d' % (args[0], args[1], args[2]))";
-    bool done = false;
-    connection.Call(
-        Manager, MockInterface, "AddObject",
-        [&](sd_bus_message*, const std::string& error) { done = error.empty(); }, "ssa{sv}a(ssss)",
-        "/org/freedesktop/login1/session/auto", "org.freedesktop.login1.Session", 0, 1,
-        "SetBrightness", "ssu", "", code.c_str());
-    ASSERT_TRUE(Polled([&] { return done; }));
-    EXPECT_EQ(set("intel"), "");
+    Mocked("AddObject", "ssa{sv}a(ssss)", "/org/freedesktop/login1/session/auto",
+           "org.freedesktop.login1.Session", 0, 1, "SetBrightness", "ssu", "", code.c_str());
+    EXPECT_EQ(set(), "");
     EXPECT_EQ(folder.Read("set"), "backlight intel 200");
 }
 
@@ -186,12 +176,9 @@ TEST_F(LogindTest, AWatchedScreenIsIdleForNobodyUntilNothingIsAskedAnyMore) {
     constexpr const char* Saver = "org.freedesktop.ScreenSaver";
     const std::string say = "open('" + folder.File("said") + "', 'a').write(";
     const std::string inhibit = "ret = 7; " + say + "'on ')", let = say + "'off %d ' % args[0])";
-    connection.Call(
-        Manager, MockInterface, "AddObject", [](sd_bus_message*, const std::string&) {},
-        "ssa{sv}a(ssss)", "/org/freedesktop/ScreenSaver", Saver, 0, 2, "Inhibit", "ss", "u",
-        inhibit.c_str(), "UnInhibit", "u", "", let.c_str());
-    Script(ManagerInterface, "Own", "",
-           "self.connection.request_name('" + std::string(Saver) + "')");
+    Mocked("AddObject", "ssa{sv}a(ssss)", "/org/freedesktop/ScreenSaver", Saver, 0, 2, "Inhibit",
+           "ss", "u", inhibit.c_str(), "UnInhibit", "u", "", let.c_str());
+    Script("Own", "", "self.connection.request_name('" + std::string(Saver) + "')");
     connection.Call(
         Manager, ManagerInterface, "Own", [](sd_bus_message*, const std::string&) {}, "");
     EXPECT_TRUE(Polled([&] {
@@ -239,26 +226,17 @@ TEST(GpioLineTest, ALineThatIsNotThereSaysWhy) {
 }
 
 TEST(X11GammaTest, ReadsAndWritesTheRampsOfARealDisplay) {
-    QProcess server;
-    server.start("/usr/bin/Xvfb", {"-displayfd", "1", "-screen", "0", "640x480x24"});
-    ASSERT_TRUE(Polled([&] { return server.canReadLine(); }));
-    const QByteArray display = ":" + server.readLine().trimmed();
-    xcb_connection_t* connection = xcb_connect(display.constData(), nullptr);
-    {
-        X11Gamma gamma(connection);
-        auto ramps = gamma.Read();
-        ASSERT_FALSE(ramps.empty());
-        for (auto& value : ramps[0].ramp.green)
-            value = static_cast<std::uint16_t>(value / 2 + 1);
-        EXPECT_TRUE(gamma.Write(ramps[0]));
-        EXPECT_EQ(gamma.Read(), ramps);
-        ramps[0].ramp.red.pop_back();
-        EXPECT_FALSE(gamma.Write(ramps[0])) << "the server refuses it";
-        EXPECT_FALSE(gamma.Write({"crtc-1", {}}));
-    }
-    xcb_disconnect(connection);
-    server.terminate();
-    server.waitForFinished();
+    const Desktop desktop(false);
+    X11Gamma gamma(desktop.connection);
+    auto ramps = gamma.Read();
+    ASSERT_FALSE(ramps.empty());
+    for (auto& value : ramps[0].ramp.green)
+        value = static_cast<std::uint16_t>(value / 2 + 1);
+    EXPECT_TRUE(gamma.Write(ramps[0]));
+    EXPECT_EQ(gamma.Read(), ramps);
+    ramps[0].ramp.red.pop_back();
+    EXPECT_FALSE(gamma.Write(ramps[0])) << "the server refuses it";
+    EXPECT_FALSE(gamma.Write({"crtc-1", {}}));
 }
 
 } // namespace

@@ -13,9 +13,7 @@
 
 namespace vk::test {
 
-class ToldLoading : public LoadingScreen {
-  public:
-    explicit ToldLoading(std::vector<std::string>& calls) : told(calls) {}
+struct ToldLoading : LoadingScreen {
     void Load() override { told.push_back("loading.Load"); }
     void InitProgress(int from, int to) override {
         told.push_back("loading.Init " + std::to_string(from) + " " + std::to_string(to));
@@ -24,7 +22,7 @@ class ToldLoading : public LoadingScreen {
     void SetProgressToMax() override { told.push_back("loading.Max"); }
     void ClearScreen() override { told.push_back("loading.Clear"); }
     void ReBlit() override {}
-    std::vector<std::string>& told;
+    std::vector<std::string> told;
 };
 
 struct StartFixture : CoreFixture {
@@ -84,9 +82,9 @@ struct StartFixture : CoreFixture {
     }
     bool Told(const std::string& what) const { return std::ranges::find(told, what) != told.end(); }
 
-    std::vector<std::string> told;
+    ToldLoading loading;
+    std::vector<std::string>& told = loading.told;
     std::map<std::string, RecordingScreen> made;
-    ToldLoading loading{told};
     FakeInstance instance;
     RecordingPrograms programs;
     FileRegistry registry{app.File("registry.ini")};

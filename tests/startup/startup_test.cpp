@@ -14,12 +14,6 @@ struct StartupTest : testing::Test, StartFixture {
         settings.Write("main", key, value);
         return Make()->Form_Load();
     }
-    std::unique_ptr<astart> Running() {
-        SetUpApp();
-        auto start = Make();
-        EXPECT_EQ(start->Form_Load(), StartOutcome::Running);
-        return start;
-    }
     void ExpectEnds(const std::string& message) {
         dialogs.shown = {""};
         EXPECT_EQ(Make()->Form_Load(), StartOutcome::Ended) << message;
@@ -42,7 +36,9 @@ TEST_F(StartupTest, ANewDirectoryGetsItsFilesAndTheFirstRun) {
 }
 
 TEST_F(StartupTest, ASetUpDirectoryLeadsToTheMenuInOrder) {
-    const auto start = Running();
+    SetUpApp();
+    const auto start = Make();
+    EXPECT_EQ(start->Form_Load(), StartOutcome::Running);
     EXPECT_THAT(told,
                 ElementsAre("loading.Load", "loading.Init 0 13", "server " + app.File("DB_UPDATE"),
                             "load velkorandum", "load playmp3", "loading.Max", "loading.Clear",
@@ -147,34 +143,28 @@ TEST_F(StartupTest, WhereNothingCanBeWrittenItSaysSoAndRunsFromMemory) {
 
 TEST_F(StartupTest, OpticalDrives) {
     const Drive sr0{"/dev/sr0", DriveType::CdRom}, sr1{"/dev/sr1", DriveType::CdRom};
-    const struct {
-        const char* stored;
-        std::vector<Drive> drives;
-        const char *chosen, *written;
-    } cases[] = {{"/dev/sr1", {}, "NONE", "/dev/sr1"},
-                 {"/dev/sr1", {sr0, sr1}, "/dev/sr1", "/dev/sr1"},
-                 {"/dev/sr9", {{"/stick", DriveType::Removable}, sr0}, "/dev/sr0", "/dev/sr0"},
-                 {"NONE", {sr0}, "/dev/sr0", "/dev/sr0"}};
-    for (const auto& c : cases) {
+    const std::tuple<const char*, std::vector<Drive>, const char*> cases[] = {
+        {"/dev/sr1", {}, "NONE"},
+        {"/dev/sr1", {sr0, sr1}, "/dev/sr1"},
+        {"/dev/sr9", {{"/stick", DriveType::Removable}, sr0}, "/dev/sr0"},
+        {"NONE", {sr0}, "/dev/sr0"}};
+    for (const auto& [stored, drives, chosen] : cases) {
         state = AppState();
-        volumes.drives = c.drives;
-        EXPECT_EQ(StartWith("CDDriveLetter", c.stored), StartOutcome::Running);
-        EXPECT_EQ(settings.values.CDDriveLetter, c.chosen);
-        EXPECT_EQ(settings.Read("main", "CDDriveLetter"), c.written);
+        volumes.drives = drives;
+        EXPECT_EQ(StartWith("CDDriveLetter", stored), StartOutcome::Running);
+        EXPECT_EQ(settings.values.CDDriveLetter, chosen);
+        EXPECT_EQ(settings.Read("main", "CDDriveLetter"), drives.empty() ? stored : chosen);
     }
 }
 
 TEST_F(StartupTest, Resolutions) {
     const auto start = Make();
-    const std::pair<int, int> sizes[] = {{800, 480}, {640, 480},  {720, 400}, {800, 400},
-                                         {800, 600}, {1024, 768}, {800, 480}};
-    settings.Write("main", "AppSize", "-7"); // nothing was set yet: the display's
-    start->GetResolutions();
-    EXPECT_EQ(state.ScreenWidth, 800);
-    for (const int size : {0, 1, 2, 3, 4, 5, 9, 6}) { // 9 leaves what was set; 6 is empty
+    const std::tuple<int, int, int> sizes[] = {{-7, 800, 480}, {0, 800, 480},  {1, 640, 480},
+                                               {2, 720, 400},  {3, 800, 400},  {4, 800, 600},
+                                               {5, 1024, 768}, {9, 1024, 768}, {6, 800, 480}};
+    for (const auto& [size, width, height] : sizes) { // -7 and 9 set nothing; 6 is empty
         settings.Write("main", "AppSize", std::to_string(size));
         start->GetResolutions();
-        const auto [width, height] = sizes[size == 9 ? 5 : size];
         EXPECT_EQ(state.ScreenWidth, width) << size;
         EXPECT_EQ(state.ScreenHeightTwips, height * 15) << size;
     }
