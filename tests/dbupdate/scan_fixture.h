@@ -34,13 +34,20 @@ struct ScanFixture : CatalogueFixture {
             errors.push_back(event.error.description);
         } else {
             texts.push_back(event.progress.text);
+            if (act && event.progress.step == actAt) std::exchange(act, {})();
         }
+    }
+    void At(ScanStep step, std::function<void()> action) {
+        actAt = step;
+        act = std::move(action);
     }
 
     std::vector<int> states;
     std::vector<std::string> errors, texts;
     int unhooked = 0;
     bool extended = false;
+    ScanStep actAt = ScanStep::Ready;
+    std::function<void()> act; ///< run once, at that step
 };
 
 } // namespace vk::test

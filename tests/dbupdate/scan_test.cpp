@@ -18,25 +18,15 @@ struct ScanTest : ScanFixture {
         texts.clear();
         unhooked = 0;
         stop = false;
-        const auto send = [this](const ServerEvent& event) {
-            Take(event);
-            if (act && event.progress.step == actAt) std::exchange(act, {})();
-        };
-        RunScan(Request(), {log, send, stop});
+        RunScan(Request(), {log, [this](const ServerEvent& event) { Take(event); }, stop});
         return states.back();
     }
     template<class Matcher> void ScanFinds(const Matcher& rows, const char* when = "") {
         Scan();
         EXPECT_THAT(Paths(), rows) << when;
     }
-    void At(ScanStep step, std::function<void()> action) {
-        actAt = step;
-        act = std::move(action);
-    }
 
     std::atomic<bool> stop = false;
-    ScanStep actAt = ScanStep::Ready;
-    std::function<void()> act; ///< run once, at that step
 };
 
 TEST_F(ScanTest, CataloguesTheMediaFolder) {

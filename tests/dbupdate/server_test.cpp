@@ -28,8 +28,7 @@ struct ServerTest : ScanFixture {
                            Take({ServerEvent::Kind::StatusChanged, value, {}, {}});
                        },
                        [this](const ScanProgress& progress) {
-                           texts.push_back(progress.text);
-                           if (onProgress) onProgress(progress.step);
+                           Take({ServerEvent::Kind::ShowProgress, {}, progress, {}});
                        },
                        [this] { Take({}); },
                        [this](const ServerError& error) { errors.push_back(error.description); },
@@ -49,7 +48,6 @@ struct ServerTest : ScanFixture {
 
     const std::string program = JoinPath(VK_APP_DIR, "DB_UPDATE");
     QtClock realClock;
-    std::function<void(ScanStep)> onProgress;
     int lost = 0;
 };
 
@@ -67,9 +65,7 @@ TEST_F(ServerTest, ScansHandsItsFileOverAndStopsWhenAsked) {
               std::vector<std::string>{"Ümlaut"});
     EXPECT_EQ(texts.back(), "Ready");
     Albums(10, 60);
-    onProgress = [&](ScanStep step) {
-        if (step == ScanStep::Counting) client.Stop();
-    };
+    At(ScanStep::Counting, [&] { client.Stop(); });
     Run(client);
     EXPECT_EQ(states.back(), 4);
     EXPECT_THAT(Paths(), SizeIs(61)) << "it was stopped";

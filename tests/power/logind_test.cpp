@@ -115,9 +115,9 @@ TEST_F(LogindTest, TheMachineWaitsUntilSleepIsPreparedAndIsHeldAgainOnWaking) {
             Manager, ManagerInterface, "ListInhibitors",
             [&](sd_bus_message* reply, const std::string&) {
                 const char* what = "";
-                if (reply && sd_bus_message_enter_container(reply, 'a', "(ssssuu)") > 0 &&
-                    sd_bus_message_enter_container(reply, 'r', "ssssuu") > 0)
-                    sd_bus_message_read(reply, "s", &what);
+                if (reply && sd_bus_message_enter_container(reply, 'a', "(ssssuu)") > 0)
+                    sd_bus_message_read(reply, "(ssssuu)", &what, nullptr, nullptr, nullptr,
+                                        nullptr, nullptr);
                 listed = std::string(what) == "sleep:shutdown";
             },
             "");

@@ -17,7 +17,7 @@ namespace vk::test {
 /// A machine that answers when a test says so.
 class FakePower : public Power {
   public:
-    void Listen() override { ++listens; }
+    void Listen() override {}
     void Ask(PowerWish wish, Answer answer) override {
         wishes.push_back(wish);
         answers.push_back(std::move(answer));
@@ -35,7 +35,6 @@ class FakePower : public Power {
     }
     void Wake() { onBroadcast(PBT_APMRESUMESUSPEND, 0); }
 
-    int listens = 0;
     std::vector<PowerWish> wishes;
     std::vector<Answer> answers;
 };
