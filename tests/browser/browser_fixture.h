@@ -3,23 +3,21 @@
 
 #include "browser/browser.h"
 #include "library/tags/tag_reader.h"
-#include "tests/support/core_fixture.h"
+#include "tests/support/core_test.h"
 #include "tests/support/recording_screen.h"
 #include "tests/support/sound_card.h"
 
-#include <gmock/gmock.h>
-
-#include <map>
-
 namespace vk::test {
 
-using testing::Contains;
-using testing::ElementsAre;
+using testing::Contains, testing::ElementsAre;
 
-/// Keeps what the logic shows; `onTitle` runs with each new heading.
+/// Keeps what the logic shows; `onTitle` runs with the next heading.
 class FakeBrowserView : public BrowserView, public TextEntryView {
   public:
-    void SetTitle(const std::string& text) override { onTitle(title = text); }
+    void SetTitle(const std::string& text) override {
+        titles.push_back(title = text);
+        if (onTitle) std::exchange(onTitle, {})();
+    }
     void ShowLoading(const std::string& text) override { said.push_back(loading = text); }
     void HideLoading() override { loading.clear(); }
     void SetClock(const std::string& text) override { clock = text; }
@@ -35,12 +33,12 @@ class FakeBrowserView : public BrowserView, public TextEntryView {
     void ShowAtFront() override { ++shown; }
 
     std::string title, loading, clock;
-    std::vector<std::string> said;
+    std::vector<std::string> said, titles;
     std::map<BrowserButton, std::string> pictures;
     bool toolFrame = false, keyboard = false, rightFocus = false;
     std::int16_t laidOut = ListFromMenu;
     int shown = 0;
-    std::function<void(const std::string&)> onTitle = [](const std::string&) {};
+    std::function<void()> onTitle;
 };
 
 /// Folder rows as a test lists them.
@@ -100,8 +98,10 @@ class BrowserTest : public testing::Test {
         std::filesystem::create_symlink("/dev/null", disk.File(name));
         return disk.File(name);
     }
-    void UseCatalogue(std::vector<CatalogueFile> files = {}) {
+    void UseCatalogue(std::vector<CatalogueFile> files = {},
+                      DBStateValue now = DBStateValue::OnLine) {
         known.files = std::move(files);
+        known.state = now;
         catalogue = &known;
     }
     void Enter(const std::string& folder) {
@@ -186,6 +186,10 @@ class BrowserTest : public testing::Test {
     void ChooseAdded(const std::string& descriptor) {
         list.AddItem("", "", descriptor);
         ChooseLast();
+    }
+    void Type(const std::string& text) {
+        keyboard.SetValue(text);
+        keyboard.KeyClick(KeyboardModel::OKKey);
     }
     /// Enters the browser at the top and chooses rows.
     template<class... Text> void Walk(const Text&... texts) {

@@ -41,10 +41,6 @@ class DatabaseTest : public BrowserTest {
                         Escape(song.path.substr(0, song.path.rfind('/') + 1)), song.track});
         }
     }
-    void Type(const std::string& text) {
-        keyboard.SetValue(text);
-        keyboard.KeyClick(KeyboardModel::OKKey);
-    }
     /// Makes every later query fail.
     void BreakDatabase() { db.Close(); }
 

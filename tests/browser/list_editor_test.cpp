@@ -1,5 +1,4 @@
 // Building and editing lists: the two lists of that mode, and what is saved.
-#include "platform/files.h"
 #include "tests/browser/browser_fixture.h"
 
 namespace vk::test {
@@ -40,19 +39,14 @@ class ListEditing : public BrowserTest {
     }
     void SaveAs(const std::string& name) {
         browser().SaveList();
-        keyboard.SetValue(name);
-        keyboard.KeyClick(KeyboardModel::OKKey);
-    }
-    void UseOfflineCatalogue() {
-        UseCatalogue();
-        known.state = DBStateValue::Offline;
+        Type(name);
     }
 
     const std::string lists = disk.MakeFolder("lists");
 };
 
 TEST_F(ListEditing, AFolderWalkIsCollectedAndSavedUnderAName) {
-    UseOfflineCatalogue();
+    UseCatalogue({}, DBStateValue::Offline);
     for (const char* other : {"presets.lst", "favorites.m3u"})
         core.app.Write(other, "96.5:A");
     BuildNew();
@@ -65,12 +59,10 @@ TEST_F(ListEditing, AFolderWalkIsCollectedAndSavedUnderAName) {
     EXPECT_EQ(state.CurrentPath, media);
     EXPECT_EQ(Right(), (Names{B1, D2}));
     EXPECT_EQ(rightList.iSelected, 1);
-    Names titles;
-    view.onTitle = [&](const std::string& title) { titles.push_back(title); };
     const auto begun = core.clock.TickMs();
     SaveAs(" Trip 1");
     EXPECT_EQ(disk.Read("lists/Trip 1.m3u"), Lines({"b.mp3", "c/d.mp3"}));
-    EXPECT_THAT(titles, Contains("Saved: Trip 1"));
+    EXPECT_THAT(view.titles, Contains("Saved: Trip 1"));
     EXPECT_EQ(core.clock.TickMs() - begun, 800);
     EXPECT_THAT(known.updated, ElementsAre(lists + "/Trip 1.m3u"));
     EXPECT_EQ(Shown(), "Trip 1 | [<...>] | <Edit This List> | " + B1 + " | " + D2);
@@ -93,10 +85,9 @@ TEST_F(ListEditing, AnEditedListIsUpdatedAndShownAgain) {
     EXPECT_EQ(keyboard.Mark(), KeyboardModel::OKKey);
     keyboard.KeyClick(KeyboardModel::EscKey);
     EXPECT_EQ(state.ListMode, ListBuild) << "Escape goes on editing";
-    Names titles;
-    view.onTitle = [&](const std::string& title) { titles.push_back(title); };
+    view.titles.clear();
     SaveAs("OLD");
-    EXPECT_EQ(titles.at(0), "OLD Has Been Updated ");
+    EXPECT_EQ(view.titles.at(0), "OLD Has Been Updated ");
     EXPECT_EQ(disk.Read("media/old.m3u"),
               Lines({"# SELECT Path FROM Media", "gone.mp3", "b.mp3", "c/d.mp3"}));
     EXPECT_EQ(view.loading, "1 file is not there.");
@@ -107,11 +98,9 @@ TEST_F(ListEditing, AnEditedListIsUpdatedAndShownAgain) {
 }
 
 TEST_F(ListEditing, OfAListOfAnotherProgramOnlyTheChosenEntryGoes) {
-    struct Case {
-        std::string name, before, removed, renamed; ///< what is saved without the second entry
-    };
+    using Case = std::array<std::string, 4>;
     const std::string address = "http://radio/live", here = media + "/";
-    for (const auto& [name, before, removed, renamed] :
+    for (const auto& [name, before, removed, renamed] : // the latter without the second entry
          {Case{"old.m3u8",
                "\xEF\xBB\xBF#EXTM3U\n#EXTINF:1,A\nA.MP3\n# mine\n#EXTINF:2,B\nfile://" + here +
                    "%62.mp3\ngone.mp3\n" + address,
@@ -148,7 +137,7 @@ TEST_F(ListEditing, OfAListOfAnotherProgramOnlyTheChosenEntryGoes) {
 }
 
 TEST_F(ListEditing, ANewNameTakesThePlaceOfTheOldOne) {
-    UseOfflineCatalogue();
+    UseCatalogue({}, DBStateValue::Offline);
     core.settings.values.PlaylistDir = media;
     Edit({"a.mp3"});
     SaveAs("new");
@@ -249,7 +238,7 @@ TEST_F(ListEditing, TheArrowsChangeListsAndRemoveRows) {
 }
 
 TEST_F(ListEditing, FavouritesStayOutOfTheCatalogue) {
-    UseOfflineCatalogue();
+    UseCatalogue({}, DBStateValue::Offline);
     core.app.Write("favorites.m3u", Lines({"b.mp3", "a.mp3"}));
     Walk("Favorites", "<Edit This List>");
     browser().ChooseRight();

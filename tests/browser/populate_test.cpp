@@ -79,8 +79,7 @@ TEST_F(Populate, OnlyTheArtistOfAllFilesIsLeftOut) {
 }
 
 TEST_F(Populate, TheTopFollowsTheCatalogueAndTheDisc) {
-    UseCatalogue();
-    known.state = DBStateValue::Rebuilding;
+    UseCatalogue({}, DBStateValue::Rebuilding);
     core.settings.values.CDDriveLetter = "/dev/sr0";
     core.volumes.drives = {{"/dev/sr0", DriveType::CdRom}};
     core.volumes.ready = {"/dev/sr0", cd};

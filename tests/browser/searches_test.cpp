@@ -49,23 +49,29 @@ TEST_F(SearchesTest, FourSearchesLookInTheirFields) {
     }
 }
 
-TEST_F(SearchesTest, ASavedTextIsSearchedForAgain) {
+TEST_F(SearchesTest, ASavedTextIsSearchedForAgainButNotByTheHistory) {
     Search(ByTitle, "It's");
     Steps({{"<",
             "Search Title  | <...> | [<New Search>] | It's",
             {"SQL:TextSearch", "SQL:SearchTitle|Title=''", "SQL:SearchTitle|Title='It's'"}},
            {"It's", "Search Title  : It's | [<...>] | Motörhead - It's Late"},
            {"<", "Search Title  | <...> | <New Search> | [It's]"}});
+    Search(ByTitle, "late");
+    Choose("Motörhead - It's Late");
+    EXPECT_EQ(core.settings.Read("main", "BrowseHistory"),
+              "SQL:BrowseAll/SQL:TextSearch/SQL:SearchTitle/SQL:SearchTitle|Title=''/FILE:" +
+                  media + "/rock/a.mp3");
+    state.RestoreHistory = true;
+    Enter(media);
+    EXPECT_EQ(view.title, "Text Search Options ");
+    EXPECT_FALSE(view.keyboard);
 }
 
 TEST_F(SearchesTest, WithoutATextTheMenuComesBack) {
     core.app.Write("searches_0.lst", "\xEF\xBB\xBFold\r\n\r\n  Bj\xF6rk\n");
     for (const bool escape : {true, false}) {
         AskFor(ByArtist);
-        if (escape)
-            browser().doquit();
-        else
-            Type("  ");
+        escape ? browser().doquit() : Type("  ");
         EXPECT_FALSE(view.keyboard);
         EXPECT_EQ(Shown(), "Search Artist  | <...> | [<New Search>] | old | Björk");
         Choose("<");
@@ -119,18 +125,6 @@ TEST_F(SearchesTest, AKeyLeadsToTheSearchesUnlessTextIsTyped) {
     browser().JumpToSearch();
     EXPECT_EQ(view.title, "Browse By Directory ");
     EXPECT_EQ(view.loading, "The media database is not available.");
-}
-
-TEST_F(SearchesTest, ASearchIsNotRunAgainByTheHistory) {
-    Search(ByTitle, "late");
-    Choose("Motörhead - It's Late");
-    EXPECT_EQ(core.settings.Read("main", "BrowseHistory"),
-              "SQL:BrowseAll/SQL:TextSearch/SQL:SearchTitle/SQL:SearchTitle|Title=''/FILE:" +
-                  media + "/rock/a.mp3");
-    state.RestoreHistory = true;
-    Enter(media);
-    EXPECT_EQ(view.title, "Text Search Options ");
-    EXPECT_FALSE(view.keyboard);
 }
 
 } // namespace vk::test

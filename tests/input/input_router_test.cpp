@@ -8,7 +8,6 @@
 #include "tests/support/recording_screen.h"
 
 namespace vk::test {
-namespace {
 
 using Calls = std::vector<std::string>;
 
@@ -277,5 +276,4 @@ TEST_F(InputRouterTest, DialogsComeFirstAndThenPower) {
     EXPECT_FALSE(router.Key("13"));
 }
 
-} // namespace
 } // namespace vk::test

@@ -18,7 +18,7 @@ struct RemoteFixture : CoreTest {
         remote.IRCommand = [this](const std::string& code, bool repeat) {
             commands.push_back(code);
             repeats += repeat;
-            if (onCommand) onCommand();
+            if (onCommand) std::exchange(onCommand, {})();
         };
     }
     /// Opens the receiver of `type` at port 2.
@@ -47,8 +47,8 @@ struct RemoteFixture : CoreTest {
 
     using Commands = std::vector<std::string>;
     Commands commands;
-    int repeats = 0; ///< of the commands: those of a button held on
-    std::function<void()> onCommand;
+    int repeats = 0;                 ///< of the commands: those of a button held on
+    std::function<void()> onCommand; ///< runs inside of the next one
     FakeUiThread ui;
     FakeSerialPort* port = nullptr; ///< of the receiver that was opened last
     bool portPresent = true;

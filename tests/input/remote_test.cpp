@@ -6,7 +6,6 @@
 #include <cmath>
 
 namespace vk::test {
-namespace {
 
 using RemoteTest = RemoteFixture;
 
@@ -42,7 +41,6 @@ TEST_F(RemoteTest, ABurstInPiecesIsOneCodeAndNoiseOrOneCutOffByACommandsEndIsNon
     EXPECT_EQ(commands.back(), "2") << "the line is usable right after noise";
     commands.clear();
     onCommand = [this] {
-        onCommand = {};
         clock.Advance(1000);
         Burst("\x02");         // while events run inside the command: who gets it decides
         port->Receive("\x03"); // cut off by the end of the command...
@@ -75,10 +73,7 @@ TEST_F(RemoteTest, AHeldButtonRepeatsAndTheLearningPageGetsEveryCode) {
     settings.values.UseDelay = false;
     clock.Advance(5000);
     EXPECT_EQ(hold(8), Told(4, 3)) << "without the delay at the pace from the start";
-    onCommand = [this] {
-        onCommand = {};
-        clock.Sleep(2000); // a command that lets no events run
-    };
+    onCommand = [this] { clock.Sleep(2000); }; // a command that lets no events run
     EXPECT_EQ(hold(3), Told(2, 2)) << "the button was held all the time";
     clock.Advance(1000);
     remote.learn = "learn";
@@ -133,7 +128,6 @@ TEST_F(RemoteTest, ACommandMayFailOrChangeTheReceiver) {
         EXPECT_TRUE(remote.InitRemote());
     };
     Burst("\x02");
-    onCommand = {};
     x10->X10Command("A", "Play");
     EXPECT_EQ(commands, (Commands{"1", "2", "APlay"}));
     devices.x10 = [] { return nullptr; };
@@ -167,12 +161,7 @@ std::string Marks(RepeatFilter& filter, const RepeatBounds& bounds,
 constexpr RepeatBounds Bounds{0.25F, 1.25F}; // repeating begins from 1.25 to 1.75 s
 
 TEST(RepeatFilterTest, LetsThroughWhatTheBoundsSay) {
-    const struct {
-        const char* what;
-        RepeatBounds bounds;
-        std::vector<Hold> holds;
-        const char* marks;
-    } cases[] = {
+    const std::tuple<const char*, RepeatBounds, std::vector<Hold>, const char*> cases[] = {
         {"after the delay at the pace", Bounds, {{"a", 10, 11.75}}, "P.........R.R.R"},
         {"taps", Bounds, {{"a", 10, 10}, {"a", 10.5, 10.625}, {"a", 11, 11}}, "PP.P"},
         {"nor taps faster", {0.5F, 0}, {{"a", 10, 10}, {"a", 10.375, 10.5}}, "P.R"},
@@ -184,9 +173,9 @@ TEST(RepeatFilterTest, LetsThroughWhatTheBoundsSay) {
         {"no delay", {0.25F, 0}, {{"a", 10, 11.875}}, "P.R.R.R.R.R.R.R."},
         {"no bounds", {0, 0}, {{"a", 10, 10.125}, {"a", 10.625, 10.625}}, "PRP"},
     };
-    for (const auto& c : cases) {
+    for (const auto& [what, bounds, holds, marks] : cases) {
         RepeatFilter filter;
-        EXPECT_EQ(Marks(filter, c.bounds, c.holds), c.marks) << c.what;
+        EXPECT_EQ(Marks(filter, bounds, holds), marks) << what;
     }
     // After a long command the repeating begins inside of the band only.
     for (const auto& [end, marks] : {std::pair(11.5, "R.R"), {12.0, "R.."}}) {
@@ -197,5 +186,4 @@ TEST(RepeatFilterTest, LetsThroughWhatTheBoundsSay) {
     }
 }
 
-} // namespace
 } // namespace vk::test

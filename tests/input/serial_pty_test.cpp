@@ -5,7 +5,6 @@
 #include "tests/support/events.h"
 
 namespace vk::test {
-namespace {
 
 struct SerialPtyTest : RemoteFixture {
     SerialPtyTest() {
@@ -71,5 +70,4 @@ TEST(SerialSettingsTest, ReadsTheFourFieldsAndNothingElse) {
     EXPECT_EQ(SerialPortName(std::string_view("COM3")), "");
 }
 
-} // namespace
 } // namespace vk::test

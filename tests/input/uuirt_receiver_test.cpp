@@ -10,7 +10,6 @@
 #include <semaphore>
 
 namespace vk::test {
-namespace {
 
 constexpr int NoDevice = 0x20000001;
 
@@ -38,8 +37,7 @@ struct UuirtTest : RemoteFixture {
         EXPECT_EQ(dialogs.shown, Commands{}) << "it waits for the menu";
         screens.CurrentForm = "velkorandum";
         clock.Advance(1000);
-        for (const std::string& title : dialogs.titles)
-            EXPECT_EQ(title, "ERROR");
+        EXPECT_THAT(dialogs.titles, testing::Each("ERROR"));
         return dialogs.shown;
     }
 
@@ -181,5 +179,4 @@ TEST(QtUiThreadTest, WorkOfOtherThreadsRunsOnThisOne) {
     EXPECT_EQ(ran, std::vector{here});
 }
 
-} // namespace
 } // namespace vk::test

@@ -5,17 +5,9 @@
 #include "playback/audio/audio_player.h"
 #include "playback/audio/file_source.h"
 #include "tests/sim/recording_player.h"
-#include "tests/support/core_fixture.h"
+#include "tests/support/core_test.h"
 #include "tests/support/recording_screen.h"
 #include "tests/support/sound_card.h"
-
-#include <gmock/gmock.h>
-
-#include <map>
-#include <memory>
-#include <string>
-#include <utility>
-#include <vector>
 
 namespace vk::test {
 

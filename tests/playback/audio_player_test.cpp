@@ -12,10 +12,8 @@ struct AudioPlayerTest : testing::Test, AudioFixture {
         for (int tick = 0; tick < ticks + 2; ++tick) {
             const int row = list.iSelected, loud = level;
             process.wire.sent.clear();
-            if (tick == ticks)
-                player().buttons().Release(inside);
-            else
-                clock.Advance(tick < ticks ? 100 : 600);
+            tick == ticks ? player().buttons().Release(inside)
+                          : clock.Advance(tick < ticks ? 100 : 600);
             seen += list.iSelected > row ? 'D' : list.iSelected < row ? 'U' : '.';
             if (level != loud) seen.back() = level > loud ? '+' : '-';
             for (const auto& [command, letter] :
@@ -110,20 +108,16 @@ TEST_F(AudioPlayerTest, QuitsToTheMenu) {
 TEST_F(AudioPlayerTest, HoldsAndClicksTheStepButtonsAndStrips) {
     Play(50, 25);
     level = 500;
-    const struct {
-        HeldAction action;
-        std::int16_t repeatAfter;
-        int ticks;
-        const char* trace;
-    } cases[] = {{HeldVolUp, 4, 7, "+++++++.."},    {HeldVolDown, 4, 7, "-------.."},
-                 {HeldForward, 4, 7, "....FFF.."},  {HeldRewind, 2, 7, "..RRRRR.."},
-                 {HeldScrollUp, 4, 7, "U...UUU.."}, {HeldScrollDown, 0, 7, "DDDDDDD.."},
-                 {HeldForward, 0, 7, ".FFFFFF.."},  {HeldForward, 4, 4, "......"},
-                 {HeldForward, 4, 3, "...N."},      {HeldRewind, 4, 3, "...P."},
-                 {HeldForward, 4, 0, "N."},         {HeldVolUp, 4, 0, "+."},
-                 {HeldScrollDown, 4, 0, "D."}};
-    for (const auto& held : cases)
-        EXPECT_EQ(Trace(held.action, held.repeatAfter, held.ticks), held.trace) << held.action;
+    const std::tuple<HeldAction, std::int16_t, int, const char*> cases[] = {
+        {HeldVolUp, 4, 7, "+++++++.."},    {HeldVolDown, 4, 7, "-------.."},
+        {HeldForward, 4, 7, "....FFF.."},  {HeldRewind, 2, 7, "..RRRRR.."},
+        {HeldScrollUp, 4, 7, "U...UUU.."}, {HeldScrollDown, 0, 7, "DDDDDDD.."},
+        {HeldForward, 0, 7, ".FFFFFF.."},  {HeldForward, 4, 4, "......"},
+        {HeldForward, 4, 3, "...N."},      {HeldRewind, 4, 3, "...P."},
+        {HeldForward, 4, 0, "N."},         {HeldVolUp, 4, 0, "+."},
+        {HeldScrollDown, 4, 0, "D."}};
+    for (const auto& [action, repeatAfter, ticks, trace] : cases)
+        EXPECT_EQ(Trace(action, repeatAfter, ticks), trace) << action;
     EXPECT_EQ(Trace(HeldForward, 4, 2, false), "....") << "the finger has slid off";
     player().buttons().Press(HeldForward);
     EXPECT_EQ(view.buttons[PlayerButton::FastForward], "ffsel.gif");

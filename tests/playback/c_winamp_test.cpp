@@ -4,8 +4,7 @@
 
 namespace vk::test {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
+using testing::ElementsAre, testing::IsEmpty;
 
 struct WinampTest : CoreTest {
     RecordingPlayer player;

@@ -2,8 +2,7 @@
 
 namespace vk::test {
 
-using testing::Each;
-using testing::HasSubstr;
+using testing::Each, testing::HasSubstr;
 
 struct FileSourceTest : testing::Test, AudioFixture {
     void Resume(std::int32_t seconds) {

@@ -1,8 +1,5 @@
-#include "platform/files.h"
 #include "tests/playback/audio_fixture.h"
 #include "tests/support/action_table.h"
-
-#include <filesystem>
 
 namespace vk::test {
 

@@ -56,11 +56,7 @@ TEST_F(PlayerWatchTest, OneThatIsMissingOrNeverListensCostsOneMessageAndGrowingP
 }
 
 TEST_F(PlayerWatchTest, MusicThatEndsWithItsProcessIsLeftAndNoOtherScreen) {
-    struct Case {
-        const char *form, *after;
-        bool visualised;
-    };
-    for (const auto& [form, after, visualised] : {Case{"playmp3", "velkorandum", false},
+    for (const auto& [form, after, visualised] : {std::tuple("playmp3", "velkorandum", false),
                                                   {"playmp3", "velkorandum", true},
                                                   {"playlists", "playlists", false}}) {
         Play(3, 2);

@@ -1,7 +1,5 @@
 #include "playback/audio/track_list.h"
-#include "tests/support/temp_folder.h"
-
-#include <gmock/gmock.h>
+#include "tests/support/core_test.h"
 
 namespace vk::test {
 

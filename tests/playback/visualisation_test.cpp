@@ -3,14 +3,9 @@
 #include "tests/sim/fake_windows.h"
 
 namespace vk::test {
-namespace {
 
 ForeignWindow Named(WindowHandle handle, const std::string& title, int side) {
-    ForeignWindow window;
-    window.handle = handle;
-    window.title = title;
-    window.area = {0, 0, side, side};
-    return window;
+    return {.handle = handle, .title = title, .area = {0, 0, side, side}};
 }
 
 /// The windows of a screen; one that is asked to close goes, unless it hangs.
@@ -190,11 +185,9 @@ TEST_F(VisualisationTest, TheNextOneIsThatOfTheListWhateverStandsInIt) {
     app.MakeFolder("plugins");
     app.Write("plugins/b.dll", "[visualisation]\nname=The Second\nscene=scope\n");
     app.Write("plugins/c.dll", std::string("MZ\0\x90", 4) + std::string(9000, 'x'));
-    struct Case {
-        std::string file, chosen, name, next;
-    };
+    using Case = std::array<std::string, 4>;
     const std::string huge(VisListLimit * 50, '\n');
-    for (const Case& c :
+    for (const auto& [file, chosen, name, next] :
          {Case{"a.dll\r\nb.dll\r\n", "a.dll", "The Second", "b.dll"},
           {"a.dll\nb.dll", "B.DLL", "a", "a.dll"},
           {"../b.dll\n" + std::string(200, 'y') + "\n\x01\n c.dll \n", "gone", "c", "c.dll"},
@@ -202,15 +195,14 @@ TEST_F(VisualisationTest, TheNextOneIsThatOfTheListWhateverStandsInIt) {
           {"a.dll", "a.dll", "No other visualisation", "a.dll"},
           {std::string(1 << 20, 'z'), "x.dll", "No other visualisation", "x.dll"},
           {"", "x.dll", "No other visualisation", "x.dll"}}) {
-        app.Write("VNFO.dat", c.file);
-        app.Write("winamp.ini", "[Winamp]\nvisplugin_name=" + c.chosen + "\n");
+        app.Write("VNFO.dat", file);
+        app.Write("winamp.ini", "[Winamp]\nvisplugin_name=" + chosen + "\n");
         clock.Advance(10000);
         Press("78");
-        EXPECT_EQ(view.clocks.back(), c.name);
-        EXPECT_EQ(VisChoice(settings).File(), c.next) << c.name;
-        EXPECT_EQ(settings.Get(setting::VisWindowName) == c.name, c.next != c.chosen);
+        EXPECT_EQ(view.clocks.back(), name);
+        EXPECT_EQ(VisChoice(settings).File(), next) << name;
+        EXPECT_EQ(settings.Get(setting::VisWindowName) == name, next != chosen);
     }
 }
 
-} // namespace
 } // namespace vk::test

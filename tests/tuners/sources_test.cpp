@@ -12,10 +12,8 @@
 #include "tuners/xm/xm_source.h"
 
 namespace vk::test {
-namespace {
 
-using testing::Contains;
-using testing::HasSubstr;
+using testing::Contains, testing::HasSubstr;
 
 struct TunersTest : testing::Test, AudioFixture {
     FakeRadio radio;
@@ -201,10 +199,7 @@ TEST_F(TunersTest, FMIsTunedByStepsSeeksAndPresets) {
     EXPECT_EQ(line, 1) << "as it was found";
     EXPECT_FALSE(radio.on || route.Running());
     EXPECT_EQ(settings.Get(setting::currentfreq), *ParseDecimal(added));
-}
-
-TEST_F(TunersTest, AFrequencyOutsideOfTheBandIsCorrected) {
-    settings.Write("dlink_tuner", "currentfreq", "");
+    settings.Write("dlink_tuner", "currentfreq", ""); // outside of the band
     Tuner(PlayFM);
     EXPECT_EQ(view.artist, "FM 87.70 MHz");
     EXPECT_EQ(settings.Read("dlink_tuner", "currentfreq"), "87.7");
@@ -246,22 +241,17 @@ TEST_F(TunersTest, XMPlaysAChannelAndShowsWhatItTells) {
 
 TEST_F(TunersTest, ALostSignalIsToldAndSilent) {
     Tuner(PlayXM);
-    const struct {
-        int signal, antenna;
-        const char* caption;
-        int mute;
-    } cases[] = {{0, 1, "-No Signal-", 1},
-                 {3, 1, "Artist 2", 0},
-                 {0, 0, "-Antenna Disconnected-", 1},
-                 {3, 3, "Artist 2", 0}};
     player().MoveAhead();
     clock.Advance(1000);
-    for (const auto& c : cases) {
-        receiver.script.signal = c.signal;
-        receiver.script.antenna = c.antenna;
+    for (const auto& [signal, antenna, caption, mute] : {std::tuple(0, 1, "-No Signal-", 1),
+                                                         {3, 1, "Artist 2", 0},
+                                                         {0, 0, "-Antenna Disconnected-", 1},
+                                                         {3, 3, "Artist 2", 0}}) {
+        receiver.script.signal = signal;
+        receiver.script.antenna = antenna;
         clock.Advance(3000);
-        EXPECT_EQ(view.artist, c.caption);
-        EXPECT_EQ(disc, c.mute);
+        EXPECT_EQ(view.artist, caption);
+        EXPECT_EQ(disc, mute);
     }
 }
 
@@ -325,19 +315,15 @@ TEST_F(TunersTest, AChannelFromTheBrowserReplacesTheMusic) {
     audio.PlayMode = PlayXM; // as the browser hands it over
     audio.ListFile = app.File("xm_current.lst");
     audio.ListTitle = "My list";
-    audio.CurrentChannel = 9;
-    audio.bStartPlaying = true;
-    Command(&AudioPlayer::ReDisplay);
-    clock.Advance(3000);
-    EXPECT_EQ(Heard(), "XM ");
-    EXPECT_EQ(receiver.tuned, 9);
-    EXPECT_EQ(list.ItemCount(), 2);
-    audio.CurrentChannel = 7;
-    audio.bStartPlaying = true;
-    Command(&AudioPlayer::ReDisplay);
-    clock.Advance(3000);
-    EXPECT_EQ(receiver.tuned, 7);
-    EXPECT_EQ(disc, 0);
+    for (const int channel : {9, 7}) {
+        audio.CurrentChannel = static_cast<std::int16_t>(channel);
+        audio.bStartPlaying = true;
+        Command(&AudioPlayer::ReDisplay);
+        clock.Advance(3000);
+        EXPECT_EQ(Heard(), "XM ");
+        EXPECT_EQ(receiver.tuned, channel);
+        EXPECT_EQ(list.ItemCount(), 2);
+    }
 }
 
 TEST_F(TunersTest, AThousandRandomChangesLeaveOneSourceSounding) {
@@ -345,46 +331,34 @@ TEST_F(TunersTest, AThousandRandomChangesLeaveOneSourceSounding) {
     const auto next = [&](std::uint32_t below) {
         return ((seed = seed * 1664525 + 1013904223) >> 16) % below;
     };
+    const auto maybe = [&](PlayModeValue mode) { return audio.PlayMode == mode || next(2) == 0; };
+    const std::vector<std::function<void()>> changes = {
+        [&] { settings.values.dlink_enabled = maybe(PlayFM); },
+        [&] { settings.values.xmpcr_enabled = maybe(PlayXM); },
+        [&] { state.FirstRadioType = static_cast<std::int32_t>(next(2)); },
+        [&] {
+            Command(&AudioPlayer::doquit);
+            EXPECT_EQ(Heard(), "");
+            clock.Advance(1000);
+            EXPECT_TRUE(line == 1 && disc == 0);
+            Play(9);
+        },
+        [&] { Command(&AudioPlayer::MoveAhead); },
+        [&] {
+            if (xm->On()) receiver.tuned = 0, port->Unplug();
+            port->present = true;
+        },
+        [&] { radio.there = !radio.there; },
+        [&] { receiver.script.signal = static_cast<int>(next(2)) * 3; }};
     radio.stereo = {1770, 1930};
     line = 1;
     Play(9);
     for (int i = 0; i < 1000; ++i) {
-        Settings& s = settings.values;
-        switch (next(12)) {
-        case 0:
-            s.dlink_enabled = audio.PlayMode == PlayFM || next(2) == 0;
-            break;
-        case 1:
-            s.xmpcr_enabled = audio.PlayMode == PlayXM || next(2) == 0;
-            break;
-        case 2:
-            state.FirstRadioType = static_cast<std::int32_t>(next(2));
-            break;
-        case 3:
-            Command(&AudioPlayer::doquit);
-            EXPECT_EQ(Heard(), "") << i;
-            clock.Advance(1000);
-            EXPECT_EQ(line, 1) << i;
-            EXPECT_EQ(disc, 0) << i;
-            Play(9);
-            break;
-        case 4:
-            Command(&AudioPlayer::MoveAhead);
-            break;
-        case 5:
-            if (xm->On()) {
-                receiver.tuned = 0;
-                port->Unplug();
-            }
-            port->present = true;
-            break;
-        case 6:
-            radio.there = !radio.there;
-            break;
-        case 7:
-            receiver.script.signal = static_cast<int>(next(2)) * 3;
-            break;
-        default:
+        SCOPED_TRACE(i);
+        const auto change = next(12);
+        if (change < changes.size()) {
+            changes[change]();
+        } else {
             clock.onEvents = [&] { // a press in the middle of it
                 if (next(40) == 0) Press();
             };
@@ -393,14 +367,13 @@ TEST_F(TunersTest, AThousandRandomChangesLeaveOneSourceSounding) {
         }
         clock.Advance(static_cast<int>(next(3000)));
         const std::string heard = Heard();
-        EXPECT_LE(std::ranges::count(heard, ' '), 1) << heard << " after " << i;
+        EXPECT_LE(std::ranges::count(heard, ' '), 1) << heard;
         const char* plays[] = {"", "FM ", "XM ", "audio "};
         EXPECT_TRUE(heard.empty() || heard == plays[audio.PlayMode])
-            << heard << "is heard, but it is " << audio.PlayMode << " after " << i;
+            << heard << "is heard, but it is " << audio.PlayMode;
         const bool tuner = audio.PlayMode == PlayFM || audio.PlayMode == PlayXM;
-        EXPECT_EQ(view.mediaType, tuner ? "radio.gif" : "mp3icon.gif") << i;
+        EXPECT_EQ(view.mediaType, tuner ? "radio.gif" : "mp3icon.gif");
     }
 }
 
-} // namespace
 } // namespace vk::test

@@ -2,23 +2,17 @@
 #pragma once
 
 #include "tests/sim/xm/sim_receiver.h"
-#include "tests/support/core_fixture.h"
+#include "tests/support/core_test.h"
 #include "tests/support/fake_serial_port.h"
 #include "tests/support/recording_screen.h"
 #include "tuners/xm/frames.h"
 #include "tuners/xm/frm_xm_ctl.h"
 
-#include <gmock/gmock.h>
-
-#include <memory>
-#include <string>
-#include <vector>
-
 namespace vk::test {
 
 using testing::ElementsAre;
 
-struct XMFixture : CoreFixture {
+struct XMTest : CoreTest {
     ChannelTable channels;
     SerialList ports;
     FakeSerialPort* port = new FakeSerialPort;
@@ -31,7 +25,7 @@ struct XMFixture : CoreFixture {
     std::int64_t start = 0; ///< times of `frames` count from here
     std::unique_ptr<frmXMCtl> made;
 
-    XMFixture() {
+    XMTest() {
         ports[2] = {"XMPCR", "/dev/x"};
         receiver.script.delayMs = 5;
         port->onOutput = [this](std::string_view bytes) {
@@ -46,13 +40,12 @@ struct XMFixture : CoreFixture {
             .ports = [this] { return ports; },
             .line = {[this] { line.push_back("mute"); }, [this] { line.push_back("restore"); }},
             .plays = [this] { return plays; }});
-        made->listener = {
-            .UpdateChanInfo =
-                [this](int channel, bool shown) {
-                    told.push_back(std::to_string(channel) + (shown ? " shown" : ""));
-                },
-            .RemoveChannel =
-                [this](int channel) { told.push_back("no " + std::to_string(channel)); }};
+        made->listener.UpdateChanInfo = [this](int channel, bool shown) {
+            told.push_back(std::to_string(channel) + (shown ? " shown" : ""));
+        };
+        made->listener.RemoveChannel = [this](int channel) {
+            told.push_back("no " + std::to_string(channel));
+        };
     }
     frmXMCtl& xm() { return *made; }
     const XMState& State() { return made->State(); }
@@ -87,13 +80,9 @@ struct XMFixture : CoreFixture {
     void Say(const std::string& payload) { port->Receive(Frame(payload)); }
 };
 
-struct XMTest : testing::Test, XMFixture {};
-
 /// A payload of `size` bytes, zero but for the first ones.
 inline std::string Payload(std::size_t size, std::initializer_list<int> first) {
-    std::string text;
-    for (const int byte : first)
-        text += static_cast<char>(byte);
+    std::string text(first.begin(), first.end());
     text.resize(size);
     return text;
 }

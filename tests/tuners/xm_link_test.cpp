@@ -2,11 +2,8 @@
 #include "tests/tuners/xm_fixture.h"
 
 namespace vk::test {
-namespace {
 
-using testing::Contains;
-using testing::HasSubstr;
-using testing::StartsWith;
+using testing::Contains, testing::HasSubstr, testing::StartsWith;
 
 TEST_F(XMTest, OpensTheLinkFrameByFrame) {
     settings.Write("xmpcr_tuner", "port", "3");
@@ -15,13 +12,10 @@ TEST_F(XMTest, OpensTheLinkFrameByFrame) {
     port->Receive("early");
     clock.Advance(700);
     EXPECT_THAT(port->opened, ElementsAre("/dev/x 9600,N,8,1"));
-    const std::string at[] = {"2: ", "142: ", "282: ", "422: "}; // the first step is the port's
-    ASSERT_GE(frames.size(), 5u);
-    EXPECT_EQ(frames[0], at[0] + "5A A5 00 03 74 00 01 74 0D");
-    EXPECT_EQ(frames[1], at[1] + "5A A5 00 04 74 02 01 01 74 0D");
-    EXPECT_EQ(frames[2], at[2] + "5A A5 00 03 74 0B 00 74 0D");
-    EXPECT_EQ(frames[3], at[3] + Power);
-    EXPECT_THAT(frames[4], HasSubstr(Signal)) << "in front of the ID's";
+    // The first step is the port's; the signal is asked for in front of the ID.
+    EXPECT_THAT(frames,
+                ElementsAre("2: 5A A5 00 03 74 00 01 74 0D", "142: 5A A5 00 04 74 02 01 01 74 0D",
+                            "282: 5A A5 00 03 74 0B 00 74 0D", "422: " + Power, HasSubstr(Signal)));
     clock.Advance(140);
     EXPECT_EQ(Sent("5A A5 00 01 31 ED ED"), 1);
     EXPECT_EQ(State().receiverId, "VK654321");
@@ -36,11 +30,8 @@ TEST_F(XMTest, WalksThePortsUntilOneAnswers) {
     for (std::size_t i = 0; i < ports.size(); ++i)
         ports[i] = {"P" + std::to_string(i + 1), "/dev/" + std::to_string(i + 1)};
     ports[3] = {};
-    const struct {
-        const char *saved, *name;
-        std::set<std::string> inUse;
-        std::string receiver, tried; ///< the numbers of the ports that were opened
-    } cases[] = {
+    using Ports = std::set<std::string>;
+    const std::tuple<std::string, std::string, Ports, std::string, std::string> cases[] = {
         {"", "", {}, "/dev/2", "1 2 "},
         {"5", "", {}, "/dev/2", "5 1 2 "},
         {"5", "P5", {"/dev/5"}, "/dev/3", "5 2 3 "}, // in use: the walk begins at COM2
@@ -50,22 +41,22 @@ TEST_F(XMTest, WalksThePortsUntilOneAnswers) {
         {"5", "Gone", {}, "/dev/1", "1 "},
         {"", "", {}, "", "1 2 3 5 6 7 8 9 10 11 12 13 14 15 "}, // never COM16
     };
-    for (const auto& c : cases) {
-        settings.Write("xmpcr_tuner", "port", c.saved);
-        settings.Write("xmpcr_tuner", "portname", c.name);
-        port->inUse = c.inUse;
+    for (const auto& [saved, name, inUse, answers, expected] : cases) { // numbers of ports
+        settings.Write("xmpcr_tuner", "port", saved);
+        settings.Write("xmpcr_tuner", "portname", name);
+        port->inUse = inUse;
         port->opened.clear();
-        receiverAt = c.receiver;
+        receiverAt = answers;
         xm().Form_Load();
         for (int i = 0; i < 100 && xm().Searching(); ++i)
             clock.Advance(1000);
         std::string tried;
-        for (const std::string& name : port->opened)
-            tried += name.substr(5, name.find(' ') - 4);
-        EXPECT_EQ(tried, c.tried) << c.saved << c.name;
-        EXPECT_EQ(xm().On(), !c.receiver.empty());
+        for (const std::string& opened : port->opened)
+            tried += opened.substr(5, opened.find(' ') - 4);
+        EXPECT_EQ(tried, expected) << saved << name;
+        EXPECT_EQ(xm().On(), !answers.empty());
         EXPECT_EQ(xm().page.lbXMStatus,
-                  c.receiver.empty() ? "No XMPCR Found" : "XM PowerOn response returned");
+                  answers.empty() ? "No XMPCR Found" : "XM PowerOn response returned");
         xm().PowerDown();
     }
     EXPECT_TRUE(Logged("response timeout on port: P5 (COM5)"));
@@ -193,25 +184,18 @@ TEST_F(XMTest, AsksOnceMoreThenGivesTheLinkUpUntilItIsTurnedOffAndOn) {
 
 TEST_F(XMTest, ALostAnswerIsAskedForAgain) {
     receiver.AddChannels(4);
-    const struct {
-        int lost;
-        bool tuned;
-        const char* asked; ///< by the retry
-    } cases[] = {
-        {0x90, true, "5A A5 00 06 10 02 03 00 00 01 ED ED"}, // while notifications flow
-        {0xC3, true, "5A A5 00 06 10 02 03 00 00 01 ED ED"},
-        {0xC3, false, "5A A5 00 01 43 ED ED"},
-    };
-    for (const auto& c : cases) {
-        c.tuned ? Tune(3) : TurnOn();
-        receiver.script.lost = {{c.lost, 1}};
-        if (c.lost == 0x90) xm().SetChannel(4);
+    const std::string tune = "5A A5 00 06 10 02 03 00 00 01 ED ED";
+    for (const auto& [lost, tuned, asked] : // by the retry; the first while notifications flow
+         {std::tuple(0x90, true, tune), {0xC3, true, tune}, {0xC3, false, Signal}}) {
+        tuned ? Tune(3) : TurnOn();
+        receiver.script.lost = {{lost, 1}};
+        if (lost == 0x90) xm().SetChannel(4);
         for (int i = 0; i < 12 && !Logged("clearing queues and retrying"); ++i) {
             clock.Advance(1000);
-            if (c.lost == 0x90) receiver.Notify();
+            if (lost == 0x90) receiver.Notify();
         }
         EXPECT_TRUE(Logged("clearing queues and retrying"));
-        EXPECT_GE(Sent(c.asked), 1);
+        EXPECT_GE(Sent(asked), 1);
         EXPECT_TRUE(xm().SetChannel(2));
         clock.Advance(1000);
         EXPECT_EQ(State().currentChannel, 2);
@@ -343,5 +327,4 @@ TEST_F(XMTest, NoiseNeitherStopsTheSystemNorTheNextStart) {
     TurnOn();
 }
 
-} // namespace
 } // namespace vk::test

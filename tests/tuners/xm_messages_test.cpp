@@ -3,7 +3,6 @@
 #include "tuners/xm/signal_level.h"
 
 namespace vk::test {
-namespace {
 
 using namespace std::string_literals;
 
@@ -42,14 +41,11 @@ TEST(SignalLevel, GivesWhatIsAboveBothOthers) {
     EXPECT_EQ(TerrestrialPercent(0), 99.9);
     EXPECT_EQ(TerrestrialPercent(68), 90);
     EXPECT_EQ(TerrestrialPercent(65535), 0);
-    const struct {
-        int level;
-        double percent;
-    } cases[] = {{0, 0},   {6, 0},   {18, 20}, {49, 71.667}, {52, 77.5},
-                 {54, 80}, {58, 85}, {66, 95}, {68, 99.9},   {255, 99.9}};
-    for (const auto& c : cases)
-        EXPECT_NEAR(SatellitePercent(static_cast<std::uint8_t>(c.level)), c.percent, 0.01)
-            << c.level;
+    const std::pair<std::uint8_t, double> cases[] = {{0, 0},     {6, 0},     {18, 20}, {49, 71.667},
+                                                     {52, 77.5}, {54, 80},   {58, 85}, {66, 95},
+                                                     {68, 99.9}, {255, 99.9}};
+    for (const auto& [level, percent] : cases)
+        EXPECT_NEAR(SatellitePercent(level), percent, 0.01) << int(level);
     EXPECT_EQ(SignalPercent(71.667, 20, 5), 72);
     EXPECT_EQ(SignalPercent(20, 99.9, 5), 100);
     EXPECT_EQ(SignalPercent(50, 50, 5), 0) << "the highest is shared";
@@ -95,7 +91,7 @@ TEST_F(XMMessagesTest, ChannelInformationFillsTheTable) {
     EXPECT_FALSE(channels.channelListReady) << "no scan is under way";
 }
 
-TEST_F(XMMessagesTest, NotificationsTellOfTheTunedChannel) {
+TEST_F(XMMessagesTest, NotificationsTellOfTheTunedChannelAndAFailedMonitorIsAskedAfter) {
     const auto told3 = [](int type, int flag) { return Payload(36, {type, 9, flag}); };
     Say(With(With(told3(0xD3, 1), 3, "The Situation Ro"), 19, "Title"));
     EXPECT_EQ(Playing(), "The Situation Room|Title");
@@ -115,6 +111,9 @@ TEST_F(XMMessagesTest, NotificationsTellOfTheTunedChannel) {
     EXPECT_EQ(State().trackElapsed, 77);
     Say(Payload(9, {0xD6, 0, 0, 0, 0, 9, 9, 9, 9}));
     EXPECT_EQ(State().trackDuration, 258);
+    Say(Payload(4, {0xD0, 7, 0, 1}));
+    clock.Advance(200);
+    EXPECT_EQ(Sent("5A A5 00 04 25 08 07 00 ED ED"), 1);
 }
 
 TEST_F(XMMessagesTest, AReceiverThatGoesOffByItselfIsLeftAndFoundAgain) {
@@ -123,12 +122,6 @@ TEST_F(XMMessagesTest, AReceiverThatGoesOffByItselfIsLeftAndFoundAgain) {
     xm().PowerDown();
     EXPECT_FALSE(port->PortOpen());
     TurnOn();
-}
-
-TEST_F(XMMessagesTest, AFailedMonitorAsksForTheChannel) {
-    Say(Payload(4, {0xD0, 7, 0, 1}));
-    clock.Advance(200);
-    EXPECT_EQ(Sent("5A A5 00 04 25 08 07 00 ED ED"), 1);
 }
 
 TEST_F(XMMessagesTest, WhatIsShortOrUnknownIsALineInTheLogAtMost) {
@@ -155,5 +148,4 @@ TEST_F(XMMessagesTest, TheLogTellsOfEachByteWhenAsked) {
     EXPECT_TRUE(Logged("new queue size: 0"));
 }
 
-} // namespace
 } // namespace vk::test
