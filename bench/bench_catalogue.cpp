@@ -266,7 +266,7 @@ struct LargeBrowser {
     }
 
     Large& large = LargeCatalogue();
-    BrowserState state{.CurrentPath = large.media.Path()};
+    BrowserState state{.CurrentPath = large.media.Path(), .Played = ""};
     AudioState audio;
     VideoState video;
     SoundCard sound{large};

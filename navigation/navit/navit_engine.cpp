@@ -390,7 +390,7 @@ void NavitEngine::ClosePort() {
 
 void NavitEngine::SetThreeD(bool on) {
     EngineSettings wanted;
-    wanted[Pitch] = on ? ThreeDPitch : "0";
+    wanted[Pitch] = std::string(on ? ThreeDPitch : "0");
     SetSettings(wanted);
 }
 
