@@ -21,7 +21,7 @@ struct ForeignWindowsTest : testing::TestWithParam<bool>, Desktop {
         xcb_flush(connection);
     }
     WindowHandle StartTerminal() {
-        const std::string script = "read line; echo \"$line\" > line; exec sleep 1000";
+        const std::string script = "read line && echo \"$line\" > line && exec sleep 1000";
         terminal = Start("/usr/bin/xterm", {"-T", "a probe", "-e", "/bin/sh", "-c", script});
         EXPECT_TRUE(Soon([&] { return Terminal().visible; }));
         return Terminal().handle;
