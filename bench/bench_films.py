@@ -179,7 +179,8 @@ class Films(DemoSystem):
         for _ in range(MENUS):
             self.press("Return")
             took.append(self.until("the menu of the disc", self.marked))
-            self.answer_message()
+            if len(took) == 1:
+                self.answer_message()
             time.sleep(2)
             self.press("Escape")
             self.until("the menu", lambda: not self.marked())
