@@ -18,7 +18,7 @@ constexpr std::size_t LongestLine = 4096;
 // It writes many temporary files where it stands, and tells of its progress on its error stream.
 // Unknown countries are kept: a regional extract holds no whole border.
 constexpr const char* Script =
-    R"(mkdir -p "$1" && cd "$1" && exec nice -n 5 "$2" -U $4 -i "$3" new.bin 2>&1)";
+    R"(cd "$1" && exec nice -n 5 "$2" -U $4 -i "$3" new.bin 2>&1)";
 
 const char* KindOf(const std::string& extract) {
     if (extract.ends_with(".pbf")) return "--protobuf";
@@ -28,6 +28,13 @@ const char* KindOf(const std::string& extract) {
 void Remove(const std::string& folder) {
     std::error_code ignored;
     std::filesystem::remove_all(folder, ignored);
+}
+
+// Not by the shell: its `mkdir` would outlive it when it is killed, and leave a folder behind.
+void MakeAnew(const std::string& folder) {
+    Remove(folder);
+    std::error_code ignored; // who cannot enter it tells
+    std::filesystem::create_directories(folder, ignored);
 }
 
 } // namespace
@@ -49,7 +56,7 @@ void MapMaker::Start(const std::string& extract, const std::string& map) {
     folder_ = map + ".making";
     if (!Installed()) return Finish("The program maptool is not installed");
     if (!FileExists(extract)) return Finish("There is no file " + extract);
-    Remove(folder_);
+    MakeAnew(folder_);
     child_ = make_();
     child_->onOutput = [this](std::string_view bytes) {
         said_ += bytes;
