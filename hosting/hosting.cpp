@@ -1,6 +1,7 @@
 #include "hosting/hosting.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace vk {
 
@@ -38,12 +39,11 @@ bool Hosting::Select(const std::string& name) {
 }
 
 void Hosting::TakeUpAgain() {
-    const auto back = std::ranges::stable_partition(left_, [&](const RunningApp& app) {
+    const auto back = std::stable_partition(left_.begin(), left_.end(), [&](const RunningApp& app) {
         return app.ended || !collection_.AppHasWindow(app.PID);
     });
-    for (RunningApp& app : back)
-        RunningApps_.push_back(std::move(app));
-    left_.erase(back.begin(), back.end());
+    std::move(back, left_.end(), std::back_inserter(RunningApps_));
+    left_.erase(back, left_.end());
 }
 
 bool Hosting::StartOrResume(const ListedApp& app) {

@@ -43,7 +43,7 @@ Row Then(Row row, const std::function<void()>& after) {
 
 } // namespace
 
-Page AppearancePage(SettingsStore& store, std::function<void()> skinChanged,
+Page AppearancePage(SettingsStore& store, const std::function<void()>& skinChanged,
                     std::function<const PagePicture&()> preview) {
     std::vector<Row> rows;
     for (const SkinAbout& skin : SkinsIn(store.Shipped("skins")))

@@ -41,7 +41,7 @@ AuroraScene::AuroraScene(int width, int height)
         veils_[i].light.resize(static_cast<std::size_t>(high_) * 2);
         veils_[i].phase = static_cast<double>(i) * 2.1;
     }
-    SetTrack({});
+    AuroraScene::SetTrack({});
 }
 
 LookSizes AuroraScene::Sizes() const {

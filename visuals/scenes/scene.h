@@ -31,6 +31,7 @@ class Scene {
     virtual ~Scene() = default;
     virtual LookSizes Sizes() const { return {}; }
     /// Another track plays. The next picture is drawn whole.
+    // NOLINTNEXTLINE(performance-unnecessary-value-param): kept by most scenes
     virtual void SetTrack(TrackLook /*look*/) {}
     /// Draws what the music has changed, `seconds` after the beginning; what it has touched.
     virtual Area Draw(const Canvas& canvas, const SoundPicture& sound, double seconds) = 0;

@@ -32,7 +32,7 @@ SpectrumScene::SpectrumScene(int width, int height)
     const double cell = (width - 2 * margin) / SoundPicture::Bands;
     for (std::size_t i = 0; i < SoundPicture::Bands; ++i) {
         Bar bar;
-        bar.width = std::max(1, static_cast<int>(cell * BarShare + 0.5));
+        bar.width = std::max(1, static_cast<int>(std::lround(cell * BarShare)));
         bar.left = static_cast<int>(margin + cell * (static_cast<double>(i) + 0.5)) - bar.width / 2;
         const Pixel colour = ScaleColour(static_cast<double>(i) / (SoundPicture::Bands - 1));
         for (int row = 0; row <= tallest_; ++row) {

@@ -89,11 +89,13 @@ void DrawWrapped(QPainter& painter, const QRect& box, int flags, const QString& 
                  bool bold) {
     QFont font(QStringLiteral("DejaVu Sans"));
     font.setBold(bold);
-    for (double pixels = size; pixels >= size * LeastFont; pixels *= 0.9) {
+    double pixels = size;
+    while (pixels >= size * LeastFont) {
         font.setPixelSize(std::max(8, static_cast<int>(pixels)));
         painter.setFont(font);
         const QRect needed = painter.boundingRect(box, flags | Qt::TextWordWrap, text);
         if (needed.width() <= box.width() && needed.height() <= box.height()) break;
+        pixels *= 0.9;
     }
     painter.setClipRect(box);
     painter.drawText(box, flags | Qt::TextWordWrap, text);

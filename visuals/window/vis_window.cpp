@@ -13,6 +13,7 @@
 #include <QScreen>
 
 #include <algorithm>
+#include <cmath>
 #include <cstring>
 #include <random>
 
@@ -44,7 +45,10 @@ VisWindow::VisWindow(Folders folders)
                      [this](const std::string& file) {
                          const auto [title, artist] = ReadTrackTag(folders_.state, file);
                          QMetaObject::invokeMethod(
-                             this, [=, this] { TakeTrack(file, title, artist); },
+                             this,
+                             [this, file, title = title, artist = artist] {
+                                 TakeTrack(file, title, artist);
+                             },
                              Qt::QueuedConnection);
                      },
                  .gone = [] { EndAtOnce(); }}) {
@@ -108,7 +112,7 @@ void VisWindow::NextPicture() {
     const double now = Seconds(), step = 1 / Rate(screen());
     Draw(now);
     dueAt_ = std::max(dueAt_ + step, now + step / 2);
-    next_.start(std::max(0, static_cast<int>((dueAt_ - Seconds()) * 1000 + 0.5)));
+    next_.start(std::max(0, static_cast<int>(std::lround((dueAt_ - Seconds()) * 1000))));
 }
 
 void VisWindow::Draw(double seconds) {
