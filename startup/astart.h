@@ -39,6 +39,13 @@ struct StartMachine {
     std::function<bool()> destinatorInstalled = {};             ///< empty: it is not
 };
 
+/// What the start reads from the settings for others.
+struct UserTables {
+    KeyMap& keys;
+    RemoteMap& remoteKeys;
+    MediaExtensions& extensions;
+};
+
 /// What the start does with the catalogue; empty functions where it is not used.
 struct CatalogueHooks {
     /// Takes the server, a program, into use; called before `open`.
@@ -68,9 +75,7 @@ class astart {
         StartMachine machine;
         LoadingScreen& loading;
         SkinStore& skin;
-        KeyMap& keys;
-        RemoteMap& remoteKeys;
-        MediaExtensions& extensions;
+        UserTables tables;
         std::unique_ptr<cWinamp>& winamp; ///< made here, as soon as its settings are written
         Whole whole;
         FirstRunHooks firstRun;

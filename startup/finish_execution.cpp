@@ -30,11 +30,11 @@ void astart::FinishExecution() {
 void astart::ReadUserSettings() {
     AddBootItem("Revving Velkorandum");
     const Settings& s = base_.settings.values;
-    n_.extensions.Load(s.AudioExtensions, s.VideoExtensions);
+    n_.tables.extensions.Load(s.AudioExtensions, s.VideoExtensions);
     base_.state.FirstRadioType = base_.settings.Get(setting::FirstRadioType);
     AddBootItem("Loading User Settings");
-    n_.keys = ReadKeyMap(base_.settings.ini(), base_.settings.File("kb.ini"));
-    n_.remoteKeys = ReadRemoteMap(base_.settings.ini(), base_.settings.File("keys.ini"));
+    n_.tables.keys = ReadKeyMap(base_.settings.ini(), base_.settings.File("kb.ini"));
+    n_.tables.remoteKeys = ReadRemoteMap(base_.settings.ini(), base_.settings.File("keys.ini"));
 }
 
 void astart::LoadScreens(int LoadStep::Place::*place, const char* LoadStep::*text) {
