@@ -16,6 +16,7 @@ namespace vk {
 struct FolderIdentity {
     std::uint64_t volume = 0;
     std::uint64_t number = 0; ///< on its volume
+    // NOLINTNEXTLINE(modernize-use-nullptr): mistaken for a null pointer
     auto operator<=>(const FolderIdentity&) const = default;
 };
 

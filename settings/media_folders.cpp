@@ -27,7 +27,7 @@ constexpr int MostEntries = 5000;
 
 bool Readable(const std::string& folder) {
     std::error_code failed;
-    std::filesystem::directory_iterator(folder, failed);
+    const std::filesystem::directory_iterator entries(folder, failed);
     return !failed;
 }
 
@@ -76,7 +76,7 @@ bool MediaFolders::ChooseMediaDir() {
 
 std::string MediaFolders::AskForMedia() {
     for (;;) {
-        const std::string chosen = WithoutTrailingSeparator(
+        std::string chosen = WithoutTrailingSeparator(
             dialogs_.ChooseFolder(MediaCaption, settings_.values.MediaDir));
         const bool folder = !chosen.empty() && !IsRoot(chosen);
         if (folder && Suits(chosen)) return chosen;
@@ -96,7 +96,7 @@ bool MediaFolders::Suits(const std::string& folder) {
 }
 
 std::string MediaFolders::OfferedPlaylists(const std::string& media) {
-    const std::string folder = JoinPath(media, "Playlists");
+    std::string folder = JoinPath(media, "Playlists");
     if (!dialogs_.AskYesNo("Your playlists need a folder of their own:\n" + folder +
                                "\nUse this one?",
                            "Playlist directory"))
@@ -114,7 +114,7 @@ bool MediaFolders::ChoosePlaylistDir() {
 
 std::string MediaFolders::AskForPlaylists(const std::string& media, bool mayKeep) {
     for (;;) {
-        const std::string chosen =
+        std::string chosen =
             WithoutTrailingSeparator(dialogs_.ChooseFolder(PlaylistCaption, media));
         if (chosen.empty() && (mayKeep || dialogs_.Ending())) return {};
         if (!chosen.empty() && Within(chosen, media)) return chosen;

@@ -147,7 +147,7 @@ std::vector<Row> SystemPage::SizeRows() {
 }
 
 Row SystemPage::DesktopRow(const char* caption, void (SystemPage::*click)(),
-                           std::function<std::optional<bool>()> on, const char* name) {
+                           const std::function<std::optional<bool>()>& on, const char* name) {
     return {.text =
                 [caption, on] {
                     const auto state = on();

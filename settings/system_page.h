@@ -45,7 +45,7 @@ class SystemPage {
     Row SideRow(const Setting<std::int32_t>& setting, std::int32_t FrameSize::*side);
     Row DriveRow();
     Row DesktopRow(const char* caption, void (SystemPage::*click)(),
-                   std::function<std::optional<bool>()> on, const char* name);
+                   const std::function<std::optional<bool>()>& on, const char* name);
 
     Needs n_;
     std::string told_;

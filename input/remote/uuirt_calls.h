@@ -46,6 +46,7 @@ enum UUIRTConfig : std::uint32_t {
 struct UUIRTCalls {
     using Handle = void*;
     /// What `UUIRTOpen` gives when it fails: all bits set.
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): no pointer but a mark
     static Handle InvalidHandle() { return reinterpret_cast<Handle>(~std::uintptr_t{0}); }
 
     /// Takes over `library`; calls that it lacks stay null.

@@ -1,6 +1,7 @@
 #include "playback/screen/player_layout.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace vk {
 
@@ -14,7 +15,7 @@ constexpr int FillPercent = 95;      ///< of its cell that a button takes
 constexpr double ButtonShare = 0.15; ///< the least width and height of a touch button
 
 int Share(int whole, double share) {
-    return static_cast<int>(whole * share + 0.5);
+    return static_cast<int>(std::lround(whole * share));
 }
 
 } // namespace

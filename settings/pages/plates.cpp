@@ -112,6 +112,7 @@ int NextPlate(const std::vector<Plate>& plates, int from, int dx, int dy, int& c
         return beside;
     }
     std::vector<LineSpot> spots;
+    spots.reserve(plates.size());
     for (const Plate& plate : plates)
         spots.push_back({plate.line, CentreOf(plate), plate.usable});
     return NextInLines(spots, from, dy, centre);

@@ -123,7 +123,7 @@ template Row StepperRow(SettingsStore&, const Setting<double>&);
 template Row StepperRow(SettingsStore&, const Setting<std::string>&);
 
 Row ChoiceRow(SettingsStore& store, const Setting<std::string>& setting,
-              std::function<std::vector<Option>()> options) {
+              const std::function<std::vector<Option>()>& options) {
     const auto shown = [&store, &setting, options] {
         const std::string value = Now(store, setting);
         const auto all = options();

@@ -67,7 +67,7 @@ template<class T> Row StepperRow(SettingsStore& store, const Setting<T>& setting
 using Option = std::pair<std::string, std::string>;
 /// One of several; they are asked for anew with each step.
 Row ChoiceRow(SettingsStore& store, const Setting<std::string>& setting,
-              std::function<std::vector<Option>()> options);
+              const std::function<std::vector<Option>()>& options);
 /// A line of text, typed.
 Row TextRow(SettingsStore& store, Dialogs& dialogs, const Setting<std::string>& setting);
 /// A folder, chosen.

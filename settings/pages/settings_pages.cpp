@@ -55,7 +55,7 @@ void SettingsPages::AddTabs(std::vector<Plate>& plates) {
     const int count = static_cast<int>(pages_.size()), shown = std::min(count, MostTabs);
     const int first = std::clamp(static_cast<int>(current_) - shown / 2, 0, count - shown);
     for (int i = 0; i < shown; ++i) {
-        const auto number = static_cast<std::size_t>(first + i);
+        const auto number = static_cast<std::size_t>(first) + static_cast<std::size_t>(i);
         const int left = BoardParts * i / shown;
         plates.push_back({.left = left,
                           .width = BoardParts * (i + 1) / shown - left,

@@ -112,7 +112,7 @@ std::string FMSource::Picture() const {
     for (const std::string& name :
          {tuned ? tuned->label : std::string(), FrequencyText(tuner_.Frequency())})
         for (const char* extension : {".jpg", ".gif", ".png", ".bmp"})
-            if (const std::string file = JoinPath(folder, name + extension);
+            if (std::string file = JoinPath(folder, name + extension);
                 !name.empty() && name.find('/') == std::string::npos && FileExists(file))
                 return file;
     return {};

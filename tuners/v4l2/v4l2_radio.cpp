@@ -117,7 +117,7 @@ bool V4l2Radio::Stereo() {
 
 std::string V4l2Radio::Name() {
     if (!name_.empty() || !Open()) return name_;
-    const std::string name = name_;
+    std::string name = name_;
     Close();
     return name;
 }
