@@ -9,7 +9,7 @@ namespace vk {
 namespace {
 
 std::string EntryLike(const std::string& folder, const std::string& name) {
-    const std::string path = JoinPath(folder, name);
+    std::string path = JoinPath(folder, name);
     if (FileExists(path) || FolderExists(path)) return path;
     for (const FolderEntry& entry : ListFolder(folder))
         if (EqualNoCase(ToUtf8(entry.name), name)) return JoinPath(folder, entry.name);

@@ -23,7 +23,7 @@ std::size_t HashOf(std::string_view bytes) {
     return std::hash<std::string_view>()(bytes);
 }
 
-std::string CutToBuffer(std::string value) {
+std::string CutToBuffer(const std::string& value) {
     return value.size() <= IniValueLimit ? value : Left(value, IniValueLimit);
 }
 

@@ -22,8 +22,9 @@ MenuIconData Icon(int index) {
     MenuIconData icon;
     icon.name = Names[index];
     icon.function = std::to_string(index + 1);
-    icon.iconleft = 0.02 + index % Columns * 0.245;
-    icon.icontop = 0.03 + index / Columns * 0.42;
+    const int column = index % Columns, line = index / Columns;
+    icon.iconleft = 0.02 + column * 0.245;
+    icon.icontop = 0.03 + line * 0.42;
     icon.iconwidth = 0.225;
     icon.iconheight = 0.39;
     icon.of_right = (index + 1) % Count + 1;
@@ -37,6 +38,7 @@ MenuIconData Icon(int index) {
 
 std::vector<MenuIconData> PlainIcons() {
     std::vector<MenuIconData> icons;
+    icons.reserve(Count);
     for (int index = 0; index < Count; ++index)
         icons.push_back(Icon(index));
     return icons;

@@ -24,7 +24,7 @@ bool CatalogueServerRegistered(const Registry& registry) {
 }
 
 std::string CatalogueServerProgram(const Registry& registry, const std::string& appDir) {
-    const std::string own = JoinPath(appDir, ProgramName);
+    std::string own = JoinPath(appDir, ProgramName);
     if (FileExists(own)) return own;
     const auto registered = registry.GetStringValue(Hive::ClassesRoot, CatalogueServerClass, "");
     return registered && FileExists(*registered) ? *registered : std::string();

@@ -41,6 +41,7 @@ class FilesByKey {
     struct Entry {
         std::size_t hash;
         std::uint32_t index;
+        // NOLINTNEXTLINE(modernize-use-nullptr): mistaken for a null pointer
         auto operator<=>(const Entry&) const = default;
     };
 

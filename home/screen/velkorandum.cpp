@@ -21,7 +21,8 @@ constexpr int PlateRadius = 14;
 
 } // namespace
 
-velkorandum::velkorandum(const ControlContext& context, MainMenu::Needs needs, QWidget* parent)
+velkorandum::velkorandum(const ControlContext& context, const MainMenu::Needs& needs,
+                         QWidget* parent)
     : QWidget(parent), context_(context), menu_(needs, *this), Frame1(this), ClockBar(this),
       Label6(this), imgLoading(this), focus_(context, this),
       canDim_(static_cast<bool>(needs.doors.setDimmer)) {

@@ -20,7 +20,7 @@ namespace vk {
 
 class velkorandum : public QWidget, public MenuView {
   public:
-    velkorandum(const ControlContext& context, MainMenu::Needs needs, QWidget* parent);
+    velkorandum(const ControlContext& context, const MainMenu::Needs& needs, QWidget* parent);
     ~velkorandum() override;
 
     void DoLayout();

@@ -197,7 +197,7 @@ CatalogueFile modDB::ReadFile(const Statement& record) const {
 /// The path of a file; a double quote that stands for itself is told from one that stands for an
 /// apostrophe by looking which file is there.
 std::string modDB::StoredPath(std::string_view stored) const {
-    const std::string path = Unescape(stored);
+    std::string path = Unescape(stored);
     const std::string& mediaDir = needs_.settings.values.MediaDir;
     if (path == stored || FileExists(JoinPath(mediaDir, path))) return path;
     const std::string literal(stored);

@@ -26,7 +26,7 @@ std::string WithoutMarks(std::string stem) {
 
 } // namespace
 
-XMLogos::XMLogos(const ChannelTable& channels, std::string appDir, ErrorReport& report)
+XMLogos::XMLogos(const ChannelTable& channels, const std::string& appDir, ErrorReport& report)
     : channels_(channels), folder_(JoinPath(JoinPath(appDir, "COMMON"), "XMPICS")),
       report_(report) {}
 
@@ -44,7 +44,7 @@ std::string XMLogos::Find(const XMChannel& channel) {
     const bool traffic = channel.category == Traffic;
     if (stem.empty() && !traffic) return DefaultLogo();
     stem = traffic ? TrafficStem : WithoutMarks(stem);
-    const std::string found = FindStem(stem);
+    std::string found = FindStem(stem);
     if (!found.empty()) return found;
     if (!traffic && missed_.insert(stem).second)
         report_.Log("unable to find xm logo: \\COMMON\\XMPICS\\" + stem + ".jpg/.gif/.png/.bmp");

@@ -13,7 +13,7 @@ namespace vk {
 /// outlives it.
 class XMLogos {
   public:
-    XMLogos(const ChannelTable& channels, std::string appDir, ErrorReport& report);
+    XMLogos(const ChannelTable& channels, const std::string& appDir, ErrorReport& report);
 
     /// Full path of the channel's picture: by its name, for traffic and weather by the category.
     /// Without one it is `DefaultLogo`, and the log tells once which name was looked for. A number

@@ -22,6 +22,7 @@ std::vector<int> ReadChannelList(const std::string& path) {
 
 bool WriteChannelList(const std::string& path, const std::vector<int>& channels) {
     std::vector<std::string> lines;
+    lines.reserve(channels.size());
     for (const int channel : channels)
         lines.push_back(std::to_string(channel));
     return WriteListFile(path, "", lines);

@@ -49,7 +49,7 @@ std::string WithoutFileScheme(const std::string& line) {
 // sees.
 std::vector<std::string> Readings(const std::string& line) {
     std::vector<std::string> names;
-    const auto add = [&](std::string name) {
+    const auto add = [&](const std::string& name) {
         if (name.find('\0') != std::string::npos) return;
         const std::string ours = PathSeparator == '/' ? ReplaceAll(name, "\\", "/") : name;
         for (const std::string& each : {name, ours})

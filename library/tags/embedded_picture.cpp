@@ -87,7 +87,7 @@ std::string ID3Picture(MediaFile& file, std::string_view header, bool extended) 
     } catch (const std::exception&) {
         // A damaged tag: the picture before the damage stays.
     }
-    return FromSignature(std::move(tag.PictureData));
+    return FromSignature(tag.PictureData);
 }
 
 std::string FlacPicture(MediaFile& file) {

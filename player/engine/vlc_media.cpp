@@ -61,7 +61,7 @@ std::string VlcStreamTitle(libvlc_media_t* media, const std::string& path) {
     if (!IsAddress(path)) return {};
     for (const libvlc_meta_t kind : {libvlc_meta_NowPlaying, libvlc_meta_Title}) {
         char* const text = libvlc_media_get_meta(media, kind);
-        const std::string title = text ? text : "";
+        std::string title = text ? text : "";
         libvlc_free(text);
         // Without a title of its own a stream bears the end of its address.
         if (!title.empty() && !path.ends_with(title)) return title;

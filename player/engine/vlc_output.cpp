@@ -99,7 +99,7 @@ VlcOutput::Wishes VlcOutput::NextWishes() {
     std::unique_lock lock(mutex_);
     changed_.wait_until(lock, WakeAt(), [this] { return dirty_; });
     dirty_ = false;
-    const Wishes wishes = wishes_;
+    Wishes wishes = wishes_;
     wishes_.seekMs.reset();
     wishes_.volume.reset();
     wishes_.equaliser.reset();

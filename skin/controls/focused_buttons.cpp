@@ -114,6 +114,7 @@ void FocusedButtons::Move(int dx, int dy) {
         return;
     }
     std::vector<QRect> boxes;
+    boxes.reserve(targets.size());
     for (const QWidget* each : targets)
         boxes.push_back(each == target_ ? QRect() : BoxOf(each));
     const int next = NearestBox(BoxOf(target_), boxes, dx, dy);

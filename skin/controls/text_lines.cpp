@@ -82,7 +82,8 @@ int TextLines::PixelSize() const {
 }
 
 void TextLines::Draw(QPainter& painter, const QRect& box, Qt::Alignment alignment) const {
-    double y = box.top() + (box.height() - Height()) / 2;
+    const int top = box.top() + (box.height() - Height()) / 2;
+    double y = top;
     for (const Line& line : lines_) {
         const double spare = box.width() - QFontMetricsF(line.font).horizontalAdvance(line.text);
         const double x = alignment.testFlag(Qt::AlignRight)  ? spare
