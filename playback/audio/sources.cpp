@@ -61,7 +61,8 @@ void Sources::SetMediaTypeIcon() {
 
 void Sources::AddToFavorites() {
     PlayerSource* source = Current();
-    const Favorite favorite = source ? source->SelectedFavorite() : Favorite{};
+    if (!source) return;
+    const Favorite favorite = source->SelectedFavorite();
     if (favorite.list.empty()) return;
     try {
         if (!AddFavorite(c_.base.settings.StateDir(), favorite)) return;
