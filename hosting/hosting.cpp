@@ -61,7 +61,7 @@ bool Hosting::ExecCmd(const std::string& commandLine, const std::string& name, b
         const ProgramId program =
             launcher_.OpenProgram(commandLine, maximize ? ShowNormal : ShowMaximized);
         n_.base.log.WriteDebugLog("launched application, OpenProgram() returned: " +
-                                  std::to_string(program));
+                                  std::to_string(program != 0 ? 1 : 0));
         RunningApps_.push_back(
             {.PID = program, .bForceMax = force, .name = name, .bMaximize = maximize || force});
         current_ = program;

@@ -78,12 +78,14 @@ bool GPSScreen::Repeats(const InputCode& key) const {
 
 void GPSScreen::Wheel(int delta) {
     if (delta == 0) return;
-    if (text_.IsOpen()) return text_.Wheel(delta);
-    const bool up = delta > 0;
-    const bool volume = base_.settings.values.MouseFunction == 1;
-    const std::int32_t steps = volume ? base_.settings.values.WheelSteps() : 1;
-    for (std::int32_t i = 0; i < steps; ++i)
-        volume ? (up ? VolUp() : VolDown()) : Move(up);
+    TrapAndLog(base_.report, "There has been an error in frmGPS.MouseHelper ", [&] {
+        if (text_.IsOpen()) return text_.Wheel(delta);
+        const bool up = delta > 0;
+        const bool volume = base_.settings.values.MouseFunction == 1;
+        const std::int32_t steps = volume ? base_.settings.values.WheelSteps() : 1;
+        for (std::int32_t i = 0; i < steps; ++i)
+            volume ? (up ? VolUp() : VolDown()) : Move(up);
+    });
 }
 
 void GPSScreen::Move(bool up) {

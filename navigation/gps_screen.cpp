@@ -11,9 +11,10 @@ namespace vk {
 namespace {
 
 constexpr int SecondMs = 1000;
-constexpr int HeldMs = 100;                    // between two steps of a held volume button
-constexpr int VolumeShownMs = 4000;            // since the last change
-constexpr int AnswerSeconds = 6;               // an engine has answered by then
+constexpr int HeldMs = 100;         // between two steps of a held volume button
+constexpr int VolumeShownMs = 4000; // since the last change
+constexpr int AnswerSeconds = 6;    // an engine has answered by then
+constexpr const char* NoAddress = "Could not acquire an address!";
 constexpr const char* GPSIcon = "gpsicon.gif"; // `GPSicon`, of a row
 // Those that lead here, and how each is gone back to.
 constexpr std::array Openers = {"velkorandum", "playlists", "playmp3", "playmovie"};
@@ -216,10 +217,11 @@ void GPSScreen::ShowRoute() {
 
 void GPSScreen::SaveCurrentPosition() {
     TrapAndLog(base_.report, ErrorIn("SaveCurrentPosition"), [this] {
-        if (!n_.dest || text_.IsOpen()) return;
+        if (text_.IsOpen()) return;
+        if (!n_.dest) return messages_.Say(NoAddress);
         n_.dest->ReverseGeoCode([this](const std::string& address) {
             if (!InFront()) return;
-            if (address.empty()) return messages_.Say("Could not acquire an address!");
+            if (address.empty()) return messages_.Say(NoAddress);
             base_.commands.Run(Commands::When::Queue, [this, address] { AskName(address); });
         });
     });

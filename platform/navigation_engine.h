@@ -92,7 +92,8 @@ class NavigationEngine {
     virtual EngineSettings Settings() const = 0;
     /// Values that are empty stay as they are.
     virtual void SetSettings(const EngineSettings& settings) = 0;
-    /// Opens the source of the sentences; one that is missing or goes is tried again.
+    /// Opens the source of the sentences; one that is missing or goes is tried again. An engine
+    /// that is down is tried soon: somebody looks at the map.
     virtual void OpenPort() = 0;
     virtual void ClosePort() = 0;
     /// A map seen from behind the vehicle, or from above.

@@ -2,6 +2,7 @@
 
 #include "core/text.h"
 #include "hosting/command_line.h"
+#include "platform/arguments.h"
 #include "platform/files.h"
 #include "platform/paths.h"
 
@@ -72,9 +73,9 @@ std::string ExternalAppPage::AskProgram() const {
 }
 
 // False when the user gives up.
-bool ExternalAppPage::AskArguments(std::string& command) const {
+bool ExternalAppPage::AskArguments(std::string& command, std::string offered) const {
     for (;;) {
-        const auto typed = base_.dialogs.InputBox(AskedArguments, {}, {});
+        const auto typed = base_.dialogs.InputBox(AskedArguments, {}, offered);
         if (!typed) return false;
         if (!HasPipe(*typed)) {
             if (!Trim(*typed).empty()) command += " " + Trim(*typed);
@@ -82,6 +83,7 @@ bool ExternalAppPage::AskArguments(std::string& command) const {
         }
         base_.dialogs.ShowMessage(NoPipe);
         if (base_.dialogs.Ending()) return false;
+        offered = *typed;
     }
 }
 
@@ -101,9 +103,11 @@ void ExternalAppPage::Add() {
     if (app.command.empty()) return;
     const auto offers = installed_();
     const auto offer = std::ranges::find(offers, app.command, CommandOf);
-    if (HasPipe(app.command)) return base_.dialogs.ShowMessage(NoPipe);
-    if (offer == offers.end() && !AskArguments(app.command)) return;
-    const std::string program = CommandLine::Parse(app.command).program;
+    const std::string program = offer == offers.end() ? app.command : offer->program;
+    if (HasPipe(program)) return base_.dialogs.ShowMessage(NoPipe);
+    app.command = program;
+    if (!AskArguments(app.command, offer == offers.end() ? "" : JoinArguments(offer->arguments)))
+        return;
     const std::string offered = offer == offers.end() ? ToUtf8(FileNameOf(program)) : offer->name;
     const auto name = base_.dialogs.InputBox(AskedName, "Application Name", offered);
     if (!name) return;

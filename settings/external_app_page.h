@@ -32,7 +32,7 @@ class ExternalAppPage {
     std::string Shown() const;
     void Step(int by);
     std::string AskProgram() const;
-    bool AskArguments(std::string& command) const;
+    bool AskArguments(std::string& command, std::string offered) const;
     bool AlreadyListed(const std::string& program) const;
     void AskSize(ListedApp& app) const;
 

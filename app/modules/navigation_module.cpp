@@ -99,8 +99,9 @@ void NavigationModule::Release() {
 }
 
 void NavigationModule::Show() {
-    const bool external = Chosen() == 2;
-    if (!screen_ || (external && !FileExists(host_.settings.values.EXTGPSexeName))) return;
+    const bool external = Chosen() == 2, known = Chosen() >= 1 && Chosen() <= 3;
+    if (!screen_ || !known || (external && !FileExists(host_.settings.values.EXTGPSexeName)))
+        return;
     host_.screens.Show(GPSName);
     if (Chosen() == 1) screen_->screen().ReDrawStatus();
 }

@@ -20,6 +20,7 @@ constexpr int AnswerMs = 5000;
 constexpr int LaidOutMs = 300;
 constexpr const char* ThreeDPitch = "30"; // degrees
 constexpr int RouteShownFor = 12;         // positions, one a second; then the map follows again
+constexpr int MarginPercent = 25;         // of the scale at which all of the route just fits
 
 /// Of `EngineSettings`.
 enum Place : std::size_t {
@@ -122,8 +123,20 @@ void NavitEngine::Stop() {
 }
 
 void NavitEngine::WaitFor(EngineState state, const std::string& complaint, int pauseMs) {
+    waitsSince_ = clock_.TickMs();
+    launchAt_ = waitsSince_ + pauseMs;
     launch_->Start(pauseMs);
     Become(state, complaint);
+}
+
+// Whoever opens the map wants it now: a pause that has grown is cut to the first of them, which
+// stays the least that lies between two tries. The next one is as long as it would have been.
+void NavitEngine::TrySoon() {
+    const std::int64_t now = clock_.TickMs();
+    const std::int64_t soon = std::max(now + 1, waitsSince_ + pauses_.first);
+    if (!launch_->Enabled() || soon >= launchAt_) return;
+    launchAt_ = soon;
+    launch_->Start(static_cast<int>(soon - now));
 }
 
 // Told later: this may come from within the bus, where nobody may let events run.
@@ -326,9 +339,19 @@ bool NavitEngine::ShowCurrentRoute() {
     if (!routeShown_->Enabled()) zoomBefore_ = settings_[Zoom];
     run_->Bus().SetNumber("pitch", 0); // seen from above all of it is seen
     run_->Bus().ZoomToRoute();
+    LeaveMargin();
     run_->Bus().SetNumber("follow", RouteShownFor);
     routeShown_->Start(RouteShownFor * 1000);
     return true;
+}
+
+// The engine takes the route to the very edges of its window.
+void NavitEngine::LeaveMargin() {
+    run_->Bus().Evaluate("zoom", [this](const std::optional<std::string>& zoom) {
+        const int fits = Number(zoom.value_or("")).value_or(0);
+        if (fits > 0 && Up())
+            run_->Bus().SetNumber("zoom", fits + std::max(1, fits / 100 * MarginPercent));
+    });
 }
 
 // As it was, but for what was chosen meanwhile.
@@ -381,6 +404,7 @@ void NavitEngine::Apply(std::size_t setting) {
 void NavitEngine::OpenPort() {
     portOpen_ = true;
     source_.Open(setup_.source, setup_.serialSettings);
+    TrySoon();
 }
 
 void NavitEngine::ClosePort() {

@@ -58,11 +58,13 @@ class NavitEngine : public NavigationEngine {
     void Launch();
     void Become(EngineState state, const std::string& complaint);
     void WaitFor(EngineState state, const std::string& complaint, int pauseMs);
+    void TrySoon();
     NavitConfig Config() const;
     void CameUp();
     void WentDown(const std::string& why);
     void Apply(std::size_t setting);
     void FollowAgain();
+    void LeaveMargin();
     void Log(const std::string& text) const;
     template<class T> std::function<void(T)> Once(std::function<void(T)> done, T withoutAnswer);
     Chain RouteChain(Address to, std::function<void(RouteStatus)> done);
@@ -90,6 +92,7 @@ class NavitEngine : public NavigationEngine {
     bool wanted_ = false, cancelled_ = false, portOpen_ = false;
     int pauseMs_ = 0;
     std::int64_t upSince_ = 0;
+    std::int64_t waitsSince_ = 0, launchAt_ = 0; ///< of the clock's ticks
     std::unique_ptr<NavitRun> run_;
 };
 

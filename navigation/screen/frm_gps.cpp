@@ -129,6 +129,17 @@ void frmGPS::WireArea(AreaButton& area) {
     if (name == "QUIT") area.whileBusy = Commands::When::Interrupt;
 }
 
+// A screen with more lines than the skin was drawn for is read from as far away: its texts grow
+// with what stands around them.
+double frmGPS::TextScale() const {
+    return std::max(context_.skin.data().FontScale(), static_cast<double>(layout_.ScaleY()));
+}
+
+SkinFont frmGPS::Sized(SkinFont font) const {
+    font.size = static_cast<std::int16_t>(std::clamp(font.size * TextScale(), 1.0, 300.0));
+    return font;
+}
+
 void frmGPS::PlaceLabels() {
     const auto& all = isn_.data().labels;
     for (const LabelName& name : Names) {
@@ -160,7 +171,7 @@ void frmGPS::PlaceBar() {
     if (const auto own = bar ? ParseInteger(bar->colour) : std::nullopt)
         colour.value = static_cast<std::int32_t>(*own & 0xFFFFFF);
     lblMessage_.setGeometry(layout_.Bar());
-    lblMessage_.SetLook(font, colour, skin);
+    lblMessage_.SetLook(Sized(font), colour, SkinData());
     lblMessage_.SetColour(Legible(ToQColor(colour), ground, TextContrast));
     lblMessage_.SetGround(ground);
     lblMessage_.SetWrap(true);
@@ -173,11 +184,12 @@ void frmGPS::PlaceMap() {
     frmBrowseDest_.setGeometry(place);
     frmBrowseDest_.setVisible(!place.isEmpty());
     complaint_.setGeometry(frmBrowseDest_.rect().adjusted(width() / 16, 0, -width() / 16, 0));
-    complaint_.SetLook(skin.Titlefont, skin.ListForegroundClr, skin);
+    complaint_.SetLook(Sized(skin.Titlefont), skin.ListForegroundClr, SkinData());
     complaint_.SetColour(Legible(ToQColor(skin.ListForegroundClr), GroundAt(place), TextContrast));
     complaint_.SetWrap(true);
     complaint_.SetShrink(SmallestText);
     UCListBox_.setGeometry(place);
+    UCListBox_.FontScale = TextScale() / skin.FontScale();
     UCListBox_.SetiMaxVis(audio_ ? skin.GPSMUSIC : skin.GPSSTD);
     if (rows_.Loaded()) UCListBox_.LoadList();
     screen_.PlaceMap();

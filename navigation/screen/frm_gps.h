@@ -53,6 +53,8 @@ class frmGPS : public QWidget, private GPSView {
 
     void MakeAreas();
     void WireArea(AreaButton& area);
+    double TextScale() const;
+    SkinFont Sized(SkinFont font) const;
     void PlaceLabels();
     void PlaceLabel(ShadedLabel& label, const IsnSkin::Label& as);
     void PlaceBar();

@@ -17,6 +17,8 @@ class IsnLayout {
     /// What a box of the skin is on the screen, within it.
     QRect Place(const IsnBox& box) const;
     QRect Place(const IsnSkin::Label& label) const;
+    /// What lengths of the skin are multiplied with downwards; 0 for one without its size.
+    float ScaleY() const { return scaleY_; }
     /// Points on the screen.
     int FontSize(const IsnFont& font) const;
     /// The map, while something plays or nothing does. Without any .isn it fills the screen but for
