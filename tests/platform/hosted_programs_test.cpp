@@ -22,7 +22,8 @@ struct Manner {
 
 const std::string Odd = VK_ODD_PROGRAM " ";
 const Manner Manners[] = {
-    {"a terminal", "/usr/bin/xterm", "", "XTerm", 1, End::Politely},
+    {"a terminal", "/usr/bin/xterm -e sh -c \"touch $VK_SHELL; exec cat\"", "", "XTerm", 1,
+     End::Politely},
     {"one window", Odd + "open", "", "Odd", 1, End::Politely},
     {"does not tell whose it is", Odd + "nopid open", "", "Odd", 1, End::Politely},
     {"started by a script", "/bin/sh -c \"" + Odd + "open; true\"", "", "Odd", 1, End::Politely},
@@ -46,6 +47,7 @@ struct HostedProgramsTest : testing::TestWithParam<bool>, Desktop, CoreFixture {
     HostedProgramsTest() : Desktop(GetParam()) {
         state.ScreenWidth = 640;
         state.ScreenHeight = 480;
+        ::setenv("VK_SHELL", folder.File("shell").c_str(), 1);
         clock.onEvents = clock.onSleep = [this] { LetHappen(); };
     }
     /// The clock of the test moves on when the display has told of something, or nothing has come
@@ -64,10 +66,12 @@ struct HostedProgramsTest : testing::TestWithParam<bool>, Desktop, CoreFixture {
             if (current && each.handle == current->hWnd) return each;
         return {};
     }
-    /// A terminal's size goes by its letters, and it shows itself before it can be closed.
+    /// A terminal's size goes by its letters, and it shows itself before it can be closed: the end
+    /// of its line is told to nobody before its shell runs.
     bool Framed() {
         const auto id = static_cast<xcb_window_t>(Main().handle);
         if (X11Properties(connection).Numbers(id, "WM_PROTOCOLS").empty()) return false;
+        if (Main().windowClass == "XTerm" && !FileExists(folder.File("shell"))) return false;
         const WindowArea area = Main().area;
         return area.width > 620 && area.height > 450 && area.x < 10 && area.y < 10;
     }

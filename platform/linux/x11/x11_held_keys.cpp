@@ -52,11 +52,13 @@ void X11HeldKeys::Hold(const std::vector<int>& keys) {
     xcb_flush(x_.connection());
 }
 
+// All of such a key comes to the root: a window of our own that has the focus would be handed its
+// end without its beginning.
 void X11HeldKeys::Grab(bool on) const {
     for (const auto& [code, key] : held_)
         for (const std::uint16_t locks : Locks)
             if (on)
-                xcb_grab_key(x_.connection(), 1, x_.Root(), locks, code, XCB_GRAB_MODE_ASYNC,
+                xcb_grab_key(x_.connection(), 0, x_.Root(), locks, code, XCB_GRAB_MODE_ASYNC,
                              XCB_GRAB_MODE_ASYNC);
             else
                 xcb_ungrab_key(x_.connection(), code, x_.Root(), locks);

@@ -146,7 +146,7 @@ void X11Windows::Put(xcb_window_t window) const {
     xcb_reparent_window(x_.connection(), window, wish.host, static_cast<std::int16_t>(wish.area.x),
                         static_cast<std::int16_t>(wish.area.y));
     Configure(x_, window, wish.area);
-    xcb_map_window(x_.connection(), window);
+    if (wish.shown) xcb_map_window(x_.connection(), window);
     shields_.Raise(window);
     xcb_flush(x_.connection());
 }
@@ -194,6 +194,8 @@ void X11Windows::Place(WindowHandle window, const WindowArea& area) {
 }
 
 void X11Windows::Show(WindowHandle window, bool shown) {
+    if (const auto adopted = adopted_.find(Id(window)); adopted != adopted_.end())
+        adopted->second.shown = shown;
     shown ? xcb_map_window(x_.connection(), Id(window))
           : xcb_unmap_window(x_.connection(), Id(window));
     shields_.Show(Id(window), shown);

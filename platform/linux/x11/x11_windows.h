@@ -58,6 +58,7 @@ class X11Windows : public ForeignWindows {
         xcb_window_t host;
         WindowArea area;
         int corrections; ///< that may still be made
+        bool shown = true;
     };
     std::map<xcb_window_t, Adopted> adopted_;
 };
