@@ -67,6 +67,12 @@ struct Desktop {
             return condition();
         });
     }
+    bool Viewable(WindowHandle window) const {
+        const auto asked = xcb_get_window_attributes(connection, static_cast<xcb_window_t>(window));
+        const XReply<xcb_get_window_attributes_reply_t> now(
+            xcb_get_window_attributes_reply(connection, asked, nullptr));
+        return now && now->map_state == XCB_MAP_STATE_VIEWABLE;
+    }
     /// By xdotool.
     void Type(const std::vector<std::string>& words) {
         EXPECT_TRUE(programs->Wait(Start("/usr/bin/xdotool", words), 20'000));

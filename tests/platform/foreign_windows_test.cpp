@@ -85,6 +85,10 @@ TEST_P(ForeignWindowsTest, AnAdoptedWindowOutlivesUsAndItsEndIsTold) {
     const WindowHandle window = StartTerminal();
     ASSERT_TRUE(windows->Adopt(window, host, {0, 0, 200, 100}));
     windows->Show(window, false);
+    const X11Properties x(connection);
+    xcb_reparent_window(connection, static_cast<xcb_window_t>(window), x.Root(), 0, 0);
+    EXPECT_TRUE(Soon([&] { return ParentOf(window) == host; }));
+    EXPECT_FALSE(Viewable(window)) << "taken back from a late manager, and hidden as before";
     ::shutdown(xcb_get_file_descriptor(connection), SHUT_RDWR); // as a crash does
     Disconnect();
     Connect();

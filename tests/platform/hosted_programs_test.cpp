@@ -128,13 +128,7 @@ TEST_P(HostedProgramsTest, OneThatTakesAllKeysIsLedBackFrom) {
     EXPECT_TRUE(Soon([&] { return !KeyboardTaken(x); }));
     EXPECT_TRUE(hosting.Watch()) << "minimised, not gone";
     hosting.Collection().ComeToFront(*hosting.Current());
-    const auto shown = [&] {
-        const auto id = static_cast<xcb_window_t>(hosting.Current()->hWnd);
-        const XReply<xcb_get_window_attributes_reply_t> now(xcb_get_window_attributes_reply(
-            connection, xcb_get_window_attributes(connection, id), nullptr));
-        return now->map_state == XCB_MAP_STATE_VIEWABLE;
-    };
-    EXPECT_TRUE(Soon(shown));
+    EXPECT_TRUE(Soon([&] { return Viewable(hosting.Current()->hWnd); }));
     CloseCurrent(End::Politely);
     keys.clear();
     Type({"key", "F2", "Escape"});
