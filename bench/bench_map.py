@@ -18,6 +18,7 @@ sys.path.insert(0, str(ROOT / "tools"))
 from demo_system import DemoSystem  # noqa: E402
 
 ROUNDS, SENTENCES = 7, 20
+DEAF = 0.3  # seconds for which a new screen takes no key
 NAVIT, BUS = "/usr/bin/navit", "/usr/bin/dbus-daemon"
 GROUNDS, GROUND_WIDTH = (0xE6E1D8, 0xF4F1EA, 0x191F2A, 0x10141C), 60  # of the map, by day and by night
 WAYS, WAY_WIDTH = (0x1668E8, 0x3AA0FF), 6
@@ -123,6 +124,7 @@ class Map(DemoSystem):
         return shown, self.until("a map that moves", lambda: self.lines(MAP) != first, begin)
 
     def leave_map(self):
+        time.sleep(DEAF)
         self.press("Escape")
         self.until("the menu", lambda: not self.map_shown())
         time.sleep(1)
@@ -133,7 +135,7 @@ class Map(DemoSystem):
             before = self.log().count("Main menu painted")
             self.start()
             self.wait_for("the menu", lambda: self.log().count("Main menu painted") > before)
-            time.sleep(0.3)  # the menu is deaf for so long
+            time.sleep(DEAF)
             took.append(self.open_map())
             self.end()
         told("menu just painted to map", [shown for shown, _ in took])
