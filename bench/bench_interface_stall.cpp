@@ -1,16 +1,20 @@
-// How long the interface stands still at most while the catalogue server scans 20,000 new files: a
-// timer of a millisecond is watched in the event loop that takes the server's events and the
-// finished file.
+// How long the interface stands still at most while the catalogue server scans 20,000 new files,
+// and while 10,000 are copied: a timer of a millisecond is watched in the event loop that takes the
+// server's events and the finished file, or the log lines and the catalogue's rows of the copies.
+// And how long an abort takes in the middle of a large file.
 #include "library/catalogue/schema.h"
 #include "library/catalogue/updates.h"
 #include "platform/files.h"
 #include "platform/paths.h"
 #include "platform/qt/qt_child_process.h"
+#include "platform/qt/qt_clock.h"
+#include "sync/synchronizer.h"
 #include "tests/library/tag_bytes.h"
 #include "tests/support/core_fixture.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
+#include <QEventLoop>
 #include <QTimer>
 
 #include <benchmark/benchmark.h>
@@ -21,50 +25,69 @@
 namespace vk::test {
 namespace {
 
-constexpr int Files = 20'000;
+namespace fs = std::filesystem;
+
 constexpr int FilesAFolder = 12;
+
+/// The longest gap between two ticks, in milliseconds, as long as something works.
+template<class Works> double LongestGap(Works works) {
+    double longest = 0;
+    QElapsedTimer gap;
+    QTimer tick;
+    tick.setTimerType(Qt::PreciseTimer);
+    QObject::connect(&tick, &QTimer::timeout, [&] {
+        longest = std::max(longest, static_cast<double>(gap.nsecsElapsed()) / 1e6);
+        gap.start();
+    });
+    gap.start();
+    tick.start(1);
+    while (works())
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    return longest;
+}
+
+/// Tagged files of so many bytes.
+void MakeSongs(const std::string& root, int files, std::size_t bytes) {
+    for (int i = 0; i < files; ++i) {
+        const std::string folder = root + "/Album " + std::to_string(i / FilesAFolder);
+        if (i % FilesAFolder == 0) fs::create_directories(folder);
+        AppendToFile(folder + "/" + std::to_string(i) + ".mp3",
+                     ID3v2(3, TextFrame(3, "TIT2", "Title " + std::to_string(i)) +
+                                  TextFrame(3, "TPE1", "Artist")) +
+                         std::string(bytes, '\x55'));
+    }
+}
 
 struct Watched : CoreFixture {
     Watched() {
-        for (int i = 0; i < Files; ++i) {
-            const std::string folder = media.Path() + "/Album " + std::to_string(i / FilesAFolder);
-            if (i % FilesAFolder == 0) std::filesystem::create_directories(folder);
-            AppendToFile(folder + "/" + std::to_string(i) + ".mp3",
-                         ID3v2(3, TextFrame(3, "TIT2", "Title " + std::to_string(i)) +
-                                      TextFrame(3, "TPE1", "Artist")) +
-                             std::string(4000, '\x55'));
-        }
         MakeEmptyCatalogue(app.File(EmptyCatalogueName));
-        settings.values.MediaDir = media.Path();
         settings.values.AudioExtensions = "MP3";
         extensions.AudioExtensionList = {"MP3"};
         state.Setup = true;
         screens.CurrentForm = "velkorandum";
     }
-    /// Runs one whole scan; the longest gap between two ticks in milliseconds.
-    double Scan() {
-        updates.Delete();
-        updates.OpenAnew();
-        double longest = 0;
-        QElapsedTimer gap;
-        QTimer tick;
-        tick.setTimerType(Qt::PreciseTimer);
-        QObject::connect(&tick, &QTimer::timeout, [&] {
-            longest = std::max(longest, static_cast<double>(gap.nsecsElapsed()) / 1e6);
-            gap.start();
-        });
-        gap.start();
-        tick.start(1);
-        updates.Supervise();
-        while (server.Scanning())
-            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-        return longest;
-    }
 
-    TempFolder media;
     MediaExtensions extensions;
     ID3 reader{{log, dialogs}, state.DecimalSymbol};
     modDB db{{state, extensions, settings, report, reader}};
+};
+
+struct Scanned : Watched {
+    static constexpr int Files = 20'000;
+
+    Scanned() {
+        settings.values.MediaDir = media.Path();
+        MakeSongs(media.Path(), Files, 4000);
+    }
+    /// One whole scan.
+    double Scan() {
+        updates.Delete();
+        updates.OpenAnew();
+        updates.Supervise();
+        return LongestGap([this] { return server.Scanning(); });
+    }
+
+    TempFolder media;
     CatalogueUpdates updates{{state, settings, screens, report, db,
                               [this](const ScanRequest& request) { server.Scan(request); },
                               [this] { server.Stop(); }}};
@@ -73,16 +96,85 @@ struct Watched : CoreFixture {
                   updates.Events()};
 };
 
+/// A source and an empty media folder on the disk that the build is on: a memory disk flushes
+/// nothing.
+struct Copied : Watched {
+    Copied() {
+        fs::remove_all(Root());
+        fs::create_directories(Root() + "/from");
+        fs::create_directories(Dest());
+        volumes.ready = {"/"};
+        settings.values.SyncSource = Root() + "/from";
+        settings.values.SyncDest = settings.values.MediaDir = Dest();
+        settings.values.manualdb = true;
+        db.InitDB(false);
+    }
+    ~Copied() { fs::remove_all(Root()); }
+    static std::string Root() { return JoinPath(VK_APP_DIR, "bench-stall"); }
+    static std::string Dest() { return Root() + "/to"; }
+    double ToItsEnd() {
+        return LongestGap([this] { return sync.Running(); });
+    }
+
+    QtClock real;
+    Base base{state,    settings, log,     report, real,   pump,
+              commands, screens,  dialogs, window, locale, volumes};
+    Synchronizer sync{base, db};
+};
+
 void LongestStall(benchmark::State& state) {
     int count = 0;
     QCoreApplication application(count, nullptr);
-    Watched watched;
+    Scanned scanned;
     double longest = 0;
     for (auto _ : state)
-        longest = std::max(longest, watched.Scan());
+        longest = std::max(longest, scanned.Scan());
     state.counters["longest_stall_ms"] = longest;
 }
 BENCHMARK(LongestStall)->Unit(benchmark::kMillisecond)->Iterations(5)->UseRealTime();
+
+void LongestStallOfACopy(benchmark::State& state) {
+    int count = 0;
+    QCoreApplication application(count, nullptr);
+    Copied copied;
+    MakeSongs(copied.settings.values.SyncSource, 10'000, 100'000);
+    for (auto _ : state) {
+        copied.sync.cmdSync_Click();
+        const double longest = copied.ToItsEnd();
+        state.counters["longest_stall_ms"] = longest;
+        if (longest > 30) state.SkipWithError("longer than it may be");
+    }
+    state.SetLabel(copied.sync.Status());
+}
+BENCHMARK(LongestStallOfACopy)->Unit(benchmark::kMillisecond)->Iterations(1)->UseRealTime();
+
+// At another place of the file each time.
+void AbortInTheMiddle(benchmark::State& state) {
+    int count = 0;
+    QCoreApplication application(count, nullptr);
+    Copied copied;
+    MakeSongs(copied.settings.values.SyncSource, 1, 1u << 30);
+    double longest = 0;
+    int tries = 0, middles = 0;
+    for (auto _ : state) {
+        QElapsedTimer passed;
+        passed.start();
+        copied.sync.cmdSync_Click();
+        while (passed.elapsed() < 100 + 40 * tries)
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        const int percent = copied.sync.FilePercent();
+        passed.start();
+        copied.sync.cmdSync_Click();
+        copied.ToItsEnd();
+        longest = std::max(longest, static_cast<double>(passed.nsecsElapsed()) / 1e6);
+        ++tries;
+        middles += percent > 0 && percent < 100;
+    }
+    state.counters["longest_ms"] = longest;
+    state.counters["in the middle"] = middles;
+    if (longest > 200) state.SkipWithError("longer than it may be");
+}
+BENCHMARK(AbortInTheMiddle)->Unit(benchmark::kMillisecond)->Iterations(20)->UseRealTime();
 
 } // namespace
 } // namespace vk::test

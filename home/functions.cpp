@@ -116,11 +116,11 @@ void MainMenu::TurnDevicesOff() {
         n_.doors.turnDevicesOff([this](const std::string& text) { Message(text); });
 }
 
-// In mode 0 the power action ends the system, when the machine has agreed to go off.
+// In mode 0 the power action ends the system, when the machine has agreed to go off: until then
+// what plays goes on.
 void MainMenu::Exit() {
     const bool off = base_.settings.values.ShutDownMode == 0;
     if (off) base_.settings.Set(setting::CurrentSelectID, 0);
-    if (off) TurnDevicesOff();
     if (n_.doors.powerAction) n_.doors.powerAction();
 }
 

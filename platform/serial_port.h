@@ -87,7 +87,7 @@ class SerialPort {
     virtual bool CTSHolding() const = 0;
     virtual bool DSRHolding() const = 0;
     /// Turns the events of the modem lines on; they are off after opening. Changes are told at
-    /// once where the driver tells of them, else within a second.
+    /// once where the driver tells of them, else within 50 ms.
     virtual void WatchModemLines(bool on) = 0;
 
     /// Gets a `CommEvent`. May close or reopen the port, but must not destroy it.

@@ -29,13 +29,14 @@ bool PowerEvents::Broadcast(int event, long data) {
         if (!std::exchange(SuspendHandled, false)) APMAlert();
         base_.log.WriteDebugLog("SUSPEND REQUEST GRANTED - Entering Low Power Mode");
         return false;
-    case PBT_APMRESUMECRITICAL: // perhaps without a word before
+    case PBT_APMRESUMECRITICAL:
         Log("PBT_APMRESUMECRITICAL", event, data);
         APMResume();
+        takenBack_ = true;
         return false;
-    case PBT_APMRESUMESUSPEND: // perhaps behind the other
+    case PBT_APMRESUMESUSPEND: // perhaps behind the other, or without a word before
         Log("PBT_APMRESUME", event, data);
-        if (base_.state.InSuspend) APMResume();
+        if (!std::exchange(takenBack_, false)) APMResume();
         return false;
     default:
         return false;
@@ -50,11 +51,10 @@ void PowerEvents::Log(const char* name, int event, long data) {
 // Nothing waits in here but for the disk: the machine waits for this to return.
 void PowerEvents::APMAlert() {
     if (base_.state.InSuspend) return;
-    TrapAndLog(base_.report, "An error occured in astart.APMAlert ", [&] {
-        whole_.suspend();
-        whole_.mute();
-    });
-    base_.state.WinampWatched = false;
+    for (const auto* part : {&whole_.suspend, &whole_.mute}) // silent, whatever fails before
+        TrapAndLog(base_.report, "An error occured in astart.APMAlert ", *part);
+    takenBack_ = false;
+    watched_ = std::exchange(base_.state.WinampWatched, false);
     base_.state.InSuspend = true;
     base_.log.WriteDebugLog("APMSuspend Complete... Computer suspended.");
     base_.settings.Finish();
@@ -77,7 +77,9 @@ void PowerEvents::TakeBack() {
     if (base_.settings.values.hidemouse) base_.window.ShowCursor(false);
     whole_.unmute();
     ComeToFront();
-    base_.state.WinampWatched = base_.screens.CurrentForm == HomeScreen; // it was activated by that
+    // As that activates the menu, whichever screen lies over it: a player that was lost in the
+    // sleep is missed at once.
+    base_.state.WinampWatched |= std::exchange(watched_, false);
 }
 
 // A program that is in front stays there, under its tool bar.

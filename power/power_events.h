@@ -33,6 +33,8 @@ class PowerEvents {
     Base& base_;
     Whole whole_;
     bool SuspendHandled = false; ///< the query was answered: the suspend itself is no news
+    bool takenBack_ = false;     ///< by the message of a critical waking
+    bool watched_ = false;       ///< the player process, before the sleep
 };
 
 } // namespace vk

@@ -30,6 +30,7 @@ void modDB::InitDB(bool keep) {
         app.DBState = DBStateValue::CheckPoint;
     if (!FileExists(File(CatalogueFileName))) {
         app.DBState = DBStateValue::Disabled;
+        needs_.report.Log("There is no tags.mdb: " + WhyThereIsNone());
     } else if (!TryToOpen() || OfOtherFolder()) {
         app.DBState = DBStateValue::Initialized;
     } else if (manual) {
@@ -37,6 +38,12 @@ void modDB::InitDB(bool keep) {
     } else if (app.DBState != DBStateValue::CheckPoint || !keep) {
         app.DBState = DBStateValue::Initialized;
     }
+}
+
+std::string modDB::WhyThereIsNone() const {
+    if (FolderExists(File(CatalogueFileName))) return "a folder is in its place";
+    const bool hasTemplate = FileExists(needs_.settings.Shipped(EmptyCatalogueName));
+    return hasTemplate ? "it cannot be written" : std::string(EmptyCatalogueName) + " is missing";
 }
 
 void modDB::Open() {

@@ -78,6 +78,7 @@ class modDB : public Catalogue {
     template<class Work> auto Guarded(const Work& work);
     void GiveUp(const std::exception& damage);
     bool CopyTemplate();
+    std::string WhyThereIsNone() const;
     Database& Opened();
     Statement Query(const std::string& sql);
     std::string ParentDirOf(const std::string& folder) const;

@@ -23,15 +23,27 @@ int WakeSignal() {
     return number;
 }
 
+// A child that ends must not end the wait.
+void TakeNoOtherSignal() {
+    sigset_t others;
+    ::sigfillset(&others);
+    ::sigdelset(&others, WakeSignal());
+    ::pthread_sigmask(SIG_SETMASK, &others, nullptr);
+}
+
 } // namespace
 
-LineWatch::LineWatch(std::function<bool()> wait, std::function<void()> changed) {
+LineWatch::LineWatch(std::function<bool()> wait, std::function<void()> changed,
+                     std::function<void()> fails) {
     WakeSignal(); // ready before it may be sent
-    thread_ = std::thread([this, wait = std::move(wait), changed = std::move(changed)] {
-        while (!ending_ && wait())
-            if (!ending_) changed();
-        ended_ = true;
-    });
+    thread_ = std::thread(
+        [this, wait = std::move(wait), changed = std::move(changed), fails = std::move(fails)] {
+            TakeNoOtherSignal();
+            while (!ending_ && wait())
+                if (!ending_) changed();
+            if (!ending_) fails();
+            ended_ = true;
+        });
 }
 
 // The signal may come just before the wait begins, so that one may not be enough.

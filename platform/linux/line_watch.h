@@ -7,11 +7,13 @@
 
 namespace vk {
 
-/// Calls `changed` on its own thread each time `wait` has returned true, until it returns false or
-/// this object goes. `wait` must come back from a signal that interrupts it.
+/// Calls `changed` on its own thread each time `wait` has returned true, until this object goes, or
+/// until `wait` returns false by itself: then `fails` is called. `wait` must come back from a
+/// signal that interrupts it; those of the process do not reach it.
 class LineWatch {
   public:
-    LineWatch(std::function<bool()> wait, std::function<void()> changed);
+    LineWatch(std::function<bool()> wait, std::function<void()> changed,
+              std::function<void()> fails);
     ~LineWatch();
     LineWatch(const LineWatch&) = delete;
     LineWatch& operator=(const LineWatch&) = delete;

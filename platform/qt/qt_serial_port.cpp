@@ -10,7 +10,8 @@ namespace vk {
 
 namespace {
 
-constexpr int LinePollMs = 1000; // one call of the driver: less than 0.001 of a core
+// A call of the driver is some microseconds: even the shorter one takes less than 0.001 of a core.
+constexpr int LinePollMs = 1000, LinePollAloneMs = 50;
 
 void Apply(const SerialSettings& settings, QSerialPort& port) {
     static const std::map<char, QSerialPort::Parity> parities = {{'N', QSerialPort::NoParity},
@@ -137,7 +138,12 @@ void QtSerialPort::WatchModemLines(bool on) {
     if (!on || !port_.isOpen()) return linesTimer_.stop();
     linesTimer_.start(LinePollMs);
     lineWatch_ = std::make_unique<LineWatch>([port = port_.handle()] { return WaitForLines(port); },
-                                             [this] { uiThread_.Post([this] { PollLines(); }); });
+                                             [this] { uiThread_.Post([this] { PollLines(); }); },
+                                             [this] { uiThread_.Post([this] { PollAlone(); }); });
+}
+
+void QtSerialPort::PollAlone() {
+    if (linesTimer_.isActive()) linesTimer_.setInterval(LinePollAloneMs);
 }
 
 void QtSerialPort::PollLines() {

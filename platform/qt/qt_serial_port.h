@@ -37,6 +37,7 @@ class QtSerialPort : public SerialPort {
   private:
     void Failed(QSerialPort::SerialPortError error);
     void PollLines();
+    void PollAlone();
     void Tell(int commEvent);
     QSerialPort::PinoutSignals Lines() const;
 

@@ -78,6 +78,7 @@ struct VehicleTest : testing::Test, WiredSystem {
         const std::string settings = dir.Read("settings.ini");
         dir.Write("settings.ini", "[main]\nAutoDimScreen=true\n" + settings.substr(7) + more);
         Make();
+        hosted = windows; // asked for as it was made
         xmPort->onOutput = [this](std::string_view bytes) { xm.Hear(bytes); };
         ASSERT_TRUE(app->Start());
         Pass(1000);
@@ -109,6 +110,18 @@ struct VehicleTest : testing::Test, WiredSystem {
         if (screen == "alone") Press({Qt::Key_Return}), Pass(1000);
         host().keys[Action::gps] = std::to_string('G');
         if (screen == "frmGPS") Press({Qt::Key_G}), Pass(1000);
+        if (screen == "ExtAppTools") ShowProgram();
+    }
+    void ShowProgram() {
+        hosted->onClose = [this](WindowHandle window) {
+            programs.running.clear();
+            hosted->Shut(window);
+        };
+        onEvents = [this] {
+            if (hosted->list.empty()) hosted->Open(*programs.running.rbegin());
+        };
+        host().commands.Run([this] { app->rooms().hosting.Programs().Open({"/bin/clock", "C"}); });
+        onEvents = {};
     }
     void ShowFilm() {
         app->rooms().playback.video = {.ListFile = dir.Write("films.m3u", dir.Write("a.avi", "x"))};
@@ -135,6 +148,7 @@ struct VehicleTest : testing::Test, WiredSystem {
         player.ran.clear(), player.runFolders.clear();
         film.opened.clear(), engine.asked.clear(), probe.asked.clear();
         xmPort->sent.clear(), xmPort->opened.clear();
+        hosted->told.clear(), programs.started.clear(), programs.killed.clear();
         fm.sent.erase(fm.sent.begin(), fm.sent.end() - (fm.sent.empty() ? 0 : 1));
         std::ofstream(dir.File("debug.log")).close(); // empty, and no wait for the disk
     }
@@ -182,12 +196,13 @@ struct VehicleTest : testing::Test, WiredSystem {
                              .c_str());
     }
 
+    FakeForeignWindows* hosted = nullptr; ///< of programs beside the system
     KeepingPlayer winamp{clock};
     FakeRadio fm;
     SimReceiver xm{clock, [this](std::string_view bytes) { xmPort->Receive(bytes); }};
 };
 
-/// Rounds through all places, 45 sleeps each; VK_SLEEP_ROUNDS=23 makes a thousand of them.
+/// Rounds through all places, 50 sleeps each; VK_SLEEP_ROUNDS=20 makes a thousand of them.
 int Rounds() {
     const char* told = std::getenv("VK_SLEEP_ROUNDS");
     return told ? std::atoi(told) : 3;
@@ -202,9 +217,9 @@ TEST_F(VehicleTest, SleepsChangeNothingAndLeaveNothing) {
           "[xmpcr_tuner]\nenabled=true\naudio_input=2\n[GPS]\nGPSModule=1\nmap=town.bin\n");
     volumes.drives = {{"/", DriveType::Fixed}};
     std::vector<std::int64_t> before;
-    const char* places[] = {HomeScreen, "alone",    "playlists", "playmp3",  "FM",
-                            "XM",       "settings", "frmGPS",    "playmovie"};
-    constexpr int Here = 5, Places = 9, Round = Places * Here;
+    const char* places[] = {HomeScreen, "alone",    "playlists", "playmp3",   "FM",
+                            "XM",       "settings", "frmGPS",    "playmovie", "ExtAppTools"};
+    constexpr int Here = 5, Places = 10, Round = Places * Here;
     for (int i = 0; i < Round * Rounds(); ++i) {
         const std::string place = places[i / Here % Places];
         if (i % Here == 0) GoTo(place);
@@ -216,6 +231,7 @@ TEST_F(VehicleTest, SleepsChangeNothingAndLeaveNothing) {
         EXPECT_TRUE(place != "XM" || (xm.on && xm.tuned != 0)) << i;
         if (place == "playmovie" && i % Here > 2) host().screens.Find(place)->DoPause();
         const auto was = State();
+        if (i % 7 == 0) power.Wake(), Pass(15'000); // from a sleep that was not announced
         const auto cycle = [&] { Sleep(i, plays); };
         i % 4 == 1 ? WithAQuestion(cycle) : cycle();
         if (place == "frmGPS") {

@@ -33,6 +33,10 @@ TEST_F(CatalogueTest, OpeningFollowsTheStates) {
     DeleteFileAt(app.File(CatalogueFileName));
     DeleteFileAt(app.File(EmptyCatalogueName));
     EXPECT_EQ(open(false, true), DBStateValue::Disabled);
+    EXPECT_TRUE(Logged("There is no tags.mdb: tags_empty.mdb is missing"));
+    app.MakeFolder(CatalogueFileName);
+    EXPECT_EQ(open(false, false), DBStateValue::Disabled);
+    EXPECT_EQ(LinesLogged("There is no tags.mdb: a folder is in its place"), 1);
     EXPECT_FALSE(db.IsOpen());
     EXPECT_THROW(db.Files("SELECT Path FROM Media"), Error);
 }

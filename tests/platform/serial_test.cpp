@@ -55,13 +55,19 @@ TEST_F(SerialTest, APortWithoutModemLinesTellsNothingAndCloses) {
 }
 
 TEST(LineWatchTest, TellsEachChangeAndEndsAlsoWhileItWaits) {
-    std::atomic<int> waits = 0, changes = 0;
-    {
-        const LineWatch watch([&] { return ++waits <= 3 || ::pause() == 0; }, [&] { ++changes; });
-        EXPECT_TRUE(Polled([&] { return waits == 4; }));
-        EXPECT_EQ(changes, 3);
-    } // interrupts the pause
+    std::atomic<int> waits = 0, changes = 0, failures = 0;
+    const auto wait = [&] { return ++waits <= 3 || (waits == 4 && ::pause() == 0); };
+    const auto watch = [&] {
+        return std::make_unique<LineWatch>(
+            wait, [&] { ++changes; }, [&] { ++failures; });
+    };
+    auto interrupted = watch();
+    EXPECT_TRUE(Polled([&] { return waits == 4; }));
     EXPECT_EQ(changes, 3);
+    interrupted.reset();
+    EXPECT_EQ(changes + 10 * failures, 3);
+    const auto failing = watch();
+    EXPECT_TRUE(Polled([&] { return failures == 1; })) << "it is polled more often";
     PtyReceiver device("/tmp/vk-line-" + std::to_string(::getpid()));
     const FileDescriptor port(
         ::open(("/tmp/vk-line-" + std::to_string(::getpid())).c_str(), O_RDWR | O_NOCTTY));
