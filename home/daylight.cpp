@@ -18,8 +18,8 @@ void Daylight::Check() {
         base_.state.CurrentSkinFile = skin;
         ReloadSkin();
     }
-    // Between the changes the driver may dim by hand.
-    const bool changed = std::exchange(day_, day) != day;
+    // Between the changes the driver may dim by hand; a day that was not seen to begin is none.
+    const bool changed = std::exchange(day_, day).value_or(true) != day;
     if (changed && s.AutoDimScreen && setDimmer && base_.state.Dimmed == day) setDimmer(!day);
 }
 

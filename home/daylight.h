@@ -22,8 +22,8 @@ class Daylight {
     /// within is ignored.
     void ReloadSkin();
 
-    /// The next check dims or undims as if the day or the night had just begun: what was undimmed
-    /// for the settings is dimmed again.
+    /// The next check dims as if the night had just begun: what was undimmed for the settings is
+    /// dimmed again.
     void Forget() { day_.reset(); }
 
     std::function<void(bool)> setDimmer; ///< empty where the screen cannot be dimmed

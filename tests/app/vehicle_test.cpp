@@ -361,6 +361,11 @@ TEST_F(VehicleTest, TheNightDimsTheHandHasTheLastWordAndLeavingGivesBack) {
     const auto dim = [&] { return gamma.displays != found; };
     Begin();
     EXPECT_FALSE(dim());
+    app->rooms().vehicle.SetDimmer(false); // before the day is looked at for the first time
+    host().daylight.Forget();
+    Pass(2000);
+    EXPECT_TRUE(dim());
+    app->rooms().vehicle.SetDimmer(false);
     clock.SetNow({2026, 11, 21, 22});
     Pass(2000);
     EXPECT_TRUE(dim()) << "it is night";
