@@ -229,7 +229,7 @@ void UuirtReceiver::CloseDevice() {
             open.Close();
         }).Done(n_.patienceMs);
     opened_.device = UUIRTCalls::InvalidHandle();
-    ClearBuff();
+    UuirtReceiver::ClearBuff();
 }
 
 void UuirtReceiver::ClearBuff() {

@@ -30,12 +30,12 @@ void modDB::InitDB(bool keep) {
         app.DBState = DBStateValue::CheckPoint;
     if (!FileExists(File(CatalogueFileName))) {
         app.DBState = DBStateValue::Disabled;
-        needs_.report.Log("There is no tags.mdb: " + WhyThereIsNone());
-    } else if (!TryToOpen() || OfOtherFolder()) {
-        app.DBState = DBStateValue::Initialized;
-    } else if (manual) {
+        return needs_.report.Log("There is no tags.mdb: " + WhyThereIsNone());
+    }
+    const bool usable = TryToOpen() && !OfOtherFolder();
+    if (usable && manual) {
         if (!keep) app.DBState = DBStateValue::OnLine;
-    } else if (app.DBState != DBStateValue::CheckPoint || !keep) {
+    } else if (!usable || app.DBState != DBStateValue::CheckPoint || !keep) {
         app.DBState = DBStateValue::Initialized;
     }
 }

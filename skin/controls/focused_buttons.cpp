@@ -19,8 +19,8 @@ constexpr int FrameShare = 80; // the frame's width is the screen's height divid
 constexpr int NoteShare = 7;   // and the note's height likewise
 
 bool TakesTouch(const QWidget* widget) {
-    const auto* label = dynamic_cast<const ShadedLabel*>(widget);
-    return dynamic_cast<const TouchButton*>(widget) || (label && label->TakesTouches());
+    const auto* label = dynamic_cast<const ShadedLabel*>(&widget);
+    return dynamic_cast<const TouchButton*>(&widget) || (label && label->TakesTouches());
 }
 
 } // namespace
@@ -39,11 +39,11 @@ FocusedButtons::FocusedButtons(const ControlContext& context, QWidget* screen)
 FocusedButtons::~FocusedButtons() = default;
 
 // What is drawn of it: more of it may take a touch.
-QRect FocusedButtons::BoxOf(const QWidget* widget) const {
-    const auto* label = dynamic_cast<const ShadedLabel*>(widget);
-    const auto* button = dynamic_cast<const TouchButton*>(widget);
-    const QRect face = label ? label->Face() : button ? button->Face() : widget->rect();
-    return face.translated(widget->mapTo(&screen_, QPoint()));
+QRect FocusedButtons::BoxOf(const QWidget& widget) const {
+    const auto* label = dynamic_cast<const ShadedLabel*>(&widget);
+    const auto* button = dynamic_cast<const TouchButton*>(&widget);
+    const QRect face = label ? label->Face() : button ? button->Face() : widget.rect();
+    return face.translated(widget.mapTo(&screen_, QPoint()));
 }
 
 // What is covered is out of reach for a finger, too; and the bar that lies behind buttons is one of
@@ -52,15 +52,15 @@ std::vector<QWidget*> FocusedButtons::Targets() const {
     std::vector<QWidget*> targets;
     for (QWidget* child : screen_.findChildren<QWidget*>())
         if (TakesTouch(child) && child->isVisible() && child->isEnabled() &&
-            screen_.childAt(BoxOf(child).center()) == child)
+            screen_.childAt(BoxOf(*child).center()) == child)
             targets.push_back(child);
     const auto all = targets;
     std::erase_if(targets, [&](const QWidget* bar) {
         return std::ranges::any_of(all, [&](const QWidget* button) {
-            return button != bar && BoxOf(bar).contains(BoxOf(button).center());
+            return button != bar && BoxOf(*bar).contains(BoxOf(*button).center());
         });
     });
-    std::ranges::stable_sort(targets, {}, [&](const QWidget* each) { return BoxOf(each).left(); });
+    std::ranges::stable_sort(targets, {}, [&](const QWidget* each) { return BoxOf(*each).left(); });
     return targets;
 }
 
@@ -78,7 +78,7 @@ bool FocusedButtons::Marks(const std::vector<QWidget*>& targets) {
     // Left of the middle: of a bar with two ends the left one, on which nothing ends.
     const QPoint middle(screen_.width() * 9 / 20, screen_.height());
     const auto nearest = std::ranges::min_element(targets, {}, [&](const QWidget* each) {
-        return (BoxOf(each).center() - middle).manhattanLength();
+        return (BoxOf(*each).center() - middle).manhattanLength();
     });
     if (nearest == targets.end()) return false;
     const bool known = std::ranges::find(targets, target_.data()) != targets.end();
@@ -89,7 +89,7 @@ bool FocusedButtons::Marks(const std::vector<QWidget*>& targets) {
 void FocusedButtons::Mark(QWidget* target) {
     target_ = target;
     const int frame = screen_.height() / FrameShare + 1;
-    setGeometry(BoxOf(target).adjusted(-frame, -frame, frame, frame) & screen_.rect());
+    setGeometry(BoxOf(*target).adjusted(-frame, -frame, frame, frame) & screen_.rect());
     show();
     raise();
     update();
@@ -116,8 +116,8 @@ void FocusedButtons::Move(int dx, int dy) {
     std::vector<QRect> boxes;
     boxes.reserve(targets.size());
     for (const QWidget* each : targets)
-        boxes.push_back(each == target_ ? QRect() : BoxOf(each));
-    const int next = NearestBox(BoxOf(target_), boxes, dx, dy);
+        boxes.push_back(each == target_ ? QRect() : BoxOf(*each));
+    const int next = NearestBox(BoxOf(*target_), boxes, dx, dy);
     if (next >= 0) return Mark(targets[static_cast<std::size_t>(next)]);
     if (dy == 0) return;
     // Whoever has up and down alone goes round.

@@ -47,7 +47,7 @@ class FocusedButtons : public QWidget, public ScreenButtons {
 
   private:
     std::vector<QWidget*> Targets() const;
-    QRect BoxOf(const QWidget* widget) const;
+    QRect BoxOf(const QWidget& widget) const;
     bool Marks(const std::vector<QWidget*>& targets);
     void Mark(QWidget* target);
     void Touch(QEvent::Type type);
