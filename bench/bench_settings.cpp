@@ -1,15 +1,13 @@
 // The settings in the whole application: from a tab to the painted page, from a change to its
 // picture, on every page.
+#include "bench/offscreen.h"
 #include "bench/running.h"
 #include "settings/screen/settings_screen.h"
 
 #include <QMouseEvent>
 
-#include <benchmark/benchmark.h>
-
 #include <algorithm>
 #include <cstdio>
-#include <cstdlib>
 #include <vector>
 
 namespace vk::test {
@@ -123,8 +121,5 @@ BENCHMARK(ChangeShows)->Iterations(1);
 } // namespace vk::test
 
 int main(int argc, char** argv) {
-    setenv("QT_QPA_PLATFORM", "offscreen", 0);
-    QApplication qt(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
+    return vk::test::RunOffscreen(argc, argv);
 }

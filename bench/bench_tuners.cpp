@@ -1,5 +1,6 @@
 // The tuners: frames of the satellite receiver's link a second, a list of all channels on the
 // screen, and from a key to the FM radio's library.
+#include "bench/offscreen.h"
 #include "library/channels/channel_table.h"
 #include "playback/screen/playmp3.h"
 #include "tests/playback/audio_fixture.h"
@@ -8,12 +9,6 @@
 #include "tuners/fm/fm_source.h"
 #include "tuners/xm/frames.h"
 #include "tuners/xm/xm_source.h"
-
-#include <QApplication>
-
-#include <benchmark/benchmark.h>
-
-#include <cstdlib>
 
 namespace vk::test {
 namespace {
@@ -121,8 +116,5 @@ BENCHMARK(KeyToLibrary)->Unit(benchmark::kMicrosecond)->Iterations(20000);
 } // namespace vk::test
 
 int main(int argc, char** argv) {
-    setenv("QT_QPA_PLATFORM", "offscreen", 0);
-    QApplication qt(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
+    return vk::test::RunOffscreen(argc, argv);
 }

@@ -3,25 +3,33 @@
 #include "core/text.h"
 #include "core/utf16.h"
 
-#include <algorithm>
+#include <iterator>
+#include <utility>
 
 namespace vk {
 
 namespace {
 
 constexpr std::string_view Utf8Mark = "\xEF\xBB\xBF";
+constexpr std::string_view Blanks = " \t\r\n"; // as Trim takes them
+
+bool Begins(std::string_view line, char sign) {
+    const auto at = line.find_first_not_of(Blanks);
+    return at != std::string_view::npos && line[at] == sign;
+}
 
 // "[name]" with blanks around; text after the bracket is ignored, as the profile calls do.
 std::optional<std::string> SectionName(std::string_view line) {
-    const std::string trimmed = Trim(line);
-    const auto close = trimmed.find(']');
-    if (trimmed.empty() || trimmed[0] != '[' || close == std::string::npos) return std::nullopt;
-    return Trim(std::string_view(trimmed).substr(1, close - 1));
+    if (!Begins(line, '[')) return std::nullopt;
+    line.remove_prefix(line.find('[') + 1);
+    const auto close = line.find(']');
+    if (close == std::string_view::npos) return std::nullopt;
+    return Trim(line.substr(0, close));
 }
 
 std::optional<std::string> KeyName(std::string_view line) {
     const auto equals = line.find('=');
-    if (equals == std::string_view::npos || Trim(line).starts_with(';')) return std::nullopt;
+    if (equals == std::string_view::npos || Begins(line, ';')) return std::nullopt;
     return Trim(line.substr(0, equals));
 }
 
@@ -62,41 +70,41 @@ void IniDocument::TakeLines(std::string_view contents) {
 // New lines go to the first of equal sections, whether or not the others count.
 IniDocument::Index IniDocument::MakeIndex() const {
     Index index;
+    index.keys.reserve(lines_.size());
     std::string section;
     Range* range = nullptr;
     bool counts = false;
-    for (std::size_t i = 0; i < lines_.size(); ++i) {
-        if (const auto name = SectionName(lines_[i])) {
+    for (auto line = lines_.begin(); line != lines_.end(); ++line) {
+        if (const auto name = SectionName(*line)) {
             section = ToLower(*name);
-            const auto [at, added] = index.sections.try_emplace(section, Range{i + 1, i + 1});
+            const auto [at, added] = index.sections.try_emplace(section, Range{line, line});
             range = added ? &at->second : nullptr;
             counts = added || same_ == SameSections::AreOne;
         } else if (counts) {
-            if (range) range->end = i + 1;
-            if (const auto key = KeyName(lines_[i]))
-                index.keys.try_emplace(KeyIn(section, *key), i);
+            if (range) range->last = line;
+            if (const auto key = KeyName(*line)) index.keys.try_emplace(KeyIn(section, *key), line);
         }
     }
     return index;
 }
 
-const IniDocument::Index& IniDocument::Find() const {
+IniDocument::Index& IniDocument::Find() const {
     if (!index_) index_ = MakeIndex();
     return *index_;
 }
 
 bool IniDocument::HasSection(std::string_view section) const {
-    return FindSection(section).has_value();
+    return FindSection(section) != nullptr;
 }
 
-std::optional<IniDocument::Range> IniDocument::FindSection(std::string_view section) const {
-    const auto& sections = Find().sections;
+IniDocument::Range* IniDocument::FindSection(std::string_view section) const {
+    auto& sections = Find().sections;
     const auto at = sections.find(ToLower(section));
-    return at == sections.end() ? std::nullopt : std::optional(at->second);
+    return at == sections.end() ? nullptr : &at->second;
 }
 
-std::optional<std::size_t> IniDocument::FindKey(std::string_view section,
-                                                std::string_view key) const {
+std::optional<IniDocument::Lines::iterator> IniDocument::FindKey(std::string_view section,
+                                                                 std::string_view key) const {
     const auto& keys = Find().keys;
     const auto at = keys.find(KeyIn(ToLower(section), key));
     return at == keys.end() ? std::nullopt : std::optional(at->second);
@@ -106,57 +114,47 @@ std::optional<std::string> IniDocument::Value(std::string_view section,
                                               std::string_view key) const {
     const auto line = FindKey(section, key);
     if (!line) return std::nullopt;
-    const std::string& text = lines_[*line];
+    const std::string& text = **line;
     return WithoutQuotes(Trim(std::string_view(text).substr(text.find('=') + 1)));
 }
 
 void IniDocument::SetValue(std::string_view section, std::string_view key, std::string_view value) {
     const std::string line = OneLine(key) + "=" + OneLine(value);
     if (const auto at = FindKey(section, key)) {
-        lines_[*at] = line;
+        **at = line;
         return;
     }
-    auto range = FindSection(section);
-    if (!range) {
-        lines_.push_back(OneLine(section).insert(0, 1, '[') + ']');
-        range = Range{lines_.size(), lines_.size()};
-    }
-    std::size_t end = range->end;
-    while (end > range->begin && Trim(lines_[end - 1]).empty())
-        --end;
-    Insert(end, section, key, line);
+    if (Range* range = FindSection(section)) return Append(*range, section, key, line);
+    lines_.push_back(OneLine(section).insert(0, 1, '[') + ']');
+    lines_.push_back(line);
+    index_.reset();
 }
 
-// A long file is not taken apart anew for each key that it gets.
-void IniDocument::Insert(std::size_t at, std::string_view section, std::string_view key,
+// A long file is not taken apart anew for each key that it gets. Blank lines stay at the section's
+// end.
+void IniDocument::Append(Range& range, std::string_view section, std::string_view key,
                          std::string line) {
     const bool plain = KeyName(line) == std::string(key) && !SectionName(line);
-    lines_.insert(lines_.begin() + static_cast<std::ptrdiff_t>(at), std::move(line));
-    if (!plain || !index_) return index_.reset();
-    const auto own = index_->sections.find(ToLower(section));
-    if (own == index_->sections.end()) return index_.reset();
-    for (auto& [name, range] : index_->sections) {
-        range.begin += range.begin > at ? 1u : 0u;
-        range.end += range.end > at ? 1u : 0u;
-    }
-    own->second.end = std::max(own->second.end, at + 1);
-    for (auto& [name, place] : index_->keys)
-        place += place >= at ? 1u : 0u;
-    index_->keys.try_emplace(KeyIn(own->first, key), at);
+    auto after = range.last;
+    while (after != range.head && Trim(*after).empty())
+        --after;
+    const auto added = lines_.insert(std::next(after), std::move(line));
+    if (!plain) return index_.reset();
+    if (after == range.last) range.last = added;
+    index_->keys.try_emplace(KeyIn(ToLower(section), key), added);
 }
 
 bool IniDocument::RemoveKey(std::string_view section, std::string_view key) {
     const auto line = FindKey(section, key);
-    if (line) lines_.erase(lines_.begin() + static_cast<std::ptrdiff_t>(*line));
-    index_.reset();
+    if (line) lines_.erase(*line);
+    if (line) index_.reset();
     return line.has_value();
 }
 
 bool IniDocument::RemoveSection(std::string_view section) {
-    const auto range = FindSection(section);
+    const Range* range = FindSection(section);
     if (!range) return false;
-    lines_.erase(lines_.begin() + static_cast<std::ptrdiff_t>(range->begin) - 1,
-                 lines_.begin() + static_cast<std::ptrdiff_t>(range->end));
+    lines_.erase(range->head, std::next(range->last));
     index_.reset();
     return true;
 }

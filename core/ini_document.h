@@ -1,12 +1,11 @@
 // The lines of one INI file, found and edited without touching the lines around.
 #pragma once
 
-#include <cstddef>
+#include <list>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
-#include <vector>
 
 namespace vk {
 
@@ -17,6 +16,14 @@ enum class SameSections { FirstCounts, AreOne };
 class IniDocument {
   public:
     IniDocument() = default;
+    IniDocument(const IniDocument& other) : lines_(other.lines_), same_(other.same_) {}
+    IniDocument(IniDocument&&) = default;
+    IniDocument& operator=(IniDocument other) noexcept {
+        lines_.swap(other.lines_);
+        index_.swap(other.index_);
+        same_ = other.same_;
+        return *this;
+    }
     /// Takes any bytes: what is no section or key line is kept and ignored. Line ends may be CR LF,
     /// LF or CR; a byte order mark is skipped, UTF-16 becomes UTF-8.
     explicit IniDocument(std::string_view contents, SameSections same = SameSections::FirstCounts);
@@ -32,25 +39,25 @@ class IniDocument {
     std::string Contents() const;
 
   private:
+    using Lines = std::list<std::string>; ///< what the index points at stays where it is
     struct Range {
-        std::size_t begin; ///< first line after the section's own
-        std::size_t end;   ///< one past the section's last line
+        Lines::iterator head, last; ///< the section's own line; its last one, or the same
     };
     /// Where things are, by names in lower case; keys bear their section in front.
     struct Index {
         std::unordered_map<std::string, Range> sections;
-        std::unordered_map<std::string, std::size_t> keys;
+        std::unordered_map<std::string, Lines::iterator> keys;
     };
-    const Index& Find() const;
+    Index& Find() const;
     Index MakeIndex() const;
     void TakeLines(std::string_view contents);
-    void Insert(std::size_t at, std::string_view section, std::string_view key, std::string line);
-    std::optional<Range> FindSection(std::string_view section) const;
-    std::optional<std::size_t> FindKey(std::string_view section, std::string_view key) const;
+    void Append(Range& range, std::string_view section, std::string_view key, std::string line);
+    Range* FindSection(std::string_view section) const;
+    std::optional<Lines::iterator> FindKey(std::string_view section, std::string_view key) const;
 
-    std::vector<std::string> lines_;
-    SameSections same_ = SameSections::FirstCounts;
+    mutable Lines lines_;
     mutable std::optional<Index> index_; ///< made when it is needed
+    SameSections same_ = SameSections::FirstCounts;
 };
 
 } // namespace vk

@@ -50,6 +50,12 @@ class Dialogs {
                                       const std::vector<std::string>& /*rows*/, int /*marked*/) {
         return std::nullopt;
     }
+    /// Shows a text until `done`, asked a few times a second, says so; false when the user gave up
+    /// by the button, whose caption is `giveUp`.
+    virtual bool Await(const std::string& /*text*/, const std::string& /*title*/,
+                       const std::string& /*giveUp*/, const std::function<bool()>& /*done*/) {
+        return false;
+    }
     /// The folder that the user picked, starting at `start` (empty: the home folder); empty on
     /// cancel. `caption` stands above the folders.
     virtual std::string ChooseFolder(const std::string& caption, const std::string& start) = 0;

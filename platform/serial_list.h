@@ -1,7 +1,10 @@
 // The serial ports of the machine by number, as lists and searches show them.
 #pragma once
 
+#include "platform/serial_port.h"
+
 #include <array>
+#include <cstddef>
 #include <string>
 
 namespace vk {
@@ -15,5 +18,12 @@ struct ListedSerialPort {
 using SerialList = std::array<ListedSerialPort, 16>;
 
 SerialList ListSerialPorts();
+
+/// How a setting names the port at a place of the list: by its number where that leads there, else
+/// by its path. `SerialPortName` turns it back.
+inline std::string SerialSetting(const SerialList& list, std::size_t place) {
+    const int number = static_cast<int>(place) + 1;
+    return list[place].path == SerialPortName(number) ? std::to_string(number) : list[place].path;
+}
 
 } // namespace vk

@@ -97,7 +97,7 @@ std::string DebugPage::Told() {
 Page DebugPage::Describe() {
     Row log = ProgressRow([this] { return log_.Text(); });
     log.lines = LogLines;
-    log.isLog = true;
+    log.scroll = [this](int lines) { log_.Move(lines); };
     const auto button = [](const char* caption, std::function<void()> use, const char* name) {
         return ButtonRow(caption, std::move(use), Row::Quarter, name);
     };
@@ -105,9 +105,9 @@ Page DebugPage::Describe() {
             .tab = "Debug",
             .rows = {log,
                      button(
-                         "Older lines", [this] { log_.Older(); }, "btnOlder"),
+                         "Older lines", [this] { log_.Move(LogView::Step); }, "btnOlder"),
                      button(
-                         "Newer lines", [this] { log_.Newer(); }, "btnNewer"),
+                         "Newer lines", [this] { log_.Move(-LogView::Step); }, "btnNewer"),
                      button(
                          "Clear the log", [this] { btnClearLog_Click(); }, "btnClearLog"),
                      button(

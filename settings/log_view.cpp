@@ -11,7 +11,6 @@ namespace {
 
 constexpr std::uint64_t ReadFromEnd = 128 << 10; // bytes
 constexpr std::size_t Given = 20;                // lines
-constexpr std::size_t Step = 4;                  // lines that a press moves by
 constexpr std::size_t Piece = 150; // characters: four of them are no more than a small panel shows
 constexpr std::size_t Least = 8;   // lines, of the oldest
 constexpr std::size_t LongWord = 30;       // bytes that are never broken
@@ -74,13 +73,10 @@ void LogView::Take() {
     text_ = Join(shown, "\n");
 }
 
-void LogView::Older() {
-    back_ = std::min(back_ + Step, lines_.size() - std::min(lines_.size(), Least));
-    Take();
-}
-
-void LogView::Newer() {
-    back_ -= std::min(back_, Step);
+void LogView::Move(int lines) {
+    const std::size_t most = lines_.size() - std::min(lines_.size(), Least);
+    const auto back = static_cast<std::ptrdiff_t>(back_) + lines;
+    back_ = std::min(static_cast<std::size_t>(std::max<std::ptrdiff_t>(back, 0)), most);
     Take();
 }
 

@@ -13,14 +13,16 @@ namespace vk {
 /// thousand lines is not shown.
 class LogView {
   public:
+    static constexpr int Step = 4; ///< lines that a press of a button moves by
+
     explicit LogView(std::string file) : file_(std::move(file)) {}
 
     /// The lines up to where the view stands, more of them than any panel shows. They may be broken
     /// everywhere, also where a word or a path does not end. Asked with each drawing: the file is
     /// read again when it has changed.
     const std::string& Text();
-    void Older();
-    void Newer();
+    /// So many lines back, or (negative) towards the end.
+    void Move(int lines);
 
   private:
     void Follow();

@@ -35,12 +35,8 @@ using NamedPort = std::pair<std::string, std::string>;
 // The serial ports of the machine, and the configured one where it is not among them.
 std::vector<NamedPort> NamedPorts(const SerialList& list, const std::string& configured) {
     std::vector<NamedPort> ports;
-    for (std::size_t i = 0; i < list.size(); ++i) {
-        const int number = static_cast<int>(i) + 1;
-        const bool numbered = list[i].path == SerialPortName(number);
-        if (!list[i].name.empty())
-            ports.emplace_back(numbered ? std::to_string(number) : list[i].path, list[i].name);
-    }
+    for (std::size_t i = 0; i < list.size(); ++i)
+        if (!list[i].name.empty()) ports.emplace_back(SerialSetting(list, i), list[i].name);
     if (std::ranges::find(ports, configured, &NamedPort::first) == ports.end())
         ports.insert(ports.begin(), {configured, SerialPortName(std::string_view(configured))});
     return ports;

@@ -2,7 +2,6 @@
 
 #include "core/text.h"
 #include "core/time_of_day.h"
-#include "settings/first_receiver.h"
 
 namespace vk {
 
@@ -16,6 +15,7 @@ constexpr char Welcome[] =
     "specific "
     "as possible, because incorrect answers could cause Velkorandum to behave in unexpected ways.";
 constexpr int LoadingSteps = 13;
+constexpr const char* RowsForFingers = "1"; // rows of lists twice as high as their text
 
 } // namespace
 
@@ -51,14 +51,15 @@ void SettingsShell::FirstRun() {
     Trap(n_.base.report, "An error occured in settings.FirstRun ", [&] {
         view_.EnableLeaving(false, false);
         view_.ShowShell();
-        TakeReceiver();
+        receiver_.Begin(); // whoever has nothing but a remote can answer the questions
         n_.base.dialogs.ShowMessage(Welcome);
-        TakeNewerMedia();
+        BeginAsToday();
         n_.base.settings.LoadSettings();
         n_.extensions.Load(n_.base.settings.values.AudioExtensions,
                            n_.base.settings.values.VideoExtensions);
         if (!folders_.ChooseMediaDir()) return n_.ways.exitApplication();
         view_.ShowTexts();
+        receiver_.End(); // other devices want their ports
         n_.base.dialogs.ShowMessage(
             "Velkorandum will now update the database.\nThis may take a few minutes.");
         n_.catalogue.Open();
@@ -69,19 +70,17 @@ void SettingsShell::FirstRun() {
     });
 }
 
-// Whoever has nothing but a remote can answer the questions.
-void SettingsShell::TakeReceiver() {
-    if (TakeLirc(n_.base.settings, n_.ways.openRemote)) ReadRemoteKeys();
-}
-
-// A new system knows today's files; one that was set up before goes on as it was.
-void SettingsShell::TakeNewerMedia() {
+// A new system knows today's files and panels that are touched; one that was set up before goes on
+// as it was.
+void SettingsShell::BeginAsToday() {
     SettingsStore& settings = n_.base.settings;
     settings.Write({{setting::ExtendedTags, true},
                     {setting::AudioExtensions,
                      WithExtensions(settings.Get(setting::AudioExtensions), NewerAudio)},
                     {setting::VideoExtensions,
                      WithExtensions(settings.Get(setting::VideoExtensions), NewerVideo)}});
+    if (settings.Get(setting::ListSpacing) == setting::ListSpacing.initial)
+        settings.Set(setting::ListSpacing, RowsForFingers);
 }
 
 void SettingsShell::btnmediadir_Click() {

@@ -13,6 +13,7 @@
 #include "platform/dialogs.h"
 #include "platform/locale_info.h"
 #include "platform/window_layer.h"
+#include "settings/first_receiver.h"
 #include "settings/media_folders.h"
 #include "skin/loading_screen.h"
 #include "skin/skin.h"
@@ -44,7 +45,6 @@ class SettingsShell {
         std::function<void()> reloadScreens;   ///< after any other visit
         std::function<void()> askPlayer;       ///< whether the player process still answers
         std::function<void()> exitApplication; ///< ends the process, nothing more is asked
-        std::function<bool()> openRemote;      ///< opens the receiver of the settings
         std::function<void()> resize;          ///< has all screens laid out for the size set
     };
     struct Needs {
@@ -57,11 +57,12 @@ class SettingsShell {
         CatalogueUpdates& catalogue;
         Desktop& desktop;
         WaysOut ways;
+        FirstReceiver::Needs receiver;
     };
 
     SettingsShell(Needs needs, SettingsView& view)
         : n_(std::move(needs)), view_(view),
-          folders_(n_.base.settings, n_.base.dialogs, n_.extensions) {}
+          folders_(n_.base.settings, n_.base.dialogs, n_.extensions), receiver_(n_.receiver) {}
 
     void ReShow();
     void btnmediadir_Click();
@@ -91,8 +92,7 @@ class SettingsShell {
 
   private:
     void FirstRun();
-    void TakeNewerMedia();
-    void TakeReceiver();
+    void BeginAsToday();
     void TakeFirstDrive();
     void ChooseSkin();
     void ReadRemoteKeys();
@@ -102,6 +102,7 @@ class SettingsShell {
     Needs n_;
     SettingsView& view_;
     MediaFolders folders_;
+    FirstReceiver receiver_;
 };
 
 } // namespace vk

@@ -39,6 +39,14 @@ int UnitsOf(int index) {
     }
 }
 
+// The key of the lowest row over that unit.
+int LowestKey(int unit) {
+    int key = KeyboardModel::ShiftKey;
+    for (int end = UnitsOf(key); end <= unit; end += UnitsOf(key))
+        ++key;
+    return key;
+}
+
 // Virtual-key codes, https://learn.microsoft.com/windows/win32/inputdev/virtual-key-codes
 constexpr int VkBack = 8, VkShift = 16, VkSpace = 32, VkPad0 = 96, VkPad9 = 105, VkSubtract = 109,
               VkDecimal = 110, VkMinus = 189, VkPeriod = 190;
@@ -178,6 +186,30 @@ int KeyboardModel::KeyAt(int x, int y) const {
     const auto found = std::find_if(keys_.begin(), keys_.end(),
                                     [&](const KeyBox& key) { return key.Contains(x, y); });
     return found == keys_.end() ? -1 : static_cast<int>(found - keys_.begin());
+}
+
+void KeyboardModel::StepUp() {
+    const int before = mark_;
+    MoveUp();
+    if (mark_ != before) return;
+    column_ = (before + UnitsWide - 1) % UnitsWide;
+    MarkKey(LowestKey(column_));
+}
+
+void KeyboardModel::StepDown() {
+    const int before = mark_;
+    if (mark_ < ShiftKey) column_ = mark_ % UnitsWide;
+    MoveDown();
+    if (mark_ == before) MarkKey((Column() + 1) % UnitsWide);
+}
+
+// In units; of a wide key that the mark came to in another way, its last.
+int KeyboardModel::Column() const {
+    if (LowestKey(column_) == mark_) return column_;
+    int last = -1;
+    for (int key = ShiftKey; key <= mark_; ++key)
+        last += UnitsOf(key);
+    return last;
 }
 
 void KeyboardModel::MarkKey(int index) {

@@ -37,6 +37,10 @@ class KeyboardModel {
     void MoveRight();
     void MoveUp();
     void MoveDown();
+    /// The same up and down for who has nothing else: at an edge the mark goes on at the other one,
+    /// a column further, and comes to every key.
+    void StepUp();
+    void StepDown();
     /// Marks a key; an index that names none does nothing.
     void MarkKey(int index);
     /// Presses the marked key.
@@ -85,6 +89,7 @@ class KeyboardModel {
     using Relation = bool (*)(const KeyBox& key, const KeyBox& other);
     std::vector<int> Walk(bool upward, Relation beyond, Relation opens) const;
     void MarkFirst(const std::vector<int>& candidates, Relation accepts);
+    int Column() const;
     void Append(const std::string& caption);
     void DeleteLast();
     void SetText(const std::string& text, bool capital);
@@ -94,6 +99,7 @@ class KeyboardModel {
     KeyBox captionBox_, textBox_;
     std::string text_, caption_;
     int mark_ = 0;
+    int column_ = 0; ///< from which a step led to the lowest row
     bool capital_ = true;
 };
 

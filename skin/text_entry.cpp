@@ -10,7 +10,7 @@ constexpr const char* Backspace = "8";
 
 constexpr ActionRow<KeyboardModel> Rows[] = {
     {Action::forward, &KeyboardModel::MoveRight}, {Action::back, &KeyboardModel::MoveLeft},
-    {Action::up, &KeyboardModel::MoveUp},         {Action::down, &KeyboardModel::MoveDown},
+    {Action::up, &KeyboardModel::StepUp},         {Action::down, &KeyboardModel::StepDown},
     {Action::ok, &KeyboardModel::ClickIt},        {Action::quit, &KeyboardModel::Leave}};
 
 } // namespace

@@ -54,7 +54,7 @@ class TextEntry {
     /// Acts on a key or a code of a remote; false when it means nothing here.
     bool Key(const InputCode& code);
     /// A tick of the wheel, positive for up: the mark moves.
-    void Wheel(int delta) { delta > 0 ? keyboard_.MoveUp() : keyboard_.MoveDown(); }
+    void Wheel(int delta) { delta > 0 ? keyboard_.StepUp() : keyboard_.StepDown(); }
     /// True for a key that goes on while it is held: of those that type the one that deletes.
     static bool Repeats(const InputCode& key);
 

@@ -34,6 +34,7 @@ set_key main CurrentSkin Torque.skn
 set_key main CurrentDTSkin Torque.skn
 set_key main CurrentNTSkin TorqueNight.skn
 set_key main ExtendedTags true
+set_key main ListSpacing 1
 set_key audio_player AudioExtensions MP3:MP2:MP1:CDA:WAV:VOC:AU:SND:AIF:AIFF:FLAC:OGG:M4A:AAC:OPUS:OGA:WMA:WV:APE:MPC:M4B
 set_key video_player VideoExtensions MPG:AVI:MPEG:DIVX:MKV:MP4:M4V:MOV:WMV:WEBM:TS:VOB
 set_key GPS GPSModule 1

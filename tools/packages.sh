@@ -6,7 +6,7 @@ libvlc-dev libasound2-dev libtag1-dev librsvg2-bin imagemagick fonts-dejavu-core
 RUN_PACKAGES="libqt6gui6 libqt6widgets6 libqt6serialport6 libxcb1 libxcb-res0 libxcb-xinput0 libxcb-randr0 libsystemd0 libgpiod2 \
 libsqlite3-0 libtag1v5 vlc-plugin-base libvlc-bin \
 navit navit-gui-internal navit-graphics-gtk-drawing-area maptool dbus \
-libasound2 libasound2-plugins fonts-dejavu-core xvfb x11-apps imagemagick"
+libasound2 libasound2-plugins fonts-dejavu-core fonts-droid-fallback fonts-freefont-ttf xvfb x11-apps imagemagick"
 DEMO_PACKAGES="ffmpeg"
 SCAN_BENCH_PACKAGES="libbenchmark-dev mpd"
 TEST_PACKAGES="dbus python3-dbusmock xterm procps libgtest-dev libgmock-dev xvfb xauth xdotool openbox x11-utils \

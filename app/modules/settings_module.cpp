@@ -1,5 +1,7 @@
 #include "app/modules/settings_module.h"
 
+#include <utility>
+
 namespace vk {
 
 SettingsModule::SettingsModule(Host& host, LibraryModule& library, InputModule& input,
@@ -45,8 +47,21 @@ SettingsShell::Needs SettingsModule::ShellNeeds() {
                              if (playback_.winamp) playback_.winamp->WinAMP_GetStatus();
                          },
                      .exitApplication = [this] { host_.quit(false); },
-                     .openRemote = [this] { return remote_.InitRemote(); },
-                     .resize = resize}};
+                     .resize = resize},
+            .receiver = ReceiverNeeds()};
+}
+
+FirstReceiver::Needs SettingsModule::ReceiverNeeds() {
+    return {.base = host_.base,
+            .codes = host_.remoteKeys,
+            .open = [this] { return remote_.InitRemote(); },
+            .listen =
+                [this](FirstReceiver::Listener listener) {
+                    remote_.learn = listener ? "learn" : "";
+                    remote_.firstLook = std::move(listener);
+                },
+            .ports = host_.ports.tuners.serialList,
+            .serial = host_.ports.remote.serial};
 }
 
 RemoteLearning::Needs SettingsModule::LearningNeeds() {

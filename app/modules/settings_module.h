@@ -32,6 +32,7 @@ class SettingsModule : public Module {
 
   private:
     SettingsShell::Needs ShellNeeds();
+    FirstReceiver::Needs ReceiverNeeds();
     RemoteLearning::Needs LearningNeeds();
 
     Host& host_;

@@ -15,7 +15,7 @@ PlaylistsLayout::PlaylistsLayout(int width, int height)
     const int clockWidth = width * 36 / 100;
     clock = {home.left() - gap_ - clockWidth, 0, clockWidth, top};
     title = {margin, 0, clock.left() - gap_ - margin, top};
-    list = {margin, top + gap_, width - 2 * margin, height - top - bottom - 2 * gap_};
+    list = {margin, top + gap_ / 2, width - 2 * margin, height - top - bottom - gap_};
     frame = std::max(3, gap_ * 2 / 3);
     const int half = (list.width() - gap_) / 2;
     const QRect left(list.left(), list.top(), half, list.height());

@@ -107,11 +107,12 @@ Heard Remote::Filtered(const std::string& code) {
 }
 
 void Remote::RunCommand(const std::string& code, bool repeat) {
+    const auto first = firstLook;
     const auto command = IRCommand;
-    if (!command) return;
     ++telling_;
-    TrapAndLog(base_.report, "An error occured in astart.IRCommand ",
-               [&] { command(code, repeat); });
+    TrapAndLog(base_.report, "An error occured in astart.IRCommand ", [&] {
+        if ((!first || !first(code, repeat)) && command) command(code, repeat);
+    });
     --telling_;
 }
 

@@ -53,6 +53,10 @@ class Remote {
     /// characters at most, or "0".
     std::string LearnText() const;
 
+    /// Has the first look at each code, and whether its button is just held on; true when it used
+    /// it. Empty: nobody has.
+    std::function<bool(const std::string& code, bool repeat)> firstLook;
+
     /// Gets each code that is to be carried out, and whether its button is just held on. Its
     /// exceptions are logged.
     std::function<void(const std::string& code, bool repeat)> IRCommand;

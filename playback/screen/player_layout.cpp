@@ -26,7 +26,7 @@ PlayerLayout::PlayerLayout(int width, int height, bool gps, bool radio) {
     const int listTop = Share(height, TopBarShare) + Share(height, PanelShare);
     bottomBar = {0, height - Share(height, BottomBarShare), width, Share(height, BottomBarShare)};
     const int margin = height / 60;
-    list = QRect(margin, listTop, width - 2 * margin, bottomBar.top() - listTop - margin / 4);
+    list = QRect(margin, listTop, width - 2 * margin, bottomBar.top() - listTop);
     loading = QRect(width / 4, list.center().y() - height / 14, width / 2, height / 7);
     PlaceButtons(width, height, gps, radio);
 }

@@ -64,7 +64,7 @@ void AddRow(std::vector<Plate>& plates, const Row& row, const Cursor& at, int fi
                       .name = row.name,
                       .picture = row.picture,
                       .pictureFile = row.pictureFile,
-                      .isLog = row.isLog});
+                      .scroll = row.scroll});
     int left = at.column + row.width - ends;
     for (const Row::End& end : row.ends) {
         plates.push_back({.line = first + at.line,

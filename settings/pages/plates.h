@@ -21,7 +21,7 @@ struct Plate {
     const char* name = nullptr;
     std::function<const PagePicture&()> picture = {};
     std::string pictureFile = {};
-    bool isLog = false;
+    std::function<void(int lines)> scroll = {};
 };
 
 /// The board: tabs on its first line, the footer on its last.

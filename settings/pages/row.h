@@ -36,7 +36,9 @@ struct Row {
     const char* sheet = nullptr;  ///< begins a new sheet of this name
     const char* name = nullptr;   ///< of the button
     std::string pictureFile = {}; ///< drawn at the row's beginning
-    bool isLog = false;           ///< lines to be read: from the left, the last one at the bottom
+    /// Not empty for lines to be read, from the left, the last one at the bottom. A finger moves
+    /// them by so many lines, to older ones or (negative) to newer ones.
+    std::function<void(int lines)> scroll = {};
     std::vector<const SettingRow*> changes = {}; ///< the settings that it changes
 };
 

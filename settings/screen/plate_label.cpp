@@ -3,6 +3,7 @@
 #include "skin/controls/looks.h"
 #include "skin/controls/picture_loader.h"
 
+#include <QMouseEvent>
 #include <QPainter>
 
 #include <algorithm>
@@ -46,7 +47,8 @@ void PlateLabel::Show(const Plate& plate, const QRect& box, bool marked, const R
         logFont_ = ToQFont(look.small, look.skin);
         logColour_ = ReadableOn(look.back);
     }
-    isLog_ = plate.isLog;
+    scroll_ = plate.scroll;
+    read_ = plate.text;
     state_ = state;
     MeasureText(plate);
     known_ = true;
@@ -59,7 +61,7 @@ void PlateLabel::Show(const Plate& plate, const QRect& box, bool marked, const R
 
 void PlateLabel::MeasureText(const Plate& plate) {
     decltype(measured_) now{Text(), plate.pictureFile, width(), height(), state_.button};
-    if (plate.isLog || (known_ && now == measured_)) return;
+    if (plate.scroll || (known_ && now == measured_)) return;
     measured_ = std::move(now);
     textSize_ = FittingSize();
 }
@@ -101,8 +103,22 @@ void PlateLabel::DrawLog() {
     painter.drawText(box, Qt::AlignLeft | Qt::AlignBottom | Qt::TextWordWrap, ToQString(Text()));
 }
 
+void PlateLabel::mousePressEvent(QMouseEvent* event) {
+    ShadedLabel::mousePressEvent(event);
+    dragFrom_ = event->position().toPoint().y();
+}
+
+void PlateLabel::mouseMoveEvent(QMouseEvent* event) {
+    const int line = QFontMetrics(logFont_).lineSpacing();
+    const int lines = (event->position().toPoint().y() - dragFrom_) / line;
+    if (!scroll_ || lines == 0) return;
+    dragFrom_ += lines * line;
+    scroll_(lines);
+    SetText(read_());
+}
+
 void PlateLabel::paintEvent(QPaintEvent* event) {
-    if (isLog_) return DrawLog();
+    if (scroll_) return DrawLog();
     ShadedLabel::paintEvent(event);
     if (!picture_.isNull()) DrawPicture();
     QPainter painter(this);

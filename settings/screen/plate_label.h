@@ -8,6 +8,7 @@
 #include <QImage>
 #include <QRect>
 
+#include <functional>
 #include <string>
 #include <tuple>
 #include <utility>
@@ -30,6 +31,8 @@ class PlateLabel : public ShadedLabel {
 
   protected:
     void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
 
   private:
     void MeasureText(const Plate& plate);
@@ -49,7 +52,9 @@ class PlateLabel : public ShadedLabel {
     int textSize_ = 0;
     std::pair<int, int> shape_;
     int percent_ = -1;
-    bool isLog_ = false;
+    std::function<void(int lines)> scroll_; ///< of a log
+    std::function<std::string()> read_;     ///< its text
+    int dragFrom_ = 0;                      ///< where the finger was when it last moved a line
     QFont logFont_;
     QColor logColour_;
     std::string previewFile_;

@@ -55,7 +55,8 @@ class UCListBox : public QWidget {
     ListModel& model() { return model_; }
     const ListModel& model() const { return model_; }
 
-    /// Of the skin's font size; for a narrow list. Taken by `SetiMaxVis`.
+    /// Of the skin's font size, for a narrow list; its rows are as high all the same. Taken by
+    /// `SetiMaxVis`.
     double FontScale = 1;
     bool ShowFocusBar = true;  ///< the list has the focus: the selected row is ruled
     bool ShowHighlight = true; ///< the row `iHighlight` is drawn in the playing row's colour
@@ -107,6 +108,7 @@ class UCListBox : public QWidget {
     void DrawRow(QPainter& painter, int row);
     void DrawSelection(QPainter& painter, int row) const;
     void DrawText(QPainter& painter, int row) const;
+    int TextTop() const;
     QFont NoticeFont(int row) const;
     void DrawRowPicture(QPainter& painter, int row);
     void DrawArrows(QPainter& painter) const;

@@ -139,10 +139,16 @@ void UCListBox::DrawText(QPainter& painter, int row) const {
         painter.setPen(second);
         painter.drawText(at + QPoint(texts.firstWidth, 0), texts.second);
     };
-    const QPoint origin(2 * h, (row - model_.TopRow()) * model_.RowHeight + metrics.ascent());
+    const int y = (row - model_.TopRow()) * model_.RowHeight + TextTop();
+    const QPoint origin(2 * h, y + (h - metrics.height()) / 2 + metrics.ascent());
     if (look.bright) print(origin + QPoint(h / 10, h / 15), look.shadow, look.shadow);
     print(origin, look.first, look.second);
     painter.setFont(font_);
+}
+
+// At the row's top, as long as the rules are near the text; in a row with more room in its middle.
+int UCListBox::TextTop() const {
+    return std::max(0, model_.RowHeight - model_.TextHeight * 4 / 3) / 2;
 }
 
 // A notice is read whole: it has no second row and nothing else tells what it says.

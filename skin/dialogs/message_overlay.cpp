@@ -20,6 +20,10 @@ MessageOverlay::MessageOverlay(QWidget* host, const DialogLook& look, const Cloc
                                MessageTexts texts)
     : DialogOverlay(host, look, clock), texts_(std::move(texts)) {}
 
+void MessageOverlay::Idle() {
+    if (texts_.until && texts_.until()) Finish(true);
+}
+
 int MessageOverlay::HeadHeight() const {
     return QFontMetrics(look_.Font(height(), 0.8)).height() + Gap();
 }
@@ -37,7 +41,7 @@ void MessageOverlay::LayOut() {
     area_ = inner.adjusted(0, HeadHeight() + margin, 0, -(ButtonHeight() + margin));
     const QRect foot(inner.left(), inner.bottom() + 1 - ButtonHeight(), inner.width(),
                      ButtonHeight());
-    std::vector<DialogCell> row{{{}, texts_.yes, [this] { Finish(true); }}};
+    std::vector<DialogCell> row{{{}, texts_.yes, [this] { Finish(!texts_.until); }}};
     if (!texts_.no.isEmpty()) row.push_back({{}, texts_.no, [this] { Finish(false); }});
     cells_.clear();
     AddRow(foot, row);

@@ -5,6 +5,7 @@
 #include "skin/controls/text_block.h"
 #include "skin/dialogs/dialog_overlay.h"
 
+#include <functional>
 #include <string>
 
 namespace vk {
@@ -15,6 +16,8 @@ struct MessageTexts {
     MessageKind kind = MessageKind::Plain;
     QString yes, no; ///< the accepting and the cancelling button; without the latter, one button
     bool markNo = false; ///< the cancelling one is marked at first
+    /// Ends it by itself; the button, then the only one, gives up before.
+    std::function<bool()> until = {};
 };
 
 /// A text that is too long for the screen is scrolled by Up and Down or by a finger. At its end
@@ -24,6 +27,8 @@ class MessageOverlay : public DialogOverlay {
     MessageOverlay(QWidget* host, const DialogLook& look, const Clock& clock, MessageTexts texts);
     /// Pixels that the text is scrolled by.
     int Scrolled() const { return offset_; }
+
+    void Idle() override;
 
   protected:
     void LayOut() override;

@@ -131,6 +131,17 @@ std::optional<int> SkinDialogs::Choose(const std::string& title,
     return choice->Chosen();
 }
 
+bool SkinDialogs::Await(const std::string& text, const std::string& title,
+                        const std::string& giveUp, const std::function<bool()>& done) {
+    const Closer dialog{new MessageOverlay(host_, Look(), clock_,
+                                           {.text = text,
+                                            .title = title,
+                                            .yes = QString::fromStdString(giveUp),
+                                            .no = {},
+                                            .until = done})};
+    return Run(dialog.overlay);
+}
+
 std::string SkinDialogs::ChooseFolder(const std::string& caption, const std::string& start) {
     FolderRows rows(volumes_, Home());
     rows.Enter(start.empty() ? Home() : start);

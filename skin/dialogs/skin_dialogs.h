@@ -45,6 +45,8 @@ class SkinDialogs : public Dialogs {
                                         const std::string& value) override;
     std::optional<int> Choose(const std::string& title, const std::vector<std::string>& rows,
                               int marked) override;
+    bool Await(const std::string& text, const std::string& title, const std::string& giveUp,
+               const std::function<bool()>& done) override;
     std::string ChooseFolder(const std::string& caption, const std::string& start) override;
     std::string ChooseFile(const FileChoice& choice) override;
 

@@ -168,6 +168,10 @@ TEST_F(SettingsScreenTest, TheLogIsReadClearedAndCarriedAway) {
     for (int press = 0; press < 60 && !Shows("something odd"); ++press)
         TapOn("btnOlder");
     EXPECT_TRUE(Shows("something odd"));
+    QWidget& lines = *screen->childAt(screen->rect().center());
+    test::Press(lines, {9, 90});
+    test::Drag(lines, {9, -9000});
+    EXPECT_TRUE(Shows("the end") && !Shows("something odd"));
     TapOn("btnCopyLog");
     EXPECT_TRUE(Shows("There is no removable drive"));
     volumes.drives = {{"/none", DriveType::Removable}, {stick, DriveType::Removable}};

@@ -69,6 +69,50 @@ TEST_F(SettingsShellTest, TheFirstRunLeadsFromTheWelcomeToTheMenu) {
     EXPECT_EQ(exits, 0);
 }
 
+TEST_F(SettingsShellTest, ASerialReceiverIsFoundBehindTheWelcomeAndItsButtonsAreLearnt) {
+    ports[0] = {"Serial port ttyS0", SerialPortName(1)};
+    ports[3] = {"Adapter", "/dev/serial/by-id/adapter"};
+    bool pressed = false;
+    const auto burst = [this](int pause) {
+        port->Receive("\x12\x34");
+        clock.Advance(pause);
+    };
+    const auto hold = [this](const char* code) { heard(code, false), heard(code, true); };
+    dialogs.onShown = [&] {
+        const std::string text = dialogs.shown.back();
+        const bool listens = text.starts_with("Welcome");
+        if (listens) clock.Advance(1600);
+        if (listens && pressed) burst(800), burst(300), burst(300); // pressed shortly, and held
+        if (dialogs.titles.back() != "Remote" || !pressed) return;
+        if (text.ends_with("\n\nOK")) return hold("11");
+        heard("11", true);  // which is held still
+        heard("99", false); // of no button
+        hold(text.find("DOWN") == std::string::npos ? "11" : "22");
+    };
+    struct Case {
+        const char* answer;
+        bool pressed;
+        const char* receiver;
+        int questions;
+    };
+    for (const Case& c : {Case{"what?", false, "false IRMAN 1", 0},
+                          {"OK", false, "false IRMAN 1", 1},
+                          {"", true, "true CREATIVE /dev/serial/by-id/adapter", 6}}) {
+        answer = c.answer;
+        pressed = c.pressed;
+        dialogs.titles.clear();
+        dialogs.answers = {false}; // no folder either: that ends it
+        FirstRun();
+        EXPECT_EQ(settings.Read("remote", "status") + " " + settings.Text(setting::remoteType) +
+                      " " + settings.Text(setting::comport),
+                  c.receiver);
+        EXPECT_EQ(std::ranges::count(dialogs.titles, "Remote"), c.questions);
+    }
+    EXPECT_EQ(remoteKeys[Action::ok] + " " + remoteKeys[Action::down] + remoteKeys[Action::up],
+              "11 22");
+    EXPECT_FALSE(heard);
+}
+
 TEST_F(SettingsShellTest, BadFoldersAreAskedAgainAndCancelEnds) {
     const std::string media = app.MakeFolder("music");
     dialogs.folders = {"/", ""};

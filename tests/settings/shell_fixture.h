@@ -3,6 +3,7 @@
 
 #include "settings/settings_shell.h"
 #include "tests/startup/start_fixture.h"
+#include "tests/support/fake_serial_port.h"
 
 namespace vk::test {
 
@@ -17,16 +18,31 @@ struct ShellFixture : StartFixture {
                 updates,
                 desktop,
                 {[this] { start->FinishExecution(); }, [this] { start->ReloadScreens(); }, [] {},
-                 [this] { ++exits; }, [this] { return lirc; },
+                 [this] { ++exits; },
                  [this] {
                      start->GetResolutions();
                      screens.LayOut();
-                 }}};
+                 }},
+                {base, remoteKeys, [this] { return lirc; },
+                 [this](auto listener) { heard = std::move(listener); }, [this] { return ports; },
+                 [this] { return MakePort(); }}};
     }
     std::unique_ptr<astart> start = Make();
     FakeDesktop desktop;
+    std::unique_ptr<SerialPort> MakePort() {
+        auto serial = std::make_unique<FakeSerialPort>();
+        port = serial.get();
+        port->onOutput = [this](std::string_view bytes) {
+            if (bytes == "R") port->Receive(answer);
+        };
+        return serial;
+    }
     bool lirc = false; ///< somebody listens on its socket
-    int exits = 0;     ///< how often the end was asked for
+    SerialList ports;
+    FakeSerialPort* port = nullptr; ///< the one made last, as long as that is there
+    std::string answer;             ///< of its device, when it is woken up
+    FirstReceiver::Listener heard;
+    int exits = 0; ///< how often the end was asked for
 };
 
 } // namespace vk::test

@@ -100,6 +100,16 @@ TEST_F(KeyboardTest, ArrowsWalkEveryRowAndColumnAndStopAtTheEdges) {
     EXPECT_EQ(events, "OK: OK:Ab  Escape");
 }
 
+TEST_F(KeyboardTest, StepsDownAloneComeToEveryKeyAndOneUpLeadsBackOverTheEdge) {
+    std::set<int> seen;
+    for (int step = 0; step < 50; ++step, model.StepDown())
+        seen.insert(model.Mark());
+    EXPECT_EQ(seen.size(), std::size_t{KeyboardModel::KeyCount});
+    EXPECT_EQ(model.Mark(), One) << "five steps a column";
+    model.StepUp();
+    EXPECT_EQ(model.Mark(), Esc);
+}
+
 TEST_F(KeyboardTest, KeysOfAPhysicalKeyboardPressTheDrawnOnes) {
     for (const auto* code :
          {"65", "66", "32", "65", "49", "190", "189", "109", "97", "105", "110", "16", "90", "8"})

@@ -40,6 +40,10 @@ class FakeDialogs : public Dialogs {
         ShowMessage(Joined(rows) + "*" + std::to_string(marked), title, MessageKind::Plain);
         return choices.empty() ? std::nullopt : std::optional(Next(choices));
     }
+    bool Await(Text text, Text title, Text, const std::function<bool()>& done) override {
+        ShowMessage(text, title, MessageKind::Plain);
+        return done();
+    }
     std::string ChooseFolder(Text caption, Text) override {
         captions.push_back(caption);
         return folders.empty() ? std::string() : Next(folders);

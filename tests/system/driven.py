@@ -97,9 +97,9 @@ class SmallTouched:
 
     size = "640x480"
     MEDIA = (240, 100)  # the menu's tile
-    WIDE, NARROW = (90, 45), (84, 33)  # the first row and the pitch of rows in one list and in two
+    DENSE, ROOMY = (86, 44), (97, 66)  # the first row and the pitch of rows, as generated and as the first run has it
 
-    def rows(self, *numbers, left=160, lists=NARROW):
+    def rows(self, *numbers, left=160, lists=DENSE):
         self.tap(*((left, lists[0] + number * lists[1]) for number in numbers))
 
     def new_list_row(self):

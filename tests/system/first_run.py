@@ -1,7 +1,13 @@
 """Drives the first run from nothing to music: by three keys, by a remote alone, by touch alone."""
 
+import fcntl
+import os
 import select
 import socket
+import termios
+import threading
+import time
+import tty
 
 from driven import Driven, SmallTouched, main
 
@@ -85,6 +91,52 @@ class RemoteFirstRun(KeysFirstRun):
         self.keys("Return")
 
 
+class SerialFirstRun(RemoteFirstRun):
+    """A receiver at a serial port that nobody has told of, and a remote whose codes nobody knows."""
+
+    BUTTONS = {name: bytes((0x0C, number, 0xFF, 0x11, 0, 0x13))
+               for number, name in enumerate(("Return", "Down", "Up", "Left", "Right", "Escape"))}
+
+    def begin(self):
+        self.wire, self.line = os.openpty()
+        tty.setraw(self.line)
+        for end in (self.wire, self.line):
+            self.addCleanup(os.close, end)
+        self.woken = 0.0
+        self.alone.env["VK_SERIAL_PORTS"] = f"Receiver={os.ttyname(self.line)}"
+        threading.Thread(target=self.answer, daemon=True).start()
+        _FirstRun.begin(self)
+        self.wait_for("the receiver", lambda: self.setting("remote", "type") + self.setting("remote", "status") ==
+                      "IRMANtrue")
+        self.settle("the question for a button")
+        self.picture("first-remote")
+        for name in self.BUTTONS:
+            self.press(name)
+            self.keys(name)
+
+    def answer(self):
+        heard = b""
+        try:
+            while True:
+                heard += os.read(self.wire, 16)
+                if heard.endswith(b"IR"):
+                    os.write(self.wire, b"OK")
+                    heard, self.woken = b"", time.monotonic()
+        except OSError:
+            return  # the test is over
+
+    def wait_for_the_menu(self):
+        super().wait_for_the_menu()
+        self.settle("the receiver")  # which was opened anew
+
+    def press(self, name):
+        """A code by itself: it is read, and nothing is done with it any more."""
+        self.wait_for("the receiver to wake up", lambda: time.monotonic() > self.woken + 0.5)
+        os.write(self.wire, self.BUTTONS[name])
+        self.wait_for("the code to be read", lambda: fcntl.ioctl(self.line, termios.FIONREAD, bytes(4)) == bytes(4))
+        self.settle("the code")
+
+
 class TouchFirstRun(SmallTouched, _FirstRun):
     ROW, SELECT = (200, 180), (540, 130)  # the first folder, the button beside the folders
 
@@ -98,7 +150,7 @@ class TouchFirstRun(SmallTouched, _FirstRun):
         self.tap_message()
         self.wait_for_the_menu()
         self.tap(self.MEDIA)
-        self.rows(self.new_list_row() + 1, 1, lists=self.WIDE)
+        self.rows(self.new_list_row() + 1, 1, lists=self.ROOMY)
         self.listen()
 
 

@@ -90,24 +90,24 @@ class TouchLists(SmallTouched, _Lists):
 
     def test_by_touch_alone(self):
         self.tap(self.MEDIA)
-        self.rows(self.new_list_row(), lists=self.WIDE)
+        self.rows(self.new_list_row())
         self.rows(0, 1, 1)  # database, artists, the artist
-        self.rows(2, 3, 4, 5, 6, 7, 8)
+        self.rows(2, 3, 4, 5, 6)
         self.tap(self.PAGE_DOWN)
-        self.rows(2, 3, 4)  # the eighth and the ninth are passed over
+        self.rows(0, 1, 4, 5, 6)  # the eighth and the ninth are passed over
         self.picture("touch-ten")
         self.tap(self.SAVE, self.KEY_Q)
         self.picture("touch-name")
         self.tap(self.KEY_OK)
         self.wait_for_ten()
         self.tap(self.HOME, self.MEDIA)
-        self.rows(0, 3, 1, lists=self.WIDE)  # database, playlists, the list
+        self.rows(0, 3, 1)  # database, playlists, the list
         self.picture("touch-list")
-        self.rows(2, lists=self.WIDE)
+        self.rows(2)
         self.wait_for_the_player()
         self.picture("touch-player")
         self.tap(self.SWAP)
-        self.rows(1, lists=self.WIDE)  # edit
+        self.rows(1)  # edit
         self.rows(0, left=480)
         self.picture("touch-edit")
         self.tap(self.SAVE, self.KEY_OK)

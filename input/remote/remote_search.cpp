@@ -1,0 +1,46 @@
+#include "input/remote/remote_search.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace vk {
+
+RemoteSearch::RemoteSearch(Needs needs)
+    : n_(std::move(needs)), look_(n_.clock.MakeTimer([this] { Look(); })) {}
+
+void RemoteSearch::Start() {
+    looks_ = 0;
+    List();
+    look_->Start(LookMs);
+}
+
+void RemoteSearch::Stop() {
+    look_->Stop();
+    probes_.clear();
+}
+
+void RemoteSearch::List() {
+    list_ = n_.ports();
+    std::erase_if(probes_, [this](const auto& probe) {
+        return std::ranges::find(list_, probe->Path(), &ListedSerialPort::path) == list_.end();
+    });
+    for (const ListedSerialPort& port : list_)
+        if (!port.name.empty() &&
+            std::ranges::find(probes_, port.path, &PortProbe::Path) == probes_.end())
+            probes_.push_back(std::make_unique<PortProbe>(n_.serial(), port.path, n_.clock));
+}
+
+void RemoteSearch::Look() {
+    if (++looks_ % ListEvery == 0) List();
+    const auto heard =
+        std::ranges::find_if(probes_, [](const auto& probe) { return !probe->Type().empty(); });
+    if (heard == probes_.end()) return;
+    const auto place = std::ranges::find(list_, (*heard)->Path(), &ListedSerialPort::path);
+    const Found found{(*heard)->Type(),
+                      SerialSetting(list_, static_cast<std::size_t>(place - list_.begin())),
+                      place->name};
+    Stop();
+    if (onFound) onFound(found);
+}
+
+} // namespace vk
