@@ -17,8 +17,7 @@ constexpr std::size_t LongestLine = 4096;
 
 // It writes many temporary files where it stands, and tells of its progress on its error stream.
 // Unknown countries are kept: a regional extract holds no whole border.
-constexpr const char* Script =
-    R"(cd "$1" && exec nice -n 5 "$2" -U $4 -i "$3" new.bin 2>&1)";
+constexpr const char* Script = R"(cd "$1" && exec nice -n 5 "$2" -U $4 -i "$3" new.bin 2>&1)";
 
 const char* KindOf(const std::string& extract) {
     if (extract.ends_with(".pbf")) return "--protobuf";
