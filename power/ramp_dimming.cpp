@@ -83,6 +83,7 @@ void RampDimming::Restore() {
 }
 
 void RampDimming::GiveBackLate() {
+    if (SavedRamp.empty()) return; // each look is a way to the display server and back
     for (const DisplayRamp& now : gamma_.Read()) {
         const auto saved = SavedRamp.find(now.display);
         if (dimmed_ || saved == SavedRamp.end()) continue;

@@ -2,14 +2,29 @@
 
 #include "platform/linux/x11/x11_properties.h"
 
+#include <charconv>
+#include <optional>
+#include <string_view>
+
 namespace vk {
 
 namespace {
 
 constexpr std::uint32_t Major = 1, Minor = 3; // the first that tells the resources as last known
 
+constexpr std::string_view Prefix = "crtc-";
+
 std::string NameOf(xcb_randr_crtc_t controller) {
-    return "crtc-" + std::to_string(controller);
+    return std::string(Prefix) + std::to_string(controller);
+}
+
+std::optional<xcb_randr_crtc_t> ControllerOf(std::string_view name) {
+    if (!name.starts_with(Prefix)) return std::nullopt;
+    const std::string_view digits = name.substr(Prefix.size());
+    xcb_randr_crtc_t number = 0;
+    const auto [end, wrong] = std::from_chars(digits.begin(), digits.end(), number);
+    if (wrong != std::errc() || end != digits.end()) return std::nullopt;
+    return number;
 }
 
 std::vector<std::uint16_t> Values(const std::uint16_t* first, int count) {
@@ -57,16 +72,15 @@ std::vector<DisplayRamp> X11Gamma::Read() const {
     return ramps;
 }
 
+// The server itself says when there is no such controller any more.
 bool X11Gamma::Write(const DisplayRamp& ramp) {
-    for (const xcb_randr_crtc_t controller : Controllers()) {
-        if (NameOf(controller) != ramp.display) continue;
-        const auto set = xcb_randr_set_crtc_gamma_checked(
-            connection_, controller, static_cast<std::uint16_t>(ramp.ramp.red.size()),
-            ramp.ramp.red.data(), ramp.ramp.green.data(), ramp.ramp.blue.data());
-        const XReply<xcb_generic_error_t> error(xcb_request_check(connection_, set));
-        return !error;
-    }
-    return false;
+    const auto controller = ControllerOf(ramp.display);
+    if (!there_ || !controller) return false;
+    const auto set = xcb_randr_set_crtc_gamma_checked(
+        connection_, *controller, static_cast<std::uint16_t>(ramp.ramp.red.size()),
+        ramp.ramp.red.data(), ramp.ramp.green.data(), ramp.ramp.blue.data());
+    const XReply<xcb_generic_error_t> error(xcb_request_check(connection_, set));
+    return !error;
 }
 
 } // namespace vk
