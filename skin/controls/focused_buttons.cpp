@@ -19,8 +19,8 @@ constexpr int FrameShare = 80; // the frame's width is the screen's height divid
 constexpr int NoteShare = 7;   // and the note's height likewise
 
 bool TakesTouch(const QWidget* widget) {
-    const auto* label = dynamic_cast<const ShadedLabel*>(&widget);
-    return dynamic_cast<const TouchButton*>(&widget) || (label && label->TakesTouches());
+    const auto* label = dynamic_cast<const ShadedLabel*>(widget);
+    return dynamic_cast<const TouchButton*>(widget) || (label && label->TakesTouches());
 }
 
 } // namespace
