@@ -24,10 +24,10 @@ PLAIN = [
     ("mpeg2.mpg", SMALL, 3, ["-c:v", "mpeg2video", "-c:a", "mp2", "-f", "mpeg"]),
     ("mpeg4.avi", SMALL, 3, ["-c:v", "mpeg4", "-c:a", "mp2"]),
     ("theora.mkv", SMALL, 3, ["-c:v", "libtheora", "-c:a", "libvorbis"]),
-    ("h264.mp4", SMALL, 3, ["-c:v", "libx264", "-preset", "ultrafast", "-pix_fmt", "yuv420p", "-c:a", "aac"]),
+    ("h264.mp4", SMALL, 3, ["-c:v", "libx264", "-preset", "ultrafast", "-g", "12", "-pix_fmt", "yuv420p", "-c:a", "aac"]),
     ("h265.mkv", SMALL, 2, ["-c:v", "libx265", "-preset", "ultrafast", "-x265-params", "log-level=none", "-c:a", "aac"]),
     ("vp9.webm", SMALL, 2, ["-c:v", "libvpx-vp9", "-deadline", "realtime", "-cpu-used", "8", "-c:a", "libopus"]),
-    ("h264.ts", SMALL, 3, ["-c:v", "libx264", "-preset", "ultrafast", "-pix_fmt", "yuv420p", "-c:a", "mp2"]),
+    ("h264.ts", SMALL, 3, ["-c:v", "libx264", "-preset", "ultrafast", "-g", "12", "-pix_fmt", "yuv420p", "-c:a", "mp2"]),
     ("anamorphic.mpg", "720x576", 2, ["-aspect", "16:9", "-c:v", "mpeg2video", "-c:a", "mp2", "-f", "mpeg"]),
     ("portrait.mp4", "240x320", 2, ["-c:v", "libx264", "-preset", "ultrafast", "-pix_fmt", "yuv420p", "-c:a", "aac"]),
     ("scope.mkv", "640x272", 2, ["-c:v", "libx264", "-preset", "ultrafast", "-pix_fmt", "yuv420p", "-c:a", "aac"]),
@@ -75,6 +75,21 @@ def many_tracks(folder):
         (folder / name).unlink()
 
 
+def long_films(folder):
+    """Each of one colour for five minutes, with words that can be chosen: new ones every two seconds, as who chooses them
+    does not get those that have begun; and so many lines of them that some stand above the bar of buttons."""
+    words, text = folder / "words.srt", "\n".join(["Words"] * 6)
+    times = [f"00:{second // 60:02}:{second % 60:02}" for second in range(0, 302, 2)]
+    words.write_text("".join(f"{number}\n{begin},000 --> {end},000\n{text}\n\n"
+                             for number, (begin, end) in enumerate(zip(times, times[1:]), 1)))
+    for name, colour in (("red.mkv", "red"), ("green.mkv", "green")):
+        run(*QUIET, "-f", "lavfi", "-i", f"color={colour}:size=640x480:rate=5:duration=300", *TONE, "-i", words, "-t", 300,
+            "-map", "0", "-map", "1", "-map", "2", "-threads", "1", "-c:v", "libx264", "-preset", "ultrafast",
+            "-pix_fmt", "yuv420p", "-g", "5", "-c:a", "mp2", "-b:a", "32k", "-c:s", "srt", "-disposition:s:0", "0", *EXACT,
+            folder / name)
+    words.unlink()
+
+
 def broken(folder):
     """What is no film, or not all of one."""
     whole = (folder / "h264.mp4").read_bytes()
@@ -97,6 +112,7 @@ def make(folder, mark):
     folder.mkdir(parents=True)
     plain_films(folder)
     many_tracks(folder)
+    long_films(folder)
     broken(folder)
     discs.make(folder, run)
     (folder / "made").write_text(mark)

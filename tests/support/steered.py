@@ -94,13 +94,17 @@ class Steered:
     def wait_for_track(self, index):
         self.wait_for(f"track {index}", lambda: self.setting("audio_player", "currenttrack") == str(index))
 
+    def mark(self):
+        """Where what a dialog marks is; None without one."""
+        return next((place for place in (self.display.find(mark, MARK_WIDTH) for mark in MARKS) if place), None)
+
     def message(self):
         """Is a message or a question in front?"""
-        return any(self.display.shows(mark, MARK_WIDTH) for mark in MARKS)
+        return self.mark() is not None
 
     def tap_message(self):
         """The button that it marks."""
-        x, y = next(place for place in (self.display.find(mark, MARK_WIDTH) for mark in MARKS) if place)
+        x, y = self.mark()
         self.tap((x + MARK_WIDTH // 2, y + MARK_WIDTH // 10))
 
     def wait_for_message(self):

@@ -15,7 +15,7 @@ import wave
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "support"))
 from alone import Alone  # noqa: E402
-from display import Display  # noqa: E402
+from display import SETTLED, Display  # noqa: E402
 from steered import Steered  # noqa: E402
 
 APPDIR, VKINI, CARD = (pathlib.Path(argument).resolve() for argument in sys.argv[1:4])
