@@ -48,9 +48,10 @@ void SpectrumScene::DrawRow(const Canvas& canvas, const Bar& bar, int y, Pixel c
                             int rounded) const {
     const Pixel ground = ground_[static_cast<std::size_t>(y)];
     const double radius = bar.width / 2.0, up = radius - rounded - 0.5;
-    const double half = up > 0 ? std::sqrt(std::max(0.0, radius * radius - up * up)) : radius;
     Pixel* line = canvas.Line(y) + bar.left;
     const Pixel full = Mix(ground, colour, Share256(share));
+    if (up <= 0) return void(std::fill_n(line, bar.width, full));
+    const double half = std::sqrt(std::max(0.0, radius * radius - up * up));
     for (int x = 0; x < bar.width; ++x) {
         const double inside = std::clamp(half + 0.5 - std::abs(x + 0.5 - radius), 0.0, 1.0);
         line[x] = inside >= 1 ? full : Mix(ground, full, Share256(static_cast<float>(inside)));
