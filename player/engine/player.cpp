@@ -54,7 +54,8 @@ class PollLoop {
                    },
                    [this](const PlayerRequest& request) {
                        return request.lParam == FileText ? engine_.File() : engine_.Title();
-                   }}),
+                   },
+                   [this](std::uint64_t client) { vis_.Left(client); }}),
           vis_(ExecutableFolder()) {
         const sigset_t signals = HeldSignals();
         signals_ = FileDescriptor(::signalfd(-1, &signals, SFD_CLOEXEC | SFD_NONBLOCK));
@@ -87,7 +88,8 @@ class PollLoop {
         instance_.Release();
     }
     std::optional<std::int32_t> Answer(const PlayerRequest& request) {
-        if (request.message == WM_COMMAND && request.wParam == VisCommand) vis_.Toggle();
+        if (request.message == WM_COMMAND && request.wParam == VisCommand)
+            vis_.Toggle(server_.Asks());
         const auto answer = engine_.Message(request);
         if (!answer) Close();
         return answer;

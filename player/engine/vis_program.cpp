@@ -10,10 +10,15 @@
 
 namespace vk {
 
-void VisProgram::Toggle() {
+void VisProgram::Toggle(std::uint64_t client) {
     Collect();
     if (Running()) return End();
+    client_ = client;
     child_ = SpawnDetached(JoinPath(folder_, Name), {}, folder_);
+}
+
+void VisProgram::Left(std::uint64_t client) {
+    if (client == client_) End();
 }
 
 // Among them those that were killed, which nobody waits for.

@@ -3,6 +3,7 @@
 
 #include <sys/types.h>
 
+#include <cstdint>
 #include <string>
 
 namespace vk {
@@ -20,7 +21,10 @@ class VisProgram {
     VisProgram& operator=(const VisProgram&) = delete;
 
     /// Starts it, or ends the one that runs, without asking: it holds nothing that could be lost.
-    void Toggle();
+    /// `client` is who wants it.
+    void Toggle(std::uint64_t client);
+    /// Who wanted it has gone, and nobody would end it.
+    void Left(std::uint64_t client);
     /// Children have ended: collects them. The player has no others.
     void Collect();
     bool Running() const { return child_ != 0; }
@@ -30,6 +34,7 @@ class VisProgram {
 
     std::string folder_;
     pid_t child_ = 0;
+    std::uint64_t client_ = 0; ///< whose it is
 };
 
 } // namespace vk

@@ -29,10 +29,16 @@ void WireServer::Serve(const std::vector<pollfd>& items) {
                            [fd](const pollfd& item) { return item.fd == fd && item.revents != 0; });
     };
     const bool accept = listener_ && ready(listener_.get());
-    std::erase_if(clients_, [&](Client& client) {
-        return ready(client.connection.get()) && !ServeClient(client);
-    });
+    std::erase_if(clients_,
+                  [&](Client& client) { return ready(client.connection.get()) && !Keep(client); });
     if (accept) Accept();
+}
+
+bool WireServer::Keep(Client& client) {
+    asks_ = client.number;
+    const bool stays = ServeClient(client);
+    if (!stays && handlers_.left) handlers_.left(client.number);
+    return stays;
 }
 
 void WireServer::Accept() {
@@ -40,7 +46,7 @@ void WireServer::Accept() {
         ::accept4(listener_.get(), nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK));
     // Beyond the limit the connection is accepted and closed: the client learns it at once.
     if (connection && clients_.size() < MaxClients)
-        clients_.push_back({std::move(connection), std::nullopt, {}});
+        clients_.push_back({std::move(connection), ++accepted_, std::nullopt, {}});
 }
 
 bool WireServer::ServeClient(Client& client) {

@@ -24,6 +24,8 @@ struct WireHandlers {
     std::function<void(std::string paths, std::int64_t startedNs)> list;
     /// The text that WM_GETTEXT asks for.
     std::function<std::string(const PlayerRequest&)> text = {};
+    /// A client has gone, or was closed; as `Asks` has called it.
+    std::function<void(std::uint64_t client)> left = {};
 };
 
 /// Clients that break the protocol, or do not take their replies, are closed; a client that goes
@@ -40,15 +42,19 @@ class WireServer {
     /// Closes every connection.
     void CloseAll() { clients_.clear(); }
     std::size_t Clients() const { return clients_.size(); }
+    /// Whose message is being answered; no client is called as another one was.
+    std::uint64_t Asks() const { return asks_; }
 
   private:
     struct Client {
         FileDescriptor connection;
+        std::uint64_t number = 0;
         std::optional<std::int64_t> listStarted;
         std::string paths;
     };
     void Accept();
     bool ServeClient(Client& client);
+    bool Keep(Client& client);
     static bool Reply(const Client& client, std::int32_t result, const std::string& text);
     std::optional<std::int32_t> Answer(Client& client, const PlayerRequest& request,
                                        std::string_view payload);
@@ -58,6 +64,7 @@ class WireServer {
     const FileDescriptor& listener_;
     WireHandlers handlers_;
     std::vector<Client> clients_;
+    std::uint64_t accepted_ = 0, asks_ = 0;
 };
 
 } // namespace vk

@@ -199,6 +199,11 @@ TEST_F(PlayerProcess, TheCommandStartsTheVisualisationAndEndsItEvenWhenItHangs) 
         winamp->WinAMP_SCM(WinampRunVis);
         EXPECT_TRUE(Eventually([&] { return !running(); }));
     }
+    auto other = MakePlayerWindow(*programs, core.app.Path());
+    other->SendMessage(other->FindWindow(PlayerWindowClass), WM_COMMAND, WinampRunVis, 0);
+    ASSERT_TRUE(Eventually(running));
+    other.reset();
+    EXPECT_TRUE(Eventually([&] { return !running(); })) << "it goes with whose it was";
     winamp->WinAMP_SCM(WinampRunVis);
     ASSERT_TRUE(Eventually(running));
     winamp->WinAMP_SCM(WinampClose);
