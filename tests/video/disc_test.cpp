@@ -254,7 +254,11 @@ TEST_F(TracksTest, WhatIsChosenOfAFilmIsKeptForIt) {
     film.tracks = {{TrackKind::Angle, {{1, "1"}, {2, "2"}}}};
     Ask(1);
     EXPECT_EQ(player.Track(TrackKind::Angle), 2);
-    EXPECT_EQ(app.Read(TrackMenu::FileName), "2 1 /a film\n") << "that is of a scene";
+    EXPECT_EQ(app.Read(TrackMenu::FileName), "2 1/2 /a film\n");
+    film.track[TrackKind::Angle] = 1; // as another run begins
+    menu.Enter("/a film");
+    menu.Apply(player);
+    EXPECT_EQ(player.Track(TrackKind::Angle), 2);
     film.tracks.clear();
     Ask(0);
     EXPECT_EQ(dialogs.shown.back(), "This film leaves nothing to choose.");

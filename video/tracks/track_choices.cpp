@@ -9,18 +9,34 @@
 
 namespace vk {
 
+namespace {
+
+std::optional<int> PlaceOf(std::string_view text) {
+    constexpr int Most = 999;
+    const auto place = ParseInteger(text);
+    if (!place || *place < TrackChoice::Untouched || *place > Most) return std::nullopt;
+    return static_cast<int>(*place);
+}
+
+std::string TextOf(const TrackChoice& choice) {
+    std::string text = std::to_string(choice.sound) + " " + std::to_string(choice.subtitles);
+    if (choice.angle != TrackChoice::Untouched) text += "/" + std::to_string(choice.angle);
+    return text;
+}
+
+} // namespace
+
 std::optional<TrackChoices::Entry> TrackChoices::Parse(std::string_view line) {
     const auto first = line.find(' ');
     const auto second = line.find(' ', first + 1);
     if (first == line.npos || second == line.npos || second + 1 >= line.size()) return std::nullopt;
-    const auto sound = ParseInteger(line.substr(0, first));
-    const auto subtitles = ParseInteger(line.substr(first + 1, second - first - 1));
-    const auto fits = [](const auto& place) {
-        return place && *place >= TrackChoice::Untouched && *place < 1000;
-    };
-    if (!fits(sound) || !fits(subtitles)) return std::nullopt;
-    return Entry{std::string(line.substr(second + 1)),
-                 {static_cast<int>(*sound), static_cast<int>(*subtitles)}};
+    const std::string_view shown = line.substr(first + 1, second - first - 1);
+    const auto slash = shown.find('/');
+    const auto sound = PlaceOf(line.substr(0, first)), subtitles = PlaceOf(shown.substr(0, slash));
+    const auto angle = slash == shown.npos ? std::optional<int>(TrackChoice::Untouched)
+                                           : PlaceOf(shown.substr(slash + 1));
+    if (!sound || !subtitles || !angle) return std::nullopt;
+    return Entry{std::string(line.substr(second + 1)), {*sound, *subtitles, *angle}};
 }
 
 std::vector<TrackChoices::Entry> TrackChoices::Read() const {
@@ -45,8 +61,7 @@ bool TrackChoices::Keep(const std::string& film, const TrackChoice& choice) cons
     const auto first = entries.size() - std::min(entries.size(), Most);
     std::string text;
     for (auto at = first; at < entries.size(); ++at)
-        text += std::to_string(entries[at].choice.sound) + " " +
-                std::to_string(entries[at].choice.subtitles) + " " + entries[at].film + "\n";
+        text += TextOf(entries[at].choice) + " " + entries[at].film + "\n";
     return ReplaceFile(file_, text);
 }
 

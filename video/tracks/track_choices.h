@@ -1,4 +1,4 @@
-// Which sound and which subtitles were chosen for which film, kept over the runs.
+// Which sound, subtitles and angle were chosen for which film, kept over the runs.
 #pragma once
 
 #include <optional>
@@ -13,11 +13,13 @@ struct TrackChoice {
     static constexpr int Untouched = -1;
     int sound = Untouched;
     int subtitles = Untouched;
+    int angle = Untouched;
     bool operator==(const TrackChoice&) const = default;
 };
 
-/// A line a film, "<sound> <subtitles> <path>", the film that was chosen for last at the end. A
-/// file that cannot be read is empty, and a line that cannot be is left out.
+/// A line a film, "<sound> <subtitles> <path>" or "<sound> <subtitles>/<angle> <path>", the film
+/// that was chosen for last at the end. A file that cannot be read is empty, and a line that cannot
+/// be is left out.
 class TrackChoices {
   public:
     /// The films that are kept; those longest untouched go.

@@ -33,23 +33,27 @@ std::optional<int> IdAt(const std::vector<FilmTrack>& tracks, int place) {
 void TrackMenu::Enter(const std::string& film) {
     film_ = film;
     wanted_ = choices_.Of(film);
-    givenSound_.reset();
-    givenSubtitles_.reset();
+    given_.clear();
+}
+
+int& TrackMenu::Wanted(TrackKind kind) {
+    if (kind == TrackKind::Angle) return wanted_.angle;
+    return kind == TrackKind::Audio ? wanted_.sound : wanted_.subtitles;
 }
 
 void TrackMenu::Apply(MediaPlayer& player) {
-    Apply(player, TrackKind::Audio, givenSound_);
-    Apply(player, TrackKind::Subtitles, givenSubtitles_);
+    for (const TrackKind kind : {TrackKind::Audio, TrackKind::Subtitles, TrackKind::Angle})
+        Apply(player, kind);
 }
 
 // Given once: a menu of the disc may choose another one later.
-void TrackMenu::Apply(MediaPlayer& player, TrackKind kind, std::optional<int>& given) {
+void TrackMenu::Apply(MediaPlayer& player, TrackKind kind) {
     const int place = Wanted(kind);
     const auto tracks = player.Tracks(kind);
     if (place == TrackChoice::Untouched || tracks.empty()) return;
     const auto id = IdAt(tracks, place);
-    if (!id || given == id) return;
-    given = id;
+    if (!id || (given_.contains(kind) && given_[kind] == *id)) return;
+    given_[kind] = *id;
     if (player.Track(kind) != *id) player.Track(kind, *id);
 }
 
@@ -92,8 +96,7 @@ void TrackMenu::Choose(MediaPlayer& player, const Row& row) {
     const auto id = IdAt(player.Tracks(row.kind), row.place);
     if (!id) return;
     player.Track(row.kind, *id);
-    if (row.kind == TrackKind::Angle) return; // of this scene, not of the film
-    (row.kind == TrackKind::Audio ? givenSound_ : givenSubtitles_) = id;
+    given_[row.kind] = *id;
     Wanted(row.kind) = row.place;
     if (!choices_.Keep(film_, wanted_))
         base_.log.WriteDebugLog("could not keep what was chosen of a film");

@@ -1,4 +1,4 @@
-// Choosing a film's sound and subtitles, and keeping the choice a film.
+// Choosing a film's sound, subtitles and angle, and keeping the choice a film.
 #pragma once
 
 #include "core/base.h"
@@ -6,6 +6,7 @@
 #include "video/tracks/track_choices.h"
 
 #include <functional>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -40,16 +41,14 @@ class TrackMenu {
     };
     static std::vector<Row> Rows(const MediaPlayer& player);
     void Choose(MediaPlayer& player, const Row& row);
-    int& Wanted(TrackKind kind) {
-        return kind == TrackKind::Audio ? wanted_.sound : wanted_.subtitles;
-    }
-    void Apply(MediaPlayer& player, TrackKind kind, std::optional<int>& given);
+    int& Wanted(TrackKind kind);
+    void Apply(MediaPlayer& player, TrackKind kind);
 
     Base& base_;
     TrackChoices choices_;
     std::string film_;
     TrackChoice wanted_;
-    std::optional<int> givenSound_, givenSubtitles_; ///< ids that were chosen by `Apply`
+    std::map<TrackKind, int> given_; ///< ids that were chosen
 };
 
 } // namespace vk
