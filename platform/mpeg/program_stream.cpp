@@ -72,35 +72,17 @@ double ShapeOfSequence(std::string_view video) {
     }
 }
 
-} // namespace
+class ProgramPackets : public Packets {
+  public:
+    explicit ProgramPackets(std::string_view bytes) : bytes_(bytes) {}
+    std::optional<StreamPacket> Next() override;
 
-double ShapeOfStream(std::string_view bytes) {
-    if (!IsProgramStream(bytes)) return 0;
-    PacketReader packets(bytes);
-    while (const auto packet = packets.Next())
-        if (packet->IsVideo()) return ShapeOfSequence(packet->payload);
-    return 0;
-}
+  private:
+    std::string_view bytes_;
+    bool inStep_ = false; ///< what comes next begins where a packet ended
+};
 
-bool IsProgramStream(std::string_view bytes) {
-    return bytes.starts_with(PackStart);
-}
-
-bool StreamPacket::IsAudio() const {
-    const bool mpeg = stream >= FirstAudio && stream < 0xE0;
-    return mpeg || (stream == PrivateStream1 && At(payload, 0) >= 0x80);
-}
-
-bool StreamPacket::HasKeyPicture() const {
-    constexpr int Intra = 1;
-    if (!IsVideo()) return false;
-    for (auto at = payload.find(PictureStart); at != payload.npos;
-         at = payload.find(PictureStart, at + PictureStart.size()))
-        if ((At(payload, at + 5) >> 3 & 7) == Intra) return true;
-    return false;
-}
-
-std::optional<StreamPacket> PacketReader::Next() {
+std::optional<StreamPacket> ProgramPackets::Next() {
     for (;;) {
         const auto next =
             bytes_.find(inStep_ && bytes_.starts_with(CodePrefix) ? CodePrefix : PackStart);
@@ -118,12 +100,48 @@ std::optional<StreamPacket> PacketReader::Next() {
         const std::string_view body = bytes_.substr(std::min(HeaderLength, bytes_.size()), length);
         bytes_.remove_prefix(std::min(HeaderLength + length, bytes_.size()));
         if (stream != PrivateStream1 && (stream < FirstAudio || stream > 0xEF)) continue;
-        StreamPacket packet{.stream = stream, .shown = {}, .decoded = {}, .payload = {}};
-        const std::size_t header =
-            At(body, 0) >> 6 == 2 ? NewHeader(packet, body) : OldHeader(packet, body);
-        packet.payload = body.substr(std::min(header, body.size()));
-        return packet;
+        return ReadPacket(stream, body);
     }
+}
+
+} // namespace
+
+StreamPacket ReadPacket(std::uint8_t stream, std::string_view body) {
+    StreamPacket packet{.stream = stream, .shown = {}, .decoded = {}, .payload = {}};
+    const std::size_t header =
+        At(body, 0) >> 6 == 2 ? NewHeader(packet, body) : OldHeader(packet, body);
+    packet.payload = body.substr(std::min(header, body.size()));
+    return packet;
+}
+
+std::unique_ptr<Packets> PacketsOfProgram(std::string_view bytes) {
+    return std::make_unique<ProgramPackets>(bytes);
+}
+
+double ShapeOfStream(std::string_view bytes) {
+    if (!IsProgramStream(bytes)) return 0;
+    ProgramPackets packets(bytes);
+    while (const auto packet = packets.Next())
+        if (packet->IsVideo()) return ShapeOfSequence(packet->payload);
+    return 0;
+}
+
+bool IsProgramStream(std::string_view bytes) {
+    return bytes.starts_with(PackStart);
+}
+
+bool StreamPacket::IsAudio() const {
+    const bool mpeg = stream >= FirstAudio && stream < 0xE0;
+    return mpeg || (stream == PrivateStream1 && At(payload, 0) >= 0x80);
+}
+
+bool StreamPacket::HasKeyPicture() const {
+    constexpr int Intra = 1;
+    if (!IsVideo() || entry) return entry;
+    for (auto at = payload.find(PictureStart); at != payload.npos;
+         at = payload.find(PictureStart, at + PictureStart.size()))
+        if ((At(payload, at + 5) >> 3 & 7) == Intra) return true;
+    return false;
 }
 
 } // namespace vk

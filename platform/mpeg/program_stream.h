@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string_view>
 
@@ -15,6 +16,7 @@ struct StreamPacket {
     std::uint8_t stream = 0;
     std::optional<std::int64_t> shown, decoded; ///< of what begins in it, where it is told
     std::string_view payload;                   ///< what of it was read
+    bool entry = false;                         ///< it says itself that it can be begun with
 
     bool IsVideo() const { return stream >= 0xE0 && stream <= 0xEF; }
     /// MPEG audio, or one of the other kinds that discs have.
@@ -24,16 +26,16 @@ struct StreamPacket {
 };
 
 /// The packets of a piece that may begin and end anywhere. The bytes outlive the object.
-class PacketReader {
+class Packets {
   public:
-    explicit PacketReader(std::string_view bytes) : bytes_(bytes) {}
+    virtual ~Packets() = default;
     /// The next one, nothing at the piece's end. What is no packet is skipped.
-    std::optional<StreamPacket> Next();
-
-  private:
-    std::string_view bytes_;
-    bool inStep_ = false; ///< what comes next begins where a packet ended
+    virtual std::optional<StreamPacket> Next() = 0;
 };
+std::unique_ptr<Packets> PacketsOfProgram(std::string_view bytes);
+
+/// A packet of any kind of stream that bears such packets: `body` is what follows its length.
+StreamPacket ReadPacket(std::uint8_t stream, std::string_view body);
 
 /// The shape of its pictures (width over height, as they are to be seen) as the first packet of
 /// video tells it; 0 where that does not, as in the first generation.

@@ -2,12 +2,14 @@
 #include "platform/mpeg/key_pictures.h"
 #include "tests/paths.h"
 #include "tests/support/film_loop.h"
+#include "tests/support/temp_folder.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <filesystem>
+#include <fstream>
 #include <optional>
+#include <sstream>
 
 namespace vk::test {
 namespace {
@@ -130,20 +132,37 @@ TEST_F(FilmPlayerTest, AFilmGoesToAMomentAndIsPaused) {
     }
 }
 
-// mpeg2.mpg has a picture that needs no other one every 12 pictures.
-TEST(KeyPictures, AreFoundInProgramStreamsAlone) {
+// Each of these has a picture that needs no other one every 12 pictures.
+TEST(KeyPictures, AreFoundWhereFilmsTellThem) {
     const auto near = [](const std::string& name, double seconds) {
-        return NearKeyPicture(std::string(VK_TEST_FILMS "/") + name, seconds);
+        const auto keys = KeyPicturesOf(std::string(VK_TEST_FILMS "/") + name);
+        return keys ? keys->Near(seconds) : std::nullopt;
     };
-    for (const double seconds : {0.0, 0.4, 1.0, 1.5, 2.3, 2.9}) {
-        const double expected = std::round(seconds / 0.48) * 0.48;
-        EXPECT_NEAR(near("mpeg2.mpg", seconds).value_or(-1), expected, 0.1) << seconds;
-        EXPECT_TRUE(near("anamorphic.mpg", seconds) || seconds > 2);
+    for (const char* name : {"mpeg2.mpg", "h264.ts", "h264.mp4"}) {
+        for (const double seconds : {0.0, 0.4, 1.0, 1.5, 2.3, 2.7}) {
+            const double expected = std::round(seconds / 0.48) * 0.48;
+            EXPECT_NEAR(near(name, seconds).value_or(-1), expected, 0.1) << name << seconds;
+        }
+        EXPECT_FALSE(near(name, 100)) << name;
     }
-    EXPECT_TRUE(near("cut.mpg", 1));
-    for (const char* name : {"h264.mp4", "noise.avi", "empty.avi", "nowhere.avi", "wrongname.mpg"})
+    EXPECT_TRUE(near("cut.mpg", 1) && near("anamorphic.mpg", 1));
+    for (const char* name : {"noise.avi", "empty.avi", "nowhere.avi", "wrongname.mpg", "h265.mkv"})
         EXPECT_FALSE(near(name, 1)) << name;
-    EXPECT_FALSE(near("mpeg2.mpg", 100));
+}
+
+// Whatever an index has been left with, it is read to an end.
+TEST(KeyPictures, TornAndHostileIndexesAreRead) {
+    const TempFolder folder;
+    std::stringstream whole;
+    whole << std::ifstream(VK_TEST_FILMS "/h264.mp4").rdbuf();
+    const std::string bytes = whole.str();
+    const auto index = bytes.find("moov");
+    ASSERT_NE(index, bytes.npos);
+    for (std::size_t at = 0; at < bytes.size() - index; at += 23) {
+        std::string wild = bytes.substr(index - 4);
+        wild[at] = at % 2 ? '\xFF' : '\x7F';
+        if (const auto keys = KeyPicturesOf(folder.Write("wild.mp4", wild))) keys->Near(1);
+    }
 }
 
 TEST_F(FilmPlayerTest, FilmsFollowOneAnotherWithoutWaiting) {

@@ -3,7 +3,6 @@
 #include "platform/dvd_events.h"
 #include "platform/linux/vlc/disc_angles.h"
 #include "platform/linux/vlc/film_shape.h"
-#include "platform/mpeg/key_pictures.h"
 
 #include <algorithm>
 #include <cmath>
@@ -57,8 +56,9 @@ void FilmSession::Open(VlcLibrary& library, const FilmSource& source) {
         Tell([](FilmNotes& notes) { notes.failed = true; });
 }
 
-double FilmSession::Entry(double seconds) const {
-    return source_.disc ? seconds : NearKeyPicture(source_.path, seconds).value_or(seconds);
+double FilmSession::Entry(double seconds) {
+    if (!source_.disc && !std::exchange(keysRead_, true)) keys_ = KeyPicturesOf(source_.path);
+    return keys_ ? keys_->Near(seconds).value_or(seconds) : seconds;
 }
 
 void FilmSession::ReadIndex() {
@@ -91,6 +91,7 @@ void FilmSession::Close() {
     player_.reset();
     media_.reset();
     library_.reset();
+    keys_.reset();
 }
 
 // Notes ------------------------------------------------------------------------------------------
@@ -145,6 +146,7 @@ void FilmSession::Note(const libvlc_event_t& event) {
             break;
         case libvlc_MediaPlayerTitleChanged:
             title_ = event.u.media_player_title_changed.new_title;
+            frozen_ = false;
             if (playing_) notes.title = title_;
             break;
         default:
@@ -261,7 +263,7 @@ bool FilmSession::KnowShape(const FilmPicture& picture) {
 
 void FilmSession::Display(FrameBuffers::Buffer* written) {
     if (!written) return;
-    if (!KnowShape(written->picture)) return frames_->Drop(written);
+    if (frozen_ || !KnowShape(written->picture)) return frames_->Drop(written);
     ++shown_;
     const double likely = LikelyPixelAspect(written->picture.width, written->picture.height);
     if (frames_->Show(written, pixelAspect_ > 0 ? pixelAspect_ : likely, paused_))

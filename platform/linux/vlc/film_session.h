@@ -6,6 +6,7 @@
 #include "platform/linux/vlc/vlc_handles.h"
 #include "platform/linux/vlc/vlc_library.h"
 #include "platform/media_player.h"
+#include "platform/mpeg/key_pictures.h"
 #include "platform/ui_thread.h"
 
 #include <atomic>
@@ -56,8 +57,13 @@ class FilmSession : public std::enable_shared_from_this<FilmSession> {
     // On the user-interface thread.
     FilmNotes TakeNotes();
     std::shared_ptr<const FilmPicture> Picture() { return frames_->Take(); }
-    /// Pictures like the one on show are not told.
-    void SetPaused(bool paused) { paused_ = paused; }
+    /// Pictures like the one on show are not told while it is paused. With `frozen` the one on show
+    /// stays, although libVLC shows some more until it stands, until something else is asked for.
+    void SetPaused(bool paused, bool frozen) {
+        paused_ = paused;
+        frozen_ = frozen;
+    }
+    void Thaw() { frozen_ = false; }
     /// Nothing is told any more.
     void Abandon();
     /// As they were read last.
@@ -93,7 +99,7 @@ class FilmSession : public std::enable_shared_from_this<FilmSession> {
 
     UiThread& ui_;
     std::function<void()> heed_; ///< of the user-interface thread
-    std::atomic<bool> abandoned_ = false, paused_ = false;
+    std::atomic<bool> abandoned_ = false, paused_ = false, frozen_ = false;
     const std::shared_ptr<FrameBuffers> frames_ = std::make_shared<FrameBuffers>();
 
     mutable std::mutex mutex_; ///< of what stands in this paragraph
@@ -105,11 +111,13 @@ class FilmSession : public std::enable_shared_from_this<FilmSession> {
     DiscIndex index_;
     int title_ = 0; ///< of the disc that is shown
 
-    double Entry(double seconds) const;
+    double Entry(double seconds);
     void ReadIndex();
 
-    FilmSource source_;    ///< from the opening on
-    double fileShape_ = 0; ///< as the file itself tells it; 0: it does not
+    FilmSource source_;                 ///< from the opening on
+    double fileShape_ = 0;              ///< as the file itself tells it; 0: it does not
+    std::unique_ptr<KeyPictures> keys_; ///< of the file, from the first search on
+    bool keysRead_ = false;
     // Of the thread that shows the pictures.
     double pixelAspect_ = 0;
     int shown_ = 0; ///< pictures since the format

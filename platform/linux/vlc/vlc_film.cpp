@@ -34,7 +34,7 @@ void VlcFilm::Play() {
     if (path_.empty() || state_ == PlayStateValue::Playing) return;
     if (!session_) return Open();
     state_ = PlayStateValue::Playing;
-    session_->SetPaused(false);
+    session_->SetPaused(false, false);
     Ask([](libvlc_media_player_t* player) { libvlc_media_player_set_pause(player, 0); });
 }
 
@@ -52,7 +52,8 @@ void VlcFilm::Open() {
 void VlcFilm::Pause() {
     if (state_ != PlayStateValue::Playing) return;
     state_ = PlayStateValue::Paused;
-    session_->SetPaused(true);
+    const bool onItsWay = wanted_ >= 0 || timeMs_ <= 0; // another picture is to come yet
+    session_->SetPaused(true, !onItsWay);
     Ask([](libvlc_media_player_t* player) { libvlc_media_player_set_pause(player, 1); });
 }
 
@@ -84,8 +85,9 @@ double VlcFilm::CurrentPosition() const {
 void VlcFilm::CurrentPosition(double seconds) {
     wanted_ = std::max(0.0, seconds);
     wantedAt_ = std::chrono::steady_clock::now();
-    if (session_)
-        worker_.Ask([session = session_, seconds] { session->Seek(std::max(0.0, seconds)); });
+    if (!session_) return;
+    session_->Thaw();
+    worker_.Ask([session = session_, seconds] { session->Seek(std::max(0.0, seconds)); });
 }
 
 double VlcFilm::Duration() const {
@@ -130,7 +132,9 @@ int VlcFilm::Track(TrackKind kind) const {
 }
 
 void VlcFilm::Track(TrackKind kind, int id) {
-    if (session_) worker_.Ask([session = session_, kind, id] { session->Choose(kind, id); });
+    if (!session_) return;
+    session_->Thaw();
+    worker_.Ask([session = session_, kind, id] { session->Choose(kind, id); });
 }
 
 // Reports ----------------------------------------------------------------------------------------
@@ -145,7 +149,7 @@ void VlcFilm::Heed() {
     if (!session) return;
     const FilmNotes notes = session->TakeNotes();
     HeedTime(notes);
-    if (notes.tracks) worker_.Ask([session] { session->ReadTracks(); });
+    if (notes.tracks || notes.title >= 0) worker_.Ask([session] { session->ReadTracks(); });
     if (notes.title >= 0) dvd_.Navigated(notes.title);
     const auto tell = [&](bool due, const std::function<void()>& event) {
         if (due && event && session == session_) event();
