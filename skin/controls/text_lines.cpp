@@ -23,9 +23,11 @@ int Tall(const QFont& font) {
     return static_cast<int>(std::ceil(Inked(font).height()));
 }
 
+// Blanks at an end are only for room, those between two texts are where it is broken.
 QStringList Broken(QString text, const QFont& font, int width) {
-    if (QFontMetricsF(font).horizontalAdvance(text) > width)
-        text.replace(QStringLiteral("    "), QStringLiteral("\n"));
+    const auto tooWide = [&] { return QFontMetricsF(font).horizontalAdvance(text) > width; };
+    if (tooWide()) text = text.trimmed();
+    if (tooWide()) text.replace(QStringLiteral("    "), QStringLiteral("\n"));
     return text.split(QLatin1Char('\n'));
 }
 
