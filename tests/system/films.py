@@ -57,10 +57,13 @@ class _Films(Driven):
     def see_bars(self):
         self.see("the bars", lambda: not self.shows(self.film, BELOW))
 
-    def see_chosen(self, button):
+    def chosen(self, button):
         """Of the disc's menu, which is as high as the screen and has its shape."""
         x, y = self.width // 2 + int((button[0] - 0.5) * self.height * 4 / 3), int(button[1] * self.height)
-        self.see("the disc's button", lambda: self.at(x, y, YELLOW))
+        return self.at(x, y, YELLOW)
+
+    def see_menu(self):
+        self.see("the disc's menu", lambda: self.chosen(FIRST))
 
     def see_words(self):
         """Those of their lines that stand above the bar."""
@@ -77,18 +80,21 @@ class _Films(Driven):
         """Where the film is, seconds."""
         return int(float(self.setting("video_player", "CurrentPosition") or 0))
 
-    def go_far(self, step):
-        """By a step again and again: those that come too fast count once."""
+    def again(self, step, seen):
+        """A step until what it leads to is seen, where one may come too early or too fast, and none goes too far."""
         stepped = 0.0
 
-        def far():
+        def done():
             nonlocal stepped
-            if time.monotonic() > stepped + AGAIN:
+            if not seen() and time.monotonic() > stepped + AGAIN:
                 step()
                 stepped = time.monotonic()
-            return self.kept() > FAR
+            return seen()
 
-        self.wait_for("a place far in the film", far)
+        self.wait_for("what a step leads to", done)
+
+    def go_far(self, step):
+        self.again(step, lambda: self.kept() > FAR)
 
     def see_going_on(self, left, film):
         self.see_film(film)
@@ -105,10 +111,9 @@ class KeysFilms(_Films):
     def test_by_keys_alone(self):
         self.keys("Right", "Return", "Up", "Up", "Return", "Down")  # the browser, the films, the disc
         self.press("Return")
-        self.see_chosen(FIRST)
+        self.see_menu()
         self.picture("disc-menu")
-        self.press("Down")
-        self.see_chosen(THIRD)
+        self.again(lambda: self.press("Down"), lambda: self.chosen(THIRD))
         self.press("Return")
         self.see_film(BLUE)
         self.press("p")
@@ -179,9 +184,8 @@ class TouchFilms(SmallTouched, _Films):
         self.see_list()
         self.picture("film-rows")
         self.touch(self.row(1))
-        self.see_chosen(FIRST)
-        self.touch((self.width * 2 // 7, self.height * 2 // 3))
-        self.see_film(BLUE)
+        self.see_menu()
+        self.again(lambda: self.touch((self.width * 2 // 7, self.height * 2 // 3)), lambda: self.shows(BLUE))
 
 
 if __name__ == "__main__":
