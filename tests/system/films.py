@@ -149,7 +149,7 @@ class TouchFilms(SmallTouched, _Films):
     CENTRE, WORDS, TILE = (320, 200), (320, 290), (400, 100)
 
     def row(self, number):
-        return 160, self.WIDE[0] + self.WIDE[1] * number
+        return 160, self.DENSE[0] + self.DENSE[1] * number
 
     def touch(self, point):
         self.display.send("mousemove", *point, "click", 1)
