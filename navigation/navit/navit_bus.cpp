@@ -125,6 +125,10 @@ void NavitBus::ClearDestination() {
     Tell("clear_destination", "");
 }
 
+void NavitBus::Draw() {
+    Tell("draw", "");
+}
+
 void NavitBus::ZoomToRoute() {
     Tell("zoom_to_route", "");
 }

@@ -43,6 +43,8 @@ class NavitBus {
     void SetDestination(MapPoint point, const std::string& name, Done done);
     void ClearDestination();
     void ZoomToRoute();
+    /// The map anew; while it follows the vehicle a new way would wait for the next position.
+    void Draw();
 
     /// A search: its path for the calls below. It is kept by the engine until `EndSearch`.
     void NewSearch(Text done);

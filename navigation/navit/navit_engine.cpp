@@ -139,12 +139,16 @@ void NavitEngine::TrySoon() {
     launch_->Start(static_cast<int>(soon - now));
 }
 
-// Told later: this may come from within the bus, where nobody may let events run.
 void NavitEngine::Become(EngineState state, const std::string& complaint) {
     if (state == state_ && complaint == complaint_) return;
     if (!complaint.empty()) Log(complaint);
     state_ = state;
     complaint_ = complaint;
+    TellChange();
+}
+
+// Told later: this may come from within the bus, where nobody may let events run.
+void NavitEngine::TellChange() {
     QMetaObject::invokeMethod(
         &context_,
         [this] {
@@ -153,9 +157,11 @@ void NavitEngine::Become(EngineState state, const std::string& complaint) {
         Qt::QueuedConnection);
 }
 
-// The old run is let go here alone, where it does not tell.
+// The old run is let go here alone, where it does not tell. That its window has gone is told, as
+// the display may give the next one the same number.
 void NavitEngine::Launch() {
     launch_->Stop();
+    if (run_) TellChange();
     run_.reset();
     if (!wanted_) return;
     if (!FileExists(place_.program) || !FileExists(place_.busProgram))
@@ -302,7 +308,10 @@ Task<bool> NavitEngine::WayFound() {
         auto asked = Ask("route.route_status");
         status = (co_await asked).value_or("");
     }
-    if (Up()) run_->SetHasRoute(IsRoute(status));
+    if (Up()) {
+        run_->SetHasRoute(IsRoute(status));
+        run_->Bus().Draw();
+    }
     co_return !status.empty() && !IsNoRoute(status);
 }
 
@@ -331,6 +340,7 @@ void NavitEngine::CancelRoute() {
     cancelled_ = true;
     if (!Up()) return;
     run_->Bus().ClearDestination();
+    run_->Bus().Draw();
     run_->SetHasRoute(false);
 }
 

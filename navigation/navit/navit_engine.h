@@ -57,6 +57,7 @@ class NavitEngine : public NavigationEngine {
     bool Up() const { return run_ && run_->Up(); }
     void Launch();
     void Become(EngineState state, const std::string& complaint);
+    void TellChange();
     void WaitFor(EngineState state, const std::string& complaint, int pauseMs);
     void TrySoon();
     NavitConfig Config() const;
