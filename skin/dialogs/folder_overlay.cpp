@@ -2,6 +2,7 @@
 
 #include "skin/controls/looks.h"
 #include "skin/controls/plate.h"
+#include "skin/touch_target.h"
 
 #include <QKeyEvent>
 #include <QPainter>
@@ -46,7 +47,8 @@ void FolderOverlay::LayOut() {
                      QPoint(inner.right(), hintBox_.top() - gap / 2));
     const int column = static_cast<int>(inner.width() * ColumnPart);
     list_ = body.adjusted(0, 0, -(column + gap), 0);
-    rowHeight_ = std::max(1, height() / 8);
+    // Whole rows that fill the list, each high enough for a finger.
+    rowHeight_ = std::max(1, list_.height() / std::max(1, list_.height() / TouchSide(height())));
     cells_.clear();
     AddButtons(QRect(body.right() + 1 - column, body.top(), column, body.height()));
     ScrollTo(first_);
