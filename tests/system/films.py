@@ -13,8 +13,9 @@ RED, GREEN, BLUE, YELLOW, WHITE = (254, 0, 0), (0, 127, 0), (0, 0, 254), (254, 2
 NEAR = 40  # of 255: two colours are the same
 HERE, BELOW = (0.7, 0.45), (0.5, 0.99)  # of the screen, beside the pointer; the latter is the film's only without its bars
 FIRST, THIRD = (86 / 720, 180 / 576), (86 / 720, 396 / 576)  # of the disc's picture, in the frames of its buttons
+LIST, FREE = (229, 234, 240), (0.5, 0.58)  # the browser by day, where it has no row
 FILMS_TILE = 3
-AGAIN, STEPS = 1, 8  # seconds between two tries of so many steps
+AGAIN, LATE, STEPS = 1, 5, 8  # seconds between two tries, and where a second one would go too far; steps of a try
 FAR = 80  # seconds, where no film gets to by itself while something is waited for
 
 
@@ -80,18 +81,22 @@ class _Films(Driven):
         """Where the film is, seconds."""
         return int(float(self.setting("video_player", "CurrentPosition") or 0))
 
-    def again(self, step, seen):
+    def again(self, step, seen, pause=AGAIN):
         """A step until what it leads to is seen, where one may come too early or too fast, and none goes too far."""
         stepped = 0.0
 
         def done():
             nonlocal stepped
-            if not seen() and time.monotonic() > stepped + AGAIN:
+            if not seen() and time.monotonic() > stepped + pause:
                 step()
                 stepped = time.monotonic()
             return seen()
 
         self.wait_for("what a step leads to", done)
+
+    def choose(self, step, wanted):
+        """In the browser, which is deaf until its rows are there."""
+        self.again(lambda: self.shows(LIST, FREE) and step(), wanted, LATE)
 
     def go_far(self, step):
         self.again(step, lambda: self.kept() > FAR)
@@ -110,7 +115,7 @@ class KeysFilms(_Films):
 
     def test_by_keys_alone(self):
         self.keys("Right", "Return", "Up", "Up", "Return", "Down")  # the browser, the films, the disc
-        self.press("Return")
+        self.choose(lambda: self.press("Return"), lambda: self.chosen(FIRST))
         self.see_menu()
         self.picture("disc-menu")
         self.again(lambda: self.press("Down"), lambda: self.chosen(THIRD))
@@ -119,7 +124,7 @@ class KeysFilms(_Films):
         self.press("p")
         self.see_list()
         self.keys("Down")
-        self.press("Return")
+        self.choose(lambda: self.press("Return"), lambda: self.shows(GREEN))
         self.see_film(GREEN)
         self.go_far(lambda: self.display.send("key", *["Right"] * STEPS))
         self.kill()
@@ -163,7 +168,7 @@ class TouchFilms(SmallTouched, _Films):
 
     def test_by_touch_alone(self):
         self.tap(self.MEDIA, self.row(self.new_list_row() + 2))
-        self.touch(self.row(2))
+        self.choose(lambda: self.touch(self.row(2)), lambda: self.shows(GREEN))
         self.see_film(GREEN)
         self.touch_bar(self.NEXT)
         self.see_film(RED)
@@ -183,7 +188,7 @@ class TouchFilms(SmallTouched, _Films):
         self.touch_bar(self.LISTS)
         self.see_list()
         self.picture("film-rows")
-        self.touch(self.row(1))
+        self.choose(lambda: self.touch(self.row(1)), lambda: self.chosen(FIRST))
         self.see_menu()
         self.again(lambda: self.touch((self.width * 2 // 7, self.height * 2 // 3)), lambda: self.shows(BLUE))
 
