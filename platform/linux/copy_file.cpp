@@ -128,7 +128,7 @@ CopyOutcome CopyInPieces(const std::string& from, const std::string& to,
     PartialFile copy(partial);
     if (!copy) return Failure();
     const auto total = static_cast<std::uint64_t>(info.st_size);
-    const CopyOutcome outcome = Copy(source.get(), total, copy, progress);
+    CopyOutcome outcome = Copy(source.get(), total, copy, progress);
     if (outcome.kind != CopyOutcome::Done) return outcome;
     if (whenChanged == WhenChanged::Fail && HasChanged(source.get(), info))
         return {CopyOutcome::Failed, CopyOutcome::Changed};
