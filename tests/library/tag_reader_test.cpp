@@ -43,7 +43,7 @@ TEST_F(TagReader, ReadsEveryVersion2) {
             return TextFrame(v, v == 2 ? old : id, text);
         };
         const std::string frames =
-            frame("XXX", "XXXX", longName) + frame("TT2", "TIT2", "Gr\xFC\xDF\x65\0\0"s) +
+            frame("QQQ", "QQQQ", longName) + frame("TT2", "TIT2", "Gr\xFC\xDF\x65\0\0"s) +
             frame("TP1", "TPE1", "B\xC3\xA4rbel") + frame("TAL", "TALB", longName) +
             frame("TCO", "TCON", "(13)") + frame("TRK", "TRCK", "7/12") + std::string(20, '\0');
         EXPECT_EQ(Brief(Read(ID3v2(v, frames, revision, v == 4 ? 0x3F : 0) + Sound)),
