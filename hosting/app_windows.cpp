@@ -74,7 +74,7 @@ void AppWindows::ComeToFront(const RunningApp& app) const {
 void AppWindows::LetOthersOver(const RunningApp& app) const {
     for (const WindowHandle window : app.hWndList) {
         windows_.SetTopmost(window, false);
-        windows_.FreeKeyboard(window);
+        windows_.FreeInput(window);
     }
 }
 

@@ -2,8 +2,14 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 
 namespace vk {
+
+Closing::Closing(Base& base, Programs& programs, ForeignWindows& windows,
+                 const AppWindows& collection)
+    : base_(base), programs_(programs), windows_(windows), collection_(collection),
+      later_(base.clock.MakeTimer([this] { NextBehind(); })) {}
 
 bool Closing::Asks(const RunningApp& app) const {
     const auto now = collection_.Of(app.PID);
@@ -63,19 +69,46 @@ bool Closing::AllEnd(const RunningApps& apps, int milliseconds) const {
     return true;
 }
 
-void Closing::CloseAll(const RunningApps& apps) {
+void Closing::AskWindows(const RunningApps& apps) const {
     for (const RunningApp& app : apps)
         for (const ForeignWindow& window : collection_.Of(app.PID))
             windows_.Close(window.handle);
-    if (AllEnd(apps, LastMs)) return;
+}
+
+void Closing::AskPrograms(const RunningApps& apps) const {
     for (const RunningApp& app : apps)
         programs_.Close(app.PID);
-    if (AllEnd(apps, AskedMs)) return;
+}
+
+void Closing::KillWhatRuns(const RunningApps& apps) const {
     for (const RunningApp& app : apps) {
         if (!programs_.AnyRunning(app.PID)) continue;
         base_.log.WriteDebugLog("attempting to kill PID " + std::to_string(app.PID));
         programs_.KillAll(app.PID);
     }
+}
+
+void Closing::CloseAll(const RunningApps& apps) {
+    AskWindows(apps);
+    if (AllEnd(apps, LastMs)) return;
+    AskPrograms(apps);
+    if (AllEnd(apps, AskedMs)) return;
+    KillWhatRuns(apps);
+}
+
+void Closing::CloseBehind(const RunningApps& apps) {
+    AskWindows(apps);
+    behind_ = apps;
+    later_->Start(LastMs);
+}
+
+void Closing::NextBehind() {
+    later_->Stop();
+    KillWhatRuns(std::exchange(askedBehind_, {}));
+    if (behind_.empty()) return;
+    AskPrograms(behind_);
+    askedBehind_ = std::exchange(behind_, {});
+    later_->Start(AskedMs);
 }
 
 } // namespace vk

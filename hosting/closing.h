@@ -3,8 +3,9 @@
 
 #include "core/base.h"
 #include "hosting/app_windows.h"
+#include "platform/clock.h"
 
-#include <vector>
+#include <memory>
 
 namespace vk {
 
@@ -18,8 +19,7 @@ class Closing {
     static constexpr int LastMs = 1500, AskedMs = 500;
 
     /// All of it outlives this object.
-    Closing(Base& base, Programs& programs, ForeignWindows& windows, const AppWindows& collection)
-        : base_(base), programs_(programs), windows_(windows), collection_(collection) {}
+    Closing(Base& base, Programs& programs, ForeignWindows& windows, const AppWindows& collection);
 
     /// Asks its main window, then all its windows to close, then kills it: events run, and when the
     /// user ends the wait the next stage comes at once. With `mayAsk` false is returned early, and
@@ -28,16 +28,24 @@ class Closing {
     bool Close(RunningApp& app, bool mayAsk);
     /// The same of all at the system's end.
     void CloseAll(const RunningApps& apps);
+    /// The same, in the same time, while everything else goes on.
+    void CloseBehind(const RunningApps& apps);
 
   private:
     bool WindowsGone(const RunningApp& app, const char* what, bool mayAsk, int& passes);
     bool Asks(const RunningApp& app) const;
     bool AllEnd(const RunningApps& apps, int milliseconds) const;
+    void AskWindows(const RunningApps& apps) const;
+    void AskPrograms(const RunningApps& apps) const;
+    void KillWhatRuns(const RunningApps& apps) const;
+    void NextBehind();
 
     Base& base_;
     Programs& programs_;
     ForeignWindows& windows_;
     const AppWindows& collection_;
+    RunningApps behind_, askedBehind_; ///< whose windows, and who have been asked
+    std::unique_ptr<Timer> later_;
 };
 
 } // namespace vk

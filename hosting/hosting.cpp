@@ -143,6 +143,19 @@ bool Hosting::CloseCurrent() {
     return true;
 }
 
+// Nobody sees them any more, or they lie over everything. Until they have ended they count as ours.
+void Hosting::EndLeftBehind() {
+    RunningApps behind;
+    for (const ProgramId program : n_.programs.LeftBehind()) {
+        n_.base.log.WriteDebugLog("A program of the last start still runs and is ended: PID " +
+                                  std::to_string(program));
+        behind.push_back({.PID = program, .ended = true});
+    }
+    if (behind.empty()) return;
+    left_.insert(left_.end(), behind.begin(), behind.end());
+    closing_.CloseBehind(behind);
+}
+
 void Hosting::CloseAll() {
     RunningApps all = RunningApps_;
     all.insert(all.end(), left_.begin(), left_.end());

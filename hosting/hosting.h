@@ -56,6 +56,8 @@ class Hosting {
     bool CloseCurrent();
     /// Ends all that was started here, at the system's end.
     void CloseAll();
+    /// Ends what was started by a system before this one that did not come to its end.
+    void EndLeftBehind();
 
     AppWindows& Collection() { return collection_; }
     const Launcher& Start() const { return launcher_; }

@@ -13,6 +13,7 @@ ProgramId Launcher::OpenProgram(const std::string& commandLine, int show) const 
     return programs_.Start({.program = what.program,
                             .arguments = what.arguments,
                             .folder = FolderOf(what.program),
+                            .ours = true,
                             .show = show});
 }
 

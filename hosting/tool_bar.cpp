@@ -83,6 +83,7 @@ void ToolBar::Hidden() {
         timer->Stop();
     KeysUp();
     n_.windows.onKey = n_.windows.onKeyUp = {};
+    n_.windows.onKeptTouch = {};
     n_.windows.HoldKeys({});
     n_.surfaces.Remove(ToolBarName);
     if (RunningApp* app = n_.hosting.Current()) n_.hosting.Collection().LetOthersOver(*app);
@@ -213,6 +214,9 @@ void ToolBar::Wheel(int delta) {
 void ToolBar::HoldKeys() {
     n_.windows.onKey = [this](int key) { KeyHeld(key, true); };
     n_.windows.onKeyUp = [this](int key) { KeyHeld(key, false); };
+    n_.windows.onKeptTouch = [this](WindowHandle window, int x, int y) {
+        view_.TakeTouch(window, x, y);
+    };
     n_.windows.HoldKeys(KeysHeldBack(n_.keys));
 }
 

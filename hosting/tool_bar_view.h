@@ -1,6 +1,8 @@
 // The tool bar's picture, as its logic asks for it.
 #pragma once
 
+#include "platform/player_window.h"
+
 #include <string>
 
 namespace vk {
@@ -18,6 +20,8 @@ class ToolBarView {
     virtual bool AtTop() const = 0;
     /// Marks the first of its buttons, as a held ok does.
     virtual void EnterButtons() = 0;
+    /// A touch on a window of the display that was kept from it, at a place of the screen.
+    virtual void TakeTouch(WindowHandle window, int x, int y) = 0;
 };
 
 } // namespace vk

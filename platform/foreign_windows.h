@@ -67,11 +67,15 @@ class ForeignWindows {
     /// and none with an empty list. Keys that another program holds stay with it; one that has all
     /// for itself gets these, too, and they are told when they are let go.
     virtual void HoldKeys(const std::vector<int>& keys) = 0;
-    /// Minimises a window while its program has all keys for itself, which ends that.
-    virtual void FreeKeyboard(WindowHandle window) = 0;
+    /// Minimises a window while its program has all keys or all touches for itself, which ends
+    /// that.
+    virtual void FreeInput(WindowHandle window) = 0;
 
     /// A held key went down; or was let go.
     std::function<void(int key)> onKey, onKeyUp;
+    /// A touch on a window that its program was kept from by one that has all touches for itself:
+    /// its place on the screen. Told while keys are held.
+    std::function<void(WindowHandle window, int x, int y)> onKeptTouch;
     /// Windows have come or gone, or may have.
     std::function<void()> onChange;
     /// An adopted window has gone, with its program or without.

@@ -20,15 +20,18 @@ struct ProgramStart {
     /// Windows knows the wish.
     bool hidden = false;
     bool background = false; ///< it takes the processors and the disk last
+    /// It is not to stay behind when this process crashes: `LeftBehind` of the next one has it, and
+    /// Windows ends it at once.
+    bool ours = false;
     /// How its first window is to come, a number of ShowWindow; only Windows knows the wish. 0: as
     /// the program likes it.
     int show = 0;
 };
 
-/// What is started here outlives this object and this process unless somebody ends it, hears none
-/// of the terminal's signals, and gets none of the files that are open here. One that has ended
-/// leaves nothing behind, whether it is asked about or not. Each operation but `Wait` returns at
-/// once.
+/// What is started here outlives this object and this process unless somebody ends it or the start
+/// says otherwise, hears none of the terminal's signals, and gets none of the files that are open
+/// here. One that has ended leaves nothing behind, whether it is asked about or not. Each operation
+/// but `Wait` returns at once.
 class Programs {
   public:
     virtual ~Programs() = default;
@@ -45,6 +48,9 @@ class Programs {
     virtual bool IsOf(ProgramId process, ProgramId program) const = 0;
     /// True while the program or anything that it has started runs.
     virtual bool AnyRunning(ProgramId program) const = 0;
+    /// What a process before this one has started as its own and left behind, running still: from
+    /// now on as if it was started here. To be asked by the one process that has the notes.
+    virtual std::vector<ProgramId> LeftBehind() { return {}; }
     /// Ends all of that without asking.
     virtual void KillAll(ProgramId program) = 0;
     /// Waits for its end, at most `timeoutMs` milliseconds; true when it has ended.
@@ -54,7 +60,8 @@ class Programs {
     virtual bool ProcessRunning(const std::string& name, ProgramId ownId) const = 0;
 };
 
-/// The platform's own adapter.
-std::unique_ptr<Programs> MakePrograms();
+/// The platform's own adapter. In the file `notes` it remembers what is not to stay behind, where
+/// the system does not see to that; "" is none.
+std::unique_ptr<Programs> MakePrograms(const std::string& notes = {});
 
 } // namespace vk

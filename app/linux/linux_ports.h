@@ -12,6 +12,7 @@
 #include "platform/linux/sound/alsa_mixer.h"
 #include "platform/linux/sound/alsa_route.h"
 #include "platform/linux/volumes.h"
+#include "platform/paths.h"
 #include "platform/qt/qt_beeper.h"
 #include "platform/qt/qt_child_process.h"
 #include "platform/qt/qt_clock.h"
@@ -20,6 +21,7 @@
 #include "platform/qt/qt_screen_saver.h"
 #include "platform/qt/qt_ui_thread.h"
 #include "platform/serial_owners.h"
+#include "platform/user_folders.h"
 
 #include <memory>
 #include <string>
@@ -47,7 +49,8 @@ class LinuxPorts {
     QtFonts fonts_;
     QtBeeper beeper_;
     LinuxVolumes volumes_;
-    std::unique_ptr<Programs> programs_ = MakePrograms();
+    std::unique_ptr<Programs> programs_ =
+        MakePrograms(JoinPath(FindFolders(appDir_).state, "started.dat"));
     std::unique_ptr<InstanceLock> instance_ = MakeInstanceLock();
     SerialOwners serialOwners_;
     FileRegistry registry_{UserRegistryFile()};

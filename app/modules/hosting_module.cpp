@@ -45,6 +45,11 @@ void HostingModule::Load() {
     host_.screens.Add(ToolBarName, screen_->bar(), *screen_);
 }
 
+// The folder is ours by now, and nobody else's programs are taken for ours.
+void HostingModule::SettingsRead() {
+    if (hosting_) hosting_->EndLeftBehind();
+}
+
 void HostingModule::Unload() {
     host_.screens.Remove(ToolBarName);
     screen_.reset();

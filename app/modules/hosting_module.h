@@ -20,6 +20,7 @@ class HostingModule : public Module {
     HostingModule(Host& host, LibraryModule& library, InputModule& input, PlaybackModule& playback);
 
     std::vector<Page> Pages() override;
+    void SettingsRead() override;
     void Unload() override;
     void SessionEnds() override { host_.LeaveScreen(ToolBarName); }
     void Close(bool osShutdown) override;

@@ -5,8 +5,10 @@
 #include "skin/controls/looks.h"
 #include "skin/touch_target.h"
 
+#include <QCoreApplication>
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QScreen>
 
@@ -150,6 +152,20 @@ void ExtAppTools::EnterButtons() {
     ForceInput(*this);
     setFocus();
     if (enterButtons) enterButtons();
+}
+
+// Later: the display is telling, and what is touched may let events run.
+void ExtAppTools::TakeTouch(WindowHandle window, int x, int y) {
+    if (!isVisible() || window != static_cast<WindowHandle>(winId())) return;
+    const QPoint at = mapFromGlobal(QPoint(x, y));
+    QWidget* const touched = childAt(at);
+    if (!touched) return;
+    const auto mouse = [&](QEvent::Type type, Qt::MouseButtons down) {
+        return new QMouseEvent(type, touched->mapFrom(this, at), QPoint(x, y), Qt::LeftButton, down,
+                               Qt::NoModifier);
+    };
+    QCoreApplication::postEvent(touched, mouse(QEvent::MouseButtonPress, Qt::LeftButton));
+    QCoreApplication::postEvent(touched, mouse(QEvent::MouseButtonRelease, Qt::NoButton));
 }
 
 void ExtAppTools::BarButtons::Say(const std::string& text) {

@@ -58,6 +58,7 @@ class ExtAppTools : public QWidget, private ToolBarView {
     void MoveTo(bool top) override;
     bool AtTop() const override { return top_; }
     void EnterButtons() override;
+    void TakeTouch(WindowHandle window, int x, int y) override;
     void MakeButtons();
     void HoldVolume(TouchButton& button, void (ToolBar::*change)());
 

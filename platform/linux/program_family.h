@@ -2,10 +2,8 @@
 #pragma once
 
 #include "platform/linux/child_watch.h"
+#include "platform/linux/program_notes.h"
 
-#include <sys/types.h>
-
-#include <set>
 #include <vector>
 
 namespace vk {
@@ -17,17 +15,25 @@ class ProgramFamilies {
     /// `children` watches the leaders and outlives this object.
     explicit ProgramFamilies(const ChildWatch& children) : children_(children) {}
 
-    void Add(pid_t leader) { leaders_.insert(leader); }
+    /// One that was just started.
+    void Add(pid_t leader);
+    /// One that another process has started; false when it is there no more, or we are a part of it
+    /// ourselves.
+    bool Add(const StartedPrograms::value_type& leader);
     bool Has(pid_t process, pid_t leader) const;
     bool Any(pid_t leader) const;
+    /// Asks every member to end, or ends it.
+    void Close(pid_t leader) const;
     void Kill(pid_t leader) const;
+    /// Those of these leaders that have a member left.
+    StartedPrograms Living(const std::vector<pid_t>& leaders) const;
 
   private:
     bool Known(pid_t leader) const;
     std::vector<pid_t> Members(pid_t leader) const;
 
     const ChildWatch& children_;
-    std::set<pid_t> leaders_;
+    StartedPrograms leaders_;
 };
 
 } // namespace vk

@@ -3,6 +3,7 @@
 #include "platform/files.h"
 #include "platform/linux/child_watch.h"
 #include "platform/linux/program_family.h"
+#include "platform/linux/program_notes.h"
 #include "platform/linux/spawn.h"
 #include "platform/paths.h"
 
@@ -37,22 +38,44 @@ std::string WithoutExe(const std::string& name) {
 
 class LinuxPrograms : public Programs {
   public:
+    explicit LinuxPrograms(const std::string& notes) : notes_(notes) {}
+    ~LinuxPrograms() override {
+        if (!ours_.empty()) Note();
+    }
+
     ProgramId Start(const ProgramStart& what) override {
         const pid_t child = SpawnDetached(what.program, what.arguments, what.folder);
         if (child == 0) return 0;
         if (what.background) PutInBackground(child);
-        children_.Watch(child);
         families_.Add(child);
+        children_.Watch(child);
+        if (what.ours) {
+            ours_.push_back(child);
+            Note();
+        }
         return child;
     }
     bool Running(ProgramId program) const override { return children_.Running(Pid(program)); }
-    void Close(ProgramId program) override { children_.Signal(Pid(program), SIGTERM); }
+    void Close(ProgramId program) override {
+        children_.Running(Pid(program)) ? children_.Signal(Pid(program), SIGTERM)
+                                        : families_.Close(Pid(program));
+    }
     void Kill(ProgramId program) override { children_.Signal(Pid(program), SIGKILL); }
     bool IsOf(ProgramId process, ProgramId program) const override {
         return families_.Has(Pid(process), Pid(program));
     }
     bool AnyRunning(ProgramId program) const override { return families_.Any(Pid(program)); }
     void KillAll(ProgramId program) override { families_.Kill(Pid(program)); }
+    std::vector<ProgramId> LeftBehind() override {
+        std::vector<ProgramId> left;
+        for (const auto& each : notes_.Read())
+            if (families_.Add(each)) {
+                left.push_back(each.first);
+                ours_.push_back(each.first);
+            }
+        Note();
+        return left;
+    }
     bool Wait(ProgramId program, int timeoutMs) const override {
         return children_.Wait(Pid(program), timeoutMs);
     }
@@ -69,15 +92,22 @@ class LinuxPrograms : public Programs {
 
   private:
     static pid_t Pid(ProgramId program) { return static_cast<pid_t>(program); }
+    void Note() {
+        const StartedPrograms living = families_.Living(ours_);
+        std::erase_if(ours_, [&](pid_t each) { return !living.contains(each); });
+        notes_.Write(living);
+    }
 
     ChildWatch children_;
     ProgramFamilies families_{children_};
+    ProgramNotes notes_;
+    std::vector<pid_t> ours_; ///< that are noted
 };
 
 } // namespace
 
-std::unique_ptr<Programs> MakePrograms() {
-    return std::make_unique<LinuxPrograms>();
+std::unique_ptr<Programs> MakePrograms(const std::string& notes) {
+    return std::make_unique<LinuxPrograms>(notes);
 }
 
 } // namespace vk

@@ -50,6 +50,15 @@ bool Descends(const std::map<DWORD, DWORD>& parents, DWORD process, DWORD progra
     return false;
 }
 
+// Its processes end with the last handle of it, however this process ends.
+HANDLE MakeTiedJob() {
+    const HANDLE job = ::CreateJobObjectW(nullptr, nullptr);
+    JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits{};
+    limits.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE;
+    ::SetInformationJobObject(job, JobObjectExtendedLimitInformation, &limits, sizeof limits);
+    return job;
+}
+
 BOOL CALLBACK CloseIfOf(HWND window, LPARAM program) {
     DWORD owner = 0;
     ::GetWindowThreadProcessId(window, &owner);
@@ -62,10 +71,13 @@ class Win32Programs : public Programs {
     ~Win32Programs() override {
         for (const auto& [id, handle] : children_)
             ::CloseHandle(handle);
+        ::CloseHandle(ours_);
     }
     ProgramId Start(const ProgramStart& what) override {
         PROCESS_INFORMATION process{};
         if (!StartProcess(what, process)) return 0;
+        if (what.ours) ::AssignProcessToJobObject(ours_, process.hProcess);
+        ::ResumeThread(process.hThread);
         ::CloseHandle(process.hThread);
         const auto id = static_cast<ProgramId>(process.dwProcessId);
         if (HANDLE& old = children_[id]) ::CloseHandle(old);
@@ -122,12 +134,13 @@ class Win32Programs : public Programs {
         return members;
     }
 
+    HANDLE ours_ = MakeTiedJob();
     std::map<ProgramId, HANDLE> children_; ///< a handle keeps the number from being given again
 };
 
 } // namespace
 
-std::unique_ptr<Programs> MakePrograms() {
+std::unique_ptr<Programs> MakePrograms(const std::string& /*notes*/) {
     return std::make_unique<Win32Programs>();
 }
 

@@ -31,7 +31,8 @@ bool StartProcess(const ProgramStart& what, PROCESS_INFORMATION& process) {
     std::wstring line = ToWide(words);
     const std::wstring folder = ToWide(what.folder);
     const DWORD priority = what.background ? IDLE_PRIORITY_CLASS : NORMAL_PRIORITY_CLASS;
-    return ::CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, priority, nullptr,
+    return ::CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE,
+                            priority | (what.ours ? CREATE_SUSPENDED : 0), nullptr,
                             folder.empty() ? nullptr : folder.c_str(), &startup, &process) != 0;
 }
 

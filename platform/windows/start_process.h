@@ -7,7 +7,8 @@
 
 namespace vk {
 
-/// The caller closes the handles. False when it could not be started.
+/// The caller closes the handles, and resumes the thread of what is to be ours. False when it could
+/// not be started.
 bool StartProcess(const ProgramStart& what, PROCESS_INFORMATION& process);
 
 } // namespace vk

@@ -30,7 +30,7 @@ class Win32Windows : public ForeignWindows {
     void PostControl(WindowHandle window, char letter) override;
     void HoldKeys(const std::vector<int>& keys) override;
     /// No program can keep them here.
-    void FreeKeyboard(WindowHandle) override {}
+    void FreeInput(WindowHandle) override {}
 
     /// To be called with the wParam of every WM_HOTKEY of the thread's queue.
     void HotKey(std::uintptr_t wParam);

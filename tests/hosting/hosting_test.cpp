@@ -22,8 +22,10 @@ struct RecordingBar : ToolBarView {
     void MoveTo(bool upper) override { top = upper; }
     bool AtTop() const override { return top; }
     void EnterButtons() override { ++entered; }
+    void TakeTouch(WindowHandle window, int, int) override { kept = window; }
     bool shown = false, top = false;
     int entered = 0;
+    WindowHandle kept = 0;
     std::string text;
 };
 
@@ -206,6 +208,23 @@ TEST_F(HostingTest, AProgramThatAsksItsUserIsNotKilledForIt) {
     EXPECT_EQ(saved, 3);
 }
 
+TEST_F(HostingTest, WhatACrashHasLeftBehindIsEndedWhileTheStartGoesOn) {
+    const WindowHandle maps = Start("Maps");
+    EXPECT_TRUE(programs.started[0].ours);
+    programs.left = {1};
+    Hosting next({base, programs, windows});
+    next.EndLeftBehind();
+    EXPECT_TRUE(Logged("A program of the last start still runs and is ended: PID 1"));
+    EXPECT_EQ(windows.Done("close"), "close " + std::to_string(maps));
+    EXPECT_TRUE(programs.Running(1)) << "it may save";
+    clock.Advance(Closing::LastMs);
+    EXPECT_FALSE(programs.Running(1));
+    programs.running = {1}; // it does not listen
+    clock.Advance(Closing::AskedMs);
+    EXPECT_THAT(programs.killed, ElementsAre(1));
+    EXPECT_EQ(clock.Running(), 0);
+}
+
 TEST_F(HostingTest, TheBarLiesOverTheProgramAndLeadsBackFromIt) {
     bar.ReShow();
     EXPECT_EQ(Front(), "playlists") << "there is no program";
@@ -254,6 +273,8 @@ TEST_F(HostingTest, OnlyKeysThatTypeNothingAreHeldBackFromAProgram) {
     Start("Maps");
     bar.ReShow();
     EXPECT_THAT(windows.held, testing::UnorderedElementsAre(27, 175, 113));
+    windows.onKeptTouch(7, 1, 2);
+    EXPECT_EQ(view.kept, 7);
     windows.onKey(175);
     windows.onKeyUp(175);
     windows.onKey(27);

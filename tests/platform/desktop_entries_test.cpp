@@ -82,5 +82,35 @@ TEST(ProgramFamily, WhatAScriptHasStartedIsItsOwnAlsoWhenItHasEnded) {
     EXPECT_TRUE(programs->Wait(other, 20'000));
 }
 
+TEST(ProgramFamily, WhatACrashLeavesBehindIsKnownToTheNextProcess) {
+    TempFolder folder;
+    const auto start = [&](Programs& programs, const char* script, bool ours) {
+        return programs.Start({.program = "/bin/sh",
+                               .arguments = {"-c", script},
+                               .folder = folder.Path(),
+                               .ours = ours});
+    };
+    auto before = MakePrograms(folder.File("notes"));
+    const ProgramId left = start(*before, "sleep 1000 & wait", true);
+    const ProgramId other = start(*before, "exec sleep 1000", false);
+    ASSERT_TRUE(before->Wait(start(*before, "exit", true), 20'000));
+    before.reset();
+    const std::string notes = folder.Read("notes");
+    auto next = MakePrograms(folder.File("notes"));
+    EXPECT_EQ(next->LeftBehind(), std::vector{left});
+    EXPECT_TRUE(next->LeftBehind().empty()) << "it is known by now";
+    next->Close(left);
+    EXPECT_TRUE(Polled([&] { return !next->AnyRunning(left); })) << "with what it has started";
+    EXPECT_EQ(::kill(static_cast<pid_t>(other), 0), 0);
+    const std::string boot = notes.substr(0, notes.find('\n') + 1), number = std::to_string(other);
+    for (const std::string& foreign :
+         {boot + number + " 1\n", "boot\n" + notes, std::string("\0\1 9", 4), boot + "1 -"}) {
+        folder.Write("notes", foreign);
+        EXPECT_TRUE(MakePrograms(folder.File("notes"))->LeftBehind().empty()) << foreign;
+        EXPECT_FALSE(FileExists(folder.File("notes")));
+    }
+    ::kill(static_cast<pid_t>(other), SIGKILL);
+}
+
 } // namespace
 } // namespace vk::test

@@ -113,19 +113,23 @@ TEST_P(HostedProgramsTest, EachIsFramedAndEndsAsItsMannersAllow) {
 }
 
 TEST_P(HostedProgramsTest, OneThatTakesAllKeysIsLedBackFrom) {
-    const X11Properties x(connection);
-    ASSERT_TRUE(hosting.ExecCmd(Odd + "open grab", "Game", true, true));
-    ASSERT_TRUE(Soon([&] { return KeyboardTaken(x); }));
+    const X11Properties at(connection);
+    ASSERT_TRUE(hosting.ExecCmd(Odd + "open grab point", "Game", true, true));
+    ASSERT_TRUE(Soon([&] { return KeyboardTaken(at) && PointerTaken(at); }));
     std::vector<int> keys;
     windows->onKey = [&](int key) { keys.push_back(key); };
     windows->onKeyUp = [&](int key) { keys.push_back(-key); };
     windows->HoldKeys({27, 113});
+    WindowArea touched;
+    windows->onKeptTouch = [&](WindowHandle, int x, int y) { touched = {x, y}; };
+    Type({"mousemove", "30", "40", "click", "3", "click", "1"});
+    EXPECT_TRUE(Soon([&] { return touched == WindowArea{30, 40}; }));
     Type({"key", "a", "ctrl+Escape", "F2", "Escape"});
     EXPECT_TRUE(Soon([&] { return keys.size() >= 4; }));
     EXPECT_THAT(keys, ElementsAre(113, -113, 27, -27));
     hosting.Watch();
     hosting.Collection().LetOthersOver(*hosting.Current());
-    EXPECT_TRUE(Soon([&] { return !KeyboardTaken(x); }));
+    EXPECT_TRUE(Soon([&] { return !KeyboardTaken(at) && !PointerTaken(at); }));
     EXPECT_TRUE(hosting.Watch()) << "minimised, not gone";
     hosting.Collection().ComeToFront(*hosting.Current());
     EXPECT_TRUE(Soon([&] { return Viewable(hosting.Current()->hWnd); }));

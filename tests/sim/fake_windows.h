@@ -82,7 +82,7 @@ class FakeForeignWindows : public ForeignWindows {
         Tell(std::string("control-") + letter, window);
     }
     void HoldKeys(const std::vector<int>& keys) override { held = keys; }
-    void FreeKeyboard(WindowHandle window) override { Tell("free", window); }
+    void FreeInput(WindowHandle window) override { Tell("free", window); }
 
     /// What was done to a window, "close 3 close 4"; forgotten then.
     std::string Done(const std::string& what) {

@@ -5,6 +5,7 @@
 
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace vk::test {
@@ -28,10 +29,12 @@ class RecordingPrograms : public Programs {
     }
     bool AnyRunning(ProgramId program) const override { return Running(program); }
     void KillAll(ProgramId program) override { Kill(program); }
+    std::vector<ProgramId> LeftBehind() override { return std::exchange(left, {}); }
     bool Wait(ProgramId program, int /*timeoutMs*/) const override { return !Running(program); }
     bool ProcessRunning(const std::string&, ProgramId) const override { return false; }
 
     bool canStart = true;
+    std::vector<ProgramId> left; ///< by a process before this one
     std::vector<ProgramStart> started;
     std::set<ProgramId> running;
     std::vector<ProgramId> killed;

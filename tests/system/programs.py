@@ -1,6 +1,7 @@
 """Drives programs of the machine beside the system: started, worked, left, moved, closed, and ended with the system."""
 
 import os
+import tty
 
 from driven import Driven, main
 
@@ -88,6 +89,52 @@ class TouchPrograms(_Programs):
         self.picture("program-resumed")
         self.end()
         self.assertFalse(self.odd(), "it ends with the system")
+
+
+class RemotePrograms(_Programs):
+    """A remote at a serial port, and touch, while a program has keyboard and pointer for itself."""
+
+    manager = True
+    programs = (("Game", "open grab point", "True|True"),)
+    BUTTONS = {"quit": 1, "vup": 2}
+
+    def set_up(self):
+        super().set_up()
+        self.wire, line = os.openpty()
+        tty.setraw(line)
+        for end in (self.wire, line):
+            self.addCleanup(os.close, end)
+        for key, value in (("type", "CREATIVE"), ("comport", os.ttyname(line)), ("status", "true")):
+            self.set_setting("remote", key, value)
+        (self.app / "keys.ini").write_text(
+            "[remote_keys]\n" + "".join(f"{name}={code}\n" for name, code in self.BUTTONS.items()))
+
+    def button(self, name):
+        os.write(self.wire, bytes((self.BUTTONS[name],)))
+
+    def start_game(self):
+        before = self.log().count("Ext App Launched")
+        self.press("Return")
+        self.wait_for("Game", lambda: self.log().count("Ext App Launched") > before and self.heard("pointed"))
+        self.settle("Game")
+
+    def test_by_remote_and_past_a_crash(self):
+        self.start_game()
+        loud = self.master()
+        self.button("vup")
+        self.wait_for("another volume", lambda: self.master() != loud)
+        self.button("quit")
+        self.wait_for("its end", lambda: not self.odd())
+        self.settle("the list")
+        self.told.unlink()
+        self.start_game()
+        self.tap((CELL // 2, 480 - BAR // 2))  # back to the list
+        self.picture("program-pointed")
+        self.keys("Return")  # into the program again
+        self.kill()
+        self.assertTrue(self.odd())
+        self.start_to_menu()
+        self.wait_for("its end", lambda: not self.odd())
 
 
 if __name__ == "__main__":

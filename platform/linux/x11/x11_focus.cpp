@@ -36,4 +36,14 @@ bool KeyboardTaken(const X11Properties& x) {
     return reply && reply->status == XCB_GRAB_STATUS_ALREADY_GRABBED;
 }
 
+bool PointerTaken(const X11Properties& x) {
+    xcb_connection_t* const c = x.connection();
+    const auto asked = xcb_grab_pointer(c, 0, x.Root(), 0, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC,
+                                        XCB_WINDOW_NONE, XCB_CURSOR_NONE, XCB_CURRENT_TIME);
+    const XReply<xcb_grab_pointer_reply_t> reply(xcb_grab_pointer_reply(c, asked, nullptr));
+    if (reply && reply->status == XCB_GRAB_STATUS_SUCCESS) xcb_ungrab_pointer(c, XCB_CURRENT_TIME);
+    xcb_flush(c);
+    return reply && reply->status == XCB_GRAB_STATUS_ALREADY_GRABBED;
+}
+
 } // namespace vk

@@ -11,5 +11,7 @@ void GiveInput(const X11Properties& x, xcb_window_t window, bool managed);
 
 /// True while another program has all keys for itself, wherever the input is.
 bool KeyboardTaken(const X11Properties& x);
+/// The same of the pointer; also while a finger lies on another program's window.
+bool PointerTaken(const X11Properties& x);
 
 } // namespace vk

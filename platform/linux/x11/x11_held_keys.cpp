@@ -77,12 +77,14 @@ void X11HeldKeys::SelectRaw(bool on) {
         std::uint32_t mask = 0;
     } wish;
     if (on)
-        wish.mask = XCB_INPUT_XI_EVENT_MASK_RAW_KEY_PRESS | XCB_INPUT_XI_EVENT_MASK_RAW_KEY_RELEASE;
+        wish.mask = XCB_INPUT_XI_EVENT_MASK_RAW_KEY_PRESS |
+                    XCB_INPUT_XI_EVENT_MASK_RAW_KEY_RELEASE | X11KeptTouches::Events;
     xcb_input_xi_select_events(c, x_.Root(), 1, &wish.head);
 }
 
 bool X11HeldKeys::Handle(const xcb_generic_event_t& event) {
     if (held_.empty()) return false;
+    if (touches_.Handle(event)) return true;
     switch (event.response_type & 0x7F) {
     case XCB_KEY_PRESS:
     case XCB_KEY_RELEASE:

@@ -1,6 +1,7 @@
 // Keys of an X11 display that come to us whichever program is in front.
 #pragma once
 
+#include "platform/linux/x11/x11_kept_touches.h"
 #include "platform/linux/x11/x11_properties.h"
 
 #include <functional>
@@ -15,8 +16,10 @@ namespace vk {
 class X11HeldKeys {
   public:
     using Tell = std::function<void(int key, bool down)>;
-    /// `x` outlives this object; `tell` is given virtual-key codes.
-    X11HeldKeys(const X11Properties& x, Tell tell) : x_(x), tell_(std::move(tell)) {}
+    /// `x` outlives this object; `tell` is given virtual-key codes. While keys are held `kept` is
+    /// told as well.
+    X11HeldKeys(const X11Properties& x, Tell tell, X11KeptTouches::Tell kept)
+        : x_(x), tell_(std::move(tell)), touches_(x, std::move(kept)) {}
     ~X11HeldKeys() { Hold({}); }
     X11HeldKeys(const X11HeldKeys&) = delete;
     X11HeldKeys& operator=(const X11HeldKeys&) = delete;
@@ -35,6 +38,7 @@ class X11HeldKeys {
 
     const X11Properties& x_;
     Tell tell_;
+    X11KeptTouches touches_;
     std::map<xcb_keycode_t, int> held_;
     std::set<xcb_keycode_t> modifiers_, modifiersDown_;
     std::set<xcb_keycode_t> told_;   ///< are down and have come to us

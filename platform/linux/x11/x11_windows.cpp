@@ -57,10 +57,16 @@ std::string ClassOf(const std::string& property) {
 } // namespace
 
 X11Windows::X11Windows(xcb_connection_t* connection)
-    : x_(connection), keys_(x_, [this](int key, bool down) {
-          const auto tell = down ? onKey : onKeyUp; // it may be given another by what is told
-          if (tell) tell(key);
-      }) {
+    : x_(connection),
+      keys_(
+          x_,
+          [this](int key, bool down) {
+              const auto tell = down ? onKey : onKeyUp; // it may be given another by what is told
+              if (tell) tell(key);
+          },
+          [this](xcb_window_t window, int x, int y) {
+              if (onKeptTouch) onKeptTouch(window, x, y);
+          }) {
     const auto root = Attributes(x_, x_.Root());
     if (!root) return;
     const std::uint32_t events =
@@ -232,8 +238,8 @@ void X11Windows::Restore(xcb_window_t window) const {
     x_.Set(window, "WM_STATE", "WM_STATE", {NormalState, XCB_NONE});
 }
 
-void X11Windows::FreeKeyboard(WindowHandle window) {
-    if (KeyboardTaken(x_)) Minimize(Id(window));
+void X11Windows::FreeInput(WindowHandle window) {
+    if (KeyboardTaken(x_) || PointerTaken(x_)) Minimize(Id(window));
     xcb_flush(x_.connection());
 }
 

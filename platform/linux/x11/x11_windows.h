@@ -34,7 +34,7 @@ class X11Windows : public ForeignWindows {
     void PostMouse(WindowHandle window, bool down) override;
     void PostControl(WindowHandle window, char letter) override;
     void HoldKeys(const std::vector<int>& keys) override { keys_.Hold(keys); }
-    void FreeKeyboard(WindowHandle window) override;
+    void FreeInput(WindowHandle window) override;
 
     /// To be shown every event of the connection; true when nobody else needs it.
     bool Handle(const xcb_generic_event_t& event);

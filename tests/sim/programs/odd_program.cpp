@@ -6,7 +6,7 @@
 //   wait=MS                  goes on with what follows after that, with events handled
 //   shut                     shuts the first window that is open
 //   deaf, ask                on the wish to close: does nothing; asks in a dialog that a click ends
-//   grab                     takes the keyboard for itself
+//   grab, point              takes the keyboard, the pointer for itself
 //   hang, die                never looks at its events again; ends at once
 //   nopid                    its windows do not tell whose they are
 //   log=FILE                 a line for each key, size and wish to close
@@ -53,6 +53,7 @@ class OddProgram {
         if (word == "deaf") deaf_ = true;
         if (word == "ask") ask_ = true;
         if (word == "grab") Grab();
+        if (word == "point") Point();
         if (word == "hang") ::sleep(1000);
         if (word == "die") std::_Exit(3);
         if (word == "nopid") pid_ = false;
@@ -118,18 +119,30 @@ class OddProgram {
         std::erase(windows_, window);
         xcb_flush(c_);
     }
-    void Grab() {
-        for (int i = 0; i < 100 && !grabbed_; ++i) { // until the window can be seen
-            auto* reply =
-                xcb_grab_keyboard_reply(c_,
-                                        xcb_grab_keyboard(c_, 1, windows_.front(), XCB_CURRENT_TIME,
-                                                          XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC),
-                                        nullptr);
-            grabbed_ = reply && reply->status == XCB_GRAB_STATUS_SUCCESS;
+    /// Until the window can be seen, and nobody else has it just then.
+    template<class Taken> void Take(const char* told, Taken taken) {
+        for (int i = 0; i < 100; ++i) {
+            auto* reply = taken(windows_.front());
+            const bool done = reply && reply->status == XCB_GRAB_STATUS_SUCCESS;
             std::free(reply);
-            if (!grabbed_) Wait(20);
+            if (done) return Log(told);
+            Wait(20);
         }
-        if (grabbed_) Log("grabbed");
+    }
+    void Grab() {
+        Take("grabbed", [this](xcb_window_t window) {
+            const auto asked = xcb_grab_keyboard(c_, 1, window, XCB_CURRENT_TIME,
+                                                 XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+            return xcb_grab_keyboard_reply(c_, asked, nullptr);
+        });
+    }
+    void Point() {
+        Take("pointed", [this](xcb_window_t window) {
+            const auto asked = xcb_grab_pointer(c_, 0, window, XCB_EVENT_MASK_BUTTON_PRESS,
+                                                XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC,
+                                                XCB_WINDOW_NONE, XCB_CURSOR_NONE, XCB_CURRENT_TIME);
+            return xcb_grab_pointer_reply(c_, asked, nullptr);
+        });
     }
 
     void Wait(int milliseconds) {
@@ -192,7 +205,7 @@ class OddProgram {
     std::vector<xcb_window_t> windows_;
     xcb_window_t button_ = 0, question_ = 0;
     std::string class_ = "Odd", title_ = "odd";
-    bool deaf_ = false, ask_ = false, pid_ = true, grabbed_ = false;
+    bool deaf_ = false, ask_ = false, pid_ = true;
     std::ofstream log_;
 };
 
