@@ -111,9 +111,16 @@ template<class Change> void FilmSession::Tell(Change change) {
 FilmNotes FilmSession::TakeNotes() {
     const std::lock_guard lock(mutex_);
     posted_ = false;
-    const FilmNotes taken = notes_;
+    FilmNotes taken = notes_;
     notes_ = {.lengthMs = taken.lengthMs};
+    if (frozen_) taken.picture = false;
     return taken;
+}
+
+std::shared_ptr<const FilmPicture> FilmSession::Picture() {
+    auto picture = frames_->Take();
+    seen_ = seen_ || picture;
+    return picture;
 }
 
 void FilmSession::Abandon() {

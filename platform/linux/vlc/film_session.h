@@ -56,9 +56,12 @@ class FilmSession : public std::enable_shared_from_this<FilmSession> {
 
     // On the user-interface thread.
     FilmNotes TakeNotes();
-    std::shared_ptr<const FilmPicture> Picture() { return frames_->Take(); }
+    std::shared_ptr<const FilmPicture> Picture();
+    /// A picture of it has been taken.
+    bool Seen() const { return seen_; }
     /// Pictures like the one on show are not told while it is paused. With `frozen` the one on show
-    /// stays, although libVLC shows some more until it stands, until something else is asked for.
+    /// stays until something else is asked for, although another one may wait, and libVLC shows
+    /// some more until it stands.
     void SetPaused(bool paused, bool frozen) {
         paused_ = paused;
         frozen_ = frozen;
@@ -99,6 +102,7 @@ class FilmSession : public std::enable_shared_from_this<FilmSession> {
 
     UiThread& ui_;
     std::function<void()> heed_; ///< of the user-interface thread
+    bool seen_ = false;          ///< of the user-interface thread
     std::atomic<bool> abandoned_ = false, paused_ = false, frozen_ = false;
     const std::shared_ptr<FrameBuffers> frames_ = std::make_shared<FrameBuffers>();
 

@@ -52,7 +52,8 @@ void VlcFilm::Open() {
 void VlcFilm::Pause() {
     if (state_ != PlayStateValue::Playing) return;
     state_ = PlayStateValue::Paused;
-    const bool onItsWay = wanted_ >= 0 || timeMs_ <= 0; // another picture is to come yet
+    // Another picture is to come yet.
+    const bool onItsWay = wanted_ >= 0 || timeMs_ <= 0 || !session_->Seen();
     session_->SetPaused(true, !onItsWay);
     Ask([](libvlc_media_player_t* player) { libvlc_media_player_set_pause(player, 1); });
 }
