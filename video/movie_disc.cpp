@@ -45,6 +45,21 @@ std::string MovieDisc::Name() const {
     return ToUtf8(FileNameOf(folder ? FolderOf(directory) : directory));
 }
 
+void MovieDisc::Press(DvdKey key) {
+    switch (key) {
+    case DvdKey::Up:
+        return DVD1->uparrow();
+    case DvdKey::Down:
+        return DVD1->downarrow();
+    case DvdKey::Left:
+        return DVD1->leftarrow();
+    case DvdKey::Right:
+        return DVD1->rightarrow();
+    case DvdKey::Enter:
+        return DVD1->enterbutton();
+    }
+}
+
 void MovieDisc::Pause() {
     DVD1->pause();
 }

@@ -45,6 +45,8 @@ class MovieDisc {
     /// `DVD1`; only while a disc is open.
     DVD& Control() { return *DVD1; }
     bool InMenu() const { return open_ && DVD1->InMenu(); }
+    /// A key for its buttons; only while it is open.
+    void Press(DvdKey key);
     /// Goes on, or pauses.
     void Pause();
     void GoOn() { DVD1->Play(); }

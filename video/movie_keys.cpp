@@ -1,161 +1,83 @@
-// The keys of the movie player, the remote's, its wheel, its held buttons and touches.
+#include "video/movie_keys.h"
+
 #include "skin/touch_target.h"
-#include "video/movie_player.h"
 
 namespace vk {
 
-namespace {
-
-constexpr int HeldEvery = 3;    // ticks between two steps of a held button
-constexpr int HeldSeconds = 30; // of such a step
-
 // In the order in which codes of the remote are compared.
-constexpr ActionRow<MoviePlayer> Rows[] = {
-    {Action::quit, &MoviePlayer::doquit},
-    {Action::pause, &MoviePlayer::DoPause},
-    {Action::play, &MoviePlayer::UnPauseIt},
-    {Action::REW, &MoviePlayer::DoRW},
-    {Action::FF, &MoviePlayer::DoFF},
-    {Action::SWMP, &MoviePlayer::Swap},
-    {Action::ok, &MoviePlayer::runok},
-    {Action::Vdown, &MoviePlayer::VolDown},
-    {Action::vup, &MoviePlayer::VolUp},
-    {Action::down, &MoviePlayer::MoveDown},
-    {Action::up, &MoviePlayer::MoveUp},
-    {Action::forward, &MoviePlayer::MoveAhead},
-    {Action::back, &MoviePlayer::MoveBack},
-    {Action::pagedown, &MoviePlayer::NextMovie},
-    {Action::pageup, &MoviePlayer::PreviousMovie},
-    {Action::mute, &MoviePlayer::domute},
-    {Action::gps, &MoviePlayer::LoadGPS},
+const ActionRow<MovieKeys> MovieKeys::Rows[] = {
+    {Action::quit, &MovieKeys::doquit},     {Action::pause, &MovieKeys::DoPause},
+    {Action::play, &MovieKeys::Play},       {Action::REW, &MovieKeys::DoRW},
+    {Action::FF, &MovieKeys::DoFF},         {Action::SWMP, &MovieKeys::Swap},
+    {Action::ok, &MovieKeys::runok},        {Action::Vdown, &MovieKeys::VolDown},
+    {Action::vup, &MovieKeys::VolUp},       {Action::down, &MovieKeys::MoveDown},
+    {Action::up, &MovieKeys::MoveUp},       {Action::forward, &MovieKeys::MoveAhead},
+    {Action::back, &MovieKeys::MoveBack},   {Action::pagedown, &MovieKeys::Next},
+    {Action::pageup, &MovieKeys::Previous}, {Action::mute, &MovieKeys::domute},
+    {Action::gps, &MovieKeys::LoadGPS},
 };
 
-} // namespace
-
-bool MoviePlayer::Form_KeyDown(const std::string& code) {
-    return DoAction(InputCode(code, n_.keys));
-}
-
-bool MoviePlayer::DoAction(const InputCode& code) {
+bool MovieKeys::DoAction(const InputCode& code) {
     return RunAction(*this, Rows, code);
 }
 
 // A film that is skipped is lost from where it was.
-bool MoviePlayer::Repeats(const InputCode& key) const {
+bool MovieKeys::Repeats(const InputCode& key) const {
     return GoesOnWhileHeld(key) && !key.Means(Action::pageup) && !key.Means(Action::pagedown);
 }
 
-// A disc's menu is worked by the arrows and Enter. Up and down are the disc's even in a title.
-bool MoviePlayer::DiscKey(DvdKey key) {
+bool MovieKeys::DiscKey(DvdKey key) {
+    MovieDisc& disc = Films().disc();
     const bool upDown = key == DvdKey::Up || key == DvdKey::Down;
-    if (!disc_.IsOpen() || (!upDown && !disc_.InMenu())) return false;
-    switch (key) {
-    case DvdKey::Up:
-        disc_.Control().uparrow();
-        break;
-    case DvdKey::Down:
-        disc_.Control().downarrow();
-        break;
-    case DvdKey::Left:
-        disc_.Control().leftarrow();
-        break;
-    case DvdKey::Right:
-        disc_.Control().rightarrow();
-        break;
-    case DvdKey::Enter:
-        disc_.Control().enterbutton();
-        break;
-    }
+    if (!disc.IsOpen() || (!upDown && !disc.InMenu())) return false;
+    disc.Press(key);
     return true;
 }
 
-void MoviePlayer::runok() {
-    if (DiscKey(DvdKey::Enter)) return;
-    DoPause();
-}
-
-void MoviePlayer::DoPause() {
-    WantBars();
-    deck_.Paused() ? UnPauseIt() : PauseIt();
+void MovieKeys::runok() {
+    if (!DiscKey(DvdKey::Enter)) DoPause();
 }
 
 // A film has nothing to scroll: up and down are the volume, as on the wheel.
-void MoviePlayer::MoveUp() {
-    if (DiscKey(DvdKey::Up)) return;
-    VolUp();
+void MovieKeys::MoveUp() {
+    if (!DiscKey(DvdKey::Up)) VolUp();
 }
 
-void MoviePlayer::MoveDown() {
-    if (DiscKey(DvdKey::Down)) return;
-    VolDown();
+void MovieKeys::MoveDown() {
+    if (!DiscKey(DvdKey::Down)) VolDown();
 }
 
-void MoviePlayer::MoveBack() {
+void MovieKeys::MoveBack() {
     if (!DiscKey(DvdKey::Left)) DoRW();
 }
 
-void MoviePlayer::MoveAhead() {
+void MovieKeys::MoveAhead() {
     if (!DiscKey(DvdKey::Right)) DoFF();
 }
 
-void MoviePlayer::DoFF() {
-    FF_Click(StepSeconds);
-}
-
-void MoviePlayer::DoRW() {
-    RW_Click(StepSeconds);
-}
-
-void MoviePlayer::VolUp() {
-    n_.loudness.VolUp();
-}
-
-void MoviePlayer::VolDown() {
-    n_.loudness.VolDown();
-}
-
-void MoviePlayer::domute() {
-    n_.loudness.domute();
-}
-
-void MoviePlayer::Wheel(int delta) {
+void MovieKeys::Wheel(int delta) {
     if (delta == 0) return;
-    for (std::int32_t i = 0; i < base_.settings.values.WheelSteps(); ++i)
+    for (std::int32_t i = 0; i < n_.base.settings.values.WheelSteps(); ++i)
         delta > 0 ? VolUp() : VolDown();
 }
 
-void MoviePlayer::PicturePlaced(int left, int top, int width, int height) {
-    if (disc_.IsOpen()) disc_.Control().setwnd(left, top, width, height);
+void MovieKeys::PicturePlaced(int left, int top, int width, int height) {
+    MovieDisc& disc = Films().disc();
+    if (disc.IsOpen()) disc.Control().setwnd(left, top, width, height);
 }
 
 // In a disc's menu the bars come in besides, since its buttons may be anywhere.
 // Without bars a corner leads out, and the rest of the picture pauses it: there is nothing else to
 // be touched.
-void MoviePlayer::PictureTouched(int x, int y, int width, int height) {
+void MovieKeys::PictureTouched(int x, int y, int width, int height) {
+    MovieBars& bars = n_.player.bars();
+    MovieDisc& disc = Films().disc();
     const int side = TouchSide(height);
     const bool corner = x >= width - side && y < side;
-    if (!BarsOffered() && corner) return doquit();
-    const bool taken = disc_.IsOpen() && disc_.Control().touch(x, y);
-    if (BarsOffered()) return WantBars();
+    if (!bars.Offered() && corner) return doquit();
+    const bool taken = disc.IsOpen() && disc.Control().touch(x, y);
+    if (bars.Offered()) return bars.Want();
     if (!taken) DoPause();
-}
-
-void MoviePlayer::DoHeld(HeldAction action) {
-    if (action == HeldVolUp) return VolUp();
-    if (action == HeldVolDown) return VolDown();
-    if (action == HeldNone || ticks_ % HeldEvery != 0) return;
-    action == HeldForward ? FF_Click(HeldSeconds) : RW_Click(HeldSeconds);
-}
-
-void MoviePlayer::Release(bool inside) {
-    const HeldAction action = held_.Action();
-    const bool click = held_.Release(base_.settings.values.TSRepeatVal);
-    if (!click || !inside) return;
-    base_.commands.Run(Commands::When::Queue, [this, action] {
-        if (action == HeldForward) return DoFF();
-        if (action == HeldRewind) return DoRW();
-        action == HeldVolUp ? VolUp() : VolDown();
-    });
 }
 
 } // namespace vk

@@ -9,8 +9,8 @@ std::vector<LoadStep> VideoModule::Steps() {
 }
 
 void VideoModule::Load() {
-    screen_ = std::make_unique<playmovie>(host_.controls, Needs(), &host_.window);
-    host_.screens.Add("playmovie", screen_->player(), *screen_);
+    screen_ = std::make_unique<playmovie>(host_.controls, Needs(), host_.keys, &host_.window);
+    host_.screens.Add("playmovie", screen_->keys(), *screen_);
 }
 
 void VideoModule::Unload() {
@@ -27,22 +27,22 @@ void VideoModule::Supervise() {
 
 // Not by the commands: neither a list that is read nor a question may hold the ignition up.
 void VideoModule::IgnitionOff() {
-    if (!screen_ || !screen_->player().deck().Playing()) return;
-    screen_->player().PauseIt();
+    if (!screen_ || !screen_->player().films().Playing()) return;
+    screen_->player().films().PauseIt();
     pausedByIgnition_ = true;
 }
 
 // What the user paused stays paused.
 void VideoModule::IgnitionOn() {
-    if (std::exchange(pausedByIgnition_, false) && screen_) screen_->player().UnPauseIt();
+    if (std::exchange(pausedByIgnition_, false) && screen_) screen_->player().films().UnPauseIt();
 }
 
 void VideoModule::Suspend() {
-    if (screen_) screen_->player().Suspend();
+    if (screen_) screen_->player().films().Suspend();
 }
 
 void VideoModule::Resume() {
-    if (screen_) screen_->player().Resume();
+    if (screen_) screen_->player().films().Resume();
 }
 
 void VideoModule::Close(bool osShutdown) {
@@ -55,7 +55,6 @@ MoviePlayer::Needs VideoModule::Needs() {
             .video = playback_.video,
             .browser = library_.browser,
             .loudness = playback_.TheLoudness(),
-            .keys = host_.keys,
             .saver = host_.ports.films.saver,
             .makePlayer = host_.ports.films.player,
             .probe = host_.ports.films.probe,

@@ -19,14 +19,14 @@ struct MovieDiscTest : testing::Test, MovieFixture {
     }
     /// The disc in the drive, chosen in the browser or gone on with.
     void EnterDisc(bool fromBrowser = true) {
-        if (!player) player = std::make_unique<MoviePlayer>(Needs(), view);
+        Make();
         video = {.PlayDVD = true, .ListFile = {}, .VolumeSerial = 5, .FromBrowser = fromBrowser};
         player->ReShow();
     }
     FakeMediaPlayer& Disc() { return static_cast<FakeMediaPlayer&>(*film.player); }
     void Keys(std::initializer_list<const char*> codes) {
         for (const char* code : codes)
-            player->Form_KeyDown(code);
+            hands->Form_KeyDown(code);
     }
     std::string cd;
 };
@@ -38,20 +38,20 @@ TEST_F(MovieDiscTest, KeysAndTouchesAreTheDiscsInItsMenu) {
     Disc().Enter(0);
     keys[Action::FF] = "70";
     Keys({"38", "40", "70", "37", "39", "13"});
-    player->PicturePlaced(0, 0, 800, 480);
-    player->PictureTouched(400, 240, 800, 480);
+    hands->PicturePlaced(0, 0, 800, 480);
+    hands->PictureTouched(400, 240, 800, 480);
     EXPECT_EQ(view.bars, 1) << "they come in besides";
     EXPECT_THAT(film.done, ElementsAre("key 0", "key 1", "key 2", "key 3", "key 4", "touch 50 50"));
     film.done.clear();
     Disc().Enter(1);
     film.position = 50;
     Keys({"39", "38"});
-    player->NextMovie();
-    player->PreviousMovie();
+    Films().NextMovie();
+    Films().PreviousMovie();
     EXPECT_EQ(film.position, 60);
     EXPECT_THAT(film.done, ElementsAre("key 0", "next", "previous"));
     film.forbidden = uop::NextChapter | uop::PauseOn;
-    player->NextMovie();
+    Films().NextMovie();
     Keys({"13"});
     EXPECT_EQ(view.message, "The disc does not permit this here.");
     EXPECT_FALSE(view.paused);
@@ -63,7 +63,7 @@ TEST_F(MovieDiscTest, KeysAndTouchesAreTheDiscsInItsMenu) {
     Keys({"13"});
     EXPECT_EQ(film.opened.size(), 1u) << "it goes on where it was";
     dialogs.choices = {0};
-    player->ShowChoices();
+    Films().ShowChoices();
     EXPECT_EQ(film.done.back(), "menu");
     film.player->onEnded();
     EXPECT_EQ(browser.Count("ReShow"), 1) << "back to its row";
@@ -104,7 +104,7 @@ TEST_F(MovieDiscTest, WhatIsTakenOutEndsInAMessageAndOnTheWayBack) {
         probe.answer = false;
         Seconds(2);
         EXPECT_EQ(view.message, "What is played has been taken out.");
-        EXPECT_FALSE(player->IsOpen());
+        EXPECT_FALSE(Films().IsOpen());
         EXPECT_EQ(Saved("CurrentPosition"), "7");
         Seconds(4);
         EXPECT_EQ(browser.Count("ReShow"), disc ? 1 : 2);

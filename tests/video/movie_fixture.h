@@ -6,7 +6,7 @@
 #include "tests/support/machine_fakes.h"
 #include "tests/support/recording_screen.h"
 #include "tests/support/sound_card.h"
-#include "video/movie_player.h"
+#include "video/movie_keys.h"
 
 #include <gmock/gmock.h>
 
@@ -51,7 +51,6 @@ struct MovieFixture : CoreFixture {
                 .video = video,
                 .browser = browsed,
                 .loudness = sound.loudness,
-                .keys = keys,
                 .saver = saver,
                 .makePlayer = [this](std::string& reason) -> std::unique_ptr<MediaPlayer> {
                     reason = "nothing to play with";
@@ -71,9 +70,15 @@ struct MovieFixture : CoreFixture {
                     },
                 .checkDaylight = [this] { ++daylightChecks; }};
     }
+    void Make() {
+        if (player) return;
+        player = std::make_unique<MoviePlayer>(Needs(), view);
+        hands = std::make_unique<MovieKeys>(MovieKeys::Needs{base, *player, sound.loudness, keys});
+    }
+    FilmRun& Films() { return player->films(); }
     /// Enters the screen anew, with the entry of that number.
     void Enter(std::int32_t entry = 1, bool fromBrowser = false) {
-        if (!player) player = std::make_unique<MoviePlayer>(Needs(), view);
+        Make();
         video = {.ListFile = settings.File(VideoListName),
                  .MovieToSelect = entry,
                  .FromBrowser = fromBrowser};
@@ -106,6 +111,7 @@ struct MovieFixture : CoreFixture {
     RecordingScreen menu, browser;
     RecordingMovieView view;
     std::unique_ptr<MoviePlayer> player;
+    std::unique_ptr<MovieKeys> hands;
 };
 
 } // namespace vk::test

@@ -16,13 +16,13 @@ TEST_F(MovieTest, AListIsPlayedFilmByFilmRoundAndRound) {
     Shown(0);
     EXPECT_FALSE(view.loading);
     EXPECT_TRUE(view.picture);
-    player->NextMovie();
+    Films().NextMovie();
     EXPECT_EQ(view.title, "c.mpg");
     EXPECT_FALSE(view.picture) << "no picture of the film before";
-    player->NextMovie();
-    player->PreviousMovie();
+    Films().NextMovie();
+    Films().PreviousMovie();
     Shown(0);
-    player->PreviousMovie();
+    Films().PreviousMovie();
     Shown(1);
     film.player->onEnded();
     EXPECT_THAT(film.opened,
@@ -54,18 +54,18 @@ TEST_F(MovieTest, WithoutAListTheScreenIsLeftAtOnce) {
 TEST_F(MovieTest, ForwardAndRewindStayInsideTheFilm) {
     struct Step {
         double from;
-        void (MoviePlayer::*step)();
+        void (MovieKeys::*step)();
         double to;
     };
     Enter();
-    for (const Step& step : {Step{4, &MoviePlayer::MoveBack, 4},
-                             {5, &MoviePlayer::MoveBack, 0},
-                             {30, &MoviePlayer::MoveBack, 20},
-                             {30, &MoviePlayer::MoveAhead, 40},
-                             {89, &MoviePlayer::MoveAhead, 99},
-                             {90, &MoviePlayer::MoveAhead, 90}}) {
+    for (const Step& step : {Step{4, &MovieKeys::MoveBack, 4},
+                             {5, &MovieKeys::MoveBack, 0},
+                             {30, &MovieKeys::MoveBack, 20},
+                             {30, &MovieKeys::MoveAhead, 40},
+                             {89, &MovieKeys::MoveAhead, 99},
+                             {90, &MovieKeys::MoveAhead, 90}}) {
         Shown(step.from);
-        ((*player).*step.step)();
+        ((*hands).*step.step)();
         EXPECT_EQ(film.position, step.to) << step.from;
     }
     EXPECT_EQ(view.time, "0:01:30 / 0:01:40");
@@ -74,15 +74,15 @@ TEST_F(MovieTest, ForwardAndRewindStayInsideTheFilm) {
 TEST_F(MovieTest, AHeldButtonGoesThroughTheFilmAndATapIsOneStep) {
     film.duration = 1000;
     Enter();
-    player->Press(HeldForward);
+    player->holds().Press(HeldForward);
     Seconds(1);
-    player->Release(true);
+    player->holds().Release(true);
     EXPECT_EQ(film.position, 60) << "after TSRepeatVal ticks 30 seconds, every third tick";
-    player->Press(HeldForward);
-    player->Release(true);
+    player->holds().Press(HeldForward);
+    player->holds().Release(true);
     EXPECT_EQ(film.position, 70);
-    player->Press(HeldRewind);
-    player->Release(false);
+    player->holds().Press(HeldRewind);
+    player->holds().Release(false);
     EXPECT_EQ(film.position, 70) << "let go beside it";
 }
 
@@ -91,9 +91,9 @@ TEST_F(MovieTest, ThePositionIsKeptToTheSecondWhateverHappens) {
     const std::vector<std::pair<const char*, std::function<void()>>> ends = {
         {"kill", [this] { Seconds(1); }},
         {"quit", [this] { player->doquit(); }},
-        {"pause", [this] { player->PauseIt(); }},
+        {"pause", [this] { Films().PauseIt(); }},
         {"to the browser", [this] { player->Swap(); }},
-        {"sleep", [this] { player->Suspend(); }},
+        {"sleep", [this] { Films().Suspend(); }},
         {"the end of the system", [this] { player->Form_Unload(true); }}};
     double at = 10;
     for (const auto& [how, end] : ends) {
@@ -165,7 +165,7 @@ TEST_F(MovieTest, WithoutAPlayerItIsSaidOnceInTheLog) {
 TEST_F(MovieTest, TheBarsComeWhenTouchedAndGoByThemselves) {
     Enter();
     EXPECT_EQ(view.bars, 0);
-    player->PictureTouched(400, 200, 800, 480);
+    hands->PictureTouched(400, 200, 800, 480);
     EXPECT_EQ(view.bars, 1);
     clock.Advance(4000);
     EXPECT_EQ(view.bars, 1);
@@ -177,11 +177,11 @@ TEST_F(MovieTest, TheBarsComeWhenTouchedAndGoByThemselves) {
     EXPECT_TRUE(std::ranges::is_sorted(seen, std::greater<>()));
     EXPECT_LT(seen.front(), 1);
     EXPECT_EQ(seen.back(), 0);
-    player->PictureTouched(400, 200, 800, 480);
-    player->HoldBars(true);
+    hands->PictureTouched(400, 200, 800, 480);
+    player->bars().Hold(true);
     Seconds(20);
     EXPECT_EQ(view.bars, 1) << "worked by keys";
-    player->HoldBars(false);
+    player->bars().Hold(false);
     Seconds(5);
     EXPECT_EQ(view.bars, 0);
 }
@@ -189,13 +189,13 @@ TEST_F(MovieTest, TheBarsComeWhenTouchedAndGoByThemselves) {
 TEST_F(MovieTest, WithoutBarsATouchPausesAndACornerLeads0ut) {
     settings.values.MovShowBar = false;
     Enter();
-    player->PictureTouched(400, 200, 800, 480);
+    hands->PictureTouched(400, 200, 800, 480);
     EXPECT_EQ(film.state, PlayStateValue::Paused);
     EXPECT_TRUE(view.paused);
-    player->MoveAhead();
+    hands->MoveAhead();
     Seconds(1);
     EXPECT_EQ(view.bars, 0);
-    player->PictureTouched(790, 10, 800, 480);
+    hands->PictureTouched(790, 10, 800, 480);
     EXPECT_EQ(menu.Count("ReShow"), 1);
 }
 
@@ -204,7 +204,7 @@ TEST_F(MovieTest, TheLoudnessIsThatOfTheWholeSystem) {
     settings.values.mutespeed = 1;
     sound.mixer.Level(MixerLine::Master) = 500;
     Enter();
-    player->Wheel(1);
+    hands->Wheel(1);
     EXPECT_EQ(view.volume, "     Volume : 56%")
         << "three steps a tick, whatever MouseFunction says";
     Shown(1);
@@ -212,7 +212,7 @@ TEST_F(MovieTest, TheLoudnessIsThatOfTheWholeSystem) {
     EXPECT_EQ(Saved("Volume"), "560");
     Seconds(4);
     EXPECT_EQ(view.volume, "");
-    player->domute();
+    hands->domute();
     Seconds(1);
     EXPECT_EQ(view.volume, "     Muted");
     EXPECT_TRUE(sound.volume.VolumeMute());
@@ -228,7 +228,7 @@ TEST_F(MovieTest, ToTheBrowserAndBackTheFilmWaits) {
     EXPECT_EQ(browser.Count("ReShow"), 1);
     player->ReDisplay();
     EXPECT_EQ(film.state, PlayStateValue::Playing);
-    player->PauseIt();
+    Films().PauseIt();
     player->Swap();
     player->ReDisplay();
     EXPECT_EQ(film.state, PlayStateValue::Paused) << "the user paused it";
@@ -262,10 +262,10 @@ TEST_F(MovieTest, SleepClosesTheFilmAndWakingOpensItThere) {
         settings.values.DoResume = paused;
         Enter();
         Shown(15);
-        if (paused) player->PauseIt();
-        player->Suspend();
+        if (paused) Films().PauseIt();
+        Films().Suspend();
         EXPECT_EQ(film.path, "");
-        player->Resume();
+        Films().Resume();
         EXPECT_EQ(LastOpened(), "a.mpg@15");
         EXPECT_EQ(film.state == PlayStateValue::Paused, paused);
     }
@@ -276,11 +276,11 @@ TEST_F(MovieTest, TheDisplayStaysAwakeWhileSomebodyWatches) {
     Seconds(3600);
     EXPECT_EQ(saver.resets, 3600 / 30);
     EXPECT_EQ(daylightChecks, 3600);
-    player->PauseIt();
+    Films().PauseIt();
     saver.resets = 0;
     Seconds(3600);
     EXPECT_EQ(saver.resets, 600 / 30) << "ten minutes of pause";
-    player->UnPauseIt();
+    Films().UnPauseIt();
     Seconds(31);
     EXPECT_EQ(saver.resets, 600 / 30 + 2) << "at once, and again half a minute later";
 }
@@ -312,7 +312,7 @@ TEST_F(MovieTest, EveryActionHasItsOperation) {
         return done;
     };
     effect();
-    ExpectTable(*player, keys,
+    ExpectTable(*hands, keys,
                 {{Action::quit, "menu "},
                  {Action::pause, "paused "},
                  {Action::play, ""},

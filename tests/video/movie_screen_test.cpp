@@ -60,7 +60,6 @@ struct MovieScreenTest : testing::Test, ControlsFixture {
             .video = video,
             .browser = browsed,
             .loudness = sound.loudness,
-            .keys = keys,
             .saver = saver,
             .makePlayer = [this](std::string&) { return std::make_unique<FakeMediaPlayer>(film); },
             .probe = probe,
@@ -88,7 +87,7 @@ TEST_F(MovieScreenTest, TheBarsFitEveryPanelAndLieOverTheFilm) {
         state.ScreenHeight = size.height();
         host.resize(size);
         playmovie screen({state, settings.values, skin, pictures, clock, pump, commands}, Needs(),
-                         &host);
+                         keys, &host);
         screen.player().ReShow();
         film.picture = Plain(720, 576, 1);
         film.player->onPicture();
@@ -96,7 +95,7 @@ TEST_F(MovieScreenTest, TheBarsFitEveryPanelAndLieOverTheFilm) {
         Tap(screen, screen.rect().center());
         EXPECT_TRUE(screen.findChild<QWidget*>("frmInfoBar")->isVisible());
         ExpectChildrenInside(screen);
-        screen.player().domute();
+        screen.keys().domute();
         screen.DoLayout(); // as for another skin
         ExpectChildrenInside(screen);
         EXPECT_EQ(film.screen, (PixelSize{size.width(), size.height()}));

@@ -33,12 +33,14 @@ constexpr ButtonFace Faces[] = {
 
 } // namespace
 
-playmovie::playmovie(const ControlContext& context, MoviePlayer::Needs needs, QWidget* parent)
+playmovie::playmovie(const ControlContext& context, const MoviePlayer::Needs& needs,
+                     const KeyMap& keys, QWidget* parent)
     : QWidget(parent), context_(context),
       layout_(context.state.ScreenWidth, context.state.ScreenHeight), film_(this), Image4_(this),
       Vol_(this), lbMessage_(this), frmInfoBar_(context, "movietopbar.jpg", this),
       frmButtonBar_(context, "bottombar.jpg", this), lbFileTitle_(&frmInfoBar_),
-      lbTime_(&frmInfoBar_), focus_(context, this), player_(std::move(needs), *this) {
+      lbTime_(&frmInfoBar_), focus_(context, this), player_(needs, *this),
+      keys_({needs.base, player_, needs.loudness, keys}) {
     NameControls();
     MakeButtons();
     Image4_.setAlignment(Qt::AlignCenter);
@@ -46,10 +48,10 @@ playmovie::playmovie(const ControlContext& context, MoviePlayer::Needs needs, QW
         text->hide();
     film_.onTouch = [this](QPoint at) {
         const QRect place = film_.Place();
-        player_.PicturePlaced(place.left(), place.top(), place.width(), place.height());
-        context_.commands.Run([&] { player_.PictureTouched(at.x(), at.y(), width(), height()); });
+        keys_.PicturePlaced(place.left(), place.top(), place.width(), place.height());
+        context_.commands.Run([&] { keys_.PictureTouched(at.x(), at.y(), width(), height()); });
     };
-    focus_.onFocus = [this](bool on) { player_.HoldBars(on); };
+    focus_.onFocus = [this](bool on) { player_.bars().Hold(on); };
     hide();
     DoLayout();
 }
@@ -85,25 +87,22 @@ void playmovie::MakeButtons() {
     HoldButton(MovieButton::FastForward, HeldForward);
     HoldButton(MovieButton::VolumeDown, HeldVolDown);
     HoldButton(MovieButton::VolumeUp, HeldVolUp);
-    const auto click = [this](MovieButton id, void (MoviePlayer::*operation)()) {
-        Button(id).onClick = [this, operation] { (player_.*operation)(); };
-    };
-    click(MovieButton::DoQuit, &MoviePlayer::doquit);
+    Button(MovieButton::DoQuit).onClick = [this] { player_.doquit(); };
     Button(MovieButton::DoQuit).whileBusy = Commands::When::Interrupt;
-    click(MovieButton::Swap, &MoviePlayer::Swap);
-    click(MovieButton::Choices, &MoviePlayer::ShowChoices);
-    click(MovieButton::Previous, &MoviePlayer::PreviousMovie);
-    click(MovieButton::Pause, &MoviePlayer::DoPause);
-    click(MovieButton::Next, &MoviePlayer::NextMovie);
+    Button(MovieButton::Swap).onClick = [this] { player_.Swap(); };
+    Button(MovieButton::Choices).onClick = [this] { player_.films().ShowChoices(); };
+    Button(MovieButton::Previous).onClick = [this] { player_.films().PreviousMovie(); };
+    Button(MovieButton::Pause).onClick = [this] { player_.DoPause(); };
+    Button(MovieButton::Next).onClick = [this] { player_.films().NextMovie(); };
 }
 
 void playmovie::HoldButton(MovieButton id, HeldAction action) {
-    Button(id).onPress = [this, action] { player_.Press(action); };
-    Button(id).onRelease = [this](bool inside) { player_.Release(inside); };
+    Button(id).onPress = [this, action] { player_.holds().Press(action); };
+    Button(id).onRelease = [this](bool inside) { player_.holds().Release(inside); };
 }
 
 void playmovie::wheelEvent(QWheelEvent* event) {
-    wheel_.Turn(*event, [this](int tick) { context_.commands.Run([&] { player_.Wheel(tick); }); });
+    wheel_.Turn(*event, [this](int tick) { context_.commands.Run([&] { keys_.Wheel(tick); }); });
 }
 
 // Layout and look --------------------------------------------------------------------------------

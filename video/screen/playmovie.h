@@ -6,6 +6,7 @@
 #include "skin/controls/shaded_label.h"
 #include "skin/controls/touch_button.h"
 #include "skin/controls/wheel_ticks.h"
+#include "video/movie_keys.h"
 #include "video/movie_player.h"
 #include "video/screen/film_widget.h"
 #include "video/screen/movie_bar.h"
@@ -23,13 +24,16 @@ namespace vk {
 /// One instance, a child of the host window, loaded for the whole run.
 class playmovie : public QWidget, private MovieView {
   public:
-    playmovie(const ControlContext& context, MoviePlayer::Needs needs, QWidget* parent);
+    /// `keys` outlives the screen, as all of `needs` does.
+    playmovie(const ControlContext& context, const MoviePlayer::Needs& needs, const KeyMap& keys,
+              QWidget* parent);
 
     void Hide() { hide(); }
     void DoLayout();
 
-    /// What is done on it.
+    /// What is done on it, and by which hands.
     MoviePlayer& player() { return player_; }
+    MovieKeys& keys() { return keys_; }
     FocusedButtons& Buttons() { return focus_; }
 
   protected:
@@ -67,6 +71,7 @@ class playmovie : public QWidget, private MovieView {
     FocusedButtons focus_;
     WheelTicks wheel_;
     MoviePlayer player_;
+    MovieKeys keys_;
 };
 
 } // namespace vk
