@@ -20,8 +20,9 @@ class KeyPictures {
     /// A moment near `seconds` behind which the next picture needs no earlier one, so that it can
     /// be shown at once: players either decode all from the last such picture on before they show
     /// one, or go to moments by the times of packets and wait for such a picture with the sound
-    /// already running. Seconds from the film's beginning; nothing where none is near. May wait
-    /// for the medium.
+    /// already running. Seconds from the film's beginning; nothing where none is near. Less than
+    /// 0 is the first picture of a film whose sound begins before that can be decoded: no search
+    /// leads there, only opening the film. May wait for the medium.
     virtual std::optional<double> Near(double seconds) = 0;
 };
 

@@ -34,7 +34,7 @@ std::optional<double> StreamKeys::Near(double seconds) {
     const double wanted = *begin_ + seconds;
     const auto place = PlaceOf(wanted);
     const auto key = place ? KeyAround(*place, wanted) : std::nullopt;
-    return key ? std::optional(std::max(0.0, *key - *begin_ + Behind)) : std::nullopt;
+    return key ? std::optional(*key - *begin_ + Behind) : std::nullopt;
 }
 
 // The film begins with what is shown or heard first of all its streams.

@@ -27,7 +27,7 @@ PLAIN = [
     ("h264.mp4", SMALL, 3, ["-c:v", "libx264", "-preset", "ultrafast", "-g", "12", "-pix_fmt", "yuv420p", "-c:a", "aac"]),
     ("h265.mkv", SMALL, 2, ["-c:v", "libx265", "-preset", "ultrafast", "-x265-params", "log-level=none", "-c:a", "aac"]),
     ("vp9.webm", SMALL, 2, ["-c:v", "libvpx-vp9", "-deadline", "realtime", "-cpu-used", "8", "-c:a", "libopus"]),
-    ("h264.ts", SMALL, 3, ["-c:v", "libx264", "-preset", "ultrafast", "-g", "12", "-pix_fmt", "yuv420p", "-c:a", "mp2"]),
+    ("h264.ts", SMALL, 3, ["-c:v", "libx264", "-preset", "ultrafast", "-g", "12", "-bf", "2", "-pix_fmt", "yuv420p", "-c:a", "mp2"]),
     ("anamorphic.mpg", "720x576", 2, ["-aspect", "16:9", "-c:v", "mpeg2video", "-c:a", "mp2", "-f", "mpeg"]),
     ("portrait.mp4", "240x320", 2, ["-c:v", "libx264", "-preset", "ultrafast", "-pix_fmt", "yuv420p", "-c:a", "aac"]),
     ("scope.mkv", "640x272", 2, ["-c:v", "libx264", "-preset", "ultrafast", "-pix_fmt", "yuv420p", "-c:a", "aac"]),

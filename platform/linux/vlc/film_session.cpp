@@ -48,9 +48,9 @@ void FilmSession::Open(VlcLibrary& library, const FilmSource& source) {
     }
     if (media_) player_.reset(libvlc_media_player_new_from_media(media_.get()));
     if (!player_) return Tell([](FilmNotes& notes) { notes.failed = true; });
-    if (source.startSeconds > 0)
-        libvlc_media_add_option(
-            media_.get(), (":start-time=" + std::to_string(Entry(source.startSeconds))).c_str());
+    const double entry = source.startSeconds > 0 ? Entry(source.startSeconds) : 0;
+    if (entry > 0)
+        libvlc_media_add_option(media_.get(), (":start-time=" + std::to_string(entry)).c_str());
     Listen();
     if (libvlc_media_player_play(player_.get()) != 0)
         Tell([](FilmNotes& notes) { notes.failed = true; });
@@ -74,7 +74,9 @@ DiscIndex FilmSession::Index() const {
 
 void FilmSession::Seek(double seconds) {
     if (!player_) return;
-    libvlc_media_player_set_time(player_.get(), std::llround(Entry(seconds) * 1000));
+    const double entry = Entry(seconds);
+    if (entry < 0) return Tell([](FilmNotes& notes) { notes.openAgain = true; });
+    libvlc_media_player_set_time(player_.get(), std::llround(entry * 1000));
 }
 
 void FilmSession::Listen() {

@@ -31,6 +31,7 @@ struct FilmNotes {
     bool picture = false, ended = false, failed = false;
     bool tracks = false; ///< they are to be read anew
     bool tracksRead = false;
+    bool openAgain = false;    ///< what was searched for comes when the film is opened
     int title = -1;            ///< of a disc, 0 for its menu; -1: no other one
     std::int64_t timeMs = -1;  ///< -1: nothing new
     std::int64_t lengthMs = 0; ///< 0 until it is known
@@ -77,7 +78,8 @@ class FilmSession : public std::enable_shared_from_this<FilmSession> {
     // On the worker.
     void Open(VlcLibrary& library, const FilmSource& source);
     void Close();
-    /// Goes to a moment, seconds, or to one near it that can be shown sooner.
+    /// Goes to a moment, seconds, or to one near it that can be shown sooner. Notes when no search
+    /// leads there.
     void Seek(double seconds);
     void ReadTracks();
     void Choose(TrackKind kind, int id);

@@ -28,18 +28,22 @@ void VlcFilm::Name(const std::string& path, bool disc) {
     path_ = path;
     disc_ = disc;
     wanted_ = -1;
+    chosen_.clear();
 }
 
 void VlcFilm::Play() {
     if (path_.empty() || state_ == PlayStateValue::Playing) return;
     if (!session_) return Open();
     state_ = PlayStateValue::Playing;
+    pauseDue_ = false;
     session_->SetPaused(false, false);
     Ask([](libvlc_media_player_t* player) { libvlc_media_player_set_pause(player, 0); });
 }
 
 void VlcFilm::Open() {
     state_ = PlayStateValue::Playing;
+    pauseDue_ = false;
+    chooseAgain_.clear();
     timeMs_ = lengthMs_ = 0;
     wantedAt_ = std::chrono::steady_clock::now();
     session_ = std::make_shared<FilmSession>(ui_, [this] { Heed(); });
@@ -49,12 +53,30 @@ void VlcFilm::Open() {
     SetLoudness();
 }
 
+// At its beginning, with all that was chosen of it.
+void VlcFilm::OpenAgain() {
+    const bool paused = state_ == PlayStateValue::Paused;
+    Close();
+    wanted_ = 0;
+    Open();
+    chooseAgain_ = chosen_;
+    if (paused) Pause();
+}
+
 void VlcFilm::Pause() {
     if (state_ != PlayStateValue::Playing) return;
     state_ = PlayStateValue::Paused;
     // Another picture is to come yet.
     const bool onItsWay = wanted_ >= 0 || timeMs_ <= 0 || !session_->Seen();
     session_->SetPaused(true, !onItsWay);
+    pauseDue_ = !session_->Seen();
+    if (!pauseDue_) SendPause();
+}
+
+// libVLC would show nothing of a film that was paused before its first picture. What has none is
+// paused when it sounds.
+void VlcFilm::SendPause() {
+    pauseDue_ = false;
     Ask([](libvlc_media_player_t* player) { libvlc_media_player_set_pause(player, 1); });
 }
 
@@ -134,8 +156,18 @@ int VlcFilm::Track(TrackKind kind) const {
 
 void VlcFilm::Track(TrackKind kind, int id) {
     if (!session_) return;
+    chosen_[kind] = id;
     session_->Thaw();
     worker_.Ask([session = session_, kind, id] { session->Choose(kind, id); });
+}
+
+// Each once, as soon as it is there.
+void VlcFilm::ChooseAgain() {
+    for (const auto& [kind, id] : chosen_) {
+        if (!chooseAgain_.contains(kind) || Tracks(kind).empty()) continue;
+        chooseAgain_.erase(kind);
+        if (Track(kind) != id) Track(kind, id);
+    }
 }
 
 // Reports ----------------------------------------------------------------------------------------
@@ -149,6 +181,7 @@ void VlcFilm::Heed() {
     const auto session = session_;
     if (!session) return;
     const FilmNotes notes = session->TakeNotes();
+    if (notes.openAgain && wanted_ < Near) return OpenAgain();
     HeedTime(notes);
     if (notes.tracks || notes.title >= 0) worker_.Ask([session] { session->ReadTracks(); });
     if (notes.title >= 0) dvd_.Navigated(notes.title);
@@ -156,6 +189,11 @@ void VlcFilm::Heed() {
         if (due && event && session == session_) event();
     };
     tell(notes.picture, onPicture);
+    if (session != session_) return;
+    const bool sounds =
+        notes.timeMs > 0 && std::chrono::steady_clock::now() - wantedAt_ > SeekTrust;
+    if (pauseDue_ && (session->Seen() || sounds)) SendPause();
+    if (notes.tracksRead) ChooseAgain();
     tell(notes.tracksRead, onTracks);
     if (notes.ended && session == session_) dvd_.Ended();
     tell(notes.failed, onFailed); // an end of its own may follow

@@ -9,6 +9,7 @@
 #include <chrono>
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -52,12 +53,15 @@ class VlcFilm : public MediaPlayer {
 
     void Name(const std::string& path, bool disc);
     void Open();
+    void OpenAgain();
+    void SendPause();
     void Close();
     /// Asks the open film something on the worker; nothing while none is open.
     void Ask(Call call);
     void Heed();
     void HeedTime(const FilmNotes& notes);
     void SetLoudness();
+    void ChooseAgain();
 
     UiThread& ui_;
     const std::shared_ptr<VlcLibrary> library_ = std::make_shared<VlcLibrary>();
@@ -70,6 +74,9 @@ class VlcFilm : public MediaPlayer {
     double wanted_ = -1; ///< the position that was asked for, seconds; -1: the film tells it
     SteadyTime wantedAt_;
     std::int64_t timeMs_ = 0, lengthMs_ = 0;
+    bool pauseDue_ = false; ///< it is paused, but for the first picture
+    std::map<TrackKind, int> chosen_,
+        chooseAgain_; ///< of the film; of those when it is opened anew
     int volume_ = 100;
     bool mute_ = false;
     VlcWorker worker_; ///< last: what it runs uses what is above
