@@ -102,6 +102,7 @@ class Films(DemoSystem):
         (self.app / "vk_video.m3u").write_text(f"{film}\n")
         self.set_setting("video_player", "CurrentPosition", 0)
         self.set_setting("main", "CurrentSelectID", 3)
+        self.set_setting("main", "ButtonsTold", "velkorandum playmovie")  # it would hide the numbers for a while
 
     def measure(self, film, rate, seconds):
         self.enter(film)
