@@ -34,7 +34,10 @@ std::optional<double> StreamKeys::Near(double seconds) {
     const double wanted = *begin_ + seconds;
     const auto place = PlaceOf(wanted);
     const auto key = place ? KeyAround(*place, wanted) : std::nullopt;
-    return key ? std::optional(*key - *begin_ + Behind) : std::nullopt;
+    if (!key) return std::nullopt;
+    // A search for the beginning finds the last picture that is decoded by then.
+    const bool first = key->decoded < *begin_ && !(key->next && *key->next <= *begin_);
+    return first ? 0 : key->decoded - *begin_ + Behind;
 }
 
 // The film begins with what is shown or heard first of all its streams.
@@ -80,18 +83,22 @@ std::optional<std::int64_t> StreamKeys::PlaceOf(double wanted) {
 }
 
 // A packet may tell no time: then that of the one before is the last that leads to it.
-std::optional<double> StreamKeys::KeyAround(std::int64_t place, double wanted) {
+std::optional<StreamKeys::Key> StreamKeys::KeyAround(std::int64_t place, double wanted) {
     const auto reach = std::min(MostBytes / 2, static_cast<std::int64_t>(rate_ * Around));
     const auto from = std::max<std::int64_t>(0, place - reach);
     const std::string bytes = file_.Read(from, place + reach - from);
-    std::optional<double> time, nearest;
+    const auto distance = [&](double time) { return std::abs(time - wanted); };
+    std::optional<double> time;
+    std::optional<Key> nearest;
     const auto packets = open_(bytes);
     while (const auto packet = packets->Next()) {
         if (packet->IsVideo() && packet->decoded) time = Seconds(*packet->decoded);
-        if (!time || !packet->HasKeyPicture()) continue;
-        if (!nearest || std::abs(*time - wanted) < std::abs(*nearest - wanted)) nearest = time;
+        if (!time) continue;
+        if (nearest && !nearest->next && *time > nearest->decoded) nearest->next = time;
+        if (!packet->HasKeyPicture()) continue;
+        if (!nearest || distance(*time) < distance(nearest->decoded)) nearest = Key{*time, {}};
     }
-    const bool near = nearest && std::abs(*nearest - wanted) <= Around;
+    const bool near = nearest && distance(nearest->decoded) <= Around;
     return near ? nearest : std::nullopt;
 }
 

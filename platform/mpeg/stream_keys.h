@@ -27,7 +27,11 @@ class StreamKeys : public KeyPictures {
     std::optional<double> LastDecoded(const std::string& bytes) const;
     std::optional<double> TimeAt(std::int64_t place);
     std::optional<std::int64_t> PlaceOf(double wanted);
-    std::optional<double> KeyAround(std::int64_t place, double wanted);
+    struct Key {
+        double decoded;             ///< seconds of the file's own clock
+        std::optional<double> next; ///< when the picture after it is decoded
+    };
+    std::optional<Key> KeyAround(std::int64_t place, double wanted);
 
     FilmBytes file_;
     const Open open_;
