@@ -56,8 +56,7 @@ std::string Prompt(const std::string& receiver, const Wanted& wanted) {
 
 } // namespace
 
-FirstReceiver::FirstReceiver(Needs needs)
-    : n_(std::move(needs)), search_({n_.base.clock, n_.ports, n_.serial}) {
+FirstReceiver::FirstReceiver(Needs needs) : n_(std::move(needs)), search_(n_.search) {
     search_.onFound = [this](const RemoteSearch::Found& found) {
         Trap(n_.base.report, "An error occured in settings.FirstRun ", [&] { Found(found); });
     };
@@ -97,7 +96,7 @@ void FirstReceiver::Found(const RemoteSearch::Found& found) {
     const std::string type = settings.Get(setting::remoteType);
     const std::string port = settings.Text(setting::comport);
     n_.base.log.WriteDebugLog("Remote receiver found: " + found.type + " at " + found.name);
-    Use(true, found.type, found.port);
+    Use(true, found.type, found.port.empty() ? port : found.port);
     n_.open();
     n_.listen([this](const std::string& code, bool held) { return Hear(code, held); });
     const bool wanted = Learn(found.name);

@@ -23,8 +23,7 @@ class FirstReceiver {
         std::function<bool()> open; ///< opens the receiver of the settings; false: none
         /// Codes go there first, all of them; to nobody when it is empty.
         std::function<void(Listener)> listen;
-        std::function<SerialList()> ports;
-        std::function<std::unique_ptr<SerialPort>()> serial;
+        RemoteSearch::Needs search;
     };
     /// So long a button is waited for, milliseconds.
     static constexpr int WaitMs = 30'000;
@@ -32,8 +31,9 @@ class FirstReceiver {
     explicit FirstReceiver(Needs needs);
 
     /// Unless a remote is enabled: takes lircd's receiver, and gives its usual names of buttons to
-    /// the actions that have no code. Without lircd looks for one on the serial ports until `End`,
-    /// and has the buttons learnt of what is found; when they are not, everything stays as it was.
+    /// the actions that have no code. Without lircd looks for a USB-UIRT and for a receiver on the
+    /// serial ports until `End`, and has the buttons learnt of what is found; when they are not,
+    /// everything stays as it was.
     void Begin();
     void End() { search_.Stop(); }
 

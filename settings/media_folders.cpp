@@ -56,31 +56,34 @@ bool MediaFolders::Within(const std::string& path, const std::string& folder) {
                               path[folder.size()] == PathSeparator);
 }
 
-bool MediaFolders::ChooseMediaDir() {
-    const std::string media = AskForMedia();
-    if (media.empty()) return false;
+MediaFolders::Outcome MediaFolders::ChooseMediaDir(bool mayKeep) {
+    const std::optional<std::string> chosen = AskForMedia(mayKeep);
+    if (!chosen) return Outcome::Kept;
+    if (chosen->empty()) return Outcome::GivenUp;
     std::string lists = settings_.values.PlaylistDir;
-    if (!Within(lists, media) || !FolderExists(lists)) lists = OfferedPlaylists(media);
-    if (lists.empty()) lists = AskForPlaylists(media, false);
-    if (lists.empty()) return false;
-    for (const char* list : {"vk_audio.m3u", "vk_video.m3u"})
-        if (FileExists(settings_.File(list))) DeleteFileAt(settings_.File(list));
-    settings_.Write({{setting::MediaDir, media},
+    if (!Within(lists, *chosen) || !FolderExists(lists)) lists = OfferedPlaylists(*chosen);
+    if (lists.empty()) lists = AskForPlaylists(*chosen, mayKeep);
+    if (lists.empty()) return mayKeep ? Outcome::Kept : Outcome::GivenUp;
+    settings_.Write({{setting::MediaDir, *chosen},
                      {setting::PlaylistDir, lists},
-                     {setting::SyncDest, media},
+                     {setting::SyncDest, *chosen},
                      {setting::AudioVolume, 0},
                      {setting::VideoVolume, 0}});
+    settings_.Finish(); // a power cut leaves the old folder with its lists, or the new one
+    for (const char* list : {"vk_audio.m3u", "vk_video.m3u"})
+        if (FileExists(settings_.File(list))) DeleteFileAt(settings_.File(list));
     settings_.LoadSettings();
-    return true;
+    return Outcome::Chosen;
 }
 
-std::string MediaFolders::AskForMedia() {
+std::optional<std::string> MediaFolders::AskForMedia(bool mayKeep) {
     for (;;) {
         std::string chosen = WithoutTrailingSeparator(
             dialogs_.ChooseFolder(MediaCaption, settings_.values.MediaDir));
+        if (chosen.empty() && mayKeep) return std::nullopt;
         const bool folder = !chosen.empty() && !IsRoot(chosen);
         if (folder && Suits(chosen)) return chosen;
-        if (folder ? dialogs_.Ending() : !dialogs_.AskOkCancel(MediaRefused)) return {};
+        if (folder ? dialogs_.Ending() : !dialogs_.AskOkCancel(MediaRefused)) return "";
     }
 }
 

@@ -5,6 +5,7 @@
 #include "library/tags/media_type.h"
 #include "platform/dialogs.h"
 
+#include <optional>
 #include <string>
 
 namespace vk {
@@ -16,11 +17,13 @@ class MediaFolders {
     MediaFolders(SettingsStore& settings, Dialogs& dialogs, const MediaExtensions& extensions)
         : settings_(settings), dialogs_(dialogs), extensions_(extensions) {}
 
+    enum class Outcome { Chosen, Kept, GivenUp };
     /// The media folder, and the playlist folder when the one set lies elsewhere: both count when
     /// the last question is answered, and not before. The running lists are deleted, as their paths
-    /// point into the old folder, and both stored volumes become 0. False when the user cancelled,
-    /// which ends the process.
-    bool ChooseMediaDir();
+    /// point into the old folder, and both stored volumes become 0. With `mayKeep` whoever leaves a
+    /// chooser keeps everything as it is; else he has to choose, or gives up, which ends the
+    /// process.
+    Outcome ChooseMediaDir(bool mayKeep);
     /// The playlist folder, which must lie within the media folder. Asks until the answer fits; a
     /// cancelled choice leaves the folder as it is and gives false.
     bool ChoosePlaylistDir();
@@ -29,7 +32,8 @@ class MediaFolders {
     static bool Within(const std::string& path, const std::string& folder);
 
   private:
-    std::string AskForMedia();
+    /// "" when the user gave up, nothing when he keeps what is set.
+    std::optional<std::string> AskForMedia(bool mayKeep);
     bool Suits(const std::string& folder);
     std::string OfferedPlaylists(const std::string& media);
     std::string AskForPlaylists(const std::string& media, bool mayKeep);

@@ -2,6 +2,7 @@
 
 #include "core/text.h"
 #include "core/time_of_day.h"
+#include "platform/files.h"
 
 namespace vk {
 
@@ -57,7 +58,8 @@ void SettingsShell::FirstRun() {
         n_.base.settings.LoadSettings();
         n_.extensions.Load(n_.base.settings.values.AudioExtensions,
                            n_.base.settings.values.VideoExtensions);
-        if (!folders_.ChooseMediaDir()) return n_.ways.exitApplication();
+        if (folders_.ChooseMediaDir(false) == MediaFolders::Outcome::GivenUp)
+            return n_.ways.exitApplication();
         view_.ShowTexts();
         receiver_.End(); // other devices want their ports
         n_.base.dialogs.ShowMessage(
@@ -87,7 +89,9 @@ void SettingsShell::btnmediadir_Click() {
     Trap(n_.base.report, "An error occured in settings.btnmediadir_Click ", [&] {
         if (RefusedWhileBusy()) return;
         const std::string before = Values().MediaDir;
-        if (!folders_.ChooseMediaDir()) return n_.ways.exitApplication();
+        const bool mayKeep = FolderExists(before);
+        if (folders_.ChooseMediaDir(mayKeep) == MediaFolders::Outcome::GivenUp)
+            return n_.ways.exitApplication();
         view_.ShowTexts();
         if (Values().MediaDir != before) AskForUpdate();
     });

@@ -60,8 +60,10 @@ FirstReceiver::Needs SettingsModule::ReceiverNeeds() {
                     remote_.learn = listener ? "learn" : "";
                     remote_.firstLook = std::move(listener);
                 },
-            .ports = host_.ports.tuners.serialList,
-            .serial = host_.ports.remote.serial};
+            .search = {.clock = host_.base.clock,
+                       .ports = host_.ports.tuners.serialList,
+                       .serial = host_.ports.remote.serial,
+                       .uuirt = host_.ports.remote.uuirt}};
 }
 
 RemoteLearning::Needs SettingsModule::LearningNeeds() {

@@ -1,5 +1,6 @@
 #include "library/catalogue/schema.h"
 #include "tests/settings/shell_fixture.h"
+#include "tests/sim/uuirtdrv/uuirt_sim.h"
 
 #include <gtest/gtest.h>
 
@@ -113,6 +114,41 @@ TEST_F(SettingsShellTest, ASerialReceiverIsFoundBehindTheWelcomeAndItsButtonsAre
     EXPECT_FALSE(heard);
 }
 
+TEST_F(SettingsShellTest, AUsbUirtIsAskedForBeforeThePortsAreOpenedAndOfferedOnce) {
+    std::string reason;
+    const auto library = LoadFirstLibrary({VK_UUIRT_SIM}, reason);
+    test::UuirtSim& device = *library->Get<test::UuirtSim* (*)()>("SimState")();
+    device = {.openError = 1};
+    uuirt = VK_UUIRT_SIM;
+    ports[0] = {"Receiver", SerialPortName(1)};
+    bool learns = false;
+    dialogs.onShown = [&] {
+        if (dialogs.shown.back().starts_with("Welcome")) {
+            EXPECT_EQ(port, nullptr) << "the driver has it";
+            for (int look = 0; look < 30; ++look) {
+                clock.Advance(RemoteSearch::LookMs);
+                EXPECT_NE(port, nullptr) << look;
+                if (look == 2) device.openError = 0; // it is plugged in
+            }
+        }
+        const auto button = std::to_string(std::ranges::count(dialogs.titles, "Remote"));
+        if (learns && dialogs.titles.back() == "Remote") heard(button, false), heard(button, true);
+    };
+    for (const auto& [all, questions] : {std::pair(false, 1), {true, 6}}) {
+        port = nullptr;
+        learns = all;
+        dialogs.titles.clear();
+        dialogs.answers = {false}; // no folder: that ends it
+        FirstRun();
+        EXPECT_EQ(std::ranges::count(dialogs.titles, "Remote"), questions);
+        EXPECT_EQ(settings.Text(setting::remoteType), all ? "USBUIRT" : "IRMAN");
+        EXPECT_EQ(settings.Text(setting::comport), "1");
+        device.openError = 1;
+    }
+    EXPECT_EQ(remoteKeys[Action::ok] + remoteKeys[Action::down], "12");
+    EXPECT_EQ(device.open, 0) << "it is the receiver's now";
+}
+
 TEST_F(SettingsShellTest, BadFoldersAreAskedAgainAndCancelEnds) {
     const std::string media = app.MakeFolder("music");
     dialogs.folders = {"/", ""};
@@ -144,7 +180,14 @@ TEST_F(SettingsShellTest, BadFoldersAreAskedAgainAndCancelEnds) {
     dialogs.folders = {app.MakeFolder("music3"), ""};
     dialogs.answers = {true, false};
     shell->btnmediadir_Click();
-    EXPECT_EQ(exits, 2) << "nothing is asked again when the program ends";
+    for (const char* other : {"", "music3"}) { // no folder, or none for its lists
+        dialogs.folders = {*other ? app.File(other) : "", ""};
+        dialogs.answers = {true, false};
+        app.Write("vk_audio.m3u", "running");
+        shell->btnmediadir_Click();
+        EXPECT_TRUE(FileExists(app.File("vk_audio.m3u"))) << "nothing was changed";
+    }
+    EXPECT_EQ(exits, 1);
     EXPECT_EQ(settings.values.MediaDir, app.File("music4"));
     EXPECT_EQ(settings.Text(setting::PlaylistDir), app.File("music4/Playlists"));
 }

@@ -23,9 +23,13 @@ struct ShellFixture : StartFixture {
                      start->GetResolutions();
                      screens.LayOut();
                  }},
-                {base, remoteKeys, [this] { return lirc; },
-                 [this](auto listener) { heard = std::move(listener); }, [this] { return ports; },
-                 [this] { return MakePort(); }}};
+                {base,
+                 remoteKeys,
+                 [this] { return lirc; },
+                 [this](auto listener) { heard = std::move(listener); },
+                 {clock, [this] { return ports; }, [this] { return MakePort(); },
+                  [this](std::string& reason) { return LoadFirstLibrary({uuirt}, reason); },
+                  DriverAnswersMs}}};
     }
     std::unique_ptr<astart> start = Make();
     FakeDesktop desktop;
@@ -37,7 +41,9 @@ struct ShellFixture : StartFixture {
         };
         return serial;
     }
-    bool lirc = false; ///< somebody listens on its socket
+    static constexpr int DriverAnswersMs = 60'000;
+    const char* uuirt = "/nowhere/libuuirtdrv.so"; ///< its driver library
+    bool lirc = false;                             ///< somebody listens on its socket
     SerialList ports;
     FakeSerialPort* port = nullptr; ///< the one made last, as long as that is there
     std::string answer;             ///< of its device, when it is woken up
