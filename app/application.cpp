@@ -7,20 +7,20 @@ namespace {
 // A display that does not answer must not hold the start back.
 constexpr int ExposeMs = 100;
 constexpr int ExposeStepMs = 2;
+// After another size was chosen, when the screen in front has been painted in it.
+constexpr int OthersMs = 50;
 
 } // namespace
 
 Application::Application(const Folders& folders, const Ports& ports, std::function<void()> exit)
     : host_(folders, ports), exit_(std::move(exit)),
-      end_(ports.machine.clock.MakeTimer([this] { TryToEnd(); })) {
+      end_(ports.machine.clock.MakeTimer([this] { TryToEnd(); })),
+      others_(ports.machine.clock.MakeTimer([this] { LayOutOthers(); })) {
     host_.quit = [this](bool osShutdown) { Quit(osShutdown); };
     host_.window.onClose = [this] { Quit(false); };
     rooms_.settings.finishStart = [this] { start_.FinishExecution(); };
     rooms_.settings.reloadScreens = [this] { start_.ReloadScreens(); };
-    rooms_.settings.resize = [this] {
-        start_.GetResolutions();
-        host_.screens.LayOut();
-    };
+    rooms_.settings.resize = [this] { Resize(); };
 }
 
 Application::~Application() {
@@ -45,6 +45,18 @@ void Application::WaitUntilShown() {
                       .stepMs = ExposeStepMs});
 }
 
+void Application::Resize() {
+    start_.GetResolutions();
+    if (const ScreenOperations* front = host_.screens.Current()) front->DoLayout();
+    others_->Start(OthersMs);
+}
+
+// Their pictures are read and scaled anew, for which nobody who looks at the front has to wait.
+void Application::LayOutOthers() {
+    others_->Stop();
+    host_.screens.LayOut();
+}
+
 void Application::Quit(bool osShutdown) {
     if (ending_) return;
     ending_ = true;
@@ -64,6 +76,7 @@ void Application::TryToEnd() {
 
 void Application::WayOut() {
     end_->Stop();
+    others_->Stop();
     start_.Form_QueryUnload(osShutdown_);
     host_.modules.Ask(&Module::Close, osShutdown_);
     start_.Form_Unload();

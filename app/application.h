@@ -34,6 +34,8 @@ class Application {
   private:
     astart::Needs StartNeeds();
     void WaitUntilShown();
+    void Resize();
+    void LayOutOthers();
     void TryToEnd();
     void WayOut();
 
@@ -41,7 +43,8 @@ class Application {
     Subsystems rooms_{host_};
     astart start_{StartNeeds()};
     std::function<void()> exit_;
-    std::unique_ptr<Timer> end_; ///< looks whether the last operation has returned
+    std::unique_ptr<Timer> end_;    ///< looks whether the last operation has returned
+    std::unique_ptr<Timer> others_; ///< has what is not in front laid out, too
     bool starting_ = false;
     bool ending_ = false;
     bool osShutdown_ = false;
