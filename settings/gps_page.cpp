@@ -86,6 +86,7 @@ class GPSChoice {
             ChoiceRow(store_, setting::GPSReceiver, [this] { return Receivers(); }), DriveRow(),
             TextRow(store_, n_.base.dialogs, setting::GPSSerial)};
         rows.front().sheet = "Receiver";
+        rows.front().width = Row::Whole; // names of devices are long
         return rows;
     }
     std::vector<Row> ProgramRows() {
@@ -126,7 +127,7 @@ class GPSChoice {
             if (!port.path.empty()) all.emplace_back(port.path, port.name);
         const std::string now = store_.Get(setting::GPSReceiver);
         const bool known = std::ranges::find(all, now, &Option::first) != all.end();
-        if (!known) all.emplace_back(now, now);
+        if (!known) all.emplace_back(now, Drive().empty() ? now : "Recorded drive");
         return all;
     }
     Row Choice(const Setting<std::string>& setting, std::vector<Option> options) {

@@ -3,6 +3,7 @@
 #include "platform/files.h"
 #include "platform/paths.h"
 
+#include <ranges>
 #include <utility>
 
 namespace vk {
@@ -10,6 +11,7 @@ namespace vk {
 namespace {
 
 constexpr int RefreshMs = 100;
+constexpr int BarColumns = 4; // what the run does stands beside its bars
 
 /// A folder, chosen by a touch or typed.
 Row PathRow(Base& base, const Setting<std::string>& setting) {
@@ -30,26 +32,31 @@ Row PathRow(Base& base, const Setting<std::string>& setting) {
 } // namespace
 
 Page SyncPage(Base& base, Synchronizer& sync) {
-    const auto idle = [&sync] { return !sync.Running(); };
-    Page page{
-        .name = "settingsSYNC",
-        .tab = "Synchronize",
-        .rows = {PathRow(base, setting::SyncSource), PathRow(base, setting::SyncDest),
-                 ToggleRow(base.settings, setting::SyncBackup),
-                 ToggleRow(base.settings, setting::SyncRefresh)},
-        .heading = [&sync] { return "Automatic Music Synchronization System\n" + sync.Status(); },
-        .refreshMs = RefreshMs};
+    Page page{.name = "settingsSYNC",
+              .tab = "Synchronize",
+              .rows = {PathRow(base, setting::SyncSource), PathRow(base, setting::SyncDest),
+                       ToggleRow(base.settings, setting::SyncBackup),
+                       ToggleRow(base.settings, setting::SyncRefresh)},
+              .heading = [] { return std::string("Automatic Music Synchronization System"); },
+              .refreshMs = RefreshMs};
     for (Row& row : page.rows)
-        row.usable = idle;
+        row.usable = [&sync] { return !sync.Running(); };
+    for (Row& toggle : page.rows | std::views::drop(2))
+        toggle.width = Row::Third;
     page.rows.push_back({.text = [&sync] { return std::string(sync.Caption()); },
                          .use = [&sync] { sync.cmdSync_Click(); },
+                         .width = Row::Third,
                          .name = "cmdSync"});
-    page.rows.push_back({.text = [&sync] { return std::string(sync.Running() ? "File" : ""); },
-                         .percent = [&sync] { return sync.FilePercent(); },
-                         .width = Row::Quarter});
-    page.rows.push_back({.text = [&sync] { return std::string(sync.Running() ? "All" : ""); },
-                         .percent = [&sync] { return sync.RunPercent(); },
-                         .width = Row::Quarter});
+    page.rows.push_back({.text = [&sync] { return sync.Status(); },
+                         .width = Row::Whole - 2 * BarColumns,
+                         .name = "lblStatus"});
+    const auto bar = [&sync](const char* caption, int (Synchronizer::*percent)() const) {
+        return Row{.text = [&sync, caption] { return std::string(sync.Running() ? caption : ""); },
+                   .percent = [&sync, percent] { return (sync.*percent)(); },
+                   .width = BarColumns};
+    };
+    page.rows.push_back(bar("File", &Synchronizer::FilePercent));
+    page.rows.push_back(bar("All", &Synchronizer::RunPercent));
     return page;
 }
 

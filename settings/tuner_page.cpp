@@ -44,20 +44,22 @@ class Tuners {
         enabled.text = [this] { return OnOff("FM tuner", Values().dlink_enabled); };
         enabled.sheet = "FM";
         Row name = ProgressRow([this] { return "D-Link USB FM Tuner\n" + FMName(); });
-        std::vector<Row> rows = {
-            Named(std::move(enabled), "ckFM_Enabled"),
-            Named(std::move(name), "frmFM"),
-            InputRow(setting::dlink_audio_input, "cboDLinkInput"),
-            ChoiceRow(store_, setting::capture, n_.captureDevices),
-            Named(StepperRow(store_, setting::frequencyincr), "cmbFreqIncr"),
-            ButtonRow(
-                "Clear All Preset Stations", [this] { ClearPresets(); }, Row::Half,
-                "btnClearFMPresets"),
-            Named(ProgressRow([this] { return Presets(); }), "lstFMPresets", Row::Whole),
-            StepperRow(store_, setting::minfreq),
-            StepperRow(store_, setting::maxfreq)};
-        rows[rows.size() - 2].sheet = "Band";
-        return rows;
+        Row lowest = StepperRow(store_, setting::minfreq);
+        lowest.sheet = "Band";
+        // What devices call themselves is long.
+        Row capture = ChoiceRow(store_, setting::capture, n_.captureDevices);
+        capture.width = Row::Whole;
+        return {Named(std::move(enabled), "ckFM_Enabled"),
+                Named(std::move(name), "frmFM"),
+                InputRow(setting::dlink_audio_input, "cboDLinkInput"),
+                Named(StepperRow(store_, setting::frequencyincr), "cmbFreqIncr"),
+                std::move(capture),
+                std::move(lowest),
+                StepperRow(store_, setting::maxfreq),
+                Named(ProgressRow([this] { return Presets(); }), "lstFMPresets", Row::Whole),
+                ButtonRow(
+                    "Clear All Preset Stations", [this] { ClearPresets(); }, Row::Half,
+                    "btnClearFMPresets")};
     }
     std::vector<Row> XMRows() {
         Row enabled = ToggleRow(store_, setting::xmpcr_enabled);

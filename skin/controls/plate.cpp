@@ -13,12 +13,12 @@ constexpr double SmallestCaption = 0.5; // of the font's size
 constexpr int SmallestSize = 6;         // pixels
 constexpr int CaptionFlags = Qt::AlignCenter | Qt::TextWordWrap;
 
-bool Fits(const QFont& font, const QString& text, QSize box, int flags) {
+} // namespace
+
+bool TextFits(const QFont& font, const QString& text, QSize box, int flags) {
     const QRect needed = QFontMetrics(font).boundingRect(QRect(QPoint(0, 0), box), flags, text);
     return needed.width() <= box.width() && needed.height() <= box.height();
 }
-
-} // namespace
 
 QFont FittingFont(const QFont& font, const QString& text, QSize box, int flags, double smallest) {
     QFont fitting = font;
@@ -26,7 +26,7 @@ QFont FittingFont(const QFont& font, const QString& text, QSize box, int flags, 
     const bool low = QFontMetrics(fitting).height() > box.height();
     const int least = low ? SmallestSize : fitting.pixelSize();
     fitting = font;
-    while (fitting.pixelSize() > least && !Fits(fitting, text, box, flags))
+    while (fitting.pixelSize() > least && !TextFits(fitting, text, box, flags))
         fitting.setPixelSize(fitting.pixelSize() - 1);
     return fitting;
 }

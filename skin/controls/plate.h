@@ -23,6 +23,9 @@ inline constexpr double EdgeContrast = 3;
 void DrawCaptionPlate(QPainter& painter, const QRect& box, const QString& caption,
                       const QFont& font, const PlateLook& look);
 
+/// Whether `text` fits `box` in this font with these flags of drawText.
+bool TextFits(const QFont& font, const QString& text, QSize box, int flags);
+
 /// The largest font from `font` down to `smallest` of its size in which `text` fits `box` with
 /// these flags of drawText; smaller still where not even one line would fit the box's height.
 QFont FittingFont(const QFont& font, const QString& text, QSize box, int flags, double smallest);

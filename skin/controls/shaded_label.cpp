@@ -13,6 +13,12 @@
 
 namespace vk {
 
+namespace {
+
+constexpr double SmallestWords = 0.55; // of the font; below that words are broken in two
+
+} // namespace
+
 ShadedLabel::ShadedLabel(QWidget* parent) : QWidget(parent) {
     setFocusPolicy(Qt::NoFocus);
 }
@@ -81,8 +87,17 @@ void ShadedLabel::SetElide(Qt::TextElideMode mode) {
     update();
 }
 
-int ShadedLabel::Flags() const {
-    return static_cast<int>(alignment_) | Qt::TextWordWrap;
+// Between words as far as that can be read, then anywhere: a path may have no place to break it.
+ShadedLabel::Wrapped ShadedLabel::Wrap(const QFont& largest) const {
+    const QString text = ToQString(text_);
+    const QSize box = TextBox().size();
+    const int words = static_cast<int>(alignment_) | Qt::TextWordWrap;
+    const int anywhere = words | Qt::TextWrapAnywhere;
+    const double part = static_cast<double>(font_.pixelSize()) / largest.pixelSize();
+    const QFont font =
+        FittingFont(largest, text, box, words, std::max(smallest_, SmallestWords) * part);
+    if (smallest_ >= SmallestWords || TextFits(font, text, box, words)) return {font, words};
+    return {FittingFont(largest, text, box, anywhere, smallest_ * part), anywhere};
 }
 
 void ShadedLabel::paintEvent(QPaintEvent*) {
@@ -97,14 +112,14 @@ void ShadedLabel::paintEvent(QPaintEvent*) {
     wrap_ ? DrawWrapped(painter, TextBox()) : DrawLines(painter, TextBox());
 }
 
-// A text in the middle does not reach into the round corners.
+// A text in the middle does not reach into the round corners, nor lines of it to the edges.
 QRect ShadedLabel::TextBox() const {
-    const int side = std::max(radius_ / 2, margin_);
-    return Face().adjusted(side, 0, -side, 0);
+    const int side = std::max(radius_ / 2, margin_), edge = radius_ / 6;
+    return Face().adjusted(side, edge, -side, -edge);
 }
 
 int ShadedLabel::FittingSize() const {
-    return FittingFont(font_, ToQString(text_), TextBox().size(), Flags(), smallest_).pixelSize();
+    return Wrap(font_).font.pixelSize();
 }
 
 void ShadedLabel::DrawTwice(QPainter& painter, int pixelSize,
@@ -120,10 +135,11 @@ void ShadedLabel::DrawWrapped(QPainter& painter, const QRect& box) const {
     const QString text = ToQString(text_);
     QFont font = font_;
     if (largest_ > 0) font.setPixelSize(std::min(font.pixelSize(), largest_));
-    const double smallest = smallest_ * font_.pixelSize() / font.pixelSize();
-    painter.setFont(FittingFont(font, text, box.size(), Flags(), smallest));
-    DrawTwice(painter, painter.font().pixelSize(),
-              [&](QPoint offset) { painter.drawText(box.translated(offset), Flags(), text); });
+    const Wrapped wrapped = Wrap(font);
+    painter.setFont(wrapped.font);
+    DrawTwice(painter, wrapped.font.pixelSize(), [&](QPoint offset) {
+        painter.drawText(box.translated(offset), wrapped.flags, text);
+    });
 }
 
 void ShadedLabel::DrawLines(QPainter& painter, const QRect& box) const {

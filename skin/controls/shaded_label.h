@@ -59,7 +59,12 @@ class ShadedLabel : public QWidget {
     void hideEvent(QHideEvent*) override { pressed_ = false; }
 
   private:
-    int Flags() const;
+    /// A wrapped text as it is drawn.
+    struct Wrapped {
+        QFont font;
+        int flags; ///< of drawText
+    };
+    Wrapped Wrap(const QFont& largest) const;
     QRect TextBox() const;
     /// The text's shadow, where it has one, and the text.
     void DrawTwice(QPainter& painter, int pixelSize,

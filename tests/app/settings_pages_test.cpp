@@ -1,4 +1,5 @@
 // Every setting that the system obeys can be changed from the driver's seat.
+#include "input/button_keys.h"
 #include "settings/screen/settings_screen.h"
 #include "tests/app/wired_system.h"
 #include "tests/support/widgets.h"
@@ -36,6 +37,9 @@ const std::vector<const SettingRow*> Bookkeeping = {
 /// The settings in front.
 struct SettingsPages : testing::Test, WiredSystem {
     SettingsPages() {
+        dir.Write("skins/Torque.skn",
+                  dir.Read("skins/Torque.skn") +
+                      "[FONTS]\nListtextfontname=DejaVu Sans\nListtextfontsize=22\n");
         Make().Start();
         Pass(1000);
         Key(Qt::Key_P);
@@ -46,8 +50,14 @@ struct SettingsPages : testing::Test, WiredSystem {
     settings* screen = nullptr;
 };
 
-// What a finger can hit is 12 mm tall and wide on a 7-inch panel.
+// What a finger can hit is 12 mm tall and wide on a 7-inch panel. A text that does not fit is
+// smaller than these.
 TEST_F(SettingsPages, AreLargeAndLieOnTheScreenAtEverySize) {
+    const std::string path = "/media/stick/My music/" + std::string(60, 'n') + "/and more";
+    for (const auto* setting : {&setting::MediaDir, &setting::PlaylistDir, &setting::SyncSource,
+                                &setting::SyncDest, &setting::EXTGPSexeName, &setting::GPSReceiver,
+                                &setting::capture, &setting::lircsocket, &setting::accSenseLine})
+        host().settings.Set(*setting, path);
     for (const QSize size : PanelSizes) {
         host().state.ScreenWidth = size.width();
         host().state.ScreenHeight = size.height();
@@ -57,8 +67,13 @@ TEST_F(SettingsPages, AreLargeAndLieOnTheScreenAtEverySize) {
                 if (auto* more = screen->findChild<QWidget*>("More"))
                     Tap(*screen, more->geometry().center());
                 ExpectChildrenInside(*screen);
-                for (const PlateLabel* plate : screen->findChildren<PlateLabel*>()) {
-                    if (!plate->isVisible() || !plate->TakesTouches()) continue;
+                for (const QWidget* child : screen->findChildren<QWidget*>()) {
+                    const auto* plate = dynamic_cast<const PlateLabel*>(child);
+                    if (!plate || !plate->isVisible()) continue;
+                    EXPECT_TRUE(plate->TextSize() == 0 || // of the log
+                                plate->TextSize() >= size.height() / 32)
+                        << page.name << plate->Text();
+                    if (!plate->TakesTouches()) continue;
                     EXPECT_GE(std::min(plate->width(), plate->height()), 63) << page.name;
                 }
             }
@@ -77,6 +92,44 @@ TEST_F(SettingsPages, ChangeEverySettingThatIsObeyed) {
     ForEachSetting([&](const SettingRow& row) {
         EXPECT_TRUE(changed.contains(NameOf(row)) || kept.contains(NameOf(row))) << NameOf(row);
     });
+}
+
+// With nothing on the menu that tells of them.
+TEST(CleanMenu, LeadsToTheSettingsAndBackByThreeKeysAndByTouchAlone) {
+    WiredSystem system;
+    system.Make().Start();
+    Host& host = system.host();
+    host.settings.Write({{setting::CleanMenu, true}, {setting::ShowClock, false}});
+    const auto there = [&](const char* where) {
+        system.Pass(1000); // a new screen is deaf at first
+        EXPECT_EQ(system.Front(), where) << host.state.ScreenWidth;
+    };
+    const auto keys = [&](std::initializer_list<int> pressed) {
+        for (const int key : pressed)
+            system.Key(key);
+    };
+    there(HomeScreen);
+    for (const QSize size : {QSize(640, 480), {800, 480}, {1024, 768}}) {
+        host.state.ScreenWidth = size.width();
+        host.state.ScreenHeight = size.height();
+        host.screens.LayOut();
+        for (const std::initializer_list<int> back :
+             {std::initializer_list<int>{Qt::Key_Up, Qt::Key_Up, Qt::Key_Return}, // Done
+              {Qt::Key_Escape}}) {
+            system.Key(Qt::Key_Return, ButtonKeys::HoldMs);
+            keys({Qt::Key_Up, Qt::Key_Return});
+            there("settings");
+            keys(back);
+            there(HomeScreen);
+        }
+        Tap(host.window, {1, size.height() - 1});
+        there("settings");
+        for (const QWidget* done : host.window.findChildren<QWidget*>("donebutton"))
+            if (done->isVisible())
+                Tap(host.window, done->mapTo(&host.window, done->rect().center()));
+        there(HomeScreen);
+    }
+    EXPECT_EQ(system.exits, 0);
 }
 
 TEST(FirstRun, OffersAStickThatIsPluggedInMeanwhile) {

@@ -180,11 +180,12 @@ class WiredSystem : public FakeMachine {
     }
     Host& host() { return app->host(); }
     std::string Front() { return host().screens.CurrentForm.Text(); }
-    void Key(int key) {
+    void Key(int key, int heldMs = 0) {
         QWidget* focus = QApplication::focusWidget();
         for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
             QKeyEvent event(type, key, Qt::NoModifier);
             QCoreApplication::sendEvent(focus ? focus : &host().window, &event);
+            if (heldMs > 0) Pass(heldMs);
         }
     }
     /// A button of the remote; `count` above 0 while it is held.
