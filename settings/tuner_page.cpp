@@ -45,7 +45,9 @@ class Tuners {
         enabled.sheet = "FM";
         Row name = ProgressRow([this] { return "D-Link USB FM Tuner\n" + FMName(); });
         Row lowest = StepperRow(store_, setting::minfreq);
+        Row highest = StepperRow(store_, setting::maxfreq);
         lowest.sheet = "Band";
+        lowest.width = highest.width = Row::Whole;
         // What devices call themselves is long.
         Row capture = ChoiceRow(store_, setting::capture, n_.captureDevices);
         capture.width = Row::Whole;
@@ -55,7 +57,7 @@ class Tuners {
                 Named(StepperRow(store_, setting::frequencyincr), "cmbFreqIncr"),
                 std::move(capture),
                 std::move(lowest),
-                StepperRow(store_, setting::maxfreq),
+                std::move(highest),
                 Named(ProgressRow([this] { return Presets(); }), "lstFMPresets", Row::Whole),
                 ButtonRow(
                     "Clear All Preset Stations", [this] { ClearPresets(); }, Row::Half,

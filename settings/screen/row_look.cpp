@@ -38,10 +38,11 @@ RowLook::RowLook(const SkinData& data, int screenHeight)
 }
 
 void RowLook::Dress(ShadedLabel& label, bool isChosen, bool enabled, bool lit) const {
-    const QColor& plate = isChosen ? chosen : lit ? Lit : ground;
+    const QColor& usual = isChosen ? chosen : lit ? Lit : ground;
+    const QColor plate = enabled ? usual : usual.darker(160);
     label.SetLook(font, text, skin);
     label.SetColour(ReadableOn(plate));
-    label.SetGround(enabled ? plate : plate.darker(160), RowRadius);
+    label.SetGround(plate, RowRadius);
     label.update();
 }
 
