@@ -1,5 +1,6 @@
 // From a program's window on the screen to the same window in the system's frame.
 #include "hosting/hosting.h"
+#include "platform/files.h"
 #include "platform/linux/x11/x11_windows.h"
 #include "platform/qt/qt_child_process.h"
 #include "platform/qt/qt_clock.h"
@@ -28,11 +29,14 @@ struct Desktop : test::CoreFixture {
         while (!display.ends_with('\n'))
             QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
         ::setenv("DISPLAY", (":" + display.substr(0, display.size() - 1)).c_str(), 1);
-        if (managed) manager = programs->Start({"/usr/bin/openbox", {}, "/"});
+        // It manages before it is ready, and what comes meanwhile waits for seconds.
+        const std::string ready = app.File("ready");
+        if (managed)
+            manager = programs->Start({"/usr/bin/openbox", {"--startup", "touch " + ready}, "/"});
+        while (managed && !FileExists(ready))
+            QCoreApplication::processEvents();
         connection = xcb_connect(nullptr, nullptr);
         windows = std::make_unique<X11Windows>(connection);
-        while (managed && !X11Properties(connection).Managed())
-            QCoreApplication::processEvents();
         state.ScreenWidth = 800;
         state.ScreenHeight = 480;
     }

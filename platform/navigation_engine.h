@@ -49,6 +49,8 @@ struct EngineSetup {
     /// "gpsd://host:port", or "log:" and the path of a recorded drive. "" is no receiver.
     std::string source = {};
     std::string serialSettings = "4800,N,8,1"; ///< for a serial port
+    /// How large texts and lines are drawn, percent; 100 suits a screen of 480 lines.
+    int drawnAt = 100;
     bool operator==(const EngineSetup&) const = default;
 };
 

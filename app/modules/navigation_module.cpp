@@ -6,6 +6,7 @@
 #include "platform/paths.h"
 #include "settings/gps_page.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace vk {
@@ -142,7 +143,8 @@ EngineSetup NavigationModule::Setup() {
     const std::string map = host_.settings.Get(setting::GPSMap);
     return {.map = map.empty() ? host_.settings.File("map.bin") : map,
             .source = host_.settings.Get(setting::GPSReceiver),
-            .serialSettings = host_.settings.Get(setting::GPSSerial)};
+            .serialSettings = host_.settings.Get(setting::GPSSerial),
+            .drawnAt = std::clamp(host_.state.ScreenHeight * 100 / 480, 100, 400)};
 }
 
 bool NavigationModule::IsNight() const {

@@ -113,7 +113,7 @@ std::string NavitConfigText(const NavitConfig& config) {
            "<route destination_distance=\"50\"/>\n" + Announcements() +
            "<speech type=\"dbus\"/>\n<mapset enabled=\"yes\"><map type=\"binfile\" "
            "enabled=\"yes\"" +
-           Attribute("data", config.map) + "/></mapset>\n" + NavitLayouts() +
+           Attribute("data", config.map) + "/></mapset>\n" + NavitLayouts(config.drawnAt) +
            "</navit>\n</config>\n";
 }
 

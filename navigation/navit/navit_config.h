@@ -16,6 +16,7 @@ struct NavitConfig {
     int zoom = 32;               ///< 1 is the nearest
     int orientation = -1;        ///< degrees; -1 follows the vehicle
     bool autoZoom = true;
+    int drawnAt = 100; ///< percent, of `EngineSetup`
 };
 
 /// The vehicles that the engine knows ways for.

@@ -20,7 +20,8 @@ constexpr int AnswerMs = 5000;
 constexpr int LaidOutMs = 300;
 constexpr const char* ThreeDPitch = "30"; // degrees
 constexpr int RouteShownFor = 12;         // positions, one a second; then the map follows again
-constexpr int MarginPercent = 25;         // of the scale at which all of the route just fits
+// Of the scale at which all of the route just fits: the name of the place at its end begins there.
+constexpr int MarginPercent = 60;
 
 /// Of `EngineSettings`.
 enum Place : std::size_t {
@@ -191,7 +192,8 @@ NavitConfig NavitEngine::Config() const {
             .profile = settings_[Profile],
             .zoom = Number(settings_[Zoom]).value_or(32),
             .orientation = Number(settings_[Orientation]).value_or(-1),
-            .autoZoom = settings_[AutoZoom] != "0"};
+            .autoZoom = settings_[AutoZoom] != "0",
+            .drawnAt = setup_.drawnAt};
 }
 
 void NavitEngine::CameUp() {
@@ -360,7 +362,7 @@ void NavitEngine::LeaveMargin() {
     run_->Bus().Evaluate("zoom", [this](const std::optional<std::string>& zoom) {
         const int fits = Number(zoom.value_or("")).value_or(0);
         if (fits > 0 && Up())
-            run_->Bus().SetNumber("zoom", fits + std::max(1, fits / 100 * MarginPercent));
+            run_->Bus().SetNumber("zoom", fits + std::max(1, fits * MarginPercent / 100));
     });
 }
 

@@ -10,8 +10,11 @@ namespace {
 
 /// One of them a layout; colours as in HTML.
 struct Palette {
+    int Px(double pixels) const { return static_cast<int>(pixels * percent / 100); }
+
     const char *name, *ground, *town, *wood, *park, *water, *building, *edge, *street, *main,
         *major, *motorway, *rail, *text, *halo, *route, *vehicle, *vehicleEdge;
+    int percent = 100; ///< of the sizes that suit 480 lines
 };
 
 constexpr Palette Day{DayLayout, "#f4f1ea", "#e6e1d8", "#b9d8a4", "#c8e6b0", "#8fc0ea",
@@ -48,8 +51,8 @@ std::string Polyline(std::string_view items, int order, const char* colour, int 
            "\"/></itemgra>\n";
 }
 
-int WidthAt(const Kind& kind, int order) {
-    return std::max(1, static_cast<int>(Widths.at(static_cast<std::size_t>(order)) * kind.width));
+int WidthAt(const Kind& kind, int order, const Palette& palette) {
+    return std::max(1, palette.Px(Widths.at(static_cast<std::size_t>(order)) * kind.width));
 }
 
 /// All edges come before all fills, so that crossings are open.
@@ -58,12 +61,14 @@ std::string Streets(const Palette& palette) {
     for (int order = 0; order <= LastOrder; ++order) {
         for (const Kind& kind : Kinds)
             if (order >= std::max(kind.from, 9))
-                text += Polyline(kind.items, order, palette.edge, WidthAt(kind, order) + 4);
+                text +=
+                    Polyline(kind.items, order, palette.edge, WidthAt(kind, order, palette) + 4);
         for (const Kind& kind : Kinds)
             if (order >= kind.from)
-                text += Polyline(kind.items, order, palette.*kind.colour, WidthAt(kind, order));
+                text += Polyline(kind.items, order, palette.*kind.colour,
+                                 WidthAt(kind, order, palette));
         const int route = std::max(7, Widths.at(static_cast<std::size_t>(order)) * 7 / 10);
-        text += Polyline("street_route", order, palette.route, route);
+        text += Polyline("street_route", order, palette.route, palette.Px(route));
     }
     return text + "</layer>\n";
 }
@@ -97,46 +102,52 @@ std::string PlaceItems(const char* kind, int fromPower, int toPower) {
 std::string Label(const std::string& items, int from, int size, const Palette& palette) {
     return "<itemgra item_types=\"" + items + "\" order=\"" + std::to_string(from) +
            "-\"><circle color=\"" + palette.text + "\" background_color=\"" + palette.halo +
-           "\" radius=\"0\" text_size=\"" + std::to_string(size) + "\"/></itemgra>\n";
+           "\" radius=\"0\" text_size=\"" + std::to_string(palette.Px(size)) + "\"/></itemgra>\n";
 }
 
 std::string Words(const Palette& palette) {
     return std::string("<layer name=\"words\">\n") +
            "<itemgra item_types=\"street_0,street_1_city,street_2_city,street_3_city,"
            "street_4_city,street_1_land,street_2_land,street_3_land,street_4_land,"
-           "street_n_lanes\" order=\"14-\"><text text_size=\"17\" color=\"" +
-           palette.text + "\" background_color=\"" + palette.halo + "\"/></itemgra>\n" +
-           Label("house_number", 17, 11, palette) +
-           Label("poi_fuel,poi_hospital,poi_car_parking,poi_rail_station", 15, 12, palette) +
+           "street_n_lanes\" order=\"14-\"><text text_size=\"" +
+           std::to_string(palette.Px(17)) + "\" color=\"" + palette.text +
+           "\" background_color=\"" + palette.halo + "\"/></itemgra>\n" +
+           Label("house_number", 17, 15, palette) +
+           Label("poi_fuel,poi_hospital,poi_car_parking,poi_rail_station", 15, 15, palette) +
            Label(PlaceItems("town", 5, 6) + "town_label_1e7", 3, 24, palette) +
            Label(PlaceItems("town", 3, 4), 8, 22, palette) +
            Label(PlaceItems("town", 0, 2) + PlaceItems("district", 0, 6) +
                      "town_label,district_label,town_label_0e0,district_label_0e0",
                  11, 20, palette) +
            "<itemgra item_types=\"route_end\" order=\"0-\"><circle color=\"" + palette.vehicle +
-           "\" radius=\"22\" width=\"8\"/></itemgra>\n</layer>\n";
+           "\" radius=\"" + std::to_string(palette.Px(22)) + "\" width=\"" +
+           std::to_string(palette.Px(8)) + "\"/></itemgra>\n</layer>\n";
 }
 
-std::string Arrow(const char* colour, int wide, int ahead, int behind) {
-    const auto corner = [](int x, int y) {
-        return "<coord x=\"" + std::to_string(x) + "\" y=\"" + std::to_string(y) + "\"/>";
+std::string Arrow(const Palette& palette, const char* colour, int wide, int ahead, int behind) {
+    const auto corner = [&](int x, int y) {
+        return "<coord x=\"" + std::to_string(palette.Px(x)) + "\" y=\"" +
+               std::to_string(palette.Px(y)) + "\"/>";
     };
     return std::string("<itemgra><polygon color=\"") + colour + "\">" + corner(0, ahead) +
            corner(-wide, -behind) + corner(0, -behind / 2) + corner(wide, -behind) +
            corner(0, ahead) + "</polygon></itemgra>";
 }
 
-std::string Layout(const Palette& palette) {
+std::string Layout(Palette palette, int percent) {
+    palette.percent = percent;
+    const std::string cursor = std::to_string(palette.Px(57));
     return std::string("<layout name=\"") + palette.name + "\" color=\"" + palette.ground +
-           "\" font=\"DejaVu Sans\">\n<cursor w=\"57\" h=\"57\">" +
-           Arrow(palette.vehicleEdge, 21, 27, 24) + Arrow(palette.vehicle, 16, 21, 19) +
-           "</cursor>\n" + Ground(palette) + Streets(palette) + Words(palette) + "</layout>\n";
+           "\" font=\"DejaVu Sans\">\n<cursor w=\"" + cursor + "\" h=\"" + cursor + "\">" +
+           Arrow(palette, palette.vehicleEdge, 21, 27, 24) +
+           Arrow(palette, palette.vehicle, 16, 21, 19) + "</cursor>\n" + Ground(palette) +
+           Streets(palette) + Words(palette) + "</layout>\n";
 }
 
 } // namespace
 
-std::string NavitLayouts() {
-    return Layout(Day) + Layout(Night);
+std::string NavitLayouts(int percent) {
+    return Layout(Day, percent) + Layout(Night, percent);
 }
 
 } // namespace vk

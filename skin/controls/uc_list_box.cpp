@@ -33,7 +33,7 @@ UCListBox::~UCListBox() = default;
 void UCListBox::SetiMaxVis(const std::string& background, const std::string& arrowUp,
                            const std::string& arrowDown) {
     const SkinData& skin = context_.skin.data();
-    font_ = ToQFont(skin.Listtextfont, skin.FontScale());
+    font_ = ToQFont(skin.Listtextfont, skin.FontScale() * std::max(1.0, FontScale));
     SetRows();
     // A font that is too large for the list makes way for a few rows at least.
     const int room = height() / LeastRows;
@@ -41,7 +41,7 @@ void UCListBox::SetiMaxVis(const std::string& background, const std::string& arr
         font_.setPixelSize(std::max(1, font_.pixelSize() * room / model_.RowHeight));
         SetRows();
     }
-    font_.setPixelSize(std::max(1, static_cast<int>(font_.pixelSize() * FontScale)));
+    font_.setPixelSize(std::max(1, static_cast<int>(font_.pixelSize() * std::min(1.0, FontScale))));
     arrowUp_ = arrowUp;
     arrowDown_ = arrowDown;
     ground_ = context_.pictures.BackgroundBehind(

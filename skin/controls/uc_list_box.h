@@ -55,8 +55,8 @@ class UCListBox : public QWidget {
     ListModel& model() { return model_; }
     const ListModel& model() const { return model_; }
 
-    /// Of the skin's font size, for a narrow list; its rows are as high all the same. Taken by
-    /// `SetiMaxVis`.
+    /// Of the skin's font size. The rows of a narrow list, which has a smaller one, are as high all
+    /// the same; with a larger one they grow. Taken by `SetiMaxVis`.
     double FontScale = 1;
     bool ShowFocusBar = true;  ///< the list has the focus: the selected row is ruled
     bool ShowHighlight = true; ///< the row `iHighlight` is drawn in the playing row's colour

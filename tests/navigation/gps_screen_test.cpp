@@ -309,6 +309,7 @@ TEST_F(GPSScreenTest, ItFitsEveryPanelAndEveryAreaAFinger) {
             Resize(size);
             ExpectChildrenInside(*gps);
             EXPECT_GT(windows.Find(Map)->area.height, size.height() / 2);
+            EXPECT_GT(Part<UCListBox>("picGPSList").model().RowHeight, size.height() / 13);
         }
     }
 }
