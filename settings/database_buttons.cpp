@@ -17,9 +17,8 @@ constexpr char ManualWarning[] =
 } // namespace
 
 bool SettingsShell::RefusedWhileBusy() {
-    if (!n_.catalogue.Busy()) return false;
-    view_.SetTopInfo("Please wait for the database to finish.");
-    return true;
+    refused_ = n_.catalogue.Busy();
+    return refused_;
 }
 
 void SettingsShell::AskForUpdate() {

@@ -8,7 +8,7 @@ namespace vk {
 
 namespace {
 
-constexpr char TopInfo[] = "This screen allows you to change different aspects of Velkorandum.  "
+constexpr char Purpose[] = "This screen allows you to change different aspects of Velkorandum.  "
                            "Click on the TABS to select "
                            "different settings screens.";
 constexpr char Welcome[] =
@@ -20,10 +20,14 @@ constexpr const char* RowsForFingers = "1"; // rows of lists twice as high as th
 
 } // namespace
 
+std::string SettingsShell::TopInfo() const {
+    return refused_ && n_.catalogue.Busy() ? "Please wait for the database to finish." : Purpose;
+}
+
 void SettingsShell::ReShow() {
     Trap(n_.base.report, "An error occured in settings.Form_Load ", [&] {
         n_.base.screens.CurrentForm = "settings";
-        view_.SetTopInfo(TopInfo);
+        refused_ = false;
         if (!FirstRunDue) n_.base.screens.HideOthers("settings");
         if (!n_.base.state.Setup)
             FirstRun();

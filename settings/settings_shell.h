@@ -33,8 +33,6 @@ class SettingsView {
     virtual void EnableLeaving(bool exitApp, bool done) = 0;
     /// Draws the texts anew.
     virtual void ShowTexts() = 0;
-    /// The line at the top.
-    virtual void SetTopInfo(const std::string& text) = 0;
 };
 
 class SettingsShell {
@@ -79,6 +77,8 @@ class SettingsShell {
     bool UseSkin();
     void bExitApp_Click();
 
+    /// `lblSettingsTopInfo`: what the screen is for, or that the catalogue holds something up.
+    std::string TopInfo() const;
     /// The state of the catalogue as the screen shows it.
     std::string DBStatusText() const;
     /// What an update is doing, or why the last one failed.
@@ -101,6 +101,7 @@ class SettingsShell {
 
     Needs n_;
     SettingsView& view_;
+    bool refused_ = false; ///< something, as the catalogue was busy
     MediaFolders folders_;
     FirstReceiver receiver_;
 };

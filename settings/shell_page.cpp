@@ -71,7 +71,7 @@ Page ShellPage::Describe() {
             .tab = "Library",
             .rows = Rows(),
             .footer = {done, exit},
-            .heading = [this] { return topInfo_; },
+            .heading = [this] { return shell_.TopInfo(); },
             .open = [this] { shell_.ReShow(); },
             .quit = [this] { Done(); }};
 }

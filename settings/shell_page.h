@@ -20,7 +20,6 @@ class ShellPage : public SettingsView {
     void ShowShell() override { view_.ShowPage(); }
     void EnableLeaving(bool exitApp, bool done) override;
     void ShowTexts() override { view_.Draw(); }
-    void SetTopInfo(const std::string& text) override { topInfo_ = text; }
 
   private:
     std::vector<Row> Rows();
@@ -32,7 +31,6 @@ class ShellPage : public SettingsView {
     const Desktop& desktop_;
     PageView& view_;
     SettingsShell shell_;
-    std::string topInfo_;
     bool exitApp_ = true, done_ = true; ///< the ways out that can be used
 };
 

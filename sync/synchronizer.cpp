@@ -29,6 +29,10 @@ std::string BackupName(const DateTime& now) {
     return text;
 }
 
+std::string Missing(const std::string& drive) {
+    return "Drive " + drive + "not available";
+}
+
 std::string Summary(const SyncResult& result) {
     std::string text = "Files checked: " + std::to_string(result.filesChecked) +
                        "  Copied: " + std::to_string(result.filesCopied) +
@@ -111,7 +115,7 @@ bool Synchronizer::Ready(const SyncOrder& order) {
     status_ = "Checking for source drive availability...";
     const std::string drive = base_.volumes.DriveOf(order.source);
     if (!order.source.empty() && !base_.volumes.IsReady(drive)) {
-        status_ = "Drive " + drive + "not available";
+        status_ = Missing(drive);
         return false;
     }
     for (const std::string& folder : {order.source, order.dest}) {
@@ -131,6 +135,8 @@ void Synchronizer::CopyFiles() {
                     .refresh = store.values.SyncRefresh,
                     .backupName = BackupName(base_.clock.Now())};
     if (!Ready(order)) return;
+    sourceDrive_ = base_.volumes.DriveOf(order.source);
+    destDrive_ = base_.volumes.DriveOf(order.dest);
     run_ = std::make_shared<Run>(std::move(order));
     filePercent_ = runPercent_ = 0;
     std::thread([run = run_] { run->Work(); }).detach();
@@ -176,19 +182,16 @@ void Synchronizer::CatalogueCopied() {
 
 void Synchronizer::End(const SyncResult& result) {
     timer_->Stop();
-    const SyncOrder order = std::exchange(run_, {})->order;
-    const auto missing = [&](const std::string& folder) {
-        return "Drive " + base_.volumes.DriveOf(folder) + "not available";
-    };
+    run_.reset();
     switch (result.end) {
     case SyncResult::NoSpace:
         status_ = "Sync could not complete due to insufficient disk space";
         break;
     case SyncResult::SourceGone:
-        status_ = missing(order.source);
+        status_ = Missing(sourceDrive_);
         break;
     case SyncResult::DestGone:
-        status_ = missing(order.dest);
+        status_ = Missing(destDrive_);
         break;
     default:
         status_ = Summary(result);

@@ -51,10 +51,11 @@ class Synchronizer {
     Base& base_;
     Catalogue& catalogue_;
     std::unique_ptr<Timer> timer_;
-    std::shared_ptr<Run> run_;         ///< shared with its thread
-    std::deque<std::string> lines_;    ///< to be logged
-    std::vector<std::string> copied_;  ///< to be catalogued
-    std::optional<SyncResult> result_; ///< of the run, when its thread has come to its end
+    std::shared_ptr<Run> run_;            ///< shared with its thread
+    std::deque<std::string> lines_;       ///< to be logged
+    std::vector<std::string> copied_;     ///< to be catalogued
+    std::optional<SyncResult> result_;    ///< of the run, when its thread has come to its end
+    std::string sourceDrive_, destDrive_; ///< of the run; one that has gone has no name any more
     std::string status_;
     int filePercent_ = 0, runPercent_ = 0;
 };

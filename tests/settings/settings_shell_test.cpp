@@ -11,9 +11,7 @@ struct ToldSettingsView : SettingsView {
     void ShowShell() override {}
     void EnableLeaving(bool exitApp, bool done) override { leaving = exitApp && done; }
     void ShowTexts() override {}
-    void SetTopInfo(const std::string& text) override { topInfo = text; }
     bool leaving = true;
-    std::string topInfo;
 };
 
 struct SettingsShellTest : testing::Test, test::ShellFixture {
@@ -192,12 +190,31 @@ TEST_F(SettingsShellTest, BadFoldersAreAskedAgainAndCancelEnds) {
     EXPECT_EQ(settings.Text(setting::PlaylistDir), app.File("music4/Playlists"));
 }
 
+TEST_F(SettingsShellTest, TheOldListsAreThereUntilTheNewFolderIsOnTheDisk) {
+    struct Writer : DirectFileWriter {
+        std::uint64_t Replace(const std::string& path, std::string contents) override {
+            listThere = FileExists(list);
+            return DirectFileWriter::Replace(path, std::move(contents));
+        }
+        std::string list;
+        bool listThere = false;
+    } writer;
+    LaterRun();
+    writer.list = app.Write("vk_audio.m3u", "running");
+    Ini ordered{state.DecimalSymbol, report, writer};
+    SettingsStore store{app.Path(), ordered};
+    dialogs.folders = {app.MakeFolder("other")};
+    EXPECT_EQ(MediaFolders(store, dialogs, extensions).ChooseMediaDir(true),
+              MediaFolders::Outcome::Chosen);
+    EXPECT_TRUE(writer.listThere && !FileExists(writer.list));
+}
+
 TEST_F(SettingsShellTest, LeavingLaterLoadsTheScreensAnewAndTheExitWaitsForTheCatalogue) {
     LaterRun();
     shell->ReShow();
     EXPECT_EQ(screens.CurrentForm, "settings");
     EXPECT_TRUE(view.leaving);
-    EXPECT_TRUE(view.topInfo.starts_with("This screen allows you to change"));
+    EXPECT_TRUE(shell->TopInfo().starts_with("This screen allows you to change"));
     told.clear();
     shell->DoneButton_Click();
     EXPECT_EQ(told, (std::vector<std::string>{"loading.Init 0 13", "loading.Clear",
@@ -206,9 +223,10 @@ TEST_F(SettingsShellTest, LeavingLaterLoadsTheScreensAnewAndTheExitWaitsForTheCa
     EXPECT_EQ(shell->DBStatusText(), "Disabled");
     state.DBState = DBStateValue::Rebuilding;
     shell->bExitApp_Click();
-    EXPECT_EQ(view.topInfo, "Please wait for the database to finish.");
+    EXPECT_EQ(shell->TopInfo(), "Please wait for the database to finish.");
     EXPECT_EQ(exits, 0);
     state.DBState = DBStateValue::OnLine;
+    EXPECT_TRUE(shell->TopInfo().starts_with("This screen"));
     shell->bExitApp_Click();
     EXPECT_EQ(exits, 1);
 }
@@ -230,7 +248,7 @@ TEST_F(SettingsShellTest, TheCatalogueButtonsAskBeforeTheyAct) {
     state.DBState = DBStateValue::Rebuilding;
     for (const auto click : {&SettingsShell::bDeleteDB_Click, &SettingsShell::btnmediadir_Click})
         (shell.get()->*click)();
-    EXPECT_EQ(view.topInfo, "Please wait for the database to finish.");
+    EXPECT_EQ(shell->TopInfo(), "Please wait for the database to finish.");
     shell->bDBForceUpdate_Click();
     updates.Supervise();
     EXPECT_EQ(stops, 1);

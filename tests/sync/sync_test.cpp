@@ -6,6 +6,7 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
+#include <optional>
 #include <thread>
 
 namespace vk::test {
@@ -179,7 +180,7 @@ struct SynchronizerTest : CatalogueFixture {
                         {setting::MediaDir, media.Path()}});
     }
     void RunToEnd() {
-        while (sync.Running()) {
+        while (sync->Running()) {
             clock.Advance(50);
             std::this_thread::yield();
         }
@@ -195,7 +196,7 @@ struct SynchronizerTest : CatalogueFixture {
     TempFolder source;
     Base base{state,    settings, log,     report, clock,  pump,
               commands, screens,  dialogs, window, locale, volumes};
-    Synchronizer sync{base, db};
+    std::optional<Synchronizer> sync{std::in_place, base, db};
 };
 
 TEST_F(SynchronizerTest, WhatWasCopiedIsCatalogued) {
@@ -205,33 +206,52 @@ TEST_F(SynchronizerTest, WhatWasCopiedIsCatalogued) {
     fs::remove(media.File("x.mp3"));
     source.Write("taken/x.mp3", "x");
     media.Write("taken", "a file in the way");
-    sync.cmdSync_Click();
-    EXPECT_STREQ(sync.Caption(), "Abort");
+    sync->cmdSync_Click();
+    EXPECT_STREQ(sync->Caption(), "Abort");
     RunToEnd();
-    EXPECT_STREQ(sync.Caption(), "Synchronize Now");
-    EXPECT_EQ(sync.Status(), "Files checked: 13  Copied: 12   Made backup: 0   Failed: 1 "
-                             "(Not a directory)");
+    EXPECT_STREQ(sync->Caption(), "Synchronize Now");
+    EXPECT_EQ(sync->Status(), "Files checked: 13  Copied: 12   Made backup: 0   Failed: 1 "
+                              "(Not a directory)");
     EXPECT_THAT(First("SELECT COUNT(*) FROM Media WHERE Title LIKE 'Title %'"), ElementsAre("12"));
     EXPECT_THAT(Log(), HasSubstr(" - copying: " + source.File("11.mp3")));
 }
 
 TEST_F(SynchronizerTest, TheSameButtonAborts) {
     source.Write("big.mp3", std::string(16 << 20, 'x'));
-    sync.cmdSync_Click();
-    sync.cmdSync_Click();
+    sync->cmdSync_Click();
+    sync->cmdSync_Click();
     RunToEnd();
     EXPECT_THAT(Log(), HasSubstr(", aborted"));
     EXPECT_TRUE(fs::is_empty(media.Path()));
 }
 
+TEST_F(SynchronizerTest, AStickThatWasPulledIsCalledByItsName) {
+    struct Pulled : FakeVolumes {
+        std::string DriveOf(const std::string& path) const override {
+            return path == stick && fs::remove_all(path) > 0 ? stick : "/";
+        }
+        std::string stick;
+    } pulled;
+    pulled.ready = {"/"};
+    pulled.stick = media.Path();
+    Base there{state,    settings, log,     report, clock,  pump,
+               commands, screens,  dialogs, window, locale, pulled};
+    sync.emplace(there, db);
+    source.Write("a.mp3", "x");
+    sync->cmdSync_Click();
+    RunToEnd();
+    EXPECT_EQ(sync->Status(), "Drive " + pulled.stick + "not available");
+    sync.reset();
+}
+
 TEST_F(SynchronizerTest, WhatCannotBeCopiedFromOrToIsTold) {
     settings.Set(setting::SyncDest, media.File("none"));
-    sync.cmdSync_Click();
+    sync->cmdSync_Click();
     EXPECT_THAT(dialogs.shown, ElementsAre(HasSubstr("Not a valid directory!")));
     volumes.ready.clear();
-    sync.cmdSync_Click();
-    EXPECT_EQ(sync.Status(), "Drive /not available");
-    EXPECT_FALSE(sync.Running());
+    sync->cmdSync_Click();
+    EXPECT_EQ(sync->Status(), "Drive /not available");
+    EXPECT_FALSE(sync->Running());
 }
 
 } // namespace
