@@ -28,7 +28,7 @@ struct ShellFixture : StartFixture {
                  [this] { return lirc; },
                  [this](auto listener) { heard = std::move(listener); },
                  {clock, [this] { return ports; }, [this] { return MakePort(); },
-                  [this](std::string& reason) { return LoadFirstLibrary({uuirt}, reason); },
+                  [name = uuirt](std::string& reason) { return LoadFirstLibrary({name}, reason); },
                   DriverAnswersMs}}};
     }
     std::unique_ptr<astart> start = Make();
