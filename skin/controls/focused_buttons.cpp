@@ -86,9 +86,14 @@ bool FocusedButtons::Marks(const std::vector<QWidget*>& targets) {
     return true;
 }
 
+// A bar over another program is lower than the screen.
+int FocusedButtons::FrameWidth() const {
+    return std::max(screen_.height(), context_.state.ScreenHeight) / FrameShare + 1;
+}
+
 void FocusedButtons::Mark(QWidget* target) {
     target_ = target;
-    const int frame = screen_.height() / FrameShare + 1;
+    const int frame = FrameWidth();
     setGeometry(BoxOf(*target).adjusted(-frame, -frame, frame, frame) & screen_.rect());
     show();
     raise();
@@ -167,7 +172,7 @@ void FocusedButtons::Say(const std::string& text) {
 // Two lines of contrast: the skin decides what lies under them.
 void FocusedButtons::paintEvent(QPaintEvent*) {
     const QColor mark = ToQColor(context_.skin.data().ListSelectedBackgroundClr);
-    const int frame = screen_.height() / FrameShare + 1, edge = frame / 3 + 1;
+    const int frame = FrameWidth(), edge = frame / 3 + 1;
     QPainter painter(this);
     const auto line = [&](int inset, int width, const QColor& colour) {
         painter.setPen(QPen(colour, width, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));

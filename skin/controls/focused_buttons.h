@@ -50,6 +50,7 @@ class FocusedButtons : public QWidget, public ScreenButtons {
     QRect BoxOf(const QWidget& widget) const;
     bool Marks(const std::vector<QWidget*>& targets);
     void Mark(QWidget* target);
+    int FrameWidth() const;
     void Touch(QEvent::Type type);
 
     ControlContext context_;

@@ -109,7 +109,7 @@ void FolderOverlay::MarkRow(int row) {
 
 bool FolderOverlay::ContentKey(QKeyEvent& event) {
     const int key = event.key();
-    if (InList()) return ListKey(key);
+    if (InList()) return ListKey(key) || GoToLetter(event.text());
     const bool up = key == Qt::Key_Up && marked_ == FirstButton();
     const bool down = key == Qt::Key_Down && marked_ == cancel_;
     if (key == Qt::Key_Left || up || down) MarkRow(up ? Count() - 1 : down ? 0 : selected_);
@@ -140,6 +140,23 @@ bool FolderOverlay::ListKey(int key) {
     default:
         return false;
     }
+}
+
+// To the next row that begins so, from the end on to the first.
+bool FolderOverlay::GoToLetter(const QString& typed) {
+    if (typed.size() != 1 || !typed[0].isLetterOrNumber()) return false;
+    for (int step = 1; step <= Count(); ++step) {
+        const int row = (selected_ + step) % Count();
+        const QString name = ToQString(rows_.Rows()[static_cast<std::size_t>(row)].caption);
+        if (name.startsWith(typed, Qt::CaseInsensitive)) return Select(row), true;
+    }
+    return true;
+}
+
+// What is drawn of it is thin for a finger.
+bool FolderOverlay::OnScrollMark(QPoint point) const {
+    return Count() > VisibleRows() && point.x() > list_.right() - 2 * Gap() &&
+           list_.adjusted(0, 0, 2 * Gap(), 0).contains(point);
 }
 
 // After the way up the cursor stands on the folder that was left.
@@ -175,7 +192,8 @@ void FolderOverlay::NewFolder() {
 void FolderOverlay::PressContent(QPoint point) {
     dragFrom_ = point.y();
     dragFirst_ = first_;
-    dragged_ = false;
+    dragged_ = onMark_ = OnScrollMark(point);
+    if (onMark_) return DragContent(point);
     if (!list_.contains(point)) return;
     marked_ = -1;
     const int row = first_ + (point.y() - list_.top()) / rowHeight_;
@@ -183,6 +201,8 @@ void FolderOverlay::PressContent(QPoint point) {
 }
 
 void FolderOverlay::DragContent(QPoint point) {
+    const int middle = VisibleRows() / 2, down = point.y() - list_.top();
+    if (onMark_) return ScrollTo(down * Count() / std::max(1, list_.height()) - middle);
     const int way = dragFrom_ - point.y();
     if (std::abs(way) < rowHeight_ / 2 && !dragged_) return;
     dragged_ = true;

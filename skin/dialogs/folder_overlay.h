@@ -33,6 +33,8 @@ class FolderOverlay : public DialogOverlay {
   private:
     void AddButtons(const QRect& column);
     bool ListKey(int key);
+    bool GoToLetter(const QString& typed);
+    bool OnScrollMark(QPoint point) const;
     bool InList() const { return marked_ < 0; }
     int FirstButton() const { return cells_.front().usable ? 0 : cancel_; }
     void MarkRow(int row);
@@ -57,7 +59,7 @@ class FolderOverlay : public DialogOverlay {
     int first_ = 0;
     int dragFrom_ = 0;
     int dragFirst_ = 0;
-    bool dragged_ = false;
+    bool dragged_ = false, onMark_ = false; ///< the finger: has moved; holds the scroll mark
     std::int64_t looked_ = 0; ///< when media were looked for, milliseconds of the steady clock
 };
 

@@ -304,6 +304,7 @@ TEST_F(DialogsTest, AFolderIsFoundByKeysAndTouchOrMadeAndEntered) {
         {tree, "^\n", ""},
         {tree, "_\n^^^\n", tree + "/A"}, // up and down alone
         {tree, "_\n___^__\n", ""},
+        {tree, "b\n>\n", tree + "/b"}, // by its letter
         {tree, "\n!", ""},
         {tree + "/A", "\n\n>\n", tree + "/A"}}; // up, and back to the folder that was left
     for (const auto& [from, keys, chosen] : cases)
@@ -328,6 +329,15 @@ TEST_F(DialogsTest, AFolderIsFoundByKeysAndTouchOrMadeAndEntered) {
     };
     EXPECT_EQ(Chosen(refused, tree), "");
     EXPECT_FALSE(FolderExists(tree + "/a"));
+    for (char letter = 'c'; letter <= 'z'; ++letter)
+        MakeFolder(tree + "/" + letter);
+    const auto slid = [this] {
+        const QRect select = Cell("Select this folder").box;
+        Touch(QPoint(select.left() - 1, Cell("\xE2\x96\xBC").box.center().y()));
+        Touch(QPoint(60, select.top() + 10));
+        Touch("Select this folder");
+    };
+    EXPECT_GT(Chosen(slid, tree), tree + "/m") << "by the scroll mark";
 }
 
 TEST_F(DialogsTest, ARowIsChosenByKeysAndTouchAndRowsBeyondTheScreenScroll) {
