@@ -3,7 +3,6 @@
 #include "platform/files.h"
 #include "platform/paths.h"
 
-#include <ranges>
 #include <utility>
 
 namespace vk {
@@ -29,20 +28,23 @@ Row PathRow(Base& base, const Setting<std::string>& setting) {
     return row;
 }
 
+Row Third(Row row) {
+    row.width = Row::Third;
+    return row;
+}
+
 } // namespace
 
 Page SyncPage(Base& base, Synchronizer& sync) {
     Page page{.name = "settingsSYNC",
               .tab = "Synchronize",
               .rows = {PathRow(base, setting::SyncSource), PathRow(base, setting::SyncDest),
-                       ToggleRow(base.settings, setting::SyncBackup),
-                       ToggleRow(base.settings, setting::SyncRefresh)},
+                       Third(ToggleRow(base.settings, setting::SyncBackup)),
+                       Third(ToggleRow(base.settings, setting::SyncRefresh))},
               .heading = [] { return std::string("Automatic Music Synchronization System"); },
               .refreshMs = RefreshMs};
     for (Row& row : page.rows)
         row.usable = [&sync] { return !sync.Running(); };
-    for (Row& toggle : page.rows | std::views::drop(2))
-        toggle.width = Row::Third;
     page.rows.push_back({.text = [&sync] { return std::string(sync.Caption()); },
                          .use = [&sync] { sync.cmdSync_Click(); },
                          .width = Row::Third,
