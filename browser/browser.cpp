@@ -241,7 +241,7 @@ bool Browser::DoAction(const InputCode& code) {
 void Browser::Tick() {
     buttons_.ShowState();
     if (text_.IsOpen()) return;
-    desk_.needs.base.commands.Run([this] { lists_.FollowCatalogue(); });
+    desk_.needs.base.commands.Run([this] { lists_.Follow(); });
 }
 
 } // namespace vk

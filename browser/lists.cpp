@@ -4,6 +4,12 @@
 
 namespace vk {
 
+namespace {
+
+constexpr int MountSeconds = 6; ///< more than it takes to mount a disc
+
+} // namespace
+
 void BrowserLists::Populate() {
     const bool applications = desk.needs.state.ListMode == ListApplications;
     desk.view.SetButton(BrowserButton::Applications, applications ? "lists.gif" : "gps.gif");
@@ -11,6 +17,7 @@ void BrowserLists::Populate() {
     if (applications) return PopulateApplications(desk);
     if (desk.Building() && editor.file.OfChannels()) return xm.ShowAllChannels();
     folders.Populate();
+    if (place.AtTop()) discShown_ = DiscHere();
 }
 
 void BrowserLists::PopulateAnew() {
@@ -24,8 +31,26 @@ bool BrowserLists::AtTopLevel() const {
            !desk.PlaylistView && !desk.XMView;
 }
 
-void BrowserLists::FollowCatalogue() {
-    if (desk.needs.CatalogueOnLine() == catalogueShown_ || !AtTopLevel() || desk.Saying()) return;
+// A disc of files that is not mounted cannot be browsed.
+std::string BrowserLists::DiscHere() const {
+    const std::string& drive = place.Drives().DiscDrive();
+    return desk.needs.base.state.CDReady && place.IsThere(drive) ? drive : std::string();
+}
+
+// The contents of a disc that is offered are not read over and over.
+bool BrowserLists::DiscChanged() {
+    if (desk.Building() || !place.Drives().HasDiscDrive()) return false;
+    const bool ready = place.CheckDisc();
+    const bool known = ready && discShown_ == place.Drives().DiscDrive();
+    const bool here = known || !DiscHere().empty();
+    unread_ = ready && !here ? unread_ + 1 : 0;
+    if (unread_ == MountSeconds) desk.Say("The disc in the drive cannot be read.");
+    return here ? !known : !discShown_.empty();
+}
+
+void BrowserLists::Follow() {
+    if (!AtTopLevel() || desk.Saying()) return;
+    if (desk.needs.CatalogueOnLine() == catalogueShown_ && !DiscChanged()) return;
     desk.Run("Timer2", [this] {
         const std::string selected = desk.list.GetSelectedFileName();
         Populate();

@@ -23,9 +23,9 @@ class BrowserLists {
     void Populate();
     /// The same as if nothing had been chosen on the way there.
     void PopulateAnew();
-    /// The top level offers the catalogue as soon as it can be browsed, and only so long: called
-    /// from time to time.
-    void FollowCatalogue();
+    /// The top level offers the catalogue and the disc as soon as they can be browsed, and only so
+    /// long: called every second. Of a disc that cannot be read it is said once.
+    void Follow();
 
     ListDesk& desk;
     BrowseTrail trail;
@@ -39,8 +39,12 @@ class BrowserLists {
 
   private:
     bool AtTopLevel() const;
+    std::string DiscHere() const;
+    bool DiscChanged();
 
     bool catalogueShown_ = false; ///< the catalogue was on line when the list was built
+    std::string discShown_;       ///< the root of the disc then; "" without one
+    int unread_ = 0;              ///< seconds since there is a disc that cannot be browsed
 };
 
 } // namespace vk

@@ -5,11 +5,13 @@
 #include <sys/ioctl.h>
 #include <unistd.h>
 
-#include <climits>
-
 namespace vk {
 
 namespace {
+
+constexpr int LastTrack = 99;
+/// Between sound and a later session of data: the end of one and the beginning of the other.
+constexpr int SessionGap = 11400; // sectors; the discs' standard, 2.5 minutes and 2 seconds
 
 /// The device, open as long as this is there.
 class OpenDrive {
@@ -54,30 +56,67 @@ OpticalCalls SystemOpticalCalls() {
             }};
 }
 
-bool HoldsDisc(const OpticalCalls& calls, const std::string& device) {
-    return OpenDrive(calls, device).Status() == CDS_DISC_OK;
+int DriveStatus(const OpticalCalls& calls, const std::string& device) {
+    return OpenDrive(calls, device).Status();
 }
 
-bool IsEmptyDrive(const OpticalCalls& calls, const std::string& device) {
-    const int status = OpenDrive(calls, device).Status();
-    return status == CDS_NO_DISC || status == CDS_TRAY_OPEN;
-}
+namespace {
 
-AudioDisc ReadAudioDisc(const OpticalCalls& calls, const std::string& device) {
-    const OpenDrive drive(calls, device);
+struct Entry {
+    int number, first;
+    bool sound;
+};
+
+// All tracks and, as the last one, what follows them; empty when some cannot be read.
+std::vector<Entry> TableOf(const OpenDrive& drive) {
     cdrom_tochdr header{};
     // An empty drive would be waited for.
     if (drive.Status() != CDS_DISC_OK || !drive.Contents(header)) return {};
-    AudioDisc disc;
-    std::uint32_t serial = 2166136261u;
-    for (int track = header.cdth_trk0; track <= header.cdth_trk1; ++track) {
+    if (header.cdth_trk0 < 1 || header.cdth_trk1 > LastTrack) return {};
+    std::vector<int> numbers;
+    for (int track = header.cdth_trk0; track <= header.cdth_trk1; ++track)
+        numbers.push_back(track);
+    numbers.push_back(CDROM_LEADOUT);
+    std::vector<Entry> table;
+    for (const int track : numbers) {
         cdrom_tocentry entry;
         if (!drive.Entry(track, entry)) return {};
-        if (!(entry.cdte_ctrl & CDROM_DATA_TRACK)) disc.tracks.push_back(track);
-        serial = (serial ^ static_cast<std::uint32_t>(entry.cdte_addr.lba)) * 16777619u;
+        table.push_back({track, entry.cdte_addr.lba, !(entry.cdte_ctrl & CDROM_DATA_TRACK)});
+    }
+    return table;
+}
+
+int EndOf(const Entry& track, const Entry& next) {
+    const bool beforeData = next.number != CDROM_LEADOUT && !next.sound;
+    const bool gap = beforeData && next.first - track.first > SessionGap;
+    return gap ? next.first - SessionGap : next.first;
+}
+
+} // namespace
+
+AudioDisc ReadAudioDisc(const OpticalCalls& calls, const std::string& device) {
+    const std::vector<Entry> table = TableOf(OpenDrive(calls, device));
+    AudioDisc disc;
+    std::uint32_t serial = 2166136261u;
+    for (std::size_t i = 0; i + 1 < table.size(); ++i) {
+        const Entry& track = table[i];
+        const int end = EndOf(track, table[i + 1]);
+        if (track.sound && end > track.first)
+            disc.tracks.push_back({track.number, track.first, end});
+        serial = (serial ^ static_cast<std::uint32_t>(track.first)) * 16777619u;
     }
     if (!disc.tracks.empty()) disc.serial = static_cast<std::int32_t>(serial);
     return disc;
+}
+
+int DiscDrives::Status(const std::string& device) {
+    const auto ask = [calls = calls_, device] { return DriveStatus(calls, device); };
+    return status_[device].Ask(ask, patience_);
+}
+
+AudioDisc DiscDrives::Contents(const std::string& device) {
+    const auto ask = [calls = calls_, device] { return ReadAudioDisc(calls, device); };
+    return contents_[device].Ask(ask, patience_);
 }
 
 } // namespace vk

@@ -66,7 +66,16 @@ std::string LabelOf(const std::string& link) {
     return label;
 }
 
+// Not one that says nothing.
+bool IsEmpty(int status) {
+    return status == CDS_NO_DISC || status == CDS_TRAY_OPEN;
+}
+
 } // namespace
+
+LinuxVolumes::LinuxVolumes(const Sources& sources)
+    : from_(sources),
+      drives_(std::make_unique<DiscDrives>(sources.optical, sources.drivePatience)) {}
 
 std::vector<LinuxVolumes::Mount> LinuxVolumes::Mounts() const {
     std::vector<Mount> mounts;
@@ -133,7 +142,7 @@ std::vector<Drive> LinuxVolumes::Drives() const {
 }
 
 bool LinuxVolumes::IsReady(const std::string& root) const {
-    if (root.starts_with("/dev/")) return HoldsDisc(from_.optical, root);
+    if (root.starts_with("/dev/")) return drives_->Status(root) == CDS_DISC_OK;
     const auto mounts = Mounts();
     return FolderExists(root) && std::any_of(mounts.begin(), mounts.end(), [&](const Mount& mount) {
                return mount.mountPoint == root && !IsPulled(mount);
@@ -145,7 +154,7 @@ bool LinuxVolumes::IsPulled(const Mount& mount) const {
     if (!mount.source.starts_with("/dev/") || !FolderExists(from_.sysBlock)) return false;
     const auto optical = OpticalDevices();
     if (std::find(optical.begin(), optical.end(), mount.source) != optical.end())
-        return IsEmptyDrive(from_.optical, mount.source);
+        return IsEmpty(drives_->Status(mount.source));
     return !mount.device.starts_with("0:") && !FolderExists(JoinPath(from_.sysBlock, mount.device));
 }
 
@@ -172,8 +181,8 @@ std::vector<std::string> LinuxVolumes::AudioTracks(const std::string& root) cons
     const auto optical = OpticalDevices();
     std::vector<std::string> tracks;
     if (std::find(optical.begin(), optical.end(), device) == optical.end()) return tracks;
-    for (const int track : ReadAudioDisc(from_.optical, device).tracks) {
-        const std::string number = std::to_string(track);
+    for (const AudioTrack& track : drives_->Contents(device).tracks) {
+        const std::string number = std::to_string(track.number);
         tracks.push_back(device + "/Track" + (number.size() < 2 ? "0" : "") + number + ".CDA");
     }
     return tracks;
@@ -183,7 +192,7 @@ std::int32_t LinuxVolumes::Serial(const std::string& path) const {
     // A drive that is not mounted lies in no file system but that of devices.
     const auto optical = OpticalDevices();
     if (std::find(optical.begin(), optical.end(), path) != optical.end())
-        return ReadAudioDisc(from_.optical, path).serial;
+        return drives_->Contents(path).serial;
     const std::string root = DriveOf(path);
     for (const Mount& mount : Mounts()) {
         if (mount.mountPoint != root) continue;

@@ -4,12 +4,14 @@
 #include "platform/linux/optical_disc.h"
 #include "platform/volumes.h"
 
+#include <chrono>
+#include <memory>
 #include <string>
 
 namespace vk {
 
-/// Reads the kernel's tables anew at each call. The sources are those of the running kernel; tests
-/// name their own.
+/// Reads the kernel's tables anew at each call; of optical drives see `DiscDrives`. The sources are
+/// those of the running kernel; tests name their own.
 class LinuxVolumes : public Volumes {
   public:
     struct Sources {
@@ -18,9 +20,10 @@ class LinuxVolumes : public Volumes {
         std::string sysBlock = "/sys/dev/block";
         std::string byLabel = "/dev/disk/by-label"; ///< udev's links
         OpticalCalls optical = SystemOpticalCalls();
+        std::chrono::milliseconds drivePatience = DrivePatience;
     };
     LinuxVolumes() : LinuxVolumes(Sources{}) {}
-    explicit LinuxVolumes(Sources sources) : from_(std::move(sources)) {}
+    explicit LinuxVolumes(const Sources& sources);
 
     std::vector<Drive> Drives() const override;
     bool IsReady(const std::string& root) const override;
@@ -43,7 +46,8 @@ class LinuxVolumes : public Volumes {
     bool IsPulled(const Mount& mount) const;
     std::string DeviceOf(const std::string& root) const;
 
-    Sources from_;
+    const Sources from_;
+    const std::unique_ptr<DiscDrives> drives_;
 };
 
 } // namespace vk

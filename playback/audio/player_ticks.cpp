@@ -56,7 +56,10 @@ void PlayerTicks::FirstTick() {
     n_.parts.cover.EverySecond();
     n_.parts.clockLine.Refresh();
     KeepInFront();
-    if (PlayerSource* source = n_.sources.Current(); source && source->IsGone()) n_.quit();
+    if (PlayerSource* source = n_.sources.Current(); source && source->IsGone()) {
+        base_.report.Log("The disc is no longer in the drive: the player ends");
+        n_.quit();
+    }
     n_.volumeLabel.HideWhenOld(n_.buttons.TurnsVolume());
 }
 

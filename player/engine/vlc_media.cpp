@@ -2,6 +2,7 @@
 
 #include "core/text.h"
 #include "platform/files.h"
+#include "platform/linux/optical_disc.h"
 #include "platform/paths.h"
 
 #include <algorithm>
@@ -28,9 +29,27 @@ std::optional<DiscTrack> DiscTrackOf(const std::string& path) {
     return DiscTrack{drive, name.substr(digits, name.find('.') - digits)};
 }
 
+// Nothing for the image of a disc, and for a drive that does not answer soon.
+std::optional<AudioTrack> OnDisc(const DiscTrack& track) {
+    const auto ask = [drive = track.drive] { return ReadAudioDisc(SystemOpticalCalls(), drive); };
+    const AudioDisc disc = SlowAnswer<AudioDisc>().Ask(ask, DrivePatience);
+    for (const AudioTrack& each : disc.tracks)
+        if (std::to_string(each.number) == track.number) return each;
+    return std::nullopt;
+}
+
+// libVLC takes a number for too large when the disc begins with data: it counts the tracks of sound
+// alone. So it is told the sectors, too.
 VlcMedia MakeDiscMedia(const VlcInstance& library, const DiscTrack& track) {
     VlcMedia media(libvlc_media_new_location(library.get(), ("cdda://" + track.drive).c_str()));
-    if (media) libvlc_media_add_option(media.get(), (":cdda-track=" + track.number).c_str());
+    const auto option = [&](const std::string& text) {
+        if (media) libvlc_media_add_option(media.get(), text.c_str());
+    };
+    option(":cdda-track=" + track.number);
+    if (const auto found = OnDisc(track)) {
+        option(":cdda-first-sector=" + std::to_string(found->first));
+        option(":cdda-last-sector=" + std::to_string(found->end));
+    }
     return media;
 }
 

@@ -86,8 +86,10 @@ TEST_F(Populate, TheTopFollowsTheCatalogueAndTheDisc) {
     MediaFiles({"a/x.mp3", "b/x.mp3"});
     browser().ReShow();
     EXPECT_THAT(Texts(), ElementsAre(NewList, "a", "b")) << "a disc that is not mounted";
+    core.clock.Advance(6000);
+    EXPECT_EQ(view.loading, "The disc in the drive cannot be read.");
     core.volumes.tracks["/dev/sr0"] = {"/dev/sr0/Track01.CDA", "/dev/sr0/Track02.CDA"};
-    browser().ReShow();
+    core.clock.Advance(6000); // it has been said by then
     core.volumes.serials["/dev/sr0"] = 12;
     core.volumes.labels["/dev/sr0"] = "Audio CD";
     Steps({{"Browse CD/DVD drive",

@@ -12,6 +12,10 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <atomic>
+#include <mutex>
+#include <thread>
+
 namespace vk {
 namespace {
 
@@ -21,7 +25,7 @@ struct FilesTest : testing::Test {
     /// The kernel's tables as files of the folder.
     LinuxVolumes::Sources From(OpticalCalls calls) const {
         return {folder.File("mounts"), folder.File("cdrom"), folder.File("block"),
-                folder.File("labels"), std::move(calls)};
+                folder.File("labels"), std::move(calls),     std::chrono::minutes(1)};
     }
     test::TempFolder folder;
 };
@@ -129,8 +133,9 @@ OpticalCalls DriveWith(const std::vector<bool>& tracks) {
         if (tracks.empty()) return -1;
         if (request == CDROMREADTOCHDR) *header = {1, static_cast<__u8>(tracks.size())};
         if (request == CDROMREADTOCENTRY) {
-            entry->cdte_addr.lba = entry->cdte_track * 1000;
-            entry->cdte_ctrl = tracks.at(entry->cdte_track - 1u) ? 0 : CDROM_DATA_TRACK;
+            const std::size_t at = std::min<std::size_t>(entry->cdte_track - 1u, tracks.size());
+            entry->cdte_addr.lba = static_cast<int>(at) * 20000;
+            entry->cdte_ctrl = at == tracks.size() || tracks[at] ? 0 : CDROM_DATA_TRACK;
         }
         return 0;
     };
@@ -158,6 +163,45 @@ TEST_F(FilesTest, TheTracksOfAnAudioDiscComeFromItsTableOfContents) {
     }
     EXPECT_FALSE(empty.IsReady("/dev/sr0"));
     EXPECT_TRUE(mixed.AudioTracks(folder.Path()).empty());
+    const auto last = [](const std::vector<bool>& disc) {
+        const AudioTrack track = ReadAudioDisc(DriveWith(disc), "/dev/sr0").tracks.back();
+        return std::vector{track.number, track.first, track.end};
+    };
+    EXPECT_THAT(last({false, true}), ElementsAre(2, 20000, 40000));
+    EXPECT_THAT(last({true, false}), ElementsAre(1, 0, 8600)) << "what lies between two sessions";
+    EXPECT_EQ(last(std::vector<bool>(99, true))[0], 99);
+}
+
+TEST_F(FilesTest, ADriveThatDoesNotAnswerIsNotWaitedForAndWhatItSaidLastHolds) {
+    folder.Write("cdrom", "drive name:\tsr0\n");
+    folder.Write("mounts", "");
+    struct Slow {
+        std::mutex busy;
+        std::atomic<int> asked = 0;
+    };
+    const auto slow = std::make_shared<Slow>();
+    LinuxVolumes::Sources from = From(DriveWith({true}));
+    from.optical.control = [slow, drive = from.optical.control](int handle, auto request,
+                                                                void* to) {
+        ++slow->asked;
+        const std::lock_guard wait(slow->busy);
+        return drive(handle, request, to);
+    };
+    const LinuxVolumes patient(from);
+    from.drivePatience = std::chrono::milliseconds(0);
+    const LinuxVolumes hurried(from);
+    EXPECT_TRUE(patient.IsReady("/dev/sr0"));
+    {
+        const std::lock_guard busy(slow->busy);
+        EXPECT_FALSE(hurried.IsReady("/dev/sr0")) << "nothing is known yet";
+        EXPECT_TRUE(hurried.AudioTracks("/dev/sr0").empty());
+        while (slow->asked < 3)
+            std::this_thread::yield();
+        EXPECT_FALSE(hurried.IsReady("/dev/sr0"));
+        EXPECT_EQ(slow->asked, 3) << "each question is asked once";
+    }
+    while (!hurried.IsReady("/dev/sr0") || hurried.AudioTracks("/dev/sr0").empty())
+        std::this_thread::yield();
 }
 
 TEST_F(FilesTest, AMountIsReadyAsLongAsItsMediumIsThere) {
