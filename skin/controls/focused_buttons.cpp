@@ -18,9 +18,11 @@ namespace {
 constexpr int FrameShare = 80; // the frame's width is the screen's height divided by this
 constexpr int NoteShare = 7;   // and the note's height likewise
 
+// A frame around an empty label would say nothing.
 bool TakesTouch(const QWidget* widget) {
     const auto* label = dynamic_cast<const ShadedLabel*>(widget);
-    return dynamic_cast<const TouchButton*>(widget) || (label && label->TakesTouches());
+    return dynamic_cast<const TouchButton*>(widget) ||
+           (label && label->TakesTouches() && !label->Text().empty());
 }
 
 } // namespace
