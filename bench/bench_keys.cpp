@@ -14,7 +14,7 @@ constexpr int Presses = 1000;
 constexpr double LimitMs = 16; ///< at the 99th percentile
 
 /// `way` leads from the menu to the screen of that name; `there` and `back` move its cursor.
-void KeyToPaint(benchmark::State& state, std::vector<int> way, const std::string& screen,
+void KeyToPaint(benchmark::State& state, const std::vector<int>& way, const std::string& screen,
                 int there = Qt::Key_Down, int back = Qt::Key_Up) {
     Running running(Files);
     if (!running.started) return state.SkipWithError("the application did not start");

@@ -4,7 +4,6 @@
 #include "platform/player_window.h"
 
 #include <benchmark/benchmark.h>
-#include <stdlib.h>
 
 #include <chrono>
 #include <cstdlib>

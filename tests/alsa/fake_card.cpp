@@ -154,7 +154,7 @@ void ReadConfiguration(snd_config_t* conf, FakeCard& card) {
     with("minimum", [&](snd_config_t* entry) { snd_config_get_integer(entry, &card.minimum); });
     with("maximum", [&](snd_config_t* entry) { snd_config_get_integer(entry, &card.maximum); });
     with("elements", [&](snd_config_t* list) {
-        snd_config_iterator_t at, next;
+        snd_config_iterator_t at = nullptr, next = nullptr;
         snd_config_for_each(at, next, list)
             card.elements.push_back(text(snd_config_iterator_entry(at)));
     });

@@ -57,7 +57,7 @@ TEST_F(BrowserKeys, ABuildIsEndedByEscapeHomeBackAndTheEndOfTheSystem) {
     for (const auto& [end, left] : ends) {
         menu.calls.clear();
         known.state = left > 0 ? DBStateValue::OnLine : DBStateValue::Offline;
-        core.clock.onEvents = [&] {
+        core.clock.onEvents = [&, &end = end] {
             if (list.ItemCount() >= 5) end();
         };
         Press(&Browser::ReShow);

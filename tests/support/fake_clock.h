@@ -4,6 +4,7 @@
 #include "platform/clock.h"
 
 #include <algorithm>
+#include <cmath>
 #include <functional>
 #include <memory>
 #include <vector>
@@ -100,7 +101,7 @@ class FakeClock : public Clock {
     };
 
     std::int64_t StartOfDayMs() const {
-        return static_cast<std::int64_t>(start_.SecondsOfDay() * 1000.0 + 0.5) - jump_;
+        return std::llround(start_.SecondsOfDay() * 1000.0) - jump_;
     }
     void FireDue(std::int64_t until) {
         for (;;) {

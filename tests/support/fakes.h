@@ -76,7 +76,7 @@ class FakeDialogs : public Dialogs {
         return text;
     }
     template<typename T> static T Next(std::deque<T>& queue) {
-        const T next = queue.front();
+        T next = std::move(queue.front());
         queue.pop_front();
         return next;
     }

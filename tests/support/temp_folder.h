@@ -29,7 +29,7 @@ class TempFolder {
     std::string File(const std::string& name) const { return JoinPath(path_, name); }
     /// Writes a file, making the folders above it; returns its full path.
     std::string Write(const std::string& name, std::string_view contents) const {
-        const std::string full = File(name);
+        std::string full = File(name);
         std::filesystem::create_directories(FolderOf(full));
         ReplaceFile(full, contents);
         return full;

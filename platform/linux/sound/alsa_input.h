@@ -15,7 +15,7 @@ class AlsaInput : public WaveInput {
   public:
     /// `device` is ALSA's name of the recording device.
     explicit AlsaInput(std::string device = "default") : device_(std::move(device)) {}
-    ~AlsaInput() override { Stop(); }
+    ~AlsaInput() override { AlsaInput::Stop(); }
     AlsaInput(const AlsaInput&) = delete;
     AlsaInput& operator=(const AlsaInput&) = delete;
 

@@ -14,7 +14,7 @@ class AlsaRoute : public SoundRoute {
   public:
     /// `output` is ALSA's name of the device that plays.
     explicit AlsaRoute(std::string output = "default") : output_(std::move(output)) {}
-    ~AlsaRoute() override { Stop(); }
+    ~AlsaRoute() override { AlsaRoute::Stop(); }
     AlsaRoute(const AlsaRoute&) = delete;
     AlsaRoute& operator=(const AlsaRoute&) = delete;
 
