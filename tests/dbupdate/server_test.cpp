@@ -41,7 +41,7 @@ struct ServerTest : ScanFixture {
             QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     }
     std::string Script(const std::string& text) const {
-        const std::string path = app.Write("server", "#!/bin/sh\n" + text);
+        std::string path = app.Write("server", "#!/bin/sh\n" + text);
         ::chmod(path.c_str(), 0700);
         return path;
     }

@@ -9,10 +9,12 @@
 
 // What fonts and codecs keep for the life of the process stands in plug-ins that libVLC has
 // unloaded by its end, where no suppression can name it.
+// NOLINTBEGIN(bugprone-reserved-identifier): the sanitizer's own name
 extern "C" const char* __asan_default_options();
 extern "C" const char* __asan_default_options() {
     return "detect_leaks=0";
 }
+// NOLINTEND(bugprone-reserved-identifier)
 
 namespace vk::test {
 namespace {

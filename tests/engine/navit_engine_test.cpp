@@ -152,10 +152,11 @@ TEST_F(NavitEngineTest, ComesBackWithItsDestinationWhateverHappensToIt) {
         {"/usr/bin/dbus-daemon", SIGKILL, "is started again"}};
     for (const auto& [program, signal, words] : table) {
         pid_t process = 0;
-        EXPECT_TRUE(Polled([&] { return (process = Process(program)) > 0; }));
+        EXPECT_TRUE(Polled([&, path = program] { return (process = Process(path)) > 0; }));
         log.clear();
         ::kill(process, signal);
-        EXPECT_TRUE(Polled([&] { return log.find(words) != std::string::npos; })) << signal << log;
+        EXPECT_TRUE(Polled([&, told = words] { return log.find(told) != std::string::npos; }))
+            << signal << log;
         EXPECT_TRUE(Polled([&] { return engine->ShowCurrentRoute(); })) << signal << log;
         EXPECT_EQ(engine->Complaint(), "");
     }

@@ -93,7 +93,7 @@ TEST_F(SentencesTest, AReceiverThatGoesIsSilentAtOnceAndLookedForInGrowingPauses
     clock.Advance(7001); // after 1, 2 and 4 s
     EXPECT_EQ(tries, 1 + 3);
     clock.Advance(3600 * 1000);
-    EXPECT_NEAR(tries, 3600 / 30, 6);
+    EXPECT_NEAR(tries, 3600.0 / 30, 6);
     EXPECT_THAT(log, ElementsAre("GPS: /dev/gps: not there"));
     plugged = true;
     clock.Advance(30000);
@@ -154,7 +154,7 @@ struct Gpsd {
         address.sin_family = AF_INET;
         address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
         socklen_t length = sizeof address;
-        ::bind(listening.get(), reinterpret_cast<sockaddr*>(&address), length);
+        EXPECT_EQ(::bind(listening.get(), reinterpret_cast<sockaddr*>(&address), length), 0);
         ::listen(listening.get(), 1);
         ::getsockname(listening.get(), reinterpret_cast<sockaddr*>(&address), &length);
         source = "gpsd://127.0.0.1:" + std::to_string(ntohs(address.sin_port));

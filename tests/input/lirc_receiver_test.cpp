@@ -24,7 +24,8 @@ struct Daemon {
         sockaddr_un address{.sun_family = AF_UNIX, .sun_path = {}};
         path.copy(address.sun_path, sizeof address.sun_path - 1);
         ::unlink(path.c_str());
-        ::bind(listener.get(), reinterpret_cast<const sockaddr*>(&address), sizeof address);
+        EXPECT_EQ(
+            ::bind(listener.get(), reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
         ::listen(listener.get(), 1);
     }
     void Accept() { client = FileDescriptor(::accept(listener.get(), nullptr, nullptr)); }

@@ -153,8 +153,9 @@ std::string Marks(RepeatFilter& filter, const RepeatBounds& bounds,
                   const std::vector<Hold>& holds) {
     std::string marks;
     for (const Hold& hold : holds)
-        for (double at = hold.from; at <= hold.to; at += 0.125)
-            marks += ".PR"[int(filter.Accept(hold.code, std::fmod(at, 86400), bounds))];
+        for (int eighth = 0; hold.from + eighth / 8.0 <= hold.to; ++eighth)
+            marks += ".PR"[int(
+                filter.Accept(hold.code, std::fmod(hold.from + eighth / 8.0, 86400), bounds))];
     return marks;
 }
 

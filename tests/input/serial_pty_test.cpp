@@ -35,7 +35,7 @@ TEST_F(SerialPtyTest, AnIrmanWakesUpGivesCodesAndComesBackAfterItWasPulled) {
     };
     for (const auto& [ms, sent] : {std::pair(99, ""), {1, "I"}, {199, "I"}, {1, "IR"}}) {
         clock.Advance(ms);
-        EXPECT_TRUE(Eventually([&] { return device.Heard() == sent; })) << sent;
+        EXPECT_TRUE(Eventually([&, text = sent] { return device.Heard() == text; })) << sent;
     }
     Send("OK"); // which is no code
     clock.Advance(110);

@@ -21,7 +21,7 @@ struct CatalogueFixture : CoreTest {
     std::string Tagged(const std::string& name, const std::string& title,
                        std::time_t date = 1'000'000'000, const std::string& artist = "Artist",
                        const std::string& genre = "Pop") const {
-        const std::string path = media.File(name);
+        std::string path = media.File(name);
         std::filesystem::create_directories(FolderOf(path));
         DeleteFileAt(path);
         AppendToFile(path, ID3v2(3, TextFrame(3, "TIT2", title) + TextFrame(3, "TPE1", artist) +

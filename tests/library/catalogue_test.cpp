@@ -222,9 +222,9 @@ TEST_F(OpenCatalogueTest, ManyRowsAreWrittenBesideTheInterfaceAlsoWhereTheServer
         while (db.WritesRows())
             std::this_thread::yield();
     };
-    std::vector<std::string> paths;
-    for (int i = 0; i < 300; ++i)
-        paths.push_back(Tagged(std::to_string(i) + ".mp3", "T"));
+    std::vector<std::string> paths(300);
+    for (std::size_t i = 0; i < paths.size(); ++i)
+        paths[i] = Tagged(std::to_string(i) + ".mp3", "T");
     CopyFileTo(app.File(CatalogueFileName), app.File(WorkingCatalogueName));
     db.UpdateFileRows(paths);
     EXPECT_TRUE(db.WritesRows());
