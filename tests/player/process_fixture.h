@@ -63,7 +63,8 @@ struct ProcessFixture : testing::Test {
         EXPECT_EQ(PlayerPid(), 0) << "left running";
     }
     /// A list of wave files "<name>.wav" of these lengths, in the application directory.
-    std::string List(const std::string& name, std::vector<std::pair<std::string, int>> tracks) {
+    std::string List(const std::string& name,
+                     const std::vector<std::pair<std::string, int>>& tracks) {
         std::string text = "#EXTM3U\r\n";
         for (const auto& [track, milliseconds] : tracks) {
             core.app.Write(track + ".wav", WaveFile(milliseconds));

@@ -126,9 +126,9 @@ TEST_F(PlayerProcess, OneThatHangsIsEndedByWhoeverFindsIt) {
 }
 
 TEST_F(PlayerProcess, OfSeveralStartsAtOnceOneStays) {
-    std::vector<ProgramId> children;
-    for (int start = 0; start < 4; ++start)
-        children.push_back(programs->Start({core.app.File("winamp"), {}, core.app.Path()}));
+    std::vector<ProgramId> children(4);
+    for (ProgramId& child : children)
+        child = programs->Start({core.app.File("winamp"), {}, core.app.Path()});
     const auto running = [&] {
         return std::count_if(children.begin(), children.end(),
                              [&](ProgramId child) { return programs->Running(child); });
