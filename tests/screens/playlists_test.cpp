@@ -17,7 +17,7 @@ constexpr const char* SkinText =
     "Listtextfontsize=22\n";
 
 class PlaylistsScreen : public BrowserTest {
-  protected:
+  public:
     PlaylistsScreen() {
         core.settings.values.dlink_enabled = true;
         core.settings.values.ShowClock = true;

@@ -36,7 +36,7 @@ struct ControlsFixture : CoreFixture {
     }
     /// Writes a picture of one colour into the skin's folder; returns its path.
     std::string Picture(const std::string& name, QSize size, QRgb colour) {
-        const std::string path = app.MakeFolder("skins/My") + "/" + name;
+        std::string path = app.MakeFolder("skins/My") + "/" + name;
         QImage image(size, QImage::Format_ARGB32);
         image.fill(colour);
         image.save(QString::fromStdString(path));

@@ -341,9 +341,9 @@ TEST_F(DialogsTest, AFolderIsFoundByKeysAndTouchOrMadeAndEntered) {
 }
 
 TEST_F(DialogsTest, ARowIsChosenByKeysAndTouchAndRowsBeyondTheScreenScroll) {
-    std::vector<std::string> rows;
-    for (int row = 0; row < 12; ++row)
-        rows.push_back("row " + std::to_string(row));
+    std::vector<std::string> rows(12);
+    for (std::size_t row = 0; row < rows.size(); ++row)
+        rows[row] = "row " + std::to_string(row);
     const auto chosen = [&](const auto& does, int marked) {
         Then(does);
         return skinDialogs.Choose("Rows", rows, marked).value_or(-1);

@@ -16,7 +16,7 @@ namespace vk {
 
 class GpioLine : public InputLine {
   public:
-    ~GpioLine() override { Close(); }
+    ~GpioLine() override { GpioLine::Close(); }
     /// "gpiochip0:17", or the name that the board's description gives a line.
     bool Open(const std::string& name) override;
     std::string Failure() const override { return failure_; }

@@ -25,6 +25,7 @@ int UUIRTGetDrvInfo(std::uint32_t* version) {
 void* UUIRTOpen() {
     if (sim.onOpen) sim.onOpen();
     errno = sim.openError;
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): the driver's invalid handle
     if (sim.openError != 0) return reinterpret_cast<void*>(~std::uintptr_t{0});
     ++std::atomic_ref(sim.open);
     return &sim;
