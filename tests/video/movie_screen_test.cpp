@@ -18,7 +18,7 @@ std::shared_ptr<const FilmPicture> Plain(int width, int height, double pixelAspe
         FilmPicture picture;
     };
     auto own = std::make_shared<Own>();
-    own->memory.assign(static_cast<std::size_t>(width * height), Seen);
+    own->memory.assign(static_cast<std::size_t>(width) * static_cast<std::size_t>(height), Seen);
     own->picture = {own->memory.data(), width, height, width * 4, pixelAspect};
     return {own, &own->picture};
 }
