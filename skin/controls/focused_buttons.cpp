@@ -96,7 +96,11 @@ int FocusedButtons::FrameWidth() const {
 void FocusedButtons::Mark(QWidget* target) {
     target_ = target;
     const int frame = FrameWidth();
-    setGeometry(BoxOf(*target).adjusted(-frame, -frame, frame, frame) & screen_.rect());
+    const QRect box = BoxOf(*target);
+    // In a low bar at the screen's edge a whole frame would cover the picture that it marks.
+    const int beyond = box.height() < 5 * frame ? frame : 0;
+    setGeometry(box.adjusted(-frame, -frame, frame, frame) &
+                screen_.rect().adjusted(-beyond, -beyond, beyond, beyond));
     show();
     raise();
     update();
