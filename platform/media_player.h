@@ -75,8 +75,9 @@ class MediaPlayer {
     /// Where pictures are shown: larger ones of films that are opened from now on come in the size
     /// that fits there, since that costs least while they are decoded. All others come as they are.
     virtual void Screen(PixelSize size) = 0;
-    /// The newest picture; null while there is none. One that nobody has taken is dropped for the
-    /// next. While the film is paused there is no new one but after a change of position.
+    /// The picture that `onPicture` tells of, within that call. One that could not be told of yet
+    /// is dropped for the next. While the film is paused there is no new one but after a change of
+    /// position.
     virtual std::shared_ptr<const FilmPicture> Picture() = 0;
 
     /// The menus, titles and chapters of a disc, which is opened there and is a film here.

@@ -7,10 +7,10 @@
 #include "tests/support/core_fixture.h"
 
 #include <gtest/gtest.h>
-#include <signal.h>
 #include <sys/socket.h>
 
 #include <chrono>
+#include <csignal>
 #include <filesystem>
 #include <thread>
 

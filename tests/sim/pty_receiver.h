@@ -4,9 +4,9 @@
 #include "platform/linux/descriptor.h"
 
 #include <fcntl.h>
-#include <stdlib.h>
 
 #include <array>
+#include <cstdlib>
 #include <filesystem>
 #include <string>
 #include <string_view>

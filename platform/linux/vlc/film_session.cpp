@@ -33,6 +33,10 @@ FilmTracks ListOf(libvlc_track_description_t* first, int chosen) {
     return tracks;
 }
 
+// What is read ahead of a disc; milliseconds. A machine that stands still for longer makes libVLC
+// throw all of that away, and since a menu is read only once, the frame of its button with it.
+constexpr const char* DiscAhead = ":disc-caching=1000";
+
 } // namespace
 
 // Opening and closing ----------------------------------------------------------------------------
@@ -51,6 +55,7 @@ void FilmSession::Open(VlcLibrary& library, const FilmSource& source) {
     const double entry = source.startSeconds > 0 ? Entry(source.startSeconds) : 0;
     if (entry > 0)
         libvlc_media_add_option(media_.get(), (":start-time=" + std::to_string(entry)).c_str());
+    if (source.disc) libvlc_media_add_option(media_.get(), DiscAhead);
     Listen();
     if (libvlc_media_player_play(player_.get()) != 0)
         Tell([](FilmNotes& notes) { notes.failed = true; });

@@ -172,10 +172,6 @@ void VlcFilm::ChooseAgain() {
 
 // Reports ----------------------------------------------------------------------------------------
 
-std::shared_ptr<const FilmPicture> VlcFilm::Picture() {
-    return session_ ? session_->Picture() : nullptr;
-}
-
 // What is called may close the film, and open another one.
 void VlcFilm::Heed() {
     const auto session = session_;
@@ -188,7 +184,10 @@ void VlcFilm::Heed() {
     const auto tell = [&](bool due, const std::function<void()>& event) {
         if (due && event && session == session_) event();
     };
-    tell(notes.picture, onPicture);
+    // The one that was noted may have been taken already, or be written over just now.
+    if (notes.picture) picture_ = session->Picture();
+    tell(picture_ != nullptr, onPicture);
+    picture_ = nullptr;
     if (session != session_) return;
     const bool sounds =
         notes.timeMs > 0 && std::chrono::steady_clock::now() - wantedAt_ > SeekTrust;

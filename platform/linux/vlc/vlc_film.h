@@ -43,7 +43,7 @@ class VlcFilm : public MediaPlayer {
     int Track(TrackKind kind) const override;
     void Track(TrackKind kind, int id) override;
     void Screen(PixelSize size) override { screen_ = size; }
-    std::shared_ptr<const FilmPicture> Picture() override;
+    std::shared_ptr<const FilmPicture> Picture() override { return picture_; }
     DvdPlayer& Dvd() override { return dvd_; }
 
   private:
@@ -74,9 +74,10 @@ class VlcFilm : public MediaPlayer {
     double wanted_ = -1; ///< the position that was asked for, seconds; -1: the film tells it
     SteadyTime wantedAt_;
     std::int64_t timeMs_ = 0, lengthMs_ = 0;
-    bool pauseDue_ = false; ///< it is paused, but for the first picture
-    std::map<TrackKind, int> chosen_,
-        chooseAgain_; ///< of the film; of those when it is opened anew
+    std::shared_ptr<const FilmPicture> picture_; ///< while it is told
+    bool pauseDue_ = false;                      ///< it is paused, but for the first picture
+    std::map<TrackKind, int> chosen_;            ///< of the film
+    std::map<TrackKind, int> chooseAgain_;       ///< of those, when it is opened anew
     int volume_ = 100;
     bool mute_ = false;
     VlcWorker worker_; ///< last: what it runs uses what is above
